@@ -1,0 +1,47 @@
+# How every target of the project is compiled, and the two functions that declare one.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(ZELTA_CCACHE ccache)
+if(ZELTA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${ZELTA_CCACHE}")
+endif()
+
+add_library(zelta_options INTERFACE)
+target_include_directories(zelta_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+target_compile_definitions(zelta_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_compile_options(zelta_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  $<$<BOOL:${ZELTA_WERROR}>:-Werror>)
+if(ZELTA_SANITIZE)
+  target_compile_options(zelta_options INTERFACE
+    -fsanitize=${ZELTA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(zelta_options INTERFACE -fsanitize=${ZELTA_SANITIZE})
+endif()
+
+# zelta_library(NAME SOURCES … LINKS …): one static library a folder, or two where there is a core and a ui.
+function(zelta_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC zelta_options ${ARG_LINKS})
+endfunction()
+
+# zelta_test(NAME SOURCES … LINKS …): one GoogleTest program a folder of tests. It runs with the offscreen platform
+# and with a home of its own, see tests/support/TestMain.cpp.
+function(zelta_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_compile_definitions(${name} PRIVATE ZELTA_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+  target_link_libraries(${name} PRIVATE zelta_options zelta_test_support ${ARG_LINKS})
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()

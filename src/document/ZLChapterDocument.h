@@ -1,0 +1,167 @@
+#pragma once
+
+#include "document/ZLChapterTableModel.h"
+#include "document/ZLDocumentEnvironment.h"
+#include "document/ZLDocumentFile.h"
+#include "document/ZLRecordingClock.h"
+#include "model/ZLChapterManager.h"
+#include "platform/ZLUndoManager.h"
+#include "templates/ZLTemplatesViewController.h"
+
+#include <QItemSelectionModel>
+#include <QObject>
+
+/// What the next press of the add button does.
+enum class ZLAddButtonFace {
+    Add, ///< A blank chapter: image "AddButton", label "Add".
+    Next, ///< The next prepared title: image "NextChapter", label "Next".
+};
+
+/// Domain and code of an error that a file operation leaves behind.
+struct ZLFileOperationError {
+    QString domain;
+    int code = 0;
+    QString message;
+};
+
+/// One chapter document: its recording clock, its chapters with their undoable commands, its prepared templates and its
+/// file form. It needs no window; a window shows its models, calls its operations and follows its signals.
+class ZLChapterDocument final : public QObject, public ZLTemplatesViewControllerDelegate {
+    Q_OBJECT
+
+public:
+    explicit ZLChapterDocument(ZLDocumentEnvironment environment, QObject* parent = nullptr);
+
+    [[nodiscard]] ZLChapterManager& chapterManager() { return m_chapterManager; }
+    [[nodiscard]] ZLUndoManager& undoManager() { return m_undoManager; }
+    [[nodiscard]] ZLTemplatesViewController& templateViewController() { return m_templateViewController; }
+    [[nodiscard]] ZLChapterTableModel& tableModel() { return m_tableModel; }
+    /// At most one row; one is selected whenever there are rows.
+    [[nodiscard]] QItemSelectionModel& selectionModel() { return m_selectionModel; }
+    /// Row of the selected chapter, -1 when there is none.
+    [[nodiscard]] int selectedRow() const;
+
+    /// @name The recording clock. Times are seconds, `hostTime` those of the host clock.
+    /// @{
+    [[nodiscard]] double currentDuration() const { return m_clock.currentDuration(); }
+    /// Seconds of all finished spans.
+    [[nodiscard]] double duration() const { return m_clock.duration(); }
+    [[nodiscard]] double startTime() const { return m_clock.startTime(); }
+    [[nodiscard]] bool isRecording() const { return m_clock.isRunning(); }
+    /// Whether the start beep is playing, after which the clock starts.
+    [[nodiscard]] bool isWaitingForBeep() const { return m_beep != nullptr; }
+    void recordButtonPressed();
+    void soundDidFinishPlaying();
+    void startRecordingWithTime(double hostTime);
+    void undoStartRecordingWithTime(double hostTime);
+    void stopRecording(double originalDuration, double newDuration, double startTime);
+    void undoStopRecording(double originalDuration, double newDuration, double startTime);
+    /// @}
+
+    /// @name Chapter commands
+    /// @{
+    void addChapterButtonPressed();
+    void addFirstChapterFromTemplates();
+    void readdFirstChapterToTemplates(const ZLChapterPointer& chapter);
+    void addNewBlankChapter();
+    void addChapter(const ZLChapterPointer& chapter);
+    void deleteButtonPressed();
+    void deleteLastChapter();
+    void removeChapter(const ZLChapterPointer& chapter);
+    /// One row up; "last" means the one before.
+    void selectLastChapter();
+    void selectNextChapter();
+    void editCurrentTitle();
+    void editCurrentLink();
+    /// Negative moves earlier; chapters that come to lie before the start are disabled.
+    void moveChaptersByMilliseconds(float milliseconds);
+    void updateChapterToEnabledState(const ZLChapterPointer& chapter, bool enabled);
+    void updateChapterToTitle(const ZLChapterPointer& chapter, const QString& title);
+    void updateChapterToLink(const ZLChapterPointer& chapter, const QString& link);
+    void updateChapterToTime(const ZLChapterPointer& chapter, double seconds);
+    void showAbsoluteTimePressed();
+    /// @}
+
+    /// @name What a window shows
+    /// @{
+    /// "00:01:05.3": the clock, truncated to tenths.
+    [[nodiscard]] QString clockText() const;
+    /// "00:01:05": time since the latest chapter; empty when there is none.
+    [[nodiscard]] QString lastChapterAgeText();
+    [[nodiscard]] ZLAddButtonFace addButtonFace();
+    [[nodiscard]] bool canAddChapter() const { return isRecording(); }
+    [[nodiscard]] bool canDeleteChapter() const { return selectedRow() >= 0; }
+    void updateDisplay() { Q_EMIT displayDidUpdate(); }
+    void updateAddButton() { Q_EMIT addButtonDidUpdate(); }
+    void updateEverything();
+    /// @}
+
+    /// @name The file
+    /// @{
+    [[nodiscard]] static constexpr bool autosavesInPlace() { return true; }
+    /// The bytes of the document as it is now; a running clock is stored with its reading and goes on. Never fails.
+    [[nodiscard]] QByteArray dataOfType(const QString& typeName = {});
+    /// Replaces everything by what `bytes` hold and empties the undo history. Returns false, and leaves the document
+    /// as it was, for bytes that are no document. On success `error`, when given, is filled all the same and means
+    /// nothing: the returned value alone tells.
+    bool readFromData(QByteArrayView bytes, const QString& typeName = {}, ZLFileOperationError* error = nullptr);
+    /// Goes back to `contents` as one undoable step. Only while the clock stands.
+    void revertToContents(const ZLDocumentContents& contents);
+
+    /// Name for titles and proposed file names, for example "Episode 12.zelta" or "Untitled".
+    [[nodiscard]] const QString& displayName() const { return m_displayName; }
+    void setDisplayName(const QString& name);
+    /// Whether there are changes since setDocumentEdited(false).
+    [[nodiscard]] bool isDocumentEdited() const { return m_isEdited; }
+    void setDocumentEdited(bool edited);
+    /// @}
+
+    /// Asks for the remote controllers to be told the new state.
+    void informControllers() { Q_EMIT controllersShouldBeInformed(); }
+
+    void templatesViewControllerDidUpdateChapters(ZLTemplatesViewController& controller) override;
+
+Q_SIGNALS:
+    /// The clock text or the age of the last chapter may read otherwise.
+    void displayDidUpdate();
+    void recordingStateDidChange();
+    void addButtonDidUpdate();
+    /// The cell should be scrolled into view and opened for typing, with its text selected.
+    void wantsEditing(const QModelIndex& index);
+    void invalidTimestampEntered();
+    void controllersShouldBeInformed();
+    /// The file form changed: it is worth saving.
+    void contentsDidChange();
+    void editedStateDidChange();
+    void displayNameDidChange();
+
+private:
+    void connectParts();
+    void _realStartRecordingWithTime(double hostTime);
+    void _realStopRecording();
+    void playStartBeep();
+    void createAutomaticChapter();
+
+    void _realAddChapter(const ZLChapterPointer& chapter);
+    void _realRemoveChapter(const ZLChapterPointer& chapter);
+    void stampWithClock(ZLChapter& chapter) const;
+    void notifyOfNewChapter();
+    void updateInterfaceForNewChapter(const ZLChapterPointer& chapter);
+    void setEnabledStates(const ZLChapterSequence& chapters, bool enabled);
+    void editSelectedRow(const QString& columnIdentifier);
+    void selectRow(int row);
+    void selectSomeRow();
+    void replaceContents(const ZLChapterSequence& chapters, double duration, const QVariantList& templates);
+    void noteChange();
+
+    ZLDocumentEnvironment m_environment;
+    ZLUndoManager m_undoManager;
+    ZLChapterManager m_chapterManager;
+    ZLRecordingClock m_clock;
+    ZLTemplatesViewController m_templateViewController;
+    ZLChapterTableModel m_tableModel;
+    QItemSelectionModel m_selectionModel;
+    std::unique_ptr<ZLSound> m_beep;
+    QString m_displayName;
+    bool m_isEdited = false;
+};

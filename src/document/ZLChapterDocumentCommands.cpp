@@ -1,0 +1,270 @@
+#include "document/ZLChapterDocument.h"
+
+#include "settings/ZLSettingsManager.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString createChapterActionName = QStringLiteral("Create Chapter");
+const QString deleteChapterActionName = QStringLiteral("Delete Chapter");
+const QString removeChapterActionName = QStringLiteral("Remove Chapter");
+const QString moveChaptersActionName = QStringLiteral("Move Chapters");
+const QString changeEnabledActionName = QStringLiteral("Change Enabled");
+const QString changeTitleActionName = QStringLiteral("Change Title");
+const QString changeLinkActionName = QStringLiteral("Change Link");
+const QString changeTimeActionName = QStringLiteral("Change Time");
+
+QDateTime movedBySeconds(const QDateTime& date, double seconds)
+{
+    constexpr double longestMove = 9.0e15; // Milliseconds that dates can be moved by without overflow.
+    const double milliseconds = seconds * 1000.0;
+    if (!(std::abs(milliseconds) < longestMove))
+        return date;
+    return date.addMSecs(std::llround(milliseconds));
+}
+
+}
+
+void ZLChapterDocument::addChapterButtonPressed()
+{
+    if (!isRecording() || m_undoManager.isUndoing() || m_undoManager.isRedoing())
+        return;
+    if (addButtonFace() == ZLAddButtonFace::Next) {
+        addFirstChapterFromTemplates();
+        return;
+    }
+    addNewBlankChapter();
+    if (!m_environment.isApplicationActive() && ZLSettingsManager::showQuickEdit())
+        notifyOfNewChapter();
+}
+
+void ZLChapterDocument::addFirstChapterFromTemplates()
+{
+    const ZLUndoGroup group(m_undoManager);
+    ZLChapterManager& templates = m_templateViewController.chapterManager();
+    const ZLChapterPointer chapter = templates.chapterAtIndex(0);
+    if (!chapter)
+        return;
+    if (chapter->timeStamp() == 0.0)
+        stampWithClock(*chapter);
+    _realAddChapter(chapter);
+    templates.removeChapter(chapter);
+    updateAddButton();
+    m_undoManager.registerStep([this, chapter] { readdFirstChapterToTemplates(chapter); });
+    m_undoManager.setActionName(createChapterActionName);
+}
+
+void ZLChapterDocument::readdFirstChapterToTemplates(const ZLChapterPointer& chapter)
+{
+    const ZLUndoGroup group(m_undoManager);
+    m_templateViewController.chapterManager().insertChapterAtIndex(chapter, 0);
+    _realRemoveChapter(chapter);
+    updateAddButton();
+    m_undoManager.registerStep([this] { addFirstChapterFromTemplates(); });
+    m_undoManager.setActionName(removeChapterActionName);
+}
+
+void ZLChapterDocument::addNewBlankChapter()
+{
+    const auto chapter = std::make_shared<ZLChapter>();
+    stampWithClock(*chapter);
+    addChapter(chapter);
+}
+
+void ZLChapterDocument::addChapter(const ZLChapterPointer& chapter)
+{
+    const ZLUndoGroup group(m_undoManager);
+    _realAddChapter(chapter);
+    m_undoManager.registerStep([this, chapter] { removeChapter(chapter); });
+    m_undoManager.setActionName(createChapterActionName);
+}
+
+void ZLChapterDocument::deleteButtonPressed()
+{
+    if (const ZLChapterPointer chapter = m_chapterManager.chapterAtIndex(selectedRow()))
+        removeChapter(chapter);
+}
+
+void ZLChapterDocument::deleteLastChapter()
+{
+    if (const ZLChapterPointer chapter = m_chapterManager.lastChapter())
+        removeChapter(chapter);
+}
+
+void ZLChapterDocument::removeChapter(const ZLChapterPointer& chapter)
+{
+    const ZLUndoGroup group(m_undoManager);
+    _realRemoveChapter(chapter);
+    m_undoManager.registerStep([this, chapter] { addChapter(chapter); });
+    m_undoManager.setActionName(deleteChapterActionName);
+}
+
+void ZLChapterDocument::selectLastChapter()
+{
+    if (selectedRow() >= 1)
+        selectRow(selectedRow() - 1);
+}
+
+void ZLChapterDocument::selectNextChapter()
+{
+    if (selectedRow() + 1 < m_chapterManager.count())
+        selectRow(selectedRow() + 1);
+}
+
+void ZLChapterDocument::editCurrentTitle()
+{
+    editSelectedRow(u"title"_s);
+}
+
+void ZLChapterDocument::editCurrentLink()
+{
+    editSelectedRow(u"link"_s);
+}
+
+void ZLChapterDocument::moveChaptersByMilliseconds(float milliseconds)
+{
+    if (!std::isfinite(milliseconds))
+        return;
+    const ZLUndoGroup group(m_undoManager);
+    const double delta = double(milliseconds / 1000.0F);
+    ZLChapterSequence disabled;
+    const ZLChapterSequence chapters = m_chapterManager.allChapters();
+    for (const auto& chapter : chapters) {
+        chapter->setTimeStamp(chapter->timeStamp() + delta);
+        if (chapter->timeStamp() < 0.0 && chapter->isEnabled())
+            disabled.append(chapter);
+    }
+    // All of them in one step: refreshing once a chapter would make a long list crawl.
+    setEnabledStates(disabled, false);
+    updateEverything();
+    m_undoManager.registerStep([this, milliseconds] { moveChaptersByMilliseconds(-milliseconds); });
+    m_undoManager.setActionName(moveChaptersActionName);
+}
+
+void ZLChapterDocument::updateChapterToEnabledState(const ZLChapterPointer& chapter, bool enabled)
+{
+    if (chapter->isEnabled() != enabled)
+        setEnabledStates({ chapter }, enabled);
+}
+
+void ZLChapterDocument::updateChapterToTitle(const ZLChapterPointer& chapter, const QString& title)
+{
+    const QString oldTitle = chapter->title();
+    if (title.isSharedWith(oldTitle))
+        return;
+    const ZLUndoGroup group(m_undoManager);
+    m_undoManager.registerStep([this, chapter, oldTitle] { updateChapterToTitle(chapter, oldTitle); });
+    m_undoManager.setActionName(changeTitleActionName);
+    chapter->setTitle(title);
+    updateEverything();
+}
+
+void ZLChapterDocument::updateChapterToLink(const ZLChapterPointer& chapter, const QString& link)
+{
+    const QString oldLink = chapter->link();
+    if (link.isSharedWith(oldLink))
+        return;
+    const ZLUndoGroup group(m_undoManager);
+    m_undoManager.registerStep([this, chapter, oldLink] { updateChapterToLink(chapter, oldLink); });
+    m_undoManager.setActionName(changeLinkActionName);
+    chapter->setLink(link);
+    updateEverything();
+}
+
+void ZLChapterDocument::updateChapterToTime(const ZLChapterPointer& chapter, double seconds)
+{
+    const double oldTime = chapter->timeStamp();
+    if (seconds == oldTime)
+        return;
+    const ZLUndoGroup group(m_undoManager);
+    m_undoManager.registerStep([this, chapter, oldTime] { updateChapterToTime(chapter, oldTime); });
+    m_undoManager.setActionName(changeTimeActionName);
+    chapter->setTimeStamp(seconds);
+    if (seconds < 0.0)
+        updateChapterToEnabledState(chapter, false);
+    chapter->setRealDate(movedBySeconds(chapter->realDate(), seconds - oldTime));
+    updateEverything();
+}
+
+void ZLChapterDocument::showAbsoluteTimePressed()
+{
+    ZLSettingsManager::setShowAbsoluteTime(!ZLSettingsManager::showAbsoluteTime());
+}
+
+void ZLChapterDocument::_realAddChapter(const ZLChapterPointer& chapter)
+{
+    m_chapterManager.addChapter(chapter);
+    updateInterfaceForNewChapter(chapter);
+}
+
+void ZLChapterDocument::_realRemoveChapter(const ZLChapterPointer& chapter)
+{
+    const int index = int(m_chapterManager.indexOfChapter(chapter).value_or(0));
+    const int selected = selectedRow();
+    const ZLChapterPointer selectedChapter = m_chapterManager.chapterAtIndex(selected);
+    m_chapterManager.removeChapter(chapter);
+    const int remaining = int(m_chapterManager.count());
+    if (remaining == 0)
+        return;
+    const int wanted = std::min(std::max(index - (selected >= index ? 1 : 0), 0), remaining);
+    if (wanted < remaining)
+        selectRow(wanted);
+    else // One past the end: the selection stays where it was.
+        selectRow(int(m_chapterManager.indexOfChapter(selectedChapter).value_or(remaining - 1)));
+}
+
+void ZLChapterDocument::stampWithClock(ZLChapter& chapter) const
+{
+    chapter.setTimeStamp(currentDuration());
+    chapter.setRealDate(m_environment.wallClock());
+}
+
+void ZLChapterDocument::notifyOfNewChapter()
+{
+    const ZLChapterPointer last = m_chapterManager.lastChapter();
+    m_environment.notificationCenter->deliverNotification({
+        .title = tr("New Chapter Added"),
+        .subtitle = last->timeString(),
+        .informativeText = tr("Press Reply to quickly set a title"),
+        .hasActionButton = true,
+        .hasReplyButton = true,
+        .responsePlaceholder = tr("Chapter title"),
+        .userInfo = { { u"ChapterUUID"_s, last->uuid() } },
+    });
+}
+
+void ZLChapterDocument::updateInterfaceForNewChapter(const ZLChapterPointer& chapter)
+{
+    selectRow(int(m_chapterManager.indexOfChapter(chapter).value_or(0)));
+    if (m_environment.isApplicationActive())
+        editCurrentTitle();
+}
+
+void ZLChapterDocument::setEnabledStates(const ZLChapterSequence& chapters, bool enabled)
+{
+    if (chapters.isEmpty())
+        return;
+    const ZLUndoGroup group(m_undoManager);
+    m_undoManager.registerStep([this, chapters, enabled] { setEnabledStates(chapters, !enabled); });
+    m_undoManager.setActionName(changeEnabledActionName);
+    for (const auto& chapter : chapters)
+        chapter->setEnabled(enabled);
+    updateEverything();
+}
+
+void ZLChapterDocument::editSelectedRow(const QString& columnIdentifier)
+{
+    const int row = selectedRow();
+    if (row < 0)
+        return;
+    int found = 0;
+    for (int column = 0; column < m_tableModel.columnCount(); ++column) {
+        if (ZLChapterTableModel::columnIdentifier(column) == columnIdentifier)
+            found = column;
+    }
+    Q_EMIT wantsEditing(m_tableModel.index(row, found));
+}

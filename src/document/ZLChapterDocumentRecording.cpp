@@ -1,0 +1,110 @@
+#include "document/ZLChapterDocument.h"
+
+#include "settings/ZLSettingsManager.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString startRecordingActionName = QStringLiteral("Start Recording");
+const QString stopRecordingActionName = QStringLiteral("Stop Recording");
+
+}
+
+void ZLChapterDocument::recordButtonPressed()
+{
+    if (isRecording()) {
+        const double originalDuration = duration();
+        stopRecording(originalDuration, currentDuration(), startTime());
+    } else if (ZLSettingsManager::playSoundBeforeRecording()) {
+        playStartBeep();
+    } else {
+        startRecordingWithTime(m_clock.hostTime());
+    }
+    Q_EMIT recordingStateDidChange();
+    informControllers();
+}
+
+void ZLChapterDocument::soundDidFinishPlaying()
+{
+    // The sound may be the sender of the signal that is being handled.
+    if (m_beep)
+        m_beep.release()->deleteLater();
+    // An undo or redo may have started the clock while the beep was playing.
+    if (isRecording())
+        return;
+    startRecordingWithTime(m_clock.hostTime());
+    informControllers();
+}
+
+void ZLChapterDocument::startRecordingWithTime(double hostTime)
+{
+    const ZLUndoGroup group(m_undoManager);
+    _realStartRecordingWithTime(hostTime);
+    m_undoManager.registerStep([this, hostTime] { undoStartRecordingWithTime(hostTime); });
+    m_undoManager.setActionName(startRecordingActionName);
+}
+
+void ZLChapterDocument::undoStartRecordingWithTime(double hostTime)
+{
+    const ZLUndoGroup group(m_undoManager);
+    _realStopRecording();
+    m_undoManager.registerStep([this, hostTime] { startRecordingWithTime(hostTime); });
+    m_undoManager.setActionName(startRecordingActionName);
+}
+
+void ZLChapterDocument::stopRecording(double originalDuration, double newDuration, double startTime)
+{
+    const ZLUndoGroup group(m_undoManager);
+    m_clock.setDuration(newDuration);
+    _realStopRecording();
+    m_undoManager.registerStep([this, originalDuration, newDuration, startTime] {
+        undoStopRecording(originalDuration, newDuration, startTime);
+    });
+    m_undoManager.setActionName(stopRecordingActionName);
+}
+
+void ZLChapterDocument::undoStopRecording(double originalDuration, double newDuration, double startTime)
+{
+    const ZLUndoGroup group(m_undoManager);
+    m_clock.setDuration(originalDuration);
+    _realStartRecordingWithTime(startTime);
+    m_undoManager.registerStep([this, originalDuration, newDuration, startTime] {
+        stopRecording(originalDuration, newDuration, startTime);
+    });
+    m_undoManager.setActionName(startRecordingActionName);
+}
+
+void ZLChapterDocument::_realStartRecordingWithTime(double hostTime)
+{
+    m_clock.startAt(hostTime);
+    Q_EMIT recordingStateDidChange();
+    createAutomaticChapter();
+}
+
+void ZLChapterDocument::_realStopRecording()
+{
+    m_clock.stop();
+    Q_EMIT recordingStateDidChange();
+    updateDisplay();
+}
+
+void ZLChapterDocument::playStartBeep()
+{
+    // A second press while the beep plays must not start the clock twice.
+    if (m_beep)
+        return;
+    m_beep = m_environment.soundNamed(u"beep.aiff"_s);
+    m_beep->setPlaybackDeviceIdentifier(ZLSettingsManager::audioOutputDevice());
+    connect(m_beep.get(), &ZLSound::didFinishPlaying, this, &ZLChapterDocument::soundDidFinishPlaying);
+    m_beep->play();
+}
+
+void ZLChapterDocument::createAutomaticChapter()
+{
+    if (!ZLSettingsManager::createNewChapterOnStart())
+        return;
+    const bool isFirstStart = duration() == 0.0;
+    if (isFirstStart || ZLSettingsManager::createNewChapterAfterPause())
+        addChapterButtonPressed();
+}

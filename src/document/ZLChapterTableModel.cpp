@@ -1,0 +1,258 @@
+#include "document/ZLChapterTableModel.h"
+
+#include "document/ZLChapterDocument.h"
+#include "document/ZLTimeEntry.h"
+#include "settings/ZLSettingsManager.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+ZLChapterTableModel::ZLChapterTableModel(ZLChapterDocument& document)
+    : m_document(document)
+{
+    followRowsOf(document.chapterManager());
+    followOrderOf(document.chapterManager());
+}
+
+QString ZLChapterTableModel::columnIdentifier(int column)
+{
+    switch (column) {
+    case NumberColumn:
+        return u"number"_s;
+    case EnabledColumn:
+        return u"enabled"_s;
+    case TimeColumn:
+        return u"time"_s;
+    case DurationColumn:
+        return u"duration"_s;
+    case TitleColumn:
+        return u"title"_s;
+    case LinkColumn:
+        return u"link"_s;
+    default:
+        return {};
+    }
+}
+
+void ZLChapterTableModel::reload()
+{
+    m_document.chapterManager().sortChapters();
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+}
+
+int ZLChapterTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(chapters().size());
+}
+
+int ZLChapterTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(ColumnCount);
+}
+
+QVariant ZLChapterTableModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount())
+        return {};
+    const ZLChapter& chapter = *chapters().at(index.row());
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return index.column() == EnabledColumn ? QVariant() : textAt(index);
+    case Qt::CheckStateRole:
+        if (index.column() != EnabledColumn)
+            return {};
+        return chapter.isEnabled() ? Qt::Checked : Qt::Unchecked;
+    case Qt::ToolTipRole:
+        return toolTipAt(index);
+    case Qt::AccessibleTextRole:
+        return index.column() == EnabledColumn ? headerData(EnabledColumn, Qt::Horizontal, Qt::ToolTipRole) : QVariant();
+    case ChapterEnabledRole:
+        return chapter.isEnabled();
+    default:
+        return {};
+    }
+}
+
+bool ZLChapterTableModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    const int wantedRole = index.column() == EnabledColumn ? Qt::CheckStateRole : Qt::EditRole;
+    if (!index.isValid() || index.row() >= rowCount() || role != wantedRole)
+        return false;
+    const bool accepted = editChapter(chapters().at(index.row()), index.column(), value);
+    m_document.informControllers();
+    return accepted;
+}
+
+QVariant ZLChapterTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::DisplayRole) {
+        const QStringList titles { tr("#"), QString(), tr("Time"), tr("Duration"), tr("Title"), tr("Link") };
+        return titles.value(section);
+    }
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) {
+        const QStringList meanings { tr("Number"), tr("Exported"), tr("Time"), tr("Duration"), tr("Title"), tr("Link") };
+        return meanings.value(section);
+    }
+    return {};
+}
+
+Qt::ItemFlags ZLChapterTableModel::flags(const QModelIndex& index) const
+{
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
+    if (!index.isValid() || index.row() >= rowCount())
+        return flags;
+    switch (index.column()) {
+    case EnabledColumn:
+        // A chapter before the recording's start is no part of it and stays disabled.
+        flags.setFlag(Qt::ItemIsUserCheckable, !(chapters().at(index.row())->timeStamp() < 0.0));
+        break;
+    case TimeColumn:
+    case TitleColumn:
+    case LinkColumn:
+        flags |= Qt::ItemIsEditable;
+        break;
+    default:
+        break;
+    }
+    return flags;
+}
+
+void ZLChapterTableModel::followRowsOf(const ZLChapterManager& chapters)
+{
+    connect(&chapters, &ZLChapterManager::willInsertChapterAtIndex, this,
+        [this](qsizetype row) { beginInsertRows({}, int(row), int(row)); });
+    connect(&chapters, &ZLChapterManager::didInsertChapterAtIndex, this, [this](qsizetype row) {
+        endInsertRows();
+        refreshNeighboursOf(int(row));
+    });
+    connect(&chapters, &ZLChapterManager::willRemoveChapterAtIndex, this,
+        [this](qsizetype row) { beginRemoveRows({}, int(row), int(row)); });
+    connect(&chapters, &ZLChapterManager::didRemoveChapterAtIndex, this, [this](qsizetype row) {
+        endRemoveRows();
+        refreshNeighboursOf(int(row));
+    });
+}
+
+void ZLChapterTableModel::followOrderOf(const ZLChapterManager& chapters)
+{
+    connect(&chapters, &ZLChapterManager::willReorderChapters, this,
+        [this] { Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint); });
+    connect(&chapters, &ZLChapterManager::didReorderChapters, this, &ZLChapterTableModel::restorePersistentRows);
+    connect(&chapters, &ZLChapterManager::willReplaceChapters, this, [this] { beginResetModel(); });
+    connect(&chapters, &ZLChapterManager::didReplaceChapters, this, [this] { endResetModel(); });
+}
+
+void ZLChapterTableModel::refreshNeighboursOf(int row)
+{
+    // The row before lasts until another chapter now, and the rows behind have other numbers.
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(std::max(row - 1, 0), NumberColumn), index(rowCount() - 1, DurationColumn));
+}
+
+void ZLChapterTableModel::restorePersistentRows(const ZLChapterSequence& previousOrder)
+{
+    QHash<int, int> rowBefore;
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (const QModelIndex& old : before) {
+        auto row = rowBefore.constFind(old.row());
+        if (row == rowBefore.constEnd()) {
+            const auto position = m_document.chapterManager().indexOfChapter(previousOrder.at(old.row()));
+            row = rowBefore.insert(old.row(), int(position.value_or(0)));
+        }
+        after.append(index(*row, old.column()));
+    }
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+const ZLChapterSequence& ZLChapterTableModel::chapters() const
+{
+    return m_document.chapterManager().chapters();
+}
+
+QString ZLChapterTableModel::textAt(const QModelIndex& index) const
+{
+    const ZLChapter& chapter = *chapters().at(index.row());
+    switch (index.column()) {
+    case NumberColumn:
+        return QString::number(index.row() + 1);
+    case TimeColumn:
+        return timeText(chapter);
+    case DurationColumn:
+        return durationText(index.row());
+    case TitleColumn:
+        return chapter.title();
+    case LinkColumn:
+        return chapter.link();
+    default:
+        return {};
+    }
+}
+
+QString ZLChapterTableModel::timeText(const ZLChapter& chapter) const
+{
+    return ZLSettingsManager::showAbsoluteTime() ? ZLTimeEntry::textFromDate(chapter.realDate()) : chapter.timeString();
+}
+
+QString ZLChapterTableModel::durationText(int row) const
+{
+    if (row + 1 >= rowCount())
+        return {};
+    return chapters().at(row)->durationToNextChapter(*chapters().at(row + 1));
+}
+
+QVariant ZLChapterTableModel::toolTipAt(const QModelIndex& index) const
+{
+    const ZLChapter& chapter = *chapters().at(index.row());
+    if (chapter.timeStamp() < 0.0)
+        return tr("This chapter lies before the start of the recording and is not exported.");
+    if (index.column() == EnabledColumn)
+        return chapter.isEnabled() ? tr("This chapter is exported.") : tr("This chapter is not exported.");
+    if (index.column() == LinkColumn && !chapter.link().isEmpty())
+        return tr("%1\nCtrl+click opens the link.").arg(chapter.link());
+    return {};
+}
+
+bool ZLChapterTableModel::editChapter(const ZLChapterPointer& chapter, int column, const QVariant& value)
+{
+    switch (column) {
+    case EnabledColumn:
+        m_document.updateChapterToEnabledState(chapter, value.toInt() == Qt::Checked);
+        return true;
+    case TimeColumn:
+        return editTime(chapter, value.toString());
+    case TitleColumn:
+        m_document.updateChapterToTitle(chapter, value.toString());
+        return true;
+    case LinkColumn:
+        m_document.updateChapterToLink(chapter, value.toString());
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool ZLChapterTableModel::editTime(const ZLChapterPointer& chapter, const QString& text)
+{
+    if (ZLSettingsManager::showAbsoluteTime()) {
+        const qint64 shift = chapter->realDate().msecsTo(ZLTimeEntry::dateFromText(text));
+        m_document.updateChapterToTime(chapter, double(shift) / 1000.0 + chapter->timeStamp());
+        return true;
+    }
+    const auto seconds = ZLTimeEntry::secondsFromText(text);
+    if (!seconds) {
+        Q_EMIT m_document.invalidTimestampEntered();
+        return false;
+    }
+    m_document.updateChapterToTime(chapter, *seconds);
+    return true;
+}

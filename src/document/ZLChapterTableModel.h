@@ -1,0 +1,51 @@
+#pragma once
+
+#include "model/ZLChapterManager.h"
+
+#include <QAbstractTableModel>
+
+class ZLChapterDocument;
+
+/// A document's chapters as a table, one row a chapter in list order. Edits become the document's undoable commands.
+/// Rows follow the chapter list step by step, so that a change costs the same whatever the length of the list.
+class ZLChapterTableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column { NumberColumn, EnabledColumn, TimeColumn, DurationColumn, TitleColumn, LinkColumn, ColumnCount };
+
+    /// Whether the row's chapter takes part in exports (bool), for dimming.
+    static constexpr int ChapterEnabledRole = Qt::UserRole;
+
+    /// `document` owns the model.
+    explicit ZLChapterTableModel(ZLChapterDocument& document);
+
+    /// "number", "enabled", "time", "duration", "title" or "link"; empty for any other column.
+    [[nodiscard]] static QString columnIdentifier(int column);
+
+    /// Announces that every cell may show something else, after restoring the order.
+    void reload();
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    void followRowsOf(const ZLChapterManager& chapters);
+    void followOrderOf(const ZLChapterManager& chapters);
+    void refreshNeighboursOf(int row);
+    void restorePersistentRows(const ZLChapterSequence& previousOrder);
+    /// The chapter in the list as it stands: painting a cell never sorts.
+    [[nodiscard]] const ZLChapterSequence& chapters() const;
+    [[nodiscard]] QString textAt(const QModelIndex& index) const;
+    [[nodiscard]] QString timeText(const ZLChapter& chapter) const;
+    [[nodiscard]] QString durationText(int row) const;
+    [[nodiscard]] QVariant toolTipAt(const QModelIndex& index) const;
+    bool editChapter(const ZLChapterPointer& chapter, int column, const QVariant& value);
+    bool editTime(const ZLChapterPointer& chapter, const QString& text);
+
+    ZLChapterDocument& m_document;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/ZLHostClock.h"
+#include "platform/ZLSound.h"
+#include "platform/ZLUserNotificationCenter.h"
+
+#include <QDateTime>
+
+#include <functional>
+#include <memory>
+
+/// What a document asks of the program around it. The defaults are those of a program without windows; tests replace
+/// what they want to control.
+struct ZLDocumentEnvironment {
+    /// Seconds that recorded time is measured with.
+    std::shared_ptr<const ZLHostClock> hostClock = std::make_shared<ZLSteadyHostClock>();
+    std::function<QDateTime()> wallClock = QDateTime::currentDateTimeUtc;
+    /// Whether one of the program's windows has the keyboard.
+    std::function<bool()> isApplicationActive = [] { return false; };
+    /// Whether Alt is held in the event that is being handled.
+    std::function<bool()> isOptionKeyHeld = [] { return false; };
+    std::function<std::unique_ptr<ZLSound>(const QString& name)> soundNamed = ZLSound::soundNamed;
+    std::shared_ptr<ZLUserNotificationCenter> notificationCenter = std::make_shared<ZLNullUserNotificationCenter>();
+};

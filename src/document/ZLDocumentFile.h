@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/ZLResult.h"
+
+#include <QByteArrayView>
+#include <QVariantList>
+
+/// What one document file holds: a keyed archive of a dictionary with "Chapters", "Duration" and "Templates".
+struct ZLDocumentContents {
+    /// Chapter dictionaries in ascending time order when written; any order when read.
+    QVariantList chapters;
+    /// Seconds of recorded time.
+    double duration = 0.0;
+    /// Chapter dictionaries in the drawer's own order.
+    QVariantList templates;
+
+    bool operator==(const ZLDocumentContents&) const = default;
+};
+
+namespace ZLDocumentFile {
+
+inline const QString Extension = QStringLiteral("zelta");
+inline const QString MimeType = QStringLiteral("application/x-zelta-chapters");
+
+[[nodiscard]] QByteArray encode(const ZLDocumentContents& contents);
+
+/// Missing entries read as empty or 0, values of another type as what they can be read as. Fails only for bytes that
+/// are no keyed archive of a dictionary.
+[[nodiscard]] ZLResult<ZLDocumentContents> decode(QByteArrayView bytes);
+
+}

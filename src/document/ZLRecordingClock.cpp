@@ -1,0 +1,32 @@
+#include "document/ZLRecordingClock.h"
+
+#include <chrono>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+ZLRecordingClock::ZLRecordingClock(std::shared_ptr<const ZLHostClock> hostClock, QObject* parent)
+    : QObject(parent)
+    , m_hostClock(std::move(hostClock))
+{
+    m_displayTimer.setInterval(100ms);
+    m_displayTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_displayTimer, &QTimer::timeout, this, &ZLRecordingClock::displayIsDue);
+}
+
+double ZLRecordingClock::currentDuration() const
+{
+    return m_startTime == 0.0 ? m_duration : m_duration + (hostTime() - m_startTime);
+}
+
+void ZLRecordingClock::startAt(double hostTime)
+{
+    m_startTime = hostTime;
+    m_displayTimer.start();
+}
+
+void ZLRecordingClock::stop()
+{
+    m_displayTimer.stop();
+    m_startTime = 0.0;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/ZLHostClock.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+
+/// Measures recorded time: it runs while a show is recorded, stands still while paused, and resumes where it stood.
+class ZLRecordingClock : public QObject {
+    Q_OBJECT
+
+public:
+    explicit ZLRecordingClock(std::shared_ptr<const ZLHostClock> hostClock, QObject* parent = nullptr);
+
+    /// Seconds of the host clock now.
+    [[nodiscard]] double hostTime() const { return m_hostClock->now(); }
+    /// Host time at which the running span began; 0 while the clock stands.
+    [[nodiscard]] double startTime() const { return m_startTime; }
+    /// Seconds of all finished spans.
+    [[nodiscard]] double duration() const { return m_duration; }
+    void setDuration(double seconds) { m_duration = seconds; }
+    /// Seconds recorded up to now.
+    [[nodiscard]] double currentDuration() const;
+    [[nodiscard]] bool isRunning() const { return m_displayTimer.isActive(); }
+
+    /// Begins a span at `hostTime`, which may lie in the past.
+    void startAt(double hostTime);
+    /// Ends the running span without adding it to the duration.
+    void stop();
+
+Q_SIGNALS:
+    /// Ten times a second while the clock runs.
+    void displayIsDue();
+
+private:
+    std::shared_ptr<const ZLHostClock> m_hostClock;
+    double m_startTime = 0.0;
+    double m_duration = 0.0;
+    QTimer m_displayTimer;
+};

@@ -1,0 +1,83 @@
+#include "document/ZLTimeEntry.h"
+
+#include "model/ZLStoredValue.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTimeZone>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The whole number that a text begins with, after blanks and a sign; 0 without one, and the nearest one that fits.
+double leadingInteger(QStringView text)
+{
+    qsizetype position = 0;
+    while (position < text.size() && text[position].isSpace())
+        ++position;
+    const bool isNegative = position < text.size() && text[position] == u'-';
+    if (position < text.size() && (text[position] == u'-' || text[position] == u'+'))
+        ++position;
+    double value = 0.0;
+    for (; position < text.size() && text[position] >= u'0' && text[position] <= u'9'; ++position)
+        value = value * 10.0 + (text[position].unicode() - u'0');
+    constexpr double largestExactInteger = 9007199254740992.0;
+    value = std::min(value, largestExactInteger);
+    return isNegative ? -value : value;
+}
+
+QDateTime referenceDate()
+{
+    return QDateTime(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc());
+}
+
+}
+
+std::optional<double> ZLTimeEntry::secondsFromText(const QString& text)
+{
+    const QStringList parts = text.split(u':');
+    if (parts.size() != 3)
+        return std::nullopt;
+    const QStringList secondPieces = parts[2].split(u'.');
+    if (secondPieces.size() != 2)
+        return std::nullopt;
+    const double hours = leadingInteger(parts[0]);
+    const bool isNegative = parts[0].startsWith(u'-');
+    const double minutes = leadingInteger(parts[1]);
+    const float fraction = float(leadingInteger(secondPieces[1])) / 1000.0F;
+    const double unsignedHours = isNegative ? -hours : hours;
+    const double seconds
+        = double(fraction) + (leadingInteger(secondPieces[0]) + (minutes + unsignedHours * 60.0) * 60.0);
+    return isNegative ? -seconds : seconds;
+}
+
+QString ZLTimeEntry::textFromDate(const QDateTime& date)
+{
+    if (!date.isValid())
+        return {};
+    const QDateTime local = date.toLocalTime();
+    const QString year = QString::number(local.date().year()).rightJustified(3, u'0');
+    return local.toString(u"HH:mm:ss.zzz "_s) + year + local.toString(u"-MM-dd"_s);
+}
+
+QDateTime ZLTimeEntry::dateFromText(const QString& text)
+{
+    static const QRegularExpression shape(
+        uR"(^\s*(\d{1,2}):(\d{1,2}):(\d{1,2})\.(\d{1,9}) +(\d{1,6})-(\d{1,2})-(\d{1,2})\s*$)"_s);
+    const auto match = shape.match(text);
+    if (!match.hasMatch())
+        return referenceDate();
+    const auto number = [&match](int group) { return match.captured(group).toInt(); };
+    const int milliseconds = match.captured(4).leftJustified(3, u'0', true).toInt();
+    const QDateTime date(
+        QDate(number(5), number(6), number(7)), QTime(number(1), number(2), number(3), milliseconds));
+    return date.isValid() ? date : referenceDate();
+}
+
+float ZLTimeEntry::millisecondsFromText(const QString& text)
+{
+    return float(ZLStoredValue::number(text));
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QVariantMap>
+
+#include <memory>
+
+class ZLChapter;
+
+/// Chapters are compared by identity: two of them are the same only if they are the same object.
+using ZLChapterPointer = std::shared_ptr<ZLChapter>;
+Q_DECLARE_TYPEINFO(ZLChapterPointer, Q_RELOCATABLE_TYPE);
+using ZLChapterSequence = QList<ZLChapterPointer>;
+
+/// Keys of a chapter's dictionary form, which documents and templates are stored in.
+namespace ZLChapterKey {
+inline const QString TimeStamp = QStringLiteral("TimeStamp");
+inline const QString Enabled = QStringLiteral("Enabled");
+inline const QString Title = QStringLiteral("Title");
+inline const QString Link = QStringLiteral("Link");
+inline const QString Tags = QStringLiteral("Tags");
+inline const QString Date = QStringLiteral("Date");
+inline const QString UUID = QStringLiteral("UUID");
+}
+
+/// One chapter mark on a recording clock.
+class ZLChapter {
+public:
+    /// An enabled chapter at 0 s with empty texts, no known date and a new UUID.
+    ZLChapter();
+
+    /// Takes each entry as found. A missing "Enabled" reads false, missing texts and dates read null, a missing "UUID"
+    /// is replaced by a new one.
+    explicit ZLChapter(const QVariantMap& dictionaryRepresentation);
+
+    /// The entries in the order of ZLChapterKey, up to the first null value.
+    [[nodiscard]] QVariantMap dictionaryRepresentation() const;
+
+    /// Position on the recording clock in seconds; negative before the recording's start.
+    [[nodiscard]] double timeStamp() const { return m_timeStamp; }
+    void setTimeStamp(double seconds);
+
+    /// Whether the chapter takes part in exports.
+    [[nodiscard]] bool isEnabled() const { return m_enabled; }
+    void setEnabled(bool enabled) { m_enabled = enabled; }
+
+    /// Texts may be null (absent) or empty, which is told apart when the chapter is stored.
+    [[nodiscard]] const QString& title() const { return m_title; }
+    void setTitle(const QString& title) { m_title = title; }
+    [[nodiscard]] const QString& link() const { return m_link; }
+    void setLink(const QString& link) { m_link = link; }
+    [[nodiscard]] const QString& tags() const { return m_tags; }
+    void setTags(const QString& tags) { m_tags = tags; }
+
+    /// Wall-clock moment at which the chapter was set: distantPast() when it is not known, null when absent.
+    [[nodiscard]] const QDateTime& realDate() const { return m_realDate; }
+    void setRealDate(const QDateTime& date) { m_realDate = date; }
+
+    [[nodiscard]] const QString& uuid() const { return m_uuid; }
+    void setUuid(const QString& uuid) { m_uuid = uuid; }
+
+    /// "01:02:05.500": truncated to milliseconds, with a leading "-" before the recording's start.
+    [[nodiscard]] QString timeString() const;
+
+    /// "00:01:05": whole seconds from this chapter to `seconds` on the same clock. There is no sign: callers ask for
+    /// later points only; an earlier one reads as no time at all.
+    [[nodiscard]] QString durationToTimestamp(double seconds) const;
+    [[nodiscard]] QString durationToNextChapter(const ZLChapter& next) const;
+
+    /// A random UUID in upper-case hexadecimal digits with hyphens.
+    [[nodiscard]] static QString generateUUID();
+
+    /// 1 January of the year 1, UTC: stands for a moment that nobody knows.
+    [[nodiscard]] static QDateTime distantPast();
+
+private:
+    friend class ZLChapterManager;
+
+    double m_timeStamp = 0.0;
+    bool m_enabled = true;
+    QString m_title = QStringLiteral("");
+    QString m_link = QStringLiteral("");
+    QString m_tags = QStringLiteral("");
+    QDateTime m_realDate = distantPast();
+    QString m_uuid = generateUUID();
+
+    /// In how many lists this chapter stands; a time that changes outside of all lists breaks no order.
+    int m_membershipCount = 0;
+};

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "model/ZLChapter.h"
+
+#include <QObject>
+
+#include <optional>
+
+/// The ordered list of chapters behind every table: a document's chapters, sorted by time, or its templates in the
+/// user's own order. Chapters of equal time keep the order in which they came.
+///
+/// The order is restored only when it was broken: a chapter in a list that changes its time marks the orders of all
+/// lists as doubtful, and the next list operation or ordered read checks and, if need be, sorts. A snapshot shares the
+/// list's storage, so reading costs no copy.
+class ZLChapterManager : public QObject {
+    Q_OBJECT
+
+public:
+    explicit ZLChapterManager(QObject* parent = nullptr);
+    /// One chapter per dictionary, in the given order, then sorted. An entry that is no dictionary reads as an empty one.
+    explicit ZLChapterManager(const QVariantList& dictionaries, QObject* parent = nullptr);
+    ~ZLChapterManager() override;
+
+    /// Replaces the contents as the constructor with dictionaries fills them.
+    void loadChapters(const QVariantList& dictionaries);
+
+    /// The dictionary forms of all chapters in list order.
+    [[nodiscard]] QVariantList chaptersForSaving();
+
+    void addChapter(const ZLChapterPointer& chapter);
+    /// `index` from 0 to count(); any other is refused with a warning and changes nothing. With sorting on it only
+    /// matters among chapters of equal time.
+    void insertChapterAtIndex(const ZLChapterPointer& chapter, qsizetype index);
+    /// An index outside of the list is refused with a warning and changes nothing.
+    void removeChapterAtIndex(qsizetype index);
+    /// Removes every entry that is this very object; nothing happens to the list when there is none.
+    void removeChapter(const ZLChapterPointer& chapter);
+    /// Removes the last entry; refused with a warning on an empty list.
+    void removeLastChapter();
+
+    /// Null for an index outside of the list.
+    [[nodiscard]] ZLChapterPointer chapterAtIndex(qsizetype index);
+    /// Null for an empty list.
+    [[nodiscard]] ZLChapterPointer lastChapter();
+    /// Position of this very object; absent when it is not in the list.
+    [[nodiscard]] std::optional<qsizetype> indexOfChapter(const ZLChapterPointer& chapter);
+    /// A snapshot in list order, without a copy.
+    [[nodiscard]] ZLChapterSequence allChapters();
+    [[nodiscard]] qsizetype count() const { return m_chapters.size(); }
+    /// The first chapter in the current order with exactly this UUID, or null.
+    [[nodiscard]] ZLChapterPointer chapterWithUUID(const QString& uuid) const;
+
+    /// Restores the order if it was broken; does nothing when sorting is off.
+    void sortChapters();
+
+    /// The sequence as it stands, without restoring its order.
+    [[nodiscard]] const ZLChapterSequence& chapters() const { return m_chapters; }
+    /// Replaces the sequence without sorting it and without chaptersDidChange().
+    void setChapters(const ZLChapterSequence& chapters);
+
+    [[nodiscard]] bool wantsSortedChapters() const { return m_wantsSortedChapters; }
+    void setWantsSortedChapters(bool wanted);
+
+Q_SIGNALS:
+    /// A chapter was added, inserted or removed through one of the operations above: the outside may be told.
+    void chaptersDidChange();
+
+    /// What exactly happens to the rows, for the tables that show them.
+    void willInsertChapterAtIndex(qsizetype index);
+    void didInsertChapterAtIndex(qsizetype index);
+    void willRemoveChapterAtIndex(qsizetype index);
+    void didRemoveChapterAtIndex(qsizetype index);
+    void willReorderChapters();
+    /// `previousOrder` is the sequence before the order was restored.
+    void didReorderChapters(const ZLChapterSequence& previousOrder);
+    void willReplaceChapters();
+    void didReplaceChapters();
+
+private:
+    friend class ZLChapter;
+    /// Called by a chapter that stands in some list when its time changes.
+    static void noteTimeChangeInList();
+
+    void insertInOrder(const ZLChapterPointer& chapter, qsizetype wantedIndex);
+    void takeChapterAt(qsizetype index);
+    void adoptChapters(const ZLChapterSequence& chapters);
+    void releaseChapters();
+    /// Makes the next ordered read look whether the order holds.
+    void doubtOrder();
+
+    ZLChapterSequence m_chapters;
+    bool m_wantsSortedChapters = true;
+    /// The count of time changes at which this list was last known to be in order.
+    quint64 m_timeChangesSeen = 0;
+};

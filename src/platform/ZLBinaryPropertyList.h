@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QDateTime>
+#include <QString>
+#include <QVariant>
+
+#include <optional>
+
+/// One object of a binary property list as it lies in the file: what it is and where its bytes stand. A view: it is
+/// valid as long as the bytes that were opened.
+struct ZLBinaryPropertyListObject {
+    enum class Kind : quint8 {
+        Invalid, ///< No object can start there.
+        Null,
+        False,
+        True,
+        Integer,
+        Real,
+        Date,
+        Data,
+        Latin1Text,
+        Utf16Text,
+        Uid,
+        Array,
+        Set,
+        Dictionary,
+    };
+
+    Kind kind = Kind::Invalid;
+    /// Bytes of an integer, real, date, UID, data or Latin-1 text; units of UTF-16 text; elements of a collection,
+    /// pairs of a dictionary.
+    quint64 count = 0;
+    const uchar* payload = nullptr;
+
+    bool isText() const { return kind == Kind::Latin1Text || kind == Kind::Utf16Text; }
+    bool isText(QLatin1StringView text) const;
+    /// Bytes of a text or data value in the file, 0 for every other kind.
+    quint64 payloadBytes() const;
+    /// The value of a UID, or nothing for another kind.
+    std::optional<quint64> uid() const;
+    /// The value of a number (bool, qlonglong, ulonglong above its range, float, double), a date (QDateTime, UTC), data
+    /// (QByteArray), text (QString) or null (invalid QVariant); a date out of range is null. Nothing for a collection,
+    /// a UID and an integer of more than 64 bits.
+    std::optional<QVariant> scalar() const;
+};
+
+/// Dates are stored as seconds since the first moment of 2001, UTC. They keep milliseconds within about 31,000 years on
+/// both sides of it; beyond (and for what is no number) there is no date.
+std::optional<QDateTime> ZLDateFromReferenceSeconds(double seconds);
+std::optional<double> ZLReferenceSecondsFromDate(const QDateTime& date);
+
+/// A big-endian unsigned integer of 1 to 8 bytes.
+inline quint64 ZLReadBigEndian(const uchar* bytes, quint64 size)
+{
+    quint64 value = 0;
+    for (quint64 index = 0; index < size; ++index)
+        value = value << 8 | bytes[index];
+    return value;
+}

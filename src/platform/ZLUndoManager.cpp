@@ -1,0 +1,93 @@
+#include "platform/ZLUndoManager.h"
+
+#include <utility>
+
+ZLUndoManager::ZLUndoManager(QObject* parent)
+    : QObject(parent)
+{
+}
+
+void ZLUndoManager::registerStep(Step step)
+{
+    const ZLUndoGroup group(*this);
+    m_openGroup.steps.push_back(std::move(step));
+}
+
+void ZLUndoManager::setActionName(const QString& name)
+{
+    if (m_groupDepth > 0) {
+        m_openGroup.actionName = name;
+        return;
+    }
+    if (receivingHistory().empty())
+        return;
+    receivingHistory().back().actionName = name;
+    Q_EMIT historyDidChange();
+}
+
+void ZLUndoManager::undo()
+{
+    performLastGroupOf(m_undoHistory, Activity::Undoing);
+}
+
+void ZLUndoManager::redo()
+{
+    performLastGroupOf(m_redoHistory, Activity::Redoing);
+}
+
+QString ZLUndoManager::undoActionName() const
+{
+    return canUndo() ? m_undoHistory.back().actionName : QString();
+}
+
+QString ZLUndoManager::redoActionName() const
+{
+    return canRedo() ? m_redoHistory.back().actionName : QString();
+}
+
+void ZLUndoManager::removeAllActions()
+{
+    m_undoHistory.clear();
+    m_redoHistory.clear();
+    m_openGroup = {};
+    Q_EMIT historyDidChange();
+}
+
+void ZLUndoManager::beginGroup()
+{
+    ++m_groupDepth;
+}
+
+void ZLUndoManager::endGroup()
+{
+    if (--m_groupDepth > 0)
+        return;
+    Group group = std::exchange(m_openGroup, {});
+    if (group.steps.empty())
+        return;
+    receivingHistory().push_back(std::move(group));
+    // While undoing or redoing the change is announced once, when the whole group is done.
+    if (m_activity != Activity::None)
+        return;
+    // A new command makes what was undone before unreachable.
+    m_redoHistory.clear();
+    Q_EMIT historyDidChange();
+}
+
+void ZLUndoManager::performLastGroupOf(History& history, Activity activity)
+{
+    if (history.empty() || m_groupDepth > 0 || m_activity != Activity::None)
+        return;
+    const Group group = std::move(history.back());
+    history.pop_back();
+    m_activity = activity;
+    {
+        const ZLUndoGroup opposite(*this);
+        // Steps that set no name leave the opposite group with the name of the one they came from.
+        setActionName(group.actionName);
+        for (auto step = group.steps.rbegin(); step != group.steps.rend(); ++step)
+            (*step)();
+    }
+    m_activity = Activity::None;
+    Q_EMIT historyDidChange();
+}

@@ -1,0 +1,183 @@
+#include "settings/ZLSettingsManager.h"
+
+#include <QHash>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QVariant>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The persistent values and, behind them, the registered fallbacks.
+struct SettingsStore {
+    std::unique_ptr<QSettings> persistent;
+    QHash<QString, QVariant> registered;
+};
+
+SettingsStore& settingsStore()
+{
+    static SettingsStore store;
+    if (!store.persistent) {
+        const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+        store.persistent = std::make_unique<QSettings>(folder + "/zelta/zelta.conf"_L1, QSettings::IniFormat);
+    }
+    return store;
+}
+
+QVariant settingFor(const QString& key)
+{
+    const SettingsStore& store = settingsStore();
+    return store.persistent->value(key, store.registered.value(key));
+}
+
+void storeSetting(const QString& key, const QVariant& value)
+{
+    settingsStore().persistent->setValue(key, value);
+    settingsStore().persistent->sync();
+}
+
+void removeSetting(const QString& key)
+{
+    settingsStore().persistent->remove(key);
+    settingsStore().persistent->sync();
+}
+
+}
+
+void ZLSettingsManager::useFile(const QString& path)
+{
+    settingsStore().persistent = std::make_unique<QSettings>(path, QSettings::IniFormat);
+}
+
+ZLSettingsNotifications& ZLSettingsManager::notifications()
+{
+    static ZLSettingsNotifications notifications;
+    return notifications;
+}
+
+void ZLSettingsManager::registerDefaults(float systemFontSize)
+{
+    auto& registered = settingsStore().registered;
+    registered.insert(ZLSettingKey::NewChapterOnStart, true);
+    registered.insert(ZLSettingKey::NewChapterAfterPause, false);
+    registered.insert(ZLSettingKey::PlaySoundBeforeRecording, false);
+    registered.insert(ZLSettingKey::GlobalHotkeys, false);
+    registered.insert(ZLSettingKey::ShowAbsoluteTime, false);
+    registered.insert(ZLSettingKey::FontSize, systemFontSize);
+}
+
+bool ZLSettingsManager::createNewChapterOnStart()
+{
+    return settingFor(ZLSettingKey::NewChapterOnStart).toBool();
+}
+
+void ZLSettingsManager::setCreateNewChapterOnStart(bool enabled)
+{
+    storeSetting(ZLSettingKey::NewChapterOnStart, enabled);
+}
+
+bool ZLSettingsManager::createNewChapterAfterPause()
+{
+    return settingFor(ZLSettingKey::NewChapterAfterPause).toBool();
+}
+
+void ZLSettingsManager::setCreateNewChapterAfterPause(bool enabled)
+{
+    storeSetting(ZLSettingKey::NewChapterAfterPause, enabled);
+}
+
+bool ZLSettingsManager::playSoundBeforeRecording()
+{
+    return settingFor(ZLSettingKey::PlaySoundBeforeRecording).toBool();
+}
+
+void ZLSettingsManager::setPlaySoundBeforeRecording(bool enabled)
+{
+    storeSetting(ZLSettingKey::PlaySoundBeforeRecording, enabled);
+}
+
+float ZLSettingsManager::fontSize()
+{
+    return settingFor(ZLSettingKey::FontSize).toFloat();
+}
+
+void ZLSettingsManager::setFontSize(float points)
+{
+    // Stored as a double: a float would be written in a binary form that nobody can read or edit.
+    storeSetting(ZLSettingKey::FontSize, double(points));
+    Q_EMIT notifications().ZLFontSizeSettingDidChange();
+}
+
+bool ZLSettingsManager::globalHotkeys()
+{
+    return settingFor(ZLSettingKey::GlobalHotkeys).toBool();
+}
+
+void ZLSettingsManager::setGlobalHotkeys(bool enabled)
+{
+    storeSetting(ZLSettingKey::GlobalHotkeys, enabled);
+    Q_EMIT notifications().ZLGlobalHotkeysDidChange();
+}
+
+QString ZLSettingsManager::audioOutputDevice()
+{
+    return settingFor(ZLSettingKey::AudioOutputDevice).toString();
+}
+
+void ZLSettingsManager::setAudioOutputDevice(const QString& identifier)
+{
+    if (identifier.isNull())
+        removeSetting(ZLSettingKey::AudioOutputDevice);
+    else
+        storeSetting(ZLSettingKey::AudioOutputDevice, identifier);
+}
+
+bool ZLSettingsManager::showAbsoluteTime()
+{
+    return settingFor(ZLSettingKey::ShowAbsoluteTime).toBool();
+}
+
+void ZLSettingsManager::setShowAbsoluteTime(bool enabled)
+{
+    storeSetting(ZLSettingKey::ShowAbsoluteTime, enabled);
+    Q_EMIT notifications().ZLShowAbsoluteTimeSettingDidChange();
+}
+
+bool ZLSettingsManager::showQuickEdit()
+{
+    return settingFor(ZLSettingKey::ShowQuickEdit).toBool();
+}
+
+void ZLSettingsManager::setShowQuickEdit(bool enabled)
+{
+    storeSetting(ZLSettingKey::ShowQuickEdit, enabled);
+}
+
+std::optional<QVariantMap> ZLSettingsManager::keyComboForKey(const QString& key)
+{
+    const QVariant shortcut = settingFor(key);
+    if (!shortcut.isValid())
+        return std::nullopt;
+    return shortcut.toMap();
+}
+
+void ZLSettingsManager::setKeyCombo(const QVariantMap& shortcut, const QString& key)
+{
+    storeSetting(key, shortcut);
+    Q_EMIT notifications().ZLShortcutsDidChange();
+}
+
+void ZLSettingsManager::removeKeyComboForKey(const QString& key)
+{
+    removeSetting(key);
+    Q_EMIT notifications().ZLShortcutsDidChange();
+}
+
+QStringList ZLSettingsManager::allKeyComboKeys()
+{
+    return { ZLKeyComboKey::ToggleRecording, ZLKeyComboKey::NewChapter, ZLKeyComboKey::RemoveSelectedChapter,
+        ZLKeyComboKey::RemoveLastChapter, ZLKeyComboKey::SelectLastChapter, ZLKeyComboKey::SelectNextChapter };
+}

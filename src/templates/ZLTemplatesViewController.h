@@ -1,0 +1,59 @@
+#pragma once
+
+#include "model/ZLChapterManager.h"
+#include "templates/ZLTemplatesTableModel.h"
+
+#include <QItemSelectionModel>
+#include <QObject>
+
+class ZLTemplatesViewController;
+
+/// Whoever keeps the templates is told of changes that came through the drawer's buttons, an import or a drag.
+class ZLTemplatesViewControllerDelegate {
+public:
+    virtual ~ZLTemplatesViewControllerDelegate() = default;
+    virtual void templatesViewControllerDidUpdateChapters(ZLTemplatesViewController& controller) = 0;
+};
+
+/// The list of chapters that are prepared in advance, with what the drawer's buttons do. It can be driven without a
+/// window: the drawer only shows `tableModel` and `selectionModel` and forwards clicks.
+class ZLTemplatesViewController : public QObject {
+    Q_OBJECT
+
+public:
+    /// `delegate` may be null; it is not owned and has to outlive the controller.
+    explicit ZLTemplatesViewController(ZLTemplatesViewControllerDelegate* delegate, QObject* parent = nullptr);
+
+    /// The templates in the user's own order.
+    [[nodiscard]] ZLChapterManager& chapterManager() { return m_chapterManager; }
+    [[nodiscard]] ZLTemplatesTableModel& tableModel() { return m_tableModel; }
+    /// One row is selected whenever there are rows.
+    [[nodiscard]] QItemSelectionModel& selectionModel() { return m_selectionModel; }
+
+    /// Replaces the templates by saved ones; the delegate is not told.
+    void loadChapters(const QVariantList& savedChapters);
+    [[nodiscard]] QVariantList chaptersForSaving();
+
+    void addChapterButtonPressed();
+    void removeChapterButtonPressed();
+    /// Appends the chapters of the outlines in `plainTexts`, the texts that the clipboard holds.
+    void importFromPasteboard(const QStringList& plainTexts);
+    /// Moves the template at `row` to the gap before `gap` (0 … count).
+    void moveTemplate(qsizetype row, qsizetype gap);
+
+Q_SIGNALS:
+    /// The cell should be opened for typing, with its text selected.
+    void wantsEditing(const QModelIndex& index);
+    /// A title or a link was edited in the table. The delegate is not told: such an edit alone does not mark the
+    /// document as edited, but it is worth saving.
+    void templateDidChangeInPlace();
+
+private:
+    void selectRow(qsizetype row);
+    void tellDelegate();
+
+    ZLTemplatesViewControllerDelegate* m_delegate;
+    ZLChapterManager m_chapterManager;
+    ZLTemplatesTableModel m_tableModel;
+    QItemSelectionModel m_selectionModel;
+};

@@ -1,0 +1,48 @@
+# The Debian packages that building, running and testing need, and how to get the missing ones. To be sourced.
+
+zelta_build_packages=(
+  g++ cmake ninja-build ccache
+  qt6-base-dev qt6-svg-dev libgl-dev
+)
+zelta_run_packages=(
+  libqt6svg6 qt6-wayland fonts-dejavu-core
+)
+zelta_test_packages=(
+  libgtest-dev libgmock-dev git
+  python3 libplist-utils libxml2-utils
+  xvfb openbox xdotool xclip x11-utils imagemagick dbus
+  at-spi2-core python3-pyatspi gir1.2-atspi-2.0
+)
+
+# Prints those of the named packages that are not installed.
+zelta_missing_packages() {
+  local package
+  for package in "$@"; do
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || printf '%s\n' "$package"
+  done
+}
+
+# Installs what is missing of the named packages, or says in one line what to install and ends the script.
+zelta_require_packages() {
+  if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+    echo "zelta: this script installs what it needs with apt-get, which is not here. Install by hand: $*" >&2
+    exit 1
+  fi
+  local missing
+  mapfile -t missing < <(zelta_missing_packages "$@")
+  [ "${#missing[@]}" -eq 0 ] && return
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "zelta: packages are missing and there is no sudo. As root: apt-get install ${missing[*]}" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "zelta: installing ${missing[*]}"
+  if ! { "${as_root[@]}" apt-get update -qq &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null; }; then
+    echo "zelta: apt-get could not install: ${missing[*]}" >&2
+    exit 1
+  fi
+}

@@ -1,15 +1,11 @@
 #include "platform/ZLBinaryPropertyList.h"
 
-#include <QtEndian>
-
 #include <bit>
 #include <cmath>
 #include <cstring>
 #include <limits>
 
 namespace {
-
-using Kind = ZLBinaryPropertyListObject::Kind;
 
 constexpr qint64 kReferenceDateMilliseconds = 978'307'200'000;
 // Seconds hold exact milliseconds in a double up to 2^51 of them; this is the round number below.
@@ -63,13 +59,6 @@ quint64 ZLBinaryPropertyListObject::payloadBytes() const
     if (kind == Kind::Utf16Text)
         return 2 * count;
     return kind == Kind::Latin1Text || kind == Kind::Data ? count : 0;
-}
-
-std::optional<quint64> ZLBinaryPropertyListObject::uid() const
-{
-    if (kind != Kind::Uid)
-        return std::nullopt;
-    return ZLReadBigEndian(payload, count);
 }
 
 std::optional<QVariant> ZLBinaryPropertyListObject::scalar() const

@@ -4,8 +4,32 @@
 #include <QDateTime>
 #include <QString>
 #include <QVariant>
+#include <QtEndian>
 
 #include <optional>
+
+/// A big-endian unsigned integer of 1 to 8 bytes. Reading a file consists of little else, hence the usual sizes apart.
+inline quint64 ZLReadBigEndian(const uchar* bytes, quint64 size)
+{
+    switch (size) {
+    case 1:
+        return bytes[0];
+    case 2:
+        return qFromBigEndian<quint16>(bytes);
+    case 3:
+        return quint64(qFromBigEndian<quint16>(bytes)) << 8 | bytes[2];
+    case 4:
+        return qFromBigEndian<quint32>(bytes);
+    case 8:
+        return qFromBigEndian<quint64>(bytes);
+    default:
+        break;
+    }
+    quint64 value = 0;
+    for (quint64 index = 0; index < size; ++index)
+        value = value << 8 | bytes[index];
+    return value;
+}
 
 /// One object of a binary property list as it lies in the file: what it is and where its bytes stand. A view: it is
 /// valid as long as the bytes that were opened.
@@ -38,7 +62,10 @@ struct ZLBinaryPropertyListObject {
     /// Bytes of a text or data value in the file, 0 for every other kind.
     quint64 payloadBytes() const;
     /// The value of a UID, or nothing for another kind.
-    std::optional<quint64> uid() const;
+    std::optional<quint64> uid() const
+    {
+        return kind == Kind::Uid ? std::optional(ZLReadBigEndian(payload, count)) : std::nullopt;
+    }
     /// The value of a number (bool, qlonglong, ulonglong above its range, float, double), a date (QDateTime, UTC), data
     /// (QByteArray), text (QString) or null (invalid QVariant); a date out of range is null. Nothing for a collection,
     /// a UID and an integer of more than 64 bits.
@@ -49,12 +76,3 @@ struct ZLBinaryPropertyListObject {
 /// both sides of it; beyond (and for what is no number) there is no date.
 std::optional<QDateTime> ZLDateFromReferenceSeconds(double seconds);
 std::optional<double> ZLReferenceSecondsFromDate(const QDateTime& date);
-
-/// A big-endian unsigned integer of 1 to 8 bytes.
-inline quint64 ZLReadBigEndian(const uchar* bytes, quint64 size)
-{
-    quint64 value = 0;
-    for (quint64 index = 0; index < size; ++index)
-        value = value << 8 | bytes[index];
-    return value;
-}

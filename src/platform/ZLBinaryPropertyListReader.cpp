@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Kind = ZLBinaryPropertyListObject::Kind;
+using PropertyListKind = ZLBinaryPropertyListObject::Kind;
 
 constexpr QByteArrayView kPropertyListMagic("bplist0");
 constexpr quint64 kPropertyListHeaderSize = 8;
@@ -76,18 +76,18 @@ ZLBinaryPropertyListObject ZLBinaryPropertyListReader::simpleObject(uchar marker
     switch (marker >> 4) {
     case 0x0:
         if (marker == 0x00)
-            return { Kind::Null, 0, payload };
+            return { PropertyListKind::Null, 0, payload };
         if (marker == 0x08 || marker == 0x09)
-            return { marker == 0x09 ? Kind::True : Kind::False, 0, payload };
+            return { marker == 0x09 ? PropertyListKind::True : PropertyListKind::False, 0, payload };
         return {};
     case 0x1:
-        return low <= 4 ? fixedObject(Kind::Integer, 1ULL << low, payload) : Object();
+        return low <= 4 ? fixedObject(PropertyListKind::Integer, 1ULL << low, payload) : Object();
     case 0x2:
-        return low == 2 || low == 3 ? fixedObject(Kind::Real, 1ULL << low, payload) : Object();
+        return low == 2 || low == 3 ? fixedObject(PropertyListKind::Real, 1ULL << low, payload) : Object();
     case 0x3:
-        return low == 3 ? fixedObject(Kind::Date, 8, payload) : Object();
+        return low == 3 ? fixedObject(PropertyListKind::Date, 8, payload) : Object();
     case 0x8:
-        return low <= 7 ? fixedObject(Kind::Uid, low + 1, payload) : Object();
+        return low <= 7 ? fixedObject(PropertyListKind::Uid, low + 1, payload) : Object();
     default:
         return {};
     }
@@ -101,12 +101,12 @@ ZLBinaryPropertyListObject ZLBinaryPropertyListReader::countedObject(uchar marke
         if (next == m_objectsEnd || *next >> 4 != 0x1)
             return {};
         const Object length = simpleObject(*next, next + 1);
-        if (length.kind != Kind::Integer || length.count > 8)
+        if (length.kind != PropertyListKind::Integer || length.count > 8)
             return {};
         count = ZLReadBigEndian(length.payload, length.count);
         next = length.payload + length.count;
     }
-    const auto bounded = [&](Kind kind, quint64 bytesEach) -> Object {
+    const auto bounded = [&](PropertyListKind kind, quint64 bytesEach) -> Object {
         // Divided rather than multiplied: a claimed count may be as large as the type.
         if (count > quint64(m_objectsEnd - next) / bytesEach)
             return {};
@@ -114,17 +114,17 @@ ZLBinaryPropertyListObject ZLBinaryPropertyListReader::countedObject(uchar marke
     };
     switch (marker >> 4) {
     case 0x4:
-        return bounded(Kind::Data, 1);
+        return bounded(PropertyListKind::Data, 1);
     case 0x5:
-        return bounded(Kind::Latin1Text, 1);
+        return bounded(PropertyListKind::Latin1Text, 1);
     case 0x6:
-        return bounded(Kind::Utf16Text, 2);
+        return bounded(PropertyListKind::Utf16Text, 2);
     case 0xA:
-        return bounded(Kind::Array, m_referenceSize);
+        return bounded(PropertyListKind::Array, m_referenceSize);
     case 0xC:
-        return bounded(Kind::Set, m_referenceSize);
+        return bounded(PropertyListKind::Set, m_referenceSize);
     case 0xD:
-        return bounded(Kind::Dictionary, 2 * m_referenceSize);
+        return bounded(PropertyListKind::Dictionary, 2 * m_referenceSize);
     default:
         return {};
     }
@@ -142,7 +142,7 @@ quint64 ZLBinaryPropertyListReader::valueAt(const Object& dictionary, quint64 po
 
 ZLBinaryPropertyListObject ZLBinaryPropertyListReader::valueFor(const Object& dictionary, QLatin1StringView key) const
 {
-    if (dictionary.kind != Kind::Dictionary)
+    if (dictionary.kind != PropertyListKind::Dictionary)
         return {};
     for (quint64 position = 0; position < dictionary.count; ++position) {
         if (objectAt(elementAt(dictionary, position)).isText(key))

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QStringView>
+#include <QString>
 
 #include <span>
 #include <vector>

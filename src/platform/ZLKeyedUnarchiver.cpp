@@ -1,13 +1,14 @@
 #include "platform/ZLKeyedUnarchiver.h"
 
 #include "platform/ZLBinaryPropertyListReader.h"
+#include "platform/ZLKeyedArchiveNames.h"
 
 #include <QCoreApplication>
 #include <QHash>
 #include <QUuid>
 
 #include <algorithm>
-#include <array>
+#include <deque>
 #include <map>
 #include <optional>
 #include <utility>
@@ -17,67 +18,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Object = ZLBinaryPropertyListObject;
-using Kind = Object::Kind;
+using ArchivedObject = ZLBinaryPropertyListObject;
+using PropertyListKind = ArchivedObject::Kind;
 
-constexpr const char* kNoArchive = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The property list is not a keyed archive.");
-constexpr const char* kDamaged = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive is damaged.");
-constexpr const char* kNoRoot = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive has no root object.");
-constexpr const char* kCycle = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive contains itself.");
-constexpr const char* kTooDeep = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive is nested too deeply.");
-constexpr const char* kTooLarge = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive unfolds into too much.");
-constexpr const char* kKeyIsNoText =
+constexpr const char* kArchiveIsNone =
+    QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The property list is not a keyed archive.");
+constexpr const char* kArchiveIsDamaged = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive is damaged.");
+constexpr const char* kArchiveOverlaps = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The objects of the archive overlap.");
+constexpr const char* kArchiveHasNoRoot = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive has no root object.");
+constexpr const char* kArchiveIsCyclic = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive contains itself.");
+constexpr const char* kArchiveIsTooDeep = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive is nested too deeply.");
+constexpr const char* kArchiveIsTooLarge = QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "The archive unfolds into too much.");
+constexpr const char* kArchiveKeyIsNoText =
     QT_TRANSLATE_NOOP("ZLKeyedUnarchiver", "A dictionary of the archive has a key that is not text.");
 
 /// Bytes for which an archive may ask beyond its own size, because a small one may well share what it has.
 constexpr quint64 kSharingAllowance = 65'536;
-/// Longer chains of classes occur nowhere, and each class costs a look.
-constexpr quint64 kClassChainLimit = 64;
-
-enum class ArchivedClass : quint8 { Unknown, Null, Dictionary, Array, Text, Data, Date, Uuid, Url };
-
-/// The fields of an archived object that mean something here, by the index of their value; others are passed over.
-struct ArchivedRecord {
-    enum Field { Class, Keys, Objects, Text, Data, Time, Uuid, Relative, FieldCount };
-    std::array<std::optional<quint64>, FieldCount> fields;
-};
-
-ArchivedClass archivedClassNamed(const Object& name)
-{
-    using enum ArchivedClass;
-    constexpr std::array<std::pair<QLatin1StringView, ArchivedClass>, 14> known { {
-        { "NSDictionary"_L1, Dictionary },
-        { "NSMutableDictionary"_L1, Dictionary },
-        { "NSArray"_L1, Array },
-        { "NSMutableArray"_L1, Array },
-        { "NSSet"_L1, Array },
-        { "NSMutableSet"_L1, Array },
-        { "NSString"_L1, Text },
-        { "NSMutableString"_L1, Text },
-        { "NSData"_L1, Data },
-        { "NSMutableData"_L1, Data },
-        { "NSDate"_L1, Date },
-        { "NSNull"_L1, Null },
-        { "NSUUID"_L1, Uuid },
-        { "NSURL"_L1, Url },
-    } };
-    for (const auto& [text, which] : known) {
-        if (name.isText(text))
-            return which;
-    }
-    return Unknown;
-}
-
-std::optional<ArchivedRecord::Field> archivedFieldNamed(const Object& name)
-{
-    constexpr std::array<QLatin1StringView, ArchivedRecord::FieldCount> names { "$class"_L1, "NS.keys"_L1,
-        "NS.objects"_L1, "NS.string"_L1, "NS.data"_L1, "NS.time"_L1, "NS.uuidbytes"_L1, "NS.relative"_L1 };
-    for (std::size_t field = 0; field < names.size(); ++field) {
-        if (name.isText(names[field]))
-            return ArchivedRecord::Field(field);
-    }
-    return std::nullopt;
-}
 
 /// Follows the references of one archive from its root. Every object is converted once; an error ends everything.
 class ArchiveDecoder {
@@ -89,11 +45,15 @@ private:
     /// A value with what it costs whoever walks it.
     struct Node {
         QVariant value;
-        quint64 weight = 1;
+        quint32 weight = 1;
         /// Levels of collections in it.
-        int height = 0;
+        qint32 height = 0;
     };
-    using Field = ArchivedRecord::Field;
+    struct Key {
+        QString text;
+        quint32 weight;
+    };
+    using Field = ZLArchivedRecord::Field;
     static constexpr quint32 kUnread = 0;
     static constexpr quint32 kInWork = 1;
     static constexpr quint32 kFirstMemo = 2;
@@ -104,29 +64,31 @@ private:
     bool convertPlace(quint64 reference, int depth, Node& node);
     bool convert(quint64 index, int depth, Node& node);
     bool convertMemo(const Node& memo, int depth, Node& node);
-    bool convertScalar(const Object& object, Node& node);
-    bool convertRecord(const Object& object, int depth, Node& node);
-    bool convertDictionary(const ArchivedRecord& record, int depth, Node& node);
-    bool convertArray(const ArchivedRecord& record, int depth, Node& node);
-    bool convertWrapped(const ArchivedRecord& record, Field field, QMetaType::Type type, Node& node);
-    bool convertDate(const ArchivedRecord& record, Node& node);
-    bool convertUuid(const ArchivedRecord& record, Node& node);
+    bool convertScalar(const ArchivedObject& object, Node& node);
+    bool convertRecord(const ArchivedObject& object, int depth, Node& node);
+    bool convertDictionary(const ZLArchivedRecord& record, int depth, Node& node);
+    bool readKeys(const ArchivedObject& keys, int depth, QList<Key>& names);
+    bool convertArray(const ZLArchivedRecord& record, int depth, Node& node);
+    bool convertWrapped(const ZLArchivedRecord& record, Field field, QMetaType::Type type, Node& node);
+    bool convertDate(const ZLArchivedRecord& record, Node& node);
+    bool convertUuid(const ZLArchivedRecord& record, Node& node);
     bool addToParent(Node& parent, const Node& child);
-    bool readRecord(const Object& object, ArchivedRecord& record);
-    bool readClass(const ArchivedRecord& record, ArchivedClass& which);
-    ArchivedClass classOfChain(const Object& classRecord);
-    std::optional<quint64> indexBehind(const Object& uid) const;
-    Object objectIn(const ArchivedRecord& record, Field field) const;
+    bool readRecord(const ArchivedObject& object, ZLArchivedRecord& record);
+    bool readClass(const ZLArchivedRecord& record, ZLArchivedClass& which);
+    std::optional<quint64> indexBehind(const ArchivedObject& uid) const;
+    ArchivedObject objectIn(const ZLArchivedRecord& record, Field field) const;
 
     const ZLBinaryPropertyListReader& m_list;
-    Object m_objects;
+    ArchivedObject m_objects;
     /// By index of the property list object: unread, in work, or its place in m_memos with kFirstMemo added.
     std::vector<quint32> m_states;
-    std::vector<Node> m_memos;
-    QHash<quint64, ArchivedClass> m_classes;
+    std::deque<Node> m_memos;
+    QHash<quint64, ZLArchivedClass> m_classes;
+    QByteArrayView m_lastKeyReferences;
+    QList<Key> m_lastKeys;
     /// Objects that do not overlap cannot ask for more bytes than the file has.
     quint64 m_bytesLeft;
-    const char* m_error = kDamaged;
+    const char* m_error = kArchiveIsDamaged;
 };
 
 ArchiveDecoder::ArchiveDecoder(const ZLBinaryPropertyListReader& list)
@@ -153,32 +115,33 @@ bool ArchiveDecoder::fail(const char* error)
 bool ArchiveDecoder::spend(quint64 bytes)
 {
     if (bytes > m_bytesLeft)
-        return fail(kDamaged);
+        return fail(kArchiveOverlaps);
     m_bytesLeft -= bytes;
     return true;
 }
 
 bool ArchiveDecoder::convertArchive(Node& node)
 {
-    const Object archive = m_list.objectAt(m_list.topObject());
+    const ArchivedObject archive = m_list.objectAt(m_list.topObject());
     m_objects = m_list.valueFor(archive, "$objects"_L1);
-    const Object top = m_list.valueFor(archive, "$top"_L1);
-    const Object version = m_list.valueFor(archive, "$version"_L1);
-    if (!m_list.valueFor(archive, "$archiver"_L1).isText("NSKeyedArchiver"_L1) || m_objects.kind != Kind::Array
-        || top.kind != Kind::Dictionary || version.kind != Kind::Integer || version.scalar() != QVariant(100'000LL))
-        return fail(kNoArchive);
-    const Object root = m_list.valueFor(top, "root"_L1);
-    if (root.kind != Kind::Uid)
-        return fail(kNoRoot);
+    const ArchivedObject top = m_list.valueFor(archive, "$top"_L1);
+    const ArchivedObject version = m_list.valueFor(archive, "$version"_L1);
+    if (!m_list.valueFor(archive, "$archiver"_L1).isText("NSKeyedArchiver"_L1)
+        || m_objects.kind != PropertyListKind::Array || top.kind != PropertyListKind::Dictionary
+        || version.kind != PropertyListKind::Integer || version.scalar() != QVariant(100'000LL))
+        return fail(kArchiveIsNone);
+    const ArchivedObject root = m_list.valueFor(top, "root"_L1);
+    if (root.kind != PropertyListKind::Uid)
+        return fail(kArchiveHasNoRoot);
     const std::optional<quint64> uid = root.uid();
     if (*uid == 0)
         return true;
     const std::optional<quint64> index = indexBehind(root);
-    return index ? convert(*index, 1, node) : fail(kDamaged);
+    return index ? convert(*index, 1, node) : fail(kArchiveIsDamaged);
 }
 
 // The index of the property list object that stands at a UID's place in the table of objects.
-std::optional<quint64> ArchiveDecoder::indexBehind(const Object& uid) const
+std::optional<quint64> ArchiveDecoder::indexBehind(const ArchivedObject& uid) const
 {
     const std::optional<quint64> place = uid.uid();
     if (!place || *place >= m_objects.count)
@@ -188,26 +151,28 @@ std::optional<quint64> ArchiveDecoder::indexBehind(const Object& uid) const
 
 bool ArchiveDecoder::convertPlace(quint64 reference, int depth, Node& node)
 {
-    const Object uid = m_list.objectAt(reference);
+    const ArchivedObject uid = m_list.objectAt(reference);
     if (uid.uid() == 0U)
         return true;
     const std::optional<quint64> index = indexBehind(uid);
-    return index ? convert(*index, depth, node) : fail(kDamaged);
+    return index ? convert(*index, depth, node) : fail(kArchiveIsDamaged);
 }
 
 bool ArchiveDecoder::convert(quint64 index, int depth, Node& node)
 {
-    const Object object = m_list.objectAt(index);
-    const bool isKept = object.kind == Kind::Dictionary || object.isText() || object.kind == Kind::Data;
+    const ArchivedObject object = m_list.objectAt(index);
+    const bool isKept =
+        object.kind == PropertyListKind::Dictionary || object.isText() || object.kind == PropertyListKind::Data;
     if (!isKept)
         return convertScalar(object, node);
     const quint32 state = m_states[index];
     if (state == kInWork)
-        return fail(kCycle);
+        return fail(kArchiveIsCyclic);
     if (state >= kFirstMemo)
         return convertMemo(m_memos[state - kFirstMemo], depth, node);
     m_states[index] = kInWork;
-    if (!(object.kind == Kind::Dictionary ? convertRecord(object, depth, node) : convertScalar(object, node)))
+    if (!(object.kind == PropertyListKind::Dictionary ? convertRecord(object, depth, node)
+                                                      : convertScalar(object, node)))
         return false;
     m_states[index] = quint32(m_memos.size()) + kFirstMemo;
     m_memos.push_back(node);
@@ -218,121 +183,104 @@ bool ArchiveDecoder::convert(quint64 index, int depth, Node& node)
 bool ArchiveDecoder::convertMemo(const Node& memo, int depth, Node& node)
 {
     if (memo.height > 0 && depth - 1 + memo.height > ZLKeyedUnarchiver::kDepthLimit)
-        return fail(kTooDeep);
+        return fail(kArchiveIsTooDeep);
     node = memo;
     return true;
 }
 
-bool ArchiveDecoder::convertScalar(const Object& object, Node& node)
+bool ArchiveDecoder::convertScalar(const ArchivedObject& object, Node& node)
 {
     const quint64 bytes = object.payloadBytes();
-    node.weight = 1 + bytes / 64;
-    if (node.weight > ZLKeyedUnarchiver::kWeightLimit)
-        return fail(kTooLarge);
+    if (bytes / 64 >= ZLKeyedUnarchiver::kWeightLimit)
+        return fail(kArchiveIsTooLarge);
+    node.weight = quint32(1 + bytes / 64);
     if (!spend(bytes))
         return false;
     std::optional<QVariant> value = object.scalar();
     if (!value)
-        return fail(kDamaged);
+        return fail(kArchiveIsDamaged);
     node.value = std::move(*value);
     return true;
 }
 
-bool ArchiveDecoder::convertRecord(const Object& object, int depth, Node& node)
+bool ArchiveDecoder::convertRecord(const ArchivedObject& object, int depth, Node& node)
 {
-    ArchivedRecord record;
-    ArchivedClass which = ArchivedClass::Unknown;
+    ZLArchivedRecord record;
+    ZLArchivedClass which = ZLArchivedClass::Unknown;
     if (!readRecord(object, record) || !readClass(record, which))
         return false;
     switch (which) {
-    case ArchivedClass::Dictionary:
+    case ZLArchivedClass::Dictionary:
         return convertDictionary(record, depth, node);
-    case ArchivedClass::Array:
+    case ZLArchivedClass::Array:
         return convertArray(record, depth, node);
-    case ArchivedClass::Text:
+    case ZLArchivedClass::Text:
         return convertWrapped(record, Field::Text, QMetaType::QString, node);
-    case ArchivedClass::Url:
+    case ZLArchivedClass::Url:
         return convertWrapped(record, Field::Relative, QMetaType::QString, node);
-    case ArchivedClass::Data:
+    case ZLArchivedClass::Data:
         return convertWrapped(record, Field::Data, QMetaType::QByteArray, node);
-    case ArchivedClass::Date:
+    case ZLArchivedClass::Date:
         return convertDate(record, node);
-    case ArchivedClass::Uuid:
+    case ZLArchivedClass::Uuid:
         return convertUuid(record, node);
-    case ArchivedClass::Null:
-    case ArchivedClass::Unknown:
+    case ZLArchivedClass::Null:
+    case ZLArchivedClass::Unknown:
         break;
     }
     return true;
 }
 
-bool ArchiveDecoder::readRecord(const Object& object, ArchivedRecord& record)
+bool ArchiveDecoder::readRecord(const ArchivedObject& object, ZLArchivedRecord& record)
 {
     if (!spend(2 * object.count * m_list.referenceSize()))
         return false;
     for (quint64 position = 0; position < object.count; ++position) {
-        const auto field = archivedFieldNamed(m_list.objectAt(m_list.elementAt(object, position)));
+        const auto field = ZLArchivedFieldNamed(m_list.objectAt(m_list.elementAt(object, position)));
         if (field)
             record.fields[*field] = m_list.valueAt(object, position);
     }
     return true;
 }
 
-bool ArchiveDecoder::readClass(const ArchivedRecord& record, ArchivedClass& which)
+bool ArchiveDecoder::readClass(const ZLArchivedRecord& record, ZLArchivedClass& which)
 {
     const std::optional<quint64> index = indexBehind(objectIn(record, Field::Class));
     if (!index)
-        return fail(kDamaged);
+        return fail(kArchiveIsDamaged);
     const auto known = m_classes.constFind(*index);
     if (known != m_classes.cend()) {
         which = *known;
         return true;
     }
-    const Object classRecord = m_list.objectAt(*index);
-    if (classRecord.kind != Kind::Dictionary || classRecord.count > kClassChainLimit)
-        return fail(kDamaged);
-    which = classOfChain(classRecord);
+    const std::optional<ZLArchivedClass> found = ZLArchivedClassOf(m_list, m_list.objectAt(*index));
+    if (!found)
+        return fail(kArchiveIsDamaged);
+    which = *found;
     m_classes.insert(*index, which);
     return true;
 }
 
-// A class of one's own that descends from a known one reads as that one.
-ArchivedClass ArchiveDecoder::classOfChain(const Object& classRecord)
-{
-    const ArchivedClass named = archivedClassNamed(m_list.valueFor(classRecord, "$classname"_L1));
-    if (named != ArchivedClass::Unknown)
-        return named;
-    const Object chain = m_list.valueFor(classRecord, "$classes"_L1);
-    if (chain.kind != Kind::Array || chain.count > kClassChainLimit)
-        return ArchivedClass::Unknown;
-    for (quint64 position = 0; position < chain.count; ++position) {
-        const ArchivedClass ancestor = archivedClassNamed(m_list.objectAt(m_list.elementAt(chain, position)));
-        if (ancestor != ArchivedClass::Unknown)
-            return ancestor;
-    }
-    return ArchivedClass::Unknown;
-}
-
-Object ArchiveDecoder::objectIn(const ArchivedRecord& record, Field field) const
+ArchivedObject ArchiveDecoder::objectIn(const ZLArchivedRecord& record, Field field) const
 {
     const std::optional<quint64> index = record.fields[field];
-    return index ? m_list.objectAt(*index) : Object();
+    return index ? m_list.objectAt(*index) : ArchivedObject();
 }
 
 bool ArchiveDecoder::addToParent(Node& parent, const Node& child)
 {
     parent.weight += child.weight;
     parent.height = std::max(parent.height, child.height + 1);
-    return parent.weight <= ZLKeyedUnarchiver::kWeightLimit || fail(kTooLarge);
+    return parent.weight <= ZLKeyedUnarchiver::kWeightLimit || fail(kArchiveIsTooLarge);
 }
 
-bool ArchiveDecoder::convertArray(const ArchivedRecord& record, int depth, Node& node)
+bool ArchiveDecoder::convertArray(const ZLArchivedRecord& record, int depth, Node& node)
 {
-    const Object elements = objectIn(record, Field::Objects);
-    if (elements.kind != Kind::Array)
-        return fail(kDamaged);
+    const ArchivedObject elements = objectIn(record, Field::Objects);
+    if (elements.kind != PropertyListKind::Array)
+        return fail(kArchiveIsDamaged);
     if (depth > ZLKeyedUnarchiver::kDepthLimit)
-        return fail(kTooDeep);
+        return fail(kArchiveIsTooDeep);
     if (!spend(elements.count * m_list.referenceSize()))
         return false;
     node.height = 1;
@@ -348,68 +296,89 @@ bool ArchiveDecoder::convertArray(const ArchivedRecord& record, int depth, Node&
     return true;
 }
 
-bool ArchiveDecoder::convertDictionary(const ArchivedRecord& record, int depth, Node& node)
+// Most dictionaries have the keys of the one before them; equal references are equal keys.
+bool ArchiveDecoder::readKeys(const ArchivedObject& keys, int depth, QList<Key>& names)
 {
-    const Object keys = objectIn(record, Field::Keys);
-    const Object values = objectIn(record, Field::Objects);
-    if (keys.kind != Kind::Array || values.kind != Kind::Array || keys.count != values.count)
-        return fail(kDamaged);
+    const QByteArrayView references(keys.payload, qsizetype(keys.count * m_list.referenceSize()));
+    if (references == m_lastKeyReferences) {
+        names = m_lastKeys;
+        return true;
+    }
+    names.reserve(qsizetype(keys.count));
+    for (quint64 position = 0; position < keys.count; ++position) {
+        Node key;
+        if (!convertPlace(m_list.elementAt(keys, position), depth, key))
+            return false;
+        if (key.value.typeId() != QMetaType::QString)
+            return fail(kArchiveKeyIsNoText);
+        // Only a key beyond the ordinary counts: it weighs nothing for its first 64 bytes.
+        names.append({ key.value.toString(), key.weight - 1 });
+    }
+    m_lastKeyReferences = references;
+    m_lastKeys = names;
+    return true;
+}
+
+bool ArchiveDecoder::convertDictionary(const ZLArchivedRecord& record, int depth, Node& node)
+{
+    const ArchivedObject keys = objectIn(record, Field::Keys);
+    const ArchivedObject values = objectIn(record, Field::Objects);
+    if (keys.kind != PropertyListKind::Array || values.kind != PropertyListKind::Array || keys.count != values.count)
+        return fail(kArchiveIsDamaged);
     if (depth > ZLKeyedUnarchiver::kDepthLimit)
-        return fail(kTooDeep);
+        return fail(kArchiveIsTooDeep);
     if (!spend(values.count * m_list.referenceSize()))
         return false;
     node.height = 1;
+    QList<Key> names;
+    if (!readKeys(keys, depth + 1, names))
+        return false;
     std::map<QString, QVariant> map;
-    for (quint64 position = 0; position < keys.count; ++position) {
-        Node key;
+    for (qsizetype position = 0; position < names.size(); ++position) {
         Node value;
-        if (!convertPlace(m_list.elementAt(keys, position), depth + 1, key)
-            || !convertPlace(m_list.elementAt(values, position), depth + 1, value))
+        if (!convertPlace(m_list.elementAt(values, quint64(position)), depth + 1, value))
             return false;
-        if (key.value.typeId() != QMetaType::QString)
-            return fail(kKeyIsNoText);
-        // Only a key beyond the ordinary counts: it weighs nothing for its first 64 bytes.
-        value.weight += key.weight - 1;
+        value.weight += names[position].weight;
         if (!addToParent(node, value))
             return false;
         // Sorted keys, as our own archiver writes them, need no search.
-        map.insert_or_assign(map.cend(), key.value.toString(), std::move(value.value));
+        map.insert_or_assign(map.cend(), names[position].text, std::move(value.value));
     }
     node.value = QVariantMap(std::move(map));
     return true;
 }
 
 // Texts and data in an object of their own, which holds them or names their place.
-bool ArchiveDecoder::convertWrapped(const ArchivedRecord& record, Field field, QMetaType::Type type, Node& node)
+bool ArchiveDecoder::convertWrapped(const ZLArchivedRecord& record, Field field, QMetaType::Type type, Node& node)
 {
     std::optional<quint64> index = record.fields[field];
-    Object object = objectIn(record, field);
-    if (object.kind == Kind::Uid) {
+    ArchivedObject object = objectIn(record, field);
+    if (object.kind == PropertyListKind::Uid) {
         index = indexBehind(object);
-        object = index ? m_list.objectAt(*index) : Object();
+        object = index ? m_list.objectAt(*index) : ArchivedObject();
     }
     // Nothing that could lead on to further objects is accepted here.
-    if (!object.isText() && object.kind != Kind::Data)
-        return fail(kDamaged);
-    return convert(*index, 1, node) && (node.value.typeId() == type || fail(kDamaged));
+    if (!object.isText() && object.kind != PropertyListKind::Data)
+        return fail(kArchiveIsDamaged);
+    return convert(*index, 1, node) && (node.value.typeId() == type || fail(kArchiveIsDamaged));
 }
 
-bool ArchiveDecoder::convertDate(const ArchivedRecord& record, Node& node)
+bool ArchiveDecoder::convertDate(const ZLArchivedRecord& record, Node& node)
 {
-    const Object time = objectIn(record, Field::Time);
-    if (time.kind != Kind::Real && time.kind != Kind::Integer)
-        return fail(kDamaged);
+    const ArchivedObject time = objectIn(record, Field::Time);
+    if (time.kind != PropertyListKind::Real && time.kind != PropertyListKind::Integer)
+        return fail(kArchiveIsDamaged);
     const std::optional<QDateTime> date = ZLDateFromReferenceSeconds(time.scalar().value_or(QVariant()).toDouble());
     if (date)
         node.value = *date;
     return true;
 }
 
-bool ArchiveDecoder::convertUuid(const ArchivedRecord& record, Node& node)
+bool ArchiveDecoder::convertUuid(const ZLArchivedRecord& record, Node& node)
 {
-    const Object bytes = objectIn(record, Field::Uuid);
-    if (bytes.kind != Kind::Data || bytes.count != 16)
-        return fail(kDamaged);
+    const ArchivedObject bytes = objectIn(record, Field::Uuid);
+    if (bytes.kind != PropertyListKind::Data || bytes.count != 16)
+        return fail(kArchiveIsDamaged);
     const QByteArrayView view(reinterpret_cast<const char*>(bytes.payload), 16);
     node.value = QUuid::fromRfc4122(view).toString(QUuid::WithoutBraces).toUpper();
     return true;

@@ -20,7 +20,7 @@ public:
     /// Collections inside each other, the root being the first.
     static constexpr int kDepthLimit = 64;
     /// A value weighs one, and one more for each 64 bytes of its text or data.
-    static constexpr quint64 kWeightLimit = 16 * 1024 * 1024;
+    static constexpr quint32 kWeightLimit = 16 * 1024 * 1024;
 
     /// The whole value, or an error that says why nothing was read.
     static ZLResult<QVariant> unarchivedRoot(QByteArrayView data);

@@ -47,6 +47,7 @@ def describe(objects, uid):
     if place == 0:
         assert value == "$null"
         return {"null": True}
+    assert value != "$null", "other readers would take this text for nothing"
     if isinstance(value, bool):
         return {"bool": value}
     if isinstance(value, int):

@@ -1,0 +1,103 @@
+#include "platform/ZLAtomicFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ZLAtomicFileTest : public testing::Test {
+protected:
+    [[nodiscard]] QString path(const QString& name = u"show.zelta"_s) const { return m_folder.filePath(name); }
+    [[nodiscard]] QByteArray contents(const QString& name = u"show.zelta"_s) const
+    {
+        return ZLAtomicFile::read(path(name)).value();
+    }
+    [[nodiscard]] QStringList names() const
+    {
+        return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    QTemporaryDir m_folder;
+};
+
+}
+
+TEST_F(ZLAtomicFileTest, AFileIsCreatedAndReplacedAsAWhole)
+{
+    EXPECT_TRUE(ZLAtomicFile::write(path(), "a long first version"));
+    EXPECT_EQ(contents(), "a long first version");
+    EXPECT_TRUE(ZLAtomicFile::write(path(), QByteArray("s\0cond", 6)));
+    EXPECT_EQ(contents(), QByteArray("s\0cond", 6));
+    EXPECT_TRUE(ZLAtomicFile::write(path(), {}));
+    EXPECT_EQ(contents(), QByteArray());
+}
+
+TEST_F(ZLAtomicFileTest, NothingIsLeftBesideTheFile)
+{
+    EXPECT_TRUE(ZLAtomicFile::write(path(), "one"));
+    EXPECT_TRUE(ZLAtomicFile::write(path(), "two"));
+    EXPECT_EQ(names(), QStringList({ u"show.zelta"_s }));
+}
+
+TEST_F(ZLAtomicFileTest, AReaderThatHasTheOldFileOpenSeesItUnchanged)
+{
+    EXPECT_TRUE(ZLAtomicFile::write(path(), "old"));
+    QFile reader(path());
+    ASSERT_TRUE(reader.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    EXPECT_TRUE(ZLAtomicFile::write(path(), "new"));
+    EXPECT_EQ(reader.readAll(), "old");
+    EXPECT_EQ(contents(), "new");
+}
+
+TEST_F(ZLAtomicFileTest, ASymbolicLinkStaysOneAndItsTargetIsWritten)
+{
+    EXPECT_TRUE(ZLAtomicFile::write(path(), "old"));
+    ASSERT_TRUE(QFile::link(path(), path(u"link.zelta"_s)));
+    EXPECT_TRUE(ZLAtomicFile::write(path(u"link.zelta"_s), "new"));
+    EXPECT_TRUE(QFileInfo(path(u"link.zelta"_s)).isSymLink());
+    EXPECT_EQ(contents(), "new");
+}
+
+TEST_F(ZLAtomicFileTest, PermissionsOfAnExistingFileAreKept)
+{
+    EXPECT_TRUE(ZLAtomicFile::write(path(), "old"));
+    const auto permissions = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadUser
+        | QFileDevice::WriteUser | QFileDevice::ReadGroup;
+    ASSERT_TRUE(QFile::setPermissions(path(), permissions));
+    EXPECT_TRUE(ZLAtomicFile::write(path(), "new"));
+    const auto groupAndOthers = QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup
+        | QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
+    EXPECT_EQ(QFile::permissions(path()) & groupAndOthers, QFileDevice::ReadGroup);
+}
+
+TEST_F(ZLAtomicFileTest, AFailureNamesTheFile)
+{
+    const QString missing = path(u"no such folder/show.zelta"_s);
+    const auto status = ZLAtomicFile::write(missing, "x");
+    ASSERT_FALSE(status.isOk());
+    EXPECT_TRUE(status.error().message.contains(missing)) << qPrintable(status.error().message);
+    const auto bytes = ZLAtomicFile::read(path());
+    ASSERT_FALSE(bytes.isOk());
+    EXPECT_TRUE(bytes.error().message.contains(path())) << qPrintable(bytes.error().message);
+}
+
+TEST_F(ZLAtomicFileTest, AFolderIsNeitherReadNorReplaced)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder"_s));
+    EXPECT_FALSE(ZLAtomicFile::write(path(u"folder"_s), "x"));
+    EXPECT_FALSE(ZLAtomicFile::read(path(u"folder"_s)));
+    EXPECT_TRUE(QFileInfo(path(u"folder"_s)).isDir());
+    EXPECT_EQ(names(), QStringList({ u"folder"_s }));
+}
+
+TEST_F(ZLAtomicFileTest, AFullDeviceIsReportedAndTheOldFileStays)
+{
+    if (!QFileInfo::exists(u"/dev/full"_s))
+        GTEST_SKIP() << "no device here that is always full";
+    EXPECT_FALSE(ZLAtomicFile::write(u"/dev/full"_s, "x"));
+}

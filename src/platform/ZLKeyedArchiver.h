@@ -11,6 +11,6 @@
 /// once.
 class ZLKeyedArchiver {
 public:
-    /// Never fails. About 80 bytes for a dictionary of seven short values, beside the texts.
+    /// Never fails.
     [[nodiscard]] static QByteArray archivedData(const QVariant& root);
 };

@@ -29,16 +29,22 @@ public:
     [[nodiscard]] ZLTemplatesTableModel& tableModel() { return m_tableModel; }
     /// One row is selected whenever there are rows.
     [[nodiscard]] QItemSelectionModel& selectionModel() { return m_selectionModel; }
+    /// -1 when there are no rows.
+    [[nodiscard]] qsizetype selectedRow() const;
 
     /// Replaces the templates by saved ones; the delegate is not told.
     void loadChapters(const QVariantList& savedChapters);
     [[nodiscard]] QVariantList chaptersForSaving();
 
+    /// Puts a new template behind the selected one, or at the end, selects it and asks for its title to be edited.
     void addChapterButtonPressed();
+    /// Removes the selected template; the delegate is not told when there is none.
     void removeChapterButtonPressed();
-    /// Appends the chapters of the outlines in `plainTexts`, the texts that the clipboard holds.
+    /// Appends the chapters of the outlines in `plainTexts`, the texts that the clipboard holds. The delegate
+    /// is told even when there are none.
     void importFromPasteboard(const QStringList& plainTexts);
-    /// Moves the template at `row` to the gap before `gap` (0 … count).
+    /// Moves the template at `row` to the gap before `gap` (0 … count) and selects it; any other row or gap
+    /// changes nothing.
     void moveTemplate(qsizetype row, qsizetype gap);
 
 Q_SIGNALS:
@@ -50,6 +56,7 @@ Q_SIGNALS:
 
 private:
     void selectRow(qsizetype row);
+    void selectRowIfNoneIs(qsizetype row);
     void tellDelegate();
 
     ZLTemplatesViewControllerDelegate* m_delegate;

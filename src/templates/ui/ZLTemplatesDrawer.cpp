@@ -1,0 +1,94 @@
+#include "templates/ui/ZLTemplatesDrawer.h"
+
+#include "templates/ui/ZLTextCellDelegate.h"
+#include "ui_ZLTemplatesViewController.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+
+ZLTemplatesDrawer::ZLTemplatesDrawer(ZLTemplatesViewController& controller, QWidget* parent)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::ZLTemplatesDrawer>())
+    , m_controller(controller)
+{
+    m_ui->setupUi(this);
+    setFocusProxy(m_ui->tableView);
+    showTemplates();
+    connectButtons();
+    connectActions();
+    updateEmptyState();
+}
+
+ZLTemplatesDrawer::~ZLTemplatesDrawer() = default;
+
+void ZLTemplatesDrawer::showTemplates()
+{
+    ZLTemplatesTableModel& model = m_controller.tableModel();
+    m_ui->tableView->setModel(&model);
+    const std::unique_ptr<QItemSelectionModel> madeByView(m_ui->tableView->selectionModel());
+    m_ui->tableView->setSelectionModel(&m_controller.selectionModel());
+    m_ui->tableView->setItemDelegate(new ZLTextCellDelegate(this));
+    m_ui->tableView->setEmptyText(tr("Prepare topics here, or import an outline from the clipboard."));
+    connect(&model, &QAbstractItemModel::rowsInserted, this, &ZLTemplatesDrawer::updateEmptyState);
+    connect(&model, &QAbstractItemModel::rowsRemoved, this, &ZLTemplatesDrawer::updateEmptyState);
+    connect(&model, &QAbstractItemModel::modelReset, this, &ZLTemplatesDrawer::updateEmptyState);
+    connect(&m_controller, &ZLTemplatesViewController::wantsEditing, this, &ZLTemplatesDrawer::editCell);
+}
+
+void ZLTemplatesDrawer::connectButtons()
+{
+    connect(m_ui->addButton, &QToolButton::clicked, &m_controller, &ZLTemplatesViewController::addChapterButtonPressed);
+    connect(m_ui->removeButton, &QToolButton::clicked, &m_controller,
+        &ZLTemplatesViewController::removeChapterButtonPressed);
+    auto* menu = new QMenu(m_ui->importButton);
+    menu->addAction(tr("Import from Clipboard"), this, &ZLTemplatesDrawer::importFromClipboard);
+    m_ui->importButton->setMenu(menu);
+}
+
+void ZLTemplatesDrawer::connectActions()
+{
+    connect(
+        m_ui->removeAction, &QAction::triggered, &m_controller, &ZLTemplatesViewController::removeChapterButtonPressed);
+    connect(m_ui->moveUpAction, &QAction::triggered, this, &ZLTemplatesDrawer::moveSelectedTemplateUp);
+    connect(m_ui->moveDownAction, &QAction::triggered, this, &ZLTemplatesDrawer::moveSelectedTemplateDown);
+}
+
+void ZLTemplatesDrawer::updateEmptyState()
+{
+    const bool isEmpty = m_controller.tableModel().rowCount() == 0;
+    // A button that is switched off passes the focus on to nowhere in particular.
+    if (isEmpty && m_ui->removeButton->hasFocus())
+        m_ui->addButton->setFocus();
+    m_ui->removeButton->setEnabled(!isEmpty);
+    const QList<QAction*> actions = m_ui->tableView->actions();
+    for (QAction* action : actions)
+        action->setEnabled(!isEmpty);
+    m_ui->tableView->setAccessibleDescription(isEmpty ? m_ui->tableView->emptyText() : QString());
+}
+
+void ZLTemplatesDrawer::editCell(const QModelIndex& index)
+{
+    m_ui->tableView->setFocus();
+    m_ui->tableView->edit(index);
+}
+
+void ZLTemplatesDrawer::importFromClipboard()
+{
+    const QString text = QGuiApplication::clipboard()->text();
+    m_controller.importFromPasteboard(text.isEmpty() ? QStringList() : QStringList(text));
+}
+
+void ZLTemplatesDrawer::moveSelectedTemplateUp()
+{
+    const qsizetype row = m_controller.selectedRow();
+    if (row > 0)
+        m_controller.moveTemplate(row, row - 1);
+}
+
+void ZLTemplatesDrawer::moveSelectedTemplateDown()
+{
+    const qsizetype row = m_controller.selectedRow();
+    if (row >= 0 && row + 1 < m_controller.chapterManager().count())
+        m_controller.moveTemplate(row, row + 2);
+}

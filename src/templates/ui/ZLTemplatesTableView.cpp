@@ -1,0 +1,91 @@
+#include "templates/ui/ZLTemplatesTableView.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+ZLTemplatesTableView::ZLTemplatesTableView(QWidget* parent)
+    : QTableView(parent)
+{
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
+    fitRowHeight();
+}
+
+void ZLTemplatesTableView::setEmptyText(const QString& text)
+{
+    m_emptyText = text;
+    viewport()->update();
+}
+
+bool ZLTemplatesTableView::event(QEvent* event)
+{
+    // While the focus is here, this table's keys go before the window's, which may use the same ones.
+    if (event->type() == QEvent::ShortcutOverride && actionForKey(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    return QTableView::event(event);
+}
+
+void ZLTemplatesTableView::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitRowHeight();
+}
+
+void ZLTemplatesTableView::keyPressEvent(QKeyEvent* event)
+{
+    if (QAction* action = actionForKey(*event))
+        action->trigger();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void ZLTemplatesTableView::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (!model() || model()->rowCount() > 0)
+        return;
+    const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin, nullptr, this);
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().marginsRemoved({ margin, margin, margin, margin }),
+        Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+}
+
+void ZLTemplatesTableView::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    const int titleWidth = viewport()->width() * 2 / 3;
+    setColumnWidth(0, titleWidth);
+    setColumnWidth(1, viewport()->width() - titleWidth);
+}
+
+QItemSelectionModel::SelectionFlags ZLTemplatesTableView::selectionCommand(
+    const QModelIndex& index, const QEvent* event) const
+{
+    const auto command = QTableView::selectionCommand(index, event);
+    const bool selectsSomething = index.isValid() && command.testFlag(QItemSelectionModel::Select);
+    return selectsSomething ? command : QItemSelectionModel::NoUpdate;
+}
+
+QAction* ZLTemplatesTableView::actionForKey(const QKeyEvent& event) const
+{
+    // The arrows of a number pad are arrows too.
+    const QKeySequence keys(QKeyCombination(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key())));
+    const auto own = actions();
+    const auto found =
+        std::find_if(own.cbegin(), own.cend(), [&keys](const QAction* action) { return action->shortcut() == keys; });
+    return found == own.cend() ? nullptr : *found;
+}
+
+void ZLTemplatesTableView::fitRowHeight()
+{
+    const int usual = style()->pixelMetric(QStyle::PM_HeaderDefaultSectionSizeVertical, nullptr, this);
+    verticalHeader()->setDefaultSectionSize(std::max(usual, fontMetrics().height() * 3 / 2));
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QTableView>
+
+/// The table of a drawer: it says something while it is empty, never lets go of its selected row, and gives the first
+/// of its two columns two thirds of the width.
+class ZLTemplatesTableView : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit ZLTemplatesTableView(QWidget* parent = nullptr);
+
+    /// Shown in the middle of a table without rows.
+    void setEmptyText(const QString& text);
+    [[nodiscard]] const QString& emptyText() const { return m_emptyText; }
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event) const override;
+
+private:
+    /// The action of this table that `event` stands for, or null.
+    [[nodiscard]] QAction* actionForKey(const QKeyEvent& event) const;
+    void fitRowHeight();
+
+    QString m_emptyText;
+};

@@ -1,8 +1,8 @@
 #include "document/ZLDocumentFile.h"
 
 #include "model/ZLStoredValue.h"
-#include "platform/ZLKeyedArchiver.h"
-#include "platform/ZLKeyedUnarchiver.h"
+#include "platform/archive/ZLKeyedArchiver.h"
+#include "platform/archive/ZLKeyedUnarchiver.h"
 
 #include <QCoreApplication>
 #include <QVariantMap>

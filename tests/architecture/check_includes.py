@@ -9,6 +9,8 @@ from pathlib import Path
 # Bottom to top. A folder may include itself and what stands before it.
 ORDER = [
     "platform",
+    "platform/archive",
+    "platform/hotkey",
     "resources",
     "model",
     "settings",

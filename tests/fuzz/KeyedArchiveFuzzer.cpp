@@ -1,7 +1,7 @@
 // Bytes from anywhere into the unarchiver. What it accepts must be bounded, and must survive being written and read
 // again without a difference.
-#include "platform/ZLKeyedArchiver.h"
-#include "platform/ZLKeyedUnarchiver.h"
+#include "platform/archive/ZLKeyedArchiver.h"
+#include "platform/archive/ZLKeyedUnarchiver.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "platform/ZLBinaryPropertyListReader.h"
+#include "platform/archive/ZLBinaryPropertyListReader.h"
 
 #include <QCoreApplication>
 

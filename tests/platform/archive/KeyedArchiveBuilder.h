@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ZLBinaryPropertyListWriter.h"
+#include "platform/archive/ZLBinaryPropertyListWriter.h"
 
 #include <initializer_list>
 #include <utility>

@@ -1,8 +1,8 @@
-#include "platform/ZLKeyedArchiver.h"
+#include "platform/archive/ZLKeyedArchiver.h"
 
-#include "platform/ZLBinaryPropertyList.h"
-#include "platform/ZLBinaryPropertyListWriter.h"
-#include "platform/ZLKeyedUnarchiver.h"
+#include "platform/archive/ZLBinaryPropertyList.h"
+#include "platform/archive/ZLBinaryPropertyListWriter.h"
+#include "platform/archive/ZLKeyedUnarchiver.h"
 
 #include <QHash>
 

@@ -1,6 +1,6 @@
 // The archives meet two other readers and one other writer of the same format.
-#include "platform/ZLKeyedArchiver.h"
-#include "platform/ZLKeyedUnarchiver.h"
+#include "platform/archive/ZLKeyedArchiver.h"
+#include "platform/archive/ZLKeyedUnarchiver.h"
 
 #include <QDateTime>
 #include <QFile>

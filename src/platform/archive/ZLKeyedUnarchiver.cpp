@@ -1,7 +1,7 @@
-#include "platform/ZLKeyedUnarchiver.h"
+#include "platform/archive/ZLKeyedUnarchiver.h"
 
-#include "platform/ZLBinaryPropertyListReader.h"
-#include "platform/ZLKeyedArchiveNames.h"
+#include "platform/archive/ZLBinaryPropertyListReader.h"
+#include "platform/archive/ZLKeyedArchiveNames.h"
 
 #include <QCoreApplication>
 #include <QHash>

@@ -1,7 +1,7 @@
-#include "platform/ZLKeyedUnarchiver.h"
+#include "platform/archive/ZLKeyedUnarchiver.h"
 
-#include "platform/KeyedArchiveBuilder.h"
-#include "platform/ZLKeyedArchiver.h"
+#include "platform/archive/KeyedArchiveBuilder.h"
+#include "platform/archive/ZLKeyedArchiver.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>

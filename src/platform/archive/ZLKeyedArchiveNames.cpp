@@ -1,4 +1,4 @@
-#include "platform/ZLKeyedArchiveNames.h"
+#include "platform/archive/ZLKeyedArchiveNames.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
-#include "platform/ZLKeyedArchiver.h"
+#include "platform/archive/ZLKeyedArchiver.h"
 
-#include "platform/ZLKeyedUnarchiver.h"
+#include "platform/archive/ZLKeyedUnarchiver.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ZLBinaryPropertyListReader.h"
+#include "platform/archive/ZLBinaryPropertyListReader.h"
 
 #include <array>
 #include <optional>

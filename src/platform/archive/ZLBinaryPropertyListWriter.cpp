@@ -1,4 +1,4 @@
-#include "platform/ZLBinaryPropertyListWriter.h"
+#include "platform/archive/ZLBinaryPropertyListWriter.h"
 
 #include <QtEndian>
 

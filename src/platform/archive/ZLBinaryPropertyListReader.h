@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ZLBinaryPropertyList.h"
+#include "platform/archive/ZLBinaryPropertyList.h"
 #include "platform/ZLResult.h"
 
 /// Looks into a binary property list ("bplist00") without building anything: an object is found by its index and

@@ -1,5 +1,5 @@
-#include "platform/ZLBinaryPropertyListReader.h"
-#include "platform/ZLBinaryPropertyListWriter.h"
+#include "platform/archive/ZLBinaryPropertyListReader.h"
+#include "platform/archive/ZLBinaryPropertyListWriter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/ZLBinaryPropertyList.h"
+#include "platform/archive/ZLBinaryPropertyList.h"
 
 #include <bit>
 #include <cmath>

@@ -1,6 +1,8 @@
 #include "platform/ZLAtomicFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 namespace {
@@ -14,6 +16,9 @@ ZLError fileFailure(const QString& path, const QString& reason)
 
 ZLStatus ZLAtomicFile::write(const QString& path, const QByteArray& bytes)
 {
+    // A device or a pipe would be replaced by an ordinary file, /dev/null for everyone on the machine.
+    if (const QFileInfo target(path); target.exists() && !target.isFile())
+        return fileFailure(path, QCoreApplication::translate("ZLAtomicFile", "This is no ordinary file."));
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return fileFailure(path, file.errorString());

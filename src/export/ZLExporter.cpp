@@ -1,0 +1,84 @@
+#include "export/ZLExporter.h"
+
+#include "export/ZLExporterRegistry.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ZLExporterRegistry& processWideExporters()
+{
+    static ZLExporterRegistry registry;
+    return registry;
+}
+
+QLatin1StringView predefinedEntityFor(QChar character)
+{
+    switch (character.unicode()) {
+    case u'&':
+        return "&amp;"_L1;
+    case u'<':
+        return "&lt;"_L1;
+    case u'>':
+        return "&gt;"_L1;
+    case u'"':
+        return "&quot;"_L1;
+    case u'\'':
+        return "&apos;"_L1;
+    default:
+        return {};
+    }
+}
+
+}
+
+ZLExporterClass::ZLExporterClass(std::type_index type, ZLExportFormat format, Create maker)
+    : m_type(type)
+    , m_format(std::move(format))
+    , m_create(maker)
+{
+}
+
+ZLResult<QByteArray> ZLExporter::exportedBytes(const ZLExportInput&) const
+{
+    return ZLError { QCoreApplication::translate("ZLExporter", "This format writes no file.") };
+}
+
+void ZLExporter::registerExporter(const ZLExporterClass& exporterClass)
+{
+    processWideExporters().registerExporter(exporterClass);
+}
+
+QList<ZLExporterClass> ZLExporter::allExporters()
+{
+    return processWideExporters().allExporters();
+}
+
+QString ZLExporter::xmlEncodeString(const QString& text)
+{
+    QString encoded;
+    encoded.reserve(text.size());
+    for (const QChar character : text) {
+        const QLatin1StringView entity = predefinedEntityFor(character);
+        if (entity.isEmpty())
+            encoded += character;
+        else
+            encoded += entity;
+    }
+    return encoded;
+}
+
+QString ZLExporter::proposedFileName(const QString& displayName, const QString& fileType)
+{
+    QString name = displayName;
+    // A name is proposed, never a path into some other folder.
+    name.replace(u'/', u'-');
+    // A dot in front hides a file, it does not begin an extension.
+    if (const qsizetype dot = name.lastIndexOf(u'.'); dot > 0)
+        name.truncate(dot);
+    if (name.isEmpty())
+        name = QCoreApplication::translate("ZLExporter", "Untitled");
+    return u"%1.%2"_s.arg(name, fileType);
+}

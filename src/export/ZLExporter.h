@@ -1,0 +1,103 @@
+#pragma once
+
+#include "model/ZLChapter.h"
+#include "platform/ZLResult.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <typeindex>
+
+/// How a format gets at the file that it writes.
+enum class ZLExportDialogKind {
+    None, ///< It writes no file at all.
+    Save, ///< A new file, or one that is replaced.
+    Open, ///< An existing file that is rewritten in place.
+};
+
+/// The checkbox of a format that has one.
+enum class ZLExportOption { Off, On };
+
+/// What a format says about itself.
+struct ZLExportFormat {
+    /// Name in menus and on the command line, "Podlove Simple Chapters".
+    QString name {};
+    ZLExportDialogKind dialogKind = ZLExportDialogKind::None;
+    /// Extension of its files without the dot, "psc".
+    QString fileType {};
+    /// Title of its checkbox; empty when it has none.
+    QString optionTitle {};
+
+    [[nodiscard]] bool hasOption() const { return !optionTitle.isEmpty(); }
+};
+
+/// All that a format may make its bytes from. It is a value, so that an export needs neither a document nor a window.
+struct ZLExportInput {
+    /// All chapters in list order, the disabled ones too.
+    ZLChapterSequence chapters {};
+    /// Seconds of all finished recording spans.
+    double duration = 0.0;
+    ZLExportOption option = ZLExportOption::Off;
+    /// Name of the chosen file without its folder and its last extension.
+    QString fileBaseName {};
+    /// What the chosen file holds before the export; only for ZLExportDialogKind::Open.
+    QByteArray existingBytes {};
+};
+
+class ZLExporterClass;
+
+/// One export format. A derived class has a static `format()` and turns chapters into the bytes of a file; asking for
+/// the file and writing it is the same for all and lies outside. The base class writes nothing.
+///
+/// The class side lists all formats of the process. It is used from the main thread only.
+class ZLExporter {
+public:
+    virtual ~ZLExporter() = default;
+
+    /// A format without a name and without a file.
+    [[nodiscard]] static ZLExportFormat format() { return {}; }
+
+    /// The whole contents of the file, or why there are none.
+    [[nodiscard]] virtual ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const;
+
+    /// Adds a class to the process-wide list; the base class itself is left out. A class that is registered twice is
+    /// listed twice.
+    static void registerExporter(const ZLExporterClass& exporterClass);
+    /// The registered classes in ascending order of their names; empty when there are none.
+    [[nodiscard]] static QList<ZLExporterClass> allExporters();
+
+    /// `text` with ampersand, less-than, greater-than, double quote and apostrophe replaced by their predefined
+    /// entities. All other characters pass unchanged, also those that no XML document may contain.
+    [[nodiscard]] static QString xmlEncodeString(const QString& text);
+
+    /// "Episode 12.psc" for a document shown as "Episode 12.zelta": its last extension gives way to `fileType`. A
+    /// document that is absent or has no name is proposed as "Untitled".
+    [[nodiscard]] static QString proposedFileName(const QString& displayName, const QString& fileType);
+};
+
+/// One class of exporters as a value: what it says about itself, and how to make one.
+class ZLExporterClass {
+public:
+    template <typename Exporter>
+    [[nodiscard]] static ZLExporterClass of()
+    {
+        return { typeid(Exporter), Exporter::format(),
+            []() -> std::unique_ptr<ZLExporter> { return std::make_unique<Exporter>(); } };
+    }
+
+    [[nodiscard]] const ZLExportFormat& format() const { return m_format; }
+    [[nodiscard]] std::unique_ptr<ZLExporter> create() const { return m_create(); }
+
+    /// Whether both stand for the same C++ class.
+    bool operator==(const ZLExporterClass& other) const { return m_type == other.m_type; }
+
+private:
+    using Create = std::unique_ptr<ZLExporter> (*)();
+    ZLExporterClass(std::type_index type, ZLExportFormat format, Create maker);
+
+    std::type_index m_type;
+    ZLExportFormat m_format;
+    Create m_create;
+};

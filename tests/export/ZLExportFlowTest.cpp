@@ -1,0 +1,371 @@
+#include "export/ui/ZLExportFlow.h"
+
+#include "document/ZLChapterDocument.h"
+#include "export/ZLSimpleChaptersExporter.h"
+#include "platform/ZLAtomicFile.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray emptyChapters =
+    "<psc:chapters version=\"1.2\" xmlns:psc=\"http://podlove.org/simple-chapters\">\n</psc:chapters>\n";
+
+/// Writes down all that it is given; has a checkbox.
+class NotingExporter final : public ZLExporter {
+public:
+    static ZLExportFormat format()
+    {
+        return { .name = u"Noting"_s,
+            .dialogKind = ZLExportDialogKind::Save,
+            .fileType = u"note"_s,
+            .optionTitle = u"With everything"_s };
+    }
+    ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override
+    {
+        return u"%1 %2 %3 %4"_s.arg(input.chapters.size())
+            .arg(input.duration)
+            .arg(input.option == ZLExportOption::On)
+            .arg(input.fileBaseName)
+            .toUtf8();
+    }
+};
+
+/// Appends the number of chapters to an existing file.
+class AppendingExporter final : public ZLExporter {
+public:
+    static ZLExportFormat format()
+    {
+        return {
+            .name = u"Appending"_s, .dialogKind = ZLExportDialogKind::Open, .fileType = u"session"_s, .optionTitle = {}
+        };
+    }
+    ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override
+    {
+        if (!input.existingBytes.startsWith("session"))
+            return ZLError { u"No session."_s };
+        return input.existingBytes + QByteArray::number(input.chapters.size());
+    }
+};
+
+class ZLExportFlowTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_document->setDisplayName(u"Episode 12.zelta"_s);
+        addChapter(5, u"One & only"_s);
+    }
+
+    void addChapter(double seconds, const QString& title)
+    {
+        auto chapter = std::make_shared<ZLChapter>();
+        chapter->setTimeStamp(seconds);
+        chapter->setTitle(title);
+        m_document->addChapter(chapter);
+    }
+
+    template <typename Exporter>
+    void start(ZLChapterDocument* document)
+    {
+        m_flow = new ZLExportFlow(ZLExporterClass::of<Exporter>());
+        connectOutcome();
+        m_flow->exportChapters(document);
+    }
+
+    void connectOutcome()
+    {
+        QObject::connect(
+            m_flow, &ZLExportFlow::exportDidFinish, m_flow, [this](const QString& path) { m_written.append(path); });
+        QObject::connect(
+            m_flow, &ZLExportFlow::exportDidFail, m_flow, [this](const QString& reason) { m_failures.append(reason); });
+    }
+
+    void type(const QString& path)
+    {
+        auto* edit = m_flow->dialog()->findChild<QLineEdit*>(u"fileNameEdit"_s);
+        ASSERT_NE(edit, nullptr);
+        edit->setText(path);
+    }
+
+    void press(QDialogButtonBox::StandardButton button)
+    {
+        auto* buttons = m_flow->dialog()->findChild<QDialogButtonBox*>();
+        ASSERT_NE(buttons, nullptr);
+        ASSERT_NE(buttons->button(button), nullptr);
+        buttons->button(button)->click();
+    }
+
+    void save(const QString& path)
+    {
+        type(path);
+        press(QDialogButtonBox::Save);
+        deleteFinished();
+    }
+
+    static void deleteFinished() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+    QString at(const QString& name) const { return m_folder.filePath(name); }
+    QByteArray contentsOf(const QString& name) const { return ZLAtomicFile::read(at(name)).value(); }
+    QStringList filesInFolder() const
+    {
+        return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<ZLChapterDocument> m_document = std::make_unique<ZLChapterDocument>(ZLDocumentEnvironment {});
+    QPointer<ZLExportFlow> m_flow;
+    QStringList m_written;
+    QStringList m_failures;
+};
+
+}
+
+TEST_F(ZLExportFlowTest, ShowsASaveDialogThatBlocksNothing)
+{
+    start<ZLSimpleChaptersExporter>(m_document.get());
+
+    QFileDialog* dialog = m_flow->dialog();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(dialog->isWindow());
+    EXPECT_FALSE(dialog->isModal());
+    EXPECT_EQ(dialog->acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(dialog->nameFilters(), QStringList { u"Podlove Simple Chapters (*.psc)"_s });
+    EXPECT_EQ(QFileInfo(dialog->selectedFiles().value(0)).fileName(), u"Episode 12.psc"_s);
+    EXPECT_TRUE(dialog->findChildren<QCheckBox*>().isEmpty());
+    EXPECT_FALSE(dialog->testOption(QFileDialog::DontUseNativeDialog));
+    EXPECT_FALSE(dialog->testOption(QFileDialog::ReadOnly)) << "folders can be created";
+    press(QDialogButtonBox::Cancel);
+    deleteFinished();
+}
+
+TEST_F(ZLExportFlowTest, WritesTheChaptersOfTheMomentOfConfirming)
+{
+    start<ZLSimpleChaptersExporter>(m_document.get());
+    addChapter(2, u"Later added, earlier in time"_s);
+
+    save(at(u"out.psc"_s));
+
+    EXPECT_EQ(m_written, QStringList { at(u"out.psc"_s) });
+    EXPECT_TRUE(m_failures.isEmpty());
+    EXPECT_EQ(contentsOf(u"out.psc"_s),
+        QByteArray(emptyChapters)
+            .replace("</",
+                "<psc:chapter start=\"00:00:02.000\" title=\"Later added, earlier in time\" />\n"
+                "<psc:chapter start=\"00:00:05.000\" title=\"One &amp; only\" />\n</"));
+    EXPECT_EQ(filesInFolder(), QStringList { u"out.psc"_s });
+    EXPECT_TRUE(m_flow.isNull()) << "nothing outlives the export";
+}
+
+TEST_F(ZLExportFlowTest, AppendsTheExtensionThatIsMissing)
+{
+    start<ZLSimpleChaptersExporter>(m_document.get());
+    save(at(u"out"_s));
+    EXPECT_EQ(filesInFolder(), QStringList { u"out.psc"_s });
+}
+
+TEST_F(ZLExportFlowTest, CancellingWritesAndReportsNothing)
+{
+    start<ZLSimpleChaptersExporter>(m_document.get());
+    type(at(u"out.psc"_s));
+
+    press(QDialogButtonBox::Cancel);
+    deleteFinished();
+
+    EXPECT_TRUE(filesInFolder().isEmpty());
+    EXPECT_TRUE(m_written.isEmpty());
+    EXPECT_TRUE(m_failures.isEmpty());
+    EXPECT_TRUE(m_flow.isNull());
+}
+
+TEST_F(ZLExportFlowTest, OverwritesAfterTheOneQuestionOfTheDialog)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"out.psc"_s), QByteArray(100000, 'x')).isOk());
+    start<ZLSimpleChaptersExporter>(nullptr);
+    type(at(u"out.psc"_s));
+    int questions = 0;
+    QTimer answering;
+    QObject::connect(&answering, &QTimer::timeout, &answering, [&questions] {
+        if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            ++questions;
+            question->button(QMessageBox::Yes)->click();
+        }
+    });
+    answering.start(0);
+
+    press(QDialogButtonBox::Save);
+
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(contentsOf(u"out.psc"_s), emptyChapters);
+    EXPECT_EQ(m_written.size(), 1);
+    deleteFinished();
+}
+
+TEST_F(ZLExportFlowTest, ReportsAFileThatCannotBeWritten)
+{
+    start<ZLSimpleChaptersExporter>(m_document.get());
+
+    // Not even the administrator can make a file there.
+    save(u"/proc/zelta-export.psc"_s);
+
+    EXPECT_TRUE(m_written.isEmpty());
+    ASSERT_EQ(m_failures.size(), 1);
+    EXPECT_TRUE(m_failures.constFirst().startsWith("/proc/zelta-export.psc: "_L1))
+        << qPrintable(m_failures.constFirst());
+    EXPECT_FALSE(m_document->chapterManager().allChapters().isEmpty());
+    EXPECT_TRUE(m_flow.isNull());
+}
+
+TEST_F(ZLExportFlowTest, LeavesNothingBehindInAFolderThatWentAway)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"gone"_s));
+    start<ZLSimpleChaptersExporter>(m_document.get());
+    type(at(u"gone/out.psc"_s));
+    ASSERT_TRUE(QDir(m_folder.path()).rmdir(u"gone"_s));
+
+    press(QDialogButtonBox::Save);
+    deleteFinished();
+
+    EXPECT_EQ(m_failures.size(), 1);
+    EXPECT_TRUE(filesInFolder().isEmpty());
+}
+
+TEST_F(ZLExportFlowTest, WritesTheEmptyFileWithoutADocument)
+{
+    start<ZLSimpleChaptersExporter>(nullptr);
+    EXPECT_EQ(QFileInfo(m_flow->dialog()->selectedFiles().value(0)).fileName(), u"Untitled.psc"_s);
+
+    save(at(u"none.psc"_s));
+
+    EXPECT_EQ(contentsOf(u"none.psc"_s), emptyChapters);
+    EXPECT_EQ(m_written.size(), 1);
+}
+
+TEST_F(ZLExportFlowTest, WritesNothingForADocumentThatWasClosed)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"old.note"_s), "precious").isOk());
+    start<ZLSimpleChaptersExporter>(m_document.get());
+    m_document.reset();
+
+    save(at(u"out.psc"_s));
+
+    EXPECT_EQ(m_failures.size(), 1);
+    EXPECT_TRUE(m_written.isEmpty());
+    EXPECT_EQ(filesInFolder(), QStringList { u"old.note"_s });
+}
+
+TEST_F(ZLExportFlowTest, GoesWithTheWindowInFrontOfWhichItStands)
+{
+    auto window = std::make_unique<QWidget>();
+    m_flow = new ZLExportFlow(ZLExporterClass::of<ZLSimpleChaptersExporter>());
+    connectOutcome();
+    m_flow->exportChapters(m_document.get(), window.get());
+    ASSERT_TRUE(m_flow->dialog()->isWindow());
+
+    window.reset();
+    deleteFinished();
+
+    EXPECT_TRUE(m_flow.isNull());
+    EXPECT_TRUE(m_written.isEmpty() && m_failures.isEmpty());
+}
+
+TEST_F(ZLExportFlowTest, ClosesItsDialogWhenItsOwnerGoes)
+{
+    auto owner = std::make_unique<QObject>();
+    const QPointer<ZLExportFlow> flow = new ZLExportFlow(ZLExporterClass::of<ZLSimpleChaptersExporter>(), owner.get());
+    flow->exportChapters(m_document.get());
+    const QPointer<QFileDialog> dialog = flow->dialog();
+    ASSERT_FALSE(dialog.isNull());
+
+    owner.reset();
+
+    EXPECT_TRUE(flow.isNull());
+    EXPECT_TRUE(dialog.isNull());
+}
+
+TEST_F(ZLExportFlowTest, OffersTheCheckboxOfAFormatThatHasOne)
+{
+    start<NotingExporter>(m_document.get());
+    const auto boxes = m_flow->dialog()->findChildren<QCheckBox*>();
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_EQ(boxes.constFirst()->text(), u"With everything"_s);
+    EXPECT_FALSE(boxes.constFirst()->isChecked());
+    EXPECT_TRUE(boxes.constFirst()->isVisible());
+    EXPECT_TRUE(m_flow->dialog()->testOption(QFileDialog::DontUseNativeDialog));
+
+    boxes.constFirst()->click();
+    save(at(u"Show 12.3.note"_s));
+
+    EXPECT_EQ(contentsOf(u"Show 12.3.note"_s), "1 0 1 Show 12.3");
+}
+
+TEST_F(ZLExportFlowTest, DoesNotRememberTheCheckbox)
+{
+    start<NotingExporter>(m_document.get());
+    m_flow->dialog()->findChild<QCheckBox*>()->click();
+    save(at(u"first.note"_s));
+
+    start<NotingExporter>(m_document.get());
+    save(at(u"second.note"_s));
+
+    EXPECT_EQ(contentsOf(u"second.note"_s), "1 0 0 second");
+}
+
+TEST_F(ZLExportFlowTest, HandsOverTheRecordedDuration)
+{
+    m_document->readFromData(ZLDocumentFile::encode({ .chapters = {}, .duration = 12.5, .templates = {} }));
+    start<NotingExporter>(m_document.get());
+    save(at(u"long.note"_s));
+    EXPECT_EQ(contentsOf(u"long.note"_s), "0 12.5 0 long");
+}
+
+TEST_F(ZLExportFlowTest, RewritesAnExistingFileInPlace)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"my.session"_s), "session ").isOk());
+    start<AppendingExporter>(m_document.get());
+    EXPECT_EQ(m_flow->dialog()->acceptMode(), QFileDialog::AcceptOpen);
+    EXPECT_EQ(m_flow->dialog()->fileMode(), QFileDialog::ExistingFile);
+
+    type(at(u"my.session"_s));
+    press(QDialogButtonBox::Open);
+    deleteFinished();
+
+    EXPECT_EQ(contentsOf(u"my.session"_s), "session 1");
+    EXPECT_EQ(m_written.size(), 1);
+}
+
+TEST_F(ZLExportFlowTest, LeavesAFileAloneThatTheFormatRefuses)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"my.session"_s), "poetry").isOk());
+    start<AppendingExporter>(m_document.get());
+
+    type(at(u"my.session"_s));
+    press(QDialogButtonBox::Open);
+    deleteFinished();
+
+    EXPECT_EQ(m_failures, QStringList { u"No session."_s });
+    EXPECT_EQ(contentsOf(u"my.session"_s), "poetry");
+}
+
+TEST_F(ZLExportFlowTest, ShowsNoDialogForTheBaseClass)
+{
+    start<ZLExporter>(m_document.get());
+    EXPECT_EQ(m_flow->dialog(), nullptr);
+    deleteFinished();
+    EXPECT_TRUE(m_flow.isNull());
+    EXPECT_TRUE(m_written.isEmpty() && m_failures.isEmpty());
+}

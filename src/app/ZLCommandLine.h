@@ -1,0 +1,51 @@
+#pragma once
+
+#include "export/ZLExporter.h"
+#include "platform/ZLResult.h"
+
+#include <QString>
+#include <QStringList>
+
+/// What the program tells the shell when it ends.
+namespace ZLExitStatus {
+inline constexpr int Done = 0;
+inline constexpr int Failed = 1;
+inline constexpr int WrongUsage = 2;
+}
+
+enum class ZLCommand {
+    OpenWindows,
+    RecordHeadless,
+    ListFormats,
+    ExportFile,
+    ShowFile,
+    PrintHelp,
+    PrintVersion,
+};
+
+enum class ZLHeadlessStart { Paused, Recording };
+
+enum class ZLShowForm { Table, Json };
+
+/// What the user asked for when starting the program. Entries that the command has no use for keep their defaults.
+struct ZLCommandLine {
+    ZLCommand command = ZLCommand::OpenWindows;
+    /// Any number for OpenWindows, at most one for RecordHeadless, exactly one for ExportFile and ShowFile.
+    QStringList files {};
+    ZLHeadlessStart headlessStart = ZLHeadlessStart::Paused;
+    QString formatName {};
+    ZLExportOption exportOption = ZLExportOption::Off;
+    QString outputPath {};
+    ZLShowForm showForm = ZLShowForm::Table;
+
+    /// Reads `arguments`, the name of the program first. The error is what is wrong with them, in one line. No
+    /// application object is needed: which one to make may depend on the answer.
+    ///
+    /// A word such as "show" is a command only as the very first argument; a file of that name is given as "./show".
+    [[nodiscard]] static ZLResult<ZLCommandLine> parse(const QStringList& arguments);
+
+    [[nodiscard]] static QString helpText();
+
+    /// Whether ZLFileCommands carries it out, without a display.
+    [[nodiscard]] bool isFileCommand() const;
+};

@@ -1,0 +1,175 @@
+#include "app/ZLFileCommands.h"
+
+#include "app/ZLChapterListing.h"
+#include "model/ZLChapterManager.h"
+#include "platform/ZLAtomicFile.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString fileCommandText(const char* text)
+{
+    return QCoreApplication::translate("ZLFileCommands", text);
+}
+
+ZLResult<ZLDocumentContents> readDocument(const QString& path)
+{
+    const auto bytes = ZLAtomicFile::read(path);
+    if (!bytes)
+        return bytes.error();
+    auto contents = ZLDocumentFile::decode(bytes.value());
+    if (!contents)
+        return ZLError { u"%1: %2"_s.arg(path, contents.error().message) };
+    return contents;
+}
+
+ZLChapterSequence sortedChapters(const QVariantList& dictionaries)
+{
+    return ZLChapterManager(dictionaries).allChapters();
+}
+
+ZLChapterSequence chaptersAsStored(const QVariantList& dictionaries)
+{
+    ZLChapterManager manager;
+    manager.setWantsSortedChapters(false);
+    manager.loadChapters(dictionaries);
+    return manager.allChapters();
+}
+
+bool isSameFile(const QString& left, const QString& right)
+{
+    const QString path = QFileInfo(left).canonicalFilePath();
+    return !path.isEmpty() && path == QFileInfo(right).canonicalFilePath();
+}
+
+}
+
+ZLFileCommands::ZLFileCommands(QList<ZLExporterClass> exporterClasses, QTextStream& out, QTextStream& err)
+    : m_exporterClasses(std::move(exporterClasses))
+    , m_out(out)
+    , m_err(err)
+{
+}
+
+int ZLFileCommands::run(const ZLCommandLine& commandLine)
+{
+    Q_ASSERT(commandLine.isFileCommand());
+    switch (commandLine.command) {
+    case ZLCommand::ListFormats:
+        return listFormats();
+    case ZLCommand::ExportFile:
+        return exportFile(commandLine);
+    case ZLCommand::ShowFile:
+        return showFile(commandLine);
+    case ZLCommand::PrintVersion:
+        return print(u"Zelta %1\n"_s.arg(QStringLiteral(ZELTA_VERSION)));
+    case ZLCommand::PrintHelp:
+    case ZLCommand::OpenWindows:
+    case ZLCommand::RecordHeadless:
+        break;
+    }
+    return print(ZLCommandLine::helpText());
+}
+
+int ZLFileCommands::refuseUsage(const ZLError& error)
+{
+    return fail(ZLExitStatus::WrongUsage, error.message);
+}
+
+int ZLFileCommands::listFormats()
+{
+    QString text;
+    for (const ZLExporterClass& exporterClass : std::as_const(m_exporterClasses))
+        text += exporterClass.format().name + u'\t' + exporterClass.format().fileType + u'\n';
+    return print(text);
+}
+
+int ZLFileCommands::exportFile(const ZLCommandLine& commandLine)
+{
+    const auto exporterClass = exporterClassFor(commandLine);
+    if (!exporterClass)
+        return refuseUsage(exporterClass.error());
+    const ZLStatus status = writeExport(exporterClass.value(), commandLine);
+    return status ? ZLExitStatus::Done : fail(ZLExitStatus::Failed, status.error().message);
+}
+
+ZLResult<ZLExporterClass> ZLFileCommands::exporterClassFor(const ZLCommandLine& commandLine) const
+{
+    QStringList names;
+    for (const ZLExporterClass& exporterClass : m_exporterClasses) {
+        const ZLExportFormat& format = exporterClass.format();
+        names.append(format.name);
+        if (format.name.compare(commandLine.formatName, Qt::CaseInsensitive) != 0)
+            continue;
+        if (commandLine.exportOption == ZLExportOption::On && !format.hasOption())
+            return ZLError { fileCommandText("The format \"%1\" has no option.").arg(format.name) };
+        return exporterClass;
+    }
+    return ZLError { fileCommandText("There is no format \"%1\"; the formats are: %2.")
+                         .arg(commandLine.formatName, names.join(", "_L1)) };
+}
+
+ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const ZLCommandLine& commandLine)
+{
+    const QString& source = commandLine.files.constFirst();
+    const QString& target = commandLine.outputPath;
+    const auto contents = readDocument(source);
+    if (!contents)
+        return contents.error();
+    // The chapters cannot be read back from an export, so it must not take the document's place.
+    if (isSameFile(source, target))
+        return ZLError { fileCommandText("%1: the export would replace the document itself.").arg(target) };
+    ZLExportInput input { .chapters = sortedChapters(contents.value().chapters),
+        .duration = contents.value().duration,
+        .option = commandLine.exportOption,
+        .fileBaseName = QFileInfo(target).completeBaseName() };
+    if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
+        auto existing = ZLAtomicFile::read(target);
+        if (!existing)
+            return existing.error();
+        input.existingBytes = std::move(existing).value();
+    }
+    const auto bytes = exporterClass.create()->exportedBytes(input);
+    if (!bytes)
+        return ZLError { u"%1: %2"_s.arg(target, bytes.error().message) };
+    return ZLAtomicFile::write(target, bytes.value());
+}
+
+int ZLFileCommands::showFile(const ZLCommandLine& commandLine)
+{
+    const auto read = readDocument(commandLine.files.constFirst());
+    if (!read)
+        return fail(ZLExitStatus::Failed, read.error().message);
+    const ZLDocumentContents& contents = read.value();
+    const ZLChapterSequence chapters = sortedChapters(contents.chapters);
+    if (commandLine.showForm == ZLShowForm::Table)
+        return print(ZLChapterListing::table(chapters, contents.duration));
+    return print(
+        QString::fromUtf8(ZLChapterListing::json(chapters, contents.duration, chaptersAsStored(contents.templates))));
+}
+
+int ZLFileCommands::print(const QString& text)
+{
+    m_out << text;
+    m_out.flush();
+    if (m_out.status() != QTextStream::Ok)
+        return fail(ZLExitStatus::Failed, fileCommandText("The standard output could not be written."));
+    return ZLExitStatus::Done;
+}
+
+int ZLFileCommands::fail(int status, const QString& message)
+{
+    // A file name may hold line breaks and worse, and still the reason is one line.
+    QString line = message;
+    for (QChar& character : line) {
+        if (character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    m_err << "zelta: " << line << '\n';
+    m_err.flush();
+    return status;
+}

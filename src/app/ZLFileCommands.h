@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/ZLCommandLine.h"
+#include "document/ZLDocumentFile.h"
+
+#include <QTextStream>
+
+/// The commands that work on files and end: no window, no display, no running recorder. Each returns a ZLExitStatus;
+/// when it is not Done, one line on the error stream says why and no file was changed.
+class ZLFileCommands {
+public:
+    /// The streams have to outlive the object.
+    ZLFileCommands(QList<ZLExporterClass> exporterClasses, QTextStream& out, QTextStream& err);
+
+    /// Carries out a command for which isFileCommand() holds.
+    [[nodiscard]] int run(const ZLCommandLine& commandLine);
+
+    /// Tells that the arguments could not be understood.
+    [[nodiscard]] int refuseUsage(const ZLError& error);
+
+private:
+    [[nodiscard]] int listFormats();
+    [[nodiscard]] int exportFile(const ZLCommandLine& commandLine);
+    [[nodiscard]] int showFile(const ZLCommandLine& commandLine);
+    [[nodiscard]] int print(const QString& text);
+    [[nodiscard]] int fail(int status, const QString& message);
+
+    [[nodiscard]] ZLResult<ZLExporterClass> exporterClassFor(const ZLCommandLine& commandLine) const;
+    [[nodiscard]] static ZLStatus writeExport(const ZLExporterClass& exporterClass, const ZLCommandLine& commandLine);
+
+    QList<ZLExporterClass> m_exporterClasses;
+    QTextStream& m_out;
+    QTextStream& m_err;
+};

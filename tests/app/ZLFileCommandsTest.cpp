@@ -80,6 +80,8 @@ QJsonObject readByAnotherParser(const QString& text)
     return QJsonDocument::fromJson(python.readAllStandardOutput()).object();
 }
 
+}
+
 class ZLFileCommandsTest : public testing::Test {
 protected:
     static void SetUpTestSuite() { ZLRegisterExporters(); }
@@ -132,8 +134,6 @@ protected:
     QString m_out;
     QString m_err;
 };
-
-}
 
 TEST_F(ZLFileCommandsTest, ListsTheFormats)
 {

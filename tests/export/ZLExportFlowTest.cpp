@@ -62,6 +62,8 @@ public:
     }
 };
 
+}
+
 class ZLExportFlowTest : public testing::Test {
 protected:
     void SetUp() override
@@ -131,8 +133,6 @@ protected:
     QStringList m_written;
     QStringList m_failures;
 };
-
-}
 
 TEST_F(ZLExportFlowTest, ShowsASaveDialogThatBlocksNothing)
 {

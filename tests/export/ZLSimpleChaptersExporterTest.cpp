@@ -64,9 +64,9 @@ QJsonArray readByOthers(const QByteArray& bytes)
     return QJsonDocument::fromJson(reader.readAllStandardOutput()).array();
 }
 
-class PodloveGolden : public testing::TestWithParam<const char*> { };
-
 }
+
+class PodloveGolden : public testing::TestWithParam<const char*> { };
 
 TEST_P(PodloveGolden, IsWrittenByteForByte)
 {

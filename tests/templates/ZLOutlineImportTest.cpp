@@ -147,6 +147,9 @@ TEST(ZLOutlineImportTest, OfALongHostOnlyTheLast256CharactersBelongToTheLink)
     const QString host(300, u'a');
     EXPECT_EQ(linkIn(host + u".com/path"_s), host.first(256) + u".com/path"_s);
     EXPECT_EQ(linkIn(host.first(256) + u".com"_s), host.first(256) + u".com"_s);
+    const QString farDomain = u"aa.de"_s + QString(251, u'-') + u".com"_s;
+    EXPECT_EQ(linkIn(farDomain), farDomain);
+    EXPECT_EQ(linkIn(u"aa.de-"_s + QString(251, u'-') + u".com"_s), u"aa.de"_s);
 }
 
 TEST(ZLOutlineImportTest, FindsWhatTheDocumentedExpressionFinds)

@@ -59,15 +59,16 @@ public:
     /// @}
 
     /// @name Chapter commands
+    /// Chapters are taken by value: a pointer that lies in the list would be changed by the command itself.
     /// @{
     void addChapterButtonPressed();
     void addFirstChapterFromTemplates();
-    void readdFirstChapterToTemplates(const ZLChapterPointer& chapter);
+    void readdFirstChapterToTemplates(ZLChapterPointer chapter);
     void addNewBlankChapter();
-    void addChapter(const ZLChapterPointer& chapter);
+    void addChapter(ZLChapterPointer chapter);
     void deleteButtonPressed();
     void deleteLastChapter();
-    void removeChapter(const ZLChapterPointer& chapter);
+    void removeChapter(ZLChapterPointer chapter);
     /// One row up; "last" means the one before.
     void selectLastChapter();
     void selectNextChapter();
@@ -75,10 +76,10 @@ public:
     void editCurrentLink();
     /// Negative moves earlier; chapters that come to lie before the start are disabled.
     void moveChaptersByMilliseconds(float milliseconds);
-    void updateChapterToEnabledState(const ZLChapterPointer& chapter, bool enabled);
-    void updateChapterToTitle(const ZLChapterPointer& chapter, const QString& title);
-    void updateChapterToLink(const ZLChapterPointer& chapter, const QString& link);
-    void updateChapterToTime(const ZLChapterPointer& chapter, double seconds);
+    void updateChapterToEnabledState(ZLChapterPointer chapter, bool enabled);
+    void updateChapterToTitle(ZLChapterPointer chapter, const QString& title);
+    void updateChapterToLink(ZLChapterPointer chapter, const QString& link);
+    void updateChapterToTime(ZLChapterPointer chapter, double seconds);
     void showAbsoluteTimePressed();
     /// @}
 
@@ -129,6 +130,8 @@ Q_SIGNALS:
     /// The cell should be scrolled into view and opened for typing, with its text selected.
     void wantsEditing(const QModelIndex& index);
     void invalidTimestampEntered();
+    /// A chapter is about to come or go: what is being typed somewhere should be written now, as a step of its own.
+    void typedTextShouldBeCommitted();
     void controllersShouldBeInformed();
     /// The file form changed: it is worth saving.
     void contentsDidChange();
@@ -147,6 +150,7 @@ private:
     void stampWithClock(ZLChapter& chapter) const;
     void notifyOfNewChapter();
     void updateInterfaceForNewChapter(const ZLChapterPointer& chapter);
+    /// Those that are in this state already are left out; without any other there is no step.
     void setEnabledStates(const ZLChapterSequence& chapters, bool enabled);
     void editSelectedRow(const QString& columnIdentifier);
     void selectRow(int row);

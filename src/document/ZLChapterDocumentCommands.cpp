@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +19,12 @@ const QString changeEnabledActionName = QStringLiteral("Change Enabled");
 const QString changeTitleActionName = QStringLiteral("Change Title");
 const QString changeLinkActionName = QStringLiteral("Change Link");
 const QString changeTimeActionName = QStringLiteral("Change Time");
+
+/// Whether both are the very same text object. Equal text that was typed anew is another one.
+bool isSameTextObject(const QString& left, const QString& right)
+{
+    return left.constData() == right.constData() && left.size() == right.size() && left.isNull() == right.isNull();
+}
 
 QDateTime movedBySeconds(const QDateTime& date, double seconds)
 {
@@ -33,6 +41,7 @@ void ZLChapterDocument::addChapterButtonPressed()
 {
     if (!isRecording() || m_undoManager.isUndoing() || m_undoManager.isRedoing())
         return;
+    Q_EMIT typedTextShouldBeCommitted();
     if (addButtonFace() == ZLAddButtonFace::Next) {
         addFirstChapterFromTemplates();
         return;
@@ -58,7 +67,7 @@ void ZLChapterDocument::addFirstChapterFromTemplates()
     m_undoManager.setActionName(createChapterActionName);
 }
 
-void ZLChapterDocument::readdFirstChapterToTemplates(const ZLChapterPointer& chapter)
+void ZLChapterDocument::readdFirstChapterToTemplates(ZLChapterPointer chapter)
 {
     const ZLUndoGroup group(m_undoManager);
     m_templateViewController.chapterManager().insertChapterAtIndex(chapter, 0);
@@ -75,7 +84,7 @@ void ZLChapterDocument::addNewBlankChapter()
     addChapter(chapter);
 }
 
-void ZLChapterDocument::addChapter(const ZLChapterPointer& chapter)
+void ZLChapterDocument::addChapter(ZLChapterPointer chapter)
 {
     const ZLUndoGroup group(m_undoManager);
     _realAddChapter(chapter);
@@ -85,17 +94,19 @@ void ZLChapterDocument::addChapter(const ZLChapterPointer& chapter)
 
 void ZLChapterDocument::deleteButtonPressed()
 {
+    Q_EMIT typedTextShouldBeCommitted();
     if (const ZLChapterPointer chapter = m_chapterManager.chapterAtIndex(selectedRow()))
         removeChapter(chapter);
 }
 
 void ZLChapterDocument::deleteLastChapter()
 {
+    Q_EMIT typedTextShouldBeCommitted();
     if (const ZLChapterPointer chapter = m_chapterManager.lastChapter())
         removeChapter(chapter);
 }
 
-void ZLChapterDocument::removeChapter(const ZLChapterPointer& chapter)
+void ZLChapterDocument::removeChapter(ZLChapterPointer chapter)
 {
     const ZLUndoGroup group(m_undoManager);
     _realRemoveChapter(chapter);
@@ -131,30 +142,29 @@ void ZLChapterDocument::moveChaptersByMilliseconds(float milliseconds)
         return;
     const ZLUndoGroup group(m_undoManager);
     const double delta = double(milliseconds / 1000.0F);
-    ZLChapterSequence disabled;
+    ZLChapterSequence beforeStart;
     const ZLChapterSequence chapters = m_chapterManager.allChapters();
     for (const auto& chapter : chapters) {
         chapter->setTimeStamp(chapter->timeStamp() + delta);
-        if (chapter->timeStamp() < 0.0 && chapter->isEnabled())
-            disabled.append(chapter);
+        if (chapter->timeStamp() < 0.0)
+            beforeStart.append(chapter);
     }
     // All of them in one step: refreshing once a chapter would make a long list crawl.
-    setEnabledStates(disabled, false);
+    setEnabledStates(beforeStart, false);
     updateEverything();
     m_undoManager.registerStep([this, milliseconds] { moveChaptersByMilliseconds(-milliseconds); });
     m_undoManager.setActionName(moveChaptersActionName);
 }
 
-void ZLChapterDocument::updateChapterToEnabledState(const ZLChapterPointer& chapter, bool enabled)
+void ZLChapterDocument::updateChapterToEnabledState(ZLChapterPointer chapter, bool enabled)
 {
-    if (chapter->isEnabled() != enabled)
-        setEnabledStates({ chapter }, enabled);
+    setEnabledStates({ chapter }, enabled);
 }
 
-void ZLChapterDocument::updateChapterToTitle(const ZLChapterPointer& chapter, const QString& title)
+void ZLChapterDocument::updateChapterToTitle(ZLChapterPointer chapter, const QString& title)
 {
     const QString oldTitle = chapter->title();
-    if (title.isSharedWith(oldTitle))
+    if (isSameTextObject(title, oldTitle))
         return;
     const ZLUndoGroup group(m_undoManager);
     m_undoManager.registerStep([this, chapter, oldTitle] { updateChapterToTitle(chapter, oldTitle); });
@@ -163,10 +173,10 @@ void ZLChapterDocument::updateChapterToTitle(const ZLChapterPointer& chapter, co
     updateEverything();
 }
 
-void ZLChapterDocument::updateChapterToLink(const ZLChapterPointer& chapter, const QString& link)
+void ZLChapterDocument::updateChapterToLink(ZLChapterPointer chapter, const QString& link)
 {
     const QString oldLink = chapter->link();
-    if (link.isSharedWith(oldLink))
+    if (isSameTextObject(link, oldLink))
         return;
     const ZLUndoGroup group(m_undoManager);
     m_undoManager.registerStep([this, chapter, oldLink] { updateChapterToLink(chapter, oldLink); });
@@ -175,7 +185,7 @@ void ZLChapterDocument::updateChapterToLink(const ZLChapterPointer& chapter, con
     updateEverything();
 }
 
-void ZLChapterDocument::updateChapterToTime(const ZLChapterPointer& chapter, double seconds)
+void ZLChapterDocument::updateChapterToTime(ZLChapterPointer chapter, double seconds)
 {
     const double oldTime = chapter->timeStamp();
     if (seconds == oldTime)
@@ -203,18 +213,16 @@ void ZLChapterDocument::_realAddChapter(const ZLChapterPointer& chapter)
 
 void ZLChapterDocument::_realRemoveChapter(const ZLChapterPointer& chapter)
 {
-    const int index = int(m_chapterManager.indexOfChapter(chapter).value_or(0));
+    const auto index = m_chapterManager.indexOfChapter(chapter);
     const int selected = selectedRow();
-    const ZLChapterPointer selectedChapter = m_chapterManager.chapterAtIndex(selected);
     m_chapterManager.removeChapter(chapter);
-    const int remaining = int(m_chapterManager.count());
-    if (remaining == 0)
+    if (!index || m_chapterManager.count() == 0)
         return;
-    const int wanted = std::min(std::max(index - (selected >= index ? 1 : 0), 0), remaining);
-    if (wanted < remaining)
+    const int wanted = std::max(int(*index) - (selected >= *index ? 1 : 0), 0);
+    if (wanted < m_chapterManager.count())
         selectRow(wanted);
-    else // One past the end: the selection stays where it was.
-        selectRow(int(m_chapterManager.indexOfChapter(selectedChapter).value_or(remaining - 1)));
+    else if (selectedRow() < 0) // Otherwise one past the end: the selection stays where it was.
+        selectRow(int(m_chapterManager.count()) - 1);
 }
 
 void ZLChapterDocument::stampWithClock(ZLChapter& chapter) const
@@ -246,12 +254,15 @@ void ZLChapterDocument::updateInterfaceForNewChapter(const ZLChapterPointer& cha
 
 void ZLChapterDocument::setEnabledStates(const ZLChapterSequence& chapters, bool enabled)
 {
-    if (chapters.isEmpty())
+    ZLChapterSequence changing;
+    std::copy_if(chapters.cbegin(), chapters.cend(), std::back_inserter(changing),
+        [enabled](const ZLChapterPointer& chapter) { return chapter->isEnabled() != enabled; });
+    if (changing.isEmpty())
         return;
     const ZLUndoGroup group(m_undoManager);
-    m_undoManager.registerStep([this, chapters, enabled] { setEnabledStates(chapters, !enabled); });
+    m_undoManager.registerStep([this, changing, enabled] { setEnabledStates(changing, !enabled); });
     m_undoManager.setActionName(changeEnabledActionName);
-    for (const auto& chapter : chapters)
+    for (const auto& chapter : std::as_const(changing))
         chapter->setEnabled(enabled);
     updateEverything();
 }

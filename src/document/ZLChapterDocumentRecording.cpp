@@ -39,6 +39,7 @@ void ZLChapterDocument::soundDidFinishPlaying()
 
 void ZLChapterDocument::startRecordingWithTime(double hostTime)
 {
+    Q_EMIT typedTextShouldBeCommitted();
     const ZLUndoGroup group(m_undoManager);
     _realStartRecordingWithTime(hostTime);
     m_undoManager.registerStep([this, hostTime] { undoStartRecordingWithTime(hostTime); });
@@ -69,9 +70,8 @@ void ZLChapterDocument::undoStopRecording(double originalDuration, double newDur
     const ZLUndoGroup group(m_undoManager);
     m_clock.setDuration(originalDuration);
     _realStartRecordingWithTime(startTime);
-    m_undoManager.registerStep([this, originalDuration, newDuration, startTime] {
-        stopRecording(originalDuration, newDuration, startTime);
-    });
+    m_undoManager.registerStep(
+        [this, originalDuration, newDuration, startTime] { stopRecording(originalDuration, newDuration, startTime); });
     m_undoManager.setActionName(startRecordingActionName);
 }
 

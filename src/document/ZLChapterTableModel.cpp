@@ -70,7 +70,8 @@ QVariant ZLChapterTableModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return toolTipAt(index);
     case Qt::AccessibleTextRole:
-        return index.column() == EnabledColumn ? headerData(EnabledColumn, Qt::Horizontal, Qt::ToolTipRole) : QVariant();
+        return index.column() == EnabledColumn ? headerData(EnabledColumn, Qt::Horizontal, Qt::ToolTipRole)
+                                               : QVariant();
     case ChapterEnabledRole:
         return chapter.isEnabled();
     default:
@@ -83,7 +84,9 @@ bool ZLChapterTableModel::setData(const QModelIndex& index, const QVariant& valu
     const int wantedRole = index.column() == EnabledColumn ? Qt::CheckStateRole : Qt::EditRole;
     if (!index.isValid() || index.row() >= rowCount() || role != wantedRole)
         return false;
-    const bool accepted = editChapter(chapters().at(index.row()), index.column(), value);
+    // A pointer of its own: the edit may reorder the list in which the other one lies.
+    const ZLChapterPointer chapter = chapters().at(index.row());
+    const bool accepted = editChapter(chapter, index.column(), value);
     m_document.informControllers();
     return accepted;
 }
@@ -97,7 +100,8 @@ QVariant ZLChapterTableModel::headerData(int section, Qt::Orientation orientatio
         return titles.value(section);
     }
     if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) {
-        const QStringList meanings { tr("Number"), tr("Exported"), tr("Time"), tr("Duration"), tr("Title"), tr("Link") };
+        const QStringList meanings { tr("Number"), tr("Exported"), tr("Time"), tr("Duration"), tr("Title"),
+            tr("Link") };
         return meanings.value(section);
     }
     return {};
@@ -226,7 +230,7 @@ bool ZLChapterTableModel::editChapter(const ZLChapterPointer& chapter, int colum
 {
     switch (column) {
     case EnabledColumn:
-        m_document.updateChapterToEnabledState(chapter, value.toInt() == Qt::Checked);
+        m_document.updateChapterToEnabledState(chapter, value.toInt() != Qt::Unchecked);
         return true;
     case TimeColumn:
         return editTime(chapter, value.toString());
@@ -244,6 +248,9 @@ bool ZLChapterTableModel::editChapter(const ZLChapterPointer& chapter, int colum
 bool ZLChapterTableModel::editTime(const ZLChapterPointer& chapter, const QString& text)
 {
     if (ZLSettingsManager::showAbsoluteTime()) {
+        // What was shown and left as it is changes nothing, although a text may stand for two moments in autumn.
+        if (text == ZLTimeEntry::textFromDate(chapter->realDate()))
+            return true;
         const qint64 shift = chapter->realDate().msecsTo(ZLTimeEntry::dateFromText(text));
         m_document.updateChapterToTime(chapter, double(shift) / 1000.0 + chapter->timeStamp());
         return true;

@@ -7,6 +7,7 @@
 #include <QTimeZone>
 
 #include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -49,8 +50,8 @@ std::optional<double> ZLTimeEntry::secondsFromText(const QString& text)
     const double minutes = leadingInteger(parts[1]);
     const float fraction = float(leadingInteger(secondPieces[1])) / 1000.0F;
     const double unsignedHours = isNegative ? -hours : hours;
-    const double seconds
-        = double(fraction) + (leadingInteger(secondPieces[0]) + (minutes + unsignedHours * 60.0) * 60.0);
+    const double seconds =
+        double(fraction) + (leadingInteger(secondPieces[0]) + (minutes + unsignedHours * 60.0) * 60.0);
     return isNegative ? -seconds : seconds;
 }
 
@@ -59,7 +60,8 @@ QString ZLTimeEntry::textFromDate(const QDateTime& date)
     if (!date.isValid())
         return {};
     const QDateTime local = date.toLocalTime();
-    const QString year = QString::number(local.date().year()).rightJustified(3, u'0');
+    // The year is that of its era: the last one before the year 1 is 1, too.
+    const QString year = QString::number(std::abs(local.date().year())).rightJustified(3, u'0');
     return local.toString(u"HH:mm:ss.zzz "_s) + year + local.toString(u"-MM-dd"_s);
 }
 
@@ -72,8 +74,7 @@ QDateTime ZLTimeEntry::dateFromText(const QString& text)
         return referenceDate();
     const auto number = [&match](int group) { return match.captured(group).toInt(); };
     const int milliseconds = match.captured(4).leftJustified(3, u'0', true).toInt();
-    const QDateTime date(
-        QDate(number(5), number(6), number(7)), QTime(number(1), number(2), number(3), milliseconds));
+    const QDateTime date(QDate(number(5), number(6), number(7)), QTime(number(1), number(2), number(3), milliseconds));
     return date.isValid() ? date : referenceDate();
 }
 

@@ -68,14 +68,14 @@ QVariantList ZLChapterManager::chaptersForSaving()
     return dictionaries;
 }
 
-void ZLChapterManager::addChapter(const ZLChapterPointer& chapter)
+void ZLChapterManager::addChapter(ZLChapterPointer chapter)
 {
     sortChapters();
     insertInOrder(chapter, m_chapters.size());
     Q_EMIT chaptersDidChange();
 }
 
-void ZLChapterManager::insertChapterAtIndex(const ZLChapterPointer& chapter, qsizetype index)
+void ZLChapterManager::insertChapterAtIndex(ZLChapterPointer chapter, qsizetype index)
 {
     if (index < 0 || index > m_chapters.size()) {
         qCWarning(chapterListLog) << "no chapter can be inserted at" << index << "of" << m_chapters.size();
@@ -97,7 +97,7 @@ void ZLChapterManager::removeChapterAtIndex(qsizetype index)
     Q_EMIT chaptersDidChange();
 }
 
-void ZLChapterManager::removeChapter(const ZLChapterPointer& chapter)
+void ZLChapterManager::removeChapter(ZLChapterPointer chapter)
 {
     for (qsizetype index = m_chapters.size() - 1; index >= 0; --index) {
         if (m_chapters.at(index) == chapter)
@@ -187,8 +187,8 @@ void ZLChapterManager::insertInOrder(const ZLChapterPointer& chapter, qsizetype 
     qsizetype index = wantedIndex;
     if (m_wantsSortedChapters) {
         // Where a stable sort would move the chapter to from the wanted index.
-        const auto [first, last]
-            = std::equal_range(m_chapters.cbegin(), m_chapters.cend(), chapter, chapterComesBefore);
+        const auto [first, last] =
+            std::equal_range(m_chapters.cbegin(), m_chapters.cend(), chapter, chapterComesBefore);
         index = std::clamp(wantedIndex, qsizetype(first - m_chapters.cbegin()), qsizetype(last - m_chapters.cbegin()));
     }
     Q_EMIT willInsertChapterAtIndex(index);

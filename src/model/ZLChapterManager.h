@@ -17,7 +17,8 @@ class ZLChapterManager : public QObject {
 
 public:
     explicit ZLChapterManager(QObject* parent = nullptr);
-    /// One chapter per dictionary, in the given order, then sorted. An entry that is no dictionary reads as an empty one.
+    /// One chapter per dictionary, in the given order, then sorted. An entry that is no dictionary reads as an empty
+    /// one.
     explicit ZLChapterManager(const QVariantList& dictionaries, QObject* parent = nullptr);
     ~ZLChapterManager() override;
 
@@ -27,14 +28,14 @@ public:
     /// The dictionary forms of all chapters in list order.
     [[nodiscard]] QVariantList chaptersForSaving();
 
-    void addChapter(const ZLChapterPointer& chapter);
+    void addChapter(ZLChapterPointer chapter);
     /// `index` from 0 to count(); any other is refused with a warning and changes nothing. With sorting on it only
     /// matters among chapters of equal time.
-    void insertChapterAtIndex(const ZLChapterPointer& chapter, qsizetype index);
+    void insertChapterAtIndex(ZLChapterPointer chapter, qsizetype index);
     /// An index outside of the list is refused with a warning and changes nothing.
     void removeChapterAtIndex(qsizetype index);
     /// Removes every entry that is this very object; nothing happens to the list when there is none.
-    void removeChapter(const ZLChapterPointer& chapter);
+    void removeChapter(ZLChapterPointer chapter);
     /// Removes the last entry; refused with a warning on an empty list.
     void removeLastChapter();
 

@@ -47,6 +47,8 @@ QString ZLUndoManager::redoActionName() const
 
 void ZLUndoManager::removeAllActions()
 {
+    if (!canUndo() && !canRedo() && m_openGroup.steps.empty())
+        return;
     m_undoHistory.clear();
     m_redoHistory.clear();
     m_openGroup = {};

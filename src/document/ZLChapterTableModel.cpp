@@ -109,9 +109,9 @@ QVariant ZLChapterTableModel::headerData(int section, Qt::Orientation orientatio
 
 Qt::ItemFlags ZLChapterTableModel::flags(const QModelIndex& index) const
 {
-    Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
     if (!index.isValid() || index.row() >= rowCount())
-        return flags;
+        return {};
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
     switch (index.column()) {
     case EnabledColumn:
         // A chapter before the recording's start is no part of it and stays disabled.

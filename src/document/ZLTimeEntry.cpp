@@ -74,8 +74,10 @@ QDateTime ZLTimeEntry::dateFromText(const QString& text)
         return referenceDate();
     const auto number = [&match](int group) { return match.captured(group).toInt(); };
     const int milliseconds = match.captured(4).leftJustified(3, u'0', true).toInt();
-    const QDateTime date(QDate(number(5), number(6), number(7)), QTime(number(1), number(2), number(3), milliseconds));
-    return date.isValid() ? date : referenceDate();
+    const QTime time(number(1), number(2), number(3), milliseconds);
+    const QDateTime date(QDate(number(5), number(6), number(7)), time);
+    // An impossible time of a possible day would be taken as its midnight.
+    return time.isValid() && date.isValid() ? date : referenceDate();
 }
 
 float ZLTimeEntry::millisecondsFromText(const QString& text)

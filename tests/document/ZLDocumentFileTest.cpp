@@ -1,0 +1,70 @@
+#include "document/ZLDocumentFile.h"
+
+#include "platform/archive/ZLKeyedArchiver.h"
+#include "platform/archive/ZLKeyedUnarchiver.h"
+#include "support/ZLChapterBuilders.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using ZLTestChapters::chapterAt;
+
+namespace {
+
+ZLDocumentContents decoded(const QVariant& root)
+{
+    const auto contents = ZLDocumentFile::decode(ZLKeyedArchiver::archivedData(root));
+    EXPECT_TRUE(contents.isOk()) << qPrintable(contents.error().message);
+    return contents.isOk() ? contents.value() : ZLDocumentContents();
+}
+
+}
+
+TEST(ZLDocumentFileTest, ContentsComeBackUnchanged)
+{
+    const ZLDocumentContents contents { .chapters = { chapterAt(1.5, u"Intro ☕"_s)->dictionaryRepresentation(),
+                                            chapterAt(-2.0)->dictionaryRepresentation() },
+        .duration = 65.5,
+        .templates = { chapterAt(0.0, u"Later"_s)->dictionaryRepresentation() } };
+    const auto read = ZLDocumentFile::decode(ZLDocumentFile::encode(contents));
+    ASSERT_TRUE(read.isOk());
+    EXPECT_EQ(read.value(), contents);
+}
+
+TEST(ZLDocumentFileTest, TheFileHasExactlyThreeKeys)
+{
+    const auto root = ZLKeyedUnarchiver::unarchivedRoot(ZLDocumentFile::encode({}));
+    ASSERT_TRUE(root.isOk());
+    EXPECT_EQ(root.value().toMap(),
+        QVariantMap({ { u"Chapters"_s, QVariantList() }, { u"Duration"_s, 0.0 }, { u"Templates"_s, QVariantList() } }));
+}
+
+TEST(ZLDocumentFileTest, MissingEntriesReadAsEmpty)
+{
+    EXPECT_EQ(decoded(QVariantMap()), ZLDocumentContents());
+}
+
+TEST(ZLDocumentFileTest, ADurationThatIsATextIsReadAsItsNumber)
+{
+    EXPECT_EQ(decoded(QVariantMap { { u"Duration"_s, u"65.5"_s } }).duration, 65.5);
+    EXPECT_EQ(decoded(QVariantMap { { u"Duration"_s, 65 } }).duration, 65.0);
+    EXPECT_EQ(decoded(QVariantMap { { u"Duration"_s, QVariantList() } }).duration, 0.0);
+}
+
+TEST(ZLDocumentFileTest, ChaptersThatAreNoListReadAsNone)
+{
+    const auto contents = decoded(QVariantMap { { u"Chapters"_s, 5 }, { u"Templates"_s, QVariantMap() } });
+    EXPECT_TRUE(contents.chapters.isEmpty());
+    EXPECT_TRUE(contents.templates.isEmpty());
+}
+
+TEST(ZLDocumentFileTest, BytesThatAreNoDocumentAreRefusedWithAReason)
+{
+    for (const QByteArray& bytes :
+        { QByteArray(), QByteArray("hello"), QByteArray(5000, '\0'), ZLKeyedArchiver::archivedData(u"just a text"_s),
+            ZLKeyedArchiver::archivedData(QVariantList { 1 }), ZLDocumentFile::encode({}).chopped(1) }) {
+        const auto contents = ZLDocumentFile::decode(bytes);
+        ASSERT_FALSE(contents.isOk()) << bytes.size() << " bytes";
+        EXPECT_FALSE(contents.error().message.isEmpty());
+    }
+}

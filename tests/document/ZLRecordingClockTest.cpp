@@ -1,0 +1,50 @@
+#include "document/ZLRecordingClock.h"
+
+#include "support/ZLFakeHostClock.h"
+
+#include <QSignalSpy>
+#include <gtest/gtest.h>
+
+namespace {
+
+class ZLRecordingClockTest : public testing::Test {
+protected:
+    std::shared_ptr<ZLFakeHostClock> m_hostClock = std::make_shared<ZLFakeHostClock>();
+    ZLRecordingClock m_clock { m_hostClock };
+};
+
+}
+
+TEST_F(ZLRecordingClockTest, ANewClockStandsAtZero)
+{
+    EXPECT_FALSE(m_clock.isRunning());
+    EXPECT_EQ(m_clock.currentDuration(), 0.0);
+    EXPECT_EQ(m_clock.startTime(), 0.0);
+    m_hostClock->advance(50.0);
+    EXPECT_EQ(m_clock.currentDuration(), 0.0);
+}
+
+TEST_F(ZLRecordingClockTest, ItCountsFromItsStartOnTopOfWhatWasRecorded)
+{
+    m_clock.setDuration(60.0);
+    m_hostClock->setNow(500.0);
+    m_clock.startAt(490.0);
+    EXPECT_TRUE(m_clock.isRunning());
+    EXPECT_EQ(m_clock.currentDuration(), 70.0);
+    EXPECT_EQ(m_clock.duration(), 60.0);
+    m_hostClock->setNow(530.0);
+    EXPECT_EQ(m_clock.currentDuration(), 100.0);
+    m_clock.stop();
+    EXPECT_EQ(m_clock.currentDuration(), 60.0);
+    EXPECT_EQ(m_clock.startTime(), 0.0);
+}
+
+TEST_F(ZLRecordingClockTest, TheDisplayIsDueOnlyWhileItRuns)
+{
+    QSignalSpy due(&m_clock, &ZLRecordingClock::displayIsDue);
+    m_clock.startAt(100.0);
+    EXPECT_TRUE(due.wait(5000));
+    m_clock.stop();
+    due.clear();
+    EXPECT_FALSE(due.wait(250));
+}

@@ -1,0 +1,201 @@
+// What one step costs in a window with a long list: add, edit, undo, repaint, and opening and saving the file.
+// Every step includes the update of the window. Run through bench/report, which prints the ratios.
+#include "document/ZLChapterDocument.h"
+#include "document/ui/ZLChapterDocumentWindow.h"
+#include "platform/ZLAtomicFile.h"
+
+#include <QApplication>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class HandClock final : public ZLHostClock {
+public:
+    [[nodiscard]] double now() const override { return m_now; }
+    void advance(double seconds) { m_now += seconds; }
+
+private:
+    double m_now = 100.0;
+};
+
+QVariantList chapterDictionaries(int count)
+{
+    QVariantList dictionaries;
+    for (int i = 0; i < count; ++i) {
+        ZLChapter chapter;
+        chapter.setTimeStamp(i * 3.25);
+        chapter.setTitle(u"Topic number %1"_s.arg(i));
+        chapter.setLink(u"https://example.org/shows/%1"_s.arg(i));
+        chapter.setRealDate(QDateTime::fromMSecsSinceEpoch(1'700'000'000'000 + i * 3250LL, Qt::UTC));
+        dictionaries.append(chapter.dictionaryRepresentation());
+    }
+    return dictionaries;
+}
+
+QByteArray documentBytes(int count)
+{
+    return ZLDocumentFile::encode(
+        { .chapters = chapterDictionaries(count), .duration = count * 3.25, .templates = {} });
+}
+
+/// A recording document with `count` chapters in a shown window.
+struct Workplace {
+    explicit Workplace(int count)
+        : clock(std::make_shared<HandClock>())
+        , document(ZLDocumentEnvironment { .hostClock = clock })
+        , window(document)
+    {
+        document.readFromData(documentBytes(count));
+        window.resize(1000, 620);
+        window.show();
+        document.startRecordingWithTime(clock->now());
+        showChanges();
+    }
+
+    void addAtTheEnd()
+    {
+        clock->advance(1.0);
+        document.addNewBlankChapter();
+    }
+
+    static void showChanges() { QCoreApplication::processEvents(); }
+
+    std::shared_ptr<HandClock> clock;
+    ZLChapterDocument document;
+    ZLChapterDocumentWindow window;
+};
+
+void addChapter(benchmark::State& state)
+{
+    Workplace place(int(state.range(0)));
+    for (auto _ : state) {
+        place.addAtTheEnd();
+        Workplace::showChanges();
+        state.PauseTiming();
+        place.document.undoManager().undo();
+        Workplace::showChanges();
+        state.ResumeTiming();
+    }
+}
+
+void undoAddedChapter(benchmark::State& state)
+{
+    Workplace place(int(state.range(0)));
+    for (auto _ : state) {
+        state.PauseTiming();
+        place.addAtTheEnd();
+        Workplace::showChanges();
+        state.ResumeTiming();
+        place.document.undoManager().undo();
+        Workplace::showChanges();
+    }
+}
+
+void editTitle(benchmark::State& state)
+{
+    Workplace place(int(state.range(0)));
+    const ZLChapterPointer chapter = place.document.chapterManager().chapterAtIndex(state.range(0) / 2);
+    int edits = 0;
+    for (auto _ : state) {
+        place.document.updateChapterToTitle(chapter, QString::number(++edits));
+        Workplace::showChanges();
+    }
+}
+
+void editTime(benchmark::State& state)
+{
+    Workplace place(int(state.range(0)));
+    const ZLChapterPointer chapter = place.document.chapterManager().chapterAtIndex(state.range(0) / 2);
+    double offset = 7.0;
+    for (auto _ : state) {
+        // To and fro past its neighbours, so that the order breaks every time.
+        place.document.updateChapterToTime(chapter, chapter->timeStamp() + offset);
+        Workplace::showChanges();
+        offset = -offset;
+    }
+}
+
+void repaintVisibleRows(benchmark::State& state)
+{
+    Workplace place(int(state.range(0)));
+    auto* table = place.window.findChild<QTableView*>();
+    for (auto _ : state)
+        table->viewport()->repaint();
+}
+
+void updateClockDisplay(benchmark::State& state)
+{
+    Workplace place(int(state.range(0)));
+    for (auto _ : state) {
+        place.clock->advance(0.1);
+        place.document.updateDisplay();
+        Workplace::showChanges();
+    }
+}
+
+void openFile(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"bench.zelta"_s);
+    if (!ZLAtomicFile::write(path, documentBytes(int(state.range(0)))))
+        state.SkipWithError("no file to open");
+    for (auto _ : state) {
+        ZLChapterDocument document({});
+        const auto bytes = ZLAtomicFile::read(path);
+        if (!document.readFromData(bytes.value()))
+            state.SkipWithError("the file was not read");
+    }
+}
+
+void saveFile(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"bench.zelta"_s);
+    ZLChapterDocument document({});
+    document.readFromData(documentBytes(int(state.range(0))));
+    for (auto _ : state) {
+        if (!ZLAtomicFile::write(path, document.dataOfType()))
+            state.SkipWithError("the file was not written");
+    }
+}
+
+void makeFileBytes(benchmark::State& state)
+{
+    ZLChapterDocument document({});
+    document.readFromData(documentBytes(int(state.range(0))));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(document.dataOfType());
+}
+
+}
+
+#define ZELTA_BENCH(name) BENCHMARK(name)->Arg(100)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)
+ZELTA_BENCH(addChapter);
+ZELTA_BENCH(undoAddedChapter);
+ZELTA_BENCH(editTitle);
+ZELTA_BENCH(editTime);
+ZELTA_BENCH(repaintVisibleRows);
+ZELTA_BENCH(updateClockDisplay);
+ZELTA_BENCH(openFile);
+ZELTA_BENCH(saveFile);
+ZELTA_BENCH(makeFileBytes);
+
+/// `--write-document COUNT PATH` writes the document that the peers read; everything else is Google Benchmark's.
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir home;
+    for (const char* place : { "XDG_CONFIG_HOME", "XDG_STATE_HOME" })
+        qputenv(place, home.path().toLocal8Bit());
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() == 4 && arguments[1] == "--write-document"_L1)
+        return ZLAtomicFile::write(arguments[3], documentBytes(arguments[2].toInt())) ? 0 : 1;
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,72 @@
+#include "app/ZLApplication.h"
+#include "app/ZLCommandLine.h"
+#include "app/ZLFileCommands.h"
+#include "app/ZLHeadlessRecorder.h"
+#include "app/ui/ZLDesktop.h"
+#include "app/ui/ZLDesktopApplication.h"
+#include "export/ZLRegisterExporters.h"
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int runFileCommand(int& argc, char** argv, const ZLResult<ZLCommandLine>& commandLine)
+{
+    const QCoreApplication events(argc, argv);
+    ZLRegisterExporters();
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    ZLFileCommands commands(ZLExporter::allExporters(), out, err);
+    return commandLine ? commands.run(commandLine.value()) : commands.refuseUsage(commandLine.error());
+}
+
+int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
+{
+    const QCoreApplication events(argc, argv);
+    ZLApplication application({});
+    ZLHeadlessRecorder recorder(application.documentController(), ZLHeadlessStreams::standard());
+    QObject::connect(&recorder, &ZLHeadlessRecorder::didFinish, &events, &QCoreApplication::exit, Qt::QueuedConnection);
+    const auto file = commandLine.files.isEmpty() ? std::nullopt : std::optional(commandLine.files.first());
+    if (const ZLStatus started = recorder.start(file, commandLine.headlessStart); !started) {
+        QTextStream(stderr) << u"zelta: %1\n"_s.arg(started.error().message);
+        return ZLExitStatus::Failed;
+    }
+    return QCoreApplication::exec();
+}
+
+int runWithWindows(int& argc, char** argv, const ZLCommandLine& commandLine)
+{
+    ZLDesktopApplication events(argc, argv);
+    ZLDesktop desktop(events);
+    return desktop.run(commandLine.files);
+}
+
+/// Where the toolkit would find no display it ends the process, so it has to be asked before.
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setApplicationName(u"zelta"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(ZELTA_VERSION));
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    const ZLResult<ZLCommandLine> commandLine = ZLCommandLine::parse(arguments);
+    if (!commandLine || commandLine.value().isFileCommand())
+        return runFileCommand(argc, argv, commandLine);
+    if (commandLine.value().command == ZLCommand::RecordHeadless)
+        return runHeadless(argc, argv, commandLine.value());
+    if (hasDisplay())
+        return runWithWindows(argc, argv, commandLine.value());
+    QTextStream(stderr)
+        << u"zelta: there is neither an X nor a Wayland display, so the recorder runs without a window.\n"_s;
+    return runHeadless(argc, argv, commandLine.value());
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "app/ZLApplication.h"
+#include "app/ui/ZLDocumentWindows.h"
+#include "platform/ZLSignalWatcher.h"
+
+#include <QStringList>
+
+class ZLDesktopApplication;
+
+/// The program with windows: the application object, the windows of its documents, and what the desktop tells both.
+class ZLDesktop : public QObject {
+    Q_OBJECT
+
+public:
+    /// `events` is the process's QApplication and has to outlive the desktop.
+    explicit ZLDesktop(ZLDesktopApplication& events);
+
+    /// Opens `files`, or what was open before, and stays until the program ends; returns its exit status.
+    [[nodiscard]] int run(const QStringList& files);
+
+private:
+    void updateAddButtons();
+
+    ZLApplication m_application;
+    ZLDocumentWindows m_windows;
+    ZLSignalWatcher m_signals;
+};

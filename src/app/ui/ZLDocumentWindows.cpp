@@ -1,0 +1,223 @@
+#include "app/ui/ZLDocumentWindows.h"
+
+#include "app/ui/ZLFileMenu.h"
+#include "app/ui/ZLHelpMenu.h"
+#include "app/ui/ZLSavePanel.h"
+#include "app/ui/ZLSavingDisplay.h"
+#include "app/ui/ZLWindowCloser.h"
+#include "document/ui/ZLChapterDocumentWindow.h"
+#include "document/ui/ZLMessageBar.h"
+#include "document/ui/ZLStatusLine.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QPoint offsetBetweenWindows(32, 32);
+
+}
+
+ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller)
+    : m_controller(controller)
+    , m_exportMenu(controller)
+{
+    connect(&controller, &ZLDocumentController::didOpenDocument, this, &ZLDocumentWindows::addWindow);
+    connect(&controller, &ZLDocumentController::willCloseDocument, this, &ZLDocumentWindows::removeWindow);
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, &ZLDocumentWindows::noteApplicationState);
+    connect(&m_exportMenu, &ZLExportMenu::exportDidFinish, this, &ZLDocumentWindows::showExportedFile);
+    connect(&m_exportMenu, &ZLExportMenu::exportDidFail, this, &ZLDocumentWindows::showExportFailure);
+}
+
+ZLDocumentWindows::~ZLDocumentWindows()
+{
+    qDeleteAll(m_windows);
+}
+
+void ZLDocumentWindows::openAtLaunch(const QStringList& paths)
+{
+    if (paths.isEmpty()) {
+        showProblems(m_controller.restoreSession());
+        return;
+    }
+    // What could not be opened is said in a window, so there has to be one.
+    QStringList problems;
+    for (const QString& path : paths) {
+        if (const auto opened = m_controller.openDocument(path); !opened)
+            problems += opened.error().message;
+    }
+    if (m_windows.isEmpty())
+        m_controller.newDocument();
+    showProblems(problems);
+}
+
+void ZLDocumentWindows::open(const QStringList& paths)
+{
+    QStringList problems;
+    for (const QString& path : paths) {
+        const auto opened = m_controller.openDocument(path);
+        if (opened)
+            bringToFront(opened.value());
+        else
+            problems += opened.error().message;
+    }
+    showProblems(problems);
+}
+
+void ZLDocumentWindows::quit()
+{
+    if (!m_controller.canTerminate()) {
+        refuseToQuitWhileRecording();
+        return;
+    }
+    for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
+        window->commitTypedText();
+    const QStringList problems = m_controller.saveAllNow();
+    if (problems.isEmpty())
+        quitAtOnce();
+    else
+        askWhetherToQuitUnsaved(problems);
+}
+
+void ZLDocumentWindows::quitAtOnce()
+{
+    for (ZLChapterDocumentWindow* window : std::as_const(m_windows)) {
+        window->commitTypedText();
+        window->saveWindowState();
+    }
+    m_controller.keepSessionAsItIs();
+    m_controller.saveAllNow();
+    QCoreApplication::exit();
+}
+
+ZLChapterDocumentWindow* ZLDocumentWindows::windowOf(ZLChapterDocument* document) const
+{
+    return m_windows.value(document);
+}
+
+bool ZLDocumentWindows::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate) {
+        if (auto* window = qobject_cast<ZLChapterDocumentWindow*>(watched); window && windowOf(&window->document()))
+            m_controller.setCurrentDocument(&window->document());
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
+{
+    auto* window = new ZLChapterDocumentWindow(*document);
+    m_windows.insert(document, window);
+    auto* savePanel = new ZLSavePanel(m_controller, *window);
+    connectFileMenu(*window, *savePanel);
+    new ZLHelpMenu(*window);
+    new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
+    new ZLWindowCloser(m_controller, *savePanel, *window);
+    connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
+    window->installEventFilter(this);
+    keepApart(*window);
+    window->show();
+}
+
+void ZLDocumentWindows::connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)
+{
+    const auto* menu = new ZLFileMenu(m_controller, savePanel, m_exportMenu, window);
+    connect(menu, &ZLFileMenu::newDocumentRequested, &m_controller, &ZLDocumentController::newDocument);
+    connect(menu, &ZLFileMenu::openRequested, this, &ZLDocumentWindows::open);
+    connect(menu, &ZLFileMenu::quitRequested, this, &ZLDocumentWindows::quit);
+}
+
+void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)
+{
+    ZLChapterDocumentWindow* window = m_windows.take(document);
+    if (!window)
+        return;
+    window->hide();
+    // It may be in the middle of its closing, and it must be gone before its document is.
+    window->deleteLater();
+    if (m_windows.isEmpty())
+        QMetaObject::invokeMethod(this, &ZLDocumentWindows::quitUnlessWindowsAreOpen, Qt::QueuedConnection);
+}
+
+void ZLDocumentWindows::quitUnlessWindowsAreOpen()
+{
+    // A document that takes the place of the last one opens its window in the meantime.
+    if (m_windows.isEmpty())
+        quitAtOnce();
+}
+
+void ZLDocumentWindows::keepApart(ZLChapterDocumentWindow& window) const
+{
+    const auto isTaken = [this, &window](QPoint place) {
+        return std::any_of(m_windows.cbegin(), m_windows.cend(),
+            [&](const auto* other) { return other != &window && other->isVisible() && other->pos() == place; });
+    };
+    QPoint place = window.pos();
+    for (qsizetype tries = 0; tries < m_windows.size() && isTaken(place); ++tries)
+        place += offsetBetweenWindows;
+    if (place != window.pos())
+        window.move(place);
+}
+
+void ZLDocumentWindows::bringToFront(ZLChapterDocument* document) const
+{
+    if (ZLChapterDocumentWindow* window = windowOf(document)) {
+        window->raise();
+        window->activateWindow();
+    }
+}
+
+ZLChapterDocumentWindow* ZLDocumentWindows::frontWindow() const
+{
+    return windowOf(m_controller.currentOrLastDocument());
+}
+
+void ZLDocumentWindows::showProblems(const QStringList& problems) const
+{
+    ZLChapterDocumentWindow* window = frontWindow();
+    if (!problems.isEmpty() && window)
+        window->messageBar().showMessage(problems.join(u'\n'), { { tr("Dismiss"), [] {} } });
+}
+
+void ZLDocumentWindows::refuseToQuitWhileRecording() const
+{
+    const auto documents = m_controller.documents();
+    for (ZLChapterDocument* document : documents) {
+        if (document->isRecording())
+            windowOf(document)->statusLine().showPassingMessage(tr("Stop the recording before quitting."));
+    }
+}
+
+void ZLDocumentWindows::askWhetherToQuitUnsaved(const QStringList& problems)
+{
+    if (ZLChapterDocumentWindow* window = frontWindow())
+        window->messageBar().showMessage(tr("Not everything could be saved: %1").arg(problems.join(u' ')),
+            { { tr("Quit Anyway"), [this] { quitAtOnce(); } }, { tr("Cancel"), [] {} } });
+}
+
+void ZLDocumentWindows::noteApplicationState(Qt::ApplicationState state)
+{
+    // While another program is in front there is no current document.
+    if (state != Qt::ApplicationActive)
+        m_controller.setCurrentDocument(nullptr);
+    else if (auto* window = qobject_cast<ZLChapterDocumentWindow*>(QApplication::activeWindow()))
+        m_controller.setCurrentDocument(&window->document());
+}
+
+void ZLDocumentWindows::showExportedFile(const QString& path) const
+{
+    if (ZLChapterDocumentWindow* window = frontWindow())
+        window->statusLine().showPassingMessage(tr("Exported %1.").arg(QFileInfo(path).fileName()),
+            tr("Show in Folder"),
+            [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath())); });
+}
+
+void ZLDocumentWindows::showExportFailure(const QString& message) const
+{
+    if (ZLChapterDocumentWindow* window = frontWindow())
+        window->messageBar().showMessage(tr("The export failed. %1").arg(message), { { tr("Dismiss"), [] {} } });
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/ZLDocumentController.h"
+#include "app/ui/ZLExportMenu.h"
+
+#include <QHash>
+#include <QObject>
+
+class ZLChapterDocumentWindow;
+class ZLSavePanel;
+
+/// Keeps one window for each open document, with its menus, its closing and what it shows of the saving, and tells the
+/// controller which document has the user's attention.
+class ZLDocumentWindows : public QObject {
+    Q_OBJECT
+
+public:
+    /// `controller` has to outlive the windows, and no document may be open yet.
+    explicit ZLDocumentWindows(ZLDocumentController& controller);
+    ~ZLDocumentWindows() override;
+
+    /// Opens the files, or what was open before when there are none. What fails is told in a window.
+    void openAtLaunch(const QStringList& paths);
+    void open(const QStringList& paths);
+    /// Ends the program, unless a clock runs or something cannot be saved: then the windows say so.
+    void quit();
+    /// Saves at once whatever there is and ends the program, because the system asks for it.
+    void quitAtOnce();
+
+    [[nodiscard]] ZLChapterDocumentWindow* windowOf(ZLChapterDocument* document) const;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void addWindow(ZLChapterDocument* document);
+    void connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel);
+    void removeWindow(ZLChapterDocument* document);
+    void quitUnlessWindowsAreOpen();
+    void keepApart(ZLChapterDocumentWindow& window) const;
+    void bringToFront(ZLChapterDocument* document) const;
+    [[nodiscard]] ZLChapterDocumentWindow* frontWindow() const;
+    void showProblems(const QStringList& problems) const;
+    void refuseToQuitWhileRecording() const;
+    void askWhetherToQuitUnsaved(const QStringList& problems);
+    void noteApplicationState(Qt::ApplicationState state);
+    void showExportedFile(const QString& path) const;
+    void showExportFailure(const QString& message) const;
+
+    ZLDocumentController& m_controller;
+    ZLExportMenu m_exportMenu;
+    QHash<ZLChapterDocument*, ZLChapterDocumentWindow*> m_windows;
+};

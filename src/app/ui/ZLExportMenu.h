@@ -1,0 +1,24 @@
+#pragma once
+
+#include "app/ZLDocumentController.h"
+
+#include <QMenu>
+
+/// The export menu, made once from the registry: one item an exporter, in its order, the item's tag being its position.
+/// All windows share it.
+class ZLExportMenu : public QMenu {
+    Q_OBJECT
+
+public:
+    /// `controller` has to outlive the menu.
+    explicit ZLExportMenu(ZLDocumentController& controller);
+
+Q_SIGNALS:
+    void exportDidFinish(const QString& path);
+    void exportDidFail(const QString& message);
+
+private:
+    void exportItemClicked(qsizetype tag);
+
+    ZLDocumentController& m_controller;
+};

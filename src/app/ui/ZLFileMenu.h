@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/ZLDocumentController.h"
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+class ZLChapterDocumentWindow;
+class ZLExportMenu;
+class ZLSavePanel;
+
+/// The File menu of a window. It acts on the window's own document; what concerns all windows it asks for by signal.
+class ZLFileMenu : public QObject {
+    Q_OBJECT
+
+public:
+    /// Belongs to `window` and puts itself before the other menus; `exportMenu` is shown as a submenu.
+    ZLFileMenu(ZLDocumentController& controller, ZLSavePanel& savePanel, ZLExportMenu& exportMenu,
+        ZLChapterDocumentWindow& window);
+
+Q_SIGNALS:
+    void newDocumentRequested();
+    void openRequested(const QStringList& paths);
+    void quitRequested();
+
+private:
+    QAction* addAction(const QString& name, const QString& title, const QKeySequence& key);
+    void addOpeningActions();
+    void addSavingActions();
+    void addClosingActions();
+    void chooseFilesToOpen();
+    void fillRecentMenu();
+    void revert();
+    void validate();
+
+    ZLDocumentController& m_controller;
+    ZLSavePanel& m_savePanel;
+    ZLChapterDocumentWindow& m_window;
+    QMenu* m_menu;
+    QMenu* m_recentMenu = nullptr;
+    QAction* m_revertAction = nullptr;
+};

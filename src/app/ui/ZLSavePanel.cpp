@@ -1,0 +1,74 @@
+#include "app/ui/ZLSavePanel.h"
+
+#include "document/ui/ZLChapterDocumentWindow.h"
+#include "document/ui/ZLMessageBar.h"
+#include "document/ui/ZLStatusLine.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+ZLSavePanel::ZLSavePanel(ZLDocumentController& controller, ZLChapterDocumentWindow& window)
+    : QObject(&window)
+    , m_controller(controller)
+    , m_window(window)
+{
+}
+
+void ZLSavePanel::save()
+{
+    m_window.commitTypedText();
+    ZLDocumentSaver* saver = m_controller.saverOf(&m_window.document());
+    if (!saver || saver->isUntitled()) {
+        saveAs();
+        return;
+    }
+    const ZLStatus saved = saver->save();
+    if (saved)
+        m_window.statusLine().showPassingMessage(tr("Saved. Changes from here on are saved by themselves."));
+    else
+        showFailure(saved.error().message);
+}
+
+void ZLSavePanel::saveAs(const std::function<void()>& whenSaved)
+{
+    m_window.commitTypedText();
+    auto* dialog = new QFileDialog(&m_window, tr("Save Chapters As"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setObjectName(QStringLiteral("savePanel"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setNameFilter(tr("Chapter documents (*.%1)").arg(ZLDocumentFile::Extension));
+    dialog->setDefaultSuffix(ZLDocumentFile::Extension);
+    dialog->selectFile(proposedPath());
+    connect(
+        dialog, &QFileDialog::fileSelected, this, [this, whenSaved](const QString& path) { writeTo(path, whenSaved); });
+    dialog->open();
+}
+
+QString ZLSavePanel::proposedPath() const
+{
+    const ZLDocumentSaver* saver = m_controller.saverOf(&m_window.document());
+    if (saver && !saver->isUntitled())
+        return saver->path();
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    return (folder.exists() ? folder : QDir::home()).filePath(m_window.document().displayName());
+}
+
+void ZLSavePanel::writeTo(const QString& path, const std::function<void()>& whenSaved)
+{
+    const ZLStatus saved = m_controller.saveDocumentAs(&m_window.document(), path);
+    if (!saved) {
+        showFailure(saved.error().message);
+        return;
+    }
+    m_window.statusLine().showPassingMessage(tr("Saved as %1.").arg(QFileInfo(path).fileName()));
+    if (whenSaved)
+        whenSaved();
+}
+
+void ZLSavePanel::showFailure(const QString& message)
+{
+    m_window.messageBar().showMessage(tr("The document could not be saved. %1").arg(message),
+        { { tr("Save As…"), [this] { saveAs(); } }, { tr("Dismiss"), [] {} } });
+}

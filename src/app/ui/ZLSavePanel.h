@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/ZLDocumentController.h"
+
+#include <QObject>
+
+#include <functional>
+
+class ZLChapterDocumentWindow;
+
+/// Asks for the file of a window's document and writes it there.
+class ZLSavePanel : public QObject {
+    Q_OBJECT
+
+public:
+    /// Belongs to `window`.
+    ZLSavePanel(ZLDocumentController& controller, ZLChapterDocumentWindow& window);
+
+    /// Writes to the document's own file, or asks for one first. A failure is told in the window's bar.
+    void save();
+    /// Asks for a file and adopts it. `whenSaved` is called after the file was written, not after a cancel.
+    void saveAs(const std::function<void()>& whenSaved = {});
+
+private:
+    [[nodiscard]] QString proposedPath() const;
+    void writeTo(const QString& path, const std::function<void()>& whenSaved);
+    void showFailure(const QString& message);
+
+    ZLDocumentController& m_controller;
+    ZLChapterDocumentWindow& m_window;
+};

@@ -1,0 +1,180 @@
+"""A desktop of its own for the end-to-end tests: X server, window manager, session bus and accessibility bus.
+
+Everything runs in a temporary home and is ended by its process id. `Desktop` puts what a program needs to find it all
+into `os.environ`, so the accessibility bindings are imported only after it was entered (see `accessible.py`).
+"""
+
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:tmpdir={folder}</listen>
+  <auth>EXTERNAL</auth>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+
+
+def wait_until(condition, what, seconds=20.0):
+    """Asks again and again until the condition gives something true, and returns that."""
+    deadline = time.monotonic() + seconds
+    while True:
+        found = condition()
+        if found:
+            return found
+        if time.monotonic() > deadline:
+            raise AssertionError(f"waited {seconds:.0f} s in vain: {what}")
+        time.sleep(0.05)
+
+
+class Desktop:
+    """Use as a context manager. `size` is the screen's, in pixels."""
+
+    def __init__(self, size="1280x800", scale=1, dark=False):
+        self.size = size
+        self.scale = scale
+        self.dark = dark
+        self.home = Path(tempfile.mkdtemp(prefix="zelta-e2e-"))
+        self.processes = []
+
+    def __enter__(self):
+        try:
+            self._start()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self.processes):
+            if process.poll() is None:
+                process.terminate()
+        for process in reversed(self.processes):
+            try:
+                process.wait(5)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+        shutil.rmtree(self.home, ignore_errors=True)
+
+    def start(self, *command, **options):
+        process = subprocess.Popen([str(part) for part in command], **options)
+        self.processes.append(process)
+        return process
+
+    def _start(self):
+        runtime = self.home / "runtime"
+        runtime.mkdir(mode=0o700)
+        os.environ.update(
+            HOME=str(self.home),
+            XDG_RUNTIME_DIR=str(runtime),
+            XDG_CONFIG_HOME=str(self.home / "config"),
+            XDG_STATE_HOME=str(self.home / "state"),
+            XDG_DATA_HOME=str(self.home / "data"),
+            XDG_CACHE_HOME=str(self.home / "cache"),
+            LC_ALL="C.UTF-8",
+            TZ="UTC",
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+            QT_QPA_PLATFORM="xcb",
+            QT_SCALE_FACTOR=str(self.scale),
+            NO_AT_BRIDGE="0",
+        )
+        for name in ("WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
+            os.environ.pop(name, None)
+        self._start_display()
+        self._start_buses()
+        self.start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_until(self._has_window_manager, "the window manager to start")
+
+    def _start_display(self):
+        reader, writer = os.pipe()
+        self.start(
+            "Xvfb", "-displayfd", writer, "-screen", "0", f"{self.size}x24", "-nolisten", "tcp",
+            pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+        )
+        os.close(writer)
+        with os.fdopen(reader) as numbers:
+            number = numbers.readline().strip()
+        if not number:
+            raise AssertionError("Xvfb did not start")
+        os.environ["DISPLAY"] = f":{number}"
+
+    def _start_buses(self):
+        configuration = self.home / "bus.conf"
+        configuration.write_text(BUS_CONFIGURATION.format(folder=self.home))
+        bus = self.start(
+            "dbus-daemon", f"--config-file={configuration}", "--nofork", "--print-address",
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+        )
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        self.start(
+            "/usr/libexec/at-spi-bus-launcher", "--launch-immediately",
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+        )
+        wait_until(self._has_accessibility_bus, "the accessibility bus to start")
+
+    @staticmethod
+    def _has_window_manager():
+        answer = subprocess.run(
+            ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], capture_output=True, text=True, check=False
+        )
+        return "window id" in answer.stdout
+
+    @staticmethod
+    def _has_accessibility_bus():
+        answer = subprocess.run(
+            ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress"],
+            capture_output=True, text=True, check=False,
+        )
+        return answer.returncode == 0
+
+    # The keyboard, the mouse and the screen.
+
+    @staticmethod
+    def xdotool(*arguments):
+        return subprocess.run(
+            ["xdotool", *map(str, arguments)], capture_output=True, text=True, check=True
+        ).stdout.strip()
+
+    def press(self, *keys):
+        for key in keys:
+            self.xdotool("key", "--clearmodifiers", key)
+
+    def type(self, text):
+        self.xdotool("type", "--delay", 15, text)
+
+    def double_click(self, x, y):
+        self.xdotool("mousemove", int(x), int(y), "click", "--repeat", 2, "--delay", 60, 1)
+
+    def click(self, x, y):
+        self.xdotool("mousemove", int(x), int(y), "click", 1)
+
+    def set_clipboard(self, text):
+        process = self.start("xclip", "-selection", "clipboard", "-quiet", stdin=subprocess.PIPE, text=True,
+                             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        process.stdin.write(text)
+        process.stdin.close()
+        wait_until(lambda: subprocess.run(["xclip", "-selection", "clipboard", "-o"], capture_output=True, text=True,
+                                          check=False).stdout == text, "the clipboard to hold the text")
+
+    @staticmethod
+    def screenshot(path, window="root"):
+        subprocess.run(["import", "-window", str(window), "-strip", str(path)], check=True)
+
+
+def kill_at_once(process):
+    """As if the power had gone: no chance to save anything."""
+    process.send_signal(signal.SIGKILL)
+    process.wait()

@@ -1,0 +1,142 @@
+#pragma once
+
+#include "document/ZLBackgroundWrite.h"
+#include "document/ZLChapterDocument.h"
+#include "document/ZLRecoveryFolder.h"
+#include "platform/ZLAtomicFile.h"
+#include "platform/ZLHostClock.h"
+
+#include <QObject>
+#include <QThreadPool>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+enum class ZLSavingState {
+    Saved, ///< Everything is on the disk, or there is nothing to keep.
+    Waiting, ///< There are changes; they are written within a second.
+    Saving, ///< A write is under way.
+    Failed, ///< The last write failed; it is tried again and again. See failureText().
+};
+
+/// What a saver works with; tests replace what they want to control.
+struct ZLSavingMachinery {
+    ZLFileWriter writeFile = ZLAtomicFile::write;
+    /// Carries a write out beside the event loop, in the order of the calls; when empty, a thread of the saver's own.
+    std::function<void(std::function<void()>)> executor;
+    std::shared_ptr<const ZLHostClock> clock = std::make_shared<ZLSteadyHostClock>();
+};
+
+/// Keeps one document on the disk: in the user's file, or while it has none in a file of the recovery folder, which
+/// stands exactly while there is something worth keeping. The bytes are made on the main thread, which is quick; a
+/// worker writes them, so that a slow disk delays nothing. One write at a time; the newest state wins.
+class ZLDocumentSaver : public QObject {
+    Q_OBJECT
+
+public:
+    /// @name Milliseconds
+    /// @{
+    static constexpr int QuietTime = 250; ///< From a change to its write.
+    static constexpr int LongestWait = 750; ///< The same under a steady stream of changes.
+    static constexpr int RetryInterval = 2000;
+    static constexpr int ReadingInterval = 5000; ///< How often the reading of a running clock is stored.
+    /// @}
+
+    /// Looks after `document`, which holds what is on the disk at this moment and has to outlive the saver, as has
+    /// `recoveryFolder`. Without `path` the document is untitled.
+    ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery,
+        const QString& path = {});
+    /// For an untitled document that was just read from `recoveryFile`.
+    ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery,
+        std::unique_ptr<ZLRecoveryFile> recoveryFile);
+    /// Waits for a write under way but starts none: whoever ends a document calls saveNow() before.
+    ~ZLDocumentSaver() override;
+
+    [[nodiscard]] bool isUntitled() const { return m_path.isEmpty(); }
+    /// The user's file; empty for an untitled document.
+    [[nodiscard]] const QString& path() const { return m_path; }
+    /// Where an untitled document is kept; empty when it has nothing to keep or a file of the user's.
+    [[nodiscard]] QString recoveryPath() const;
+    /// Whether there is anything that would be missed.
+    [[nodiscard]] bool hasContent() const;
+    /// Whether nobody would miss the document: untitled, empty, and nothing was ever done in it.
+    [[nodiscard]] bool isTransient() const;
+
+    [[nodiscard]] ZLSavingState state() const { return m_state; }
+    /// Which file could not be written and why, while the state is Failed; else empty.
+    [[nodiscard]] const QString& failureText() const { return m_failureText; }
+    /// Milliseconds by which the next write was put off; absent when none is planned.
+    [[nodiscard]] std::optional<int> plannedDelay() const;
+
+    /// Writes the newest state before it returns, a running clock with its reading. Success also when there was
+    /// nothing to write. After a failure the saver goes on trying.
+    ZLStatus saveNow();
+    /// The user's own save of a titled document, which revert() goes back to.
+    ZLStatus save();
+    /// Makes `path` the document's file, see pathWithExtension(), and writes it. The file of the recovery folder goes.
+    /// A failure leaves everything as it was.
+    ZLStatus saveAs(const QString& path);
+    /// Goes back, undoably, to the last save() or the opening; an untitled document becomes empty. Refused while the
+    /// clock runs.
+    ZLStatus revert();
+    /// Forgets what is kept of the document in the recovery folder and writes nothing any more.
+    void discard();
+
+    /// The absolute form of `path`, with ".zelta" at the end when its name has no extension.
+    [[nodiscard]] static QString pathWithExtension(const QString& path);
+
+public Q_SLOTS:
+    /// What the timers do: starts writing the newest state unless it is on the disk already.
+    void writeNewestState();
+
+Q_SIGNALS:
+    /// The state or the failure text is another.
+    void stateDidChange();
+    /// path() or recoveryPath() is another.
+    void locationDidChange();
+
+private:
+    void watchDocument();
+    void noteChange();
+    void planWrite();
+    void dropPlannedWrite();
+    void followClock();
+    [[nodiscard]] QByteArray currentBytes() { return m_document.dataOfType(); }
+    [[nodiscard]] ZLResult<ZLWriteOrder> makeOrder();
+    [[nodiscard]] bool isOnDisk(const ZLWriteOrder& order) const;
+    [[nodiscard]] ZLStatus ensureRecoveryFile();
+    void removeRecoveryFile();
+    [[nodiscard]] bool reserveFallback();
+    void writeFallbackNow();
+    void startBackgroundWrite(ZLWriteOrder order);
+    void finishBackgroundWrite(const std::shared_ptr<ZLBackgroundWrite>& write);
+    void settleBackgroundWrite();
+    void noteOutcome(const ZLWriteOrder& order, const ZLStatus& outcome);
+    [[nodiscard]] bool keepNothingOfEmptyDocument();
+    void noteSuccess(const ZLWriteOrder& order);
+    void noteEverythingIsSaved();
+    void noteFailure(const ZLError& error);
+    void setState(ZLSavingState state, const QString& failureText = {});
+
+    ZLChapterDocument& m_document;
+    const ZLRecoveryFolder& m_recoveryFolder;
+    ZLSavingMachinery m_machinery;
+    QThreadPool m_worker;
+    QTimer m_writeTimer;
+    QTimer m_readingTimer;
+
+    QString m_path;
+    /// Of an untitled document its home, of a titled one the refuge while its own file cannot be written.
+    std::unique_ptr<ZLRecoveryFile> m_recoveryFile;
+    std::shared_ptr<ZLBackgroundWrite> m_backgroundWrite;
+    QByteArray m_bytesOnDisk;
+    QByteArray m_revertBytes;
+    std::optional<double> m_firstUnsavedChange;
+    quint64 m_revision = 0;
+    quint64 m_savedRevision = 0;
+    ZLSavingState m_state = ZLSavingState::Saved;
+    QString m_failureText;
+    bool m_isDiscarded = false;
+};

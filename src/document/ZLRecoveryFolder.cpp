@@ -1,0 +1,81 @@
+#include "document/ZLRecoveryFolder.h"
+
+#include "document/ZLDocumentFile.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+
+#include <cerrno>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString recoveryLockPath(const QString& path)
+{
+    return path + u".lock"_s;
+}
+
+/// Sorts by the time of its making. The random end keeps apart what two processes make in the same millisecond.
+QString newRecoveryFileName()
+{
+    const QString time = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmss-zzz"_s);
+    const QString end = QString::number(QRandomGenerator::system()->generate(), 16).rightJustified(8, u'0');
+    return u"%1-%2.%3"_s.arg(time, end, ZLDocumentFile::Extension);
+}
+
+}
+
+void ZLRecoveryFile::remove()
+{
+    QFile::remove(m_path);
+}
+
+ZLStatus ZLRecoveryFolder::prepare() const
+{
+    const QByteArray nativePath = QFile::encodeName(m_path);
+    // Whatever keeps the parents from being made, the next call says it.
+    QDir().mkpath(QFileInfo(m_path).absolutePath());
+    if (mkdir(nativePath.constData(), 0700) != 0 && (errno != EEXIST || !QFileInfo(m_path).isDir()))
+        return ZLError { u"%1: %2"_s.arg(m_path, qt_error_string(errno == EEXIST ? ENOTDIR : errno)) };
+    // The folder may stem from a copied home with wider permissions.
+    if (chmod(nativePath.constData(), 0700) != 0)
+        return ZLError { u"%1: %2"_s.arg(m_path, qt_error_string(errno)) };
+    return ZLDone {};
+}
+
+ZLResult<std::unique_ptr<ZLRecoveryFile>> ZLRecoveryFolder::createFile() const
+{
+    if (const ZLStatus prepared = prepare(); !prepared)
+        return prepared.error();
+    const QString path = m_path + u'/' + newRecoveryFileName();
+    auto lock = ZLFileLock::tryLock(recoveryLockPath(path));
+    if (!lock)
+        return lock.error();
+    return std::make_unique<ZLRecoveryFile>(path, std::move(lock).value());
+}
+
+QStringList ZLRecoveryFolder::files() const
+{
+    QStringList paths;
+    const auto entries = QDir(m_path).entryInfoList({ u"*."_s + ZLDocumentFile::Extension }, QDir::Files, QDir::Name);
+    for (const QFileInfo& entry : entries)
+        paths.append(entry.filePath());
+    return paths;
+}
+
+ZLResult<std::unique_ptr<ZLRecoveryFile>> ZLRecoveryFolder::claim(const QString& path) const
+{
+    if (!QFile::exists(path))
+        return std::unique_ptr<ZLRecoveryFile>();
+    auto lock = ZLFileLock::tryLock(recoveryLockPath(path));
+    if (!lock)
+        return lock.error();
+    // Its former holder may have removed it before the lock came free.
+    if (!lock.value() || !QFile::exists(path))
+        return std::unique_ptr<ZLRecoveryFile>();
+    return std::make_unique<ZLRecoveryFile>(path, std::move(lock).value());
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/ZLFileLock.h"
+#include "platform/ZLResult.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+/// A file in the recovery folder, held by this process alone for as long as the object lives.
+class ZLRecoveryFile {
+public:
+    ZLRecoveryFile(const QString& path, std::unique_ptr<ZLFileLock> lock)
+        : m_path(path)
+        , m_lock(std::move(lock))
+    {
+    }
+
+    [[nodiscard]] const QString& path() const { return m_path; }
+    /// Deletes the file; nothing happens when there is none.
+    void remove();
+
+private:
+    QString m_path;
+    std::unique_ptr<ZLFileLock> m_lock;
+};
+
+/// Keeps the documents that have no file of the user's, so that they are back at the next start. Several processes may
+/// use one folder: what one of them holds is closed to the others, and free again when it ends in whatever way.
+class ZLRecoveryFolder {
+public:
+    explicit ZLRecoveryFolder(const QString& path)
+        : m_path(path)
+    {
+    }
+
+    [[nodiscard]] const QString& path() const { return m_path; }
+
+    /// Makes the folder, open to its user alone, unless it stands already.
+    [[nodiscard]] ZLStatus prepare() const;
+    /// Reserves a new name. The file itself comes with the first write.
+    [[nodiscard]] ZLResult<std::unique_ptr<ZLRecoveryFile>> createFile() const;
+    /// Paths of all documents in the folder, whoever holds them, oldest first.
+    [[nodiscard]] QStringList files() const;
+    /// Takes a file over; a null pointer when another holder has it, or when it is gone.
+    [[nodiscard]] ZLResult<std::unique_ptr<ZLRecoveryFile>> claim(const QString& path) const;
+
+private:
+    QString m_path;
+};

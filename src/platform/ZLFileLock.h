@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/ZLResult.h"
+
+#include <QString>
+
+#include <memory>
+
+/// A lock that one process at a time holds by means of a file. The kernel drops it when its process ends in whatever
+/// way, so a lock of a dead process stands in nobody's way. Two locks on one file exclude each other in one process
+/// too.
+class ZLFileLock {
+public:
+    /// The lock on `path`, whose file is made when it is missing and removed when the lock is given up. A null pointer
+    /// when somebody else holds it; an error when the file cannot be made.
+    [[nodiscard]] static ZLResult<std::unique_ptr<ZLFileLock>> tryLock(const QString& path);
+    ~ZLFileLock();
+    Q_DISABLE_COPY_MOVE(ZLFileLock)
+
+private:
+    ZLFileLock(const QByteArray& nativePath, int descriptor)
+        : m_nativePath(nativePath)
+        , m_descriptor(descriptor)
+    {
+    }
+
+    QByteArray m_nativePath;
+    int m_descriptor;
+};

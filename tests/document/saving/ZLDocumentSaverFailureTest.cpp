@@ -1,0 +1,199 @@
+#include "SavingFixture.h"
+
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// While it lives, no file of this process can grow past `bytes`, as on a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes)
+        : m_formerHandler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &m_formerLimit);
+        const rlimit limit { bytes, m_formerLimit.rlim_max };
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_formerLimit);
+        std::signal(SIGXFSZ, m_formerHandler);
+    }
+    Q_DISABLE_COPY_MOVE(FullDisk)
+
+private:
+    rlimit m_formerLimit {};
+    void (*m_formerHandler)(int);
+};
+
+class ZLDocumentSaverFailureTest : public SavingFixture {
+protected:
+    void takeFolderAway() { ASSERT_TRUE(QDir(filePath("stick")).removeRecursively()); }
+    void putFolderBack() { ASSERT_TRUE(QDir().mkpath(filePath("stick"))); }
+};
+
+TEST_F(ZLDocumentSaverFailureTest, AFailedWriteIsToldAndTriedAgainUntilItWorks)
+{
+    putFolderBack();
+    const QString path = filePath("stick/show.zelta");
+    const auto saver = titledSaver(path);
+    int tellings = 0;
+    QObject::connect(saver.get(), &ZLDocumentSaver::stateDidChange, saver.get(), [&] { ++tellings; });
+    takeFolderAway();
+    addChapter("News");
+    writeAndSettle(*saver);
+    EXPECT_EQ(saver->state(), ZLSavingState::Failed);
+    EXPECT_TRUE(saver->failureText().startsWith(path)) << qPrintable(saver->failureText());
+    EXPECT_TRUE(saver->failureText().contains(u"No such file or directory"_s)) << qPrintable(saver->failureText());
+    EXPECT_TRUE(document.isDocumentEdited());
+    EXPECT_GT(tellings, 0);
+
+    // A refuge was found; from then on it is tried at a steady pace, and the bar does not flicker.
+    writeAndSettle(*saver);
+    EXPECT_EQ(saver->plannedDelay(), ZLDocumentSaver::RetryInterval);
+    tellings = 0;
+    saver->writeNewestState();
+    EXPECT_EQ(saver->state(), ZLSavingState::Failed);
+    runTasks();
+    addChapter("Weather");
+    EXPECT_EQ(saver->state(), ZLSavingState::Failed);
+    EXPECT_EQ(tellings, 0);
+    EXPECT_EQ(document.chapterManager().count(), 2);
+
+    putFolderBack();
+    writeAndSettle(*saver);
+    EXPECT_EQ(saver->state(), ZLSavingState::Saved);
+    EXPECT_EQ(saver->failureText(), QString());
+    EXPECT_EQ(titlesIn(path), (QStringList { u"News"_s, u"Weather"_s }));
+    EXPECT_FALSE(document.isDocumentEdited());
+}
+
+TEST_F(ZLDocumentSaverFailureTest, WhileItsFileIsOutOfReachADocumentTakesRefugeInTheRecoveryFolder)
+{
+    putFolderBack();
+    const auto saver = titledSaver(filePath("stick/show.zelta"));
+    takeFolderAway();
+    addChapter("News");
+    writeAndSettle(*saver);
+    EXPECT_EQ(saver->plannedDelay(), 0);
+    writeAndSettle(*saver);
+    ASSERT_EQ(recoveryFolder.files().size(), 1);
+    EXPECT_EQ(titlesIn(recoveryFolder.files().first()), QStringList { u"News"_s });
+    EXPECT_EQ(saver->recoveryPath(), QString()) << "it still belongs into its file";
+
+    putFolderBack();
+    EXPECT_TRUE(saver->saveNow());
+    EXPECT_EQ(recoveryFolder.files(), QStringList());
+}
+
+TEST_F(ZLDocumentSaverFailureTest, SaveNowTakesRefugeBeforeItReturns)
+{
+    putFolderBack();
+    const auto saver = titledSaver(filePath("stick/show.zelta"));
+    takeFolderAway();
+    addChapter("News");
+    EXPECT_FALSE(saver->saveNow());
+    ASSERT_EQ(recoveryFolder.files().size(), 1);
+    EXPECT_EQ(titlesIn(recoveryFolder.files().first()), QStringList { u"News"_s });
+}
+
+TEST_F(ZLDocumentSaverFailureTest, AFullDiskLeavesTheOldFileWhole)
+{
+    const QString path = filePath("show.zelta");
+    addChapter("Old");
+    const auto saver = titledSaver(path);
+    const auto before = ZLAtomicFile::read(path);
+    ASSERT_TRUE(before);
+    for (int index = 0; index < 100; ++index)
+        addChapter("A title that needs room");
+    ZLStatus saved = ZLDone {};
+    {
+        const FullDisk full(1024);
+        saved = saver->saveNow();
+    }
+    ASSERT_FALSE(saved);
+    EXPECT_TRUE(saved.error().message.startsWith(path)) << qPrintable(saved.error().message);
+    EXPECT_EQ(saver->state(), ZLSavingState::Failed);
+    const auto after = ZLAtomicFile::read(path);
+    ASSERT_TRUE(after);
+    EXPECT_EQ(after.value(), before.value());
+    EXPECT_EQ(QDir(temporary.path()).entryList(QDir::Files), QStringList { u"show.zelta"_s }) << "nothing half-written";
+
+    EXPECT_TRUE(saver->saveNow());
+    EXPECT_EQ(titlesIn(path).size(), 101);
+}
+
+TEST_F(ZLDocumentSaverFailureTest, AFullDiskUnderTheWorkerIsToldToo)
+{
+    const QString path = filePath("show.zelta");
+    const auto saver = titledSaver(path);
+    for (int index = 0; index < 100; ++index)
+        addChapter("A title that needs room");
+    {
+        const FullDisk full(1024);
+        writeAndSettle(*saver);
+    }
+    EXPECT_EQ(saver->state(), ZLSavingState::Failed);
+    EXPECT_EQ(titlesIn(path), QStringList());
+    writeAndSettle(*saver);
+    EXPECT_EQ(saver->state(), ZLSavingState::Saved);
+    EXPECT_EQ(titlesIn(path).size(), 100);
+}
+
+TEST_F(ZLDocumentSaverFailureTest, ARecoveryFolderThatCannotBeMadeIsTold)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(filePath("state"), "a file where the folder should be"));
+    const auto saver = untitledSaver();
+    addChapter("News");
+    writeAndSettle(*saver);
+    EXPECT_EQ(saver->state(), ZLSavingState::Failed);
+    EXPECT_TRUE(saver->failureText().startsWith(recoveryFolder.path())) << qPrintable(saver->failureText());
+    EXPECT_TRUE(saver->failureText().contains(u"Not a directory"_s)) << qPrintable(saver->failureText());
+    EXPECT_EQ(saver->plannedDelay(), ZLDocumentSaver::RetryInterval);
+
+    ASSERT_TRUE(QFile::remove(filePath("state")));
+    writeAndSettle(*saver);
+    EXPECT_EQ(saver->state(), ZLSavingState::Saved);
+    EXPECT_EQ(titlesIn(saver->recoveryPath()), QStringList { u"News"_s });
+}
+
+TEST_F(ZLDocumentSaverFailureTest, ARecoveryFolderThatVanishesIsMadeAgain)
+{
+    const auto saver = untitledSaver();
+    addChapter("News");
+    writeAndSettle(*saver);
+    ASSERT_TRUE(QDir(recoveryFolder.path()).removeRecursively());
+    addChapter("Weather");
+    writeAndSettle(*saver);
+    EXPECT_EQ(saver->state(), ZLSavingState::Saved);
+    EXPECT_EQ(titlesIn(saver->recoveryPath()), (QStringList { u"News"_s, u"Weather"_s }));
+}
+
+TEST_F(ZLDocumentSaverFailureTest, AFailedSaveAsLeavesEverythingAsItWas)
+{
+    const auto saver = untitledSaver();
+    addChapter("News");
+    writeAndSettle(*saver);
+    const QString recoveryPath = saver->recoveryPath();
+    addChapter("Weather");
+    saver->writeNewestState();
+
+    const ZLStatus saved = saver->saveAs(filePath("no/such/folder/show.zelta"));
+    ASSERT_FALSE(saved);
+    EXPECT_TRUE(saved.error().message.startsWith(filePath("no/such/folder/show.zelta")));
+    EXPECT_TRUE(saver->isUntitled());
+    EXPECT_EQ(document.displayName(), u"Untitled"_s);
+    EXPECT_TRUE(document.isDocumentEdited());
+    EXPECT_EQ(saver->recoveryPath(), recoveryPath);
+    EXPECT_EQ(recoveryFolder.files(), QStringList { recoveryPath });
+
+    ASSERT_TRUE(saver->plannedDelay()) << "the write that was called off is planned again";
+    runTasks();
+    writeAndSettle(*saver);
+    EXPECT_EQ(titlesIn(recoveryPath), (QStringList { u"News"_s, u"Weather"_s }));
+}
+
+}

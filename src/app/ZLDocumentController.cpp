@@ -1,0 +1,246 @@
+#include "app/ZLDocumentController.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(documentControllerLog, "zelta.app.documents")
+
+QString absoluteDocumentPath(const QString& path)
+{
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+/// The same text for all paths that lead to one file, also while that is not there.
+QString identityOfPath(const QString& path)
+{
+    const QFileInfo file(path);
+    if (file.exists())
+        return file.canonicalFilePath();
+    const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
+    return folder.isEmpty() ? absoluteDocumentPath(path) : folder + u'/' + file.fileName();
+}
+
+}
+
+ZLDocumentController::ZLDocumentController(ZLDocumentControllerSetup setup, QObject* parent)
+    : QObject(parent)
+    , m_environment(std::move(setup.environment))
+    , m_machinery(std::move(setup.machinery))
+    , m_recoveryFolder(setup.stateFolder + u"/recovery"_s)
+    , m_openDocuments(setup.stateFolder, std::move(setup.sessionExecutor))
+    , m_recentDocuments(setup.stateFolder)
+{
+}
+
+ZLDocumentController::~ZLDocumentController() = default;
+
+QList<ZLChapterDocument*> ZLDocumentController::documents() const
+{
+    QList<ZLChapterDocument*> documents;
+    for (const Entry& entry : m_entries)
+        documents.append(entry.document.get());
+    return documents;
+}
+
+ZLDocumentSaver* ZLDocumentController::saverOf(const ZLChapterDocument* document) const
+{
+    for (const Entry& entry : m_entries) {
+        if (entry.document.get() == document)
+            return entry.saver.get();
+    }
+    return nullptr;
+}
+
+void ZLDocumentController::setCurrentDocument(ZLChapterDocument* document)
+{
+    if (std::exchange(m_currentDocument, document) != document)
+        Q_EMIT currentDocumentDidChange();
+}
+
+ZLChapterDocument* ZLDocumentController::currentOrLastDocument() const
+{
+    if (m_currentDocument)
+        return m_currentDocument;
+    return m_entries.empty() ? nullptr : m_entries.front().document.get();
+}
+
+ZLChapterDocument* ZLDocumentController::newDocument()
+{
+    auto document = makeDocument();
+    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery);
+    return adopt({ std::move(document), std::move(saver) });
+}
+
+ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& path, ZLMissingFile missingFile)
+{
+    const QString absolutePath = absoluteDocumentPath(path);
+    if (ZLChapterDocument* open = documentAtPath(absolutePath))
+        return open;
+    qCInfo(documentControllerLog) << "opening" << absolutePath;
+    if (missingFile == ZLMissingFile::Create && !QFileInfo::exists(absolutePath))
+        return createDocumentAt(absolutePath);
+    auto read = readDocument(absolutePath);
+    if (!read)
+        return read.error();
+    auto document = std::move(read).value();
+    document->setDisplayName(QFileInfo(absolutePath).fileName());
+    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, absolutePath);
+    ZLChapterDocument* unwanted = transientDocument();
+    ZLChapterDocument* opened = adopt({ std::move(document), std::move(saver) });
+    m_recentDocuments.add(absolutePath);
+    if (unwanted)
+        release(unwanted);
+    return opened;
+}
+
+ZLStatus ZLDocumentController::saveDocumentAs(ZLChapterDocument* document, const QString& path)
+{
+    const QString target = ZLDocumentSaver::pathWithExtension(path);
+    const ZLChapterDocument* holder = documentAtPath(target);
+    if (holder && holder != document)
+        return ZLError { tr("%1: The file is open as another document.").arg(target) };
+    const ZLStatus saved = saverOf(document)->saveAs(target);
+    if (saved)
+        m_recentDocuments.add(target);
+    return saved;
+}
+
+ZLStatus ZLDocumentController::closeDocument(ZLChapterDocument* document, ZLClosing closing)
+{
+    ZLDocumentSaver* saver = saverOf(document);
+    if (document->isRecording())
+        return ZLError {
+            tr("“%1” is recording. Pause the recording before you close it.").arg(document->displayName())
+        };
+    const bool isForgotten = closing == ZLClosing::Discard && saver->isUntitled();
+    if (isForgotten) {
+        saver->discard();
+    } else if (const ZLStatus saved = saver->saveNow(); !saved) {
+        if (closing == ZLClosing::Keep)
+            return saved;
+        saver->discard();
+    }
+    const bool isLast = m_entries.size() == 1;
+    if (isLast && !isForgotten)
+        keepSessionAsItIs();
+    release(document);
+    if (isLast)
+        m_isSessionKept = false;
+    return ZLDone {};
+}
+
+QStringList ZLDocumentController::saveAllNow()
+{
+    QStringList failures;
+    for (const Entry& entry : m_entries) {
+        if (const ZLStatus saved = entry.saver->saveNow(); !saved)
+            failures.append(saved.error().message);
+    }
+    return failures;
+}
+
+bool ZLDocumentController::canTerminate() const
+{
+    return std::none_of(
+        m_entries.begin(), m_entries.end(), [](const Entry& entry) { return entry.document->isRecording(); });
+}
+
+std::unique_ptr<ZLChapterDocument> ZLDocumentController::makeDocument() const
+{
+    auto document = std::make_unique<ZLChapterDocument>(m_environment);
+    document->setDisplayName(unusedUntitledName());
+    return document;
+}
+
+ZLResult<std::unique_ptr<ZLChapterDocument>> ZLDocumentController::readDocument(const QString& path) const
+{
+    // A pipe or a device could keep the program waiting for ever.
+    if (const QFileInfo file(path); file.exists() && !file.isFile())
+        return ZLError { tr("%1: This is not a file.").arg(path) };
+    const auto bytes = ZLAtomicFile::read(path);
+    if (!bytes)
+        return bytes.error();
+    auto document = makeDocument();
+    ZLFileOperationError error;
+    if (!document->readFromData(bytes.value(), {}, &error))
+        return ZLError { u"%1: %2"_s.arg(path, error.message) };
+    return document;
+}
+
+ZLResult<ZLChapterDocument*> ZLDocumentController::createDocumentAt(const QString& path)
+{
+    auto document = makeDocument();
+    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery);
+    if (const ZLStatus saved = saver->saveAs(path); !saved)
+        return saved.error();
+    ZLChapterDocument* unwanted = transientDocument();
+    ZLChapterDocument* created = adopt({ std::move(document), std::move(saver) });
+    m_recentDocuments.add(path);
+    if (unwanted)
+        release(unwanted);
+    return created;
+}
+
+ZLChapterDocument* ZLDocumentController::documentAtPath(const QString& path) const
+{
+    const QString identity = identityOfPath(path);
+    for (const Entry& entry : m_entries) {
+        if (!entry.saver->isUntitled() && identityOfPath(entry.saver->path()) == identity)
+            return entry.document.get();
+    }
+    return nullptr;
+}
+
+ZLChapterDocument* ZLDocumentController::transientDocument() const
+{
+    ZLChapterDocument* document = currentOrLastDocument();
+    return document && saverOf(document)->isTransient() ? document : nullptr;
+}
+
+QString ZLDocumentController::unusedUntitledName() const
+{
+    const auto isUsed = [this](const QString& name) {
+        return std::any_of(m_entries.begin(), m_entries.end(),
+            [&name](const Entry& entry) { return entry.document->displayName() == name; });
+    };
+    QString name = tr("Untitled");
+    for (int number = 2; isUsed(name); ++number)
+        name = tr("Untitled %1").arg(number);
+    return name;
+}
+
+ZLChapterDocument* ZLDocumentController::adopt(Entry entry)
+{
+    ZLChapterDocument* document = entry.document.get();
+    connect(entry.saver.get(), &ZLDocumentSaver::locationDidChange, this, &ZLDocumentController::rememberSession);
+    m_entries.push_back(std::move(entry));
+    rememberSession();
+    Q_EMIT didOpenDocument(document);
+    document->informControllers();
+    return document;
+}
+
+void ZLDocumentController::release(ZLChapterDocument* document)
+{
+    Q_EMIT willCloseDocument(document);
+    if (m_currentDocument == document)
+        setCurrentDocument(nullptr);
+    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
+        [document](const Entry& entry) { return entry.document.get() == document; });
+    Entry entry = std::move(*found);
+    m_entries.erase(found);
+    rememberSession();
+    Q_EMIT didCloseDocument(document);
+    // The call may come out of one of the document's own signals.
+    entry.saver.reset();
+    document->setParent(this);
+    entry.document.release()->deleteLater();
+}

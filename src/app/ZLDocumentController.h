@@ -1,0 +1,110 @@
+#pragma once
+
+#include "app/ZLOpenDocuments.h"
+#include "app/ZLRecentDocuments.h"
+#include "document/ZLDocumentSaver.h"
+#include "platform/ZLStateFolder.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+/// What happens to what a closed document leaves.
+enum class ZLClosing {
+    Keep, ///< It must be on the disk: in the user's file, or for an untitled document in the recovery folder.
+    Discard, ///< An untitled document is forgotten; of a titled one goes what could not be written.
+};
+
+enum class ZLMissingFile {
+    Fail,
+    Create, ///< A new document at this path, written at once.
+};
+
+struct ZLDocumentControllerSetup {
+    ZLDocumentEnvironment environment = {};
+    ZLSavingMachinery machinery = {};
+    /// Where recovery files, the open documents and the recent ones are remembered.
+    QString stateFolder = ZLStateFolder::path();
+    /// Carries out the writes of the list of open documents; when empty, a thread of its own.
+    ZLOpenDocuments::Executor sessionExecutor = {};
+};
+
+/// Owns the open documents, each with its saver, in the order in which they were opened. Windows show what it opens and
+/// tell it which document has the user's attention.
+class ZLDocumentController : public QObject {
+    Q_OBJECT
+
+public:
+    explicit ZLDocumentController(ZLDocumentControllerSetup setup, QObject* parent = nullptr);
+    /// Writes nothing any more; whoever ends the program in order calls saveAllNow() before.
+    ~ZLDocumentController() override;
+
+    [[nodiscard]] QList<ZLChapterDocument*> documents() const;
+    /// Null for a document that is not open.
+    [[nodiscard]] ZLDocumentSaver* saverOf(const ZLChapterDocument* document) const;
+    /// The document whose window is the main one; null when there is none.
+    [[nodiscard]] ZLChapterDocument* currentDocument() const { return m_currentDocument; }
+    void setCurrentDocument(ZLChapterDocument* document);
+    /// The document that commands from outside act on: the current one, else the one that was opened first among those
+    /// still open, else null.
+    [[nodiscard]] ZLChapterDocument* currentOrLastDocument() const;
+
+    ZLChapterDocument* newDocument();
+    /// The document in the file at `path`, which may be open already. It takes the place of currentOrLastDocument() if
+    /// nobody would miss that. The error says which file and why.
+    ZLResult<ZLChapterDocument*> openDocument(const QString& path, ZLMissingFile missingFile = ZLMissingFile::Fail);
+    /// Opens what was open when the program ended, whatever ended it, and every untitled document that was kept; a new
+    /// document when there is none of both. Returns what could not be opened, a sentence each.
+    QStringList restoreSession();
+
+    /// ZLDocumentSaver::saveAs(), unless another open document has the file.
+    ZLStatus saveDocumentAs(ZLChapterDocument* document, const QString& path);
+    /// Refused while the document's clock runs, and with ZLClosing::Keep when it cannot be written. The last document
+    /// stays in the memory of what was open, since closing it ends the program.
+    ZLStatus closeDocument(ZLChapterDocument* document, ZLClosing closing);
+
+    /// Writes all documents; returns what failed, a sentence each.
+    QStringList saveAllNow();
+    [[nodiscard]] bool canTerminate() const;
+    /// To be called before the windows are closed one after the other because the program ends: what is open now will
+    /// be open at the next start.
+    void keepSessionAsItIs() { m_isSessionKept = true; }
+
+    [[nodiscard]] ZLRecentDocuments& recentDocuments() { return m_recentDocuments; }
+
+Q_SIGNALS:
+    void didOpenDocument(ZLChapterDocument* document);
+    void willCloseDocument(ZLChapterDocument* document);
+    /// The document is no longer in the list; it lives until control returns to the event loop.
+    void didCloseDocument(ZLChapterDocument* document);
+    void currentDocumentDidChange();
+
+private:
+    struct Entry {
+        std::unique_ptr<ZLChapterDocument> document;
+        std::unique_ptr<ZLDocumentSaver> saver;
+    };
+
+    [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
+    [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> readDocument(const QString& path) const;
+    [[nodiscard]] ZLResult<ZLChapterDocument*> createDocumentAt(const QString& path);
+    [[nodiscard]] ZLResult<ZLChapterDocument*> openRecoveryFile(const QString& path);
+    [[nodiscard]] ZLResult<ZLChapterDocument*> openEntry(const ZLOpenDocumentEntry& entry);
+    [[nodiscard]] ZLChapterDocument* documentAtPath(const QString& path) const;
+    [[nodiscard]] ZLChapterDocument* transientDocument() const;
+    [[nodiscard]] QString unusedUntitledName() const;
+    ZLChapterDocument* adopt(Entry entry);
+    void release(ZLChapterDocument* document);
+    void rememberSession();
+
+    const ZLDocumentEnvironment m_environment;
+    const ZLSavingMachinery m_machinery;
+    const ZLRecoveryFolder m_recoveryFolder;
+    ZLOpenDocuments m_openDocuments;
+    ZLRecentDocuments m_recentDocuments;
+    std::vector<Entry> m_entries;
+    ZLChapterDocument* m_currentDocument = nullptr;
+    bool m_isSessionKept = false;
+};

@@ -1,0 +1,299 @@
+#include "app/ZLHeadlessRecorder.h"
+
+#include "platform/ZLLineReader.h"
+#include "platform/ZLSignalWatcher.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <unistd.h>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void writeLineTo(std::FILE* stream, const QString& line)
+{
+    // What nobody can read any more is no reason to stop.
+    std::fprintf(stream, "%s\n", qUtf8Printable(line));
+    std::fflush(stream);
+}
+
+/// A title as it fits into one line.
+QString titleForLine(QString title)
+{
+    for (QChar& character : title) {
+        if (character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    return title;
+}
+
+/// `chapter 3 at 00:01:05.300 "News"`
+QString describeChapter(qsizetype index, const ZLChapter& chapter)
+{
+    return u"chapter %1 at %2 \"%3\""_s.arg(
+        QString::number(index + 1), chapter.timeString(), titleForLine(chapter.title()));
+}
+
+QString describeSaving(const ZLDocumentSaver& saver)
+{
+    switch (saver.state()) {
+    case ZLSavingState::Saved:
+        return u"saved"_s;
+    case ZLSavingState::Waiting:
+    case ZLSavingState::Saving:
+        return u"being saved"_s;
+    case ZLSavingState::Failed:
+        break;
+    }
+    return u"not saved: "_s + saver.failureText();
+}
+
+}
+
+ZLHeadlessStreams ZLHeadlessStreams::standard()
+{
+    return {
+        .inputDescriptor = STDIN_FILENO,
+        .print = [](const QString& line) { writeLineTo(stdout, line); },
+        .complain = [](const QString& line) { writeLineTo(stderr, line); },
+    };
+}
+
+ZLHeadlessRecorder::ZLHeadlessRecorder(ZLDocumentController& controller, ZLHeadlessStreams streams, QObject* parent)
+    : QObject(parent)
+    , m_controller(controller)
+    , m_streams(std::move(streams))
+{
+}
+
+ZLHeadlessRecorder::~ZLHeadlessRecorder() = default;
+
+ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadlessStart headlessStart)
+{
+    // A reader of our output that goes away must not take the recording with it.
+    std::signal(SIGPIPE, SIG_IGN);
+    m_signals = new ZLSignalWatcher({ SIGINT, SIGTERM, SIGHUP }, this);
+    connect(m_signals, &ZLSignalWatcher::didReceiveSignal, this, &ZLHeadlessRecorder::terminate);
+    if (file) {
+        if (const auto opened = m_controller.openDocument(*file, ZLMissingFile::Create); !opened)
+            return opened.error();
+    } else {
+        const QStringList failures = m_controller.restoreSession();
+        for (const QString& failure : failures)
+            m_streams.complain(failure);
+    }
+    m_document = m_controller.currentOrLastDocument();
+    m_reported = takeSnapshot();
+    watchDocuments();
+    printStatus({});
+    print(u"Commands come from standard input, one a line; \"help\" lists them."_s);
+    if (headlessStart == ZLHeadlessStart::Recording)
+        handleLine(u"toggleRecording"_s);
+    openInput();
+    return ZLDone {};
+}
+
+void ZLHeadlessRecorder::handleLine(const QString& line)
+{
+    const QString text = line.trimmed();
+    const QString name = text.section(u' ', 0, 0);
+    if (name.isEmpty())
+        return;
+    const auto& table = commands();
+    const auto found =
+        std::find_if(table.begin(), table.end(), [&name](const Command& command) { return command.name == name; });
+    if (found == table.end()) {
+        m_streams.complain(u"Unknown command \"%1\"; \"help\" lists the commands."_s.arg(titleForLine(name)));
+        return;
+    }
+    m_hasPrinted = false;
+    (this->*found->perform)(text.sliced(name.size()).trimmed());
+    report();
+    if (!m_hasPrinted && !found->withoutEffect.isEmpty())
+        print(found->withoutEffect);
+}
+
+void ZLHeadlessRecorder::terminate()
+{
+    const QStringList failures = m_controller.saveAllNow();
+    for (const QString& failure : failures)
+        m_streams.complain(u"Cannot save: "_s + failure);
+    Q_EMIT didFinish(failures.isEmpty() ? ZLExitStatus::Done : ZLExitStatus::Failed);
+}
+
+void ZLHeadlessRecorder::openInput()
+{
+    if (m_streams.inputDescriptor < 0)
+        return;
+    m_input = new ZLLineReader(m_streams.inputDescriptor, this);
+    connect(m_input, &ZLLineReader::didReadLine, this, &ZLHeadlessRecorder::handleLine);
+}
+
+void ZLHeadlessRecorder::watchDocuments()
+{
+    connect(m_document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLHeadlessRecorder::scheduleReport);
+    connect(m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLHeadlessRecorder::scheduleReport);
+    const auto documents = m_controller.documents();
+    for (const ZLChapterDocument* document : documents) {
+        const ZLDocumentSaver* saver = m_controller.saverOf(document);
+        connect(saver, &ZLDocumentSaver::stateDidChange, this, [this, saver] { reportSaving(*saver); });
+    }
+}
+
+void ZLHeadlessRecorder::scheduleReport()
+{
+    // The signals come in the middle of an operation; what came of it is to be seen after its end.
+    if (std::exchange(m_isReportDue, true))
+        return;
+    QMetaObject::invokeMethod(this, &ZLHeadlessRecorder::report, Qt::QueuedConnection);
+}
+
+void ZLHeadlessRecorder::report()
+{
+    m_isReportDue = false;
+    const Snapshot now = takeSnapshot();
+    if (now.isRecording != m_reported.isRecording)
+        print((now.isRecording ? u"recording from %1"_s : u"paused at %1"_s).arg(m_document->clockText()));
+    if (now.chapters != m_reported.chapters)
+        reportChapters(now);
+    else if (now.selectedChapter && now.selectedChapter != m_reported.selectedChapter)
+        print(u"selected "_s + describeChapter(now.chapters.indexOf(now.selectedChapter), *now.selectedChapter));
+    m_reported = now;
+}
+
+void ZLHeadlessRecorder::reportChapters(const Snapshot& now)
+{
+    const QSet<ZLChapterPointer> before(m_reported.chapters.begin(), m_reported.chapters.end());
+    const QSet<ZLChapterPointer> after(now.chapters.begin(), now.chapters.end());
+    for (qsizetype index = 0; index < m_reported.chapters.size(); ++index) {
+        if (const auto& chapter = m_reported.chapters.at(index); !after.contains(chapter))
+            print(u"removed "_s + describeChapter(index, *chapter));
+    }
+    for (qsizetype index = 0; index < now.chapters.size(); ++index) {
+        if (const auto& chapter = now.chapters.at(index); !before.contains(chapter))
+            print(describeChapter(index, *chapter));
+    }
+}
+
+void ZLHeadlessRecorder::reportSaving(const ZLDocumentSaver& saver)
+{
+    const QString failure = saver.failureText();
+    if (std::exchange(m_reportedFailure, failure) == failure)
+        return;
+    if (failure.isEmpty())
+        m_streams.complain(u"Saved again."_s);
+    else
+        m_streams.complain(u"Cannot save: %1. Trying again until it works."_s.arg(failure));
+}
+
+void ZLHeadlessRecorder::print(const QString& line)
+{
+    m_hasPrinted = true;
+    m_streams.print(line);
+}
+
+ZLHeadlessRecorder::Snapshot ZLHeadlessRecorder::takeSnapshot() const
+{
+    ZLChapterManager& manager = m_document->chapterManager();
+    return {
+        .isRecording = m_document->isRecording(),
+        .chapters = manager.allChapters(),
+        .selectedChapter = manager.chapterAtIndex(m_document->selectedRow()),
+    };
+}
+
+const std::vector<ZLHeadlessRecorder::Command>& ZLHeadlessRecorder::commands()
+{
+    using Self = ZLHeadlessRecorder;
+    static const QString noSelection = u"no chapter is selected"_s;
+    static const std::vector<Command> table {
+        { u"toggleRecording"_s, u"start, pause or resume the clock"_s, u"the clock starts when the start sound ends"_s,
+            &Self::toggleRecording },
+        { u"newChapter"_s, u"add a chapter at the clock's reading"_s,
+            u"no chapter added: the clock stands, toggleRecording starts it"_s, &Self::newChapter },
+        { u"removeChapter"_s, u"remove the selected chapter"_s, noSelection, &Self::removeChapter },
+        { u"removeLastChapter"_s, u"remove the latest chapter"_s, u"there are no chapters"_s,
+            &Self::removeLastChapter },
+        { u"selectPreviousChapter"_s, u"select the chapter before"_s, u"there is no chapter before"_s,
+            &Self::selectPreviousChapter },
+        { u"selectNextChapter"_s, u"select the chapter after"_s, u"there is no chapter after"_s,
+            &Self::selectNextChapter },
+        { u"title"_s, u"give the selected chapter the title that follows"_s, noSelection, &Self::setTitle },
+        { u"status"_s, u"tell the document, the clock and whether everything is saved"_s, {}, &Self::printStatus },
+        { u"help"_s, u"list the commands"_s, {}, &Self::printHelp },
+        { u"quit"_s, u"save and end; refused while the clock runs"_s, {}, &Self::quit },
+    };
+    return table;
+}
+
+void ZLHeadlessRecorder::toggleRecording(const QString&)
+{
+    m_document->recordButtonPressed();
+}
+
+void ZLHeadlessRecorder::newChapter(const QString&)
+{
+    m_document->addChapterButtonPressed();
+}
+
+void ZLHeadlessRecorder::removeChapter(const QString&)
+{
+    m_document->deleteButtonPressed();
+}
+
+void ZLHeadlessRecorder::removeLastChapter(const QString&)
+{
+    m_document->deleteLastChapter();
+}
+
+void ZLHeadlessRecorder::selectPreviousChapter(const QString&)
+{
+    m_document->selectLastChapter();
+}
+
+void ZLHeadlessRecorder::selectNextChapter(const QString&)
+{
+    m_document->selectNextChapter();
+}
+
+void ZLHeadlessRecorder::setTitle(const QString& title)
+{
+    const int row = m_document->selectedRow();
+    const ZLChapterPointer chapter = m_document->chapterManager().chapterAtIndex(row);
+    if (!chapter)
+        return;
+    m_document->updateChapterToTitle(chapter, title);
+    m_document->informControllers();
+    print(describeChapter(row, *chapter));
+}
+
+void ZLHeadlessRecorder::printStatus(const QString&)
+{
+    const ZLDocumentSaver* saver = m_controller.saverOf(m_document);
+    const Snapshot now = takeSnapshot();
+    print(u"document: "_s
+        + (saver->isUntitled() ? m_document->displayName() + u" (has no file yet, back at the next start)"_s
+                               : saver->path()));
+    print((now.isRecording ? u"clock: recording, %1"_s : u"clock: paused, %1"_s).arg(m_document->clockText()));
+    print(u"chapters: %1"_s.arg(now.chapters.size()));
+    if (now.selectedChapter)
+        print(u"selected: "_s + describeChapter(m_document->selectedRow(), *now.selectedChapter));
+    print(u"file: "_s + describeSaving(*saver));
+}
+
+void ZLHeadlessRecorder::printHelp(const QString&)
+{
+    for (const Command& command : commands())
+        print(u"%1  %2"_s.arg(command.name.leftJustified(22), command.description));
+}
+
+void ZLHeadlessRecorder::quit(const QString&)
+{
+    if (m_controller.canTerminate())
+        terminate();
+    else
+        m_streams.complain(u"The clock is running: toggleRecording first, then quit."_s);
+}

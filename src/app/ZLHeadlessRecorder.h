@@ -1,0 +1,96 @@
+#pragma once
+
+#include "app/ZLCommandLine.h"
+#include "app/ZLDocumentController.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class ZLLineReader;
+class ZLSignalWatcher;
+
+/// Where a recorder without a window reads its commands and says what became of them.
+struct ZLHeadlessStreams {
+    /// Commands, one a line; -1 for none.
+    int inputDescriptor = -1;
+    std::function<void(const QString& line)> print;
+    std::function<void(const QString& line)> complain;
+
+    /// Standard input, output and error.
+    [[nodiscard]] static ZLHeadlessStreams standard();
+};
+
+/// Records into one document without a window. It obeys commands from its input and says in a line what became of each,
+/// also of those that reach the document by another way. The end of the input ends nothing, since a service has none.
+class ZLHeadlessRecorder : public QObject {
+    Q_OBJECT
+
+public:
+    /// `controller` has to outlive the recorder.
+    ZLHeadlessRecorder(ZLDocumentController& controller, ZLHeadlessStreams streams, QObject* parent = nullptr);
+    ~ZLHeadlessRecorder() override;
+
+    /// Opens `file`, which is made when it is missing; without one, what was open before or a new document. From here
+    /// on SIGINT, SIGTERM and SIGHUP end the program as terminate() does.
+    ZLStatus start(const std::optional<QString>& file, ZLHeadlessStart headlessStart);
+
+    /// One command, as it comes from the input.
+    void handleLine(const QString& line);
+    /// Saves a running clock with its reading, which it does not stop, and asks for the end of the program.
+    void terminate();
+
+Q_SIGNALS:
+    /// The program should end with this exit status.
+    void didFinish(int exitStatus);
+
+private:
+    struct Command {
+        QString name;
+        QString description;
+        /// Said when the command left everything as it was.
+        QString withoutEffect;
+        void (ZLHeadlessRecorder::*perform)(const QString& argument);
+    };
+    /// What was told last, to see what has changed since.
+    struct Snapshot {
+        bool isRecording = false;
+        ZLChapterSequence chapters;
+        ZLChapterPointer selectedChapter;
+    };
+
+    [[nodiscard]] static const std::vector<Command>& commands();
+
+    void toggleRecording(const QString& argument);
+    void newChapter(const QString& argument);
+    void removeChapter(const QString& argument);
+    void removeLastChapter(const QString& argument);
+    void selectPreviousChapter(const QString& argument);
+    void selectNextChapter(const QString& argument);
+    void setTitle(const QString& title);
+    void printStatus(const QString& argument);
+    void printHelp(const QString& argument);
+    void quit(const QString& argument);
+
+    void openInput();
+    void watchDocuments();
+    void scheduleReport();
+    /// Prints what has changed since the last report.
+    void report();
+    void reportChapters(const Snapshot& now);
+    void reportSaving(const ZLDocumentSaver& saver);
+    void print(const QString& line);
+    [[nodiscard]] Snapshot takeSnapshot() const;
+
+    ZLDocumentController& m_controller;
+    ZLHeadlessStreams m_streams;
+    ZLChapterDocument* m_document = nullptr;
+    ZLLineReader* m_input = nullptr;
+    ZLSignalWatcher* m_signals = nullptr;
+    Snapshot m_reported;
+    QString m_reportedFailure;
+    bool m_isReportDue = false;
+    bool m_hasPrinted = false;
+};

@@ -41,7 +41,6 @@ void ZLChapterDocument::addChapterButtonPressed()
 {
     if (!isRecording() || m_undoManager.isUndoing() || m_undoManager.isRedoing())
         return;
-    Q_EMIT typedTextShouldBeCommitted();
     if (addButtonFace() == ZLAddButtonFace::Next) {
         addFirstChapterFromTemplates();
         return;
@@ -53,6 +52,7 @@ void ZLChapterDocument::addChapterButtonPressed()
 
 void ZLChapterDocument::addFirstChapterFromTemplates()
 {
+    Q_EMIT typedTextShouldBeCommitted();
     const ZLUndoGroup group(m_undoManager);
     ZLChapterManager& templates = m_templateViewController.chapterManager();
     const ZLChapterPointer chapter = templates.chapterAtIndex(0);
@@ -86,6 +86,7 @@ void ZLChapterDocument::addNewBlankChapter()
 
 void ZLChapterDocument::addChapter(ZLChapterPointer chapter)
 {
+    Q_EMIT typedTextShouldBeCommitted();
     const ZLUndoGroup group(m_undoManager);
     _realAddChapter(chapter);
     m_undoManager.registerStep([this, chapter] { removeChapter(chapter); });
@@ -94,20 +95,19 @@ void ZLChapterDocument::addChapter(ZLChapterPointer chapter)
 
 void ZLChapterDocument::deleteButtonPressed()
 {
-    Q_EMIT typedTextShouldBeCommitted();
     if (const ZLChapterPointer chapter = m_chapterManager.chapterAtIndex(selectedRow()))
         removeChapter(chapter);
 }
 
 void ZLChapterDocument::deleteLastChapter()
 {
-    Q_EMIT typedTextShouldBeCommitted();
     if (const ZLChapterPointer chapter = m_chapterManager.lastChapter())
         removeChapter(chapter);
 }
 
 void ZLChapterDocument::removeChapter(ZLChapterPointer chapter)
 {
+    Q_EMIT typedTextShouldBeCommitted();
     const ZLUndoGroup group(m_undoManager);
     _realRemoveChapter(chapter);
     m_undoManager.registerStep([this, chapter] { addChapter(chapter); });

@@ -1,0 +1,109 @@
+#include "document/ui/ZLChapterCellDelegate.h"
+
+#include "document/ZLChapterTableModel.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace {
+
+bool isNumericColumn(int column)
+{
+    return column == ZLChapterTableModel::NumberColumn || column == ZLChapterTableModel::TimeColumn
+        || column == ZLChapterTableModel::DurationColumn;
+}
+
+bool isCommitKey(const QKeyEvent& event)
+{
+    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return isReturn && !(event.modifiers() & ~Qt::KeypadModifier);
+}
+
+/// Whether the key means an undo or redo of which the field has none left.
+bool isUndoBeyond(const QLineEdit& field, const QKeyEvent& event)
+{
+    return (event.matches(QKeySequence::Undo) && !field.isUndoAvailable())
+        || (event.matches(QKeySequence::Redo) && !field.isRedoAvailable());
+}
+
+}
+
+QModelIndex ZLChapterCellDelegate::openIndex() const
+{
+    return m_openField ? QModelIndex(m_openIndex) : QModelIndex();
+}
+
+QWidget* ZLChapterCellDelegate::createEditor(
+    QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    auto* field = new QLineEdit(parent);
+    field->setFrame(false);
+    field->setFont(option.font);
+    field->setAutoFillBackground(true);
+    field->setObjectName(ZLChapterTableModel::columnIdentifier(index.column()));
+    const QString columnName = index.model()->headerData(index.column(), Qt::Horizontal).toString();
+    field->setAccessibleName(tr("%1 of chapter %2").arg(columnName).arg(index.row() + 1));
+    if (isNumericColumn(index.column()))
+        field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_openField = field;
+    m_openIndex = index;
+    return field;
+}
+
+void ZLChapterCellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    auto* field = qobject_cast<QLineEdit*>(editor);
+    const QString text = index.data(Qt::EditRole).toString();
+    if (field && !field->isModified() && field->text() != text)
+        field->setText(text);
+}
+
+void ZLChapterCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
+{
+    auto* field = qobject_cast<QLineEdit*>(editor);
+    if (!field || !field->isModified())
+        return;
+    // First, because the change may come back and ask for a commit once more.
+    field->setModified(false);
+    model->setData(index, field->text(), Qt::EditRole);
+}
+
+void ZLChapterCellDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const
+{
+    if (editor == m_openField)
+        m_openField = nullptr;
+    QStyledItemDelegate::destroyEditor(editor, index);
+}
+
+void ZLChapterCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (isNumericColumn(index.column()))
+        option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    if (index.data(ZLChapterTableModel::ChapterEnabledRole).toBool())
+        return;
+    const QColor dimmed = option->palette.color(QPalette::Disabled, QPalette::Text);
+    option->palette.setColor(QPalette::Text, dimmed);
+}
+
+bool ZLChapterCellDelegate::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* field = qobject_cast<QLineEdit*>(watched);
+    if (field && filterKey(field, event))
+        return true;
+    return QStyledItemDelegate::eventFilter(watched, event);
+}
+
+bool ZLChapterCellDelegate::filterKey(QLineEdit* field, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isUndoBeyond(*field, *static_cast<QKeyEvent*>(event))) {
+        // The field would swallow the key; the menu has a use for it.
+        event->ignore();
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress || !isCommitKey(*static_cast<QKeyEvent*>(event)))
+        return false;
+    Q_EMIT commitData(field);
+    Q_EMIT closeEditor(field, SubmitModelCache);
+    return true;
+}

@@ -1,0 +1,363 @@
+#include "document/ui/ZLChapterDocumentWindow.h"
+
+#include "document/ZLChapterDocument.h"
+#include "document/ui/ZLActionHelp.h"
+#include "document/ui/ZLChapterColumnLayout.h"
+#include "document/ui/ZLEditMenu.h"
+#include "document/ui/ZLMoveChaptersDialog.h"
+#include "document/ui/ZLRecordingMenu.h"
+#include "document/ui/ZLViewMenu.h"
+#include "templates/ui/ZLTemplatesDrawer.h"
+#include "ui_ZLChapterDocument.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString invalidTimestampAlertName = QStringLiteral("invalidTimestampAlert");
+
+QStringList localFilesIn(const QMimeData& data)
+{
+    QStringList paths;
+    const auto addresses = data.urls();
+    for (const QUrl& address : addresses) {
+        if (address.isLocalFile())
+            paths.append(address.toLocalFile());
+    }
+    return paths;
+}
+
+}
+
+ZLChapterDocumentWindow::ZLChapterDocumentWindow(
+    ZLChapterDocument& document, QWidget* parent, const ZLWindowStateStore& stateStore)
+    : QMainWindow(parent)
+    , m_document(document)
+    , m_ui(std::make_unique<Ui::ZLChapterDocument>())
+    , m_stateStore(stateStore)
+{
+    m_ui->setupUi(this);
+    m_ui->tableView->showDocument(document);
+    buildDrawer();
+    m_editMenu = new ZLEditMenu(*menuBar(), document, *m_ui->tableView);
+    m_recordingMenu = new ZLRecordingMenu(*menuBar(), document);
+    m_viewMenu = new ZLViewMenu(*menuBar());
+    connectDocument();
+    connectToolbar();
+    connectMenus();
+    connectStatusLine();
+    restoreWindowState();
+    updateTitle();
+    updateRecordingState();
+    updateAddButton();
+    updateClock();
+    updateDrawerItems();
+    m_ui->tableView->setFocus();
+}
+
+ZLChapterDocumentWindow::~ZLChapterDocumentWindow()
+{
+    commitTypedText();
+    m_ui->tableView->finishEditing();
+    // The parts outlive this class by a moment and would still report how they disappear.
+    const auto parts = findChildren<QObject*>();
+    for (QObject* part : parts)
+        part->disconnect(this);
+}
+
+ZLChapterTableView& ZLChapterDocumentWindow::tableView() const
+{
+    return *m_ui->tableView;
+}
+
+ZLDocumentToolbar& ZLChapterDocumentWindow::toolbar() const
+{
+    return *m_ui->toolbar;
+}
+
+ZLStatusLine& ZLChapterDocumentWindow::statusLine() const
+{
+    return *m_ui->statusLine;
+}
+
+ZLMessageBar& ZLChapterDocumentWindow::messageBar() const
+{
+    return *m_ui->messageBar;
+}
+
+void ZLChapterDocumentWindow::toggleDrawer()
+{
+    m_ui->templateDrawer->setVisible(!isDrawerOpen());
+    drawerDidToggle();
+}
+
+bool ZLChapterDocumentWindow::isDrawerOpen() const
+{
+    return !m_ui->templateDrawer->isHidden();
+}
+
+void ZLChapterDocumentWindow::commitTypedText()
+{
+    m_ui->tableView->commitTypedText();
+    // A field in the drawer writes its text when the keyboard leaves it.
+    QWidget* focused = focusWidget();
+    if (qobject_cast<QLineEdit*>(focused) && m_ui->templateDrawer->isAncestorOf(focused))
+        m_ui->tableView->setFocus();
+}
+
+void ZLChapterDocumentWindow::saveWindowState() const
+{
+    m_stateStore.save({
+        .geometry = saveGeometry(),
+        .panels = saveState(),
+        .titleShare = m_ui->tableView->columnLayout()->titleShare(),
+    });
+}
+
+void ZLChapterDocumentWindow::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    if (m_document.isRecording()) {
+        m_ui->statusLine->showPassingMessage(tr("Stop the recording before closing this window."));
+        return;
+    }
+    commitTypedText();
+    if (m_closeGuard && !m_closeGuard())
+        return;
+    saveWindowState();
+    event->accept();
+    Q_EMIT willClose();
+}
+
+void ZLChapterDocumentWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!localFilesIn(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void ZLChapterDocumentWindow::dropEvent(QDropEvent* event)
+{
+    const QStringList paths = localFilesIn(*event->mimeData());
+    if (paths.isEmpty())
+        return;
+    event->acceptProposedAction();
+    Q_EMIT filesDropped(paths);
+}
+
+void ZLChapterDocumentWindow::buildDrawer()
+{
+    auto* drawer = new ZLTemplatesDrawer(m_document.templateViewController(), m_ui->templateDrawer);
+    m_ui->templateDrawer->setWidget(drawer);
+    m_ui->templateDrawer->hide();
+    connect(
+        m_ui->templateDrawer->toggleViewAction(), &QAction::toggled, this, &ZLChapterDocumentWindow::drawerDidToggle);
+}
+
+void ZLChapterDocumentWindow::connectDocument()
+{
+    connect(&m_document, &ZLChapterDocument::displayDidUpdate, this, &ZLChapterDocumentWindow::updateClock);
+    connect(
+        &m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLChapterDocumentWindow::updateRecordingState);
+    connect(&m_document, &ZLChapterDocument::addButtonDidUpdate, this, &ZLChapterDocumentWindow::updateAddButton);
+    connect(&m_document, &ZLChapterDocument::wantsEditing, m_ui->tableView, &ZLChapterTableView::beginEditing);
+    connect(
+        &m_document, &ZLChapterDocument::typedTextShouldBeCommitted, this, &ZLChapterDocumentWindow::commitTypedText);
+    connect(&m_document, &ZLChapterDocument::invalidTimestampEntered, this,
+        &ZLChapterDocumentWindow::showInvalidTimestampAlert);
+    connect(&m_document, &ZLChapterDocument::editedStateDidChange, this, &ZLChapterDocumentWindow::updateTitle);
+    connect(&m_document, &ZLChapterDocument::displayNameDidChange, this, &ZLChapterDocumentWindow::updateTitle);
+    connect(
+        &m_document.selectionModel(), &QItemSelectionModel::selectionChanged, this, &ZLChapterDocumentWindow::validate);
+    for (const auto signal : { &QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved })
+        connect(&m_document.tableModel(), signal, this, &ZLChapterDocumentWindow::validate);
+    connect(&m_document.tableModel(), &QAbstractItemModel::modelReset, this, &ZLChapterDocumentWindow::validate);
+}
+
+void ZLChapterDocumentWindow::connectToolbar()
+{
+    const ZLDocumentToolbar& bar = toolbar();
+    connect(bar.recordButton(), &QToolButton::clicked, &m_document, &ZLChapterDocument::recordButtonPressed);
+    connect(bar.addButton(), &QToolButton::clicked, &m_document, &ZLChapterDocument::addChapterButtonPressed);
+    connect(bar.deleteButton(), &QToolButton::clicked, &m_document, &ZLChapterDocument::deleteButtonPressed);
+    connect(bar.drawerButton(), &QToolButton::clicked, this, &ZLChapterDocumentWindow::toggleDrawer);
+}
+
+void ZLChapterDocumentWindow::connectMenus()
+{
+    connect(m_recordingMenu, &ZLRecordingMenu::blankChapterRequested, this, &ZLChapterDocumentWindow::addBlankChapter);
+    connect(m_recordingMenu, &ZLRecordingMenu::moveChaptersRequested, this,
+        &ZLChapterDocumentWindow::showMoveChaptersDialog);
+    connect(m_recordingMenu, &ZLRecordingMenu::editTitleRequested, &m_document, &ZLChapterDocument::editCurrentTitle);
+    connect(m_recordingMenu, &ZLRecordingMenu::editLinkRequested, &m_document, &ZLChapterDocument::editCurrentLink);
+    connect(m_viewMenu, &ZLViewMenu::absoluteTimeRequested, this, [this] {
+        // A time that is being typed belongs to the kind of time that is still shown.
+        commitTypedText();
+        m_document.showAbsoluteTimePressed();
+    });
+    connect(m_viewMenu, &ZLViewMenu::drawerRequested, this, [this] {
+        if (isDrawerOpen())
+            toggleDrawer();
+        else
+            openDrawerWithFocus();
+    });
+    for (int tag = 1; QAction* action = m_recordingMenu->actionWithTag(tag); ++tag)
+        connect(action, &QAction::changed, this, &ZLChapterDocumentWindow::updateToolTips);
+}
+
+void ZLChapterDocumentWindow::connectStatusLine()
+{
+    connect(m_ui->statusLine, &ZLStatusLine::nextTemplateClicked, this, &ZLChapterDocumentWindow::openDrawerWithFocus);
+    connect(m_ui->messageBar, &ZLMessageBar::didHide, this, &ZLChapterDocumentWindow::returnFocusToTable);
+    connect(m_ui->tableView, &ZLChapterTableView::linkActivated, this, &QDesktopServices::openUrl);
+    const QAbstractItemModel& templates = m_document.templateViewController().tableModel();
+    for (const auto signal : { &QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved })
+        connect(&templates, signal, this, &ZLChapterDocumentWindow::updateNextTemplate);
+    connect(&templates, &QAbstractItemModel::modelReset, this, &ZLChapterDocumentWindow::updateNextTemplate);
+    connect(&templates, &QAbstractItemModel::dataChanged, this, &ZLChapterDocumentWindow::updateNextTemplate);
+    updateNextTemplate();
+}
+
+void ZLChapterDocumentWindow::restoreWindowState()
+{
+    const auto state = m_stateStore.load();
+    if (!state)
+        return;
+    restoreGeometry(state->geometry);
+    restoreState(state->panels);
+    m_ui->tableView->columnLayout()->setTitleShare(state->titleShare);
+}
+
+void ZLChapterDocumentWindow::validate()
+{
+    const QWidget* focused = focusWidget();
+    toolbar().setTagEnabled(ZLDocumentToolbar::AddTag, m_document.canAddChapter());
+    toolbar().setTagEnabled(ZLDocumentToolbar::DeleteTag, m_document.canDeleteChapter());
+    // A button that goes out of service hands the keyboard to the table.
+    if (focused && !focused->isEnabled())
+        m_ui->tableView->setFocus();
+    m_recordingMenu->validate();
+    updateClock();
+}
+
+void ZLChapterDocumentWindow::updateClock()
+{
+    toolbar().setClock(m_document.clockText(), m_document.lastChapterAgeText());
+}
+
+void ZLChapterDocumentWindow::updateRecordingState()
+{
+    const QString waitingText = tr("The recording starts after the beep.");
+    const bool isRecording = m_document.isRecording();
+    toolbar().setRecordFace(isRecording ? ZLDocumentToolbar::RecordFace::Pause : ZLDocumentToolbar::RecordFace::Start);
+    if (m_document.isWaitingForBeep())
+        m_ui->statusLine->showPassingMessage(waitingText);
+    else if (m_ui->statusLine->passingMessage() == waitingText)
+        m_ui->statusLine->hidePassingMessage();
+    validate();
+    updateToolTips();
+}
+
+void ZLChapterDocumentWindow::updateAddButton()
+{
+    toolbar().setAddFace(m_document.addButtonFace());
+    updateNextTemplate();
+}
+
+void ZLChapterDocumentWindow::updateNextTemplate()
+{
+    const ZLChapterPointer next = m_document.templateViewController().chapterManager().chapterAtIndex(0);
+    if (next)
+        m_ui->statusLine->setNextTemplate(ZLStatusLine::NextTemplate::Exists, next->title());
+    else
+        m_ui->statusLine->setNextTemplate(ZLStatusLine::NextTemplate::Missing);
+}
+
+void ZLChapterDocumentWindow::updateTitle()
+{
+    QString name = m_document.displayName();
+    // Two of these placeholders stand for their own text.
+    name.replace("[*]"_L1, "[*][*]"_L1);
+    setWindowTitle(u"%1[*] — Zelta"_s.arg(name));
+    setWindowModified(m_document.isDocumentEdited());
+}
+
+void ZLChapterDocumentWindow::updateToolTips()
+{
+    const auto help = [this](QToolButton* button, const QString& text, int tag) {
+        button->setToolTip(ZLActionHelp::textWithKey(text, *m_recordingMenu->actionWithTag(tag)));
+    };
+    const ZLDocumentToolbar& bar = toolbar();
+    help(bar.recordButton(), m_document.isRecording() ? tr("Pause the recording") : tr("Start the recording"), 1);
+    help(bar.addButton(), tr("Add a chapter here. With Alt held it is a blank one."), 2);
+    help(bar.deleteButton(), tr("Delete the selected chapter"), 3);
+    bar.drawerButton()->setToolTip(
+        ZLActionHelp::textWithKey(tr("Show or hide the templates"), *m_viewMenu->drawerItem()));
+}
+
+void ZLChapterDocumentWindow::updateDrawerItems()
+{
+    toolbar().drawerButton()->setChecked(isDrawerOpen());
+    m_viewMenu->drawerItem()->setChecked(isDrawerOpen());
+}
+
+void ZLChapterDocumentWindow::openDrawerWithFocus()
+{
+    if (!isDrawerOpen())
+        toggleDrawer();
+    if (auto* list = m_ui->templateDrawer->findChild<QAbstractItemView*>())
+        list->setFocus();
+}
+
+void ZLChapterDocumentWindow::drawerDidToggle()
+{
+    updateDrawerItems();
+    if (!isDrawerOpen())
+        returnFocusToTable();
+}
+
+void ZLChapterDocumentWindow::addBlankChapter()
+{
+    commitTypedText();
+    if (m_document.canAddChapter())
+        m_document.addNewBlankChapter();
+}
+
+void ZLChapterDocumentWindow::showInvalidTimestampAlert()
+{
+    if (findChild<QMessageBox*>(invalidTimestampAlertName))
+        return;
+    auto* alert =
+        new QMessageBox(QMessageBox::Warning, tr("Zelta"), tr("Invalid Timestamp"), QMessageBox::NoButton, this);
+    alert->setObjectName(invalidTimestampAlertName);
+    alert->setInformativeText(tr("The timestamp you have entered is not valid!"));
+    alert->addButton(tr("OK"), QMessageBox::AcceptRole);
+    alert->setAttribute(Qt::WA_DeleteOnClose);
+    connect(alert, &QDialog::finished, this, &ZLChapterDocumentWindow::returnFocusToTable);
+    // Not exec(): the recording goes on, and so does everything that a remote control asks for.
+    alert->open();
+}
+
+void ZLChapterDocumentWindow::showMoveChaptersDialog()
+{
+    commitTypedText();
+    auto* dialog = new ZLMoveChaptersDialog(this);
+    connect(
+        dialog, &QDialog::accepted, this, [this, dialog] { m_document.moveChaptersByMilliseconds(dialog->offset()); });
+    connect(dialog, &QDialog::finished, this, &ZLChapterDocumentWindow::returnFocusToTable);
+    dialog->open();
+}
+
+void ZLChapterDocumentWindow::returnFocusToTable()
+{
+    if (!m_ui->tableView->isEditing())
+        m_ui->tableView->setFocus();
+}

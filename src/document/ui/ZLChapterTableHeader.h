@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QHeaderView>
+
+/// The column titles of the chapter table, each aligned as the cells below it.
+class ZLChapterTableHeader : public QHeaderView {
+    Q_OBJECT
+
+public:
+    explicit ZLChapterTableHeader(QWidget* parent = nullptr);
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override;
+};

@@ -1,0 +1,264 @@
+#include "document/ui/ZLChapterTableView.h"
+
+#include "document/ZLChapterDocument.h"
+#include "document/ui/ZLChapterCellDelegate.h"
+#include "document/ui/ZLChapterColumnLayout.h"
+#include "document/ui/ZLChapterTableHeader.h"
+#include "settings/ZLSettingsManager.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QInputMethod>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPersistentModelIndex>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double pointsPerInch = 72.0;
+constexpr double rowExtraPoints = 4.0;
+/// Sizes that a table can be read with; a damaged setting must not make the rows vanish.
+constexpr double smallestFontPoints = 4.0;
+constexpr double greatestFontPoints = 96.0;
+
+double usableFontPoints(double setting)
+{
+    if (!(setting > 0.0))
+        return QFontDatabase::systemFont(QFontDatabase::GeneralFont).pointSizeF();
+    return std::clamp(setting, smallestFontPoints, greatestFontPoints);
+}
+
+QString emptyTableText()
+{
+    return ZLChapterTableView::tr("Press Start, then Add at every new topic.");
+}
+
+}
+
+ZLChapterTableView::ZLChapterTableView(QWidget* parent)
+    : QTableView(parent)
+    , m_delegate(new ZLChapterCellDelegate(this))
+{
+    configure();
+}
+
+void ZLChapterTableView::configure()
+{
+    setAccessibleName(tr("Chapters"));
+    setItemDelegate(m_delegate);
+    setHorizontalHeader(new ZLChapterTableHeader(this));
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(DoubleClicked);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setFrameShape(NoFrame);
+    setHorizontalScrollMode(ScrollPerPixel);
+}
+
+void ZLChapterTableView::showDocument(ZLChapterDocument& document)
+{
+    setModel(&document.tableModel());
+    const QItemSelectionModel* unused = selectionModel();
+    setSelectionModel(&document.selectionModel());
+    delete unused;
+    connect(model(), &QAbstractItemModel::modelAboutToBeReset, this, &ZLChapterTableView::dropTypedText);
+    connect(model(), &QAbstractItemModel::rowsInserted, this, &ZLChapterTableView::updateEmptyState);
+    connect(model(), &QAbstractItemModel::rowsRemoved, this, &ZLChapterTableView::updateEmptyState);
+    connect(model(), &QAbstractItemModel::modelReset, this, &ZLChapterTableView::updateEmptyState);
+    connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLFontSizeSettingDidChange, this,
+        &ZLChapterTableView::setFontSize);
+    m_columnLayout = new ZLChapterColumnLayout(*this);
+    setFontSize();
+    updateEmptyState();
+}
+
+void ZLChapterTableView::beginEditing(const QModelIndex& index)
+{
+    // Committing a time may move the row.
+    const QPersistentModelIndex wanted = index;
+    commitTypedText();
+    if (isEditing() && m_delegate->openIndex() == wanted) {
+        m_delegate->openField()->setFocus(Qt::ShortcutFocusReason);
+        m_delegate->openField()->selectAll();
+        return;
+    }
+    finishEditing();
+    if (!wanted.isValid())
+        return;
+    selectionModel()->setCurrentIndex(wanted, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(wanted);
+    edit(wanted);
+}
+
+void ZLChapterTableView::commitTypedText()
+{
+    QLineEdit* field = m_delegate->openField();
+    if (!field)
+        return;
+    // Half-composed characters count as typed.
+    if (field->hasFocus())
+        QGuiApplication::inputMethod()->commit();
+    commitData(field);
+}
+
+void ZLChapterTableView::finishEditing()
+{
+    commitTypedText();
+    if (QLineEdit* field = m_delegate->openField())
+        closeEditor(field, QAbstractItemDelegate::NoHint);
+}
+
+bool ZLChapterTableView::isEditing() const
+{
+    return m_delegate->openIndex().isValid();
+}
+
+void ZLChapterTableView::setFontSize()
+{
+    const double points = usableFontPoints(double(ZLSettingsManager::fontSize()));
+    QFont systemFont = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    systemFont.setPointSizeF(points);
+    setFont(systemFont);
+    const int wantedHeight = int(std::lround((points + rowExtraPoints) * logicalDpiY() / pointsPerInch));
+    verticalHeader()->setDefaultSectionSize(std::max(wantedHeight, fontMetrics().height()));
+    if (m_columnLayout)
+        m_columnLayout->measureTexts();
+}
+
+QUrl ZLChapterTableView::addressOfLink(const QString& text)
+{
+    const QString trimmed = text.trimmed();
+    const bool hasScheme = trimmed.contains("://"_L1) || trimmed.startsWith("mailto:"_L1, Qt::CaseInsensitive);
+    const QUrl address(hasScheme ? trimmed : "https://"_L1 + trimmed);
+    static const QStringList openableSchemes { u"http"_s, u"https"_s, u"mailto"_s };
+    const bool isMail = address.scheme() == "mailto"_L1;
+    // A document may come from anywhere: its links must not start programs or open local files.
+    if (trimmed.isEmpty() || !address.isValid() || !openableSchemes.contains(address.scheme())
+        || (!isMail && address.host().isEmpty()))
+        return {};
+    return address;
+}
+
+void ZLChapterTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool goesOn = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
+    const QModelIndex start = m_delegate->openIndex();
+    QTableView::closeEditor(editor, goesOn ? QAbstractItemDelegate::NoHint : hint);
+    if (!goesOn || !start.isValid())
+        return;
+    const QModelIndex next = editableCellFrom(start, hint == QAbstractItemDelegate::EditNextItem ? 1 : -1);
+    if (next.isValid())
+        beginEditing(next);
+}
+
+void ZLChapterTableView::rowsInserted(const QModelIndex& parent, int start, int end)
+{
+    QTableView::rowsInserted(parent, start, end);
+    scrollTo(model()->index(end, 0));
+}
+
+QItemSelectionModel::SelectionFlags ZLChapterTableView::selectionCommand(
+    const QModelIndex& index, const QEvent* event) const
+{
+    // One row is selected whenever there are rows: nothing the user does may empty the selection.
+    if (!index.isValid())
+        return QItemSelectionModel::NoUpdate;
+    const auto command = QTableView::selectionCommand(index, event);
+    const bool mayDeselect = command & (QItemSelectionModel::Deselect | QItemSelectionModel::Toggle);
+    return mayDeselect ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows : command;
+}
+
+void ZLChapterTableView::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (!model() || model()->rowCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const int margin = fontMetrics().height();
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin), Qt::AlignCenter | Qt::TextWordWrap,
+        emptyTableText());
+}
+
+void ZLChapterTableView::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    if (m_columnLayout)
+        m_columnLayout->fillWidth();
+}
+
+void ZLChapterTableView::mousePressEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    const bool opensLink = event->button() == Qt::LeftButton && event->modifiers() == Qt::ControlModifier
+        && index.column() == ZLChapterTableModel::LinkColumn;
+    const QUrl address = opensLink ? addressOfLink(index.data().toString()) : QUrl();
+    QTableView::mousePressEvent(event);
+    if (!address.isEmpty())
+        Q_EMIT linkActivated(address);
+}
+
+void ZLChapterTableView::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && !(event->modifiers() & ~Qt::KeypadModifier) && !isEditing())
+        editSelectedCell();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void ZLChapterTableView::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (m_columnLayout && event->type() == QEvent::StyleChange)
+        m_columnLayout->measureTexts();
+}
+
+void ZLChapterTableView::dropTypedText()
+{
+    QLineEdit* field = m_delegate->openField();
+    if (!field)
+        return;
+    // Closing the field must not write into a chapter that is on its way out.
+    field->setModified(false);
+    closeEditor(field, QAbstractItemDelegate::NoHint);
+}
+
+void ZLChapterTableView::editSelectedCell()
+{
+    const QModelIndex current = currentIndex();
+    if (!current.isValid())
+        return;
+    const bool isEditable = current.flags() & Qt::ItemIsEditable;
+    beginEditing(isEditable ? current : current.siblingAtColumn(ZLChapterTableModel::TitleColumn));
+}
+
+void ZLChapterTableView::updateEmptyState()
+{
+    setAccessibleDescription(model()->rowCount() > 0 ? QString() : emptyTableText());
+    viewport()->update();
+}
+
+QModelIndex ZLChapterTableView::editableCellFrom(const QModelIndex& start, int step) const
+{
+    const int columns = model()->columnCount();
+    const int cells = model()->rowCount() * columns;
+    for (int cell = start.row() * columns + start.column() + step; cell >= 0 && cell < cells; cell += step) {
+        const QModelIndex index = model()->index(cell / columns, cell % columns);
+        if (index.flags() & Qt::ItemIsEditable)
+            return index;
+    }
+    return {};
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QTableView>
+#include <QUrl>
+
+class ZLChapterCellDelegate;
+class ZLChapterColumnLayout;
+class ZLChapterDocument;
+
+/// The chapter table of a document window. No operation of it walks over all rows, so that long lists stay fluid.
+class ZLChapterTableView : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit ZLChapterTableView(QWidget* parent = nullptr);
+
+    /// To be called once; `document` has to outlive the view.
+    void showDocument(ZLChapterDocument& document);
+
+    /// Scrolls to the cell and opens it for typing with its text selected. Text being typed elsewhere is committed
+    /// first.
+    void beginEditing(const QModelIndex& index);
+    /// Writes what is being typed; the field stays open.
+    void commitTypedText();
+    /// Writes what is being typed and gives the keyboard back to the table.
+    void finishEditing();
+    [[nodiscard]] bool isEditing() const;
+
+    /// Applies the font size setting: rows are four points higher than the font.
+    void setFontSize();
+
+    /// Null until a document is shown.
+    [[nodiscard]] ZLChapterColumnLayout* columnLayout() const { return m_columnLayout; }
+
+    /// The address that a link cell leads to: a web or mail address, or nothing for any other text. An address without
+    /// a scheme counts as a web address.
+    [[nodiscard]] static QUrl addressOfLink(const QString& text);
+
+Q_SIGNALS:
+    /// A link was clicked with Ctrl held.
+    void linkActivated(const QUrl& address);
+
+protected:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void rowsInserted(const QModelIndex& parent, int start, int end) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event) const override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void configure();
+    void dropTypedText();
+    void editSelectedCell();
+    void updateEmptyState();
+    [[nodiscard]] QModelIndex editableCellFrom(const QModelIndex& start, int step) const;
+
+    ZLChapterCellDelegate* m_delegate;
+    ZLChapterColumnLayout* m_columnLayout = nullptr;
+};

@@ -1,0 +1,124 @@
+#include "document/ui/ZLEditMenu.h"
+
+#include "document/ZLChapterDocument.h"
+#include "document/ui/ZLActionHelp.h"
+#include "document/ui/ZLChapterTableView.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QLineEdit* focusedField()
+{
+    return qobject_cast<QLineEdit*>(QApplication::focusWidget());
+}
+
+}
+
+ZLEditMenu::ZLEditMenu(QMenuBar& menuBar, ZLChapterDocument& document, ZLChapterTableView& tableView)
+    : QObject(&menuBar)
+    , m_document(document)
+    , m_tableView(tableView)
+    , m_menu(menuBar.addMenu(tr("&Edit")))
+{
+    m_menu->setObjectName(u"editMenu"_s);
+    m_menu->setToolTipsVisible(true);
+    addUndoActions();
+    m_menu->addSeparator();
+    addClipboardActions();
+    m_menu->addSeparator();
+    addDeleteAction();
+    connect(m_menu, &QMenu::aboutToShow, this, &ZLEditMenu::validate);
+    connect(&document.undoManager(), &ZLUndoManager::historyDidChange, this, &ZLEditMenu::validate);
+    connect(&document.selectionModel(), &QItemSelectionModel::selectionChanged, this, &ZLEditMenu::validate);
+    connect(qApp, &QApplication::focusChanged, this, &ZLEditMenu::validateClipboardActions);
+    validate();
+}
+
+void ZLEditMenu::undo()
+{
+    if (QLineEdit* field = focusedField(); field && field->isUndoAvailable()) {
+        field->undo();
+        return;
+    }
+    m_tableView.finishEditing();
+    m_document.undoManager().undo();
+}
+
+void ZLEditMenu::redo()
+{
+    if (QLineEdit* field = focusedField(); field && field->isRedoAvailable()) {
+        field->redo();
+        return;
+    }
+    m_tableView.finishEditing();
+    m_document.undoManager().redo();
+}
+
+void ZLEditMenu::validate()
+{
+    const ZLUndoManager& history = m_document.undoManager();
+    const QLineEdit* field = focusedField();
+    m_undo->setText(history.canUndo() ? tr("&Undo %1").arg(history.undoActionName()) : tr("&Undo"));
+    m_redo->setText(history.canRedo() ? tr("&Redo %1").arg(history.redoActionName()) : tr("&Redo"));
+    m_undo->setEnabled(history.canUndo() || (field && field->isUndoAvailable()));
+    m_redo->setEnabled(history.canRedo() || (field && field->isRedoAvailable()));
+    m_delete->setEnabled(m_document.canDeleteChapter());
+    validateClipboardActions();
+}
+
+QAction* ZLEditMenu::addAction(const QString& name, const QString& title, const QKeySequence& key)
+{
+    QAction* action = m_menu->addAction(title);
+    action->setObjectName(name);
+    action->setShortcut(key);
+    ZLActionHelp::followKey(*action);
+    return action;
+}
+
+void ZLEditMenu::addUndoActions()
+{
+    m_undo = addAction(u"undo"_s, tr("&Undo"), QKeySequence(u"Ctrl+Z"_s));
+    m_redo = addAction(u"redo"_s, tr("&Redo"), QKeySequence(u"Ctrl+Shift+Z"_s));
+    connect(m_undo, &QAction::triggered, this, &ZLEditMenu::undo);
+    connect(m_redo, &QAction::triggered, this, &ZLEditMenu::redo);
+}
+
+void ZLEditMenu::addClipboardActions()
+{
+    const auto addFieldAction = [this](
+                                    const QString& name, const QString& title, const QKeySequence& key, auto command) {
+        QAction* action = addAction(name, title, key);
+        connect(action, &QAction::triggered, this, [command] {
+            if (QLineEdit* field = focusedField())
+                (field->*command)();
+        });
+        return action;
+    };
+    m_cut = addFieldAction(u"cut"_s, tr("Cu&t"), QKeySequence(u"Ctrl+X"_s), &QLineEdit::cut);
+    m_copy = addFieldAction(u"copy"_s, tr("&Copy"), QKeySequence(u"Ctrl+C"_s), &QLineEdit::copy);
+    m_paste = addFieldAction(u"paste"_s, tr("&Paste"), QKeySequence(u"Ctrl+V"_s), &QLineEdit::paste);
+    m_selectAll = addFieldAction(u"selectAll"_s, tr("Select &All"), QKeySequence(u"Ctrl+A"_s), &QLineEdit::selectAll);
+}
+
+void ZLEditMenu::addDeleteAction()
+{
+    m_delete = addAction(u"deleteChapter"_s, tr("&Delete Chapter"), QKeySequence(Qt::Key_Delete));
+    // Only in the table itself: elsewhere the key deletes a character or a template.
+    m_delete->setShortcutContext(Qt::WidgetShortcut);
+    m_tableView.addAction(m_delete);
+    connect(m_delete, &QAction::triggered, &m_document, &ZLChapterDocument::deleteButtonPressed);
+}
+
+void ZLEditMenu::validateClipboardActions()
+{
+    const QLineEdit* field = focusedField();
+    for (QAction* action : { m_cut, m_copy, m_paste, m_selectAll })
+        action->setEnabled(field != nullptr);
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+class ZLChapterDocument;
+class ZLChapterTableView;
+
+/// The Edit menu of a document window. Undo, redo and the clipboard commands go to the text field that has the keyboard
+/// as long as it has a use for them; otherwise undo and redo go to the document.
+class ZLEditMenu : public QObject {
+    Q_OBJECT
+
+public:
+    ZLEditMenu(QMenuBar& menuBar, ZLChapterDocument& document, ZLChapterTableView& tableView);
+
+    [[nodiscard]] QMenu* menu() const { return m_menu; }
+    void undo();
+    void redo();
+    /// Brings titles and enabled states up to date.
+    void validate();
+
+private:
+    QAction* addAction(const QString& name, const QString& title, const QKeySequence& key);
+    void addUndoActions();
+    void addClipboardActions();
+    void addDeleteAction();
+    void validateClipboardActions();
+
+    ZLChapterDocument& m_document;
+    ZLChapterTableView& m_tableView;
+    QMenu* m_menu;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
+    QAction* m_cut = nullptr;
+    QAction* m_copy = nullptr;
+    QAction* m_paste = nullptr;
+    QAction* m_selectAll = nullptr;
+    QAction* m_delete = nullptr;
+};

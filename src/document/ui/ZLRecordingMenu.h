@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+class ZLChapterDocument;
+
+/// The Recording menu: the recording and chapter commands. Its first six items carry the property "tag", 1 to 6 in the
+/// order of ZLSettingsManager::allKeyComboKeys(), and the menu's own action carries tag 2; stored shortcuts are
+/// applied to the items by these tags.
+class ZLRecordingMenu : public QObject {
+    Q_OBJECT
+
+public:
+    ZLRecordingMenu(QMenuBar& menuBar, ZLChapterDocument& document);
+
+    [[nodiscard]] QMenu* menu() const { return m_menu; }
+    /// Null for a tag other than 1 to 6.
+    [[nodiscard]] QAction* actionWithTag(int tag) const;
+    /// Brings titles and enabled states up to date.
+    void validate();
+
+Q_SIGNALS:
+    /// A command was chosen that needs the text being typed to be written first.
+    void blankChapterRequested();
+    void moveChaptersRequested();
+    void editTitleRequested();
+    void editLinkRequested();
+
+private:
+    void addTaggedActions();
+    void addOtherActions();
+    QAction* addAction(const QString& name, const QString& title, const QString& key);
+
+    ZLChapterDocument& m_document;
+    QMenu* m_menu;
+};

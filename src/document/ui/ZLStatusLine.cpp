@@ -1,0 +1,134 @@
+#include "document/ui/ZLStatusLine.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStyle>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int passingMillisecondsAtFirst = 6000;
+constexpr int longestTemplateTitleInCharacters = 32;
+const QString savePartName = QStringLiteral("saveStatus");
+
+}
+
+ZLStatusLine::ZLStatusLine(QWidget* parent)
+    : QStatusBar(parent)
+    , m_nextTemplate(addFlatButton(u"nextTemplate"_s))
+    , m_message(new QLabel(this))
+    , m_messageButton(addFlatButton(u"passingMessageButton"_s))
+    , m_passingMilliseconds(passingMillisecondsAtFirst)
+{
+    setSizeGripEnabled(false);
+    m_message->setObjectName(u"passingMessage"_s);
+    m_message->setTextFormat(Qt::PlainText);
+    m_message->setMinimumWidth(1);
+    auto* left = new QWidget(this);
+    auto* layout = new QHBoxLayout(left);
+    layout->setContentsMargins(style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, this), 0, 0, 0);
+    layout->addWidget(m_nextTemplate);
+    layout->addWidget(m_message);
+    layout->addWidget(m_messageButton);
+    layout->addStretch(1);
+    addWidget(left, 1);
+    m_passingTimer.setSingleShot(true);
+    connect(&m_passingTimer, &QTimer::timeout, this, &ZLStatusLine::hidePassingMessage);
+    connect(m_nextTemplate, &QToolButton::clicked, this, &ZLStatusLine::nextTemplateClicked);
+    connect(m_messageButton, &QToolButton::clicked, this, [this] {
+        const auto action = m_messageAction;
+        hidePassingMessage();
+        if (action)
+            action();
+    });
+    hidePassingMessage();
+    setNextTemplate(NextTemplate::Missing);
+}
+
+void ZLStatusLine::setNextTemplate(NextTemplate next, const QString& title)
+{
+    const QFontMetrics metrics = m_nextTemplate->fontMetrics();
+    const int width = longestTemplateTitleInCharacters * metrics.averageCharWidth();
+    const QString shown = title.isEmpty() ? tr("untitled") : title.simplified();
+    QString text = tr("No templates");
+    if (next == NextTemplate::Exists)
+        text = tr("Next: %1").arg(metrics.elidedText(shown, Qt::ElideRight, width));
+    m_nextTemplate->setAccessibleName(next == NextTemplate::Exists ? tr("Next: %1").arg(shown) : text);
+    // An ampersand in a title is no mnemonic.
+    m_nextTemplate->setText(text.replace(u'&', "&&"_L1));
+    m_nextTemplate->setToolTip(next == NextTemplate::Exists
+            ? tr("The next chapter takes this title. Click to show the templates.")
+            : tr("Click to prepare chapters before the recording."));
+}
+
+void ZLStatusLine::setSaveStatus(const QString& text, const QString& toolTip)
+{
+    setPart(savePartName, text, toolTip);
+}
+
+void ZLStatusLine::setPart(const QString& name, const QString& text, const QString& toolTip)
+{
+    QToolButton*& part = m_parts[name];
+    if (!part) {
+        part = addFlatButton(name);
+        addPermanentWidget(part);
+        connect(part, &QToolButton::clicked, this, [this, name] {
+            if (name == savePartName)
+                Q_EMIT saveStatusClicked();
+            Q_EMIT partClicked(name);
+        });
+    }
+    part->setText(text);
+    part->setToolTip(toolTip);
+    part->setAccessibleDescription(toolTip);
+    part->setVisible(!text.isEmpty());
+}
+
+void ZLStatusLine::showPassingMessage(
+    const QString& text, const QString& actionText, const std::function<void()>& action)
+{
+    m_messageAction = action;
+    m_message->setText(text);
+    m_messageButton->setText(actionText);
+    m_nextTemplate->hide();
+    m_message->show();
+    m_messageButton->setVisible(!actionText.isEmpty());
+    // Somebody who wants to press the button needs the time to get there.
+    m_passingTimer.start(actionText.isEmpty() ? m_passingMilliseconds : 2 * m_passingMilliseconds);
+    announcePassingMessage();
+}
+
+void ZLStatusLine::hidePassingMessage()
+{
+    m_passingTimer.stop();
+    m_messageAction = nullptr;
+    m_message->clear();
+    m_message->hide();
+    m_messageButton->hide();
+    m_nextTemplate->show();
+}
+
+QString ZLStatusLine::passingMessage() const
+{
+    return m_message->text();
+}
+
+QToolButton* ZLStatusLine::addFlatButton(const QString& name)
+{
+    auto* button = new QToolButton(this);
+    button->setObjectName(name);
+    button->setAutoRaise(true);
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
+
+void ZLStatusLine::announcePassingMessage()
+{
+    m_message->setAccessibleName(m_message->text());
+    QAccessibleEvent alert(m_message, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}

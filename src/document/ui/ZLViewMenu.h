@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+
+/// The View menu: the kind of time shown, and the templates drawer.
+class ZLViewMenu : public QObject {
+    Q_OBJECT
+
+public:
+    explicit ZLViewMenu(QMenuBar& menuBar);
+
+    [[nodiscard]] QMenu* menu() const { return m_menu; }
+    /// Its tick tells the present mode while its title names the other one.
+    [[nodiscard]] QAction* absoluteTimeItem() const { return m_absoluteTimeItem; }
+    [[nodiscard]] QAction* drawerItem() const { return m_drawerItem; }
+
+Q_SIGNALS:
+    void absoluteTimeRequested();
+    void drawerRequested();
+
+private:
+    void updateAbsoluteTime();
+
+    QMenu* m_menu;
+    QAction* m_absoluteTimeItem;
+    QAction* m_drawerItem;
+};

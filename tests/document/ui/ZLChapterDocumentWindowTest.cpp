@@ -1,0 +1,235 @@
+#include "document/ui/ZLWindowFixture.h"
+
+#include <QAccessible>
+#include <QDockWidget>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+class ZLChapterDocumentWindowTest : public ZLWindowFixture {
+protected:
+    [[nodiscard]] QMessageBox* alert() { return m_window->findChild<QMessageBox*>(); }
+    [[nodiscard]] QDialog* moveDialog() { return m_window->findChild<QDialog*>(u"moveChaptersDialog"_s); }
+};
+
+TEST_F(ZLChapterDocumentWindowTest, ATypedTimeMovesTheChapter)
+{
+    const auto chapter = addChapterAt(10.0);
+    editTo(timeCell(0), u"01:02:03.004"_s);
+    EXPECT_DOUBLE_EQ(chapter->timeStamp(), double(0.004F) + 3723.0);
+    editTo(timeCell(0), u"-00:00:02.500"_s);
+    EXPECT_DOUBLE_EQ(chapter->timeStamp(), -2.5);
+    EXPECT_FALSE(chapter->isEnabled());
+    EXPECT_FALSE(alert());
+}
+
+TEST_F(ZLChapterDocumentWindowTest, AnUnreadableTimeShowsAnAlertAndChangesNothing)
+{
+    const auto chapter = addChapterAt(10.0);
+    editTo(timeCell(0), u"1:2"_s);
+    ASSERT_TRUE(alert());
+    EXPECT_EQ(alert()->text(), u"Invalid Timestamp"_s);
+    EXPECT_EQ(alert()->informativeText(), u"The timestamp you have entered is not valid!"_s);
+    ASSERT_EQ(alert()->buttons().size(), 1);
+    EXPECT_EQ(alert()->buttons().first()->text(), u"OK"_s);
+    EXPECT_EQ(alert()->windowModality(), Qt::WindowModal);
+    EXPECT_DOUBLE_EQ(chapter->timeStamp(), 10.0);
+    EXPECT_EQ(m_window->findChildren<QMessageBox*>().size(), 1);
+    QTest::mouseClick(alert()->buttons().first(), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !alert() && m_window->focusWidget() == &table(); }));
+}
+
+TEST_F(ZLChapterDocumentWindowTest, MovingAsksForMilliseconds)
+{
+    const auto chapter = addChapterAt(3.0);
+    action(u"moveChapters"_s)->trigger();
+    ASSERT_TRUE(moveDialog());
+    EXPECT_EQ(moveDialog()->findChild<QLabel*>()->text(), u"Please enter the time in milliseconds (1s = 1000ms)"_s);
+    auto* offset = moveDialog()->findChild<QLineEdit*>();
+    EXPECT_EQ(offset->text(), QString());
+    EXPECT_EQ(offset->width(), 200);
+    QTest::keyClicks(offset, u"-5000"_s);
+    QTest::keyClick(offset, Qt::Key_Return);
+    EXPECT_DOUBLE_EQ(chapter->timeStamp(), -2.0);
+    EXPECT_FALSE(chapter->isEnabled());
+    EXPECT_EQ(action(u"undo"_s)->text(), u"&Undo Move Chapters"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !moveDialog() && m_window->focusWidget() == &table(); }));
+}
+
+TEST_F(ZLChapterDocumentWindowTest, CancellingAMoveChangesNothing)
+{
+    const auto chapter = addChapterAt(3.0);
+    action(u"moveChapters"_s)->trigger();
+    ASSERT_TRUE(moveDialog());
+    QTest::keyClicks(moveDialog()->findChild<QLineEdit*>(), u"1000"_s);
+    moveDialog()->reject();
+    EXPECT_DOUBLE_EQ(chapter->timeStamp(), 3.0);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, AMoveByATextThatIsNoNumberIsAMoveByNothing)
+{
+    const auto chapter = addChapterAt(3.0);
+    action(u"moveChapters"_s)->trigger();
+    ASSERT_TRUE(moveDialog());
+    QTest::keyClicks(moveDialog()->findChild<QLineEdit*>(), u"soon"_s);
+    moveDialog()->accept();
+    EXPECT_DOUBLE_EQ(chapter->timeStamp(), 3.0);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, DurationsFollowTheNextChapter)
+{
+    addChapterAt(10.0);
+    EXPECT_EQ(text(0, ZLChapterTableModel::DurationColumn), QString());
+    addChapterAt(75.9);
+    EXPECT_EQ(text(0, ZLChapterTableModel::DurationColumn), u"00:01:05"_s);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, ClosingIsRefusedWhileRecordingAndSaysWhy)
+{
+    bool wasAsked = false;
+    m_window->setCloseGuard([&wasAsked] { return wasAsked = true; });
+    start();
+    EXPECT_FALSE(m_window->close());
+    EXPECT_FALSE(wasAsked);
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_EQ(m_window->statusLine().passingMessage(), u"Stop the recording before closing this window."_s);
+    m_document.recordButtonPressed();
+    EXPECT_TRUE(m_window->close());
+    EXPECT_TRUE(wasAsked);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, TheGuardMayKeepTheWindowOpen)
+{
+    bool answer = false;
+    m_window->setCloseGuard([&answer] { return answer; });
+    const QSignalSpy closing(m_window.get(), &ZLChapterDocumentWindow::willClose);
+    EXPECT_FALSE(m_window->close());
+    EXPECT_EQ(closing.count(), 0);
+    answer = true;
+    EXPECT_TRUE(m_window->close());
+    EXPECT_EQ(closing.count(), 1);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, TypedTextIsWrittenBeforeTheGuardIsAsked)
+{
+    addChapterAt(0.0);
+    table().beginEditing(titleCell(0));
+    type(u"Late"_s);
+    QStringList seen;
+    m_window->setCloseGuard([&] {
+        seen = titles();
+        return true;
+    });
+    m_window->close();
+    EXPECT_EQ(seen, QStringList { u"Late"_s });
+}
+
+TEST_F(ZLChapterDocumentWindowTest, TheTitleNamesTheDocumentAndItsChanges)
+{
+    m_document.setDisplayName(u"Episode [*] 12.zelta"_s);
+    EXPECT_EQ(m_window->windowTitle(), u"Episode [*][*] 12.zelta[*] — Zelta"_s);
+    EXPECT_FALSE(m_window->isWindowModified());
+    addChapterAt(0.0);
+    EXPECT_TRUE(m_window->isWindowModified());
+    m_document.setDocumentEdited(false);
+    EXPECT_FALSE(m_window->isWindowModified());
+}
+
+TEST_F(ZLChapterDocumentWindowTest, TheDrawerOpensAndCloses)
+{
+    auto* dock = m_window->findChild<QDockWidget*>();
+    EXPECT_FALSE(dock->isVisible());
+    m_window->toggleDrawer();
+    EXPECT_TRUE(dock->isVisible());
+    EXPECT_TRUE(bar().drawerButton()->isChecked());
+    EXPECT_TRUE(action(u"toggleDrawer"_s)->isChecked());
+    EXPECT_EQ(m_window->dockWidgetArea(dock), Qt::RightDockWidgetArea);
+    dock->close();
+    EXPECT_FALSE(bar().drawerButton()->isChecked());
+    EXPECT_FALSE(action(u"toggleDrawer"_s)->isChecked());
+    EXPECT_TRUE(table().hasFocus());
+}
+
+TEST_F(ZLChapterDocumentWindowTest, TheKeyOfTheDrawerMovesTheKeyboardIntoIt)
+{
+    press(Qt::Key_F9);
+    auto* dock = m_window->findChild<QDockWidget*>();
+    ASSERT_TRUE(dock->isVisible());
+    EXPECT_TRUE(dock->isAncestorOf(QApplication::focusWidget()));
+    press(Qt::Key_F9);
+    EXPECT_FALSE(dock->isVisible());
+    EXPECT_TRUE(table().hasFocus());
+}
+
+TEST_F(ZLChapterDocumentWindowTest, SizeDrawerAndColumnsAreRemembered)
+{
+    EXPECT_EQ(m_window->size(), QSize(1000, 620));
+    m_window->resize(760, 520);
+    m_window->toggleDrawer();
+    QCoreApplication::processEvents();
+    table().horizontalHeader()->resizeSection(
+        ZLChapterTableModel::TitleColumn, table().columnWidth(ZLChapterTableModel::TitleColumn) + 20);
+    const int titleWidth = table().columnWidth(ZLChapterTableModel::TitleColumn);
+    EXPECT_TRUE(m_window->close());
+
+    m_window = makeWindow();
+    m_window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
+    EXPECT_EQ(m_window->size(), QSize(760, 520));
+    EXPECT_TRUE(m_window->isDrawerOpen());
+    EXPECT_TRUE(bar().drawerButton()->isChecked());
+    EXPECT_NEAR(table().columnWidth(ZLChapterTableModel::TitleColumn), titleWidth, 1);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, TheWindowIsUsableWhenSmall)
+{
+    m_window->resize(640, 400);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_window->size(), QSize(640, 400));
+    for (const QToolButton* button :
+        { bar().recordButton(), bar().addButton(), bar().deleteButton(), bar().drawerButton() }) {
+        const QRect place(button->mapTo(m_window.get(), QPoint()), button->size());
+        EXPECT_TRUE(m_window->rect().contains(place)) << button->objectName().toStdString();
+    }
+}
+
+TEST_F(ZLChapterDocumentWindowTest, DroppedFilesAreAnnounced)
+{
+    const QSignalSpy dropped(m_window.get(), &ZLChapterDocumentWindow::filesDropped);
+    QMimeData data;
+    data.setUrls({ QUrl::fromLocalFile(u"/shows/one.zelta"_s), QUrl(u"https://example.org"_s) });
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_window.get(), &drop);
+    ASSERT_EQ(dropped.count(), 1);
+    EXPECT_EQ(dropped.first().first().toStringList(), QStringList { u"/shows/one.zelta"_s });
+}
+
+TEST_F(ZLChapterDocumentWindowTest, EveryControlHasANameForScreenReaders)
+{
+    addChapterAt(0.0);
+    m_window->toggleDrawer();
+    m_window->messageBar().showMessage(u"Sentence."_s, { { u"Button"_s, {} } });
+    m_window->statusLine().setSaveStatus(u"Saved"_s, u"Saved a moment ago"_s);
+    table().beginEditing(titleCell(0));
+    const auto widgets = m_window->findChildren<QWidget*>();
+    int controls = 0;
+    for (QWidget* widget : widgets) {
+        const bool isControl =
+            widget->focusPolicy() != Qt::NoFocus && widget->isVisible() && !widget->objectName().startsWith("qt_"_L1);
+        if (!isControl || qobject_cast<QMainWindow*>(widget))
+            continue;
+        ++controls;
+        const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty())
+            << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+    }
+    EXPECT_GE(controls, 9);
+}

@@ -10,8 +10,6 @@
 using namespace Qt::StringLiterals;
 using Settings = ZLSettingsManager;
 
-namespace {
-
 class ZLChapterDocumentCommandsTest : public ZLDocumentFixture {
 protected:
     void startAndAdvance(double seconds)
@@ -32,8 +30,6 @@ protected:
         return steps;
     }
 };
-
-}
 
 TEST_F(ZLChapterDocumentCommandsTest, ANewChapterCarriesTheClocksReadingAndTheDate)
 {

@@ -8,8 +8,6 @@
 using namespace Qt::StringLiterals;
 using Settings = ZLSettingsManager;
 
-namespace {
-
 class ZLChapterDocumentRecordingTest : public ZLDocumentFixture {
 protected:
     void press() { m_document.recordButtonPressed(); }
@@ -28,8 +26,6 @@ protected:
         return { afterStart, document.chapterManager().count() };
     }
 };
-
-}
 
 TEST_F(ZLChapterDocumentRecordingTest, ANewDocumentIsIdle)
 {

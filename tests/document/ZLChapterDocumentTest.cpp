@@ -8,8 +8,6 @@
 using namespace Qt::StringLiterals;
 using Settings = ZLSettingsManager;
 
-namespace {
-
 class ZLChapterDocumentTest : public ZLDocumentFixture {
 protected:
     [[nodiscard]] ZLDocumentContents saved() { return ZLDocumentFile::decode(m_document.dataOfType()).value(); }
@@ -21,8 +19,6 @@ protected:
         return ZLTestChapters::chapterAt(seconds, title)->dictionaryRepresentation();
     }
 };
-
-}
 
 TEST_F(ZLChapterDocumentTest, ANewDocumentSavesEmptyListsAndNoTime)
 {

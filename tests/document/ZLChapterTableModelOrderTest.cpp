@@ -68,6 +68,8 @@ public:
     }
 };
 
+}
+
 class ZLChapterTableModelOrderTest : public ZLDocumentFixture {
 protected:
     struct Followed {
@@ -134,8 +136,6 @@ protected:
     int m_made = 0;
     QList<Followed> m_followed;
 };
-
-}
 
 TEST_F(ZLChapterTableModelOrderTest, AThousandOperationsKeepEveryViewInStep)
 {

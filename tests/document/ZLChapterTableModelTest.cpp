@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 using Settings = ZLSettingsManager;
 using Model = ZLChapterTableModel;
 
-namespace {
-
 class ZLChapterTableModelTest : public ZLDocumentFixture {
 protected:
     [[nodiscard]] QModelIndex cell(int row, int column) const { return m_model.index(row, column); }
@@ -21,8 +19,6 @@ protected:
 
     ZLChapterTableModel& m_model = m_document.tableModel();
 };
-
-}
 
 TEST_F(ZLChapterTableModelTest, ColumnsAreKnownByTheirIdentifiers)
 {

@@ -5,15 +5,11 @@
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
-namespace {
-
 class ZLRecordingClockTest : public testing::Test {
 protected:
     std::shared_ptr<ZLFakeHostClock> m_hostClock = std::make_shared<ZLFakeHostClock>();
     ZLRecordingClock m_clock { m_hostClock };
 };
-
-}
 
 TEST_F(ZLRecordingClockTest, ANewClockStandsAtZero)
 {

@@ -15,8 +15,6 @@ using ZLTestChapters::chapterAt;
 using ZLTestChapters::times;
 using ZLTestChapters::titles;
 
-namespace {
-
 class ZLChapterManagerTest : public testing::Test {
 protected:
     void add(std::initializer_list<double> seconds)
@@ -36,8 +34,6 @@ protected:
 
     ZLChapterManager m_list;
 };
-
-}
 
 TEST_F(ZLChapterManagerTest, AddedChaptersStandInTimeOrder)
 {

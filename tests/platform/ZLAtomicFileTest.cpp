@@ -8,8 +8,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 class ZLAtomicFileTest : public testing::Test {
 protected:
     [[nodiscard]] QString path(const QString& name = u"show.zelta"_s) const { return m_folder.filePath(name); }
@@ -24,8 +22,6 @@ protected:
 
     QTemporaryDir m_folder;
 };
-
-}
 
 TEST_F(ZLAtomicFileTest, AFileIsCreatedAndReplacedAsAWhole)
 {

@@ -6,8 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 /// A number whose changes are undoable, with the history it writes into.
 class ZLUndoManagerTest : public testing::Test {
 protected:
@@ -30,8 +28,6 @@ protected:
     int m_value = 0;
     QStringList m_trace;
 };
-
-}
 
 TEST_F(ZLUndoManagerTest, AnEmptyHistoryOffersNothing)
 {

@@ -9,8 +9,6 @@
 using namespace Qt::StringLiterals;
 using Manager = ZLSettingsManager;
 
-namespace {
-
 class ZLSettingsManagerTest : public testing::Test {
 protected:
     [[nodiscard]] QString fileText() const
@@ -32,8 +30,6 @@ protected:
     QSignalSpy m_hotkeyChanges { &m_notifications, &ZLSettingsNotifications::ZLGlobalHotkeysDidChange };
     QSignalSpy m_absoluteTimeChanges { &m_notifications, &ZLSettingsNotifications::ZLShowAbsoluteTimeSettingDidChange };
 };
-
-}
 
 TEST_F(ZLSettingsManagerTest, AFirstLaunchHasTheDefaults)
 {

@@ -3,6 +3,7 @@
 zelta_build_packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev libgl-dev
+  pkgconf libxcb-keysyms1-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
 )
 zelta_run_packages=(
   libqt6svg6 qt6-wayland fonts-dejavu-core
@@ -10,7 +11,8 @@ zelta_run_packages=(
 zelta_test_packages=(
   libgtest-dev libgmock-dev git
   python3 libplist-utils libxml2-utils
-  xvfb openbox xdotool xclip x11-utils imagemagick dbus
+  xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick dbus
+  python3-dbus python3-gi
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0
 )
 

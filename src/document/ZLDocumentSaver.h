@@ -125,7 +125,7 @@ private:
     ZLSavingMachinery m_machinery;
     QThreadPool m_worker;
     QTimer m_writeTimer;
-    QTimer m_readingTimer;
+    QTimer m_readingTimer { this };
 
     QString m_path;
     /// Of an untitled document its home, of a titled one the refuge while its own file cannot be written.

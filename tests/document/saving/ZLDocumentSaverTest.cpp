@@ -226,6 +226,20 @@ TEST_F(ZLDocumentSaverTest, ARunningRecordingIsSavedWithItsReadingAndGoesOn)
     EXPECT_EQ(document.startTime(), clock->seconds - 70.5);
 }
 
+TEST_F(ZLDocumentSaverTest, TheReadingIsStoredRegularlyExactlyWhileTheClockRuns)
+{
+    const QString path = filePath("show.zelta");
+    const auto saver = titledSaver(path);
+    const auto* timer = saver->findChild<QTimer*>();
+    ASSERT_NE(timer, nullptr);
+    EXPECT_FALSE(timer->isActive());
+    document.startRecordingWithTime(clock->seconds);
+    EXPECT_TRUE(timer->isActive());
+    EXPECT_EQ(timer->interval(), ZLDocumentSaver::ReadingInterval);
+    document.recordButtonPressed();
+    EXPECT_FALSE(timer->isActive());
+}
+
 TEST_F(ZLDocumentSaverTest, AnUntitledDocumentIsKeptInTheRecoveryFolderWhileItHasContent)
 {
     const auto saver = untitledSaver();

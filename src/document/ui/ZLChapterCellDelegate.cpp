@@ -1,17 +1,14 @@
 #include "document/ui/ZLChapterCellDelegate.h"
 
 #include "document/ZLChapterTableModel.h"
+#include "document/ui/ZLChapterTableHeader.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
 
 namespace {
 
-bool isNumericColumn(int column)
-{
-    return column == ZLChapterTableModel::NumberColumn || column == ZLChapterTableModel::TimeColumn
-        || column == ZLChapterTableModel::DurationColumn;
-}
+constexpr float dimmedOpacity = 0.65F;
 
 bool isCommitKey(const QKeyEvent& event)
 {
@@ -43,8 +40,7 @@ QWidget* ZLChapterCellDelegate::createEditor(
     field->setObjectName(ZLChapterTableModel::columnIdentifier(index.column()));
     const QString columnName = index.model()->headerData(index.column(), Qt::Horizontal).toString();
     field->setAccessibleName(tr("%1 of chapter %2").arg(columnName).arg(index.row() + 1));
-    if (isNumericColumn(index.column()))
-        field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    field->setAlignment(ZLChapterTableHeader::alignmentOf(index.column()));
     m_openField = field;
     m_openIndex = index;
     return field;
@@ -78,12 +74,14 @@ void ZLChapterCellDelegate::destroyEditor(QWidget* editor, const QModelIndex& in
 void ZLChapterCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (isNumericColumn(index.column()))
-        option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    option->displayAlignment = ZLChapterTableHeader::alignmentOf(index.column());
     if (index.data(ZLChapterTableModel::ChapterEnabledRole).toBool())
         return;
-    const QColor dimmed = option->palette.color(QPalette::Disabled, QPalette::Text);
-    option->palette.setColor(QPalette::Text, dimmed);
+    // Dimmed, and still readable: a palette's disabled text often is not.
+    option->palette.setColor(QPalette::Text, option->palette.color(QPalette::PlaceholderText));
+    QColor selected = option->palette.color(QPalette::HighlightedText);
+    selected.setAlphaF(dimmedOpacity);
+    option->palette.setColor(QPalette::HighlightedText, selected);
 }
 
 bool ZLChapterCellDelegate::eventFilter(QObject* watched, QEvent* event)

@@ -77,8 +77,9 @@ int ZLChapterColumnLayout::widthFor(int column, const QString& sample) const
     const QFontMetrics headerMetrics = m_table.horizontalHeader()->fontMetrics();
     const int headerMargin = m_table.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, m_table.horizontalHeader());
     const int headerWidth = headerMetrics.horizontalAdvance(title) + 2 * headerMargin;
-    // Half a digit more on each side keeps neighbouring columns of digits apart.
-    const int air = m_table.fontMetrics().horizontalAdvance(u'0');
+    // Room for two digits more keeps neighbouring columns of digits apart.
+    const bool isTime = column == ZLChapterTableModel::TimeColumn || column == ZLChapterTableModel::DurationColumn;
+    const int air = isTime ? 2 * m_table.fontMetrics().horizontalAdvance(u'0') : 0;
     return std::max(m_table.fontMetrics().horizontalAdvance(sample) + 2 * margin, headerWidth) + air;
 }
 

@@ -11,17 +11,22 @@ ZLChapterTableHeader::ZLChapterTableHeader(QWidget* parent)
     setSectionsClickable(false);
 }
 
+Qt::Alignment ZLChapterTableHeader::alignmentOf(int column)
+{
+    switch (column) {
+    case ZLChapterTableModel::NumberColumn:
+    case ZLChapterTableModel::TimeColumn:
+        return Qt::AlignRight | Qt::AlignVCenter;
+    case ZLChapterTableModel::DurationColumn:
+        // All of one width; centred they keep away from the title beside them.
+        return Qt::AlignCenter;
+    default:
+        return Qt::AlignLeft | Qt::AlignVCenter;
+    }
+}
+
 void ZLChapterTableHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const
 {
     QHeaderView::initStyleOptionForIndex(option, logicalIndex);
-    switch (logicalIndex) {
-    case ZLChapterTableModel::NumberColumn:
-    case ZLChapterTableModel::TimeColumn:
-    case ZLChapterTableModel::DurationColumn:
-        option->textAlignment = Qt::AlignRight | Qt::AlignVCenter;
-        break;
-    default:
-        option->textAlignment = Qt::AlignLeft | Qt::AlignVCenter;
-        break;
-    }
+    option->textAlignment = alignmentOf(logicalIndex);
 }

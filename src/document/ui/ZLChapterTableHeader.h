@@ -9,6 +9,9 @@ class ZLChapterTableHeader : public QHeaderView {
 public:
     explicit ZLChapterTableHeader(QWidget* parent = nullptr);
 
+    /// How the texts of a column stand: digits below digits.
+    [[nodiscard]] static Qt::Alignment alignmentOf(int column);
+
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override;
 };

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int toolbarHeight = 64;
 constexpr int symbolSize = 24;
+constexpr int recordSymbolSize = 32;
 constexpr int recordingLineHeight = 3;
 constexpr double clockScale = 2.2;
 const QString clockSample = QStringLiteral("00:00:00.0");
@@ -45,10 +46,12 @@ ZLDocumentToolbar::ZLDocumentToolbar(QWidget* parent)
     , m_clockLabel(new QLabel(this))
     , m_ageLabel(new QLabel(this))
 {
+    // The one button that is meant to be seen from across the room.
+    m_recordButton->setAutoRaise(false);
+    m_recordButton->setIconSize({ recordSymbolSize, recordSymbolSize });
     m_addButton->setProperty("tag", AddTag);
     m_deleteButton->setProperty("tag", DeleteTag);
     m_drawerButton->setCheckable(true);
-    m_drawerButton->setAutoRaise(true);
     setMovable(false);
     setFloatable(false);
     build();
@@ -108,11 +111,15 @@ QToolButton* ZLDocumentToolbar::createButton(const QString& name, const QString&
     button->setFocusPolicy(Qt::TabFocus);
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     int width = 0;
-    // As wide as its longest label, so that nothing moves when the label changes.
+    // As wide as its longest label, so that nothing moves when the label or its weight changes.
+    QFont boldest = font();
+    boldest.setBold(true);
+    button->setFont(boldest);
     for (const QString& label : labels) {
         button->setText(label);
         width = std::max(width, button->sizeHint().width());
     }
+    button->setFont(font());
     button->setText(labels.first());
     button->setMinimumWidth(std::max(width, toolbarHeight));
     return button;
@@ -187,16 +194,16 @@ void ZLDocumentToolbar::growClockFor(const QString& text)
 void ZLDocumentToolbar::updateRecordColors()
 {
     const bool isRecording = m_recordFace == RecordFace::Pause;
-    if (!isRecording) {
-        m_recordButton->setPalette(QPalette());
-        m_recordButton->setIcon(ZLSymbolIcon::named(u"StartButton"_s));
-    } else {
-        const QColor text = ZLRecordingColors::textOnRed(palette());
-        QPalette colors = palette();
-        colors.setColor(QPalette::Button, ZLRecordingColors::red(palette()));
-        colors.setColor(QPalette::ButtonText, text);
-        m_recordButton->setPalette(colors);
-        m_recordButton->setIcon(ZLSymbolIcon::named(u"StopButton"_s, text));
-    }
+    QPalette colors = palette();
+    QFont labelFont = font();
+    labelFont.setBold(isRecording);
+    // Icon and label rather than the button's surface, which not every style lets a palette colour.
+    const QColor red = ZLRecordingColors::red(colors);
+    if (isRecording)
+        colors.setColor(QPalette::ButtonText, red);
+    m_recordButton->setPalette(colors);
+    m_recordButton->setFont(labelFont);
+    m_recordButton->setIcon(
+        ZLSymbolIcon::named(isRecording ? u"StopButton"_s : u"StartButton"_s, isRecording ? red : QColor()));
     update();
 }

@@ -9,7 +9,6 @@ namespace {
 
 constexpr QRgb deepRed = 0xffc01c28;
 constexpr QRgb brightRed = 0xffef5350;
-constexpr double readableContrast = 4.5;
 
 double linearComponent(double component)
 {
@@ -30,11 +29,6 @@ QColor ZLRecordingColors::red(const QPalette& palette)
     const QColor deep(deepRed);
     const QColor bright(brightRed);
     return contrast(deep, window) >= contrast(bright, window) ? deep : bright;
-}
-
-QColor ZLRecordingColors::textOnRed(const QPalette& palette)
-{
-    return contrast(red(palette), Qt::white) >= readableContrast ? Qt::white : Qt::black;
 }
 
 double ZLRecordingColors::contrast(const QColor& first, const QColor& second)

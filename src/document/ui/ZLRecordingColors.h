@@ -8,8 +8,6 @@ class QPalette;
 namespace ZLRecordingColors {
 
 [[nodiscard]] QColor red(const QPalette& palette);
-/// Black or white, whichever can be read on red().
-[[nodiscard]] QColor textOnRed(const QPalette& palette);
 
 /// Ratio of two colours' luminances as the web accessibility guidelines define it, 1 to 21.
 [[nodiscard]] double contrast(const QColor& first, const QColor& second);

@@ -143,10 +143,10 @@ TEST_F(ZLDocumentToolbarTest, RecordingIsRedAndPausedIsNot)
     EXPECT_NE(lineColor(), red);
     start();
     EXPECT_EQ(lineColor(), red);
-    EXPECT_EQ(bar().recordButton()->palette().color(QPalette::Button), red);
+    EXPECT_EQ(bar().recordButton()->palette().color(QPalette::ButtonText), red);
     m_document.recordButtonPressed();
     EXPECT_NE(lineColor(), red);
-    EXPECT_NE(bar().recordButton()->palette().color(QPalette::Button), red);
+    EXPECT_NE(bar().recordButton()->palette().color(QPalette::ButtonText), red);
 }
 
 TEST_F(ZLDocumentToolbarTest, TheRedStandsOutInLightAndDark)
@@ -157,7 +157,6 @@ TEST_F(ZLDocumentToolbarTest, TheRedStandsOutInLightAndDark)
         palette.setColor(QPalette::Window, window);
         const QColor red = ZLRecordingColors::red(palette);
         EXPECT_GE(ZLRecordingColors::contrast(red, window), 3.0) << window.name().toStdString();
-        EXPECT_GE(ZLRecordingColors::contrast(red, ZLRecordingColors::textOnRed(palette)), 4.5);
     }
     EXPECT_NEAR(ZLRecordingColors::contrast(Qt::black, Qt::white), 21.0, 0.01);
 }

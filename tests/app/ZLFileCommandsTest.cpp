@@ -121,7 +121,11 @@ protected:
     }
 
     QString at(const QString& name) const { return m_folder.filePath(name); }
-    QByteArray contentsOf(const QString& path) const { return ZLAtomicFile::read(path).value(); }
+    QByteArray contentsOf(const QString& path) const
+    {
+        const auto bytes = ZLAtomicFile::read(path);
+        return bytes ? bytes.value() : "no file " + path.toUtf8();
+    }
     QStringList filesInFolder() const
     {
         return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -68,9 +69,13 @@ class ZLExportFlowTest : public testing::Test {
 protected:
     void SetUp() override
     {
+        // The dialog starts in the working directory, where somebody's export of this name might lie.
+        ASSERT_TRUE(QDir::setCurrent(m_folder.path()));
         m_document->setDisplayName(u"Episode 12.zelta"_s);
         addChapter(5, u"One & only"_s);
     }
+
+    void TearDown() override { QDir::setCurrent(m_previousFolder); }
 
     void addChapter(double seconds, const QString& title)
     {
@@ -100,7 +105,15 @@ protected:
     {
         auto* edit = m_flow->dialog()->findChild<QLineEdit*>(u"fileNameEdit"_s);
         ASSERT_NE(edit, nullptr);
-        edit->setText(path);
+        // As for a user: what is typed takes the place of the selected file only while the field has the keyboard.
+        m_flow->dialog()->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(m_flow->dialog()));
+        edit->setFocus();
+        ASSERT_TRUE(edit->hasFocus());
+        // Suggestions pop up in front of the button that is pressed next.
+        edit->setCompleter(nullptr);
+        edit->selectAll();
+        QTest::keyClicks(edit, path);
     }
 
     void press(QDialogButtonBox::StandardButton button)
@@ -121,12 +134,17 @@ protected:
     static void deleteFinished() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     QString at(const QString& name) const { return m_folder.filePath(name); }
-    QByteArray contentsOf(const QString& name) const { return ZLAtomicFile::read(at(name)).value(); }
+    QByteArray contentsOf(const QString& name) const
+    {
+        const auto bytes = ZLAtomicFile::read(at(name));
+        return bytes ? bytes.value() : "no file " + name.toUtf8();
+    }
     QStringList filesInFolder() const
     {
         return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 
+    const QString m_previousFolder = QDir::currentPath();
     QTemporaryDir m_folder;
     std::unique_ptr<ZLChapterDocument> m_document = std::make_unique<ZLChapterDocument>(ZLDocumentEnvironment {});
     QPointer<ZLExportFlow> m_flow;
@@ -169,6 +187,17 @@ TEST_F(ZLExportFlowTest, WritesTheChaptersOfTheMomentOfConfirming)
                 "<psc:chapter start=\"00:00:05.000\" title=\"One &amp; only\" />\n</"));
     EXPECT_EQ(filesInFolder(), QStringList { u"out.psc"_s });
     EXPECT_TRUE(m_flow.isNull()) << "nothing outlives the export";
+}
+
+TEST_F(ZLExportFlowTest, TakesTheTypedNameAlsoWhenTheProposedFileExists)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"Episode 12.psc"_s), "precious").isOk());
+    start<ZLSimpleChaptersExporter>(m_document.get());
+
+    save(at(u"other.psc"_s));
+
+    EXPECT_EQ(contentsOf(u"Episode 12.psc"_s), "precious");
+    EXPECT_EQ(m_written, QStringList { at(u"other.psc"_s) });
 }
 
 TEST_F(ZLExportFlowTest, AppendsTheExtensionThatIsMissing)

@@ -163,12 +163,6 @@ void ZLChapterTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::End
         beginEditing(next);
 }
 
-void ZLChapterTableView::rowsInserted(const QModelIndex& parent, int start, int end)
-{
-    QTableView::rowsInserted(parent, start, end);
-    scrollTo(model()->index(end, 0));
-}
-
 QItemSelectionModel::SelectionFlags ZLChapterTableView::selectionCommand(
     const QModelIndex& index, const QEvent* event) const
 {

@@ -42,7 +42,6 @@ Q_SIGNALS:
 
 protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
-    void rowsInserted(const QModelIndex& parent, int start, int end) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event) const override;
     void paintEvent(QPaintEvent* event) override;

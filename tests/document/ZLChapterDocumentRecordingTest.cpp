@@ -221,7 +221,7 @@ TEST_F(ZLChapterDocumentRecordingTest, ASecondPressWhileTheBeepPlaysDoesNothing)
     press();
     const QPointer<ZLFakeSound> first = m_sound;
     press();
-    EXPECT_EQ(m_soundNames.size(), 1);
+    ASSERT_EQ(m_soundNames.size(), 1);
     EXPECT_EQ(first->playCount(), 1);
     first->finish();
     EXPECT_TRUE(m_document.isRecording());

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(documentControllerLog, "zelta.app.documents")
+Q_LOGGING_CATEGORY(documentControllerLog, "zelta.app.documents", QtInfoMsg)
 
 QString absoluteDocumentPath(const QString& path)
 {
@@ -84,7 +84,7 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& p
     const QString absolutePath = absoluteDocumentPath(path);
     if (ZLChapterDocument* open = documentAtPath(absolutePath))
         return open;
-    qCInfo(documentControllerLog) << "opening" << absolutePath;
+    qCDebug(documentControllerLog) << "opening" << absolutePath;
     if (missingFile == ZLMissingFile::Create && !QFileInfo::exists(absolutePath))
         return createDocumentAt(absolutePath);
     auto read = readDocument(absolutePath);

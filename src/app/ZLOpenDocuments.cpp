@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(openDocumentsLog, "zelta.app.documents")
+Q_LOGGING_CATEGORY(openDocumentsLog, "zelta.app.documents", QtInfoMsg)
 
 const QString sessionDocumentsKey = QStringLiteral("documents");
 const QString sessionFileKey = QStringLiteral("file");

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(recentDocumentsLog, "zelta.app.documents")
+Q_LOGGING_CATEGORY(recentDocumentsLog, "zelta.app.documents", QtInfoMsg)
 
 }
 

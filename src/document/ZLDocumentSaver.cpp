@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(documentSaveLog, "zelta.document.save")
+Q_LOGGING_CATEGORY(documentSaveLog, "zelta.document.save", QtInfoMsg)
 
 }
 
@@ -116,7 +116,7 @@ ZLStatus ZLDocumentSaver::saveAs(const QString& path)
             planWrite();
         return written;
     }
-    qCInfo(documentSaveLog) << "document moves to" << order.path;
+    qCDebug(documentSaveLog) << "document moves to" << order.path;
     dropPlannedWrite();
     m_path = order.path;
     removeRecoveryFile();

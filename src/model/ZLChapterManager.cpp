@@ -8,7 +8,7 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(chapterListLog, "zelta.model.chapterlist")
+Q_LOGGING_CATEGORY(chapterListLog, "zelta.model.chapterlist", QtInfoMsg)
 
 constexpr qsizetype InitialCapacity = 50;
 

@@ -43,6 +43,17 @@ def find(root, role=None, name=None):
     return wait_until(lambda: (find_all(root, role, name) or [None])[0], f"a {role or 'node'} named {name}")
 
 
+def find_described(root, description):
+    """The first node with this description; waits for it to appear."""
+    def look():
+        for node in everything_below(root):
+            if node.description == description:
+                return node
+        return None
+
+    return wait_until(look, f"a node described as {description}")
+
+
 def press(node):
     action = node.queryAction()
     for i in range(action.nActions):

@@ -47,10 +47,10 @@ ZLChapterDocumentWindow::ZLChapterDocumentWindow(
 {
     m_ui->setupUi(this);
     m_ui->tableView->showDocument(document);
-    buildDrawer();
     m_editMenu = new ZLEditMenu(*menuBar(), document, *m_ui->tableView);
     m_recordingMenu = new ZLRecordingMenu(*menuBar(), document);
     m_viewMenu = new ZLViewMenu(*menuBar());
+    buildDrawer();
     connectDocument();
     connectToolbar();
     connectMenus();
@@ -157,6 +157,7 @@ void ZLChapterDocumentWindow::buildDrawer()
 {
     auto* drawer = new ZLTemplatesDrawer(m_document.templateViewController(), m_ui->templateDrawer);
     m_ui->templateDrawer->setWidget(drawer);
+    connect(m_editMenu, &ZLEditMenu::importTemplatesRequested, drawer, &ZLTemplatesDrawer::importFromClipboard);
     m_ui->templateDrawer->hide();
     connect(
         m_ui->templateDrawer->toggleViewAction(), &QAction::toggled, this, &ZLChapterDocumentWindow::drawerDidToggle);

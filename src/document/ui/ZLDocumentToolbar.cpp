@@ -82,10 +82,11 @@ void ZLDocumentToolbar::build()
 QWidget* ZLDocumentToolbar::createTimeLabel()
 {
     m_clockLabel->setObjectName(u"clockLabel"_s);
-    m_clockLabel->setAccessibleName(tr("Recorded time"));
+    // The name of a label is what it shows; a screen reader has to get the time and not only what it means.
+    m_clockLabel->setAccessibleDescription(tr("Recorded time"));
     m_clockLabel->setToolTip(tr("Recorded time"));
     m_ageLabel->setObjectName(u"ageLabel"_s);
-    m_ageLabel->setAccessibleName(tr("Time since the last chapter"));
+    m_ageLabel->setAccessibleDescription(tr("Time since the last chapter"));
     m_ageLabel->setToolTip(tr("Time since the last chapter"));
     for (QLabel* label : { m_clockLabel, m_ageLabel })
         label->setTextFormat(Qt::PlainText);

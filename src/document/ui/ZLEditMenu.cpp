@@ -34,6 +34,8 @@ ZLEditMenu::ZLEditMenu(QMenuBar& menuBar, ZLChapterDocument& document, ZLChapter
     addClipboardActions();
     m_menu->addSeparator();
     addDeleteAction();
+    m_menu->addSeparator();
+    addImportAction();
     connect(m_menu, &QMenu::aboutToShow, this, &ZLEditMenu::validate);
     connect(&document.undoManager(), &ZLUndoManager::historyDidChange, this, &ZLEditMenu::validate);
     connect(&document.selectionModel(), &QItemSelectionModel::selectionChanged, this, &ZLEditMenu::validate);
@@ -114,6 +116,13 @@ void ZLEditMenu::addDeleteAction()
     m_delete->setShortcutContext(Qt::WidgetShortcut);
     m_tableView.addAction(m_delete);
     connect(m_delete, &QAction::triggered, &m_document, &ZLChapterDocument::deleteButtonPressed);
+}
+
+void ZLEditMenu::addImportAction()
+{
+    const QAction* action = addAction(
+        u"importTemplates"_s, tr("&Import Templates from Clipboard"), QKeySequence(u"Ctrl+Shift+V"_s));
+    connect(action, &QAction::triggered, this, &ZLEditMenu::importTemplatesRequested);
 }
 
 void ZLEditMenu::validateClipboardActions()

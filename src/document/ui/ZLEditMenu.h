@@ -22,11 +22,15 @@ public:
     /// Brings titles and enabled states up to date.
     void validate();
 
+Q_SIGNALS:
+    void importTemplatesRequested();
+
 private:
     QAction* addAction(const QString& name, const QString& title, const QKeySequence& key);
     void addUndoActions();
     void addClipboardActions();
     void addDeleteAction();
+    void addImportAction();
     void validateClipboardActions();
 
     ZLChapterDocument& m_document;

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(portalRequestLog, "zelta.platform.hotkey.portal")
+Q_LOGGING_CATEGORY(portalRequestLog, "zelta.platform.hotkey.portal", QtInfoMsg)
 
 const QString portalRequestInterface = u"org.freedesktop.portal.Request"_s;
 

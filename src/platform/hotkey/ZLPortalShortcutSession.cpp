@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(portalSessionLog, "zelta.platform.hotkey.portal")
+Q_LOGGING_CATEGORY(portalSessionLog, "zelta.platform.hotkey.portal", QtInfoMsg)
 
 const QString portalService = u"org.freedesktop.portal.Desktop"_s;
 const QString portalPath = u"/org/freedesktop/portal/desktop"_s;

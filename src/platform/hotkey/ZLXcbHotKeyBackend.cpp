@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(xcbHotKeyLog, "zelta.platform.hotkey.xcb")
+Q_LOGGING_CATEGORY(xcbHotKeyLog, "zelta.platform.hotkey.xcb", QtInfoMsg)
 
 constexpr quint16 comparedModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
 

@@ -20,13 +20,15 @@ public:
     explicit ZLTemplatesDrawer(ZLTemplatesViewController& controller, QWidget* parent = nullptr);
     ~ZLTemplatesDrawer() override;
 
+    /// Appends the topics of the outline that the clipboard holds.
+    void importFromClipboard();
+
 private:
     void showTemplates();
     void connectButtons();
     void connectActions();
     void updateEmptyState();
     void editCell(const QModelIndex& index);
-    void importFromClipboard();
     void moveSelectedTemplateUp();
     void moveSelectedTemplateDown();
 

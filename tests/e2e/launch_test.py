@@ -1,0 +1,115 @@
+#!/usr/bin/env python3
+"""What happens at the start and at the end: no display, several documents, closing, quitting, signals."""
+
+import signal
+import subprocess
+import sys
+import time
+import unittest
+from pathlib import Path
+
+from desktop import Desktop, wait_until
+
+PROGRAM = Path(sys.argv.pop(1))
+
+
+def windows_of(process):
+    answer = subprocess.run(
+        ["xdotool", "search", "--onlyvisible", "--pid", str(process.pid), "--name", "Zelta"],
+        capture_output=True, text=True, check=False,
+    )
+    return answer.stdout.split()
+
+
+def titles_of(process):
+    names = [
+        subprocess.run(["xdotool", "getwindowname", window], capture_output=True, text=True, check=False).stdout.strip()
+        for window in windows_of(process)
+    ]
+    return sorted(names)
+
+
+class LaunchTest(unittest.TestCase):
+    def setUp(self):
+        self.desktop = Desktop()
+        self.desktop.__enter__()
+        self.addCleanup(self.desktop.__exit__)
+
+    def start(self, *arguments):
+        process = self.desktop.start(PROGRAM, *arguments)
+        wait_until(lambda: self.has_keyboard(process), "the window to have the keyboard")
+        return process
+
+    @staticmethod
+    def has_keyboard(process):
+        answer = subprocess.run(["xdotool", "getwindowfocus", "getwindowpid"], capture_output=True, text=True, check=False)
+        return answer.stdout.strip() == str(process.pid)
+
+    def test_without_a_display_the_recorder_runs_without_a_window(self):
+        import os
+
+        environment = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "QT_QPA_PLATFORM")}
+        process = subprocess.Popen([PROGRAM], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   text=True, env=environment)
+        out, err = process.communicate("toggleRecording\nnewChapter\ntoggleRecording\nquit\n", timeout=20)
+        self.assertEqual(process.returncode, 0, err)
+        self.assertIn("without a window", err)
+        self.assertIn("chapter 2", out)
+
+    def test_quitting_is_refused_while_the_clock_runs(self):
+        process = self.start()
+        self.desktop.press("ctrl+r")
+        self.desktop.press("Return")
+        self.desktop.press("ctrl+q")
+        self.desktop.press("ctrl+w")
+        time.sleep(1)  # Long enough for an end that must not come.
+        self.assertIsNone(process.poll())
+        self.desktop.press("ctrl+r")
+        self.desktop.press("ctrl+q")
+        self.assertEqual(process.wait(10), 0)
+
+    def test_closing_the_last_window_ends_the_program_and_keeps_what_has_no_file(self):
+        process = self.start()
+        self.desktop.press("ctrl+r", "Return", "ctrl+r")
+        self.desktop.press("ctrl+w")
+        self.assertEqual(process.wait(10), 0)
+        again = self.start()
+        self.assertEqual(titles_of(again), ["Untitled* — Zelta"])
+
+    def test_a_signal_saves_a_running_recording(self):
+        process = self.start()
+        self.desktop.press("ctrl+r", "Return")
+        process.send_signal(signal.SIGTERM)
+        self.assertEqual(process.wait(10), 0)
+        kept = list((self.desktop.home / "state/zelta/recovery").glob("*.zelta"))
+        self.assertEqual(len(kept), 1)
+        shown = subprocess.run([PROGRAM, "show", kept[0]], capture_output=True, text=True, check=True).stdout
+        self.assertIn("00:00:00.000", shown)
+
+    def test_several_documents_come_back_after_a_restart(self):
+        process = self.start()
+        self.desktop.press("ctrl+r", "Return", "ctrl+r")
+        self.desktop.press("ctrl+n")
+        wait_until(lambda: len(windows_of(process)) == 2, "the second window")
+        wait_until(lambda: self.has_keyboard(process), "the second window to have the keyboard")
+        self.desktop.press("ctrl+r", "Return", "ctrl+r")
+        self.desktop.press("ctrl+q")
+        self.assertEqual(process.wait(10), 0)
+        again = self.start()
+        wait_until(lambda: len(windows_of(again)) == 2, "both windows")
+        self.assertEqual(titles_of(again), ["Untitled 2* — Zelta", "Untitled* — Zelta"])
+
+    def test_a_file_that_cannot_be_read_is_told_in_the_window(self):
+        broken = self.desktop.home / "broken.zelta"
+        broken.write_bytes(b"no document")
+        process = self.start(broken)
+        import accessible
+
+        frame = accessible.find(accessible.application(), "frame")
+        wait_until(lambda: any("broken.zelta" in (node.name or "") for node in accessible.everything_below(frame)),
+                   "the name of the broken file")
+        self.assertIsNone(process.poll())
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -157,8 +157,12 @@ void ZLChapterDocumentWindow::buildDrawer()
 {
     auto* drawer = new ZLTemplatesDrawer(m_document.templateViewController(), m_ui->templateDrawer);
     m_ui->templateDrawer->setWidget(drawer);
-    connect(m_editMenu, &ZLEditMenu::importTemplatesRequested, drawer, &ZLTemplatesDrawer::importFromClipboard);
-    m_ui->templateDrawer->hide();
+    connect(m_editMenu, &ZLEditMenu::importTemplatesRequested, this, [this, drawer] {
+        // What was imported should be seen.
+        if (!isDrawerOpen())
+            toggleDrawer();
+        drawer->importFromClipboard();
+    });
     connect(
         m_ui->templateDrawer->toggleViewAction(), &QAction::toggled, this, &ZLChapterDocumentWindow::drawerDidToggle);
 }

@@ -1,6 +1,7 @@
 #include "document/ui/ZLWindowFixture.h"
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QDockWidget>
 #include <QHeaderView>
 #include <QLabel>
@@ -143,6 +144,8 @@ TEST_F(ZLChapterDocumentWindowTest, TheTitleNamesTheDocumentAndItsChanges)
 TEST_F(ZLChapterDocumentWindowTest, TheDrawerOpensAndCloses)
 {
     auto* dock = m_window->findChild<QDockWidget*>();
+    EXPECT_TRUE(dock->isVisible()) << "at the very first start it shows what it is for";
+    m_window->toggleDrawer();
     EXPECT_FALSE(dock->isVisible());
     m_window->toggleDrawer();
     EXPECT_TRUE(dock->isVisible());
@@ -157,13 +160,22 @@ TEST_F(ZLChapterDocumentWindowTest, TheDrawerOpensAndCloses)
 
 TEST_F(ZLChapterDocumentWindowTest, TheKeyOfTheDrawerMovesTheKeyboardIntoIt)
 {
-    press(Qt::Key_F9);
     auto* dock = m_window->findChild<QDockWidget*>();
+    press(Qt::Key_F9);
+    ASSERT_FALSE(dock->isVisible());
+    EXPECT_TRUE(table().hasFocus());
+    press(Qt::Key_F9);
     ASSERT_TRUE(dock->isVisible());
     EXPECT_TRUE(dock->isAncestorOf(QApplication::focusWidget()));
-    press(Qt::Key_F9);
-    EXPECT_FALSE(dock->isVisible());
-    EXPECT_TRUE(table().hasFocus());
+}
+
+TEST_F(ZLChapterDocumentWindowTest, ImportedTemplatesAreSeen)
+{
+    m_window->toggleDrawer();
+    QGuiApplication::clipboard()->setText(u"- One\n- Two\n"_s);
+    action(u"importTemplates"_s)->trigger();
+    EXPECT_TRUE(m_window->isDrawerOpen());
+    EXPECT_EQ(m_document.templateViewController().chapterManager().count(), 2);
 }
 
 TEST_F(ZLChapterDocumentWindowTest, SizeDrawerAndColumnsAreRemembered)
@@ -181,8 +193,8 @@ TEST_F(ZLChapterDocumentWindowTest, SizeDrawerAndColumnsAreRemembered)
     m_window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
     EXPECT_EQ(m_window->size(), QSize(760, 520));
-    EXPECT_TRUE(m_window->isDrawerOpen());
-    EXPECT_TRUE(bar().drawerButton()->isChecked());
+    EXPECT_FALSE(m_window->isDrawerOpen());
+    EXPECT_FALSE(bar().drawerButton()->isChecked());
     EXPECT_NEAR(table().columnWidth(ZLChapterTableModel::TitleColumn), titleWidth, 1);
 }
 
@@ -215,7 +227,6 @@ TEST_F(ZLChapterDocumentWindowTest, DroppedFilesAreAnnounced)
 TEST_F(ZLChapterDocumentWindowTest, EveryControlHasANameForScreenReaders)
 {
     addChapterAt(0.0);
-    m_window->toggleDrawer();
     m_window->messageBar().showMessage(u"Sentence."_s, { { u"Button"_s, {} } });
     m_window->statusLine().setSaveStatus(u"Saved"_s, u"Saved a moment ago"_s);
     table().beginEditing(titleCell(0));

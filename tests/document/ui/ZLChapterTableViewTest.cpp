@@ -145,7 +145,6 @@ TEST_F(ZLChapterTableViewTest, ATemplateThatIsBeingTypedComesWithItsNewTitle)
 {
     addTemplate(u"Nws"_s);
     start();
-    m_window->toggleDrawer();
     auto* list = m_window->findChild<QDockWidget*>()->findChild<QTableView*>();
     ASSERT_TRUE(list);
     list->setFocus();

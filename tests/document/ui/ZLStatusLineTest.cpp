@@ -33,6 +33,7 @@ TEST_F(ZLStatusLineTest, ALongTitleIsCutForTheEyeAndNotForTheEar)
 
 TEST_F(ZLStatusLineTest, TheNextTemplateLeadsToTheDrawer)
 {
+    m_window->toggleDrawer();
     QTest::mouseClick(part(u"nextTemplate"_s), Qt::LeftButton);
     EXPECT_TRUE(m_window->isDrawerOpen());
 }

@@ -5,6 +5,8 @@
 #include <QStandardPaths>
 #include <QVariant>
 
+#include <algorithm>
+#include <array>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +18,11 @@ struct SettingsStore {
     std::unique_ptr<QSettings> persistent;
     QHash<QString, QVariant> registered;
 };
+
+constexpr quint16 defaultOSCInputPort = 9358;
+
+/// How the choices are written, in the order of ZLOSCAccept.
+constexpr std::array oscAcceptWords { "thisComputerOnly"_L1, "directlyConnectedNetworks"_L1, "onlyTheseAddresses"_L1 };
 
 SettingsStore& settingsStore()
 {
@@ -154,6 +161,74 @@ bool ZLSettingsManager::showQuickEdit()
 void ZLSettingsManager::setShowQuickEdit(bool enabled)
 {
     storeSetting(ZLSettingKey::ShowQuickEdit, enabled);
+}
+
+quint16 ZLSettingsManager::oscInputPort()
+{
+    const int port = settingFor(ZLSettingKey::OSCInputPort).toInt();
+    return port > 0 && port <= 0xffff ? static_cast<quint16>(port) : defaultOSCInputPort;
+}
+
+void ZLSettingsManager::setOSCInputPort(quint16 port)
+{
+    storeSetting(ZLSettingKey::OSCInputPort, int(port));
+    Q_EMIT notifications().ZLOSCInputPortSettingDidChange();
+}
+
+ZLOSCAccept ZLSettingsManager::oscAccept()
+{
+    const QString word = settingFor(ZLSettingKey::OSCAccept).toString();
+    const auto found = std::find(oscAcceptWords.begin(), oscAcceptWords.end(), word);
+    return found == oscAcceptWords.end() ? ZLOSCAccept::DirectlyConnectedNetworks
+                                         : ZLOSCAccept(found - oscAcceptWords.begin());
+}
+
+void ZLSettingsManager::setOSCAccept(ZLOSCAccept accept)
+{
+    storeSetting(ZLSettingKey::OSCAccept, QString(oscAcceptWords.at(size_t(accept))));
+    Q_EMIT notifications().ZLOSCAcceptSettingDidChange();
+}
+
+QStringList ZLSettingsManager::oscAcceptedAddresses()
+{
+    return settingFor(ZLSettingKey::OSCAcceptedAddresses).toStringList();
+}
+
+void ZLSettingsManager::setOSCAcceptedAddresses(const QStringList& addresses)
+{
+    storeSetting(ZLSettingKey::OSCAcceptedAddresses, addresses);
+    Q_EMIT notifications().ZLOSCAcceptSettingDidChange();
+}
+
+QList<ZLOSCDestination> ZLSettingsManager::oscOutputs()
+{
+    QList<ZLOSCDestination> outputs;
+    const QStringList texts = settingFor(ZLSettingKey::OSCOutputs).toStringList();
+    for (const QString& text : texts) {
+        if (const auto output = ZLOSCDestination::fromText(text))
+            outputs.append(*output);
+    }
+    return outputs;
+}
+
+void ZLSettingsManager::setOSCOutputs(const QList<ZLOSCDestination>& outputs)
+{
+    QStringList texts;
+    for (const ZLOSCDestination& output : outputs)
+        texts.append(output.text());
+    storeSetting(ZLSettingKey::OSCOutputs, texts);
+    Q_EMIT notifications().ZLOSCOutputsSettingDidChange();
+}
+
+bool ZLSettingsManager::oscAnswersSenders()
+{
+    return settingFor(ZLSettingKey::OSCAnswerSenders).toBool();
+}
+
+void ZLSettingsManager::setOSCAnswersSenders(bool enabled)
+{
+    storeSetting(ZLSettingKey::OSCAnswerSenders, enabled);
+    Q_EMIT notifications().ZLOSCAnswerSendersSettingDidChange();
 }
 
 std::optional<QVariantMap> ZLSettingsManager::keyComboForKey(const QString& key)

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "settings/ZLOSCDestination.h"
+
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -17,6 +20,11 @@ inline const QString GlobalHotkeys = QStringLiteral("ZLGlobalHotkeysSetting");
 inline const QString AudioOutputDevice = QStringLiteral("ZLAudioOutputDeviceSetting");
 inline const QString ShowAbsoluteTime = QStringLiteral("ZLShowAbsoluteTimeSetting");
 inline const QString ShowQuickEdit = QStringLiteral("ZLShowQuickEditSetting");
+inline const QString OSCInputPort = QStringLiteral("ZLOSCInputPortSetting");
+inline const QString OSCAccept = QStringLiteral("ZLOSCAcceptSetting");
+inline const QString OSCAcceptedAddresses = QStringLiteral("ZLOSCAcceptedAddressesSetting");
+inline const QString OSCOutputs = QStringLiteral("ZLOSCOutputsSetting");
+inline const QString OSCAnswerSenders = QStringLiteral("ZLOSCAnswerSendersSetting");
 }
 
 /// The keys of the six shortcuts. Their order in ZLSettingsManager::allKeyComboKeys(), counted from 1, is also the tag
@@ -30,6 +38,13 @@ inline const QString SelectLastChapter = QStringLiteral("ZLSelectLastChapterKeyC
 inline const QString SelectNextChapter = QStringLiteral("ZLSelectNextChapterKeyCombo");
 }
 
+/// Who may command the recorder by OSC.
+enum class ZLOSCAccept {
+    ThisComputerOnly,
+    DirectlyConnectedNetworks,
+    OnlyTheseAddresses,
+};
+
 /// Announces changes of settings. A setter stores first and then emits, also when the new value equals the old one.
 class ZLSettingsNotifications : public QObject {
     Q_OBJECT
@@ -39,6 +54,11 @@ Q_SIGNALS:
     void ZLShortcutsDidChange();
     void ZLGlobalHotkeysDidChange();
     void ZLShowAbsoluteTimeSettingDidChange();
+    void ZLOSCInputPortSettingDidChange();
+    /// Of the choice or of the list of addresses.
+    void ZLOSCAcceptSettingDidChange();
+    void ZLOSCOutputsSettingDidChange();
+    void ZLOSCAnswerSendersSettingDidChange();
 };
 
 /// The one place through which the program reads and writes the user's preferences. Every change is written at once.
@@ -72,9 +92,25 @@ public:
     [[nodiscard]] static bool showQuickEdit();
     static void setShowQuickEdit(bool enabled);
 
+    /// The first UDP port to try for OSC input; 9358 unless one from 1 to 65535 is stored.
+    [[nodiscard]] static quint16 oscInputPort();
+    static void setOSCInputPort(quint16 port);
+    /// The directly connected networks unless something else is stored.
+    [[nodiscard]] static ZLOSCAccept oscAccept();
+    static void setOSCAccept(ZLOSCAccept accept);
+    /// What the user typed, one address or network each, in force with OnlyTheseAddresses.
+    [[nodiscard]] static QStringList oscAcceptedAddresses();
+    static void setOSCAcceptedAddresses(const QStringList& addresses);
+    /// Without what is stored but names no host and port.
+    [[nodiscard]] static QList<ZLOSCDestination> oscOutputs();
+    static void setOSCOutputs(const QList<ZLOSCDestination>& outputs);
+    /// Whether the state is sent for a while to whoever sent a valid command.
+    [[nodiscard]] static bool oscAnswersSenders();
+    static void setOSCAnswersSenders(bool enabled);
+
     /// A shortcut: "keyCode" (integer, hardware-independent virtual key code) and "modifierFlags" (unsigned, shift
-    /// 0x20000, control 0x40000, option 0x80000, command 0x100000); other entries are kept. Nothing when none is stored.
-    /// Any key is accepted.
+    /// 0x20000, control 0x40000, option 0x80000, command 0x100000); other entries are kept. Nothing when none is
+    /// stored. Any key is accepted.
     [[nodiscard]] static std::optional<QVariantMap> keyComboForKey(const QString& key);
     static void setKeyCombo(const QVariantMap& shortcut, const QString& key);
     static void removeKeyComboForKey(const QString& key);

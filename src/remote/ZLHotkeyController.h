@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/hotkey/ZLHotKeyCenter.h"
+#include "remote/ZLRemoteController.h"
+
+/// Makes the six recorded shortcuts work in the whole system. It follows the stored shortcuts; the hot keys themselves
+/// belong to the centre, and whoever drops the controller unregisters them.
+class ZLHotkeyController : public ZLRemoteController {
+    Q_OBJECT
+
+public:
+    /// The centre has to outlive the controller.
+    ZLHotkeyController(ZLRemoteControllerDelegate* delegate, ZLHotKeyCenter& center, QObject* parent = nullptr);
+
+    /// Takes every hot key out of the centre, whoever registered it, and registers those that are stored.
+    void setupHotkeys();
+    /// Delivers the action of the hot key that fired.
+    void hotkeyAction(const QString& identifier);
+
+    /// "" for a key that is none of the six.
+    [[nodiscard]] static QString actionForSettingsKey(const QString& settingsKey);
+
+    /// The hot keys that do not fire, with their reasons.
+    [[nodiscard]] QList<ZLHotKey> refusedHotKeys() const;
+
+    static void unregisterAllHotKeys(ZLHotKeyCenter& center);
+
+private:
+    ZLHotKeyCenter& m_center;
+};

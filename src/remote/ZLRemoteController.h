@@ -1,0 +1,37 @@
+#pragma once
+
+#include "remote/ZLRemoteActions.h"
+
+#include <QObject>
+
+class ZLRemoteController;
+
+/// Carries out what remote controllers receive.
+class ZLRemoteControllerDelegate {
+public:
+    virtual ~ZLRemoteControllerDelegate() = default;
+
+    /// On the main thread; `action` is one of the published identifiers. Optional: a delegate that does not override it
+    /// does nothing.
+    virtual void remoteControllerReceivedAction(ZLRemoteController& controller, const QString& action);
+};
+
+/// Turns events from outside the program into actions and hands them to its delegate.
+class ZLRemoteController : public QObject {
+    Q_OBJECT
+
+public:
+    /// The delegate may be null; it is not owned and has to outlive the controller.
+    explicit ZLRemoteController(ZLRemoteControllerDelegate* delegate, QObject* parent = nullptr);
+    ~ZLRemoteController() override;
+
+    [[nodiscard]] ZLRemoteControllerDelegate* delegate() const { return m_delegate; }
+    void setDelegate(ZLRemoteControllerDelegate* delegate) { m_delegate = delegate; }
+
+protected:
+    /// Does nothing without a delegate or with an empty action.
+    void deliverAction(const QString& action);
+
+private:
+    ZLRemoteControllerDelegate* m_delegate;
+};

@@ -3,6 +3,7 @@
 #include "LoopbackPeer.h"
 
 #include <QEventLoop>
+#include <QMap>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -65,6 +66,16 @@ private:
 
     quint16 m_first = 0;
     std::vector<std::unique_ptr<QUdpSocket>> m_sockets;
+};
+
+/// Read on the receiving thread, moved on the test's.
+class FakeReceptionClock final : public ZLHostClock {
+public:
+    double now() const override { return m_time; }
+    void advance(double seconds) { m_time = m_time + seconds; }
+
+private:
+    std::atomic<double> m_time = 100;
 };
 
 QByteArray garbage(int number)
@@ -174,6 +185,38 @@ TEST(ZLOSCInPort, whoMayNotSpeakIsNotEvenRead)
     ASSERT_TRUE(peer.send(encoded(u"/zl/b"_s, { 1.0F }), input.port.port()));
     ASSERT_TRUE(waitUntil([&] { return !input.messages.isEmpty(); }));
     EXPECT_EQ(input.addresses(), QStringList({ u"/zl/b"_s }));
+}
+
+TEST(ZLOSCInPort, aFloodOfDroppedDatagramsGivesAFewSamplesOfEachReasonEverySecond)
+{
+    const auto clock = std::make_shared<FakeReceptionClock>();
+    ZLOSCInPort port(u"Input"_s, nullptr, &ZLOSCConnectedNetworks::ofThisComputer, clock);
+    port.setFilter([](const ZLOSCMessage& message) { return message.floatValue() > 0; });
+    ASSERT_TRUE(port.bind(ZLOSCPortRange::exactly(0)).isOk());
+    QMap<ZLOSCDropReason, int> samples;
+    QObject::connect(&port, &ZLOSCInPort::datagramDropped, &port,
+        [&](const ZLOSCDroppedDatagram& dropped) { ++samples[dropped.reason]; });
+    LoopbackPeer peer;
+    quint64 sent = 0;
+    const auto flood = [&](const QByteArray& datagram) {
+        for (int number = 0; number < 100; ++number) {
+            ASSERT_TRUE(peer.send(datagram, port.port()));
+            ASSERT_TRUE(waitUntil([&] { return port.counters().received == sent + 1; }));
+            ++sent;
+        }
+    };
+    flood("garbage");
+    flood(encoded(u"/zl/a"_s, { 0.0F }));
+    ASSERT_TRUE(waitUntil([&] { return samples.value(ZLOSCDropReason::Filtered) == 20; }));
+    EXPECT_EQ(samples.value(ZLOSCDropReason::Malformed), 20);
+    clock->advance(1);
+    flood("garbage");
+    ASSERT_TRUE(waitUntil([&] { return samples.value(ZLOSCDropReason::Malformed) == 30; }));
+    // What comes after shows that nothing more was under way.
+    clock->advance(1);
+    ASSERT_TRUE(peer.send(encoded(u"/zl/a"_s, { 0.0F }), port.port()));
+    ASSERT_TRUE(waitUntil([&] { return samples.value(ZLOSCDropReason::Filtered) == 21; }));
+    EXPECT_EQ(samples.value(ZLOSCDropReason::Malformed), 30);
 }
 
 TEST(ZLOSCInPort, theConnectedNetworksAreAskedForBeforeASenderIsRefused)

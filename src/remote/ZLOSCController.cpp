@@ -1,0 +1,267 @@
+#include "remote/ZLOSCController.h"
+
+#include "document/ZLChapterDocument.h"
+#include "model/ZLTimeText.h"
+#include "remote/ZLOSCLogTexts.h"
+#include "remote/ZLRemoteOutcome.h"
+
+#include <QLoggingCategory>
+#include <QThread>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(oscLog, "zelta.remote.osc", QtInfoMsg)
+
+constexpr int statusMilliseconds = 1000;
+
+const QString isRecordingAddress = QStringLiteral("/zl/isRecording");
+const QString lastChapterTitleAddress = QStringLiteral("/zl/lastChapterTitle");
+const QString selectedChapterTitleAddress = QStringLiteral("/zl/selectedChapterTitle");
+const QString currentTimeAddress = QStringLiteral("/zl/currentTime");
+const QString currentChapterDurationAddress = QStringLiteral("/zl/currentChapterDuration");
+
+/// Runs on the receiving thread too. A button sends 0 when it is released.
+bool isCommand(const ZLOSCMessage& message)
+{
+    return ZLOSCController::actionForOSCKey(message.address()) && message.floatValue() > 0;
+}
+
+QString titleOfLastChapter(ZLChapterManager& chapters)
+{
+    const ZLChapterPointer chapter = chapters.lastChapter();
+    return chapter ? chapter->title() : u""_s;
+}
+
+QString titleOfSelectedChapter(ZLChapterManager& chapters, int row)
+{
+    // While rows are being removed, the selection may lie below the last one.
+    const ZLChapterPointer chapter =
+        row >= 0 ? chapters.chapterAtIndex(std::min<qsizetype>(row, chapters.count() - 1)) : nullptr;
+    return chapter ? chapter->title() : u""_s;
+}
+
+}
+
+ZLOSCController::ZLOSCController(ZLRemoteControllerDelegate* delegate, ZLOSCControllerSetup setup, QObject* parent)
+    : ZLRemoteController(delegate, parent)
+    , m_setup(std::move(setup))
+    , m_manager(inPortLabelBase())
+    , m_answeredSenders(m_manager)
+{
+    connectManager();
+    m_manager.setPortRange(inputPortRange());
+    m_manager.setFilter(isCommand);
+    applyAccept();
+    m_inPort = m_manager.createNewInput();
+    applyOutputs();
+    followSettings();
+    m_displayTimer.setInterval(statusMilliseconds);
+    connect(&m_displayTimer, &QTimer::timeout, this, &ZLOSCController::sendTime);
+    connect(&m_displayTimer, &QTimer::timeout, this, [this] { m_answeredSenders.update(m_setup.hostClock->now()); });
+    m_displayTimer.start();
+}
+
+ZLOSCController::~ZLOSCController()
+{
+    // No output shall go with a signal to an object that is half gone.
+    m_manager.disconnect(this);
+}
+
+QString ZLOSCController::inPortLabelBase()
+{
+    return u"Zelta"_s;
+}
+
+std::optional<QString> ZLOSCController::actionForOSCKey(const QString& address)
+{
+    return ZLRemoteActions::actionForOSCAddress(address);
+}
+
+void ZLOSCController::receivedOSCMessage(const ZLOSCReceivedMessage& received)
+{
+    if (!isCommand(received.message))
+        return;
+    if (QThread::currentThread() != thread()) {
+        QMetaObject::invokeMethod(
+            this, [this, received] { receivedOSCMessage(received); }, Qt::QueuedConnection);
+        return;
+    }
+    performMessage(received.message, received.peer.text());
+    if (ZLSettingsManager::oscAnswersSenders())
+        m_answeredSenders.noteCommand(received.peer, m_setup.hostClock->now());
+}
+
+QString ZLOSCController::performMessage(const ZLOSCMessage& message, const QString& peer)
+{
+    ZLOSCLogEntry entry = ZLOSCLogTexts::entryFor(message, ZLOSCLogEntry::Direction::In, peer);
+    if (isCommand(message)) {
+        const ZLRemoteAction* action = ZLRemoteActions::withIdentifier(*actionForOSCKey(message.address()));
+        const ZLRemoteOutcome outcome(currentDocument());
+        if (delegate()) {
+            qCInfo(oscLog, "%s", "-[ZLOSCController receivedOSCMessage:]");
+            qCInfo(oscLog, "m: %s", qUtf8Printable(message.description()));
+        }
+        deliverAction(action->identifier);
+        entry.outcome = outcome.description(*action);
+    } else {
+        entry.outcome = ZLOSCLogTexts::reasonToIgnore(message.address(), entry.value);
+    }
+    m_log.append(entry);
+    return entry.outcome;
+}
+
+void ZLOSCController::sendUpdatesStatusInformation()
+{
+    const QList<ZLOSCMessage> messages = statusMessages();
+    for (const ZLOSCMessage& message : messages)
+        sendMessageToAllOutputs(message);
+    sendTime();
+}
+
+void ZLOSCController::sendTime()
+{
+    const QList<ZLOSCMessage> messages = timeMessages();
+    for (const ZLOSCMessage& message : messages)
+        sendMessageToAllOutputs(message);
+}
+
+void ZLOSCController::sendMessageToAllOutputs(const ZLOSCMessage& message)
+{
+    const ZLOSCOutPortArray& outputs = m_manager.outPortArray();
+    outputs.rdlock();
+    for (ZLOSCOutPort* port : outputs.ports())
+        sendMessage(message, *port);
+    outputs.unlock();
+}
+
+ZLChapterDocument* ZLOSCController::currentDocument() const
+{
+    return m_setup.currentDocument ? m_setup.currentDocument() : nullptr;
+}
+
+QList<ZLOSCMessage> ZLOSCController::statusMessages() const
+{
+    ZLChapterDocument* document = currentDocument();
+    ZLChapterManager* chapters = document ? &document->chapterManager() : nullptr;
+    return {
+        ZLOSCMessage(isRecordingAddress, { document && document->isRecording() }),
+        ZLOSCMessage(lastChapterTitleAddress, { chapters ? titleOfLastChapter(*chapters) : u""_s }),
+        ZLOSCMessage(selectedChapterTitleAddress,
+            { chapters ? titleOfSelectedChapter(*chapters, document->selectedRow()) : u""_s }),
+    };
+}
+
+QList<ZLOSCMessage> ZLOSCController::timeMessages() const
+{
+    ZLChapterDocument* document = currentDocument();
+    if (!document || !document->isRecording())
+        return {};
+    const double seconds = document->currentDuration();
+    const ZLChapterPointer chapter = document->chapterManager().lastChapter();
+    return {
+        ZLOSCMessage(currentTimeAddress, { ZLTimeText::hoursMinutesSeconds(ZLTimeText::truncated(seconds)) }),
+        ZLOSCMessage(currentChapterDurationAddress, { chapter ? chapter->durationToTimestamp(seconds) : u""_s }),
+    };
+}
+
+void ZLOSCController::sendMessage(const ZLOSCMessage& message, ZLOSCOutPort& port)
+{
+    ZLOSCLogEntry entry = ZLOSCLogTexts::entryFor(message, ZLOSCLogEntry::Direction::Out, port.label());
+    entry.outcome = ZLOSCLogTexts::outcomeOfSending(port.sendThisMessage(message), port);
+    m_log.append(entry);
+}
+
+void ZLOSCController::sendWholeState(ZLOSCOutPort* port)
+{
+    const QList<ZLOSCMessage> messages = statusMessages() + timeMessages();
+    for (const ZLOSCMessage& message : messages)
+        sendMessage(message, *port);
+}
+
+void ZLOSCController::connectManager()
+{
+    connect(&m_manager, &ZLOSCManager::receivedOSCMessage, this, &ZLOSCController::receivedOSCMessage);
+    connect(&m_manager, &ZLOSCManager::droppedOSCDatagram, this, &ZLOSCController::logDropped);
+    connect(&m_manager, &ZLOSCManager::outputDidBecomeReady, this, [this](ZLOSCOutPort* port) {
+        sendWholeState(port);
+        // A name may turn out to be a sender that is being answered.
+        m_answeredSenders.update(m_setup.hostClock->now());
+    });
+}
+
+void ZLOSCController::followSettings()
+{
+    // What was given for this run holds until the user chooses otherwise.
+    const ZLSettingsNotifications& settings = ZLSettingsManager::notifications();
+    connect(&settings, &ZLSettingsNotifications::ZLOSCInputPortSettingDidChange, this, [this] {
+        m_setup.inputPort.reset();
+        applyInputPort();
+    });
+    connect(&settings, &ZLSettingsNotifications::ZLOSCOutputsSettingDidChange, this, [this] {
+        m_setup.outputs.reset();
+        applyOutputs();
+    });
+    connect(&settings, &ZLSettingsNotifications::ZLOSCAcceptSettingDidChange, this, &ZLOSCController::applyAccept);
+    connect(&settings, &ZLSettingsNotifications::ZLOSCAnswerSendersSettingDidChange, this,
+        &ZLOSCController::applyAnswerSenders);
+}
+
+ZLOSCPortRange ZLOSCController::inputPortRange() const
+{
+    if (!m_setup.inputPort)
+        return ZLOSCPortRange::startingAt(ZLSettingsManager::oscInputPort());
+    return ZLOSCPortRange::exactly(*m_setup.inputPort);
+}
+
+void ZLOSCController::applyInputPort()
+{
+    const ZLOSCPortRange range = inputPortRange();
+    m_manager.setPortRange(range);
+    // The port reports by itself why there is none.
+    if (m_inPort->port() != range.first)
+        (void)m_inPort->bind(range);
+}
+
+void ZLOSCController::applyAccept()
+{
+    QList<ZLOSCNetwork> addresses;
+    const QStringList texts = ZLSettingsManager::oscAcceptedAddresses();
+    for (const QString& text : texts) {
+        if (const auto network = ZLOSCNetwork::fromText(text))
+            addresses.append(*network);
+    }
+    m_manager.setAccessPolicy(
+        ZLOSCAccessPolicy(ZLOSCAccessPolicy::Mode(ZLSettingsManager::oscAccept()), std::move(addresses)));
+}
+
+void ZLOSCController::applyOutputs()
+{
+    const QList<ZLOSCDestination> wanted = m_setup.outputs ? *m_setup.outputs : ZLSettingsManager::oscOutputs();
+    const auto destinationOf = [](const ZLOSCOutPort* port) { return ZLOSCDestination { port->host(), port->port() }; };
+    m_configuredOutputs.removeIf([&](ZLOSCOutPort* port) {
+        if (wanted.contains(destinationOf(port)))
+            return false;
+        m_manager.removeOutput(port);
+        return true;
+    });
+    for (const ZLOSCDestination& destination : wanted) {
+        if (std::ranges::find(m_configuredOutputs, destination, destinationOf) == m_configuredOutputs.end())
+            m_configuredOutputs.append(
+                m_manager.createNewOutput(destination.text(), destination.host, destination.port));
+    }
+}
+
+void ZLOSCController::applyAnswerSenders()
+{
+    if (!ZLSettingsManager::oscAnswersSenders())
+        m_answeredSenders.clear();
+}
+
+void ZLOSCController::logDropped(const ZLOSCDroppedDatagram& dropped)
+{
+    m_log.append(ZLOSCLogTexts::entryForDropped(dropped, ZLSettingsManager::oscAccept()));
+}

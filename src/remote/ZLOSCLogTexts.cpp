@@ -1,0 +1,97 @@
+#include "remote/ZLOSCLogTexts.h"
+
+#include "remote/ZLRemoteActions.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QString logText(const char* text)
+{
+    return QCoreApplication::translate("ZLOSCLog", text);
+}
+
+/// The address as the log shows it.
+QString shownAddress(const QString& address)
+{
+    return ZLOSCMessage(address).description();
+}
+
+/// The arguments alone, out of the description of a message.
+QString valueInDescription(const QString& description, const QString& shownAddress)
+{
+    return description.startsWith(shownAddress) ? description.sliced(shownAddress.size()).trimmed() : description;
+}
+
+QString reasonToRefuse(ZLOSCAccept accept)
+{
+    switch (accept) {
+    case ZLOSCAccept::ThisComputerOnly:
+        return logText("dropped: not from this computer");
+    case ZLOSCAccept::DirectlyConnectedNetworks:
+        return logText("dropped: not from a directly connected network");
+    case ZLOSCAccept::OnlyTheseAddresses:
+        break;
+    }
+    return logText("dropped: not from one of the accepted addresses");
+}
+
+QString outcomeOfDropped(const ZLOSCDroppedDatagram& dropped, const QString& value, ZLOSCAccept accept)
+{
+    switch (dropped.reason) {
+    case ZLOSCDropReason::RefusedSender:
+        return reasonToRefuse(accept);
+    case ZLOSCDropReason::Malformed:
+        return logText("dropped: malformed");
+    case ZLOSCDropReason::Filtered:
+        return ZLOSCLogTexts::reasonToIgnore(dropped.address, value);
+    case ZLOSCDropReason::Overflow:
+        break;
+    }
+    return logText("dropped older messages: too many at once");
+}
+
+}
+
+ZLOSCLogEntry ZLOSCLogTexts::entryFor(
+    const ZLOSCMessage& message, ZLOSCLogEntry::Direction direction, const QString& peer)
+{
+    const QString address = shownAddress(message.address());
+    return {
+        .time = QDateTime::currentDateTime(),
+        .direction = direction,
+        .peer = peer,
+        .address = address,
+        .value = valueInDescription(message.description(), address),
+    };
+}
+
+ZLOSCLogEntry ZLOSCLogTexts::entryForDropped(const ZLOSCDroppedDatagram& dropped, ZLOSCAccept accept)
+{
+    const QString address = shownAddress(dropped.address);
+    const QString value = valueInDescription(dropped.detail, address);
+    return {
+        .time = QDateTime::fromMSecsSinceEpoch(dropped.receivedAt),
+        .direction = ZLOSCLogEntry::Direction::In,
+        .peer = dropped.peer.text(),
+        .address = address,
+        .value = value,
+        .outcome = outcomeOfDropped(dropped, value, accept),
+    };
+}
+
+QString ZLOSCLogTexts::reasonToIgnore(const QString& address, const QString& value)
+{
+    if (!ZLRemoteActions::actionForOSCAddress(address))
+        return logText("ignored: unknown address");
+    return value.isEmpty() ? logText("ignored: no value") : logText("ignored: value %1").arg(value);
+}
+
+QString ZLOSCLogTexts::outcomeOfSending(bool wasSent, const ZLOSCOutPort& port)
+{
+    if (wasSent)
+        return logText("sent");
+    if (port.state() == ZLOSCOutPort::State::Resolving)
+        return logText("not sent: the host is being looked up");
+    return port.failure().isEmpty() ? logText("not sent") : logText("not sent: %1").arg(port.failure());
+}

@@ -1,0 +1,41 @@
+#include "remote/ZLRemoteOutcome.h"
+
+#include "document/ZLChapterDocument.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QString outcomeText(const char* text)
+{
+    return QCoreApplication::translate("ZLRemoteOutcome", text);
+}
+
+}
+
+ZLRemoteOutcome::ZLRemoteOutcome(ZLChapterDocument* document)
+    : m_document(document)
+{
+    if (!document)
+        return;
+    m_wasRecording = document->isRecording();
+    m_wasWaitingForBeep = document->isWaitingForBeep();
+    m_chapterCount = document->chapterManager().count();
+    m_selectedRow = document->selectedRow();
+}
+
+QString ZLRemoteOutcome::description(const ZLRemoteAction& action) const
+{
+    if (!m_document)
+        return outcomeText("did nothing: no document is open");
+    if (m_document->isRecording() != m_wasRecording)
+        return m_wasRecording ? outcomeText("paused the recording") : outcomeText("started the recording");
+    if (m_document->isWaitingForBeep() && !m_wasWaitingForBeep)
+        return outcomeText("played the start sound");
+    const qsizetype count = m_document->chapterManager().count();
+    if (count != m_chapterCount)
+        return count > m_chapterCount ? outcomeText("added a chapter") : outcomeText("removed a chapter");
+    if (m_document->selectedRow() != m_selectedRow)
+        return outcomeText("selected chapter %1").arg(m_document->selectedRow() + 1);
+    return outcomeText("did nothing: %1").arg(action.obstacle());
+}

@@ -2,7 +2,7 @@
 
 #include "app/ZLOpenDocuments.h"
 #include "app/ZLRecentDocuments.h"
-#include "document/ZLDocumentSaver.h"
+#include "document/saving/ZLDocumentSaver.h"
 #include "platform/ZLStateFolder.h"
 
 #include <QObject>

@@ -18,6 +18,7 @@ ORDER = [
     "templates",
     "templates/ui",
     "document",
+    "document/saving",
     "document/ui",
     "remote",
     "export",

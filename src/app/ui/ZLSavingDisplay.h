@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/ZLDocumentSaver.h"
+#include "document/saving/ZLDocumentSaver.h"
 
 #include <QObject>
 

@@ -1,4 +1,4 @@
-#include "document/ZLRecoveryFolder.h"
+#include "document/saving/ZLRecoveryFolder.h"
 
 #include "platform/ZLAtomicFile.h"
 

@@ -1,4 +1,4 @@
-#include "document/ZLDocumentSaver.h"
+#include "document/saving/ZLDocumentSaver.h"
 
 #include <QDir>
 #include <QFile>

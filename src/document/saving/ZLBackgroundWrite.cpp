@@ -1,4 +1,4 @@
-#include "document/ZLBackgroundWrite.h"
+#include "document/saving/ZLBackgroundWrite.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/ZLBackgroundWrite.h"
 #include "document/ZLChapterDocument.h"
-#include "document/ZLRecoveryFolder.h"
+#include "document/saving/ZLBackgroundWrite.h"
+#include "document/saving/ZLRecoveryFolder.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLHostClock.h"
 

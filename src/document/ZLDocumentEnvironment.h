@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ZLHostClock.h"
-#include "platform/ZLSound.h"
+#include "platform/sound/ZLSound.h"
 #include "platform/ZLUserNotificationCenter.h"
 
 #include <QDateTime>
@@ -19,6 +19,8 @@ struct ZLDocumentEnvironment {
     std::function<bool()> isApplicationActive = [] { return false; };
     /// Whether Alt is held in the event that is being handled.
     std::function<bool()> isOptionKeyHeld = [] { return false; };
-    std::function<std::unique_ptr<ZLSound>(const QString& name)> soundNamed = ZLSound::soundNamed;
+    /// Makes the sound with this resource name.
+    std::function<std::unique_ptr<ZLSound>(const QString& name)> soundNamed
+        = [](const QString&) { return std::make_unique<ZLSilentSound>(); };
     std::shared_ptr<ZLUserNotificationCenter> notificationCenter = std::make_shared<ZLNullUserNotificationCenter>();
 };

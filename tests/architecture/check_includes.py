@@ -12,6 +12,7 @@ ORDER = [
     "platform/osc",
     "platform/archive",
     "platform/hotkey",
+    "platform/sound",
     "resources",
     "model",
     "settings",

@@ -253,7 +253,7 @@ TEST_F(ZLChapterDocumentRecordingTest, ASilentBeepStartsTheClockAtOnce)
 {
     Settings::setPlaySoundBeforeRecording(true);
     ZLDocumentEnvironment silent = environment();
-    silent.soundNamed = ZLSound::soundNamed;
+    silent.soundNamed = ZLDocumentEnvironment().soundNamed;
     ZLChapterDocument document(silent);
     document.recordButtonPressed();
     EXPECT_TRUE(document.isRecording());

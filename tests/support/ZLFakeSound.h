@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ZLSound.h"
+#include "platform/sound/ZLSound.h"
 
 /// A sound that plays until the test ends it.
 class ZLFakeSound final : public ZLSound {

@@ -3,9 +3,7 @@
 #include <QObject>
 #include <QString>
 
-#include <memory>
-
-/// A short sound that is played once on a chosen output and reports its end, whatever happens.
+/// A short sound that is played once on a chosen output and reports its end, whatever happens. ZLSoundServer makes it.
 class ZLSound : public QObject {
     Q_OBJECT
 
@@ -14,11 +12,9 @@ public:
     void setPlaybackDeviceIdentifier(const QString& identifier) { m_deviceIdentifier = identifier; }
     [[nodiscard]] QString playbackDeviceIdentifier() const { return m_deviceIdentifier; }
 
-    /// Starts playing; didFinishPlaying follows exactly once, possibly before this call returns.
+    /// Starts playing; didFinishPlaying follows exactly once, possibly before this call returns. Does nothing while the
+    /// sound already plays.
     virtual void play() = 0;
-
-    /// The sound of the application with this resource name, for example "beep.aiff".
-    [[nodiscard]] static std::unique_ptr<ZLSound> soundNamed(const QString& name);
 
 Q_SIGNALS:
     /// `finished` is false when the sound could not be played to its end.
@@ -28,10 +24,10 @@ private:
     QString m_deviceIdentifier;
 };
 
-/// The back end for a system without sound: there is nothing to wait for, so it ends at once.
+/// The sound for a system without sound: there is nothing to wait for, so it ends at once.
 class ZLSilentSound final : public ZLSound {
     Q_OBJECT
 
 public:
-    void play() override;
+    void play() override { Q_EMIT didFinishPlaying(false); }
 };

@@ -1,4 +1,4 @@
-#include "platform/ZLSound.h"
+#include "platform/sound/ZLSound.h"
 
 #include <QSignalSpy>
 #include <gtest/gtest.h>

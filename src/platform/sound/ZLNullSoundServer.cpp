@@ -1,0 +1,17 @@
+#include "platform/sound/ZLNullSoundServer.h"
+
+namespace {
+
+constexpr int noSoundSystemError = -1;
+
+}
+
+std::unique_ptr<ZLSound> ZLNullSoundServer::soundNamed(const QString&)
+{
+    return std::make_unique<ZLSilentSound>();
+}
+
+ZLOutputReading ZLNullSoundServer::readOutputs()
+{
+    return { .error = noSoundSystemError };
+}

@@ -1,0 +1,27 @@
+#include "platform/sound/ZLSoundServer.h"
+
+#include "platform/sound/ZLNullSoundServer.h"
+
+#include <cstdio>
+
+std::unique_ptr<ZLSoundServer> ZLSoundServer::create()
+{
+    return std::make_unique<ZLNullSoundServer>();
+}
+
+std::optional<QList<ZLOutputDevice>> ZLSoundServer::outputDevices()
+{
+    const ZLOutputReading reading = readOutputs();
+    if (reading.error != 0) {
+        std::fprintf(stderr, "AudioObjectGetPropertyData (kAudioHardwarePropertyDevices) failed: %d\n", reading.error);
+        return std::nullopt;
+    }
+    QList<ZLOutputDevice> devices;
+    for (const ZLOutputDevice& output : reading.outputs) {
+        if (!output.id.isEmpty() && !output.name.isEmpty())
+            devices.append(output);
+        else
+            std::fprintf(stderr, "AudioObjectGetPropertyData (kAudioDevicePropertyDeviceNameCFString) failed: %d\n", 0);
+    }
+    return devices;
+}

@@ -1,9 +1,12 @@
 #include "app/ZLApplication.h"
 
+#include "app/ZLActionRouting.h"
 #include "export/ZLRegisterExporters.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,9 +18,80 @@ ZLDocumentControllerSetup afterRegistering(ZLDocumentControllerSetup setup, floa
     return setup;
 }
 
+/// How the log calls whoever uses the command socket.
+const QString commandSocketPeer = QStringLiteral("zelta send");
+
 }
 
-ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSize)
+ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSize, ZLRemoteSetup remote)
     : m_documentController(afterRegistering(std::move(setup), systemFontSize))
+    , m_hotKeyCenter(remote.hotKeyCenter)
 {
+    if (m_hotKeyCenter && ZLSettingsManager::globalHotkeys())
+        createHotkeyController();
+    m_oscController = std::make_unique<ZLOSCController>(this,
+        ZLOSCControllerSetup {
+            .currentDocument = [this] { return m_documentController.currentOrLastDocument(); },
+            .inputPort = remote.oscPort,
+            .outputs = std::move(remote.oscOutputs),
+        });
+    m_commandSocket = std::make_unique<ZLCommandSocket>(
+        [this](const ZLOSCMessage& message) { return m_oscController->performMessage(message, commandSocketPeer); });
+    connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLGlobalHotkeysDidChange, this,
+        &ZLApplication::globalHotkeysDidChange);
+    followDocuments();
+}
+
+ZLApplication::~ZLApplication()
+{
+    // The documents outlive the controllers, and shall not wake them again.
+    m_documentController.disconnect(this);
+    const auto documents = m_documentController.documents();
+    for (const ZLChapterDocument* document : documents)
+        document->disconnect(this);
+}
+
+std::optional<ZLHotKey> ZLApplication::hotKeyForSettingsKey(const QString& settingsKey) const
+{
+    return m_hotkeyController ? m_hotkeyController->hotKeyForSettingsKey(settingsKey) : std::nullopt;
+}
+
+void ZLApplication::remoteControllerReceivedAction(ZLRemoteController&, const QString& action)
+{
+    ZLChapterDocument* document = m_documentController.currentOrLastDocument();
+    const ZLActionRouting::Operation operation = ZLActionRouting::operationForAction(action);
+    if (document && operation)
+        (document->*operation)();
+}
+
+void ZLApplication::globalHotkeysDidChange()
+{
+    if (!m_hotKeyCenter)
+        return;
+    if (!ZLSettingsManager::globalHotkeys()) {
+        m_hotkeyController.reset();
+        ZLHotkeyController::unregisterAllHotKeys(*m_hotKeyCenter);
+    } else if (!m_hotkeyController) {
+        createHotkeyController();
+    }
+    Q_EMIT hotKeysDidChange();
+}
+
+void ZLApplication::createHotkeyController()
+{
+    m_hotkeyController = std::make_unique<ZLHotkeyController>(this, *m_hotKeyCenter);
+    connect(m_hotkeyController.get(), &ZLHotkeyController::hotKeysDidChange, this, &ZLApplication::hotKeysDidChange);
+}
+
+void ZLApplication::followDocuments()
+{
+    connect(&m_documentController, &ZLDocumentController::didOpenDocument, this, [this](ZLChapterDocument* document) {
+        connect(document, &ZLChapterDocument::controllersShouldBeInformed, this,
+            &ZLApplication::informControllersOfDocumentChange);
+    });
+    // Commands act on another document now, so another state is to be shown.
+    connect(&m_documentController, &ZLDocumentController::currentDocumentDidChange, this,
+        &ZLApplication::informControllersOfDocumentChange);
+    connect(&m_documentController, &ZLDocumentController::didCloseDocument, this,
+        &ZLApplication::informControllersOfDocumentChange);
 }

@@ -1,27 +1,70 @@
 #pragma once
 
 #include "app/ZLDocumentController.h"
+#include "remote/ZLCommandSocket.h"
+#include "remote/ZLHotkeyController.h"
+#include "remote/ZLOSCController.h"
 
 #include <QObject>
 
-/// The application object: it starts everything that does not depend on a display, in a fixed order, and answers
-/// whether the program may end. A program with windows stands around it, see ZLDesktop.
-class ZLApplication : public QObject {
+#include <memory>
+#include <optional>
+
+/// What the application object needs for being commanded from outside its windows.
+struct ZLRemoteSetup {
+    /// Null where there are no hot keys; not owned, has to outlive the application object.
+    ZLHotKeyCenter* hotKeyCenter = nullptr;
+    /// For this run, see ZLOSCControllerSetup.
+    std::optional<quint16> oscPort {};
+    std::optional<QList<ZLOSCDestination>> oscOutputs {};
+};
+
+/// The application object: it starts everything that does not depend on a display, in a fixed order, carries out what
+/// remote controllers receive, and answers whether the program may end. A program with windows stands around it, see
+/// ZLDesktop.
+class ZLApplication : public QObject, public ZLRemoteControllerDelegate {
     Q_OBJECT
 
 public:
     /// Registers the settings' defaults before anything reads a setting, and the export formats before any menu is
     /// made. `systemFontSize` is in points.
-    explicit ZLApplication(ZLDocumentControllerSetup setup, float systemFontSize = StandardFontSize);
+    explicit ZLApplication(
+        ZLDocumentControllerSetup setup, float systemFontSize = StandardFontSize, ZLRemoteSetup remote = {});
+    ~ZLApplication() override;
 
     /// Size of texts where no desktop says one, in points.
     static constexpr float StandardFontSize = 10.0F;
 
     [[nodiscard]] ZLDocumentController& documentController() { return m_documentController; }
+    /// Present exactly while global hot keys are on and there is a centre for them.
+    [[nodiscard]] ZLHotkeyController* hotkeyController() const { return m_hotkeyController.get(); }
+    [[nodiscard]] ZLOSCController& oscController() { return *m_oscController; }
+    /// Null where there are no hot keys. Its unavailabilityReason() tells why none at all can work.
+    [[nodiscard]] ZLHotKeyCenter* hotKeyCenter() const { return m_hotKeyCenter; }
+    /// How it stands system-wide with the shortcut that is stored under the key, see ZLHotkeyController; nothing while
+    /// global hot keys are off. It follows hotKeysDidChange.
+    [[nodiscard]] std::optional<ZLHotKey> hotKeyForSettingsKey(const QString& settingsKey) const;
+
+    /// Carries the action out on the current or else the first document.
+    void remoteControllerReceivedAction(ZLRemoteController& controller, const QString& action) override;
+    /// Lets the OSC controller send the new state.
+    void informControllersOfDocumentChange() { m_oscController->sendUpdatesStatusInformation(); }
 
     /// False while the clock of any document runs: the recording has to be stopped first.
     [[nodiscard]] bool applicationShouldTerminate() const { return m_documentController.canTerminate(); }
 
+Q_SIGNALS:
+    /// Global hot keys have been switched on or off, were registered anew, or the system has accepted or refused one.
+    void hotKeysDidChange();
+
 private:
+    void createHotkeyController();
+    void globalHotkeysDidChange();
+    void followDocuments();
+
     ZLDocumentController m_documentController;
+    ZLHotKeyCenter* m_hotKeyCenter;
+    std::unique_ptr<ZLHotkeyController> m_hotkeyController;
+    std::unique_ptr<ZLOSCController> m_oscController;
+    std::unique_ptr<ZLCommandSocket> m_commandSocket;
 };

@@ -1,7 +1,11 @@
 #include "app/ZLCommandLine.h"
 
+#include "remote/ZLRemoteActions.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +45,21 @@ public:
 protected:
     /// Takes over what the options say; returns what is wrong with them, or nothing.
     virtual QString fillIn() = 0;
+
+    void addPortOption() { m_parser.addOption({ u"osc-port"_s, {}, u"port"_s }); }
+
+    /// Takes over --osc-port when it is there; returns what is wrong with it, or nothing.
+    QString fillInPort(quint16 lowest)
+    {
+        if (!m_parser.isSet(u"osc-port"_s))
+            return {};
+        bool isNumber = false;
+        const quint16 port = m_parser.value(u"osc-port"_s).toUShort(&isNumber);
+        if (!isNumber || port < lowest)
+            return commandLineText("--osc-port needs a number from %1 to 65535.").arg(lowest);
+        m_result.oscPort = port;
+        return {};
+    }
 
     QCommandLineParser m_parser;
     ZLCommandLine m_result;
@@ -102,12 +121,43 @@ private:
     }
 };
 
+class SendReader final : public CommandReader {
+public:
+    SendReader()
+        : CommandReader(ZLCommand::SendAction)
+    {
+        addPortOption();
+    }
+
+private:
+    QString fillIn() override
+    {
+        const QStringList words = std::exchange(m_result.files, {});
+        if (words.size() != 1)
+            return commandLineText("\"send\" needs exactly one action: %1.").arg(knownActions());
+        m_result.action = words.first();
+        if (!ZLRemoteActions::withCommandWord(m_result.action))
+            return commandLineText("There is no action \"%1\". The actions are %2.")
+                .arg(m_result.action.simplified(), knownActions());
+        return fillInPort(1);
+    }
+
+    static QString knownActions()
+    {
+        QStringList words;
+        for (const ZLRemoteAction& action : ZLRemoteActions::all())
+            words.append(action.commandWord());
+        return words.join(u", "_s);
+    }
+};
+
 class StartReader final : public CommandReader {
 public:
     StartReader()
         : CommandReader(ZLCommand::OpenWindows)
     {
-        m_parser.addOptions({ { u"headless"_s, {} }, { u"record"_s, {} } });
+        m_parser.addOptions({ { u"headless"_s, {} }, { u"record"_s, {} }, { u"osc-send"_s, {}, u"host:port"_s } });
+        addPortOption();
         letToolkitOptionsPass();
     }
 
@@ -124,8 +174,26 @@ private:
         m_parser.addOption({ u"reverse"_s, {} });
     }
 
+    /// Takes over --osc-send, as often as it is there; returns what is wrong with it, or nothing.
+    QString fillInOutputs()
+    {
+        const QStringList texts = m_parser.values(u"osc-send"_s);
+        if (texts.isEmpty())
+            return {};
+        m_result.oscOutputs.emplace();
+        for (const QString& text : texts) {
+            const auto output = ZLOSCDestination::fromText(text);
+            if (!output)
+                return commandLineText("--osc-send needs HOST:PORT, not \"%1\".").arg(text.simplified());
+            m_result.oscOutputs->append(*output);
+        }
+        return {};
+    }
+
     QString fillIn() override
     {
+        if (const QString problem = fillInPort(0) + fillInOutputs(); !problem.isEmpty())
+            return problem;
         const bool records = m_parser.isSet(u"record"_s);
         if (!m_parser.isSet(u"headless"_s))
             return records ? commandLineText("--record needs --headless.") : QString();
@@ -135,6 +203,15 @@ private:
         return m_result.files.size() > 1 ? commandLineText("--headless records one file at most.") : QString();
     }
 };
+
+/// One line an action: its word and what it does.
+QString actionsAsHelp()
+{
+    QString lines;
+    for (const ZLRemoteAction& action : ZLRemoteActions::all())
+        lines += u"          %1 %2\n"_s.arg(action.commandWord().leftJustified(28), action.summary());
+    return lines;
+}
 
 template <typename Reader>
 ZLResult<ZLCommandLine> readCommand(const QStringList& arguments)
@@ -156,6 +233,8 @@ ZLResult<ZLCommandLine> ZLCommandLine::parse(const QStringList& arguments)
         return readCommand<ExportReader>(withoutWord);
     if (word == "show"_L1)
         return readCommand<ShowReader>(withoutWord);
+    if (word == "send"_L1)
+        return readCommand<SendReader>(withoutWord);
     return readCommand<StartReader>(arguments.isEmpty() ? QStringList { u"zelta"_s } : arguments);
 }
 
@@ -165,6 +244,15 @@ QString ZLCommandLine::helpText()
                            "  zelta [FILE…]                        open documents in windows\n"
                            "  zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record "
                            "starts the clock at once\n"
+                           "        --osc-port N                   listen on this UDP port in this run; 0 for any that "
+                           "is free\n"
+                           "        --osc-send HOST:PORT           send the recorder's state there in this run; may be "
+                           "given several times\n"
+                           "  zelta send ACTION [--osc-port N]     give the running recorder a command, by default the "
+                           "one of this user;\n"
+                           "                                       with --osc-port the one on that port of this "
+                           "computer\n"
+                           "%1"
                            "  zelta formats                        list the export formats: name, tab, file type\n"
                            "  zelta export --format NAME [--option] --output OUT FILE\n"
                            "                                       write the chapters of FILE to OUT; --option ticks "
@@ -173,10 +261,12 @@ QString ZLCommandLine::helpText()
                            "  zelta --help | --version\n"
                            "\n"
                            "Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as "
-                           "./NAME.\n");
+                           "./NAME.\n")
+        .arg(actionsAsHelp());
 }
 
 bool ZLCommandLine::isFileCommand() const
 {
-    return command != ZLCommand::OpenWindows && command != ZLCommand::RecordHeadless;
+    return command != ZLCommand::OpenWindows && command != ZLCommand::RecordHeadless
+        && command != ZLCommand::SendAction;
 }

@@ -2,9 +2,13 @@
 
 #include "export/ZLExporter.h"
 #include "platform/ZLResult.h"
+#include "settings/ZLOSCDestination.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 /// What the program tells the shell when it ends.
 namespace ZLExitStatus {
@@ -19,6 +23,7 @@ enum class ZLCommand {
     ListFormats,
     ExportFile,
     ShowFile,
+    SendAction,
     PrintHelp,
     PrintVersion,
 };
@@ -37,6 +42,13 @@ struct ZLCommandLine {
     ZLExportOption exportOption = ZLExportOption::Off;
     QString outputPath {};
     ZLShowForm showForm = ZLShowForm::Table;
+    /// For SendAction: the command word of an action, see ZLRemoteActions.
+    QString action {};
+    /// The OSC input to open, 0 for any that is free; for SendAction the one to speak to instead of the recorder that
+    /// runs here.
+    std::optional<quint16> oscPort {};
+    /// Where to send the state in this run, instead of the stored outputs.
+    std::optional<QList<ZLOSCDestination>> oscOutputs {};
 
     /// Reads `arguments`, the name of the program first. The error is what is wrong with them, in one line. No
     /// application object is needed: which one to make may depend on the answer.

@@ -70,6 +70,7 @@ int ZLFileCommands::run(const ZLCommandLine& commandLine)
     case ZLCommand::PrintHelp:
     case ZLCommand::OpenWindows:
     case ZLCommand::RecordHeadless:
+    case ZLCommand::SendAction:
         break;
     }
     return print(ZLCommandLine::helpText());

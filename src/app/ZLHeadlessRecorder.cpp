@@ -1,7 +1,9 @@
 #include "app/ZLHeadlessRecorder.h"
 
+#include "app/ZLActionRouting.h"
 #include "platform/ZLLineReader.h"
 #include "platform/ZLSignalWatcher.h"
+#include "remote/ZLOSCController.h"
 
 #include <algorithm>
 #include <csignal>
@@ -71,6 +73,12 @@ ZLHeadlessRecorder::ZLHeadlessRecorder(ZLDocumentController& controller, ZLHeadl
 
 ZLHeadlessRecorder::~ZLHeadlessRecorder() = default;
 
+void ZLHeadlessRecorder::showRemoteControl(const ZLOSCController& oscController)
+{
+    m_oscController = &oscController;
+    connect(&oscController.inPort(), &ZLOSCInPort::portDidChange, this, &ZLHeadlessRecorder::printPort);
+}
+
 ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadlessStart headlessStart)
 {
     // A reader of our output that goes away must not take the recording with it.
@@ -91,7 +99,7 @@ ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadles
     printStatus({});
     print(u"Commands come from standard input, one a line; \"help\" lists them."_s);
     if (headlessStart == ZLHeadlessStart::Recording)
-        handleLine(u"toggleRecording"_s);
+        performAction(*ZLRemoteActions::withIdentifier(ZLControllerToggleRecordingAction));
     openInput();
     return ZLDone {};
 }
@@ -102,9 +110,12 @@ void ZLHeadlessRecorder::handleLine(const QString& line)
     const QString name = text.section(u' ', 0, 0);
     if (name.isEmpty())
         return;
+    if (const ZLRemoteAction* action = ZLRemoteActions::withCommandWord(name)) {
+        performAction(*action);
+        return;
+    }
     const auto& table = commands();
-    const auto found =
-        std::find_if(table.begin(), table.end(), [&name](const Command& command) { return command.name == name; });
+    const auto found = std::ranges::find(table, name, &Command::name);
     if (found == table.end()) {
         m_streams.complain(u"Unknown command \"%1\"; \"help\" lists the commands."_s.arg(titleForLine(name)));
         return;
@@ -208,20 +219,9 @@ ZLHeadlessRecorder::Snapshot ZLHeadlessRecorder::takeSnapshot() const
 const std::vector<ZLHeadlessRecorder::Command>& ZLHeadlessRecorder::commands()
 {
     using Self = ZLHeadlessRecorder;
-    static const QString noSelection = u"no chapter is selected"_s;
     static const std::vector<Command> table {
-        { u"toggleRecording"_s, u"start, pause or resume the clock"_s, u"the clock starts when the start sound ends"_s,
-            &Self::toggleRecording },
-        { u"newChapter"_s, u"add a chapter at the clock's reading"_s,
-            u"no chapter added: the clock stands, toggleRecording starts it"_s, &Self::newChapter },
-        { u"removeChapter"_s, u"remove the selected chapter"_s, noSelection, &Self::removeChapter },
-        { u"removeLastChapter"_s, u"remove the latest chapter"_s, u"there are no chapters"_s,
-            &Self::removeLastChapter },
-        { u"selectPreviousChapter"_s, u"select the chapter before"_s, u"there is no chapter before"_s,
-            &Self::selectPreviousChapter },
-        { u"selectNextChapter"_s, u"select the chapter after"_s, u"there is no chapter after"_s,
-            &Self::selectNextChapter },
-        { u"title"_s, u"give the selected chapter the title that follows"_s, noSelection, &Self::setTitle },
+        { u"title"_s, u"give the selected chapter the title that follows"_s, u"no chapter is selected"_s,
+            &Self::setTitle },
         { u"status"_s, u"tell the document, the clock and whether everything is saved"_s, {}, &Self::printStatus },
         { u"help"_s, u"list the commands"_s, {}, &Self::printHelp },
         { u"quit"_s, u"save and end; refused while the clock runs"_s, {}, &Self::quit },
@@ -229,34 +229,13 @@ const std::vector<ZLHeadlessRecorder::Command>& ZLHeadlessRecorder::commands()
     return table;
 }
 
-void ZLHeadlessRecorder::toggleRecording(const QString&)
+void ZLHeadlessRecorder::performAction(const ZLRemoteAction& action)
 {
-    m_document->recordButtonPressed();
-}
-
-void ZLHeadlessRecorder::newChapter(const QString&)
-{
-    m_document->addChapterButtonPressed();
-}
-
-void ZLHeadlessRecorder::removeChapter(const QString&)
-{
-    m_document->deleteButtonPressed();
-}
-
-void ZLHeadlessRecorder::removeLastChapter(const QString&)
-{
-    m_document->deleteLastChapter();
-}
-
-void ZLHeadlessRecorder::selectPreviousChapter(const QString&)
-{
-    m_document->selectLastChapter();
-}
-
-void ZLHeadlessRecorder::selectNextChapter(const QString&)
-{
-    m_document->selectNextChapter();
+    m_hasPrinted = false;
+    (m_document->*ZLActionRouting::operationForAction(action.identifier))();
+    report();
+    if (!m_hasPrinted)
+        print(u"did nothing: "_s + action.obstacle());
 }
 
 void ZLHeadlessRecorder::setTitle(const QString& title)
@@ -282,12 +261,29 @@ void ZLHeadlessRecorder::printStatus(const QString&)
     if (now.selectedChapter)
         print(u"selected: "_s + describeChapter(m_document->selectedRow(), *now.selectedChapter));
     print(u"file: "_s + describeSaving(*saver));
+    printPort();
+}
+
+void ZLHeadlessRecorder::printPort()
+{
+    if (!m_oscController)
+        return;
+    const ZLOSCInPort& port = m_oscController->inPort();
+    if (port.port() != 0)
+        print(u"OSC: UDP port %1"_s.arg(port.port()));
+    else
+        m_streams.complain(u"OSC: "_s + port.failure());
 }
 
 void ZLHeadlessRecorder::printHelp(const QString&)
 {
+    const auto printCommand = [this](const QString& name, const QString& description) {
+        print(u"%1  %2"_s.arg(name.leftJustified(22), description));
+    };
+    for (const ZLRemoteAction& action : ZLRemoteActions::all())
+        printCommand(action.commandWord(), action.summary());
     for (const Command& command : commands())
-        print(u"%1  %2"_s.arg(command.name.leftJustified(22), command.description));
+        printCommand(command.name, command.description);
 }
 
 void ZLHeadlessRecorder::quit(const QString&)

@@ -10,7 +10,9 @@
 #include <vector>
 
 class ZLLineReader;
+class ZLOSCController;
 class ZLSignalWatcher;
+struct ZLRemoteAction;
 
 /// Where a recorder without a window reads its commands and says what became of them.
 struct ZLHeadlessStreams {
@@ -33,6 +35,10 @@ public:
     ZLHeadlessRecorder(ZLDocumentController& controller, ZLHeadlessStreams streams, QObject* parent = nullptr);
     ~ZLHeadlessRecorder() override;
 
+    /// Makes the recorder say on which port it listens, at the start, when that changes and on demand. `oscController`
+    /// has to outlive the recorder.
+    void showRemoteControl(const ZLOSCController& oscController);
+
     /// Opens `file`, which is made when it is missing; without one, what was open before or a new document. From here
     /// on SIGINT, SIGTERM and SIGHUP end the program as terminate() does.
     ZLStatus start(const std::optional<QString>& file, ZLHeadlessStart headlessStart);
@@ -47,6 +53,7 @@ Q_SIGNALS:
     void didFinish(int exitStatus);
 
 private:
+    /// A command of the recorder's own, beside the actions of a remote control.
     struct Command {
         QString name;
         QString description;
@@ -63,16 +70,13 @@ private:
 
     [[nodiscard]] static const std::vector<Command>& commands();
 
-    void toggleRecording(const QString& argument);
-    void newChapter(const QString& argument);
-    void removeChapter(const QString& argument);
-    void removeLastChapter(const QString& argument);
-    void selectPreviousChapter(const QString& argument);
-    void selectNextChapter(const QString& argument);
+    void performAction(const ZLRemoteAction& action);
     void setTitle(const QString& title);
     void printStatus(const QString& argument);
     void printHelp(const QString& argument);
     void quit(const QString& argument);
+
+    void printPort();
 
     void openInput();
     void watchDocuments();
@@ -86,6 +90,7 @@ private:
 
     ZLDocumentController& m_controller;
     ZLHeadlessStreams m_streams;
+    const ZLOSCController* m_oscController = nullptr;
     ZLChapterDocument* m_document = nullptr;
     ZLLineReader* m_input = nullptr;
     ZLSignalWatcher* m_signals = nullptr;

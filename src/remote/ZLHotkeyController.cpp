@@ -2,11 +2,14 @@
 
 #include "settings/ZLSettingsManager.h"
 
+#include <algorithm>
+
 ZLHotkeyController::ZLHotkeyController(ZLRemoteControllerDelegate* delegate, ZLHotKeyCenter& center, QObject* parent)
     : ZLRemoteController(delegate, parent)
     , m_center(center)
 {
     connect(&center, &ZLHotKeyCenter::hotKeyPressed, this, &ZLHotkeyController::hotkeyAction);
+    connect(&center, &ZLHotKeyCenter::stateDidChange, this, &ZLHotkeyController::hotKeysDidChange);
     setupHotkeys();
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLShortcutsDidChange, this,
         &ZLHotkeyController::setupHotkeys);
@@ -26,6 +29,7 @@ void ZLHotkeyController::setupHotkeys()
             hotKey.purpose = row->title();
         m_center.registerHotKey(hotKey);
     }
+    Q_EMIT hotKeysDidChange();
 }
 
 void ZLHotkeyController::hotkeyAction(const QString& identifier)
@@ -38,6 +42,14 @@ void ZLHotkeyController::hotkeyAction(const QString& identifier)
 QString ZLHotkeyController::actionForSettingsKey(const QString& settingsKey)
 {
     return ZLRemoteActions::actionForSettingsKey(settingsKey);
+}
+
+std::optional<ZLHotKey> ZLHotkeyController::hotKeyForSettingsKey(const QString& settingsKey) const
+{
+    const QString action = actionForSettingsKey(settingsKey);
+    const QList<ZLHotKey> hotKeys = m_center.allHotKeys();
+    const auto found = std::ranges::find(hotKeys, action, &ZLHotKey::identifier);
+    return found == hotKeys.end() ? std::nullopt : std::optional(*found);
 }
 
 QList<ZLHotKey> ZLHotkeyController::refusedHotKeys() const

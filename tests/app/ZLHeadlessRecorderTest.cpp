@@ -119,7 +119,7 @@ TEST_F(ZLHeadlessRecorderTest, AShowIsRecordedByCommands)
 TEST_F(ZLHeadlessRecorderTest, ACommandWithoutEffectSaysWhy)
 {
     start();
-    EXPECT_TRUE(answerTo(u"newChapter"_s).value(0).contains(u"toggleRecording"_s));
+    EXPECT_EQ(answerTo(u"newChapter"_s), QStringList { u"did nothing: the clock is not running"_s });
     for (const char* command :
         { "removeChapter", "removeLastChapter", "selectPreviousChapter", "selectNextChapter", "title News" })
         EXPECT_EQ(answerTo(QString::fromLatin1(command)).size(), 1) << command;

@@ -2,6 +2,7 @@
 #include "app/ZLCommandLine.h"
 #include "app/ZLFileCommands.h"
 #include "app/ZLHeadlessRecorder.h"
+#include "app/ZLSendCommand.h"
 #include "app/ui/ZLDesktop.h"
 #include "app/ui/ZLDesktopApplication.h"
 #include "export/ZLRegisterExporters.h"
@@ -22,11 +23,21 @@ int runFileCommand(int& argc, char** argv, const ZLResult<ZLCommandLine>& comman
     return commandLine ? commands.run(commandLine.value()) : commands.refuseUsage(commandLine.error());
 }
 
+int runSendCommand(int& argc, char** argv, const ZLCommandLine& commandLine)
+{
+    const QCoreApplication events(argc, argv);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    return ZLSendCommand(out, err).run(commandLine);
+}
+
 int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
 {
     const QCoreApplication events(argc, argv);
-    ZLApplication application({});
+    ZLApplication application(
+        {}, ZLApplication::StandardFontSize, { .oscPort = commandLine.oscPort, .oscOutputs = commandLine.oscOutputs });
     ZLHeadlessRecorder recorder(application.documentController(), ZLHeadlessStreams::standard());
+    recorder.showRemoteControl(application.oscController());
     QObject::connect(&recorder, &ZLHeadlessRecorder::didFinish, &events, &QCoreApplication::exit, Qt::QueuedConnection);
     const auto file = commandLine.files.isEmpty() ? std::nullopt : std::optional(commandLine.files.first());
     if (const ZLStatus started = recorder.start(file, commandLine.headlessStart); !started) {
@@ -39,7 +50,7 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
 int runWithWindows(int& argc, char** argv, const ZLCommandLine& commandLine)
 {
     ZLDesktopApplication events(argc, argv);
-    ZLDesktop desktop(events);
+    ZLDesktop desktop(events, commandLine);
     return desktop.run(commandLine.files);
 }
 
@@ -62,6 +73,8 @@ int main(int argc, char** argv)
     const ZLResult<ZLCommandLine> commandLine = ZLCommandLine::parse(arguments);
     if (!commandLine || commandLine.value().isFileCommand())
         return runFileCommand(argc, argv, commandLine);
+    if (commandLine.value().command == ZLCommand::SendAction)
+        return runSendCommand(argc, argv, commandLine.value());
     if (commandLine.value().command == ZLCommand::RecordHeadless)
         return runHeadless(argc, argv, commandLine.value());
     if (hasDisplay())

@@ -1,6 +1,7 @@
 #include "app/ui/ZLDesktop.h"
 
 #include "app/ui/ZLDesktopApplication.h"
+#include "document/ui/ZLChapterDocumentWindow.h"
 
 #include <QFontInfo>
 
@@ -18,11 +19,17 @@ ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events)
 
 }
 
-ZLDesktop::ZLDesktop(ZLDesktopApplication& events)
-    : m_application(desktopSetup(events), float(QFontInfo(QApplication::font()).pointSizeF()))
+ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandLine)
+    : m_hotKeyCenter(ZLHotKeyCenter::create())
+    , m_application(desktopSetup(events), float(QFontInfo(QApplication::font()).pointSizeF()),
+          { m_hotKeyCenter.get(), commandLine.oscPort, commandLine.oscOutputs })
     , m_windows(m_application.documentController())
+    , m_remoteStatus(m_application)
     , m_signals({ SIGINT, SIGTERM, SIGHUP })
 {
+    m_menuShortcuts.followKeyboardLayout(*m_hotKeyCenter);
+    // After the windows have heard of the document and made a window for it.
+    connect(&m_application.documentController(), &ZLDocumentController::didOpenDocument, this, &ZLDesktop::equipWindow);
     connect(&events, &ZLDesktopApplication::modifiersDidChange, this, &ZLDesktop::updateAddButtons);
     connect(&m_signals, &ZLSignalWatcher::didReceiveSignal, &m_windows, &ZLDocumentWindows::quitAtOnce);
 }
@@ -38,4 +45,11 @@ void ZLDesktop::updateAddButtons()
     const auto documents = m_application.documentController().documents();
     for (ZLChapterDocument* document : documents)
         document->updateAddButton();
+}
+
+void ZLDesktop::equipWindow(ZLChapterDocument* document)
+{
+    ZLChapterDocumentWindow* window = m_windows.windowOf(document);
+    m_menuShortcuts.addWindow(*window);
+    m_remoteStatus.addStatusLine(window->statusLine());
 }

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "app/ZLApplication.h"
+#include "app/ZLCommandLine.h"
 #include "app/ui/ZLDocumentWindows.h"
+#include "app/ui/ZLMenuShortcuts.h"
+#include "app/ui/ZLRemoteStatusDisplay.h"
 #include "platform/ZLSignalWatcher.h"
 
 #include <QStringList>
@@ -14,15 +17,19 @@ class ZLDesktop : public QObject {
 
 public:
     /// `events` is the process's QApplication and has to outlive the desktop.
-    explicit ZLDesktop(ZLDesktopApplication& events);
+    explicit ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandLine = {});
 
     /// Opens `files`, or what was open before, and stays until the program ends; returns its exit status.
     [[nodiscard]] int run(const QStringList& files);
 
 private:
     void updateAddButtons();
+    void equipWindow(ZLChapterDocument* document);
 
+    std::unique_ptr<ZLHotKeyCenter> m_hotKeyCenter;
     ZLApplication m_application;
     ZLDocumentWindows m_windows;
+    ZLMenuShortcuts m_menuShortcuts;
+    ZLRemoteStatusDisplay m_remoteStatus;
     ZLSignalWatcher m_signals;
 };

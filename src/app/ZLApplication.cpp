@@ -1,7 +1,7 @@
 #include "app/ZLApplication.h"
 
 #include "app/ZLActionRouting.h"
-#include "export/ZLRegisterExporters.h"
+#include "export/formats/ZLRegisterExporters.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <utility>

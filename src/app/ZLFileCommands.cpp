@@ -127,7 +127,7 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
     ZLExportInput input { .chapters = sortedChapters(contents.value().chapters),
         .duration = contents.value().duration,
         .option = commandLine.exportOption,
-        .fileBaseName = QFileInfo(target).completeBaseName() };
+        .fileBaseName = ZLExporter::fileBaseName(target) };
     if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
         auto existing = ZLAtomicFile::read(target);
         if (!existing)

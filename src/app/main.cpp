@@ -5,7 +5,7 @@
 #include "app/ZLSendCommand.h"
 #include "app/ui/ZLDesktop.h"
 #include "app/ui/ZLDesktopApplication.h"
-#include "export/ZLRegisterExporters.h"
+#include "export/formats/ZLRegisterExporters.h"
 
 #include <cstdio>
 

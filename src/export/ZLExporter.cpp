@@ -32,6 +32,13 @@ QLatin1StringView predefinedEntityFor(QChar character)
     }
 }
 
+QString withoutExtension(const QString& name)
+{
+    // A dot in front hides a file, it does not begin an extension.
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot > 0 ? name.first(dot) : name;
+}
+
 }
 
 ZLExporterClass::ZLExporterClass(std::type_index type, ZLExportFormat format, Create maker)
@@ -39,6 +46,11 @@ ZLExporterClass::ZLExporterClass(std::type_index type, ZLExportFormat format, Cr
     , m_format(std::move(format))
     , m_create(maker)
 {
+}
+
+std::optional<ZLExportAlert> ZLExporter::alertFor(const ZLExportInput&) const
+{
+    return std::nullopt;
 }
 
 ZLResult<QByteArray> ZLExporter::exportedBytes(const ZLExportInput&) const
@@ -72,13 +84,14 @@ QString ZLExporter::xmlEncodeString(const QString& text)
 
 QString ZLExporter::proposedFileName(const QString& displayName, const QString& fileType)
 {
-    QString name = displayName;
     // A name is proposed, never a path into some other folder.
-    name.replace(u'/', u'-');
-    // A dot in front hides a file, it does not begin an extension.
-    if (const qsizetype dot = name.lastIndexOf(u'.'); dot > 0)
-        name.truncate(dot);
+    QString name = withoutExtension(QString(displayName).replace(u'/', u'-'));
     if (name.isEmpty())
         name = QCoreApplication::translate("ZLExporter", "Untitled");
     return u"%1.%2"_s.arg(name, fileType);
+}
+
+QString ZLExporter::fileBaseName(const QString& path)
+{
+    return withoutExtension(path.sliced(path.lastIndexOf(u'/') + 1));
 }

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <typeindex>
 
 /// How a format gets at the file that it writes.
@@ -20,6 +21,9 @@ enum class ZLExportDialogKind {
 /// The checkbox of a format that has one.
 enum class ZLExportOption { Off, On };
 
+/// What happens with the file of a menu's export once it is written.
+enum class ZLExportAfterwards { Nothing, OpenInTextEditor };
+
 /// What a format says about itself.
 struct ZLExportFormat {
     /// Name in menus and on the command line, "Podlove Simple Chapters".
@@ -29,6 +33,7 @@ struct ZLExportFormat {
     QString fileType {};
     /// Title of its checkbox; empty when it has none.
     QString optionTitle {};
+    ZLExportAfterwards afterwards = ZLExportAfterwards::Nothing;
 
     [[nodiscard]] bool hasOption() const { return !optionTitle.isEmpty(); }
 };
@@ -46,6 +51,12 @@ struct ZLExportInput {
     QByteArray existingBytes {};
 };
 
+/// Why a chosen file cannot be used at all, in a form that deserves an alert.
+struct ZLExportAlert {
+    QString message;
+    QString informativeText;
+};
+
 class ZLExporterClass;
 
 /// One export format. A derived class has a static `format()` and turns chapters into the bytes of a file; asking for
@@ -59,7 +70,10 @@ public:
     /// A format without a name and without a file.
     [[nodiscard]] static ZLExportFormat format() { return {}; }
 
-    /// The whole contents of the file, or why there are none.
+    /// Asked before exportedBytes(), which fails where there is an alert. The base class knows none.
+    [[nodiscard]] virtual std::optional<ZLExportAlert> alertFor(const ZLExportInput& input) const;
+
+    /// The whole contents of the file, or why there are none. It depends on the input alone.
     [[nodiscard]] virtual ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const;
 
     /// Adds a class to the process-wide list; the base class itself is left out. A class that is registered twice is
@@ -75,6 +89,22 @@ public:
     /// "Episode 12.psc" for a document shown as "Episode 12.zelta": its last extension gives way to `fileType`. A
     /// document that is absent or has no name is proposed as "Untitled".
     [[nodiscard]] static QString proposedFileName(const QString& displayName, const QString& fileType);
+
+    /// "Show 12" for "/home/me/Show 12.fcpxml": the last part of a path without its last extension.
+    [[nodiscard]] static QString fileBaseName(const QString& path);
+
+protected:
+    /// What `append(text, chapter)` adds for each enabled chapter, in list order.
+    template <typename Append>
+    [[nodiscard]] static QString textOfEnabledChapters(const ZLExportInput& input, Append append)
+    {
+        QString text;
+        for (const ZLChapterPointer& chapter : input.chapters) {
+            if (chapter->isEnabled())
+                append(text, *chapter);
+        }
+        return text;
+    }
 };
 
 /// One class of exporters as a value: what it says about itself, and how to make one.

@@ -1,6 +1,6 @@
 #include "app/ZLFileCommands.h"
 
-#include "export/ZLRegisterExporters.h"
+#include "export/formats/ZLRegisterExporters.h"
 #include "platform/ZLAtomicFile.h"
 
 #include <QDir>
@@ -142,7 +142,9 @@ protected:
 TEST_F(ZLFileCommandsTest, ListsTheFormats)
 {
     EXPECT_EQ(run({ u"formats"_s }), 0);
-    EXPECT_EQ(m_out, u"Podlove Simple Chapters\tpsc\nCheckbox\tbox\nIn place\tsession\n"_s);
+    EXPECT_EQ(m_out,
+        u"Auphonic\ttxt\nFinal Cut Pro X\tfcpxml\nHindenburg\tnhsx\nJSON\tjson\nMarkdown\tmdown\n"
+        "Podlove Simple Chapters\tpsc\nTitles as Tags\ttxt\nYouTube\ttxt\nCheckbox\tbox\nIn place\tsession\n"_s);
     EXPECT_EQ(m_err, QString());
 }
 
@@ -160,7 +162,8 @@ TEST_F(ZLFileCommandsTest, RefusesWrongUsage)
     expectFailure(2, { u"--bogus"_s });
     expectFailure(2, { u"show"_s });
     expectFailure(2, exportTo(at(u"out"_s), u"No such"_s));
-    EXPECT_TRUE(m_err.contains("Podlove Simple Chapters, Checkbox, In place"_L1)) << qPrintable(m_err);
+    EXPECT_TRUE(m_err.contains("Podlove Simple Chapters, Titles as Tags, YouTube, Checkbox, In place"_L1))
+        << qPrintable(m_err);
     expectFailure(2, exportTo(at(u"out"_s), u"Podlove Simple Chapters"_s) + QStringList { u"--option"_s });
 }
 

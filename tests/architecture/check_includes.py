@@ -9,6 +9,7 @@ from pathlib import Path
 # Bottom to top. A folder may include itself and what stands before it.
 ORDER = [
     "platform",
+    "platform/dnssd",
     "platform/osc",
     "platform/archive",
     "platform/hotkey",
@@ -23,6 +24,7 @@ ORDER = [
     "document/ui",
     "remote",
     "export",
+    "export/formats",
     "export/ui",
     "remote/ui",
     "settings/ui",

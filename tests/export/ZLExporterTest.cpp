@@ -1,5 +1,5 @@
 #include "export/ZLExporterRegistry.h"
-#include "export/ZLRegisterExporters.h"
+#include "export/formats/ZLRegisterExporters.h"
 
 #include <gtest/gtest.h>
 
@@ -87,7 +87,9 @@ TEST(ZLExporter, ListsEveryFormatOfTheProgramOnce)
     ZLRegisterExporters();
     ZLRegisterExporters();
 
-    EXPECT_EQ(namesOf(ZLExporter::allExporters()), QStringList { u"Podlove Simple Chapters"_s });
+    EXPECT_EQ(namesOf(ZLExporter::allExporters()),
+        (QStringList { u"Auphonic"_s, u"Final Cut Pro X"_s, u"Hindenburg"_s, u"JSON"_s, u"Markdown"_s,
+            u"Podlove Simple Chapters"_s, u"Titles as Tags"_s, u"YouTube"_s }));
 }
 
 TEST(ZLExporter, EncodesTheFivePredefinedEntitiesOnly)
@@ -111,4 +113,45 @@ TEST(ZLExporter, ProposesAUsableNameForEveryDocument)
     EXPECT_EQ(ZLExporter::proposedFileName({}, u"psc"_s), u"Untitled.psc"_s);
     EXPECT_EQ(ZLExporter::proposedFileName(u".hidden"_s, u"psc"_s), u".hidden.psc"_s);
     EXPECT_EQ(ZLExporter::proposedFileName(u"Talks 11/12.zelta"_s, u"psc"_s), u"Talks 11-12.psc"_s);
+}
+
+TEST(ZLExporter, TakesTheBaseNameOfAFile)
+{
+    EXPECT_EQ(ZLExporter::fileBaseName(u"/home/me.dir/Show 12.fcpxml"_s), u"Show 12"_s);
+    EXPECT_EQ(ZLExporter::fileBaseName(u"a.b.fcpxml"_s), u"a.b"_s);
+    EXPECT_EQ(ZLExporter::fileBaseName(u"/home/me/plain"_s), u"plain"_s);
+    EXPECT_EQ(ZLExporter::fileBaseName(u"/home/me/.fcpxml"_s), u".fcpxml"_s);
+    EXPECT_EQ(ZLExporter::fileBaseName({}), QString());
+}
+
+TEST(ZLExporter, EachFormatSaysWhatItsDialogNeeds)
+{
+    struct Row {
+        ZLExportDialogKind dialogKind;
+        QString fileType;
+        QString optionTitle;
+        ZLExportAfterwards afterwards;
+    };
+    using enum ZLExportDialogKind;
+    using enum ZLExportAfterwards;
+    const QList<Row> table {
+        { Save, u"txt"_s, {}, Nothing },
+        { Save, u"fcpxml"_s, u"Export all chapters as <marker> elements"_s, Nothing },
+        { Open, u"nhsx"_s, {}, Nothing },
+        { Save, u"json"_s, {}, Nothing },
+        { Save, u"mdown"_s, u"Include timestamps in markdown"_s, Nothing },
+        { Save, u"psc"_s, {}, Nothing },
+        { Save, u"txt"_s, {}, Nothing },
+        { Save, u"txt"_s, {}, OpenInTextEditor },
+    };
+    ZLRegisterExporters();
+    const auto classes = ZLExporter::allExporters();
+    ASSERT_EQ(classes.size(), table.size());
+    for (qsizetype i = 0; i < table.size(); ++i) {
+        const ZLExportFormat& format = classes.at(i).format();
+        EXPECT_EQ(format.dialogKind, table.at(i).dialogKind) << qPrintable(format.name);
+        EXPECT_EQ(format.fileType, table.at(i).fileType) << qPrintable(format.name);
+        EXPECT_EQ(format.optionTitle, table.at(i).optionTitle) << qPrintable(format.name);
+        EXPECT_EQ(format.afterwards, table.at(i).afterwards) << qPrintable(format.name);
+    }
 }

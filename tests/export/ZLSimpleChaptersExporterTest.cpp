@@ -1,8 +1,7 @@
-#include "export/ZLSimpleChaptersExporter.h"
+#include "export/formats/ZLSimpleChaptersExporter.h"
 
 #include "platform/ZLAtomicFile.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -15,8 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString goldenFolder = QStringLiteral(ZELTA_TEST_DATA "/export/podlove");
-
 ZLChapterPointer simpleChapter(double seconds, const QString& title, const QString& link = {})
 {
     auto chapter = std::make_shared<ZLChapter>();
@@ -24,24 +21,6 @@ ZLChapterPointer simpleChapter(double seconds, const QString& title, const QStri
     chapter->setTitle(title);
     chapter->setLink(link);
     return chapter;
-}
-
-QString textOf(const QJsonValue& value)
-{
-    return value.isNull() ? QString() : value.toString();
-}
-
-ZLExportInput inputFromJson(const QByteArray& json)
-{
-    const QJsonObject document = QJsonDocument::fromJson(json).object();
-    ZLExportInput input { .duration = document.value("duration"_L1).toDouble() };
-    for (const QJsonValue& entry : document.value("chapters"_L1).toArray()) {
-        const auto chapter =
-            simpleChapter(entry["timeStamp"_L1].toDouble(), textOf(entry["title"_L1]), textOf(entry["link"_L1]));
-        chapter->setEnabled(entry["enabled"_L1].toBool());
-        input.chapters.append(chapter);
-    }
-    return input;
 }
 
 QByteArray exportedChapters(const ZLChapterSequence& chapters)
@@ -64,34 +43,6 @@ QJsonArray readByOthers(const QByteArray& bytes)
     return QJsonDocument::fromJson(reader.readAllStandardOutput()).array();
 }
 
-}
-
-class PodloveGolden : public testing::TestWithParam<const char*> { };
-
-TEST_P(PodloveGolden, IsWrittenByteForByte)
-{
-    const QString folder = goldenFolder + u'/' + QString::fromLatin1(GetParam());
-    const auto document = ZLAtomicFile::read(folder + "/document.json"_L1);
-    const auto expected = ZLAtomicFile::read(folder + "/expected.psc"_L1);
-    ASSERT_TRUE(document.isOk() && expected.isOk()) << qPrintable(folder);
-    const ZLExportInput input = inputFromJson(document.value());
-    ASSERT_EQ(input.chapters.isEmpty(), QLatin1StringView(GetParam()) == "no_chapters"_L1);
-
-    const auto bytes = ZLSimpleChaptersExporter().exportedBytes(input);
-
-    ASSERT_TRUE(bytes.isOk());
-    EXPECT_EQ(bytes.value().toStdString(), expected.value().toStdString());
-}
-
-INSTANTIATE_TEST_SUITE_P(ZLSimpleChaptersExporter, PodloveGolden,
-    testing::Values("absent_texts", "ampersand_without_link", "control_characters_pass", "disabled_between_enabled",
-        "link_of_escaped_characters", "negative_time", "no_chapters", "none_enabled", "other_scripts",
-        "place_marks_and_entities", "times_are_truncated"),
-    [](const auto& description) { return std::string(description.param); });
-
-TEST(ZLSimpleChaptersExporter, HasATestForEveryGoldenFolder)
-{
-    EXPECT_EQ(QDir(goldenFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 11);
 }
 
 TEST(ZLSimpleChaptersExporter, DescribesItself)

@@ -108,6 +108,6 @@ ZLExportInput ZLExportFlow::inputFor(const QString& path) const
     }
     if (m_optionCheckBox && m_optionCheckBox->isChecked())
         input.option = ZLExportOption::On;
-    input.fileBaseName = QFileInfo(path).completeBaseName();
+    input.fileBaseName = ZLExporter::fileBaseName(path);
     return input;
 }

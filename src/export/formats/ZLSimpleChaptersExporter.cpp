@@ -1,4 +1,4 @@
-#include "export/ZLSimpleChaptersExporter.h"
+#include "export/formats/ZLSimpleChaptersExporter.h"
 
 using namespace Qt::StringLiterals;
 
@@ -7,14 +7,19 @@ namespace {
 const QString simpleChaptersNamespace = u"http://podlove.org/simple-chapters"_s;
 
 // Pieces are joined rather than filled into a pattern: a title may hold anything, a pattern's place marks included.
-QString simpleChapterLine(const ZLChapter& chapter)
+void appendSimpleChapter(QString& text, const ZLChapter& chapter)
 {
-    const QString start = ZLExporter::xmlEncodeString(chapter.timeString());
-    const QString title = ZLExporter::xmlEncodeString(chapter.title());
-    const QString opening = "<psc:chapter start=\""_L1 + start + "\" title=\""_L1 + title + u'"';
-    if (chapter.link().isEmpty())
-        return opening + " />\n"_L1;
-    return opening + " href=\""_L1 + ZLExporter::xmlEncodeString(chapter.link()) + "\"/>\n"_L1;
+    text += "<psc:chapter start=\""_L1;
+    text += ZLExporter::xmlEncodeString(chapter.timeString());
+    text += "\" title=\""_L1;
+    text += ZLExporter::xmlEncodeString(chapter.title());
+    if (chapter.link().isEmpty()) {
+        text += "\" />\n"_L1;
+        return;
+    }
+    text += "\" href=\""_L1;
+    text += ZLExporter::xmlEncodeString(chapter.link());
+    text += "\"/>\n"_L1;
 }
 
 }
@@ -27,10 +32,7 @@ ZLExportFormat ZLSimpleChaptersExporter::format()
 ZLResult<QByteArray> ZLSimpleChaptersExporter::exportedBytes(const ZLExportInput& input) const
 {
     QString text = "<psc:chapters version=\"1.2\" xmlns:psc=\""_L1 + simpleChaptersNamespace + "\">\n"_L1;
-    for (const ZLChapterPointer& chapter : input.chapters) {
-        if (chapter->isEnabled())
-            text += simpleChapterLine(*chapter);
-    }
+    text += textOfEnabledChapters(input, appendSimpleChapter);
     text += "</psc:chapters>\n"_L1;
     return text.toUtf8();
 }

@@ -1,7 +1,7 @@
 #include "export/ui/ZLExportFlow.h"
 
 #include "document/ZLChapterDocument.h"
-#include "export/ZLSimpleChaptersExporter.h"
+#include "export/formats/ZLSimpleChaptersExporter.h"
 #include "platform/ZLAtomicFile.h"
 
 #include <QApplication>

@@ -1,0 +1,216 @@
+#include "export/formats/ZLHindenburgExporter.h"
+
+#include <QByteArrayMatcher>
+#include <QCoreApplication>
+
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+// The session is handled as bytes: in UTF-8 a literal of ASCII characters is found nowhere but where it stands.
+
+namespace {
+
+ZLError sessionError(const char* text)
+{
+    return ZLError { QCoreApplication::translate("ZLHindenburgExporter", text) };
+}
+
+/// Blanks as a string scanner skips them: white space and line ends.
+bool isSkipped(char byte)
+{
+    return byte == ' ' || (byte >= '\t' && byte <= '\r');
+}
+
+QByteArrayView withoutLeadingBlanks(QByteArrayView text)
+{
+    qsizetype blanks = 0;
+    while (blanks < text.size() && isSkipped(text[blanks]))
+        ++blanks;
+    return text.sliced(blanks);
+}
+
+/// The number that `text` begins with, kept in the range of 32 bits; 0 when there is none.
+std::int32_t leadingInteger(QByteArrayView text)
+{
+    constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
+    text = withoutLeadingBlanks(text);
+    const bool isNegative = text.startsWith('-');
+    if (isNegative || text.startsWith('+'))
+        text = text.sliced(1);
+    std::int64_t number = 0;
+    for (qsizetype i = 0; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i)
+        number = std::min(number * 10 + (text[i] - '0'), most + (isNegative ? 1 : 0));
+    return std::int32_t(isNegative ? -number : number);
+}
+
+/// A value reaches to the next quote that a blank follows, wherever that is: a quote before anything else ends no
+/// value, and what it swallows is not looked at.
+std::int32_t highestMarkerId(QByteArrayView markers)
+{
+    static const QByteArrayMatcher opening(QByteArrayLiteral("Id=\""));
+    static const QByteArrayMatcher closing(QByteArrayLiteral("\" "));
+    std::int32_t highest = 0;
+    while (true) {
+        const qsizetype found = opening.indexIn(markers);
+        if (found < 0)
+            return highest;
+        markers = withoutLeadingBlanks(markers.sliced(found + opening.pattern().size()));
+        const qsizetype end = closing.indexIn(markers);
+        const QByteArrayView value = end < 0 ? markers : markers.first(end);
+        if (value.isEmpty())
+            return highest;
+        highest = std::max(highest, leadingInteger(value));
+        markers = markers.sliced(value.size());
+    }
+}
+
+/// What stands between the first start of markers and the first end of markers.
+ZLResult<QByteArrayView> markersSection(const QByteArray& session)
+{
+    const qsizetype begin = session.indexOf("<Markers");
+    const qsizetype end = session.indexOf("</Markers>");
+    if (end < begin)
+        return sessionError(QT_TRANSLATE_NOOP("ZLHindenburgExporter", "The markers of this session have no end."));
+    return QByteArrayView(session).sliced(begin, end - begin);
+}
+
+void appendWithEncodedAmpersands(QByteArray& block, const QString& text)
+{
+    const QByteArray bytes = text.toUtf8();
+    qsizetype done = 0;
+    for (qsizetype at = bytes.indexOf('&'); at >= 0; at = bytes.indexOf('&', done)) {
+        block.append(bytes.constData() + done, at - done);
+        block += "&amp;";
+        done = at + 1;
+    }
+    block.append(bytes.constData() + done, bytes.size() - done);
+}
+
+/// Seconds in single precision with three decimals, as "12.346".
+QByteArray markerTime(const ZLChapter& chapter)
+{
+    constexpr int decimals = 3;
+    std::array<char, 64> buffer;
+    const double seconds = double(float(chapter.timeStamp()));
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), seconds, std::chars_format::fixed, decimals).ptr;
+    return { buffer.data(), end - buffer.data() };
+}
+
+void appendMarker(QByteArray& block, const ZLChapter& chapter, std::int32_t id)
+{
+    block += "<Marker Id=\"";
+    block += QByteArray::number(id);
+    block += "\" Name=\"";
+    appendWithEncodedAmpersands(block, chapter.title());
+    block += "\" Time=\"";
+    block += markerTime(chapter);
+    block += "\" Type=\"Chapter\" Title=\"\" URL=\"";
+    appendWithEncodedAmpersands(block, chapter.link());
+    block += "\"/>\n";
+}
+
+ZLResult<QByteArray> markerLines(const ZLExportInput& input, std::int32_t highest)
+{
+    QByteArray lines;
+    for (const ZLChapterPointer& chapter : input.chapters) {
+        if (!chapter->isEnabled())
+            continue;
+        if (highest == std::numeric_limits<std::int32_t>::max())
+            return sessionError(
+                QT_TRANSLATE_NOOP("ZLHindenburgExporter", "The session's highest marker number leaves no room."));
+        appendMarker(lines, *chapter, ++highest);
+    }
+    return lines;
+}
+
+qsizetype occurrences(const QByteArray& text, const QByteArrayMatcher& matcher)
+{
+    qsizetype count = 0;
+    for (qsizetype at = matcher.indexIn(text); at >= 0; at = matcher.indexIn(text, at + matcher.pattern().size()))
+        ++count;
+    return count;
+}
+
+/// Replaces every `literal` in one pass, without looking again at what it inserted.
+ZLResult<QByteArray> replaced(QByteArray text, const QByteArray& literal, const QByteArray& replacement)
+{
+    const QByteArrayMatcher matcher(literal);
+    const qsizetype count = occurrences(text, matcher);
+    if (count == 0)
+        return text;
+    const qsizetype growth = replacement.size() - literal.size();
+    if (growth > 0 && count > (ZLHindenburgExporter::MostSessionBytes - text.size()) / growth)
+        return sessionError(QT_TRANSLATE_NOOP("ZLHindenburgExporter", "The rewritten session would become too large."));
+    QByteArray result;
+    result.reserve(text.size() + count * growth);
+    qsizetype done = 0;
+    for (qsizetype at = matcher.indexIn(text); at >= 0; at = matcher.indexIn(text, done)) {
+        result.append(text.constData() + done, at - done);
+        result += replacement;
+        done = at + literal.size();
+    }
+    return result.append(text.constData() + done, text.size() - done);
+}
+
+/// In front of the end of the markers that are there.
+ZLResult<QByteArray> withMarkersAdded(const QByteArray& session, const ZLExportInput& input)
+{
+    const auto section = markersSection(session);
+    if (!section)
+        return section.error();
+    const auto lines = markerLines(input, highestMarkerId(section.value()));
+    if (!lines)
+        return lines;
+    auto spaced = replaced(session, "<Markers>", "<Markers>\n");
+    if (!spaced)
+        return spaced;
+    return replaced(std::move(spaced).value(), "</Markers>", lines.value() + "</Markers>\n");
+}
+
+/// As a section of their own in front of the end of the session.
+ZLResult<QByteArray> withMarkersSection(const QByteArray& session, const ZLExportInput& input)
+{
+    const auto lines = markerLines(input, 0);
+    if (!lines)
+        return lines;
+    auto spaced = replaced(session, "<Markers>", "<Markers>\n");
+    if (!spaced)
+        return spaced;
+    auto cleared = replaced(std::move(spaced).value(), "<Markers/>", {});
+    if (!cleared)
+        return cleared;
+    return replaced(std::move(cleared).value(), "</Session>", "<Markers>\n" + lines.value() + "</Markers>\n</Session>");
+}
+
+}
+
+ZLExportFormat ZLHindenburgExporter::format()
+{
+    return { .name = u"Hindenburg"_s, .dialogKind = ZLExportDialogKind::Open, .fileType = u"nhsx"_s };
+}
+
+std::optional<ZLExportAlert> ZLHindenburgExporter::alertFor(const ZLExportInput& input) const
+{
+    const QByteArray& session = input.existingBytes;
+    // A session without any end passes: only its place is asked for, and there is something to be kept.
+    if (!session.isEmpty() && session.isValidUtf8() && !session.startsWith("</Session>"))
+        return std::nullopt;
+    return ZLExportAlert { QCoreApplication::translate("ZLHindenburgExporter", "HALP!"),
+        QCoreApplication::translate("ZLHindenburgExporter",
+            "I couldn't find the Sessions tag. Please provide a well formatted Hindenburg File!") };
+}
+
+ZLResult<QByteArray> ZLHindenburgExporter::exportedBytes(const ZLExportInput& input) const
+{
+    if (const auto alert = alertFor(input))
+        return ZLError { alert->informativeText };
+    const QByteArray& session = input.existingBytes;
+    if (session.contains("<Markers") && !session.contains("<Markers/>"))
+        return withMarkersAdded(session, input);
+    return withMarkersSection(session, input);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cmath>
+#include <limits>
+
+/// `value` truncated toward zero. A value beyond the range of `Integer` is taken as the nearest one inside, and one
+/// that is not a number as 0, so that hostile times cannot lead to undefined behaviour.
+template <typename Integer>
+[[nodiscard]] Integer ZLSaturatedInteger(double value)
+{
+    constexpr double beyondRange = 2.0 * (std::numeric_limits<Integer>::max() / 2 + 1);
+    if (std::isnan(value))
+        return 0;
+    if (value >= beyondRange)
+        return std::numeric_limits<Integer>::max();
+    if (value <= -beyondRange)
+        return std::numeric_limits<Integer>::min();
+    return static_cast<Integer>(value);
+}

@@ -11,6 +11,7 @@ zelta_run_packages=(
 zelta_test_packages=(
   libgtest-dev libgmock-dev git
   python3 libplist-utils libxml2-utils
+  avahi-daemon iproute2
   xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick dbus
   python3-dbus python3-gi
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0

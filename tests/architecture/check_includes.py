@@ -10,6 +10,7 @@ from pathlib import Path
 ORDER = [
     "platform",
     "platform/dnssd",
+    "platform/dnssd",
     "platform/osc",
     "platform/archive",
     "platform/hotkey",

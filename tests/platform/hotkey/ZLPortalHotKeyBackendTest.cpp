@@ -1,5 +1,5 @@
 #include "platform/hotkey/ZLPortalHotKeyBackend.h"
-#include "platform/hotkey/ZLPrivateBus.h"
+#include "platform/hotkey/ZLPortalBus.h"
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -64,7 +64,7 @@ protected:
         return QTest::qWaitFor([&] { return pressed.contains(identifier); }, portalDeadlineMilliseconds);
     }
 
-    ZLPrivateBus bus;
+    ZLPortalBus bus;
     std::unique_ptr<ZLPortalHotKeyBackend> backend;
     QStringList pressed;
 };

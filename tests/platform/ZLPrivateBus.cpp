@@ -1,20 +1,30 @@
-#include "platform/hotkey/ZLPrivateBus.h"
+#include "platform/ZLPrivateBus.h"
 
 #include <QDBusMessage>
 #include <QFile>
 #include <QProcessEnvironment>
 
+#include <csignal>
+#include <sys/prctl.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int busDeadlineMilliseconds = 30000;
+constexpr int busDeadlineMilliseconds = 15000;
 
 const QString busConfiguration = u"<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\" "
                                  "\"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">"
                                  "<busconfig><type>session</type><listen>unix:dir=%1</listen><auth>EXTERNAL</auth>"
                                  "<policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
                                  "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>"_s;
+
+/// A test that crashes takes its helpers along: they would keep its output open, and whoever reads it waiting.
+void startBusProcess(QProcess& process, const QString& program, const QStringList& arguments)
+{
+    process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    process.start(program, arguments);
+}
 
 void endBusProcess(QProcess& process)
 {
@@ -35,8 +45,8 @@ ZLPrivateBus::ZLPrivateBus()
     configuration.write(busConfiguration.arg(m_folder.path()).toUtf8());
     configuration.close();
     m_daemon.setProcessChannelMode(QProcess::SeparateChannels);
-    m_daemon.start(
-        u"dbus-daemon"_s, { u"--nofork"_s, u"--print-address=1"_s, u"--config-file="_s + configuration.fileName() });
+    startBusProcess(m_daemon, u"dbus-daemon"_s,
+        { u"--nofork"_s, u"--print-address=1"_s, u"--config-file="_s + configuration.fileName() });
     if (!m_daemon.waitForReadyRead(busDeadlineMilliseconds)) {
         m_error = u"dbus-daemon: "_s + m_daemon.errorString();
         return;
@@ -46,10 +56,10 @@ ZLPrivateBus::ZLPrivateBus()
 
 ZLPrivateBus::~ZLPrivateBus()
 {
-    endPortal();
+    endMock();
     for (const QString& name : std::as_const(m_connectionNames))
         QDBusConnection::disconnectFromBus(name);
-    endBusProcess(m_daemon);
+    end();
 }
 
 QDBusConnection ZLPrivateBus::connection()
@@ -59,33 +69,41 @@ QDBusConnection ZLPrivateBus::connection()
     return QDBusConnection::connectToBus(m_address, m_connectionNames.constLast());
 }
 
-bool ZLPrivateBus::startPortal(const QString& kind, const QString& answer)
+bool ZLPrivateBus::startMock(const QString& program, const QStringList& arguments)
 {
-    endPortal();
-    m_portal = std::make_unique<QProcess>();
+    endMock();
+    m_mock = std::make_unique<QProcess>();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_address);
-    m_portal->setProcessEnvironment(environment);
-    m_portal->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_portal->start(
-        QStringLiteral(ZELTA_PYTHON), { QStringLiteral(ZELTA_PORTAL_MOCK), u"--kind"_s, kind, u"--answer"_s, answer });
-    return m_portal->waitForReadyRead(busDeadlineMilliseconds) && m_portal->readLine().startsWith("ready");
+    m_mock->setProcessEnvironment(environment);
+    m_mock->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    startBusProcess(*m_mock, QStringLiteral(ZELTA_PYTHON), QStringList { program } + arguments);
+    return m_mock->waitForReadyRead(busDeadlineMilliseconds) && m_mock->readLine().startsWith("ready");
 }
 
-void ZLPrivateBus::endPortal()
+void ZLPrivateBus::endMock()
 {
-    if (m_portal)
-        endBusProcess(*m_portal);
-    m_portal.reset();
+    if (m_mock)
+        endBusProcess(*m_mock);
+    m_mock.reset();
 }
 
-QVariant ZLPrivateBus::control(const QString& method, const QVariantList& arguments)
+void ZLPrivateBus::end()
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s, u"org.zelta.Test"_s, method);
-    call.setArguments(arguments);
-    const QDBusMessage reply = connection().call(call);
+    if (m_daemon.state() != QProcess::NotRunning)
+        endBusProcess(m_daemon);
+}
+
+QVariant ZLPrivateBus::call(const QString& service, const QString& path, const QString& interface,
+    const QString& method, const QVariantList& arguments)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
+    message.setArguments(arguments);
+    // One connection for all calls: a bus takes only some hundreds of them from one user.
+    if (!m_caller)
+        m_caller = connection();
+    const QDBusMessage reply = m_caller->call(message, QDBus::Block, busDeadlineMilliseconds);
     if (reply.type() == QDBusMessage::ErrorMessage)
-        qCritical("the portal mock failed: %s", qPrintable(reply.errorMessage()));
+        qCritical("the mock failed: %s", qPrintable(reply.errorMessage()));
     return reply.arguments().value(0);
 }

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QVariantList>
+
+#include <memory>
+#include <optional>
+
+/// A message bus of the test's own, on which nothing is started by itself, with one mock of a service on it.
+class ZLPrivateBus {
+public:
+    ZLPrivateBus();
+    ~ZLPrivateBus();
+
+    /// Empty when the bus runs.
+    [[nodiscard]] QString error() const { return m_error; }
+    /// A connection that this object closes.
+    [[nodiscard]] QDBusConnection connection();
+
+    /// Starts the mock, a Python program that prints "ready" when it has its name, in place of an earlier one; false
+    /// when it does not come up.
+    [[nodiscard]] bool startMock(const QString& program, const QStringList& arguments = {});
+    void endMock();
+    /// Ends the bus itself.
+    void end();
+
+    /// Calls a method and waits for the answer.
+    QVariant call(const QString& service, const QString& path, const QString& interface, const QString& method,
+        const QVariantList& arguments = {});
+
+private:
+    QTemporaryDir m_folder;
+    QProcess m_daemon;
+    QString m_address;
+    QString m_error;
+    QStringList m_connectionNames;
+    std::optional<QDBusConnection> m_caller;
+    std::unique_ptr<QProcess> m_mock;
+};

@@ -11,17 +11,28 @@ zelta_run_packages=(
 zelta_test_packages=(
   libgtest-dev libgmock-dev git
   python3 libplist-utils libxml2-utils
+  liblo-tools nodejs npm
   avahi-daemon iproute2
   xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick dbus
   python3-dbus python3-gi
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0
 )
+zelta_bench_packages=(
+  libbenchmark-dev liblo-dev
+)
+
+# Prints the installed packages and what they provide, one a line: some builds of nodejs bring npm with them.
+zelta_installed_packages() {
+  dpkg-query -W -f='${db:Status-Status} ${Package}, ${Provides}\n' | sed -n 's/^installed //p' |
+    sed 's/([^)]*)//g' | tr -d ' ' | tr ',' '\n'
+}
 
 # Prints those of the named packages that are not installed.
 zelta_missing_packages() {
-  local package
+  local package installed
+  installed="$(zelta_installed_packages)"
   for package in "$@"; do
-    [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || printf '%s\n' "$package"
+    grep -qxF -- "$package" <<<"$installed" || printf '%s\n' "$package"
   done
 }
 

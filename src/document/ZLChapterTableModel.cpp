@@ -222,7 +222,8 @@ QVariant ZLChapterTableModel::toolTipAt(const QModelIndex& index) const
     if (index.column() == EnabledColumn)
         return chapter.isEnabled() ? tr("This chapter is exported.") : tr("This chapter is not exported.");
     if (index.column() == LinkColumn && !chapter.link().isEmpty())
-        return tr("%1\nCtrl+click opens the link.").arg(chapter.link());
+        // Plain text that looks like markup would be shown as markup.
+        return u"<p>%1<br>%2</p>"_s.arg(chapter.link().toHtmlEscaped(), tr("Ctrl+click opens the link."));
     return {};
 }
 

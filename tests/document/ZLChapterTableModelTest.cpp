@@ -84,6 +84,14 @@ TEST_F(ZLChapterTableModelTest, AChapterBeforeTheStartCannotBeEnabledButEditedOt
     EXPECT_TRUE(cell(1, Model::EnabledColumn).flags().testFlag(Qt::ItemIsUserCheckable));
 }
 
+TEST_F(ZLChapterTableModelTest, ALinkThatLooksLikeMarkupIsShownAsItStands)
+{
+    addChapterAt(10.0)->setLink(u"<img src=x>&amp;"_s);
+    const QString toolTip = cell(0, Model::LinkColumn).data(Qt::ToolTipRole).toString();
+    EXPECT_TRUE(toolTip.contains("&lt;img src=x&gt;&amp;amp;"_L1)) << qPrintable(toolTip);
+    EXPECT_FALSE(toolTip.contains("<img"_L1));
+}
+
 TEST_F(ZLChapterTableModelTest, EditsBecomeUndoableCommands)
 {
     const auto chapter = addChapterAt(10.0);

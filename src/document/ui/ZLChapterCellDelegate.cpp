@@ -46,34 +46,16 @@ QWidget* ZLChapterCellDelegate::createEditor(
     return field;
 }
 
-void ZLChapterCellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
-{
-    auto* field = qobject_cast<QLineEdit*>(editor);
-    const QString text = index.data(Qt::EditRole).toString();
-    if (field && !field->isModified() && field->text() != text)
-        field->setText(text);
-}
-
-void ZLChapterCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
-{
-    auto* field = qobject_cast<QLineEdit*>(editor);
-    if (!field || !field->isModified())
-        return;
-    // First, because the change may come back and ask for a commit once more.
-    field->setModified(false);
-    model->setData(index, field->text(), Qt::EditRole);
-}
-
 void ZLChapterCellDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const
 {
     if (editor == m_openField)
         m_openField = nullptr;
-    QStyledItemDelegate::destroyEditor(editor, index);
+    ZLTextCellDelegate::destroyEditor(editor, index);
 }
 
 void ZLChapterCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
-    QStyledItemDelegate::initStyleOption(option, index);
+    ZLTextCellDelegate::initStyleOption(option, index);
     option->displayAlignment = ZLChapterTableHeader::alignmentOf(index.column());
     if (index.data(ZLChapterTableModel::ChapterEnabledRole).toBool())
         return;
@@ -89,7 +71,7 @@ bool ZLChapterCellDelegate::eventFilter(QObject* watched, QEvent* event)
     auto* field = qobject_cast<QLineEdit*>(watched);
     if (field && filterKey(field, event))
         return true;
-    return QStyledItemDelegate::eventFilter(watched, event);
+    return ZLTextCellDelegate::eventFilter(watched, event);
 }
 
 bool ZLChapterCellDelegate::filterKey(QLineEdit* field, QEvent* event)

@@ -1,18 +1,18 @@
 #pragma once
 
+#include "templates/ui/ZLTextCellDelegate.h"
+
 #include <QLineEdit>
 #include <QPersistentModelIndex>
 #include <QPointer>
-#include <QStyledItemDelegate>
 
 /// Paints and edits the cells of the chapter table. Return commits, Escape cancels, Tab and Shift+Tab go on to the next
-/// and the previous editable cell. Text that nobody typed is never written, so that looking leaves no undo step, and
-/// text that somebody is typing is never replaced by what the model says meanwhile.
-class ZLChapterCellDelegate : public QStyledItemDelegate {
+/// and the previous editable cell.
+class ZLChapterCellDelegate : public ZLTextCellDelegate {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ZLTextCellDelegate::ZLTextCellDelegate;
 
     /// The field that is open for typing, or null.
     [[nodiscard]] QLineEdit* openField() const { return m_openField; }
@@ -20,8 +20,6 @@ public:
     [[nodiscard]] QModelIndex openIndex() const;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
-    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
     void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
 
 protected:

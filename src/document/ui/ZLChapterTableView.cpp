@@ -5,6 +5,7 @@
 #include "document/ui/ZLChapterColumnLayout.h"
 #include "document/ui/ZLChapterTableHeader.h"
 #include "settings/ZLSettingsManager.h"
+#include "templates/ui/ZLRowHeight.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -15,14 +16,11 @@
 #include <QPersistentModelIndex>
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double pointsPerInch = 72.0;
-constexpr double rowExtraPoints = 4.0;
 /// Sizes that a table can be read with; a damaged setting must not make the rows vanish.
 constexpr double smallestFontPoints = 4.0;
 constexpr double greatestFontPoints = 96.0;
@@ -127,12 +125,10 @@ bool ZLChapterTableView::isEditing() const
 
 void ZLChapterTableView::setFontSize()
 {
-    const double points = usableFontPoints(double(ZLSettingsManager::fontSize()));
     QFont systemFont = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    systemFont.setPointSizeF(points);
+    systemFont.setPointSizeF(usableFontPoints(double(ZLSettingsManager::fontSize())));
     setFont(systemFont);
-    const int wantedHeight = int(std::lround((points + rowExtraPoints) * logicalDpiY() / pointsPerInch));
-    verticalHeader()->setDefaultSectionSize(std::max(wantedHeight, fontMetrics().height()));
+    verticalHeader()->setDefaultSectionSize(ZLRowHeight::forFontOf(*this));
     if (m_columnLayout)
         m_columnLayout->measureTexts();
 }

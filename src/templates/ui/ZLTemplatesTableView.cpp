@@ -1,5 +1,7 @@
 #include "templates/ui/ZLTemplatesTableView.h"
 
+#include "templates/ui/ZLRowHeight.h"
+
 #include <QAction>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -86,6 +88,7 @@ QAction* ZLTemplatesTableView::actionForKey(const QKeyEvent& event) const
 
 void ZLTemplatesTableView::fitRowHeight()
 {
-    const int usual = style()->pixelMetric(QStyle::PM_HeaderDefaultSectionSizeVertical, nullptr, this);
-    verticalHeader()->setDefaultSectionSize(std::max(usual, fontMetrics().height() * 3 / 2));
+    // The style may ask for more, which would make these rows higher than those of the chapters.
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(ZLRowHeight::forFontOf(*this));
 }

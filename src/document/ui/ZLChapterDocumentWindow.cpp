@@ -3,6 +3,7 @@
 #include "document/ZLChapterDocument.h"
 #include "document/ui/ZLActionHelp.h"
 #include "document/ui/ZLChapterColumnLayout.h"
+#include "document/ui/ZLDrawerSlide.h"
 #include "document/ui/ZLEditMenu.h"
 #include "document/ui/ZLMoveChaptersDialog.h"
 #include "document/ui/ZLRecordingMenu.h"
@@ -96,13 +97,15 @@ ZLMessageBar& ZLChapterDocumentWindow::messageBar() const
 
 void ZLChapterDocumentWindow::toggleDrawer()
 {
-    m_ui->templateDrawer->setVisible(!isDrawerOpen());
-    drawerDidToggle();
+    if (isDrawerOpen())
+        m_drawerSlide->close();
+    else
+        m_drawerSlide->open();
 }
 
 bool ZLChapterDocumentWindow::isDrawerOpen() const
 {
-    return !m_ui->templateDrawer->isHidden();
+    return m_drawerSlide->isOpen();
 }
 
 void ZLChapterDocumentWindow::commitTypedText()
@@ -116,6 +119,7 @@ void ZLChapterDocumentWindow::commitTypedText()
 
 void ZLChapterDocumentWindow::saveWindowState() const
 {
+    m_drawerSlide->finish();
     m_stateStore.save({
         .geometry = saveGeometry(),
         .panels = saveState(),
@@ -157,14 +161,14 @@ void ZLChapterDocumentWindow::buildDrawer()
 {
     auto* drawer = new ZLTemplatesDrawer(m_document.templateViewController(), m_ui->templateDrawer);
     m_ui->templateDrawer->setWidget(drawer);
+    m_drawerSlide = new ZLDrawerSlide(*this, *m_ui->templateDrawer);
     connect(m_editMenu, &ZLEditMenu::importTemplatesRequested, this, [this, drawer] {
         // What was imported should be seen.
         if (!isDrawerOpen())
             toggleDrawer();
         drawer->importFromClipboard();
     });
-    connect(
-        m_ui->templateDrawer->toggleViewAction(), &QAction::toggled, this, &ZLChapterDocumentWindow::drawerDidToggle);
+    connect(m_drawerSlide, &ZLDrawerSlide::didToggle, this, &ZLChapterDocumentWindow::drawerDidToggle);
 }
 
 void ZLChapterDocumentWindow::connectDocument()

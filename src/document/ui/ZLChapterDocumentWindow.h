@@ -11,6 +11,7 @@
 class ZLChapterDocument;
 class ZLChapterTableView;
 class ZLDocumentToolbar;
+class ZLDrawerSlide;
 class ZLEditMenu;
 class ZLMessageBar;
 class ZLRecordingMenu;
@@ -95,6 +96,7 @@ private:
     ZLEditMenu* m_editMenu;
     ZLRecordingMenu* m_recordingMenu;
     ZLViewMenu* m_viewMenu;
+    ZLDrawerSlide* m_drawerSlide = nullptr;
     ZLWindowStateStore m_stateStore;
     std::function<bool()> m_closeGuard;
 };

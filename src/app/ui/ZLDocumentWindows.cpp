@@ -8,10 +8,12 @@
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
+#include "document/ui/ZLViewMenu.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QScreen>
 #include <QUrl>
 
 #include <algorithm>
@@ -19,6 +21,7 @@
 namespace {
 
 constexpr QPoint offsetBetweenWindows(32, 32);
+constexpr QSize leastVisibleSize(320, 200);
 
 }
 
@@ -111,6 +114,8 @@ bool ZLDocumentWindows::eventFilter(QObject* watched, QEvent* event)
 void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
 {
     auto* window = new ZLChapterDocumentWindow(*document);
+    if (!m_windows.isEmpty())
+        window->viewMenu().showSameTimeAs((*m_windows.cbegin())->viewMenu());
     m_windows.insert(document, window);
     auto* savePanel = new ZLSavePanel(m_controller, *window);
     connectFileMenu(*window, *savePanel);
@@ -156,9 +161,15 @@ void ZLDocumentWindows::keepApart(ZLChapterDocumentWindow& window) const
         return std::any_of(m_windows.cbegin(), m_windows.cend(),
             [&](const auto* other) { return other != &window && other->isVisible() && other->pos() == place; });
     };
+    const QRect screen = window.screen()->availableGeometry();
     QPoint place = window.pos();
-    for (qsizetype tries = 0; tries < m_windows.size() && isTaken(place); ++tries)
+    int rows = 0;
+    for (qsizetype tries = 0; tries < 2 * m_windows.size() && isTaken(place); ++tries) {
         place += offsetBetweenWindows;
+        // A row of windows that reaches the edge of the screen goes on beside its beginning.
+        if (!screen.contains(QRect(place, leastVisibleSize)))
+            place = screen.topLeft() + QPoint(++rows * offsetBetweenWindows.x(), 0);
+    }
     if (place != window.pos())
         window.move(place);
 }
@@ -174,6 +185,12 @@ void ZLDocumentWindows::bringToFront(ZLChapterDocument* document) const
 ZLChapterDocumentWindow* ZLDocumentWindows::frontWindow() const
 {
     return windowOf(m_controller.currentOrLastDocument());
+}
+
+ZLChapterDocumentWindow* ZLDocumentWindows::windowToTellIn(ZLChapterDocument* document) const
+{
+    ZLChapterDocumentWindow* window = windowOf(document);
+    return window ? window : frontWindow();
 }
 
 void ZLDocumentWindows::showProblems(const QStringList& problems) const
@@ -208,16 +225,16 @@ void ZLDocumentWindows::noteApplicationState(Qt::ApplicationState state)
         m_controller.setCurrentDocument(&window->document());
 }
 
-void ZLDocumentWindows::showExportedFile(const QString& path) const
+void ZLDocumentWindows::showExportedFile(ZLChapterDocument* document, const QString& path) const
 {
-    if (ZLChapterDocumentWindow* window = frontWindow())
+    if (ZLChapterDocumentWindow* window = windowToTellIn(document))
         window->statusLine().showPassingMessage(tr("Exported %1.").arg(QFileInfo(path).fileName()),
             tr("Show in Folder"),
             [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath())); });
 }
 
-void ZLDocumentWindows::showExportFailure(const QString& message) const
+void ZLDocumentWindows::showExportFailure(ZLChapterDocument* document, const QString& message) const
 {
-    if (ZLChapterDocumentWindow* window = frontWindow())
+    if (ZLChapterDocumentWindow* window = windowToTellIn(document))
         window->messageBar().showMessage(tr("The export failed. %1").arg(message), { { tr("Dismiss"), [] {} } });
 }

@@ -39,12 +39,14 @@ private:
     void keepApart(ZLChapterDocumentWindow& window) const;
     void bringToFront(ZLChapterDocument* document) const;
     [[nodiscard]] ZLChapterDocumentWindow* frontWindow() const;
+    /// The window of `document`, else the front window, else null.
+    [[nodiscard]] ZLChapterDocumentWindow* windowToTellIn(ZLChapterDocument* document) const;
     void showProblems(const QStringList& problems) const;
     void refuseToQuitWhileRecording() const;
     void askWhetherToQuitUnsaved(const QStringList& problems);
     void noteApplicationState(Qt::ApplicationState state);
-    void showExportedFile(const QString& path) const;
-    void showExportFailure(const QString& message) const;
+    void showExportedFile(ZLChapterDocument* document, const QString& path) const;
+    void showExportFailure(ZLChapterDocument* document, const QString& message) const;
 
     ZLDocumentController& m_controller;
     ZLExportMenu m_exportMenu;

@@ -4,6 +4,7 @@
 #include "export/ui/ZLExportFlow.h"
 
 #include <QApplication>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +13,7 @@ ZLExportMenu::ZLExportMenu(ZLDocumentController& controller)
     , m_controller(controller)
 {
     setObjectName(u"exportMenu"_s);
+    setToolTipsVisible(true);
     const QList<ZLExporterClass> exporters = ZLExporter::allExporters();
     for (qsizetype tag = 0; tag < exporters.size(); ++tag) {
         const QString name = exporters.at(tag).format().name;
@@ -25,7 +27,10 @@ ZLExportMenu::ZLExportMenu(ZLDocumentController& controller)
 void ZLExportMenu::exportItemClicked(qsizetype tag)
 {
     auto* flow = new ZLExportFlow(ZLExporter::allExporters().at(tag), this);
-    connect(flow, &ZLExportFlow::exportDidFinish, this, &ZLExportMenu::exportDidFinish);
-    connect(flow, &ZLExportFlow::exportDidFail, this, &ZLExportMenu::exportDidFail);
-    flow->exportChapters(m_controller.currentOrLastDocument(), QApplication::activeWindow());
+    const QPointer<ZLChapterDocument> document = m_controller.currentOrLastDocument();
+    connect(flow, &ZLExportFlow::exportDidFinish, this,
+        [this, document](const QString& path) { Q_EMIT exportDidFinish(document, path); });
+    connect(flow, &ZLExportFlow::exportDidFail, this,
+        [this, document](const QString& message) { Q_EMIT exportDidFail(document, message); });
+    flow->exportChapters(document, QApplication::activeWindow());
 }

@@ -14,8 +14,9 @@ public:
     explicit ZLExportMenu(ZLDocumentController& controller);
 
 Q_SIGNALS:
-    void exportDidFinish(const QString& path);
-    void exportDidFail(const QString& message);
+    /// `document` is null when there was none, or when it was closed meanwhile.
+    void exportDidFinish(ZLChapterDocument* document, const QString& path);
+    void exportDidFail(ZLChapterDocument* document, const QString& message);
 
 private:
     void exportItemClicked(qsizetype tag);

@@ -35,43 +35,35 @@ ZLFileMenu::ZLFileMenu(
     connect(&window.document(), &ZLChapterDocument::recordingStateDidChange, this, &ZLFileMenu::validate);
 }
 
-QAction* ZLFileMenu::addAction(const QString& name, const QString& title, const QKeySequence& key)
-{
-    QAction* action = m_menu->addAction(title);
-    action->setObjectName(name);
-    action->setShortcut(key);
-    ZLActionHelp::followKey(*action);
-    return action;
-}
-
 void ZLFileMenu::addOpeningActions()
 {
-    connect(addAction(u"newDocument"_s, tr("&New"), QKeySequence::New), &QAction::triggered, this,
-        &ZLFileMenu::newDocumentRequested);
-    connect(addAction(u"openDocument"_s, tr("&Open…"), QKeySequence::Open), &QAction::triggered, this,
-        &ZLFileMenu::chooseFilesToOpen);
+    connect(ZLActionHelp::addAction(*m_menu, u"newDocument"_s, tr("&New"), QKeySequence::New), &QAction::triggered,
+        this, &ZLFileMenu::newDocumentRequested);
+    connect(ZLActionHelp::addAction(*m_menu, u"openDocument"_s, tr("&Open…"), QKeySequence::Open), &QAction::triggered,
+        this, &ZLFileMenu::chooseFilesToOpen);
     m_recentMenu = m_menu->addMenu(tr("Open &Recent"));
     m_recentMenu->setObjectName(u"recentMenu"_s);
+    m_recentMenu->setToolTipsVisible(true);
     connect(m_recentMenu, &QMenu::aboutToShow, this, &ZLFileMenu::fillRecentMenu);
     fillRecentMenu();
 }
 
 void ZLFileMenu::addSavingActions()
 {
-    connect(
-        addAction(u"save"_s, tr("&Save"), QKeySequence::Save), &QAction::triggered, &m_savePanel, &ZLSavePanel::save);
-    connect(addAction(u"saveAs"_s, tr("Save &As…"), QKeySequence(u"Ctrl+Shift+S"_s)), &QAction::triggered, &m_savePanel,
-        [this] { m_savePanel.saveAs(); });
-    m_revertAction = addAction(u"revert"_s, tr("Re&vert to Last Saved"), {});
+    connect(ZLActionHelp::addAction(*m_menu, u"save"_s, tr("&Save"), QKeySequence::Save), &QAction::triggered,
+        &m_savePanel, &ZLSavePanel::save);
+    connect(ZLActionHelp::addAction(*m_menu, u"saveAs"_s, tr("Save &As…"), QKeySequence(u"Ctrl+Shift+S"_s)),
+        &QAction::triggered, &m_savePanel, [this] { m_savePanel.saveAs(); });
+    m_revertAction = ZLActionHelp::addAction(*m_menu, u"revert"_s, tr("Re&vert to Last Saved"), {});
     connect(m_revertAction, &QAction::triggered, this, &ZLFileMenu::revert);
 }
 
 void ZLFileMenu::addClosingActions()
 {
-    connect(addAction(u"close"_s, tr("&Close"), QKeySequence(u"Ctrl+W"_s)), &QAction::triggered, &m_window,
-        &QWidget::close);
-    connect(addAction(u"quit"_s, tr("&Quit"), QKeySequence(u"Ctrl+Q"_s)), &QAction::triggered, this,
-        &ZLFileMenu::quitRequested);
+    connect(ZLActionHelp::addAction(*m_menu, u"close"_s, tr("&Close"), QKeySequence(u"Ctrl+W"_s)), &QAction::triggered,
+        &m_window, &QWidget::close);
+    connect(ZLActionHelp::addAction(*m_menu, u"quit"_s, tr("&Quit"), QKeySequence(u"Ctrl+Q"_s)), &QAction::triggered,
+        this, &ZLFileMenu::quitRequested);
 }
 
 void ZLFileMenu::chooseFilesToOpen()
@@ -91,12 +83,13 @@ void ZLFileMenu::fillRecentMenu()
     const QStringList paths = m_controller.recentDocuments().paths();
     for (const QString& path : paths) {
         QAction* action = m_recentMenu->addAction(QFileInfo(path).fileName().replace(u'&', u"&&"_s));
+        action->setObjectName(u"openRecent%1"_s.arg(paths.indexOf(path) + 1));
         action->setToolTip(path);
         connect(action, &QAction::triggered, this, [this, path] { Q_EMIT openRequested({ path }); });
     }
-    m_recentMenu->setToolTipsVisible(true);
     m_recentMenu->addSeparator();
     QAction* clear = m_recentMenu->addAction(tr("&Clear This List"));
+    clear->setObjectName(u"clearRecent"_s);
     clear->setEnabled(!paths.isEmpty());
     connect(clear, &QAction::triggered, &m_controller.recentDocuments(), &ZLRecentDocuments::clear);
 }

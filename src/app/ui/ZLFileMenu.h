@@ -25,7 +25,6 @@ Q_SIGNALS:
     void quitRequested();
 
 private:
-    QAction* addAction(const QString& name, const QString& title, const QKeySequence& key);
     void addOpeningActions();
     void addSavingActions();
     void addClosingActions();

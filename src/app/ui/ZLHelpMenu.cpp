@@ -1,5 +1,7 @@
 #include "app/ui/ZLHelpMenu.h"
 
+#include "document/ui/ZLActionHelp.h"
+
 #include <QApplication>
 #include <QMainWindow>
 #include <QMenu>
@@ -32,11 +34,12 @@ ZLHelpMenu::ZLHelpMenu(QMainWindow& window)
 {
     QMenu* menu = window.menuBar()->addMenu(tr("&Help"));
     menu->setObjectName(u"helpMenu"_s);
-    QAction* keys = menu->addAction(tr("&Keyboard Shortcuts"), this, &ZLHelpMenu::showKeys);
-    keys->setObjectName(u"showKeys"_s);
-    keys->setShortcut(QKeySequence(u"F1"_s));
+    menu->setToolTipsVisible(true);
+    connect(ZLActionHelp::addAction(*menu, u"showKeys"_s, tr("&Keyboard Shortcuts"), QKeySequence(u"F1"_s)),
+        &QAction::triggered, this, &ZLHelpMenu::showKeys);
     menu->addSeparator();
-    menu->addAction(tr("&About Zelta"), this, &ZLHelpMenu::showAbout)->setObjectName(u"showAbout"_s);
+    connect(ZLActionHelp::addAction(*menu, u"showAbout"_s, tr("&About Zelta")), &QAction::triggered, this,
+        &ZLHelpMenu::showAbout);
 }
 
 void ZLHelpMenu::showKeys()

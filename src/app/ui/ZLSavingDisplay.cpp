@@ -14,6 +14,8 @@ ZLSavingDisplay::ZLSavingDisplay(ZLDocumentSaver& saver, ZLSavePanel& savePanel,
     connect(&saver, &ZLDocumentSaver::stateDidChange, this, &ZLSavingDisplay::update);
     connect(&saver, &ZLDocumentSaver::locationDidChange, this, &ZLSavingDisplay::update);
     connect(&window.statusLine(), &ZLStatusLine::saveStatusClicked, this, [this] { m_savePanel.saveAs(); });
+    // A decision that was asked for has been made: what is still true comes back.
+    connect(&window.messageBar(), &ZLMessageBar::didHide, this, &ZLSavingDisplay::updateBar);
     update();
 }
 
@@ -21,6 +23,11 @@ void ZLSavingDisplay::update()
 {
     m_window.statusLine().setSaveStatus(statusText(), statusToolTip());
     m_window.setWindowFilePath(m_saver.path());
+    updateBar();
+}
+
+void ZLSavingDisplay::updateBar()
+{
     if (m_saver.state() == ZLSavingState::Failed)
         showFailureBar();
     else if (m_saver.state() == ZLSavingState::Saved)
@@ -30,7 +37,9 @@ void ZLSavingDisplay::update()
 void ZLSavingDisplay::showFailureBar()
 {
     const QString text = tr("The document is not saved: %1 Zelta keeps trying.").arg(m_saver.failureText());
-    if (m_window.messageBar().text() == text)
+    const QString shown = m_window.messageBar().text();
+    const bool isTaken = !shown.isEmpty() && shown != m_shownFailure;
+    if (shown == text || isTaken)
         return;
     m_shownFailure = text;
     m_window.messageBar().showMessage(text,

@@ -18,6 +18,7 @@ public:
 
 private:
     void update();
+    void updateBar();
     void showFailureBar();
     void hideFailureBar();
     [[nodiscard]] QString statusText() const;

@@ -1,7 +1,7 @@
 #include "document/ui/ZLActionHelp.h"
 
 #include <QAction>
-#include <QKeySequence>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -30,4 +30,13 @@ void ZLActionHelp::followKey(QAction& action)
 {
     updateToolTipOf(action);
     QObject::connect(&action, &QAction::changed, &action, [&action] { updateToolTipOf(action); });
+}
+
+QAction* ZLActionHelp::addAction(QMenu& menu, const QString& name, const QString& title, const QKeySequence& key)
+{
+    QAction* action = menu.addAction(title);
+    action->setObjectName(name);
+    action->setShortcut(key);
+    followKey(*action);
+    return action;
 }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QKeySequence>
+
 class QAction;
+class QMenu;
 class QString;
 
-/// Help texts of commands.
+/// Commands in menus, and their help texts.
 namespace ZLActionHelp {
 
 /// "New Chapter (Ctrl+Return)": the text with the key of the action, when it has one.
@@ -11,5 +14,8 @@ namespace ZLActionHelp {
 
 /// Keeps the action's tool tip naming its key, also when title or key change.
 void followKey(QAction& action);
+
+/// Appends an item with the object name `name`, whose tool tip names its key. `key` may be empty.
+QAction* addAction(QMenu& menu, const QString& name, const QString& title, const QKeySequence& key = {});
 
 }

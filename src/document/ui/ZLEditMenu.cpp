@@ -75,19 +75,10 @@ void ZLEditMenu::validate()
     validateClipboardActions();
 }
 
-QAction* ZLEditMenu::addAction(const QString& name, const QString& title, const QKeySequence& key)
-{
-    QAction* action = m_menu->addAction(title);
-    action->setObjectName(name);
-    action->setShortcut(key);
-    ZLActionHelp::followKey(*action);
-    return action;
-}
-
 void ZLEditMenu::addUndoActions()
 {
-    m_undo = addAction(u"undo"_s, tr("&Undo"), QKeySequence(u"Ctrl+Z"_s));
-    m_redo = addAction(u"redo"_s, tr("&Redo"), QKeySequence(u"Ctrl+Shift+Z"_s));
+    m_undo = ZLActionHelp::addAction(*m_menu, u"undo"_s, tr("&Undo"), QKeySequence(u"Ctrl+Z"_s));
+    m_redo = ZLActionHelp::addAction(*m_menu, u"redo"_s, tr("&Redo"), QKeySequence(u"Ctrl+Shift+Z"_s));
     connect(m_undo, &QAction::triggered, this, &ZLEditMenu::undo);
     connect(m_redo, &QAction::triggered, this, &ZLEditMenu::redo);
 }
@@ -96,7 +87,7 @@ void ZLEditMenu::addClipboardActions()
 {
     const auto addFieldAction = [this](
                                     const QString& name, const QString& title, const QKeySequence& key, auto command) {
-        QAction* action = addAction(name, title, key);
+        QAction* action = ZLActionHelp::addAction(*m_menu, name, title, key);
         connect(action, &QAction::triggered, this, [command] {
             if (QLineEdit* field = focusedField())
                 (field->*command)();
@@ -111,7 +102,8 @@ void ZLEditMenu::addClipboardActions()
 
 void ZLEditMenu::addDeleteAction()
 {
-    m_delete = addAction(u"deleteChapter"_s, tr("&Delete Chapter"), QKeySequence(Qt::Key_Delete));
+    m_delete =
+        ZLActionHelp::addAction(*m_menu, u"deleteChapter"_s, tr("&Delete Chapter"), QKeySequence(Qt::Key_Delete));
     // Only in the table itself: elsewhere the key deletes a character or a template.
     m_delete->setShortcutContext(Qt::WidgetShortcut);
     m_tableView.addAction(m_delete);
@@ -120,8 +112,8 @@ void ZLEditMenu::addDeleteAction()
 
 void ZLEditMenu::addImportAction()
 {
-    const QAction* action = addAction(
-        u"importTemplates"_s, tr("&Import Templates from Clipboard"), QKeySequence(u"Ctrl+Shift+V"_s));
+    const QAction* action = ZLActionHelp::addAction(
+        *m_menu, u"importTemplates"_s, tr("&Import Templates from Clipboard"), QKeySequence(u"Ctrl+Shift+V"_s));
     connect(action, &QAction::triggered, this, &ZLEditMenu::importTemplatesRequested);
 }
 

@@ -26,7 +26,6 @@ Q_SIGNALS:
     void importTemplatesRequested();
 
 private:
-    QAction* addAction(const QString& name, const QString& title, const QKeySequence& key);
     void addUndoActions();
     void addClipboardActions();
     void addDeleteAction();

@@ -102,11 +102,8 @@ void ZLRecordingMenu::addOtherActions()
 
 QAction* ZLRecordingMenu::addAction(const QString& name, const QString& title, const QString& key)
 {
-    QAction* action = m_menu->addAction(title);
-    action->setObjectName(name);
-    action->setShortcut(QKeySequence(key));
+    QAction* action = ZLActionHelp::addAction(*m_menu, name, title, QKeySequence(key));
     // A held key must not fill the list with chapters.
     action->setAutoRepeat(false);
-    ZLActionHelp::followKey(*action);
     return action;
 }

@@ -17,6 +17,8 @@ public:
     /// Its tick tells the present mode while its title names the other one.
     [[nodiscard]] QAction* absoluteTimeItem() const { return m_absoluteTimeItem; }
     [[nodiscard]] QAction* drawerItem() const { return m_drawerItem; }
+    /// Takes over tick and title of the other menu's item, since all windows show the same kind of time.
+    void showSameTimeAs(const ZLViewMenu& other);
 
 Q_SIGNALS:
     void absoluteTimeRequested();

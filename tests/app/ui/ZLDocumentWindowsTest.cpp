@@ -1,0 +1,149 @@
+#include "app/ui/ZLDocumentWindows.h"
+
+#include "app/ui/ZLDesktopFixture.h"
+#include "document/ui/ZLViewMenu.h"
+
+using namespace Qt::StringLiterals;
+
+class ZLDocumentWindowsTest : public ZLDesktopFixture {
+protected:
+    int quit()
+    {
+        return ZLProgramRun::run({ [this] { m_windows->quit(); } });
+    }
+};
+
+TEST_F(ZLDocumentWindowsTest, QuittingIsRefusedWhileAnyClockRuns)
+{
+    ZLChapterDocument* idle = newDocument();
+    ZLChapterDocument* recording = newDocument();
+    recording->recordButtonPressed();
+    EXPECT_EQ(quit(), ZLProgramRun::StillRunning);
+    EXPECT_EQ(passingMessage(recording), u"Stop the recording before quitting."_s);
+    EXPECT_EQ(passingMessage(idle), QString());
+    EXPECT_EQ(barText(recording), QString());
+    EXPECT_TRUE(recording->isRecording());
+    recording->recordButtonPressed();
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ZLDocumentWindowsTest, QuittingSavesEverything)
+{
+    const QString path = storedFile(u"show.zelta"_s);
+    ZLChapterDocument* titled = openFile(path);
+    addChapter(titled, u"Mine"_s);
+    EXPECT_EQ(quit(), 0);
+    EXPECT_EQ(titlesInFile(path), (QStringList { u"Stored"_s, u"Mine"_s }));
+}
+
+TEST_F(ZLDocumentWindowsTest, QuittingUnsavedNeedsAYes)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    addChapter(document, u"Mine"_s);
+    m_diskError = u"show.zelta: The disk is full."_s;
+    EXPECT_EQ(quit(), ZLProgramRun::StillRunning);
+    EXPECT_TRUE(barText(document).contains("The disk is full."_L1));
+    EXPECT_EQ(barButtons(document), (QStringList { u"Quit Anyway"_s, u"Cancel"_s }));
+    EXPECT_EQ(ZLProgramRun::run({ [&] { pressInBar(document, u"Quit Anyway"_s); } }), 0);
+}
+
+TEST_F(ZLDocumentWindowsTest, QuittingUnsavedCanBeCancelled)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    addChapter(document, u"Mine"_s);
+    m_diskError = u"show.zelta: The disk is full."_s;
+    EXPECT_EQ(quit(), ZLProgramRun::StillRunning);
+    EXPECT_EQ(ZLProgramRun::run({ [&] { pressInBar(document, u"Cancel"_s); } }), ZLProgramRun::StillRunning);
+    EXPECT_EQ(m_controller.documents(), QList<ZLChapterDocument*> { document });
+}
+
+TEST_F(ZLDocumentWindowsTest, TheCurrentDocumentFollowsTheActiveWindow)
+{
+    ZLChapterDocument* first = newDocument();
+    ZLChapterDocument* second = newDocument();
+    makeCurrent(second);
+    EXPECT_EQ(m_controller.currentDocument(), second);
+    makeCurrent(first);
+    EXPECT_EQ(m_controller.currentDocument(), first);
+}
+
+TEST_F(ZLDocumentWindowsTest, InTheBackgroundNoDocumentIsCurrent)
+{
+    ZLChapterDocument* first = newDocument();
+    ZLChapterDocument* second = newDocument();
+    makeCurrent(second);
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    EXPECT_EQ(m_controller.currentDocument(), nullptr);
+    EXPECT_EQ(m_controller.currentOrLastDocument(), first);
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationActive);
+    EXPECT_EQ(m_controller.currentDocument(), second);
+}
+
+TEST_F(ZLDocumentWindowsTest, TheAbsoluteTimeItemsOfAllWindowsFlipTogether)
+{
+    ZLChapterDocument* first = newDocument();
+    ZLChapterDocument* second = newDocument();
+    for (ZLChapterDocument* document : { first, second }) {
+        EXPECT_FALSE(action(document, u"absoluteTimeItem"_s)->isChecked());
+        EXPECT_EQ(action(document, u"absoluteTimeItem"_s)->text(), u"Show Absolute Time"_s);
+    }
+    trigger(first, u"absoluteTimeItem"_s);
+    for (ZLChapterDocument* document : { first, second }) {
+        EXPECT_TRUE(action(document, u"absoluteTimeItem"_s)->isChecked());
+        EXPECT_EQ(action(document, u"absoluteTimeItem"_s)->text(), u"Show Relative Time"_s);
+    }
+    trigger(second, u"absoluteTimeItem"_s);
+    for (ZLChapterDocument* document : { first, second }) {
+        EXPECT_FALSE(action(document, u"absoluteTimeItem"_s)->isChecked());
+        EXPECT_EQ(action(document, u"absoluteTimeItem"_s)->text(), u"Show Absolute Time"_s);
+    }
+}
+
+TEST_F(ZLDocumentWindowsTest, WindowsDoNotCoverEachOther)
+{
+    QList<QPoint> places;
+    for (int i = 0; i < 5; ++i) {
+        const QPoint place = windowOf(newDocument()).pos();
+        EXPECT_FALSE(places.contains(place));
+        places.append(place);
+    }
+}
+
+TEST_F(ZLDocumentWindowsTest, WindowsStayOnTheScreen)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    for (int i = 0; i < 40; ++i) {
+        const QPoint place = windowOf(newDocument()).pos();
+        EXPECT_TRUE(screen.contains(place + QPoint(100, 30))) << i;
+    }
+}
+
+TEST_F(ZLDocumentWindowsTest, AWindowOpenedLaterShowsTheSameKindOfTime)
+{
+    trigger(newDocument(), u"absoluteTimeItem"_s);
+    ZLChapterDocument* second = newDocument();
+    EXPECT_TRUE(action(second, u"absoluteTimeItem"_s)->isChecked());
+    EXPECT_EQ(action(second, u"absoluteTimeItem"_s)->text(), u"Show Relative Time"_s);
+}
+
+TEST_F(ZLDocumentWindowsTest, WhatWasOpenIsBackAtTheNextStart)
+{
+    ZLDocumentControllerSetup other = setup();
+    other.stateFolder = filePath(u"other"_s);
+    {
+        ZLDocumentController life(other);
+        ZLDocumentWindows windows(life);
+        ASSERT_TRUE(life.openDocument(storedFile(u"show.zelta"_s, u"Titled"_s)));
+        addChapter(life.newDocument(), u"Untitled"_s);
+        EXPECT_EQ(ZLProgramRun::run({ [&] { windows.quit(); } }), 0);
+    }
+    QStringList all;
+    ZLDocumentController next(other);
+    ZLDocumentWindows windows(next);
+    windows.openAtLaunch({});
+    for (ZLChapterDocument* document : next.documents()) {
+        all += titles(document);
+        EXPECT_TRUE(windows.windowOf(document)->isVisible());
+    }
+    EXPECT_EQ(all, (QStringList { u"Titled"_s, u"Untitled"_s }));
+}

@@ -1,0 +1,145 @@
+#include "app/ui/ZLExportMenu.h"
+
+#include "app/ui/ZLDesktopFixture.h"
+#include "export/ZLExporter.h"
+#include "export/formats/ZLRegisterExporters.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Writes the titles, one a line; its name comes before all others.
+class TitlesExporter final : public ZLExporter {
+public:
+    static ZLExportFormat format()
+    {
+        return {
+            .name = u"A List"_s, .dialogKind = ZLExportDialogKind::Save, .fileType = u"list"_s, .optionTitle = {}
+        };
+    }
+    ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override
+    {
+        return ZLTestChapters::titles(input.chapters).join(u'\n').toUtf8();
+    }
+};
+
+void registerOnce()
+{
+    [[maybe_unused]] static const bool isRegistered = [] {
+        ZLRegisterExporters();
+        ZLExporter::registerExporter(ZLExporterClass::of<TitlesExporter>());
+        return true;
+    }();
+}
+
+}
+
+class ZLExportMenuTest : public ZLDesktopFixture {
+protected:
+    // The menu is made once, so the formats have to be there before.
+    ZLExportMenuTest()
+    {
+        registerOnce();
+        m_windows = std::make_unique<ZLDocumentWindows>(m_controller);
+    }
+
+    [[nodiscard]] QMenu* menuOf(ZLChapterDocument* document)
+    {
+        for (const QAction* item : windowOf(document).findChild<QMenu*>(u"fileMenu"_s)->actions()) {
+            if (item->menu() && item->menu()->objectName() == "exportMenu"_L1)
+                return item->menu();
+        }
+        return nullptr;
+    }
+    void exportList(ZLChapterDocument* document) { menuOf(document)->actions().first()->trigger(); }
+    [[nodiscard]] QByteArray contentsOf(const QString& name) const
+    {
+        const auto bytes = ZLAtomicFile::read(filePath(name));
+        return bytes ? bytes.value() : "no file";
+    }
+};
+
+TEST_F(ZLExportMenuTest, ThereIsOneItemForEachExporterInTheirOrder)
+{
+    const auto items = menuOf(newDocument())->actions();
+    const auto exporters = ZLExporter::allExporters();
+    ASSERT_EQ(items.size(), exporters.size());
+    ASSERT_GE(items.size(), 2);
+    for (int tag = 0; tag < int(items.size()); ++tag) {
+        EXPECT_EQ(items.at(tag)->text(), exporters.at(tag).format().name + QChar(0x2026));
+        EXPECT_TRUE(items.at(tag)->shortcut().isEmpty());
+        EXPECT_EQ(items.at(tag)->property("tag"), QVariant(tag));
+    }
+    EXPECT_EQ(items.first()->text(), u"A List…"_s);
+}
+
+TEST_F(ZLExportMenuTest, AllWindowsShareIt)
+{
+    ZLChapterDocument* first = newDocument();
+    ZLChapterDocument* second = newDocument();
+    ASSERT_NE(menuOf(first), nullptr);
+    EXPECT_EQ(menuOf(first), menuOf(second));
+    ASSERT_TRUE(m_controller.closeDocument(first, ZLClosing::Discard));
+    flush();
+    EXPECT_FALSE(menuOf(second)->actions().isEmpty()) << "it outlives a window";
+}
+
+TEST_F(ZLExportMenuTest, TheCurrentDocumentIsExported)
+{
+    ZLChapterDocument* first = newDocument();
+    ZLChapterDocument* second = newDocument();
+    addChapter(first, u"First"_s);
+    addChapter(second, u"Second"_s);
+    makeCurrent(second);
+    exportList(first);
+    choose(dialogOf(second), filePath(u"current"_s));
+    EXPECT_EQ(contentsOf(u"current.list"_s), "Second");
+    EXPECT_EQ(passingMessage(second), u"Exported current.list."_s);
+    EXPECT_EQ(passingMessage(first), QString());
+}
+
+TEST_F(ZLExportMenuTest, WithoutACurrentDocumentTheOneOpenedFirstIsExported)
+{
+    ZLChapterDocument* first = newDocument();
+    ZLChapterDocument* second = newDocument();
+    addChapter(first, u"First"_s);
+    addChapter(second, u"Second"_s);
+    makeCurrent(second);
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    exportList(second);
+    choose(dialogOf(second), filePath(u"first.list"_s));
+    EXPECT_EQ(contentsOf(u"first.list"_s), "First");
+}
+
+TEST_F(ZLExportMenuTest, TheMessageComesInTheWindowThatWasExported)
+{
+    ZLChapterDocument* first = newDocument();
+    ZLChapterDocument* second = newDocument();
+    makeCurrent(first);
+    exportList(first);
+    QFileDialog* dialog = dialogOf(first);
+    makeCurrent(second);
+    choose(dialog, filePath(u"mine.list"_s));
+    EXPECT_EQ(passingMessage(first), u"Exported mine.list."_s);
+    EXPECT_EQ(passingMessage(second), QString());
+}
+
+TEST_F(ZLExportMenuTest, AFailureIsToldInTheBar)
+{
+    ZLChapterDocument* document = newDocument();
+    makeCurrent(document);
+    exportList(document);
+    QFileDialog* dialog = dialogOf(document);
+    const QString folder = filePath(u"gone"_s);
+    ASSERT_TRUE(QDir().mkpath(folder));
+    dialog->setDirectory(folder);
+    ASSERT_TRUE(QDir().rmdir(folder));
+    dialog->selectFile(folder + u"/x.list"_s);
+    Q_EMIT dialog->finished(QDialog::Accepted);
+    flush();
+    EXPECT_TRUE(barText(document).startsWith("The export failed. "_L1)) << qPrintable(barText(document));
+    EXPECT_EQ(barButtons(document), QStringList { u"Dismiss"_s });
+    EXPECT_EQ(passingMessage(document), QString());
+    pressInBar(document, u"Dismiss"_s);
+    EXPECT_EQ(barText(document), QString());
+}

@@ -1,0 +1,137 @@
+#include "app/ui/ZLSavingDisplay.h"
+
+#include "app/ui/ZLDesktopFixture.h"
+
+using namespace Qt::StringLiterals;
+
+class ZLSavingDisplayTest : public ZLDesktopFixture {
+protected:
+    /// A titled document whose last change could not be written.
+    ZLChapterDocument* documentThatFails()
+    {
+        ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+        addChapter(document, u"Mine"_s);
+        m_diskError = u"show.zelta: The disk is full."_s;
+        writeNow(document);
+        return document;
+    }
+};
+
+TEST_F(ZLSavingDisplayTest, AnUntitledDocumentSaysThatItIsKept)
+{
+    ZLChapterDocument* document = newDocument();
+    EXPECT_EQ(saveStatus(document)->text(), u"Nothing to save yet"_s);
+    addChapter(document, u"Mine"_s);
+    EXPECT_EQ(saveStatus(document)->text(), u"Saving…"_s);
+    writeNow(document);
+    EXPECT_EQ(saveStatus(document)->text(), u"Kept, no file yet"_s);
+    EXPECT_TRUE(saveStatus(document)->toolTip().contains("no file yet"_L1));
+}
+
+TEST_F(ZLSavingDisplayTest, ATitledDocumentSaysWhereItIs)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    EXPECT_EQ(saveStatus(document)->text(), u"Saved"_s);
+    EXPECT_TRUE(saveStatus(document)->toolTip().contains(filePath(u"show.zelta"_s)));
+    addChapter(document, u"Mine"_s);
+    EXPECT_EQ(saveStatus(document)->text(), u"Saving…"_s);
+    writeNow(document);
+    EXPECT_EQ(saveStatus(document)->text(), u"Saved"_s);
+    EXPECT_EQ(barText(document), QString());
+}
+
+TEST_F(ZLSavingDisplayTest, ItLeadsToTheSaveDialog)
+{
+    ZLChapterDocument* document = newDocument();
+    saveStatus(document)->click();
+    ASSERT_NE(dialogOf(document), nullptr);
+    EXPECT_EQ(dialogOf(document)->acceptMode(), QFileDialog::AcceptSave);
+}
+
+TEST_F(ZLSavingDisplayTest, AFailureIsToldInTheLineAndTheBar)
+{
+    ZLChapterDocument* document = documentThatFails();
+    EXPECT_EQ(saveStatus(document)->text(), u"Not saved"_s);
+    EXPECT_TRUE(saveStatus(document)->toolTip().contains("The disk is full."_L1));
+    EXPECT_TRUE(barText(document).startsWith("The document is not saved: "_L1));
+    EXPECT_TRUE(barText(document).contains("show.zelta: The disk is full."_L1));
+    EXPECT_EQ(barButtons(document), (QStringList { u"Try Now"_s, u"Save As…"_s }));
+}
+
+TEST_F(ZLSavingDisplayTest, TheBarStaysWhileTryingFails)
+{
+    ZLChapterDocument* document = documentThatFails();
+    const QString text = barText(document);
+    pressInBar(document, u"Try Now"_s);
+    flush();
+    EXPECT_EQ(barText(document), text);
+    EXPECT_EQ(barButtons(document), (QStringList { u"Try Now"_s, u"Save As…"_s }));
+}
+
+TEST_F(ZLSavingDisplayTest, TryingAgainWithSuccessTakesTheBarAway)
+{
+    ZLChapterDocument* document = documentThatFails();
+    m_diskError.clear();
+    pressInBar(document, u"Try Now"_s);
+    EXPECT_EQ(barText(document), QString());
+    EXPECT_EQ(saveStatus(document)->text(), u"Saved"_s);
+    EXPECT_EQ(titlesInFile(filePath(u"show.zelta"_s)), (QStringList { u"Stored"_s, u"Mine"_s }));
+}
+
+TEST_F(ZLSavingDisplayTest, TheBarGoesByItselfWhenTheDiskIsBack)
+{
+    ZLChapterDocument* document = documentThatFails();
+    m_diskError.clear();
+    writeNow(document);
+    EXPECT_EQ(barText(document), QString());
+}
+
+TEST_F(ZLSavingDisplayTest, AnotherFailureTakesThePlaceOfTheFirst)
+{
+    ZLChapterDocument* document = documentThatFails();
+    m_diskError = u"show.zelta: The disk is gone."_s;
+    writeNow(document);
+    EXPECT_TRUE(barText(document).contains("The disk is gone."_L1));
+    m_diskError.clear();
+    writeNow(document);
+    EXPECT_EQ(barText(document), QString());
+}
+
+TEST_F(ZLSavingDisplayTest, AnotherMessageIsLeftAlone)
+{
+    ZLChapterDocument* document = documentThatFails();
+    windowOf(document).messageBar().showMessage(u"Something else"_s, {});
+    m_diskError.clear();
+    writeNow(document);
+    EXPECT_EQ(barText(document), u"Something else"_s);
+}
+
+TEST_F(ZLSavingDisplayTest, AMessageThatAsksForADecisionIsNotReplaced)
+{
+    ZLChapterDocument* document = documentThatFails();
+    windowOf(document).messageBar().showMessage(u"Decide"_s, { { u"Yes"_s, [] {} } });
+    writeNow(document);
+    EXPECT_EQ(barText(document), u"Decide"_s);
+    pressInBar(document, u"Yes"_s);
+    EXPECT_TRUE(barText(document).contains("The disk is full."_L1)) << "what is still true comes back";
+}
+
+TEST_F(ZLSavingDisplayTest, SavingElsewhereTakesTheBarAway)
+{
+    ZLChapterDocument* document = documentThatFails();
+    pressInBar(document, u"Save As…"_s);
+    m_diskError.clear();
+    choose(dialogOf(document), filePath(u"elsewhere.zelta"_s));
+    EXPECT_EQ(barText(document), QString());
+    EXPECT_EQ(saveStatus(document)->text(), u"Saved"_s);
+    EXPECT_TRUE(saveStatus(document)->toolTip().contains("elsewhere.zelta"_L1));
+}
+
+TEST_F(ZLSavingDisplayTest, TheFailureIsStillToldAfterTheDialogWasCancelled)
+{
+    ZLChapterDocument* document = documentThatFails();
+    pressInBar(document, u"Save As…"_s);
+    dialogOf(document)->reject();
+    flush();
+    EXPECT_TRUE(barText(document).contains("The disk is full."_L1));
+}

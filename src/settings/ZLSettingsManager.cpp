@@ -34,21 +34,27 @@ SettingsStore& settingsStore()
     return store;
 }
 
+/// The file has no place for the empty key, which is a key like any other here.
+QString nameInFile(const QString& key)
+{
+    return key.isEmpty() ? u"ZLEmptyKey"_s : key;
+}
+
 QVariant settingFor(const QString& key)
 {
     const SettingsStore& store = settingsStore();
-    return store.persistent->value(key, store.registered.value(key));
+    return store.persistent->value(nameInFile(key), store.registered.value(key));
 }
 
 void storeSetting(const QString& key, const QVariant& value)
 {
-    settingsStore().persistent->setValue(key, value);
+    settingsStore().persistent->setValue(nameInFile(key), value);
     settingsStore().persistent->sync();
 }
 
 void removeSetting(const QString& key)
 {
-    settingsStore().persistent->remove(key);
+    settingsStore().persistent->remove(nameInFile(key));
     settingsStore().persistent->sync();
 }
 
@@ -255,4 +261,14 @@ QStringList ZLSettingsManager::allKeyComboKeys()
 {
     return { ZLKeyComboKey::ToggleRecording, ZLKeyComboKey::NewChapter, ZLKeyComboKey::RemoveSelectedChapter,
         ZLKeyComboKey::RemoveLastChapter, ZLKeyComboKey::SelectLastChapter, ZLKeyComboKey::SelectNextChapter };
+}
+
+QString ZLSettingsManager::textForKey(const QString& key)
+{
+    return settingFor(key).toString();
+}
+
+void ZLSettingsManager::setText(const QString& text, const QString& key)
+{
+    storeSetting(key, text);
 }

@@ -115,4 +115,8 @@ public:
     static void setKeyCombo(const QVariantMap& shortcut, const QString& key);
     static void removeKeyComboForKey(const QString& key);
     [[nodiscard]] static QStringList allKeyComboKeys();
+
+    /// What a window remembers under a key of its own, which is announced to nobody. Null when nothing is stored.
+    [[nodiscard]] static QString textForKey(const QString& key);
+    static void setText(const QString& text, const QString& key);
 };

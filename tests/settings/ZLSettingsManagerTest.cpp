@@ -167,6 +167,24 @@ TEST_F(ZLSettingsManagerTest, AnyKeyTakesAShortcutAndIsAnnounced)
     EXPECT_EQ(m_shortcutChanges.size(), 1);
 }
 
+TEST_F(ZLSettingsManagerTest, TheEmptyKeyIsAKeyLikeAnyOther)
+{
+    const QVariantMap shortcut { { u"keyCode"_s, 1 } };
+    Manager::setKeyCombo(shortcut, u""_s);
+    m_settings.relaunch();
+    EXPECT_EQ(Manager::keyComboForKey(u""_s), shortcut);
+    Manager::removeKeyComboForKey(u""_s);
+    EXPECT_EQ(Manager::keyComboForKey(u""_s), std::nullopt);
+}
+
+TEST_F(ZLSettingsManagerTest, WindowsRememberTextsUnderKeysOfTheirOwn)
+{
+    EXPECT_TRUE(Manager::textForKey(u"MASPreferences Frame Top Left"_s).isNull());
+    Manager::setText(u"{80, 640}"_s, u"MASPreferences Frame Top Left"_s);
+    m_settings.relaunch();
+    EXPECT_EQ(Manager::textForKey(u"MASPreferences Frame Top Left"_s), u"{80, 640}"_s);
+}
+
 TEST_F(ZLSettingsManagerTest, RemovingAShortcutIsAnnouncedEvenWhenThereIsNone)
 {
     Manager::removeKeyComboForKey(ZLKeyComboKey::NewChapter);

@@ -1,0 +1,291 @@
+#include "settings/ui/MASPreferencesWindowController.h"
+
+#include "settings/ZLSettingsManager.h"
+#include "settings/ui/MASPreferencesGeometryText.h"
+#include "ui_MASPreferencesWindow.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QResizeEvent>
+#include <QScreen>
+#include <QShortcut>
+#include <QToolBar>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As much of the window has to be on a screen for it to be found and moved.
+constexpr QSize reachableSize(120, 32);
+
+/// The stored corner counts upward from the lower edge of the first screen. The way there is also the way back.
+QPoint turnedUpsideDown(QPoint point)
+{
+    return { point.x(), QGuiApplication::primaryScreen()->geometry().height() - point.y() };
+}
+
+bool isReachable(QPoint topLeft)
+{
+    const QRect handle(topLeft, reachableSize);
+    const auto screens = QGuiApplication::screens();
+    return std::any_of(screens.cbegin(), screens.cend(),
+        [&](const QScreen* screen) { return screen->availableGeometry().contains(handle); });
+}
+
+QWidget* firstKeyView(QWidget& pane)
+{
+    QWidget* candidate = &pane;
+    do {
+        if ((candidate->focusPolicy() & Qt::TabFocus) && candidate->isEnabled() && pane.isAncestorOf(candidate))
+            return candidate;
+        candidate = candidate->nextInFocusChain();
+    } while (candidate != &pane);
+    return nullptr;
+}
+
+}
+
+MASPreferencesWindowController::MASPreferencesWindowController(Panes viewControllers, const QString& title)
+    : m_title(title)
+    , m_viewControllers(std::move(viewControllers))
+{
+}
+
+MASPreferencesWindowController::~MASPreferencesWindowController()
+{
+    // The panes go first, and their leaving is no move or resize of the user's.
+    if (m_window)
+        m_window->removeEventFilter(this);
+    for (const auto& pane : m_viewControllers) {
+        if (pane)
+            pane->removeEventFilter(this);
+    }
+}
+
+void MASPreferencesWindowController::addViewController(std::unique_ptr<MASPreferencesViewController> viewController)
+{
+    m_viewControllers.push_back(std::move(viewController));
+    if (m_window)
+        addToolbarItem(m_viewControllers.back().get());
+}
+
+QMainWindow& MASPreferencesWindowController::window()
+{
+    if (!m_window)
+        windowDidLoad();
+    return *m_window;
+}
+
+void MASPreferencesWindowController::showWindow()
+{
+    const bool isReopened = m_window && !m_window->isVisible();
+    if (isReopened && m_selected)
+        m_selected->viewWillAppear();
+    window().show();
+    window().raise();
+    window().activateWindow();
+}
+
+void MASPreferencesWindowController::windowDidLoad()
+{
+    m_window = std::make_unique<QMainWindow>();
+    Ui::MASPreferencesWindow().setupUi(m_window.get());
+    m_toolbar = m_window->findChild<QToolBar*>(u"toolbar"_s);
+    m_toolbarItems = new QActionGroup(m_window.get());
+    for (const auto& pane : m_viewControllers)
+        addToolbarItem(pane.get());
+    addWindowKeys();
+    if (!m_title.isEmpty())
+        m_window->setWindowTitle(m_title);
+    setSelectedViewController(paneToStartWith());
+    restorePosition();
+    m_window->installEventFilter(this);
+}
+
+void MASPreferencesWindowController::addToolbarItem(MASPreferencesViewController* pane)
+{
+    if (!pane) {
+        auto* gap = new QWidget(m_toolbar);
+        gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+        m_toolbar->addWidget(gap);
+        return;
+    }
+    QAction* item = m_toolbar->addAction(pane->toolbarItemImage(), pane->toolbarItemLabel());
+    item->setObjectName(pane->identifier());
+    item->setCheckable(true);
+    m_toolbarItems->addAction(item);
+    m_itemOfPane.insert(pane, item);
+    pane->installEventFilter(this);
+    // Toolbars keep their buttons out of the reach of the keyboard.
+    m_toolbar->widgetForAction(item)->setFocusPolicy(Qt::TabFocus);
+    connect(item, &QAction::triggered, this, [this, pane] { setSelectedViewController(pane); });
+}
+
+void MASPreferencesWindowController::addWindowKeys()
+{
+    const auto bind = [this](const QKeySequence& keys, auto operation) {
+        connect(new QShortcut(keys, m_window.get()), &QShortcut::activated, this, operation);
+    };
+    const auto close = [this] { m_window->close(); };
+    bind(QKeySequence(Qt::Key_Escape), close);
+    bind(QKeySequence(u"Ctrl+W"_s), close);
+    bind(QKeySequence(u"Ctrl+Tab"_s), [this] { goNextTab(); });
+    bind(QKeySequence(u"Ctrl+PgDown"_s), [this] { goNextTab(); });
+    bind(QKeySequence(u"Ctrl+Shift+Tab"_s), [this] { goPreviousTab(); });
+    bind(QKeySequence(u"Ctrl+PgUp"_s), [this] { goPreviousTab(); });
+}
+
+void MASPreferencesWindowController::selectControllerAtIndex(qsizetype index)
+{
+    if (index < 0 || index >= qsizetype(m_viewControllers.size()))
+        return;
+    if (MASPreferencesViewController* pane = m_viewControllers[size_t(index)].get()) {
+        window();
+        setSelectedViewController(pane);
+    }
+}
+
+qsizetype MASPreferencesWindowController::indexOfSelectedController() const
+{
+    const auto found = std::find_if(m_viewControllers.cbegin(), m_viewControllers.cend(),
+        [this](const auto& pane) { return pane && pane.get() == m_selected; });
+    return found == m_viewControllers.cend() ? -1 : found - m_viewControllers.cbegin();
+}
+
+void MASPreferencesWindowController::goNextTab()
+{
+    moveSelection(1);
+}
+
+void MASPreferencesWindowController::goPreviousTab()
+{
+    moveSelection(-1);
+}
+
+void MASPreferencesWindowController::moveSelection(qsizetype step)
+{
+    window();
+    const auto count = qsizetype(m_viewControllers.size());
+    qsizetype index = std::max<qsizetype>(indexOfSelectedController(), 0);
+    for (qsizetype tries = 0; tries < count; ++tries) {
+        index = (index + step + count) % count;
+        if (m_viewControllers[size_t(index)]) {
+            selectControllerAtIndex(index);
+            return;
+        }
+    }
+}
+
+bool MASPreferencesWindowController::commitEditing()
+{
+    return !m_selected || m_selected->commitEditing();
+}
+
+void MASPreferencesWindowController::setSelectedViewController(MASPreferencesViewController* pane)
+{
+    if (pane == m_selected)
+        return;
+    if (!commitEditing()) {
+        m_itemOfPane.value(m_selected)->setChecked(true);
+        return;
+    }
+    const QWidget* focused = m_window->focusWidget();
+    const bool givesFocus = !focused || (m_selected && m_selected->isAncestorOf(focused));
+    takeOutSelectedPane();
+    if (!pane)
+        return;
+    m_selected = pane;
+    if (m_title.isEmpty())
+        m_window->setWindowTitle(pane->toolbarItemLabel());
+    m_itemOfPane.value(pane)->setChecked(true);
+    ZLSettingsManager::setText(pane->identifier(), selectedPaneKey);
+    fitWindowTo(*pane);
+    pane->viewWillAppear();
+    showPane(*pane);
+    if (givesFocus) {
+        if (QWidget* keyView = pane->initialKeyView() ? pane->initialKeyView() : firstKeyView(*pane))
+            keyView->setFocus();
+    }
+    Q_EMIT MASPreferencesWindowControllerDidChangeViewNotification();
+}
+
+void MASPreferencesWindowController::takeOutSelectedPane()
+{
+    MASPreferencesViewController* pane = std::exchange(m_selected, nullptr);
+    if (!pane)
+        return;
+    m_window->takeCentralWidget();
+    pane->viewDidDisappear();
+}
+
+void MASPreferencesWindowController::fitWindowTo(MASPreferencesViewController& pane)
+{
+    pane.ensurePolished();
+    if (!m_minimumViewRects.contains(pane.identifier()))
+        m_minimumViewRects.insert(pane.identifier(), pane.sizeHint());
+    const QSize minimum = m_minimumViewRects.value(pane.identifier());
+    const QString stored = ZLSettingsManager::textForKey(paneFrameKey.arg(pane.identifier()));
+    const QSize wanted = MASPreferencesGeometryText::toSize(stored).value_or(minimum).expandedTo(minimum);
+    const bool isWide = pane.hasResizableWidth();
+    const bool isHigh = pane.hasResizableHeight();
+    const QSize content(isWide ? wanted.width() : minimum.width(), isHigh ? wanted.height() : minimum.height());
+    const QSize most(isWide ? QWIDGETSIZE_MAX : minimum.width(), isHigh ? QWIDGETSIZE_MAX : minimum.height());
+    const QSize toolbar(0, m_toolbar->sizeHint().height());
+    // The window manager offers enlarging exactly where these two differ.
+    m_window->setMinimumSize(minimum + toolbar);
+    m_window->setMaximumSize((most + toolbar).boundedTo({ QWIDGETSIZE_MAX, QWIDGETSIZE_MAX }));
+    m_window->resize(content + toolbar);
+}
+
+void MASPreferencesWindowController::showPane(MASPreferencesViewController& pane)
+{
+    m_window->setCentralWidget(&pane);
+    pane.show();
+}
+
+MASPreferencesViewController* MASPreferencesWindowController::paneToStartWith() const
+{
+    const QString stored = ZLSettingsManager::textForKey(selectedPaneKey);
+    MASPreferencesViewController* first = nullptr;
+    for (const auto& pane : m_viewControllers) {
+        if (pane && pane->identifier() == stored)
+            return pane.get();
+        if (!first)
+            first = pane.get();
+    }
+    return first;
+}
+
+void MASPreferencesWindowController::rememberPosition() const
+{
+    ZLSettingsManager::setText(MASPreferencesGeometryText::fromPoint(turnedUpsideDown(m_window->pos())), topLeftKey);
+}
+
+void MASPreferencesWindowController::restorePosition()
+{
+    const auto stored = MASPreferencesGeometryText::toPoint(ZLSettingsManager::textForKey(topLeftKey));
+    // The screen that the window was on may be gone.
+    if (stored && isReachable(turnedUpsideDown(*stored)))
+        m_window->move(turnedUpsideDown(*stored));
+}
+
+bool MASPreferencesWindowController::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_window.get()) {
+        if (event->type() == QEvent::Move && m_window->isVisible())
+            rememberPosition();
+        if (event->type() == QEvent::Close && !commitEditing()) {
+            event->ignore();
+            return true;
+        }
+    } else if (watched == m_selected && event->type() == QEvent::Resize && m_window->isVisible()) {
+        const QSize size = static_cast<QResizeEvent*>(event)->size();
+        ZLSettingsManager::setText(
+            MASPreferencesGeometryText::fromSize(size), paneFrameKey.arg(m_selected->identifier()));
+    }
+    return QObject::eventFilter(watched, event);
+}

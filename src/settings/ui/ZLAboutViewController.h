@@ -1,0 +1,36 @@
+#pragma once
+
+#include "settings/ui/MASPreferencesViewController.h"
+
+#include <memory>
+
+namespace Ui {
+class ZLAboutViewController;
+}
+
+/// What identifies the program that is running.
+struct ZLProgramVersion {
+    /// "1.2"
+    QString shortVersion;
+    /// "345"
+    QString build;
+};
+
+/// The pane with the version and the credits.
+class ZLAboutViewController : public MASPreferencesViewController {
+    Q_OBJECT
+
+public:
+    /// A missing file of credits leaves their place empty.
+    explicit ZLAboutViewController(const ZLProgramVersion& version, QWidget* parent = nullptr,
+        const QString& creditsPath = QStringLiteral(":/Credits.html"));
+    ~ZLAboutViewController() override;
+
+    [[nodiscard]] QString identifier() const override;
+    [[nodiscard]] QString toolbarItemLabel() const override;
+    [[nodiscard]] QIcon toolbarItemImage() const override;
+    [[nodiscard]] QWidget* initialKeyView() const override;
+
+private:
+    std::unique_ptr<Ui::ZLAboutViewController> m_ui;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QDoubleSpinBox>
+
+/// A font size in points. It shows a fraction only where there is one.
+class ZLFontSizeField : public QDoubleSpinBox {
+    Q_OBJECT
+
+public:
+    using QDoubleSpinBox::QDoubleSpinBox;
+
+    [[nodiscard]] QString textFromValue(double value) const override;
+};

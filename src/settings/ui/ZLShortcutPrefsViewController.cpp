@@ -1,0 +1,129 @@
+#include "settings/ui/ZLShortcutPrefsViewController.h"
+
+#include "resources/ZLSymbolIcon.h"
+#include "settings/ZLSettingsManager.h"
+#include "settings/ui/ZLShortcutRecorder.h"
+#include "ui_ZLShortcutPrefsViewController.h"
+
+#include <QLabel>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+ZLShortcutPrefsViewController::ZLShortcutPrefsViewController(QWidget* parent)
+    : MASPreferencesViewController(parent)
+    , m_ui(std::make_unique<Ui::ZLShortcutPrefsViewController>())
+{
+    m_ui->setupUi(this);
+    addRow(m_ui->toggleControl, ZLKeyComboKey::ToggleRecording);
+    addRow(m_ui->createChapterControl, ZLKeyComboKey::NewChapter);
+    addRow(m_ui->removeControl, ZLKeyComboKey::RemoveSelectedChapter);
+    addRow(m_ui->removeLastControl, ZLKeyComboKey::RemoveLastChapter);
+    addRow(m_ui->selectLastControl, ZLKeyComboKey::SelectLastChapter);
+    addRow(m_ui->selectNextControl, ZLKeyComboKey::SelectNextChapter);
+    connect(m_ui->globalButton, &QCheckBox::clicked, this, &ZLShortcutPrefsViewController::globalSettingDidChange);
+    m_ui->globalNotice->setMinimumHeight(2 * fontMetrics().lineSpacing());
+}
+
+ZLShortcutPrefsViewController::~ZLShortcutPrefsViewController() = default;
+
+QString ZLShortcutPrefsViewController::identifier() const
+{
+    return u"ShortcutPreferences"_s;
+}
+
+QString ZLShortcutPrefsViewController::toolbarItemLabel() const
+{
+    return tr("Shortcuts");
+}
+
+QIcon ZLShortcutPrefsViewController::toolbarItemImage() const
+{
+    return ZLSymbolIcon::named(u"Advanced"_s);
+}
+
+QWidget* ZLShortcutPrefsViewController::initialKeyView() const
+{
+    return m_ui->toggleControl;
+}
+
+void ZLShortcutPrefsViewController::viewWillAppear()
+{
+    for (const Row& row : std::as_const(m_rows))
+        row.recorder->setObjectValue(ZLSettingsManager::keyComboForKey(row.settingsKey));
+    m_ui->globalButton->setChecked(ZLSettingsManager::globalHotkeys());
+    updateNotices();
+}
+
+void ZLShortcutPrefsViewController::shortcutRecorderDidEndRecording(ZLShortcutRecorder& recorder)
+{
+    const QString key = settingsKeyOf(recorder);
+    if (const auto shortcut = recorder.objectValue())
+        ZLSettingsManager::setKeyCombo(*shortcut, key);
+    else
+        ZLSettingsManager::removeKeyComboForKey(key);
+    updateNotices();
+}
+
+void ZLShortcutPrefsViewController::globalSettingDidChange()
+{
+    ZLSettingsManager::setGlobalHotkeys(m_ui->globalButton->isChecked());
+}
+
+void ZLShortcutPrefsViewController::setKeyboardLayout(const ZLKeyboardLayout& layout)
+{
+    for (const Row& row : std::as_const(m_rows))
+        row.recorder->setKeyboardLayout(layout);
+}
+
+void ZLShortcutPrefsViewController::setSystemNotices(const QHash<QString, QString>& byKey, const QString& aboutAll)
+{
+    m_systemNotices = byKey;
+    m_ui->globalNotice->setText(aboutAll);
+    m_ui->globalButton->setAccessibleDescription(aboutAll);
+    updateNotices();
+}
+
+bool ZLShortcutPrefsViewController::isRecording() const
+{
+    return std::any_of(m_rows.cbegin(), m_rows.cend(), [](const Row& row) { return row.recorder->isRecording(); });
+}
+
+void ZLShortcutPrefsViewController::addRow(ZLShortcutRecorder* recorder, const QString& settingsKey)
+{
+    m_rows.append({ recorder, settingsKey });
+    const auto* form = m_ui->formLayout;
+    if (const auto* label = qobject_cast<QLabel*>(form->labelForField(recorder)))
+        recorder->setTitle(label->text().remove(u'&').remove(u':'));
+    connect(recorder, &ZLShortcutRecorder::didEndRecording, this,
+        [this, recorder] { shortcutRecorderDidEndRecording(*recorder); });
+    connect(recorder, &ZLShortcutRecorder::recordingDidStart, this, &ZLShortcutPrefsViewController::recordingDidStart);
+    connect(recorder, &ZLShortcutRecorder::recordingDidStop, this, &ZLShortcutPrefsViewController::recordingDidStop);
+}
+
+QString ZLShortcutPrefsViewController::settingsKeyOf(const ZLShortcutRecorder& recorder) const
+{
+    const auto found =
+        std::find_if(m_rows.cbegin(), m_rows.cend(), [&recorder](const Row& row) { return row.recorder == &recorder; });
+    return found == m_rows.cend() ? u""_s : found->settingsKey;
+}
+
+void ZLShortcutPrefsViewController::updateNotices()
+{
+    for (const Row& row : std::as_const(m_rows))
+        row.recorder->setNotice(noticeFor(row));
+}
+
+QString ZLShortcutPrefsViewController::noticeFor(const Row& row) const
+{
+    const auto combo = row.recorder->keyCombo();
+    if (!combo)
+        return {};
+    const auto other = std::find_if(m_rows.cbegin(), m_rows.cend(), [&](const Row& candidate) {
+        return candidate.recorder != row.recorder && candidate.recorder->keyCombo() == combo;
+    });
+    if (other != m_rows.cend())
+        return tr("“%1” has the same keys.").arg(other->recorder->title());
+    return m_systemNotices.value(row.settingsKey);
+}

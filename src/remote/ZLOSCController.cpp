@@ -107,8 +107,10 @@ QString ZLOSCController::performMessage(const ZLOSCMessage& message, const QStri
         }
         deliverAction(action->identifier);
         entry.outcome = outcome.description(*action);
+        entry.isProblem = !outcome.hadEffect();
     } else {
         entry.outcome = ZLOSCLogTexts::reasonToIgnore(message.address(), entry.value);
+        entry.isProblem = true;
     }
     m_log.append(entry);
     return entry.outcome;
@@ -171,7 +173,9 @@ QList<ZLOSCMessage> ZLOSCController::timeMessages() const
 void ZLOSCController::sendMessage(const ZLOSCMessage& message, ZLOSCOutPort& port)
 {
     ZLOSCLogEntry entry = ZLOSCLogTexts::entryFor(message, ZLOSCLogEntry::Direction::Out, port.label());
-    entry.outcome = ZLOSCLogTexts::outcomeOfSending(port.sendThisMessage(message), port);
+    const bool wasSent = port.sendThisMessage(message);
+    entry.outcome = ZLOSCLogTexts::outcomeOfSending(wasSent, port);
+    entry.isProblem = !wasSent;
     m_log.append(entry);
 }
 
@@ -238,9 +242,14 @@ void ZLOSCController::applyAccept()
         ZLOSCAccessPolicy(ZLOSCAccessPolicy::Mode(ZLSettingsManager::oscAccept()), std::move(addresses)));
 }
 
+QList<ZLOSCDestination> ZLOSCController::outputs() const
+{
+    return m_setup.outputs ? *m_setup.outputs : ZLSettingsManager::oscOutputs();
+}
+
 void ZLOSCController::applyOutputs()
 {
-    const QList<ZLOSCDestination> wanted = m_setup.outputs ? *m_setup.outputs : ZLSettingsManager::oscOutputs();
+    const QList<ZLOSCDestination> wanted = outputs();
     const auto destinationOf = [](const ZLOSCOutPort* port) { return ZLOSCDestination { port->host(), port->port() }; };
     m_configuredOutputs.removeIf([&](ZLOSCOutPort* port) {
         if (wanted.contains(destinationOf(port)))

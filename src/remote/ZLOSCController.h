@@ -41,6 +41,8 @@ public:
     /// Every second.
     [[nodiscard]] QTimer& displayTimer() { return m_displayTimer; }
     [[nodiscard]] ZLOSCLog& log() { return m_log; }
+    /// The outputs in force, without those to answered senders.
+    [[nodiscard]] QList<ZLOSCDestination> outputs() const;
     /// The outputs that exist only because somebody sent a command, among those of the manager.
     [[nodiscard]] bool isAnsweredSender(const ZLOSCOutPort* port) const { return m_answeredSenders.contains(port); }
 

@@ -59,8 +59,17 @@ void ZLOSCLog::append(const ZLOSCLogEntry& entry)
         m_pending.append(entry);
     if (m_pending.size() > Capacity)
         m_pending.removeAt(rowToDrop(m_pending));
-    if (!m_flushTimer.isActive())
+    if (!m_isHeld && !m_flushTimer.isActive())
         m_flushTimer.start();
+}
+
+void ZLOSCLog::setHeld(bool held)
+{
+    m_isHeld = held;
+    if (held)
+        m_flushTimer.stop();
+    else
+        flush();
 }
 
 void ZLOSCLog::flush()
@@ -102,6 +111,8 @@ int ZLOSCLog::columnCount(const QModelIndex& parent) const
 
 QVariant ZLOSCLog::data(const QModelIndex& index, int role) const
 {
+    if (checkIndex(index, CheckIndexOption::IndexIsValid) && role == ProblemRole)
+        return m_entries.at(index.row()).isProblem;
     if (!checkIndex(index, CheckIndexOption::IndexIsValid) || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
     return textFor(m_entries.at(index.row()), index.column());

@@ -23,6 +23,8 @@ struct ZLOSCLogEntry {
     QString outcome {};
     /// How many messages the row stands for: repeated status messages share one.
     int count = 1;
+    /// It changed nothing here, or did not go out.
+    bool isProblem = false;
 
     bool operator==(const ZLOSCLogEntry&) const = default;
 };
@@ -37,12 +39,17 @@ public:
     enum Column { TimeColumn, DirectionColumn, PeerColumn, AddressColumn, ValueColumn, OutcomeColumn, ColumnCount };
 
     static constexpr qsizetype Capacity = 400;
+    /// ZLOSCLogEntry::isProblem, for every column.
+    static constexpr int ProblemRole = Qt::UserRole;
 
     explicit ZLOSCLog(QObject* parent = nullptr);
 
     void append(const ZLOSCLogEntry& entry);
     /// Shows at once what has been appended.
     void flush();
+    /// While it is held, nothing appears; the latest ones wait.
+    void setHeld(bool held);
+    [[nodiscard]] bool isHeld() const { return m_isHeld; }
     void clear();
 
     [[nodiscard]] const QList<ZLOSCLogEntry>& entries() const { return m_entries; }
@@ -59,4 +66,5 @@ private:
     QList<ZLOSCLogEntry> m_entries;
     QList<ZLOSCLogEntry> m_pending;
     QTimer m_flushTimer;
+    bool m_isHeld = false;
 };

@@ -77,6 +77,7 @@ ZLOSCLogEntry ZLOSCLogTexts::entryForDropped(const ZLOSCDroppedDatagram& dropped
         .address = address,
         .value = value,
         .outcome = outcomeOfDropped(dropped, value, accept),
+        .isProblem = true,
     };
 }
 

@@ -24,6 +24,13 @@ ZLRemoteOutcome::ZLRemoteOutcome(ZLChapterDocument* document)
     m_selectedRow = document->selectedRow();
 }
 
+bool ZLRemoteOutcome::hadEffect() const
+{
+    return m_document
+        && (m_document->isRecording() != m_wasRecording || (m_document->isWaitingForBeep() && !m_wasWaitingForBeep)
+            || m_document->chapterManager().count() != m_chapterCount || m_document->selectedRow() != m_selectedRow);
+}
+
 QString ZLRemoteOutcome::description(const ZLRemoteAction& action) const
 {
     if (!m_document)

@@ -13,6 +13,8 @@ public:
     /// The document may be null.
     explicit ZLRemoteOutcome(ZLChapterDocument* document);
 
+    /// Whether there is a change that the action may have made.
+    [[nodiscard]] bool hadEffect() const;
     /// "added a chapter", "did nothing: the clock is not running" …
     [[nodiscard]] QString description(const ZLRemoteAction& action) const;
 

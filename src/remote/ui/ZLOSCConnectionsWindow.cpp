@@ -1,0 +1,121 @@
+#include "remote/ui/ZLOSCConnectionsWindow.h"
+
+#include "remote/ui/ZLOSCAcceptPanel.h"
+#include "remote/ui/ZLOSCInputPanel.h"
+#include "remote/ui/ZLOSCLogPanel.h"
+#include "remote/ui/ZLOSCOutputsPanel.h"
+#include "remote/ui/ZLOSCServicesPanel.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize firstWindowSize { 940, 720 };
+
+}
+
+ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
+    : m_browser(std::move(setup.browser))
+    , m_stateStore(setup.stateStore)
+    , m_splitter(new QSplitter(Qt::Vertical, this))
+{
+    setObjectName(u"oscConnections"_s);
+    setWindowTitle(tr("OSC Connections"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    auto* const area = new QScrollArea(m_splitter);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(buildPanels(setup));
+    m_splitter->addWidget(area);
+    m_splitter->addWidget(new ZLOSCLogPanel(setup.controller.log(), m_splitter));
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setStretchFactor(1, 1);
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(m_splitter);
+    auto* const closeAction = new QAction(tr("Close"), this);
+    closeAction->setShortcut(QKeySequence::Close);
+    addAction(closeAction);
+    connect(closeAction, &QAction::triggered, this, &QWidget::close);
+    restoreWindowState();
+}
+
+ZLOSCConnectionsWindow::~ZLOSCConnectionsWindow()
+{
+    if (isVisible())
+        saveWindowState();
+    // The panels look at the browser, which goes before them otherwise.
+    delete m_splitter;
+}
+
+QString ZLOSCConnectionsSetup::standardStatePath()
+{
+    return QFileInfo(ZLWindowStateStore::standardPath()).path() + "/connections.ini"_L1;
+}
+
+QWidget* ZLOSCConnectionsWindow::buildPanels(ZLOSCConnectionsSetup& setup)
+{
+    auto* const panels = new QWidget(this);
+    auto* const left = new QVBoxLayout;
+    auto* const right = new QVBoxLayout;
+    left->addWidget(new ZLOSCInputPanel(setup.controller.inPort(), setup.publisher, std::move(setup.networks), panels));
+    left->addWidget(new ZLOSCAcceptPanel(panels));
+    left->addStretch();
+    auto* const outputs = new ZLOSCOutputsPanel(setup.controller, panels);
+    right->addWidget(outputs, 1);
+    if (m_browser) {
+        auto* const services = new ZLOSCServicesPanel(*m_browser, setup.publisher, panels);
+        connect(services, &ZLOSCServicesPanel::outputRequested, outputs, &ZLOSCOutputsPanel::addOutput);
+        right->addWidget(services);
+    }
+    auto* const columns = new QHBoxLayout(panels);
+    columns->setContentsMargins({});
+    columns->addLayout(left, 2);
+    columns->addLayout(right, 3);
+    return panels;
+}
+
+void ZLOSCConnectionsWindow::present()
+{
+    show();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+}
+
+void ZLOSCConnectionsWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void ZLOSCConnectionsWindow::closeEvent(QCloseEvent* event)
+{
+    saveWindowState();
+    QWidget::closeEvent(event);
+}
+
+void ZLOSCConnectionsWindow::restoreWindowState()
+{
+    resize(firstWindowSize);
+    const std::optional<ZLWindowState> state = m_stateStore.load();
+    if (!state)
+        return;
+    restoreGeometry(state->geometry);
+    m_splitter->restoreState(state->panels);
+}
+
+void ZLOSCConnectionsWindow::saveWindowState() const
+{
+    m_stateStore.save({ .geometry = saveGeometry(), .panels = m_splitter->saveState() });
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTableView>
+
+/// Shows the log of messages. It keeps to its end unless somebody scrolled up; then it keeps to what is being read,
+/// while older rows go.
+class ZLOSCLogView : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit ZLOSCLogView(QWidget* parent = nullptr);
+
+    void setModel(QAbstractItemModel* model) override;
+    /// Stands in the empty view.
+    void setPlaceholder(const QString& text);
+    /// The selected rows, else all: a line each, the columns separated by tabs.
+    void copy() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
+
+private:
+    void updateSizes();
+
+    QString m_placeholder;
+    bool m_followsEnd = true;
+};

@@ -4,6 +4,7 @@ zelta_build_packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev libgl-dev
   pkgconf libxcb-keysyms1-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
+  libpulse-dev libsndfile1-dev python3
 )
 zelta_run_packages=(
   libqt6svg6 qt6-wayland fonts-dejavu-core
@@ -13,6 +14,7 @@ zelta_test_packages=(
   python3 libplist-utils libxml2-utils
   liblo-tools nodejs npm
   avahi-daemon iproute2
+  pulseaudio pulseaudio-utils
   xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick dbus
   python3-dbus python3-gi
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0

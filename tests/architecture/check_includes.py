@@ -10,18 +10,20 @@ from pathlib import Path
 ORDER = [
     "platform",
     "platform/dnssd",
-    "platform/dnssd",
     "platform/osc",
     "platform/archive",
     "platform/hotkey",
     "platform/sound",
     "resources",
+    "resources/sounds",
     "model",
     "settings",
     "templates",
     "templates/ui",
     "document",
     "document/saving",
+    "document/ui/table",
+    "document/ui/menus",
     "document/ui",
     "remote",
     "export",
@@ -59,7 +61,7 @@ def complaints(root: Path) -> list[str]:
         if folder not in ORDER:
             found.append(f"{relative}: the folder {folder} has no place in the order")
             continue
-        if not folder.endswith("ui") and folder != "resources" and WIDGETS.search(text):
+        if "ui" not in folder.split("/") and folder != "resources" and WIDGETS.search(text):
             found.append(f"{relative}: a folder below the windows includes a widget")
         for target in QUOTED.findall(text):
             if GENERATED.match(target):

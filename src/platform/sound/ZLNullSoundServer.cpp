@@ -6,7 +6,7 @@ constexpr int noSoundSystemError = -1;
 
 }
 
-std::unique_ptr<ZLSound> ZLNullSoundServer::soundNamed(const QString&)
+std::unique_ptr<ZLSound> ZLNullSoundServer::sound(const QByteArray&)
 {
     return std::make_unique<ZLSilentSound>();
 }

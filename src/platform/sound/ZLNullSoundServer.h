@@ -8,7 +8,7 @@ class ZLNullSoundServer final : public ZLSoundServer {
 
 public:
     [[nodiscard]] bool isReachable() override { return false; }
-    [[nodiscard]] std::unique_ptr<ZLSound> soundNamed(const QString& name) override;
+    [[nodiscard]] std::unique_ptr<ZLSound> sound(const QByteArray& file) override;
 
 protected:
     [[nodiscard]] ZLOutputReading readOutputs() override;

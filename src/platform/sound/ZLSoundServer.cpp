@@ -1,12 +1,12 @@
 #include "platform/sound/ZLSoundServer.h"
 
-#include "platform/sound/ZLNullSoundServer.h"
+#include "platform/sound/ZLPulseSoundServer.h"
 
 #include <cstdio>
 
 std::unique_ptr<ZLSoundServer> ZLSoundServer::create()
 {
-    return std::make_unique<ZLNullSoundServer>();
+    return std::make_unique<ZLPulseSoundServer>();
 }
 
 std::optional<QList<ZLOutputDevice>> ZLSoundServer::outputDevices()

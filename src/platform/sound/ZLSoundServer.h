@@ -39,9 +39,9 @@ public:
     /// Starts connecting, so that the first sound needs not wait for it.
     virtual void prepare() { }
 
-    /// The application's sound with this resource name, for example "beep.aiff"; one that is missing or cannot be read
+    /// The sound in the bytes of a sound file, for example an AIFF; one that is missing or cannot be read
     /// ends at once when played.
-    [[nodiscard]] virtual std::unique_ptr<ZLSound> soundNamed(const QString& name) = 0;
+    [[nodiscard]] virtual std::unique_ptr<ZLSound> sound(const QByteArray& file) = 0;
 
 Q_SIGNALS:
     /// A device came, went or was renamed, or the server came or went: ask again.

@@ -8,7 +8,7 @@
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
-#include "document/ui/ZLViewMenu.h"
+#include "document/ui/menus/ZLViewMenu.h"
 
 #include <QApplication>
 #include <QDesktopServices>

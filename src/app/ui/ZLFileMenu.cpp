@@ -2,7 +2,7 @@
 
 #include "app/ui/ZLExportMenu.h"
 #include "app/ui/ZLSavePanel.h"
-#include "document/ui/ZLActionHelp.h"
+#include "document/ui/menus/ZLActionHelp.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 

@@ -1,6 +1,6 @@
 #include "app/ui/ZLHelpMenu.h"
 
-#include "document/ui/ZLActionHelp.h"
+#include "document/ui/menus/ZLActionHelp.h"
 
 #include <QApplication>
 #include <QMainWindow>

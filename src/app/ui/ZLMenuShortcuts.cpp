@@ -1,7 +1,7 @@
 #include "app/ui/ZLMenuShortcuts.h"
 
 #include "document/ui/ZLChapterDocumentWindow.h"
-#include "document/ui/ZLRecordingMenu.h"
+#include "document/ui/menus/ZLRecordingMenu.h"
 #include "platform/hotkey/ZLHotKeyCenter.h"
 #include "remote/ZLRemoteActions.h"
 #include "settings/ZLSettingsManager.h"

@@ -1,13 +1,13 @@
 #include "document/ui/ZLChapterDocumentWindow.h"
 
 #include "document/ZLChapterDocument.h"
-#include "document/ui/ZLActionHelp.h"
-#include "document/ui/ZLChapterColumnLayout.h"
 #include "document/ui/ZLDrawerSlide.h"
-#include "document/ui/ZLEditMenu.h"
 #include "document/ui/ZLMoveChaptersDialog.h"
-#include "document/ui/ZLRecordingMenu.h"
-#include "document/ui/ZLViewMenu.h"
+#include "document/ui/menus/ZLActionHelp.h"
+#include "document/ui/menus/ZLEditMenu.h"
+#include "document/ui/menus/ZLRecordingMenu.h"
+#include "document/ui/menus/ZLViewMenu.h"
+#include "document/ui/table/ZLChapterColumnLayout.h"
 #include "templates/ui/ZLTemplatesDrawer.h"
 #include "ui_ZLChapterDocument.h"
 

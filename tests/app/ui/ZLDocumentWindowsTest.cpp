@@ -1,7 +1,7 @@
 #include "app/ui/ZLDocumentWindows.h"
 
 #include "app/ui/ZLDesktopFixture.h"
-#include "document/ui/ZLViewMenu.h"
+#include "document/ui/menus/ZLViewMenu.h"
 
 using namespace Qt::StringLiterals;
 

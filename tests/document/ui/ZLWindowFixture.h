@@ -1,13 +1,13 @@
 #pragma once
 
 #include "document/ui/ZLChapterDocumentWindow.h"
-#include "document/ui/ZLChapterTableView.h"
 #include "document/ui/ZLDocumentToolbar.h"
-#include "document/ui/ZLEditMenu.h"
 #include "document/ui/ZLMessageBar.h"
-#include "document/ui/ZLRecordingMenu.h"
 #include "document/ui/ZLStatusLine.h"
-#include "document/ui/ZLViewMenu.h"
+#include "document/ui/menus/ZLEditMenu.h"
+#include "document/ui/menus/ZLRecordingMenu.h"
+#include "document/ui/menus/ZLViewMenu.h"
+#include "document/ui/table/ZLChapterTableView.h"
 #include "support/ZLDocumentFixture.h"
 
 #include <QAction>

@@ -1,6 +1,6 @@
-#include "document/ui/ZLViewMenu.h"
+#include "document/ui/menus/ZLViewMenu.h"
 
-#include "document/ui/ZLActionHelp.h"
+#include "document/ui/menus/ZLActionHelp.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QAction>

@@ -1,9 +1,9 @@
-#include "document/ui/ZLChapterTableView.h"
+#include "document/ui/table/ZLChapterTableView.h"
 
 #include "document/ZLChapterDocument.h"
-#include "document/ui/ZLChapterCellDelegate.h"
-#include "document/ui/ZLChapterColumnLayout.h"
-#include "document/ui/ZLChapterTableHeader.h"
+#include "document/ui/table/ZLChapterCellDelegate.h"
+#include "document/ui/table/ZLChapterColumnLayout.h"
+#include "document/ui/table/ZLChapterTableHeader.h"
 #include "settings/ZLSettingsManager.h"
 #include "templates/ui/ZLRowHeight.h"
 

@@ -1,4 +1,4 @@
-#include "document/ui/ZLChapterTableHeader.h"
+#include "document/ui/table/ZLChapterTableHeader.h"
 
 #include "document/ZLChapterTableModel.h"
 

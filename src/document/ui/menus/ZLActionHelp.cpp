@@ -1,4 +1,4 @@
-#include "document/ui/ZLActionHelp.h"
+#include "document/ui/menus/ZLActionHelp.h"
 
 #include <QAction>
 #include <QMenu>

@@ -1,4 +1,4 @@
-#include "document/ui/ZLChapterColumnLayout.h"
+#include "document/ui/table/ZLChapterColumnLayout.h"
 
 #include "document/ZLChapterTableModel.h"
 #include "settings/ZLSettingsManager.h"

@@ -1,7 +1,7 @@
-#include "document/ui/ZLChapterCellDelegate.h"
+#include "document/ui/table/ZLChapterCellDelegate.h"
 
 #include "document/ZLChapterTableModel.h"
-#include "document/ui/ZLChapterTableHeader.h"
+#include "document/ui/table/ZLChapterTableHeader.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,5 +1,5 @@
-#include "document/ui/ZLChapterColumnLayout.h"
 #include "document/ui/ZLWindowFixture.h"
+#include "document/ui/table/ZLChapterColumnLayout.h"
 
 #include <QAccessible>
 #include <QDockWidget>

@@ -1,7 +1,7 @@
-#include "document/ui/ZLRecordingMenu.h"
+#include "document/ui/menus/ZLRecordingMenu.h"
 
 #include "document/ZLChapterDocument.h"
-#include "document/ui/ZLActionHelp.h"
+#include "document/ui/menus/ZLActionHelp.h"
 
 #include <QAction>
 #include <QMenu>

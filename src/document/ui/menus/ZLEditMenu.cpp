@@ -1,8 +1,8 @@
-#include "document/ui/ZLEditMenu.h"
+#include "document/ui/menus/ZLEditMenu.h"
 
 #include "document/ZLChapterDocument.h"
-#include "document/ui/ZLActionHelp.h"
-#include "document/ui/ZLChapterTableView.h"
+#include "document/ui/menus/ZLActionHelp.h"
+#include "document/ui/table/ZLChapterTableView.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,4 +1,5 @@
 #include "app/ZLApplication.h"
+#include "app/ZLApplicationSounds.h"
 #include "app/ZLCommandLine.h"
 #include "app/ZLFileCommands.h"
 #include "app/ZLHeadlessRecorder.h"
@@ -34,8 +35,10 @@ int runSendCommand(int& argc, char** argv, const ZLCommandLine& commandLine)
 int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
 {
     const QCoreApplication events(argc, argv);
-    ZLApplication application(
-        {}, ZLApplication::StandardFontSize, { .oscPort = commandLine.oscPort, .oscOutputs = commandLine.oscOutputs });
+    ZLApplicationSounds sounds;
+    ZLApplication application({ .environment = { .soundNamed = sounds.soundNamed() } }, ZLApplication::StandardFontSize,
+        { .oscPort = commandLine.oscPort, .oscOutputs = commandLine.oscOutputs });
+    sounds.prepareForRecording();
     ZLHeadlessRecorder recorder(application.documentController(), ZLHeadlessStreams::standard());
     recorder.showRemoteControl(application.oscController());
     QObject::connect(&recorder, &ZLHeadlessRecorder::didFinish, &events, &QCoreApplication::exit, Qt::QueuedConnection);

@@ -9,11 +9,12 @@
 
 namespace {
 
-ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events)
+ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events, ZLApplicationSounds& sounds)
 {
     ZLDocumentControllerSetup setup;
     setup.environment.isApplicationActive = [] { return QGuiApplication::applicationState() == Qt::ApplicationActive; };
     setup.environment.isOptionKeyHeld = [&events] { return events.isOptionKeyHeld(); };
+    setup.environment.soundNamed = sounds.soundNamed();
     return setup;
 }
 
@@ -21,12 +22,13 @@ ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events)
 
 ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandLine)
     : m_hotKeyCenter(ZLHotKeyCenter::create())
-    , m_application(desktopSetup(events), float(QFontInfo(QApplication::font()).pointSizeF()),
+    , m_application(desktopSetup(events, m_sounds), float(QFontInfo(QApplication::font()).pointSizeF()),
           { m_hotKeyCenter.get(), commandLine.oscPort, commandLine.oscOutputs })
     , m_windows(m_application.documentController())
     , m_remoteStatus(m_application)
     , m_signals({ SIGINT, SIGTERM, SIGHUP })
 {
+    m_sounds.prepareForRecording();
     m_menuShortcuts.followKeyboardLayout(*m_hotKeyCenter);
     // After the windows have heard of the document and made a window for it.
     connect(&m_application.documentController(), &ZLDocumentController::didOpenDocument, this, &ZLDesktop::equipWindow);

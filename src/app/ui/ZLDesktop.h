@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ZLApplication.h"
+#include "app/ZLApplicationSounds.h"
 #include "app/ZLCommandLine.h"
 #include "app/ui/ZLDocumentWindows.h"
 #include "app/ui/ZLMenuShortcuts.h"
@@ -27,6 +28,7 @@ private:
     void equipWindow(ZLChapterDocument* document);
 
     std::unique_ptr<ZLHotKeyCenter> m_hotKeyCenter;
+    ZLApplicationSounds m_sounds;
     ZLApplication m_application;
     ZLDocumentWindows m_windows;
     ZLMenuShortcuts m_menuShortcuts;

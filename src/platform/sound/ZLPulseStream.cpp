@@ -34,7 +34,11 @@ ZLPulseStream::~ZLPulseStream()
     pa_stream_set_state_callback(m_stream, nullptr, nullptr);
     pa_stream_set_started_callback(m_stream, nullptr, nullptr);
     pa_stream_set_latency_update_callback(m_stream, nullptr, nullptr);
-    // Also cancels the drain, whose callback would come to nobody.
+    // The server may still answer the drain, long after there is anybody to tell.
+    if (m_drain) {
+        pa_operation_cancel(m_drain);
+        pa_operation_unref(m_drain);
+    }
     pa_stream_disconnect(m_stream);
     pa_stream_unref(m_stream);
 }
@@ -116,9 +120,8 @@ void ZLPulseStream::writeEverything()
         else
             Q_EMIT pulseStream(self)->didFail();
     };
-    pa_operation* drain = written == 0 ? pa_stream_drain(m_stream, didDrain, this) : nullptr;
-    if (drain)
-        pa_operation_unref(drain);
-    else
+    if (written == 0)
+        m_drain = pa_stream_drain(m_stream, didDrain, this);
+    if (!m_drain)
         Q_EMIT didFail();
 }

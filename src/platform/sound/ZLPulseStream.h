@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+struct pa_operation;
 struct pa_stream;
 
 /// One sound on its way to one output. The signals come from the connection's thread.
@@ -42,6 +43,7 @@ private:
     std::shared_ptr<ZLPulseConnection> m_connection;
     ZLSoundSamples m_samples;
     pa_stream* m_stream = nullptr;
-    /// Guarded by the main loop's lock.
+    /// These two are guarded by the main loop's lock.
+    pa_operation* m_drain = nullptr;
     bool m_isHeard = false;
 };

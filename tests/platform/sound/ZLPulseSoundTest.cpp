@@ -1,3 +1,4 @@
+#include "platform/sound/ZLLongSound.h"
 #include "platform/sound/ZLOutputRecording.h"
 #include "platform/sound/ZLPrivateSoundServer.h"
 #include "platform/sound/ZLPulseSoundServer.h"
@@ -20,11 +21,16 @@ constexpr double beepSeconds = 0.45;
 /// Starting and fading make the first and the last samples too quiet to be told from silence.
 constexpr double beepTolerance = 0.015;
 
-std::unique_ptr<ZLSound> beepOf(ZLSoundServer& server, const QString& output)
+std::unique_ptr<ZLSound> soundOn(ZLSoundServer& server, const QByteArray& file, const QString& output)
 {
-    auto sound = server.sound(ZLSoundResource::named(u"beep.aiff"_s));
+    auto sound = server.sound(file);
     sound->setPlaybackDeviceIdentifier(output);
     return sound;
+}
+
+std::unique_ptr<ZLSound> beepOf(ZLSoundServer& server, const QString& output)
+{
+    return soundOn(server, ZLSoundResource::named(u"beep.aiff"_s), output);
 }
 
 bool waitForEnd(const QSignalSpy& ends)
@@ -113,8 +119,6 @@ TEST_F(ZLPulseSoundTest, ASecondPlayWhileItPlaysStartsNothing)
     const QSignalSpy ends(beep.get(), &ZLSound::didFinishPlaying);
     beep->play();
     beep->play();
-    ASSERT_TRUE(left.hearsSomething());
-    beep->play();
     ASSERT_TRUE(waitForEnd(ends));
     ASSERT_TRUE(left.goesOnFor(0.8));
     EXPECT_EQ(ends.size(), 1);
@@ -153,9 +157,9 @@ TEST_F(ZLPulseSoundTest, AnOutputThatIsPulledOutEndsTheBeepOnce)
     for (const QString& output : { u"right_card"_s, QString() }) {
         ZLOutputRecording recording(output.isEmpty() ? u"left_card"_s : output);
         ASSERT_TRUE(recording.isRunning());
-        const auto beep = beepOf(m_server, output);
-        const QSignalSpy ends(beep.get(), &ZLSound::didFinishPlaying);
-        beep->play();
+        const auto sound = soundOn(m_server, ZLLongSound(), output);
+        const QSignalSpy ends(sound.get(), &ZLSound::didFinishPlaying);
+        sound->play();
         ASSERT_TRUE(recording.hearsSomething());
         ASSERT_TRUE(m_system.removeOutput(output.isEmpty() ? m_system.leftOutput() : m_system.rightOutput()));
         ASSERT_TRUE(waitForEnd(ends));
@@ -170,9 +174,9 @@ TEST_F(ZLPulseSoundTest, AServerThatDiesEndsTheBeepOnceAndTheNextServerIsFound)
     {
         ZLOutputRecording left(u"left_card"_s);
         ASSERT_TRUE(left.isRunning());
-        const auto beep = beepOf(m_server, {});
-        const QSignalSpy ends(beep.get(), &ZLSound::didFinishPlaying);
-        beep->play();
+        const auto sound = soundOn(m_server, ZLLongSound(), {});
+        const QSignalSpy ends(sound.get(), &ZLSound::didFinishPlaying);
+        sound->play();
         ASSERT_TRUE(left.hearsSomething());
         m_system.kill();
         ASSERT_TRUE(waitForEnd(ends));
@@ -194,10 +198,10 @@ TEST_F(ZLPulseSoundTest, ABeepMayBeDroppedWhileItPlays)
 {
     ZLOutputRecording left(u"left_card"_s);
     ASSERT_TRUE(left.isRunning());
-    auto beep = beepOf(m_server, {});
-    beep->play();
+    auto dropped = soundOn(m_server, ZLLongSound(), {});
+    dropped->play();
     ASSERT_TRUE(left.hearsSomething());
-    beep.reset();
+    dropped.reset();
     const auto next = beepOf(m_server, {});
     const QSignalSpy ends(next.get(), &ZLSound::didFinishPlaying);
     next->play();
@@ -217,18 +221,21 @@ TEST_F(ZLPulseSoundTest, OutputsAreListedByTheirLastingNamesAndThoseThatPeopleKn
 
 TEST_F(ZLPulseSoundTest, TheListFollowsWhatIsPluggedInAndOut)
 {
-    ASSERT_EQ(m_server.outputDevices()->size(), 2);
     QSignalSpy changes(&m_server, &ZLSoundServer::outputDevicesDidChange);
+    ASSERT_EQ(m_server.outputDevices()->size(), 2);
+    ASSERT_TRUE(changes.wait(endDeadlineMilliseconds));
+    changes.clear();
     const QString number = m_system.addOutput(u"usb_card"_s, u"Köpfhörer 日本"_s);
     ASSERT_FALSE(number.isEmpty());
-    const auto lists = [this](int count) {
-        return QTest::qWaitFor([&] { return m_server.outputDevices()->size() == count; }, endDeadlineMilliseconds);
+    const auto lists = [this, &changes](int count) {
+        const auto isListed = [&] { return m_server.outputDevices()->size() == count && !changes.isEmpty(); };
+        return QTest::qWaitFor(isListed, endDeadlineMilliseconds);
     };
     ASSERT_TRUE(lists(3));
     EXPECT_EQ(m_server.outputDevices()->last(), (ZLOutputDevice { u"usb_card"_s, u"Köpfhörer 日本"_s }));
+    changes.clear();
     ASSERT_TRUE(m_system.removeOutput(number));
     ASSERT_TRUE(lists(2));
-    EXPECT_GE(changes.size(), 2);
 }
 
 TEST(ZLMissingSoundServerTest, TheBeepEndsAndThereIsNoList)

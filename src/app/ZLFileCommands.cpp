@@ -1,6 +1,7 @@
 #include "app/ZLFileCommands.h"
 
 #include "app/ZLChapterListing.h"
+#include "export/formats/ZLExportAdvice.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLAtomicFile.h"
 
@@ -129,6 +130,9 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
         .option = commandLine.exportOption,
         .fileBaseName = ZLExporter::fileBaseName(target) };
     if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
+        // A pipe would keep the reading waiting.
+        if (const QFileInfo file(target); file.exists() && !file.isFile())
+            return ZLError { fileCommandText("%1: this is no ordinary file.").arg(target) };
         auto existing = ZLAtomicFile::read(target);
         if (!existing)
             return existing.error();
@@ -137,7 +141,10 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
     const auto bytes = exporterClass.create()->exportedBytes(input);
     if (!bytes)
         return ZLError { u"%1: %2"_s.arg(target, bytes.error().message) };
-    return ZLAtomicFile::write(target, bytes.value());
+    const ZLStatus status = ZLAtomicFile::write(target, bytes.value());
+    if (status)
+        advise(ZLExportAdvice::lines(exporterClass.format().name, input));
+    return status;
 }
 
 int ZLFileCommands::showFile(const ZLCommandLine& commandLine)
@@ -164,6 +171,18 @@ int ZLFileCommands::print(const QString& text)
 
 int ZLFileCommands::fail(int status, const QString& message)
 {
+    printErrorLine(message);
+    return status;
+}
+
+void ZLFileCommands::advise(const QStringList& lines)
+{
+    for (const QString& line : lines)
+        printErrorLine(line);
+}
+
+void ZLFileCommands::printErrorLine(const QString& message)
+{
     // A file name may hold line breaks and worse, and still the reason is one line.
     QString line = message;
     for (QChar& character : line) {
@@ -172,5 +191,4 @@ int ZLFileCommands::fail(int status, const QString& message)
     }
     m_err << "zelta: " << line << '\n';
     m_err.flush();
-    return status;
 }

@@ -6,7 +6,8 @@
 #include <QTextStream>
 
 /// The commands that work on files and end: no window, no display, no running recorder. Each returns a ZLExitStatus;
-/// when it is not Done, one line on the error stream says why and no file was changed.
+/// when it is not Done, one line on the error stream says why and no file was changed. An export that is done may have
+/// lines there as well: what the destination will not like.
 class ZLFileCommands {
 public:
     /// The streams have to outlive the object.
@@ -24,9 +25,11 @@ private:
     [[nodiscard]] int showFile(const ZLCommandLine& commandLine);
     [[nodiscard]] int print(const QString& text);
     [[nodiscard]] int fail(int status, const QString& message);
+    void advise(const QStringList& lines);
+    void printErrorLine(const QString& message);
 
     [[nodiscard]] ZLResult<ZLExporterClass> exporterClassFor(const ZLCommandLine& commandLine) const;
-    [[nodiscard]] static ZLStatus writeExport(const ZLExporterClass& exporterClass, const ZLCommandLine& commandLine);
+    [[nodiscard]] ZLStatus writeExport(const ZLExporterClass& exporterClass, const ZLCommandLine& commandLine);
 
     QList<ZLExporterClass> m_exporterClasses;
     QTextStream& m_out;

@@ -44,6 +44,8 @@ struct ZLExportInput {
     ZLChapterSequence chapters {};
     /// Seconds of all finished recording spans.
     double duration = 0.0;
+    /// Whether a further span still runs, whose end nobody knows. No byte depends on it, only what the user is told.
+    bool isRecording = false;
     ZLExportOption option = ZLExportOption::Off;
     /// Name of the chosen file without its folder and its last extension.
     QString fileBaseName {};

@@ -215,6 +215,59 @@ TEST_F(ZLFileCommandsTest, ExportRewritesASessionInPlace)
     EXPECT_EQ(contentsOf(at(u"empty.session"_s)), "");
 }
 
+TEST_F(ZLFileCommandsTest, ExportPutsMarkersIntoASession)
+{
+    store({ storedChapter(1, u"A"_s) });
+    const QString session = at(u"my.nhsx"_s);
+    ASSERT_TRUE(ZLAtomicFile::write(session, "<S></Session>").isOk());
+    ASSERT_TRUE(QFile::setPermissions(session, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+    const auto permissions = QFileInfo(session).permissions();
+
+    EXPECT_EQ(run(exportTo(session, u"Hindenburg"_s)), 0);
+
+    EXPECT_EQ(contentsOf(session),
+        "<S><Markers>\n<Marker Id=\"1\" Name=\"A\" Time=\"1.000\" Type=\"Chapter\" Title=\"\" URL=\"\"/>\n"
+        "</Markers>\n</Session>");
+    EXPECT_EQ(QFileInfo(session).permissions(), permissions);
+    for (const QByteArray& unfit : { QByteArray(), QByteArray("\xff</Session>"), QByteArray("<Markers></Session>") }) {
+        ASSERT_TRUE(ZLAtomicFile::write(session, unfit).isOk());
+        expectFailure(1, exportTo(session, u"Hindenburg"_s));
+        EXPECT_TRUE(m_err.contains(session)) << qPrintable(m_err);
+        EXPECT_EQ(contentsOf(session), unfit);
+    }
+    const QByteArray pipe = QFile::encodeName(at(u"pipe.nhsx"_s));
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    expectFailure(1, exportTo(at(u"pipe.nhsx"_s), u"Hindenburg"_s));
+}
+
+TEST_F(ZLFileCommandsTest, ExportTellsWhatTheDestinationWillNotLike)
+{
+    store({ storedChapter(5, u"A"_s), storedChapter(5.5, u"B"_s) });
+    EXPECT_EQ(run(exportTo(at(u"out.txt"_s), u"YouTube"_s)), 0);
+    EXPECT_EQ(contentsOf(at(u"out.txt"_s)), "00:05 A\n00:05 B\n");
+    EXPECT_EQ(m_out, QString());
+    EXPECT_EQ(m_err,
+        u"zelta: YouTube needs a first chapter at 00:00, at least three, each ten seconds or longer: the first is at "
+        "00:05; there are only 2.\n"
+        "zelta: Times are whole seconds, and YouTube wants them to rise: chapters 1 and 2 fall into the same second.\n"_s);
+
+    expectFailure(1, exportTo(u"/proc/zelta-out.txt"_s, u"YouTube"_s));
+}
+
+TEST_F(ZLFileCommandsTest, TheOptionIsForTheTwoFormatsWithACheckbox)
+{
+    store({ storedChapter(65.9, u"A"_s) }, 100);
+    for (const ZLExporterClass& exporterClass : ZLExporter::allExporters()) {
+        const ZLExportFormat& format = exporterClass.format();
+        const bool hasCheckbox = format.name == "Markdown"_L1 || format.name == "Final Cut Pro X"_L1;
+        ASSERT_TRUE(ZLAtomicFile::write(at(u"out"_s), "<S></Session>").isOk());
+        EXPECT_EQ(run(exportTo(at(u"out"_s), format.name) + QStringList { u"--option"_s }), hasCheckbox ? 0 : 2)
+            << qPrintable(format.name);
+    }
+    EXPECT_EQ(run(exportTo(at(u"out"_s), u"Markdown"_s) + QStringList { u"--option"_s }), 0);
+    EXPECT_EQ(contentsOf(at(u"out"_s)), u"*   00:01:05 – A\n"_s.toUtf8());
+}
+
 TEST_F(ZLFileCommandsTest, ExportFailsWithoutATrace)
 {
     const QString podlove = u"Podlove Simple Chapters"_s;

@@ -1,18 +1,36 @@
 #include "export/ui/ZLExportFlow.h"
 
 #include "document/ZLChapterDocument.h"
+#include "export/formats/ZLExportAdvice.h"
+#include "export/ui/ZLExportAdviceView.h"
 #include "platform/ZLAtomicFile.h"
 
 #include <QCheckBox>
+#include <QDesktopServices>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QGridLayout>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The place below the name filters of Qt's own dialog.
+void appendToDialog(QFileDialog& dialog, QWidget* widget)
+{
+    if (auto* grid = qobject_cast<QGridLayout*>(dialog.layout()))
+        grid->addWidget(widget, grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+}
 
 ZLExportFlow::ZLExportFlow(const ZLExporterClass& exporterClass, QObject* parent)
     : QObject(parent)
     , m_exporterClass(exporterClass)
+    , m_openFile([](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); })
 {
 }
 
@@ -33,6 +51,8 @@ void ZLExportFlow::exportChapters(ZLChapterDocument* document, QWidget* window)
     connect(m_dialog, &QDialog::finished, this, &ZLExportFlow::dialogDidFinish);
     // The dialog goes with the window that it stands in front of; the flow has nothing to wait for then.
     connect(m_dialog, &QObject::destroyed, this, &QObject::deleteLater);
+    if (document && m_adviceView)
+        connect(document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLExportFlow::updateAdvice);
     m_dialog->show();
 }
 
@@ -45,27 +65,48 @@ void ZLExportFlow::createDialog(const QString& displayName, QWidget* window)
 {
     const ZLExportFormat& format = m_exporterClass.format();
     m_dialog = new QFileDialog(window, tr("Export to %1").arg(format.name));
-    if (format.hasOption())
-        installOptionCheckBox();
+    chooseKindOfDialog();
     m_dialog->setNameFilter(u"%1 (*.%2)"_s.arg(format.name, format.fileType));
     if (format.dialogKind == ZLExportDialogKind::Open) {
         m_dialog->setAcceptMode(QFileDialog::AcceptOpen);
         m_dialog->setFileMode(QFileDialog::ExistingFile);
-        return;
+    } else {
+        m_dialog->setAcceptMode(QFileDialog::AcceptSave);
+        m_dialog->setFileMode(QFileDialog::AnyFile);
+        m_dialog->setDefaultSuffix(format.fileType);
+        m_dialog->selectFile(ZLExporter::proposedFileName(displayName, format.fileType));
     }
-    m_dialog->setAcceptMode(QFileDialog::AcceptSave);
-    m_dialog->setFileMode(QFileDialog::AnyFile);
-    m_dialog->setDefaultSuffix(format.fileType);
-    m_dialog->selectFile(ZLExporter::proposedFileName(displayName, format.fileType));
+    if (m_adviceView)
+        updateAdvice();
 }
 
-void ZLExportFlow::installOptionCheckBox()
+void ZLExportFlow::chooseKindOfDialog()
 {
-    // The desktop's own dialog has no place for the checkbox, so it is used only by formats that have none.
+    const ZLExportFormat& format = m_exporterClass.format();
+    if (!format.hasOption() && ZLExportAdvice::lines(format.name, inputFor({})).isEmpty())
+        return;
     m_dialog->setOption(QFileDialog::DontUseNativeDialog);
-    m_optionCheckBox = new QCheckBox(m_exporterClass.format().optionTitle, m_dialog);
-    if (auto* grid = qobject_cast<QGridLayout*>(m_dialog->layout()))
-        grid->addWidget(m_optionCheckBox, grid->rowCount(), 0, 1, grid->columnCount());
+    installAdditions();
+}
+
+void ZLExportFlow::installAdditions()
+{
+    if (m_exporterClass.format().hasOption()) {
+        m_optionCheckBox = new QCheckBox(m_exporterClass.format().optionTitle, m_dialog);
+        connect(m_optionCheckBox, &QCheckBox::toggled, this, &ZLExportFlow::updateAdvice);
+        appendToDialog(*m_dialog, m_optionCheckBox);
+    }
+    m_adviceView = new ZLExportAdviceView(m_dialog);
+    appendToDialog(*m_dialog, m_adviceView);
+    // A format may write the file's name into the file.
+    if (const auto* nameEdit = m_dialog->findChild<QLineEdit*>(u"fileNameEdit"_s))
+        connect(nameEdit, &QLineEdit::textChanged, this, &ZLExportFlow::updateAdvice);
+}
+
+void ZLExportFlow::updateAdvice()
+{
+    const QString path = m_dialog->selectedFiles().value(0);
+    m_adviceView->setLines(ZLExportAdvice::lines(m_exporterClass.format().name, inputFor(path)));
 }
 
 void ZLExportFlow::dialogDidFinish(int result)
@@ -74,37 +115,56 @@ void ZLExportFlow::dialogDidFinish(int result)
     const QString path = m_dialog->selectedFiles().value(0);
     if (result != QDialog::Accepted || path.isEmpty())
         return;
-    const ZLStatus status = writeTo(path);
+    // An empty list must not take the place of the chapters that the file was chosen for.
+    if (isDocumentGone())
+        Q_EMIT exportDidFail(tr("The document was closed before it could be exported."));
+    else
+        exportTo(path);
+}
+
+void ZLExportFlow::exportTo(const QString& path)
+{
+    const ZLExportFormat& format = m_exporterClass.format();
+    const auto exporter = m_exporterClass.create();
+    ZLExportInput input = inputFor(path);
+    ZLResult<QByteArray> existing = QByteArray();
+    if (format.dialogKind == ZLExportDialogKind::Open)
+        existing = ZLAtomicFile::read(path);
+    if (existing)
+        input.existingBytes = std::move(existing).value();
+    if (const auto alert = exporter->alertFor(input)) {
+        showAlert(*alert);
+        return;
+    }
+    const auto bytes = existing ? exporter->exportedBytes(input) : existing;
+    const ZLStatus status = bytes ? ZLAtomicFile::write(path, bytes.value()) : ZLStatus(bytes.error());
     if (status)
         Q_EMIT exportDidFinish(path);
     else
         Q_EMIT exportDidFail(status.error().message);
+    // Also after a failure: what stood there before may be what the user is after.
+    if (format.afterwards == ZLExportAfterwards::OpenInTextEditor)
+        m_openFile(path);
 }
 
-ZLStatus ZLExportFlow::writeTo(const QString& path)
+void ZLExportFlow::showAlert(const ZLExportAlert& alert) const
 {
-    // An empty list must not take the place of the chapters that the file was chosen for.
-    if (isDocumentGone())
-        return ZLError { tr("The document was closed before it could be exported.") };
-    ZLExportInput input = inputFor(path);
-    if (m_exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
-        auto existing = ZLAtomicFile::read(path);
-        if (!existing)
-            return existing.error();
-        input.existingBytes = std::move(existing).value();
-    }
-    const auto bytes = m_exporterClass.create()->exportedBytes(input);
-    if (!bytes)
-        return bytes.error();
-    return ZLAtomicFile::write(path, bytes.value());
+    auto* box = new QMessageBox(
+        QMessageBox::Warning, tr("Zelta"), alert.message, QMessageBox::NoButton, m_dialog->parentWidget());
+    box->setInformativeText(alert.informativeText);
+    box->addButton(tr("OK"), QMessageBox::AcceptRole);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    // Not exec(): a recording goes on, and so does everything that a remote control asks for.
+    box->open();
 }
 
 ZLExportInput ZLExportFlow::inputFor(const QString& path) const
 {
     ZLExportInput input;
-    if (m_document) {
+    if (m_document && !m_document->isNull()) {
         input.chapters = (*m_document)->chapterManager().allChapters();
         input.duration = (*m_document)->duration();
+        input.isRecording = (*m_document)->isRecording();
     }
     if (m_optionCheckBox && m_optionCheckBox->isChecked())
         input.option = ZLExportOption::On;

@@ -5,11 +5,13 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
 #include <optional>
 
 class QCheckBox;
 class QFileDialog;
 class ZLChapterDocument;
+class ZLExportAdviceView;
 
 /// One export, from the file dialog to the written file. It is made for one menu click, reports once at most and then
 /// deletes itself; nothing is remembered for the next export.
@@ -20,9 +22,16 @@ public:
     explicit ZLExportFlow(const ZLExporterClass& exporterClass, QObject* parent = nullptr);
     ~ZLExportFlow() override;
 
+    /// How a file is opened in the user's text editor; a test hands in something else.
+    using FileOpener = std::function<void(const QString& path)>;
+    void setFileOpener(FileOpener opener) { m_openFile = std::move(opener); }
+
     /// Shows the dialog, as a window of its own in front of `window`, and returns at once. The chapters are taken when
     /// the dialog is confirmed. Without a document the format's empty file is written; a document that is closed while
     /// the dialog stands is not exported any more. Does nothing for a format without a file.
+    ///
+    /// What the destination will not like stands in the dialog and follows the document. The desktop's own dialog has
+    /// no place for it, nor for a checkbox, so it is taken where there is neither.
     void exportChapters(ZLChapterDocument* document, QWidget* window = nullptr);
 
     /// The dialog while it stands, else null.
@@ -31,20 +40,26 @@ public:
 Q_SIGNALS:
     /// The file at `path` is written.
     void exportDidFinish(const QString& path);
-    /// Nothing was written; `message` says why in one sentence.
+    /// Nothing was written; `message` says why in one sentence. Where the format has an alert for it, the alert is
+    /// shown instead.
     void exportDidFail(const QString& message);
 
 private:
     void createDialog(const QString& displayName, QWidget* window);
-    void installOptionCheckBox();
+    void chooseKindOfDialog();
+    void installAdditions();
+    void updateAdvice();
     void dialogDidFinish(int result);
+    void showAlert(const ZLExportAlert& alert) const;
     [[nodiscard]] bool isDocumentGone() const { return m_document && m_document->isNull(); }
-    [[nodiscard]] ZLStatus writeTo(const QString& path);
+    void exportTo(const QString& path);
     [[nodiscard]] ZLExportInput inputFor(const QString& path) const;
 
     ZLExporterClass m_exporterClass;
+    FileOpener m_openFile;
     /// Absent when there was no document from the start; null when it was closed since.
     std::optional<QPointer<ZLChapterDocument>> m_document;
     QPointer<QFileDialog> m_dialog;
     QCheckBox* m_optionCheckBox = nullptr;
+    ZLExportAdviceView* m_adviceView = nullptr;
 };

@@ -1,7 +1,11 @@
 #include "export/ui/ZLExportFlow.h"
 
 #include "document/ZLChapterDocument.h"
+#include "export/formats/ZLFinalCutExporter.h"
+#include "export/formats/ZLHindenburgExporter.h"
 #include "export/formats/ZLSimpleChaptersExporter.h"
+#include "export/formats/ZLYouTubeExporter.h"
+#include "export/ui/ZLExportAdviceView.h"
 #include "platform/ZLAtomicFile.h"
 
 #include <QApplication>
@@ -89,6 +93,7 @@ protected:
     void start(ZLChapterDocument* document)
     {
         m_flow = new ZLExportFlow(ZLExporterClass::of<Exporter>());
+        m_flow->setFileOpener([this](const QString& path) { m_opened.append(path); });
         connectOutcome();
         m_flow->exportChapters(document);
     }
@@ -131,6 +136,26 @@ protected:
         deleteFinished();
     }
 
+    void open(const QString& path)
+    {
+        type(path);
+        press(QDialogButtonBox::Open);
+        deleteFinished();
+    }
+
+    [[nodiscard]] ZLExportAdviceView* adviceView() const { return m_flow->dialog()->findChild<ZLExportAdviceView*>(); }
+    [[nodiscard]] QStringList advice() const { return adviceView() ? adviceView()->lines() : QStringList(); }
+
+    static QMessageBox* shownAlert()
+    {
+        const auto widgets = QApplication::topLevelWidgets();
+        for (QWidget* widget : widgets) {
+            if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible())
+                return box;
+        }
+        return nullptr;
+    }
+
     static void deleteFinished() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     QString at(const QString& name) const { return m_folder.filePath(name); }
@@ -150,6 +175,7 @@ protected:
     QPointer<ZLExportFlow> m_flow;
     QStringList m_written;
     QStringList m_failures;
+    QStringList m_opened;
 };
 
 TEST_F(ZLExportFlowTest, ShowsASaveDialogThatBlocksNothing)
@@ -397,4 +423,122 @@ TEST_F(ZLExportFlowTest, ShowsNoDialogForTheBaseClass)
     deleteFinished();
     EXPECT_TRUE(m_flow.isNull());
     EXPECT_TRUE(m_written.isEmpty() && m_failures.isEmpty());
+}
+
+TEST_F(ZLExportFlowTest, TellsInTheDialogWhatTheDestinationWillNotLike)
+{
+    start<ZLYouTubeExporter>(m_document.get());
+
+    ASSERT_NE(adviceView(), nullptr);
+    EXPECT_TRUE(adviceView()->isVisible());
+    EXPECT_EQ(advice(),
+        QStringList { u"YouTube needs a first chapter at 00:00, at least three, each ten seconds or longer: "
+                      "the first is at 00:05; there is only one."_s });
+    EXPECT_EQ(adviceView()->accessibleName(), advice().join(u'\n'));
+
+    save(at(u"out.txt"_s));
+    EXPECT_EQ(contentsOf(u"out.txt"_s), "00:05 One & only\n") << "not a byte is different for it";
+}
+
+TEST_F(ZLExportFlowTest, TheAdviceFollowsTheDocument)
+{
+    start<ZLYouTubeExporter>(m_document.get());
+    addChapter(0, u"Start"_s);
+    EXPECT_TRUE(advice().value(0).endsWith("there are only 2; chapter 1 is 5 s long."_L1)) << qPrintable(advice()[0]);
+    addChapter(60, u"Later"_s);
+    EXPECT_TRUE(advice().value(0).endsWith("longer: chapter 1 is 5 s long."_L1)) << qPrintable(advice()[0]);
+    m_document->removeChapter(m_document->chapterManager().chapterAtIndex(1));
+    addChapter(90, u"Last"_s);
+    EXPECT_EQ(advice(), QStringList());
+    EXPECT_FALSE(adviceView()->isVisible());
+    press(QDialogButtonBox::Cancel);
+    deleteFinished();
+}
+
+TEST_F(ZLExportFlowTest, TheAdviceFollowsTheTypedName)
+{
+    m_document->readFromData(ZLDocumentFile::encode({ .chapters = {}, .duration = 60, .templates = {} }));
+    addChapter(5, u"One"_s);
+    start<ZLFinalCutExporter>(m_document.get());
+    EXPECT_EQ(advice(), QStringList());
+    type(at(u"Q&A.fcpxml"_s));
+    EXPECT_EQ(advice().size(), 1);
+    type(at(u"Q and A.fcpxml"_s));
+    EXPECT_EQ(advice(), QStringList());
+    press(QDialogButtonBox::Cancel);
+    deleteFinished();
+}
+
+TEST_F(ZLExportFlowTest, OpensTheYouTubeListAfterwards)
+{
+    start<ZLYouTubeExporter>(m_document.get());
+    save(at(u"list.txt"_s));
+    EXPECT_EQ(m_opened, QStringList { at(u"list.txt"_s) });
+
+    start<ZLYouTubeExporter>(nullptr);
+    save(at(u"empty.txt"_s));
+    EXPECT_EQ(contentsOf(u"empty.txt"_s), "");
+    EXPECT_EQ(m_opened.size(), 2) << "an empty one too";
+
+    start<ZLYouTubeExporter>(m_document.get());
+    save(u"/proc/zelta-export.txt"_s);
+    EXPECT_EQ(m_failures.size(), 1);
+    EXPECT_EQ(m_opened.value(2), u"/proc/zelta-export.txt"_s) << "whether it was written or not";
+}
+
+TEST_F(ZLExportFlowTest, OpensNoOtherFormatAndNothingAfterCancelling)
+{
+    start<ZLSimpleChaptersExporter>(m_document.get());
+    save(at(u"out.psc"_s));
+    start<ZLYouTubeExporter>(m_document.get());
+    press(QDialogButtonBox::Cancel);
+    deleteFinished();
+    EXPECT_EQ(m_opened, QStringList());
+}
+
+TEST_F(ZLExportFlowTest, PutsMarkersIntoASession)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"my.nhsx"_s), "<S><Markers/></Session>").isOk());
+    start<ZLHindenburgExporter>(m_document.get());
+    EXPECT_EQ(m_flow->dialog()->nameFilters(), QStringList { u"Hindenburg (*.nhsx)"_s });
+    EXPECT_EQ(m_flow->dialog()->fileMode(), QFileDialog::ExistingFile) << "no folders";
+
+    open(at(u"my.nhsx"_s));
+
+    EXPECT_EQ(contentsOf(u"my.nhsx"_s),
+        "<S><Markers>\n<Marker Id=\"1\" Name=\"One &amp; only\" Time=\"5.000\" Type=\"Chapter\" Title=\"\" URL=\"\"/>\n"
+        "</Markers>\n</Session>");
+    EXPECT_EQ(m_written, QStringList { at(u"my.nhsx"_s) });
+}
+
+TEST_F(ZLExportFlowTest, AlertsWhereThereIsNoSession)
+{
+    for (const QByteArray& unfit : { QByteArray(), QByteArray("</Session>"), QByteArray("\xff\xfe</Session>") }) {
+        ASSERT_TRUE(ZLAtomicFile::write(at(u"my.nhsx"_s), unfit).isOk());
+        start<ZLHindenburgExporter>(m_document.get());
+        open(at(u"my.nhsx"_s));
+
+        QMessageBox* alert = shownAlert();
+        ASSERT_NE(alert, nullptr);
+        EXPECT_EQ(alert->text(), u"HALP!"_s);
+        EXPECT_EQ(alert->informativeText(),
+            u"I couldn't find the Sessions tag. Please provide a well formatted Hindenburg File!"_s);
+        ASSERT_EQ(alert->buttons().size(), 1);
+        EXPECT_EQ(alert->buttons().constFirst()->text(), u"OK"_s);
+        alert->buttons().constFirst()->click();
+        deleteFinished();
+        EXPECT_EQ(shownAlert(), nullptr);
+        EXPECT_EQ(contentsOf(u"my.nhsx"_s), unfit);
+    }
+    EXPECT_TRUE(m_written.isEmpty() && m_failures.isEmpty()) << "the alert says it";
+}
+
+TEST_F(ZLExportFlowTest, SaysWhyMarkersAreAbandoned)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"my.nhsx"_s), "<S><Markers></Session>").isOk());
+    start<ZLHindenburgExporter>(m_document.get());
+    open(at(u"my.nhsx"_s));
+    EXPECT_EQ(shownAlert(), nullptr);
+    EXPECT_EQ(m_failures, QStringList { u"The markers of this session have no end."_s });
+    EXPECT_EQ(contentsOf(u"my.nhsx"_s), "<S><Markers></Session>");
 }

@@ -1,0 +1,311 @@
+#include "export/formats/ZLExportFindings.h"
+
+#include "export/formats/ZLChapterText.h"
+#include "export/formats/ZLYouTubeExporter.h"
+#include "model/ZLTimeText.h"
+
+#include <QCoreApplication>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString somethingFound = u""_s;
+
+QString findingText(const char* text)
+{
+    return QCoreApplication::translate("ZLExportFindings", text);
+}
+
+/// "chapter 4", "chapters 4 and 7", "chapters 4, 7 and 9", "chapters 4, 7, 9 and 12 more".
+QString chapterNumbers(const QList<qsizetype>& numbers)
+{
+    constexpr qsizetype mostNamed = 3;
+    if (numbers.size() == 1)
+        return findingText("chapter %1").arg(numbers.constFirst());
+    QStringList named;
+    for (const qsizetype number : numbers.first(std::min(numbers.size(), mostNamed)))
+        named.append(QString::number(number));
+    const QString last =
+        numbers.size() > mostNamed ? findingText("%1 more").arg(numbers.size() - mostNamed) : named.takeLast();
+    return findingText("chapters %1 and %2").arg(named.join(", "_L1), last);
+}
+
+enum class ChaptersLookedAt { Enabled, All };
+
+/// The chapters for which `isMeant` holds, by their numbers.
+template <typename Predicate>
+ZLExportFinding chaptersThat(
+    const ZLExportInput& input, Predicate isMeant, ChaptersLookedAt which = ChaptersLookedAt::Enabled)
+{
+    QList<qsizetype> numbers;
+    for (qsizetype i = 0; i < input.chapters.size(); ++i) {
+        const ZLChapter& chapter = *input.chapters.at(i);
+        if ((which == ChaptersLookedAt::All || chapter.isEnabled()) && isMeant(chapter))
+            numbers.append(i + 1);
+    }
+    return numbers.isEmpty() ? std::nullopt : ZLExportFinding(chapterNumbers(numbers));
+}
+
+/// An enabled chapter with its number.
+struct NumberedChapter {
+    qsizetype number;
+    const ZLChapter* chapter;
+    [[nodiscard]] std::uint64_t seconds() const { return ZLChapterText::unsignedMilliseconds(*chapter) / 1000; }
+};
+
+QList<NumberedChapter> enabledChapters(const ZLExportInput& input)
+{
+    QList<NumberedChapter> enabled;
+    for (qsizetype i = 0; i < input.chapters.size(); ++i) {
+        if (input.chapters.at(i)->isEnabled())
+            enabled.append({ i + 1, input.chapters.at(i).get() });
+    }
+    return enabled;
+}
+
+/// Pairs of neighbours with the same `time`, by the number of the second.
+template <typename Time>
+ZLExportFinding neighboursWithTheSame(const ZLExportInput& input, Time time)
+{
+    QList<qsizetype> numbers;
+    qsizetype previousNumber = 0;
+    const auto enabled = enabledChapters(input);
+    for (qsizetype i = 1; i < enabled.size(); ++i) {
+        if (time(*enabled.at(i).chapter) != time(*enabled.at(i - 1).chapter))
+            continue;
+        previousNumber = enabled.at(i - 1).number;
+        numbers.append(enabled.at(i).number);
+    }
+    if (numbers.isEmpty())
+        return std::nullopt;
+    if (numbers.size() == 1)
+        return findingText("chapters %1 and %2").arg(previousNumber).arg(numbers.constFirst());
+    return findingText("%1 (each with the one before)").arg(chapterNumbers(numbers));
+}
+
+bool isEndKnown(const ZLExportInput& input)
+{
+    return input.duration > 0.0 && !input.isRecording;
+}
+
+/// The enabled chapters that take from 1 to 9 seconds, as written; the last ends with the recording.
+QStringList shortChapters(const ZLExportInput& input, const QList<NumberedChapter>& enabled)
+{
+    constexpr std::uint64_t leastSeconds = 10;
+    QList<qsizetype> numbers;
+    std::uint64_t lastLength = 0;
+    for (qsizetype i = 0; i < enabled.size(); ++i) {
+        const bool isLast = i + 1 == enabled.size();
+        if (isLast && !isEndKnown(input))
+            break;
+        const std::uint64_t begin = enabled.at(i).seconds();
+        const std::uint64_t end = isLast ? ZLTimeText::truncated(input.duration) : enabled.at(i + 1).seconds();
+        if (end <= begin || end - begin >= leastSeconds)
+            continue;
+        numbers.append(enabled.at(i).number);
+        lastLength = end - begin;
+    }
+    if (numbers.isEmpty())
+        return {};
+    if (numbers.size() == 1)
+        return { findingText("chapter %1 is %2 s long").arg(numbers.constFirst()).arg(lastLength) };
+    return { findingText("%1 are shorter").arg(chapterNumbers(numbers)) };
+}
+
+bool holdsLineBreak(const QString& text)
+{
+    return text.contains(u'\n') || text.contains(u'\r') || text.contains(QChar::LineSeparator)
+        || text.contains(QChar::ParagraphSeparator);
+}
+
+bool holdsAnyOf(const QString& text, QLatin1StringView characters)
+{
+    return std::any_of(text.cbegin(), text.cend(), [&](QChar character) { return characters.contains(character); });
+}
+
+bool holdsForbiddenInXml(const QString& text)
+{
+    return std::any_of(text.cbegin(), text.cend(), [](QChar character) {
+        const char16_t code = character.unicode();
+        return (code < 0x20 && code != '\t' && code != '\n' && code != '\r') || code == 0xFFFE || code == 0xFFFF;
+    });
+}
+
+}
+
+ZLExportFinding ZLExportFindings::noEnabledChapter(const ZLExportInput& input)
+{
+    return enabledChapters(input).isEmpty() ? ZLExportFinding(somethingFound) : std::nullopt;
+}
+
+ZLExportFinding ZLExportFindings::noChapterFromTheStartOn(const ZLExportInput& input)
+{
+    const auto isWritten = [](const ZLChapterPointer& chapter) { return !(chapter->timeStamp() < 0.0); };
+    return std::ranges::any_of(input.chapters, isWritten) ? std::nullopt : ZLExportFinding(somethingFound);
+}
+
+ZLExportFinding ZLExportFindings::beforeTheStart(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) { return chapter.timeStamp() < 0.0; });
+}
+
+ZLExportFinding ZLExportFindings::anyBeforeTheStart(const ZLExportInput& input)
+{
+    return chaptersThat(
+        input, [](const ZLChapter& chapter) { return chapter.timeStamp() < 0.0; }, ChaptersLookedAt::All);
+}
+
+ZLExportFinding ZLExportFindings::afterTheEnd(const ZLExportInput& input)
+{
+    if (!isEndKnown(input))
+        return std::nullopt;
+    return chaptersThat(input, [&](const ZLChapter& chapter) { return chapter.timeStamp() > input.duration; });
+}
+
+ZLExportFinding ZLExportFindings::anyAfterTheFinishedSpans(const ZLExportInput& input)
+{
+    return chaptersThat(
+        input, [&](const ZLChapter& chapter) { return chapter.timeStamp() > input.duration; }, ChaptersLookedAt::All);
+}
+
+ZLExportFinding ZLExportFindings::beyond32Bits(const ZLExportInput& input)
+{
+    constexpr double lastMillisecond = std::numeric_limits<std::int32_t>::max();
+    return chaptersThat(
+        input, [](const ZLChapter& chapter) { return chapter.timeStamp() * 1000.0 > lastMillisecond; },
+        ChaptersLookedAt::All);
+}
+
+ZLExportFinding ZLExportFindings::recordingGoesOn(const ZLExportInput& input)
+{
+    return input.isRecording ? ZLExportFinding(somethingFound) : std::nullopt;
+}
+
+ZLExportFinding ZLExportFindings::inTheSameSecond(const ZLExportInput& input)
+{
+    return neighboursWithTheSame(
+        input, [](const ZLChapter& chapter) { return ZLChapterText::unsignedMilliseconds(chapter) / 1000; });
+}
+
+ZLExportFinding ZLExportFindings::inTheSameMillisecond(const ZLExportInput& input)
+{
+    return neighboursWithTheSame(input, [](const ZLChapter& chapter) {
+        return std::pair(chapter.timeStamp() < 0.0, ZLChapterText::unsignedMilliseconds(chapter));
+    });
+}
+
+ZLExportFinding ZLExportFindings::inTheSameSecondIfTimed(const ZLExportInput& input)
+{
+    return input.option == ZLExportOption::On ? inTheSameSecond(input) : std::nullopt;
+}
+
+ZLExportFinding ZLExportFindings::beforeTheStartIfTimed(const ZLExportInput& input)
+{
+    return input.option == ZLExportOption::On ? beforeTheStart(input) : std::nullopt;
+}
+
+ZLExportFinding ZLExportFindings::unfitForYouTube(const ZLExportInput& input)
+{
+    constexpr qsizetype leastChapters = 3;
+    const auto enabled = enabledChapters(input);
+    if (enabled.isEmpty())
+        return std::nullopt;
+    QStringList findings;
+    if (enabled.constFirst().seconds() != 0)
+        findings += findingText("the first is at %1")
+                        .arg(ZLYouTubeExporter::timeStringForChapter(*enabled.constFirst().chapter));
+    if (enabled.size() < leastChapters)
+        findings += enabled.size() == 1 ? findingText("there is only one")
+                                        : findingText("there are only %1").arg(enabled.size());
+    findings += shortChapters(input, enabled);
+    return findings.isEmpty() ? std::nullopt : ZLExportFinding(findings.join("; "_L1));
+}
+
+ZLExportFinding ZLExportFindings::tooLongForYouTube(const ZLExportInput& input)
+{
+    constexpr qsizetype mostBytes = 5000;
+    const auto bytes = ZLYouTubeExporter().exportedBytes(input);
+    if (!bytes || bytes.value().size() <= mostBytes)
+        return std::nullopt;
+    return QString::number(bytes.value().size());
+}
+
+ZLExportFinding ZLExportFindings::angleBracketsInTitles(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) { return holdsAnyOf(chapter.title(), "<>"_L1); });
+}
+
+ZLExportFinding ZLExportFindings::links(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) { return !chapter.link().isEmpty(); });
+}
+
+ZLExportFinding ZLExportFindings::lineBreaks(const ZLExportInput& input)
+{
+    return chaptersThat(input,
+        [](const ZLChapter& chapter) { return holdsLineBreak(chapter.title()) || holdsLineBreak(chapter.link()); });
+}
+
+ZLExportFinding ZLExportFindings::lineBreaksInTitles(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) { return holdsLineBreak(chapter.title()); });
+}
+
+ZLExportFinding ZLExportFindings::commasInTitles(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) { return chapter.title().contains(u','); });
+}
+
+ZLExportFinding ZLExportFindings::emptyTitles(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) { return chapter.title().trimmed().isEmpty(); });
+}
+
+ZLExportFinding ZLExportFindings::markdownInTitles(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) { return holdsAnyOf(chapter.title(), "*_`[]<\\"_L1); });
+}
+
+ZLExportFinding ZLExportFindings::brokenMarkdownLinks(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) {
+        return holdsAnyOf(chapter.link(), " \t<>"_L1) || chapter.link().count(u'(') != chapter.link().count(u')');
+    });
+}
+
+ZLExportFinding ZLExportFindings::unescapedMarkup(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) {
+        return holdsAnyOf(chapter.title(), "<\""_L1) || holdsAnyOf(chapter.link(), "<\""_L1);
+    });
+}
+
+ZLExportFinding ZLExportFindings::forbiddenInXml(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) {
+        return holdsForbiddenInXml(chapter.title()) || holdsForbiddenInXml(chapter.link());
+    });
+}
+
+ZLExportFinding ZLExportFindings::anyTitleForbiddenInXml(const ZLExportInput& input)
+{
+    return chaptersThat(
+        input, [](const ZLChapter& chapter) { return holdsForbiddenInXml(chapter.title()); }, ChaptersLookedAt::All);
+}
+
+ZLExportFinding ZLExportFindings::markupInFileName(const ZLExportInput& input)
+{
+    const bool isUnfit = holdsAnyOf(input.fileBaseName, "&<\""_L1) || holdsForbiddenInXml(input.fileBaseName);
+    return isUnfit ? ZLExportFinding(somethingFound) : std::nullopt;
+}
+
+ZLExportFinding ZLExportFindings::sessionWithoutEnd(const ZLExportInput& input)
+{
+    const QByteArray& session = input.existingBytes;
+    const bool hasMarkers = session.contains("<Markers") && !session.contains("<Markers/>");
+    const bool isUnfit = !session.isEmpty() && !hasMarkers && !session.contains("</Session>");
+    return isUnfit ? ZLExportFinding(somethingFound) : std::nullopt;
+}

@@ -35,6 +35,9 @@ ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSi
             .inputPort = remote.oscPort,
             .outputs = std::move(remote.oscOutputs),
         });
+    if (remote.oscPublisher)
+        m_oscAnnouncement =
+            std::make_unique<ZLOSCAnnouncement>(m_oscController->inPort(), std::move(remote.oscPublisher));
     m_commandSocket = std::make_unique<ZLCommandSocket>(
         [this](const ZLOSCMessage& message) { return m_oscController->performMessage(message, commandSocketPeer); });
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLGlobalHotkeysDidChange, this,
@@ -49,6 +52,11 @@ ZLApplication::~ZLApplication()
     const auto documents = m_documentController.documents();
     for (const ZLChapterDocument* document : documents)
         document->disconnect(this);
+}
+
+const ZLServicePublisher* ZLApplication::oscPublisher() const
+{
+    return m_oscAnnouncement ? &m_oscAnnouncement->publisher() : nullptr;
 }
 
 std::optional<ZLHotKey> ZLApplication::hotKeyForSettingsKey(const QString& settingsKey) const

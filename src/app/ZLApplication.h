@@ -3,6 +3,7 @@
 #include "app/ZLDocumentController.h"
 #include "remote/ZLCommandSocket.h"
 #include "remote/ZLHotkeyController.h"
+#include "remote/ZLOSCAnnouncement.h"
 #include "remote/ZLOSCController.h"
 
 #include <QObject>
@@ -17,6 +18,8 @@ struct ZLRemoteSetup {
     /// For this run, see ZLOSCControllerSetup.
     std::optional<quint16> oscPort {};
     std::optional<QList<ZLOSCDestination>> oscOutputs {};
+    /// Announces the port on which OSC messages are received; null when nobody shall hear of it.
+    std::unique_ptr<ZLServicePublisher> oscPublisher {};
 };
 
 /// The application object: it starts everything that does not depend on a display, in a fixed order, carries out what
@@ -39,6 +42,8 @@ public:
     /// Present exactly while global hot keys are on and there is a centre for them.
     [[nodiscard]] ZLHotkeyController* hotkeyController() const { return m_hotkeyController.get(); }
     [[nodiscard]] ZLOSCController& oscController() { return *m_oscController; }
+    /// Null when the OSC port is not announced.
+    [[nodiscard]] const ZLServicePublisher* oscPublisher() const;
     /// Null where there are no hot keys. Its unavailabilityReason() tells why none at all can work.
     [[nodiscard]] ZLHotKeyCenter* hotKeyCenter() const { return m_hotKeyCenter; }
     /// How it stands system-wide with the shortcut that is stored under the key, see ZLHotkeyController; nothing while
@@ -66,5 +71,6 @@ private:
     ZLHotKeyCenter* m_hotKeyCenter;
     std::unique_ptr<ZLHotkeyController> m_hotkeyController;
     std::unique_ptr<ZLOSCController> m_oscController;
+    std::unique_ptr<ZLOSCAnnouncement> m_oscAnnouncement;
     std::unique_ptr<ZLCommandSocket> m_commandSocket;
 };

@@ -7,6 +7,7 @@
 #include "app/ui/ZLDesktop.h"
 #include "app/ui/ZLDesktopApplication.h"
 #include "export/formats/ZLRegisterExporters.h"
+#include "platform/dnssd/ZLAvahiServicePublisher.h"
 
 #include <cstdio>
 
@@ -37,7 +38,8 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
     const QCoreApplication events(argc, argv);
     ZLApplicationSounds sounds;
     ZLApplication application({ .environment = { .soundNamed = sounds.soundNamed() } }, ZLApplication::StandardFontSize,
-        { .oscPort = commandLine.oscPort, .oscOutputs = commandLine.oscOutputs });
+        { .oscPort = commandLine.oscPort, .oscOutputs = commandLine.oscOutputs,
+            .oscPublisher = std::make_unique<ZLAvahiServicePublisher>() });
     sounds.prepareForRecording();
     ZLHeadlessRecorder recorder(application.documentController(), ZLHeadlessStreams::standard());
     recorder.showRemoteControl(application.oscController());

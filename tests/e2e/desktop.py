@@ -90,6 +90,8 @@ class Desktop:
             QT_QPA_PLATFORM="xcb",
             QT_SCALE_FACTOR=str(self.scale),
             NO_AT_BRIDGE="0",
+            # Nothing shall be announced on the network.
+            DBUS_SYSTEM_BUS_ADDRESS=f"unix:path={runtime}/no-system-bus",
         )
         for name in ("WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
             os.environ.pop(name, None)

@@ -2,6 +2,7 @@
 
 #include "app/ui/ZLDesktopApplication.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
+#include "platform/dnssd/ZLAvahiServicePublisher.h"
 
 #include <QFontInfo>
 
@@ -23,9 +24,11 @@ ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events, ZLApp
 ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandLine)
     : m_hotKeyCenter(ZLHotKeyCenter::create())
     , m_application(desktopSetup(events, m_sounds), float(QFontInfo(QApplication::font()).pointSizeF()),
-          { m_hotKeyCenter.get(), commandLine.oscPort, commandLine.oscOutputs })
+          { m_hotKeyCenter.get(), commandLine.oscPort, commandLine.oscOutputs,
+              std::make_unique<ZLAvahiServicePublisher>() })
     , m_windows(m_application.documentController())
     , m_remoteStatus(m_application)
+    , m_oscConnections(m_application)
     , m_signals({ SIGINT, SIGTERM, SIGHUP })
 {
     m_sounds.prepareForRecording();
@@ -54,4 +57,5 @@ void ZLDesktop::equipWindow(ZLChapterDocument* document)
     ZLChapterDocumentWindow* window = m_windows.windowOf(document);
     m_menuShortcuts.addWindow(*window);
     m_remoteStatus.addStatusLine(window->statusLine());
+    m_oscConnections.addWindow(*window);
 }

@@ -5,6 +5,7 @@
 #include "app/ZLCommandLine.h"
 #include "app/ui/ZLDocumentWindows.h"
 #include "app/ui/ZLMenuShortcuts.h"
+#include "app/ui/ZLOSCConnections.h"
 #include "app/ui/ZLRemoteStatusDisplay.h"
 #include "platform/ZLSignalWatcher.h"
 
@@ -33,5 +34,6 @@ private:
     ZLDocumentWindows m_windows;
     ZLMenuShortcuts m_menuShortcuts;
     ZLRemoteStatusDisplay m_remoteStatus;
+    ZLOSCConnections m_oscConnections;
     ZLSignalWatcher m_signals;
 };

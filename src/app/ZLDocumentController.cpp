@@ -28,6 +28,11 @@ QString identityOfPath(const QString& path)
     return folder.isEmpty() ? absoluteDocumentPath(path) : folder + u'/' + file.fileName();
 }
 
+bool isSameFile(const QString& left, const QString& right)
+{
+    return !left.isEmpty() && identityOfPath(left) == identityOfPath(right);
+}
+
 }
 
 ZLDocumentController::ZLDocumentController(ZLDocumentControllerSetup setup, QObject* parent)
@@ -85,20 +90,15 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& p
     if (ZLChapterDocument* open = documentAtPath(absolutePath))
         return open;
     qCDebug(documentControllerLog) << "opening" << absolutePath;
+    auto recovered = ZLDocumentRecovery::claimJournal(
+        m_recoveryFolder, [&](const QString& journaledPath) { return isSameFile(journaledPath, absolutePath); });
+    if (recovered) {
+        recovered->journal.filePath = absolutePath;
+        return openRecovered(std::move(*recovered));
+    }
     if (missingFile == ZLMissingFile::Create && !QFileInfo::exists(absolutePath))
         return createDocumentAt(absolutePath);
-    auto read = readDocument(absolutePath);
-    if (!read)
-        return read.error();
-    auto document = std::move(read).value();
-    document->setDisplayName(QFileInfo(absolutePath).fileName());
-    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, absolutePath);
-    ZLChapterDocument* unwanted = transientDocument();
-    ZLChapterDocument* opened = adopt({ std::move(document), std::move(saver) });
-    m_recentDocuments.add(absolutePath);
-    if (unwanted)
-        release(unwanted);
-    return opened;
+    return openFile(absolutePath);
 }
 
 ZLStatus ZLDocumentController::saveDocumentAs(ZLChapterDocument* document, const QString& path)
@@ -160,17 +160,34 @@ std::unique_ptr<ZLChapterDocument> ZLDocumentController::makeDocument() const
     return document;
 }
 
-ZLResult<std::unique_ptr<ZLChapterDocument>> ZLDocumentController::readDocument(const QString& path) const
+ZLResult<ZLChapterDocument*> ZLDocumentController::openFile(const QString& path)
+{
+    const auto bytes = readFile(path);
+    if (!bytes)
+        return bytes.error();
+    auto read = makeDocumentFrom(path, bytes.value());
+    if (!read)
+        return read.error();
+    auto document = std::move(read).value();
+    document->setDisplayName(QFileInfo(path).fileName());
+    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, path, bytes.value());
+    return adoptOpened({ std::move(document), std::move(saver) }, path);
+}
+
+ZLResult<QByteArray> ZLDocumentController::readFile(const QString& path)
 {
     // A pipe or a device could keep the program waiting for ever.
     if (const QFileInfo file(path); file.exists() && !file.isFile())
         return ZLError { tr("%1: This is not a file.").arg(path) };
-    const auto bytes = ZLAtomicFile::read(path);
-    if (!bytes)
-        return bytes.error();
+    return ZLAtomicFile::read(path);
+}
+
+ZLResult<std::unique_ptr<ZLChapterDocument>> ZLDocumentController::makeDocumentFrom(
+    const QString& path, const QByteArray& bytes) const
+{
     auto document = makeDocument();
     ZLFileOperationError error;
-    if (!document->readFromData(bytes.value(), {}, &error))
+    if (!document->readFromData(bytes, {}, &error))
         return ZLError { u"%1: %2"_s.arg(path, error.message) };
     return document;
 }
@@ -181,12 +198,17 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::createDocumentAt(const QStrin
     auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery);
     if (const ZLStatus saved = saver->saveAs(path); !saved)
         return saved.error();
+    return adoptOpened({ std::move(document), std::move(saver) }, path);
+}
+
+ZLChapterDocument* ZLDocumentController::adoptOpened(Entry entry, const QString& path)
+{
     ZLChapterDocument* unwanted = transientDocument();
-    ZLChapterDocument* created = adopt({ std::move(document), std::move(saver) });
+    ZLChapterDocument* opened = adopt(std::move(entry));
     m_recentDocuments.add(path);
     if (unwanted)
         release(unwanted);
-    return created;
+    return opened;
 }
 
 ZLChapterDocument* ZLDocumentController::documentAtPath(const QString& path) const

@@ -2,6 +2,7 @@
 
 #include "app/ZLOpenDocuments.h"
 #include "app/ZLRecentDocuments.h"
+#include "document/saving/ZLDocumentRecovery.h"
 #include "document/saving/ZLDocumentSaver.h"
 #include "platform/ZLStateFolder.h"
 
@@ -88,9 +89,15 @@ private:
     };
 
     [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
-    [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> readDocument(const QString& path) const;
+    [[nodiscard]] static ZLResult<QByteArray> readFile(const QString& path);
+    [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> makeDocumentFrom(
+        const QString& path, const QByteArray& bytes) const;
     [[nodiscard]] ZLResult<ZLChapterDocument*> createDocumentAt(const QString& path);
+    [[nodiscard]] ZLResult<ZLChapterDocument*> openFile(const QString& path);
     [[nodiscard]] ZLResult<ZLChapterDocument*> openRecoveryFile(const QString& path);
+    [[nodiscard]] ZLResult<ZLChapterDocument*> openRecovered(ZLRecoveredDocument recovered);
+    void setAside(const ZLRecoveredDocument& recovered);
+    ZLChapterDocument* adoptOpened(Entry entry, const QString& path);
     [[nodiscard]] ZLResult<ZLChapterDocument*> openEntry(const ZLOpenDocumentEntry& entry);
     [[nodiscard]] ZLChapterDocument* documentAtPath(const QString& path) const;
     [[nodiscard]] ZLChapterDocument* transientDocument() const;

@@ -1,9 +1,18 @@
 #include "app/ZLDocumentController.h"
 
 #include <QFileInfo>
+#include <QLoggingCategory>
 #include <QScopedValueRollback>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(sessionLog, "zelta.app.session", QtInfoMsg)
+
+}
 
 QStringList ZLDocumentController::restoreSession()
 {
@@ -22,8 +31,10 @@ QStringList ZLDocumentController::restoreSession()
                 namedRecoveryFiles.append(QFileInfo(entry.path).fileName());
             noteFailure(openEntry(entry));
         }
-        const auto recoveryFiles = m_recoveryFolder.files();
-        for (const QString& path : recoveryFiles) {
+        QStringList recoveryFiles = m_recoveryFolder.files() + m_recoveryFolder.journaledFiles();
+        recoveryFiles.sort();
+        recoveryFiles.removeDuplicates();
+        for (const QString& path : std::as_const(recoveryFiles)) {
             if (!namedRecoveryFiles.contains(QFileInfo(path).fileName()))
                 noteFailure(openRecoveryFile(path));
         }
@@ -52,11 +63,16 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecoveryFile(const QStrin
     auto file = std::move(claimed).value();
     if (!file)
         return nothing;
+    if (auto recovered = ZLDocumentRecovery::read(file))
+        return openRecovered(std::move(*recovered));
     if (QFileInfo(path).size() == 0) {
         file->remove();
         return nothing;
     }
-    auto read = readDocument(path);
+    const auto bytes = readFile(path);
+    if (!bytes)
+        return bytes.error();
+    auto read = makeDocumentFrom(path, bytes.value());
     if (!read)
         return read.error();
     auto document = std::move(read).value();
@@ -66,6 +82,49 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecoveryFile(const QStrin
         return nothing;
     }
     return adopt({ std::move(document), std::move(saver) });
+}
+
+ZLResult<ZLChapterDocument*> ZLDocumentController::openRecovered(ZLRecoveredDocument recovered)
+{
+    const ZLJournaledDocument& journal = recovered.journal;
+    const bool isUntitled = journal.filePath.isEmpty();
+    const QString path = isUntitled ? recovered.file->path() : journal.filePath;
+    if (ZLChapterDocument* open = isUntitled ? nullptr : documentAtPath(path))
+        return open;
+    const auto bytes = readFile(path);
+    const bool isSuperseded = bytes && !bytes.value().isEmpty()
+        && (!journal.belongsTo(bytes.value())
+            || (!isUntitled && !journal.hasChangesSinceFile && !journal.interruption));
+    if (isSuperseded) {
+        setAside(recovered);
+        recovered.file->removeJournal();
+        recovered.file.reset();
+        return isUntitled ? openRecoveryFile(path) : openFile(path);
+    }
+    auto document = makeDocument();
+    document->readFromData(ZLDocumentFile::encode(journal.contents));
+    document->setInterruptedRecording(journal.interruption);
+    if (!isUntitled)
+        document->setDisplayName(QFileInfo(path).fileName());
+    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, std::move(recovered.file),
+        journal.filePath, bytes ? bytes.value() : QByteArray());
+    return isUntitled ? adopt({ std::move(document), std::move(saver) })
+                      : adoptOpened({ std::move(document), std::move(saver) }, path);
+}
+
+void ZLDocumentController::setAside(const ZLRecoveredDocument& recovered)
+{
+    if (!recovered.journal.hasChangesSinceFile)
+        return;
+    auto document = makeDocument();
+    document->readFromData(ZLDocumentFile::encode(recovered.journal.contents));
+    document->setDisplayName(tr("%1 (recovered)").arg(QFileInfo(recovered.journal.filePath).fileName()));
+    document->setInterruptedRecording(recovered.journal.interruption);
+    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery);
+    // Nothing may be lost between here and there: it is in the other file before the journal goes.
+    if (const ZLStatus saved = saver->saveNow(); !saved)
+        qCWarning(sessionLog) << saved.error().message;
+    adopt({ std::move(document), std::move(saver) });
 }
 
 void ZLDocumentController::rememberSession()

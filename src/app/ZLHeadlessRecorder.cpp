@@ -48,6 +48,7 @@ QString describeSaving(const ZLDocumentSaver& saver)
     case ZLSavingState::Saving:
         return u"being saved"_s;
     case ZLSavingState::Failed:
+    case ZLSavingState::Conflict:
         break;
     }
     return u"not saved: "_s + saver.failureText();
@@ -98,7 +99,11 @@ ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadles
     watchDocuments();
     printStatus({});
     print(u"Commands come from standard input, one a line; \"help\" lists them."_s);
-    if (headlessStart == ZLHeadlessStart::Recording)
+    reportInterruption();
+    // Who told it to record means the show that goes on meanwhile, also after a crash.
+    if (headlessStart == ZLHeadlessStart::Recording && m_document->interruptedRecording())
+        continueRecording({});
+    else if (headlessStart == ZLHeadlessStart::Recording)
         performAction(*ZLRemoteActions::withIdentifier(ZLControllerToggleRecordingAction));
     openInput();
     return ZLDone {};
@@ -177,15 +182,20 @@ void ZLHeadlessRecorder::report()
 
 void ZLHeadlessRecorder::reportChapters(const Snapshot& now)
 {
-    const QSet<ZLChapterPointer> before(m_reported.chapters.begin(), m_reported.chapters.end());
-    const QSet<ZLChapterPointer> after(now.chapters.begin(), now.chapters.end());
-    for (qsizetype index = 0; index < m_reported.chapters.size(); ++index) {
-        if (const auto& chapter = m_reported.chapters.at(index); !after.contains(chapter))
-            print(u"removed "_s + describeChapter(index, *chapter));
+    // A list of thousands changes in a row or two, so only what stands between its equal ends is looked at.
+    const auto& old = m_reported.chapters;
+    const auto [oldBegin, newBegin] = std::mismatch(old.begin(), old.end(), now.chapters.begin(), now.chapters.end());
+    const auto [oldEnd, newEnd] = std::mismatch(old.rbegin(), std::make_reverse_iterator(oldBegin),
+        now.chapters.rbegin(), std::make_reverse_iterator(newBegin));
+    const QSet<ZLChapterPointer> before(oldBegin, oldEnd.base());
+    const QSet<ZLChapterPointer> after(newBegin, newEnd.base());
+    for (auto chapter = oldBegin; chapter != oldEnd.base(); ++chapter) {
+        if (!after.contains(*chapter))
+            print(u"removed "_s + describeChapter(chapter - old.begin(), **chapter));
     }
-    for (qsizetype index = 0; index < now.chapters.size(); ++index) {
-        if (const auto& chapter = now.chapters.at(index); !before.contains(chapter))
-            print(describeChapter(index, *chapter));
+    for (auto chapter = newBegin; chapter != newEnd.base(); ++chapter) {
+        if (!before.contains(*chapter))
+            print(describeChapter(chapter - now.chapters.begin(), **chapter));
     }
 }
 
@@ -196,8 +206,20 @@ void ZLHeadlessRecorder::reportSaving(const ZLDocumentSaver& saver)
         return;
     if (failure.isEmpty())
         m_streams.complain(u"Saved again."_s);
+    else if (saver.state() == ZLSavingState::Conflict)
+        m_streams.complain(u"Cannot save: %1 \"mine\" writes over it, \"theirs\" takes it over, \"both\" goes on in a "
+                           "new file."_s.arg(failure));
     else
         m_streams.complain(u"Cannot save: %1. Trying again until it works."_s.arg(failure));
+}
+
+void ZLHeadlessRecorder::reportInterruption()
+{
+    if (const auto& interruption = m_document->interruptedRecording())
+        m_streams.complain(
+            u"The recording was interrupted on %1 at %2. The clock stands: \"continue\" lets it run as if "
+            "it had never stopped, \"keep\" keeps it paused."_s.arg(
+                interruption->lastSeen.toLocalTime().toString(Qt::ISODate), m_document->clockText()));
 }
 
 void ZLHeadlessRecorder::print(const QString& line)
@@ -222,6 +244,16 @@ const std::vector<ZLHeadlessRecorder::Command>& ZLHeadlessRecorder::commands()
     static const std::vector<Command> table {
         { u"title"_s, u"give the selected chapter the title that follows"_s, u"no chapter is selected"_s,
             &Self::setTitle },
+        { u"continue"_s, u"let the clock of an interrupted recording run as if it had never stopped"_s,
+            u"no recording was interrupted"_s, &Self::continueRecording },
+        { u"keep"_s, u"keep the clock of an interrupted recording paused at its last reading"_s,
+            u"no recording was interrupted"_s, &Self::keepPaused },
+        { u"mine"_s, u"write over what another program made of the file"_s, u"no other program changed the file"_s,
+            &Self::keepMine },
+        { u"theirs"_s, u"take over what another program made of the file"_s, u"no other program changed the file"_s,
+            &Self::takeTheirs },
+        { u"both"_s, u"leave the file to the other program and go on in a new one"_s,
+            u"no other program changed the file"_s, &Self::keepBoth },
         { u"status"_s, u"tell the document, the clock and whether everything is saved"_s, {}, &Self::printStatus },
         { u"help"_s, u"list the commands"_s, {}, &Self::printHelp },
         { u"quit"_s, u"save and end; refused while the clock runs"_s, {}, &Self::quit },
@@ -247,6 +279,48 @@ void ZLHeadlessRecorder::setTitle(const QString& title)
     m_document->updateChapterToTitle(chapter, title);
     m_document->informControllers();
     print(describeChapter(row, *chapter));
+}
+
+void ZLHeadlessRecorder::continueRecording(const QString&)
+{
+    m_document->continueInterruptedRecording();
+    report();
+}
+
+void ZLHeadlessRecorder::keepPaused(const QString&)
+{
+    if (!m_document->interruptedRecording())
+        return;
+    m_document->keepInterruptedRecordingPaused();
+    print(u"paused at %1"_s.arg(m_document->clockText()));
+}
+
+void ZLHeadlessRecorder::keepMine(const QString&)
+{
+    settleConflict([](ZLDocumentSaver& saver) { return saver.keepMine(); });
+}
+
+void ZLHeadlessRecorder::takeTheirs(const QString&)
+{
+    settleConflict([](ZLDocumentSaver& saver) { return saver.takeTheirs(); });
+}
+
+void ZLHeadlessRecorder::keepBoth(const QString&)
+{
+    settleConflict([](ZLDocumentSaver& saver) {
+        const auto kept = saver.keepBoth();
+        return kept ? ZLStatus(ZLDone {}) : ZLStatus(kept.error());
+    });
+}
+
+void ZLHeadlessRecorder::settleConflict(const std::function<ZLStatus(ZLDocumentSaver&)>& decision)
+{
+    ZLDocumentSaver* saver = m_controller.saverOf(m_document);
+    if (saver->state() != ZLSavingState::Conflict)
+        return;
+    if (const ZLStatus settled = decision(*saver); !settled)
+        m_streams.complain(settled.error().message);
+    print(u"file: %1, %2"_s.arg(saver->path(), describeSaving(*saver)));
 }
 
 void ZLHeadlessRecorder::printStatus(const QString&)

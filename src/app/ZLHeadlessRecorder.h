@@ -72,10 +72,17 @@ private:
 
     void performAction(const ZLRemoteAction& action);
     void setTitle(const QString& title);
+    void continueRecording(const QString& argument);
+    void keepPaused(const QString& argument);
+    void keepMine(const QString& argument);
+    void takeTheirs(const QString& argument);
+    void keepBoth(const QString& argument);
     void printStatus(const QString& argument);
     void printHelp(const QString& argument);
     void quit(const QString& argument);
 
+    void settleConflict(const std::function<ZLStatus(ZLDocumentSaver&)>& decision);
+    void reportInterruption();
     void printPort();
 
     void openInput();

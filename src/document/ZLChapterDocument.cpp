@@ -82,6 +82,7 @@ bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeNa
         return false;
     }
     m_clock.stop();
+    setInterruptedRecording(std::nullopt);
     m_chapterManager.loadChapters(contents.value().chapters);
     m_clock.setDuration(contents.value().duration);
     m_templateViewController.loadChapters(contents.value().templates);
@@ -98,10 +99,14 @@ bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeNa
 
 void ZLChapterDocument::revertToContents(const ZLDocumentContents& contents)
 {
-    if (isRecording())
-        return;
-    ZLChapterManager restored(contents.chapters);
-    replaceContents(restored.allChapters(), contents.duration, contents.templates);
+    if (!isRecording())
+        adoptContents(contents);
+}
+
+void ZLChapterDocument::adoptContents(const ZLDocumentContents& contents)
+{
+    ZLChapterManager adopted(contents.chapters);
+    replaceContents(adopted.allChapters(), isRecording() ? duration() : contents.duration, contents.templates);
 }
 
 void ZLChapterDocument::setDisplayName(const QString& name)

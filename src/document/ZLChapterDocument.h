@@ -3,6 +3,7 @@
 #include "document/ZLChapterTableModel.h"
 #include "document/ZLDocumentEnvironment.h"
 #include "document/ZLDocumentFile.h"
+#include "document/ZLInterruptedRecording.h"
 #include "document/ZLRecordingClock.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLUndoManager.h"
@@ -10,6 +11,8 @@
 
 #include <QItemSelectionModel>
 #include <QObject>
+
+#include <optional>
 
 /// What the next press of the add button does.
 enum class ZLAddButtonFace {
@@ -56,6 +59,17 @@ public:
     void undoStartRecordingWithTime(double hostTime);
     void stopRecording(double originalDuration, double newDuration, double startTime);
     void undoStopRecording(double originalDuration, double newDuration, double startTime);
+    [[nodiscard]] QDateTime wallClockTime() const { return m_environment.wallClock(); }
+    /// @}
+
+    /// @name A recording that was cut off
+    /// Until one of both commands decides it, the clock stands at the last reading. Starting the clock decides it too.
+    /// @{
+    [[nodiscard]] const std::optional<ZLInterruptedRecording>& interruptedRecording() const { return m_interruption; }
+    void setInterruptedRecording(const std::optional<ZLInterruptedRecording>& interruption);
+    /// Lets the clock run as if it had never stopped.
+    void continueInterruptedRecording();
+    void keepInterruptedRecordingPaused();
     /// @}
 
     /// @name Chapter commands
@@ -108,6 +122,8 @@ public:
     bool readFromData(QByteArrayView bytes, const QString& typeName = {}, ZLFileOperationError* error = nullptr);
     /// Goes back to `contents` as one undoable step. Only while the clock stands.
     void revertToContents(const ZLDocumentContents& contents);
+    /// Takes over what somebody else made of the document, as one undoable step. A running clock goes on.
+    void adoptContents(const ZLDocumentContents& contents);
 
     /// Name for titles and proposed file names, for example "Episode 12.zelta" or "Untitled".
     [[nodiscard]] const QString& displayName() const { return m_displayName; }
@@ -126,6 +142,7 @@ Q_SIGNALS:
     /// The clock text or the age of the last chapter may read otherwise.
     void displayDidUpdate();
     void recordingStateDidChange();
+    void interruptedRecordingDidChange();
     void addButtonDidUpdate();
     /// The cell should be scrolled into view and opened for typing, with its text selected.
     void wantsEditing(const QModelIndex& index);
@@ -144,6 +161,8 @@ private:
     void _realStopRecording();
     void playStartBeep();
     void createAutomaticChapter();
+    void resumeInterruptedRecording(const ZLInterruptedRecording& interruption, double hostTime);
+    void offerInterruptedRecordingAgain(const ZLInterruptedRecording& interruption, double hostTime);
 
     void _realAddChapter(const ZLChapterPointer& chapter);
     void _realRemoveChapter(const ZLChapterPointer& chapter);
@@ -166,6 +185,7 @@ private:
     ZLChapterTableModel m_tableModel;
     QItemSelectionModel m_selectionModel;
     std::unique_ptr<ZLSound> m_beep;
+    std::optional<ZLInterruptedRecording> m_interruption;
     QString m_displayName;
     bool m_isEdited = false;
 };

@@ -41,6 +41,8 @@ void ZLChapterDocument::startRecordingWithTime(double hostTime)
 {
     Q_EMIT typedTextShouldBeCommitted();
     const ZLUndoGroup group(m_undoManager);
+    // Whoever starts the clock himself wants it to go on from where it stands.
+    keepInterruptedRecordingPaused();
     _realStartRecordingWithTime(hostTime);
     m_undoManager.registerStep([this, hostTime] { undoStartRecordingWithTime(hostTime); });
     m_undoManager.setActionName(startRecordingActionName);

@@ -2,20 +2,32 @@
 
 #include "app/ui/ZLSavePanel.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
-#include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
+
+#include <QFileInfo>
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString conflictName = QStringLiteral("fileConflict");
+const QString interruptionName = QStringLiteral("interruptedRecording");
+const QString failureName = QStringLiteral("savingFailure");
+
+}
 
 ZLSavingDisplay::ZLSavingDisplay(ZLDocumentSaver& saver, ZLSavePanel& savePanel, ZLChapterDocumentWindow& window)
     : QObject(&window)
+    , m_document(window.document())
     , m_saver(saver)
     , m_savePanel(savePanel)
     , m_window(window)
 {
     connect(&saver, &ZLDocumentSaver::stateDidChange, this, &ZLSavingDisplay::update);
     connect(&saver, &ZLDocumentSaver::locationDidChange, this, &ZLSavingDisplay::update);
+    connect(&m_document, &ZLChapterDocument::interruptedRecordingDidChange, this, &ZLSavingDisplay::updateBar);
     connect(&window.statusLine(), &ZLStatusLine::saveStatusClicked, this, [this] { m_savePanel.saveAs(); });
-    // A decision that was asked for has been made: what is still true comes back.
-    connect(&window.messageBar(), &ZLMessageBar::didHide, this, &ZLSavingDisplay::updateBar);
     update();
 }
 
@@ -28,30 +40,72 @@ void ZLSavingDisplay::update()
 
 void ZLSavingDisplay::updateBar()
 {
+    if (m_saver.state() != ZLSavingState::Conflict)
+        m_refusal.clear();
+    showOrHide(conflictName, m_saver.state() == ZLSavingState::Conflict ? conflictMessage() : Message());
+    const auto& interruption = m_document.interruptedRecording();
+    showOrHide(interruptionName, interruption ? interruptionMessage(*interruption) : Message());
+    // While it is tried again nobody knows yet whether the failure is over.
     if (m_saver.state() == ZLSavingState::Failed)
-        showFailureBar();
-    else if (m_saver.state() == ZLSavingState::Saved)
-        hideFailureBar();
+        showOrHide(failureName, failureMessage());
+    else if (m_saver.state() == ZLSavingState::Saved || m_saver.state() == ZLSavingState::Conflict)
+        showOrHide(failureName, {});
 }
 
-void ZLSavingDisplay::showFailureBar()
+void ZLSavingDisplay::showOrHide(const QString& name, const Message& message)
 {
-    const QString text = tr("The document is not saved: %1 Zelta keeps trying.").arg(m_saver.failureText());
-    const QString shown = m_window.messageBar().text();
-    const bool isTaken = !shown.isEmpty() && shown != m_shownFailure;
-    if (shown == text || isTaken)
-        return;
-    m_shownFailure = text;
-    m_window.messageBar().showMessage(text,
-        { { tr("Try Now"), [this] { (void)m_saver.saveNow(); } },
-            { tr("Save As…"), [this] { m_savePanel.saveAs(); } } });
+    ZLMessageBar& bar = m_window.messageBar();
+    if (message.text.isEmpty())
+        bar.hideMessage(name);
+    // Shown anew with every attempt, it would be read aloud every time.
+    else if (bar.text(name) != message.text)
+        bar.showMessage(name, message.text, message.buttons);
 }
 
-void ZLSavingDisplay::hideFailureBar()
+ZLSavingDisplay::Message ZLSavingDisplay::conflictMessage()
 {
-    if (!m_shownFailure.isEmpty() && m_window.messageBar().text() == m_shownFailure)
-        m_window.messageBar().hideMessage();
-    m_shownFailure.clear();
+    const QString name = QFileInfo(m_saver.path()).fileName();
+    return { tr("Another program changed “%1”. %2").arg(name, m_refusal).trimmed(),
+        { { tr("Keep Mine"), [this] { tellOutcome(m_saver.keepMine()); } },
+            { tr("Take Theirs"), [this] { tellOutcome(m_saver.takeTheirs()); } },
+            { tr("Keep Both"), [this] { keepBoth(); } } } };
+}
+
+ZLSavingDisplay::Message ZLSavingDisplay::interruptionMessage(const ZLInterruptedRecording& interruption)
+{
+    const QDateTime seen = interruption.lastSeen.toLocalTime();
+    return { tr("The recording was interrupted on %1 at %2. The clock stands until you decide.")
+                 .arg(QLocale().toString(seen.date(), QLocale::ShortFormat),
+                     QLocale().toString(seen.time(), QLocale::ShortFormat)),
+        { { tr("Continue the running clock"), [this] { m_document.continueInterruptedRecording(); } },
+            { tr("Keep it paused at the last reading"), [this] { m_document.keepInterruptedRecordingPaused(); } } } };
+}
+
+ZLSavingDisplay::Message ZLSavingDisplay::failureMessage()
+{
+    return { tr("The document is not saved: %1 Zelta keeps trying.").arg(m_saver.failureText()),
+        { { tr("Try Now"),
+              [this] {
+                  (void)m_saver.saveNow();
+                  updateBar();
+              } },
+            { tr("Save As…"), [this] {
+                 // Until the new place is known, what is true stays in sight.
+                 updateBar();
+                 m_savePanel.saveAs();
+             } } } };
+}
+
+void ZLSavingDisplay::keepBoth()
+{
+    const auto kept = m_saver.keepBoth();
+    tellOutcome(kept ? ZLStatus(ZLDone {}) : ZLStatus(kept.error()));
+}
+
+void ZLSavingDisplay::tellOutcome(const ZLStatus& outcome)
+{
+    m_refusal = outcome ? QString() : outcome.error().message;
+    updateBar();
 }
 
 QString ZLSavingDisplay::statusText() const
@@ -61,6 +115,7 @@ QString ZLSavingDisplay::statusText() const
     case ZLSavingState::Saving:
         return tr("Saving…");
     case ZLSavingState::Failed:
+    case ZLSavingState::Conflict:
         return tr("Not saved");
     case ZLSavingState::Saved:
         break;
@@ -72,7 +127,7 @@ QString ZLSavingDisplay::statusText() const
 
 QString ZLSavingDisplay::statusToolTip() const
 {
-    if (m_saver.state() == ZLSavingState::Failed)
+    if (!m_saver.failureText().isEmpty())
         return m_saver.failureText();
     if (m_saver.isUntitled())
         return tr("This document has no file yet. It is kept aside and is back at the next start. Click to save it to "

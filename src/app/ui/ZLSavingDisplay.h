@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/saving/ZLDocumentSaver.h"
+#include "document/ui/ZLMessageBar.h"
 
 #include <QObject>
 
@@ -8,7 +9,8 @@ class ZLChapterDocumentWindow;
 class ZLSavePanel;
 
 /// Shows in a window whether its document is on the disk: always in the status line, and as a bar when it is not and
-/// cannot be brought there.
+/// cannot be brought there, or when a recording that was cut off or a file that another program changed needs a
+/// decision.
 class ZLSavingDisplay : public QObject {
     Q_OBJECT
 
@@ -17,16 +19,28 @@ public:
     ZLSavingDisplay(ZLDocumentSaver& saver, ZLSavePanel& savePanel, ZLChapterDocumentWindow& window);
 
 private:
+    struct Message {
+        QString text {};
+        QList<ZLMessageBar::Button> buttons {};
+    };
+
     void update();
     void updateBar();
-    void showFailureBar();
-    void hideFailureBar();
+    /// A message without a text is one that is no longer true.
+    void showOrHide(const QString& name, const Message& message);
+    [[nodiscard]] Message conflictMessage();
+    [[nodiscard]] Message interruptionMessage(const ZLInterruptedRecording& interruption);
+    [[nodiscard]] Message failureMessage();
+    void keepBoth();
+    /// Says why a decision could not be carried out.
+    void tellOutcome(const ZLStatus& outcome);
     [[nodiscard]] QString statusText() const;
     [[nodiscard]] QString statusToolTip() const;
 
+    ZLChapterDocument& m_document;
     ZLDocumentSaver& m_saver;
     ZLSavePanel& m_savePanel;
     ZLChapterDocumentWindow& m_window;
-    /// The text of the bar that this object showed; another message is not its own to hide.
-    QString m_shownFailure;
+    /// Why the last decision was not carried out, until the next one.
+    QString m_refusal;
 };

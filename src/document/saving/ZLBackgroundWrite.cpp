@@ -1,5 +1,8 @@
 #include "document/saving/ZLBackgroundWrite.h"
 
+#include "platform/ZLAtomicFile.h"
+
+#include <QCoreApplication>
 #include <QFile>
 
 void ZLBackgroundWrite::run(const std::function<void()>& didWrite)
@@ -27,13 +30,25 @@ bool ZLBackgroundWrite::cancelOrWait()
     return m_progress == Progress::Done;
 }
 
-ZLStatus ZLBackgroundWrite::carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer)
+ZLWriteOutcome ZLBackgroundWrite::carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer)
 {
-    constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
-    ZLStatus status = writer(order.path, order.bytes);
-    if (status && order.isForOwnerOnly)
-        QFile::setPermissions(order.path, ownerOnly);
-    if (!status && !order.fallbackPath.isEmpty() && writer(order.fallbackPath, order.bytes))
-        QFile::setPermissions(order.fallbackPath, ownerOnly);
-    return status;
+    ZLWriteOutcome outcome { .digest = ZLJournalRecords::digestOf(order.bytes) };
+    if (!order.expectedDigest.isEmpty()) {
+        const auto found = ZLAtomicFile::read(order.path);
+        if (found && ZLJournalRecords::digestOf(found.value()) != order.expectedDigest) {
+            outcome.status =
+                ZLError { QCoreApplication::translate("ZLBackgroundWrite", "%1: Another program changed the file.")
+                              .arg(order.path) };
+            outcome.isConflict = true;
+            return outcome;
+        }
+    }
+    if (order.journal) {
+        order.journal->append({ ZLJournalRecord::Kind::KnownFile, outcome.digest }, ZLJournalFile::Sync::AtOnce);
+        order.journal->waitUntilSynced();
+    }
+    outcome.status = writer(order.path, order.bytes);
+    if (outcome && order.isForOwnerOnly)
+        QFile::setPermissions(order.path, QFile::ReadOwner | QFile::WriteOwner);
+    return outcome;
 }

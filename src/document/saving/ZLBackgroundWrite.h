@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/saving/ZLJournalFile.h"
 #include "platform/ZLResult.h"
 
 #include <QByteArray>
@@ -13,12 +14,25 @@
 struct ZLWriteOrder {
     QString path;
     QByteArray bytes;
-    /// Takes the bytes when `path` cannot; empty for none.
-    QString fallbackPath = {};
+    /// Digest of what the file has to hold, if it is there, or another program changed it; empty when that is all one.
+    QByteArray expectedDigest = {};
+    /// Told of the bytes, and synced, before the file is touched; may be null.
+    std::shared_ptr<ZLJournalFile> journal = {};
     /// For recovery files, which are nobody else's business.
     bool isForOwnerOnly = false;
     /// The state of the document that the bytes show.
     quint64 revision = 0;
+};
+
+/// What became of an order.
+struct ZLWriteOutcome {
+    ZLStatus status = ZLDone {};
+    /// Whether the file holds what another program wrote, which is why it was left alone.
+    bool isConflict = false;
+    /// Of the bytes of the order.
+    QByteArray digest = {};
+
+    explicit operator bool() const { return status.isOk(); }
 };
 
 /// How bytes come into a file.
@@ -41,17 +55,17 @@ public:
     /// Calls the write off, or waits for its end if it has begun. Returns whether it was carried out.
     bool cancelOrWait();
     /// The outcome; only to be asked for after the write was carried out.
-    [[nodiscard]] const ZLStatus& outcome() const { return m_outcome; }
+    [[nodiscard]] const ZLWriteOutcome& outcome() const { return m_outcome; }
 
-    /// Carries an order out at once. The outcome is that of `path`, whatever becomes of the fallback.
-    [[nodiscard]] static ZLStatus carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer);
+    /// Carries an order out at once.
+    [[nodiscard]] static ZLWriteOutcome carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer);
 
 private:
     enum class Progress { Waiting, Running, Done, CalledOff };
 
     const ZLWriteOrder m_order;
     const ZLFileWriter m_writer;
-    ZLStatus m_outcome = ZLDone {};
+    ZLWriteOutcome m_outcome;
     std::mutex m_mutex;
     std::condition_variable m_progressDidChange;
     Progress m_progress = Progress::Waiting;

@@ -17,15 +17,17 @@ Q_LOGGING_CATEGORY(documentSaveLog, "zelta.document.save", QtInfoMsg)
 }
 
 ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
-    ZLSavingMachinery machinery, const QString& path)
+    ZLSavingMachinery machinery, const QString& path, const QByteArray& fileBytes)
     : m_document(document)
     , m_recoveryFolder(recoveryFolder)
     , m_machinery(std::move(machinery))
     , m_path(path)
+    , m_journal(document, m_machinery.journalDisk)
 {
     if (!isUntitled()) {
         m_bytesOnDisk = currentBytes();
         m_revertBytes = m_bytesOnDisk;
+        m_fileDigest = ZLJournalRecords::digestOf(fileBytes.isEmpty() ? m_bytesOnDisk : fileBytes);
     }
     watchDocument();
 }
@@ -36,16 +38,40 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     , m_recoveryFolder(recoveryFolder)
     , m_machinery(std::move(machinery))
     , m_recoveryFile(std::move(recoveryFile))
+    , m_journal(document, m_machinery.journalDisk)
 {
     m_bytesOnDisk = currentBytes();
+    m_fileDigest = ZLJournalRecords::digestOf(m_bytesOnDisk);
     watchDocument();
     m_document.setDocumentEdited(hasContent());
+}
+
+ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
+    ZLSavingMachinery machinery, std::unique_ptr<ZLRecoveryFile> recoveryFile, const QString& path,
+    const QByteArray& fileBytes)
+    : m_document(document)
+    , m_recoveryFolder(recoveryFolder)
+    , m_machinery(std::move(machinery))
+    , m_path(path)
+    , m_recoveryFile(std::move(recoveryFile))
+    , m_journal(document, m_machinery.journalDisk)
+    , m_revertBytes(fileBytes)
+{
+    if (!fileBytes.isEmpty())
+        m_fileDigest = ZLJournalRecords::digestOf(fileBytes);
+    watchDocument();
+    beginJournal();
+    m_document.setDocumentEdited(true);
+    noteChange();
 }
 
 ZLDocumentSaver::~ZLDocumentSaver()
 {
     if (m_backgroundWrite)
         m_backgroundWrite->cancelOrWait();
+    m_journal.end();
+    if (m_recoveryFile && !isJournalStillNeeded())
+        m_recoveryFile->removeJournal();
 }
 
 QString ZLDocumentSaver::recoveryPath() const
@@ -77,21 +103,23 @@ ZLStatus ZLDocumentSaver::saveNow()
         return ZLDone {};
     settleBackgroundWrite();
     dropPlannedWrite();
+    if (m_state == ZLSavingState::Conflict)
+        return ZLError { m_failureText };
     if (keepNothingOfEmptyDocument())
         return ZLDone {};
+    m_journal.tidy(m_fileDigest);
+    // Else the journal, which is believed more, would lag behind the file.
+    m_journal.noteReading();
     auto order = makeOrder();
     if (!order) {
         noteFailure(order.error());
         return order.error();
     }
-    ZLStatus outcome = ZLDone {};
+    ZLWriteOutcome outcome { .digest = m_fileDigest };
     if (!isOnDisk(order.value()))
         outcome = ZLBackgroundWrite::carryOut(order.value(), m_machinery.writeFile);
     noteOutcome(order.value(), outcome);
-    // A refuge that was only found now gets the document at once: the process may be about to end.
-    if (!outcome && plannedDelay() == 0)
-        writeFallbackNow();
-    return outcome;
+    return outcome.status;
 }
 
 ZLStatus ZLDocumentSaver::save()
@@ -111,17 +139,19 @@ ZLStatus ZLDocumentSaver::saveAs(const QString& path)
 {
     settleBackgroundWrite();
     const ZLWriteOrder order { .path = pathWithExtension(path), .bytes = currentBytes(), .revision = m_revision };
-    if (const ZLStatus written = ZLBackgroundWrite::carryOut(order, m_machinery.writeFile); !written) {
+    const ZLWriteOutcome written = ZLBackgroundWrite::carryOut(order, m_machinery.writeFile);
+    if (!written) {
         if (m_revision != m_savedRevision && !plannedDelay())
             planWrite();
-        return written;
+        return written.status;
     }
     qCDebug(documentSaveLog) << "document moves to" << order.path;
     dropPlannedWrite();
     m_path = order.path;
     removeRecoveryFile();
     m_revertBytes = order.bytes;
-    noteSuccess(order);
+    noteSuccess(order, written.digest);
+    journalNow();
     m_document.setDisplayName(QFileInfo(m_path).fileName());
     Q_EMIT locationDidChange();
     return ZLDone {};
@@ -144,6 +174,47 @@ ZLStatus ZLDocumentSaver::revert()
     return ZLDone {};
 }
 
+ZLStatus ZLDocumentSaver::keepMine()
+{
+    if (m_state != ZLSavingState::Conflict)
+        return ZLDone {};
+    // Once: what comes there after this moment is again nobody's to overwrite.
+    const auto theirs = ZLAtomicFile::read(m_path);
+    m_fileDigest = theirs ? ZLJournalRecords::digestOf(theirs.value()) : QByteArray();
+    m_bytesOnDisk.clear();
+    setState(ZLSavingState::Waiting);
+    return saveNow();
+}
+
+ZLStatus ZLDocumentSaver::takeTheirs()
+{
+    if (m_state != ZLSavingState::Conflict)
+        return ZLDone {};
+    const auto theirs = ZLAtomicFile::read(m_path);
+    if (!theirs)
+        return theirs.error();
+    const auto contents = ZLDocumentFile::decode(theirs.value());
+    if (!contents)
+        return ZLError { u"%1: %2"_s.arg(m_path, contents.error().message) };
+    m_fileDigest = ZLJournalRecords::digestOf(theirs.value());
+    m_revertBytes = theirs.value();
+    m_bytesOnDisk.clear();
+    setState(ZLSavingState::Waiting);
+    m_document.adoptContents(contents.value());
+    return ZLDone {};
+}
+
+ZLResult<QString> ZLDocumentSaver::keepBoth()
+{
+    const QFileInfo file(m_path);
+    QString path;
+    for (int number = 2; path.isEmpty() || QFile::exists(path); ++number)
+        path = u"%1/%2 %3.%4"_s.arg(file.path(), file.completeBaseName(), QString::number(number), file.suffix());
+    if (const ZLStatus saved = saveAs(path); !saved)
+        return saved.error();
+    return path;
+}
+
 void ZLDocumentSaver::discard()
 {
     settleBackgroundWrite();
@@ -163,16 +234,19 @@ QString ZLDocumentSaver::pathWithExtension(const QString& path)
 void ZLDocumentSaver::writeNewestState()
 {
     // The end of a write under way looks for newer changes itself.
-    if (m_isDiscarded || m_backgroundWrite)
+    if (m_isDiscarded || m_backgroundWrite || m_state == ZLSavingState::Conflict)
         return;
     dropPlannedWrite();
     if (keepNothingOfEmptyDocument())
         return;
+    m_journal.tidy(m_fileDigest);
+    // Else the journal, which is believed more, would lag behind the file.
+    m_journal.noteReading();
     auto order = makeOrder();
     if (!order)
         noteFailure(order.error());
     else if (isOnDisk(order.value()))
-        noteSuccess(order.value());
+        noteSuccess(order.value(), m_fileDigest);
     else
         startBackgroundWrite(std::move(order).value());
 }
@@ -188,7 +262,28 @@ void ZLDocumentSaver::watchDocument()
     connect(&m_readingTimer, &QTimer::timeout, this, &ZLDocumentSaver::writeNewestState);
     connect(&m_document, &ZLChapterDocument::contentsDidChange, this, &ZLDocumentSaver::noteChange);
     connect(&m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLDocumentSaver::followClock);
+    // This connection is the first one, so that nobody is told of what could still be lost.
+    connect(&m_document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLDocumentSaver::journalNow);
     followClock();
+}
+
+void ZLDocumentSaver::journalNow()
+{
+    if (m_isDiscarded || (isUntitled() && !hasContent()))
+        return;
+    if (!m_journal.isBegun() || !m_recoveryFile || !m_recoveryFile->isStillHeld())
+        beginJournal();
+    else
+        m_journal.note();
+}
+
+void ZLDocumentSaver::beginJournal()
+{
+    if (const ZLStatus ensured = ensureRecoveryFile(); !ensured) {
+        qCWarning(documentSaveLog) << "no journal:" << ensured.error().message;
+        return;
+    }
+    m_journal.begin(m_recoveryFile->journalPath(), m_path, m_fileDigest, currentBytes());
 }
 
 void ZLDocumentSaver::noteChange()
@@ -196,7 +291,9 @@ void ZLDocumentSaver::noteChange()
     ++m_revision;
     if (m_isDiscarded)
         return;
-    planWrite();
+    journalNow();
+    if (m_state != ZLSavingState::Conflict)
+        planWrite();
     if (m_state == ZLSavingState::Saved)
         setState(ZLSavingState::Waiting);
 }
@@ -227,14 +324,18 @@ void ZLDocumentSaver::followClock()
 
 ZLResult<ZLWriteOrder> ZLDocumentSaver::makeOrder()
 {
-    ZLWriteOrder order { .path = m_path, .bytes = currentBytes(), .revision = m_revision };
+    ZLWriteOrder order { .path = m_path,
+        .bytes = currentBytes(),
+        .expectedDigest = m_fileDigest,
+        .journal = m_journal.file(),
+        .revision = m_revision };
     if (isUntitled()) {
         if (const ZLStatus ensured = ensureRecoveryFile(); !ensured)
             return ensured.error();
         order.path = m_recoveryFile->path();
         order.isForOwnerOnly = true;
-    } else if (m_recoveryFile) {
-        order.fallbackPath = m_recoveryFile->path();
+        // Nobody else has any business there.
+        order.expectedDigest.clear();
     }
     return order;
 }
@@ -247,14 +348,16 @@ bool ZLDocumentSaver::isOnDisk(const ZLWriteOrder& order) const
 ZLStatus ZLDocumentSaver::ensureRecoveryFile()
 {
     // When the folder was taken away, the lock went with it: both are made anew.
-    if (m_recoveryFile && QFile::exists(m_recoveryFile->path()))
+    if (m_recoveryFile && m_recoveryFile->isStillHeld())
         return ZLDone {};
+    m_journal.end();
     m_recoveryFile.reset();
     auto file = m_recoveryFolder.createFile();
     if (!file)
         return file.error();
     m_recoveryFile = std::move(file).value();
-    Q_EMIT locationDidChange();
+    if (isUntitled())
+        Q_EMIT locationDidChange();
     return ZLDone {};
 }
 
@@ -262,26 +365,11 @@ void ZLDocumentSaver::removeRecoveryFile()
 {
     if (!m_recoveryFile)
         return;
+    m_journal.end();
     m_recoveryFile->remove();
     m_recoveryFile.reset();
     if (isUntitled())
         Q_EMIT locationDidChange();
-}
-
-bool ZLDocumentSaver::reserveFallback()
-{
-    if (isUntitled() || m_recoveryFile)
-        return false;
-    if (auto file = m_recoveryFolder.createFile())
-        m_recoveryFile = std::move(file).value();
-    return m_recoveryFile != nullptr;
-}
-
-void ZLDocumentSaver::writeFallbackNow()
-{
-    const ZLWriteOrder order { .path = m_recoveryFile->path(), .bytes = currentBytes(), .isForOwnerOnly = true };
-    if (const ZLStatus written = ZLBackgroundWrite::carryOut(order, m_machinery.writeFile); !written)
-        qCWarning(documentSaveLog) << "no refuge either:" << written.error().message;
 }
 
 void ZLDocumentSaver::startBackgroundWrite(ZLWriteOrder order)
@@ -317,12 +405,14 @@ void ZLDocumentSaver::settleBackgroundWrite()
         noteOutcome(write->order(), write->outcome());
 }
 
-void ZLDocumentSaver::noteOutcome(const ZLWriteOrder& order, const ZLStatus& outcome)
+void ZLDocumentSaver::noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome)
 {
     if (outcome)
-        noteSuccess(order);
+        noteSuccess(order, outcome.digest);
+    else if (outcome.isConflict)
+        noteConflict(outcome.status.error());
     else
-        noteFailure(outcome.error());
+        noteFailure(outcome.status.error());
 }
 
 bool ZLDocumentSaver::keepNothingOfEmptyDocument()
@@ -331,15 +421,15 @@ bool ZLDocumentSaver::keepNothingOfEmptyDocument()
         return false;
     removeRecoveryFile();
     m_bytesOnDisk.clear();
+    m_fileDigest.clear();
     noteEverythingIsSaved();
     return true;
 }
 
-void ZLDocumentSaver::noteSuccess(const ZLWriteOrder& order)
+void ZLDocumentSaver::noteSuccess(const ZLWriteOrder& order, const QByteArray& digest)
 {
     m_bytesOnDisk = order.bytes;
-    if (!isUntitled())
-        removeRecoveryFile();
+    m_fileDigest = digest;
     if (order.revision == m_revision) {
         noteEverythingIsSaved();
     } else {
@@ -360,9 +450,22 @@ void ZLDocumentSaver::noteFailure(const ZLError& error)
 {
     qCWarning(documentSaveLog) << "cannot write" << error.message;
     m_document.setDocumentEdited(true);
-    // With a refuge found just now there is no reason to wait.
-    m_writeTimer.start(reserveFallback() ? 0 : RetryInterval);
+    m_writeTimer.start(RetryInterval);
     setState(ZLSavingState::Failed, error.message);
+}
+
+void ZLDocumentSaver::noteConflict(const ZLError& error)
+{
+    qCWarning(documentSaveLog) << error.message;
+    m_document.setDocumentEdited(true);
+    dropPlannedWrite();
+    setState(ZLSavingState::Conflict, error.message);
+}
+
+bool ZLDocumentSaver::isJournalStillNeeded() const
+{
+    const bool isSaved = m_state == ZLSavingState::Saved && m_revision == m_savedRevision;
+    return !m_isDiscarded && (!isSaved || m_document.isRecording() || m_document.interruptedRecording());
 }
 
 void ZLDocumentSaver::setState(ZLSavingState state, const QString& failureText)

@@ -2,6 +2,7 @@
 
 #include "document/ZLChapterDocument.h"
 #include "document/saving/ZLBackgroundWrite.h"
+#include "document/saving/ZLDocumentJournal.h"
 #include "document/saving/ZLRecoveryFolder.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLHostClock.h"
@@ -19,11 +20,13 @@ enum class ZLSavingState {
     Waiting, ///< There are changes; they are written within a second.
     Saving, ///< A write is under way.
     Failed, ///< The last write failed; it is tried again and again. See failureText().
+    Conflict, ///< Another program changed the user's file: nothing is written until somebody decides.
 };
 
 /// What a saver works with; tests replace what they want to control.
 struct ZLSavingMachinery {
     ZLFileWriter writeFile = ZLAtomicFile::write;
+    ZLJournalDisk journalDisk {};
     /// Carries a write out beside the event loop, in the order of the calls; when empty, a thread of the saver's own.
     std::function<void(std::function<void()>)> executor;
     std::shared_ptr<const ZLHostClock> clock = std::make_shared<ZLSteadyHostClock>();
@@ -31,7 +34,8 @@ struct ZLSavingMachinery {
 
 /// Keeps one document on the disk: in the user's file, or while it has none in a file of the recovery folder, which
 /// stands exactly while there is something worth keeping. The bytes are made on the main thread, which is quick; a
-/// worker writes them, so that a slow disk delays nothing. One write at a time; the newest state wins.
+/// worker writes them, so that a slow disk delays nothing. One write at a time; the newest state wins. What is not in
+/// the file yet, or cannot be brought there, is in a journal in the recovery folder from the moment of its change.
 class ZLDocumentSaver : public QObject {
     Q_OBJECT
 
@@ -45,12 +49,17 @@ public:
     /// @}
 
     /// Looks after `document`, which holds what is on the disk at this moment and has to outlive the saver, as has
-    /// `recoveryFolder`. Without `path` the document is untitled.
+    /// `recoveryFolder`. Without `path` the document is untitled. `fileBytes` is what was read from there; when empty,
+    /// the document's own bytes.
     ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery,
-        const QString& path = {});
+        const QString& path = {}, const QByteArray& fileBytes = {});
     /// For an untitled document that was just read from `recoveryFile`.
     ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery,
         std::unique_ptr<ZLRecoveryFile> recoveryFile);
+    /// For a document that was rebuilt from the journal of `recoveryFile` and differs from its file at `path`, which
+    /// holds `fileBytes`, if it can be read.
+    ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery,
+        std::unique_ptr<ZLRecoveryFile> recoveryFile, const QString& path, const QByteArray& fileBytes);
     /// Waits for a write under way but starts none: whoever ends a document calls saveNow() before.
     ~ZLDocumentSaver() override;
 
@@ -65,7 +74,7 @@ public:
     [[nodiscard]] bool isTransient() const;
 
     [[nodiscard]] ZLSavingState state() const { return m_state; }
-    /// Which file could not be written and why, while the state is Failed; else empty.
+    /// Which file could not be written and why, while the state is Failed or Conflict; else empty.
     [[nodiscard]] const QString& failureText() const { return m_failureText; }
     /// Milliseconds by which the next write was put off; absent when none is planned.
     [[nodiscard]] std::optional<int> plannedDelay() const;
@@ -81,6 +90,15 @@ public:
     /// Goes back, undoably, to the last save() or the opening; an untitled document becomes empty. Refused while the
     /// clock runs.
     ZLStatus revert();
+    /// @name What to do about a Conflict
+    /// @{
+    /// Writes over what the other program wrote.
+    ZLStatus keepMine();
+    /// Takes over what the other program wrote, as an undoable step; a running clock goes on.
+    ZLStatus takeTheirs();
+    /// Leaves the file to the other program and goes on in a new one beside it, whose path is returned.
+    ZLResult<QString> keepBoth();
+    /// @}
     /// Forgets what is kept of the document in the recovery folder and writes nothing any more.
     void discard();
 
@@ -99,6 +117,8 @@ Q_SIGNALS:
 
 private:
     void watchDocument();
+    void journalNow();
+    void beginJournal();
     void noteChange();
     void planWrite();
     void dropPlannedWrite();
@@ -108,16 +128,16 @@ private:
     [[nodiscard]] bool isOnDisk(const ZLWriteOrder& order) const;
     [[nodiscard]] ZLStatus ensureRecoveryFile();
     void removeRecoveryFile();
-    [[nodiscard]] bool reserveFallback();
-    void writeFallbackNow();
     void startBackgroundWrite(ZLWriteOrder order);
     void finishBackgroundWrite(const std::shared_ptr<ZLBackgroundWrite>& write);
     void settleBackgroundWrite();
-    void noteOutcome(const ZLWriteOrder& order, const ZLStatus& outcome);
+    void noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome);
     [[nodiscard]] bool keepNothingOfEmptyDocument();
-    void noteSuccess(const ZLWriteOrder& order);
+    void noteSuccess(const ZLWriteOrder& order, const QByteArray& digest);
     void noteEverythingIsSaved();
     void noteFailure(const ZLError& error);
+    void noteConflict(const ZLError& error);
+    [[nodiscard]] bool isJournalStillNeeded() const;
     void setState(ZLSavingState state, const QString& failureText = {});
 
     ZLChapterDocument& m_document;
@@ -128,8 +148,11 @@ private:
     QTimer m_readingTimer { this };
 
     QString m_path;
-    /// Of an untitled document its home, of a titled one the refuge while its own file cannot be written.
+    /// Where the journal is, and beside it the file of an untitled document.
     std::unique_ptr<ZLRecoveryFile> m_recoveryFile;
+    ZLDocumentJournal m_journal;
+    /// Of what the document's file holds, as far as this program knows; empty when it holds nothing.
+    QByteArray m_fileDigest;
     std::shared_ptr<ZLBackgroundWrite> m_backgroundWrite;
     QByteArray m_bytesOnDisk;
     QByteArray m_revertBytes;

@@ -19,6 +19,11 @@ QString recoveryLockPath(const QString& path)
     return path + u".lock"_s;
 }
 
+bool isThereAnything(const QString& path)
+{
+    return QFile::exists(path) || QFile::exists(path + ZLRecoveryFile::JournalSuffix);
+}
+
 /// Sorts by the time of its making. The random end keeps apart what two processes make in the same millisecond.
 QString newRecoveryFileName()
 {
@@ -29,9 +34,20 @@ QString newRecoveryFileName()
 
 }
 
+bool ZLRecoveryFile::isStillHeld() const
+{
+    return QFile::exists(recoveryLockPath(m_path));
+}
+
 void ZLRecoveryFile::remove()
 {
     QFile::remove(m_path);
+    removeJournal();
+}
+
+void ZLRecoveryFile::removeJournal()
+{
+    QFile::remove(journalPath());
 }
 
 ZLStatus ZLRecoveryFolder::prepare() const
@@ -67,15 +83,25 @@ QStringList ZLRecoveryFolder::files() const
     return paths;
 }
 
+QStringList ZLRecoveryFolder::journaledFiles() const
+{
+    QStringList paths;
+    const QString pattern = u"*."_s + ZLDocumentFile::Extension + ZLRecoveryFile::JournalSuffix;
+    const auto entries = QDir(m_path).entryInfoList({ pattern }, QDir::Files, QDir::Name);
+    for (const QFileInfo& entry : entries)
+        paths.append(entry.filePath().chopped(ZLRecoveryFile::JournalSuffix.size()));
+    return paths;
+}
+
 ZLResult<std::unique_ptr<ZLRecoveryFile>> ZLRecoveryFolder::claim(const QString& path) const
 {
-    if (!QFile::exists(path))
+    if (!isThereAnything(path))
         return std::unique_ptr<ZLRecoveryFile>();
     auto lock = ZLFileLock::tryLock(recoveryLockPath(path));
     if (!lock)
         return lock.error();
     // Its former holder may have removed it before the lock came free.
-    if (!lock.value() || !QFile::exists(path))
+    if (!lock.value() || !isThereAnything(path))
         return std::unique_ptr<ZLRecoveryFile>();
     return std::make_unique<ZLRecoveryFile>(path, std::move(lock).value());
 }

@@ -18,8 +18,14 @@ public:
     }
 
     [[nodiscard]] const QString& path() const { return m_path; }
-    /// Deletes the file; nothing happens when there is none.
+    [[nodiscard]] QString journalPath() const { return m_path + JournalSuffix; }
+    /// Whether nobody took the file's lock away, as it happens when the whole folder is deleted.
+    [[nodiscard]] bool isStillHeld() const;
+    /// Deletes the file and its journal; nothing happens when there is none.
     void remove();
+    void removeJournal();
+
+    static inline const QString JournalSuffix = QStringLiteral(".journal");
 
 private:
     QString m_path;
@@ -43,7 +49,9 @@ public:
     [[nodiscard]] ZLResult<std::unique_ptr<ZLRecoveryFile>> createFile() const;
     /// Paths of all documents in the folder, whoever holds them, oldest first.
     [[nodiscard]] QStringList files() const;
-    /// Takes a file over; a null pointer when another holder has it, or when it is gone.
+    /// Paths that have a journal, whether or not there is a file, whoever holds them, oldest first.
+    [[nodiscard]] QStringList journaledFiles() const;
+    /// Takes a file or its journal over; a null pointer when another holder has it, or when both are gone.
     [[nodiscard]] ZLResult<std::unique_ptr<ZLRecoveryFile>> claim(const QString& path) const;
 
 private:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/saving/ZLDocumentSaver.h"
+#include "document/saving/ZLJournalReader.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -83,6 +84,26 @@ protected:
             return { QStringLiteral("?") };
         QStringList titles;
         for (const QVariant& chapter : contents.value().chapters)
+            titles.append(chapter.toMap().value(ZLChapterKey::Title).toString());
+        return titles;
+    }
+
+    /// What the only journal in the recovery folder holds.
+    ZLJournaledDocument journaled() const
+    {
+        const QStringList files = recoveryFolder.journaledFiles();
+        EXPECT_EQ(files.size(), 1);
+        const auto bytes = ZLAtomicFile::read(files.value(0) + ZLRecoveryFile::JournalSuffix);
+        const auto read = ZLJournalReader::read(bytes ? bytes.value() : QByteArray());
+        EXPECT_TRUE(read) << qPrintable(read.error().message);
+        return read ? read.value() : ZLJournaledDocument();
+    }
+
+    QStringList journaledTitles() const
+    {
+        QStringList titles;
+        const auto chapters = journaled().contents.chapters;
+        for (const QVariant& chapter : chapters)
             titles.append(chapter.toMap().value(ZLChapterKey::Title).toString());
         return titles;
     }

@@ -284,7 +284,7 @@ TEST_F(ZLDocumentSaverTest, ARecordingAtZeroIsContent)
 
 TEST_F(ZLDocumentSaverTest, SaveAsMovesAnUntitledDocumentToTheUsersFile)
 {
-    const auto saver = untitledSaver();
+    auto saver = untitledSaver();
     addChapter("News");
     writeAndSettle(*saver);
     EXPECT_FALSE(saver->save()) << "there is no file to save to";
@@ -296,11 +296,14 @@ TEST_F(ZLDocumentSaverTest, SaveAsMovesAnUntitledDocumentToTheUsersFile)
     EXPECT_EQ(document.displayName(), u"Episode 12.zelta"_s);
     EXPECT_FALSE(document.isDocumentEdited());
     EXPECT_EQ(recoveryFolder.files(), QStringList());
-    EXPECT_EQ(QDir(recoveryFolder.path()).entryList(QDir::Files), QStringList()) << "no lock is left either";
+    EXPECT_EQ(recoveryFolder.files(), QStringList());
+    EXPECT_EQ(journaled().filePath, path);
 
     addChapter("Weather");
     writeAndSettle(*saver);
     EXPECT_EQ(titlesIn(path), (QStringList { u"News"_s, u"Weather"_s }));
+    saver.reset();
+    EXPECT_EQ(QDir(recoveryFolder.path()).entryList(QDir::Files), QStringList()) << "no lock is left either";
 }
 
 TEST_F(ZLDocumentSaverTest, AnExtensionOfTheUsersIsKept)

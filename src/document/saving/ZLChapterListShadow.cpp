@@ -1,0 +1,51 @@
+#include "document/saving/ZLChapterListShadow.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace {
+
+/// Null and empty texts are told apart when they are stored. One text object needs no reading.
+bool isSameText(const QString& left, const QString& right)
+{
+    return left.isNull() == right.isNull() && (left.constData() == right.constData() || left == right);
+}
+
+}
+
+ZLChapterListShadow::Entry ZLChapterListShadow::Entry::of(const ZLChapter& chapter)
+{
+    return { chapter.timeStamp(), chapter.isEnabled(), chapter.title(), chapter.link(), chapter.tags(),
+        chapter.realDate(), chapter.uuid() };
+}
+
+bool ZLChapterListShadow::Entry::matches(const ZLChapter& chapter) const
+{
+    // By bits: a time that is no number is not equal to itself.
+    return std::bit_cast<quint64>(timeStamp) == std::bit_cast<quint64>(chapter.timeStamp())
+        && isEnabled == chapter.isEnabled() && isSameText(title, chapter.title()) && isSameText(link, chapter.link())
+        && isSameText(tags, chapter.tags()) && isSameText(uuid, chapter.uuid()) && realDate == chapter.realDate();
+}
+
+std::optional<ZLJournalSplice> ZLChapterListShadow::differenceTo(const ZLChapterSequence& chapters)
+{
+    const qsizetype shorter = std::min(m_entries.size(), chapters.size());
+    qsizetype first = 0;
+    while (first < shorter && m_entries.at(first).matches(*chapters.at(first)))
+        ++first;
+    qsizetype last = 0;
+    while (last < shorter - first
+        && m_entries.at(m_entries.size() - 1 - last).matches(*chapters.at(chapters.size() - 1 - last)))
+        ++last;
+    ZLJournalSplice splice { .first = first, .removedCount = m_entries.size() - first - last };
+    const qsizetype insertedCount = chapters.size() - first - last;
+    if (splice.removedCount == 0 && insertedCount == 0)
+        return std::nullopt;
+    m_entries.remove(first, splice.removedCount);
+    m_entries.insert(first, insertedCount, Entry());
+    for (qsizetype index = first; index < first + insertedCount; ++index) {
+        m_entries[index] = Entry::of(*chapters.at(index));
+        splice.inserted.append(chapters.at(index)->dictionaryRepresentation());
+    }
+    return splice;
+}

@@ -1,0 +1,103 @@
+#include "document/saving/ZLDocumentJournal.h"
+
+#include <utility>
+
+ZLDocumentJournal::ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk disk)
+    : m_document(document)
+    , m_disk(std::move(disk))
+{
+    m_tickTimer.setInterval(TickInterval);
+    connect(&m_tickTimer, &QTimer::timeout, this, &ZLDocumentJournal::noteReading);
+    connect(&document, &ZLChapterDocument::recordingStateDidChange, this, &ZLDocumentJournal::followClock);
+    followClock();
+}
+
+void ZLDocumentJournal::begin(
+    const QString& journalPath, const QString& filePath, const QByteArray& fileDigest, const QByteArray& snapshot)
+{
+    m_file = std::make_shared<ZLJournalFile>(journalPath, m_disk);
+    m_filePath = filePath;
+    beginFile(fileDigest, snapshot);
+    m_file->waitUntilHandedOver(LongestHandOver);
+}
+
+void ZLDocumentJournal::tidy(const QByteArray& fileDigest)
+{
+    if (!m_file || (!m_file->isBroken() && m_file->size() <= std::max(SmallSize, 4 * m_snapshotSize)))
+        return;
+    note();
+    beginFile(fileDigest, m_document.dataOfType());
+}
+
+void ZLDocumentJournal::end()
+{
+    m_file.reset();
+}
+
+void ZLDocumentJournal::note()
+{
+    if (!m_file)
+        return;
+    auto chapters = m_chapters.differenceTo(m_document.chapterManager().chapters());
+    auto templates = m_templates.differenceTo(m_document.templateViewController().chapterManager().chapters());
+    const ClockState clock = clockState();
+    if (std::exchange(m_clock, clock) == clock && !chapters && !templates)
+        return;
+    ZLJournalChange change = readingNow();
+    change.chapters = std::move(chapters);
+    change.templates = std::move(templates);
+    m_file->append({ ZLJournalRecord::Kind::Change, change.encoded() }, ZLJournalFile::Sync::AtOnce);
+    m_file->waitUntilHandedOver(LongestHandOver);
+}
+
+ZLDocumentJournal::ClockState ZLDocumentJournal::clockState() const
+{
+    return { .isRunning = m_document.isRecording(),
+        .startTime = m_document.startTime(),
+        .duration = m_document.duration(),
+        .interruption = m_document.interruptedRecording() };
+}
+
+void ZLDocumentJournal::followClock()
+{
+    if (!m_document.isRecording())
+        m_tickTimer.stop();
+    else if (!m_tickTimer.isActive())
+        m_tickTimer.start();
+}
+
+void ZLDocumentJournal::noteReading()
+{
+    if (!m_file || !m_document.isRecording())
+        return;
+    const bool isSyncDue = ++m_ticks % TicksPerSync == 0;
+    m_file->append({ ZLJournalRecord::Kind::Change, readingNow().encoded() },
+        isSyncDue ? ZLJournalFile::Sync::AtOnce : ZLJournalFile::Sync::WithTheNext);
+}
+
+void ZLDocumentJournal::rememberDocument()
+{
+    (void)m_chapters.differenceTo(m_document.chapterManager().chapters());
+    (void)m_templates.differenceTo(m_document.templateViewController().chapterManager().chapters());
+    m_clock = clockState();
+}
+
+ZLJournalChange ZLDocumentJournal::readingNow() const
+{
+    ZLJournalChange change { .reading = m_document.currentDuration(), .running = m_document.interruptedRecording() };
+    if (m_document.isRecording())
+        change.running = ZLInterruptedRecording { .reading = change.reading, .lastSeen = m_document.wallClockTime() };
+    return change;
+}
+
+void ZLDocumentJournal::beginFile(const QByteArray& fileDigest, const QByteArray& snapshot)
+{
+    using Kind = ZLJournalRecord::Kind;
+    rememberDocument();
+    m_snapshotSize = snapshot.size();
+    QList<ZLJournalRecord> records { { Kind::Origin, m_filePath.toUtf8() }, { Kind::Snapshot, snapshot } };
+    if (!fileDigest.isEmpty())
+        records.append({ Kind::KnownFile, fileDigest });
+    records.append({ Kind::Change, readingNow().encoded() });
+    m_file->begin(records);
+}

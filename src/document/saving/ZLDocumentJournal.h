@@ -1,0 +1,71 @@
+#pragma once
+
+#include "document/ZLChapterDocument.h"
+#include "document/saving/ZLChapterListShadow.h"
+#include "document/saving/ZLJournalFile.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+
+/// Journals one document: whatever changes in it is handed to the kernel before the document tells anybody, and synced
+/// by a thread of the journal's own. While no file is begun it only watches.
+class ZLDocumentJournal : public QObject {
+    Q_OBJECT
+
+public:
+    /// How long a change waits for the kernel to take it; a healthy one needs some tens of microseconds.
+    static constexpr std::chrono::milliseconds LongestHandOver { 25 };
+    static constexpr int TickInterval = 1000; ///< Milliseconds between readings of a running clock.
+    static constexpr int TicksPerSync = 5;
+    static constexpr qint64 SmallSize = 1024 * 1024; ///< Bytes up to which a journal is never begun anew.
+
+    /// `document` has to outlive the journal.
+    ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk disk);
+
+    [[nodiscard]] bool isBegun() const { return m_file != nullptr; }
+    /// The file under way, for whoever writes to it beside the journal; null when none is begun.
+    [[nodiscard]] const std::shared_ptr<ZLJournalFile>& file() const { return m_file; }
+    /// Begins the journal at `journalPath`. `snapshot` is the document as it is now, `filePath` the user's file, empty
+    /// for none, and `fileDigest` that of what it holds, empty for nothing.
+    void begin(
+        const QString& journalPath, const QString& filePath, const QByteArray& fileDigest, const QByteArray& snapshot);
+    /// Begins it anew, from a new snapshot, when it is broken or has outgrown the last one several times.
+    void tidy(const QByteArray& fileDigest);
+    /// Stops journaling and leaves the file as it is.
+    void end();
+
+    /// Journals what differs from the last record, and waits until the kernel has it.
+    void note();
+    /// Journals the reading of a running clock; without waiting.
+    void noteReading();
+
+private:
+    struct ClockState {
+        bool isRunning = false;
+        double startTime = 0.0;
+        double duration = 0.0;
+        std::optional<ZLInterruptedRecording> interruption {};
+
+        bool operator==(const ClockState&) const = default;
+    };
+
+    [[nodiscard]] ClockState clockState() const;
+    void followClock();
+    void rememberDocument();
+    [[nodiscard]] ZLJournalChange readingNow() const;
+    void beginFile(const QByteArray& fileDigest, const QByteArray& snapshot);
+
+    ZLChapterDocument& m_document;
+    const ZLJournalDisk m_disk;
+    std::shared_ptr<ZLJournalFile> m_file;
+    QString m_filePath;
+    qint64 m_snapshotSize = 0;
+    ZLChapterListShadow m_chapters;
+    ZLChapterListShadow m_templates;
+    ClockState m_clock;
+    QTimer m_tickTimer { this };
+    int m_ticks = 0;
+};

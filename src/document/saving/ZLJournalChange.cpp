@@ -1,0 +1,57 @@
+#include "document/saving/ZLJournalChange.h"
+
+#include "platform/archive/ZLKeyedArchiver.h"
+#include "platform/archive/ZLKeyedUnarchiver.h"
+
+#include <QVariantMap>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QVariantMap archivedSplice(const ZLJournalSplice& splice)
+{
+    return { { u"First"_s, qlonglong(splice.first) }, { u"Removed"_s, qlonglong(splice.removedCount) },
+        { u"Inserted"_s, splice.inserted } };
+}
+
+std::optional<ZLJournalSplice> unarchivedSplice(const QVariant& value)
+{
+    if (value.typeId() != QMetaType::QVariantMap)
+        return std::nullopt;
+    const QVariantMap map = value.toMap();
+    return ZLJournalSplice { .first = qsizetype(map.value(u"First"_s).toLongLong()),
+        .removedCount = qsizetype(map.value(u"Removed"_s).toLongLong()),
+        .inserted = map.value(u"Inserted"_s).toList() };
+}
+
+}
+
+QByteArray ZLJournalChange::encoded() const
+{
+    QVariantMap map { { u"Reading"_s, reading } };
+    if (chapters)
+        map.insert(u"Chapters"_s, archivedSplice(*chapters));
+    if (templates)
+        map.insert(u"Templates"_s, archivedSplice(*templates));
+    if (running) {
+        map.insert(u"RunningFrom"_s, running->reading);
+        map.insert(u"RunningAt"_s, running->lastSeen.toMSecsSinceEpoch());
+    }
+    return ZLKeyedArchiver::archivedData(map);
+}
+
+ZLResult<ZLJournalChange> ZLJournalChange::decoded(QByteArrayView bytes)
+{
+    const auto root = ZLKeyedUnarchiver::unarchivedRoot(bytes);
+    if (!root)
+        return root.error();
+    const QVariantMap map = root.value().toMap();
+    ZLJournalChange change { .chapters = unarchivedSplice(map.value(u"Chapters"_s)),
+        .templates = unarchivedSplice(map.value(u"Templates"_s)),
+        .reading = map.value(u"Reading"_s).toDouble() };
+    if (map.contains(u"RunningAt"_s))
+        change.running = ZLInterruptedRecording { .reading = map.value(u"RunningFrom"_s).toDouble(),
+            .lastSeen = QDateTime::fromMSecsSinceEpoch(map.value(u"RunningAt"_s).toLongLong(), Qt::UTC) };
+    return change;
+}

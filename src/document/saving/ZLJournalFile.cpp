@@ -1,0 +1,266 @@
+#include "document/saving/ZLJournalFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLoggingCategory>
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(journalLog, "zelta.document.journal", QtInfoMsg)
+
+void syncFolderOfJournal(const QByteArray& nativePath)
+{
+    const QByteArray folder = QFile::encodeName(QFileInfo(QFile::decodeName(nativePath)).absolutePath());
+    const int descriptor = open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
+    close(descriptor);
+}
+
+int writeWholly(const ZLJournalDisk& disk, int descriptor, const QByteArray& bytes)
+{
+    for (qsizetype done = 0; done < bytes.size();) {
+        const ssize_t count = disk.write(descriptor, bytes.constData() + done, size_t(bytes.size() - done));
+        if (count < 0 && errno != EINTR)
+            return errno;
+        done += count > 0 ? count : 0;
+    }
+    return 0;
+}
+
+}
+
+/// An open file with what lies in it whole.
+struct ZLJournalFile::Descriptor {
+    explicit Descriptor(int opened)
+        : number(opened)
+    {
+    }
+    ~Descriptor() { close(number); }
+    Q_DISABLE_COPY_MOVE(Descriptor)
+
+    const int number;
+    off_t size = 0;
+    quint32 nextSequence = 0;
+    /// 0 or the system's error number. A record that went in only partly is cut off again.
+    int append(const ZLJournalDisk& disk, const QByteArray& bytes)
+    {
+        const int error = writeWholly(disk, number, bytes);
+        if (error == 0)
+            size += bytes.size();
+        else if (ftruncate(number, size) != 0 || lseek(number, size, SEEK_SET) != size)
+            qCWarning(journalLog) << "half a record stays at the end";
+        return error;
+    }
+
+    int append(const ZLJournalDisk& disk, const ZLJournalRecord& record)
+    {
+        const int error = append(disk, ZLJournalRecords::encoded(nextSequence, record));
+        nextSequence += error == 0 ? 1 : 0;
+        return error;
+    }
+};
+
+ZLJournalFile::ZLJournalFile(const QString& path, ZLJournalDisk disk)
+    : m_nativePath(QFile::encodeName(path))
+    , m_disk(std::move(disk))
+{
+    m_writer.setMaxThreadCount(1);
+    m_syncer.setMaxThreadCount(1);
+}
+
+ZLJournalFile::~ZLJournalFile()
+{
+    // Each of them may give the other one work: a successor is made by one and installed by the other.
+    waitUntilSynced();
+    m_writer.waitForDone();
+    m_syncer.waitForDone();
+    m_writer.waitForDone();
+    m_syncer.waitForDone();
+}
+
+void ZLJournalFile::begin(QList<ZLJournalRecord> records)
+{
+    post([this, records = std::move(records)] { performBegin(records); });
+    requestSync();
+}
+
+void ZLJournalFile::append(ZLJournalRecord record, Sync sync)
+{
+    post([this, record = std::move(record)] { performAppend(record); });
+    if (sync == Sync::AtOnce)
+        requestSync();
+}
+
+bool ZLJournalFile::waitUntilHandedOver(std::chrono::milliseconds limit)
+{
+    std::unique_lock lock(m_mutex);
+    const auto isHandedOver = [this, wanted = m_postedCount] { return m_writtenCount >= wanted; };
+    const bool wasLagging = m_isLagging;
+    m_isLagging = wasLagging ? !isHandedOver() : !m_progress.wait_for(lock, limit, isHandedOver);
+    if (m_isLagging && !wasLagging)
+        qCWarning(journalLog) << "the disk of" << m_nativePath << "does not answer";
+    return !m_isLagging;
+}
+
+void ZLJournalFile::waitUntilSynced()
+{
+    requestSync();
+    std::unique_lock lock(m_mutex);
+    m_progress.wait(lock, [this, wanted = m_postedCount] { return m_syncedCount >= wanted; });
+}
+
+bool ZLJournalFile::isBroken() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_error != 0;
+}
+
+QString ZLJournalFile::failureText() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_error == 0 ? QString() : u"%1: %2"_s.arg(QFile::decodeName(m_nativePath), qt_error_string(m_error));
+}
+
+qint64 ZLJournalFile::size() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_size;
+}
+
+void ZLJournalFile::post(std::function<void()> task)
+{
+    const std::lock_guard lock(m_mutex);
+    ++m_postedCount;
+    m_writer.start([this, task = std::move(task)] {
+        task();
+        const std::lock_guard written(m_mutex);
+        ++m_writtenCount;
+        m_progress.notify_all();
+    });
+}
+
+void ZLJournalFile::requestSync()
+{
+    // The sync has to come after the write; so the writing thread asks for it.
+    m_writer.start([this] {
+        const std::lock_guard lock(m_mutex);
+        if (!std::exchange(m_isSyncDue, true))
+            m_syncer.start([this] { syncNow(); });
+    });
+}
+
+void ZLJournalFile::syncNow()
+{
+    std::unique_lock lock(m_mutex);
+    m_isSyncDue = false;
+    const quint64 covered = m_writtenCount;
+    const DescriptorPointer descriptor = m_descriptor;
+    lock.unlock();
+    if (descriptor && m_disk.sync(descriptor->number) != 0 && errno != EINVAL)
+        noteFailure(errno);
+    lock.lock();
+    m_syncedCount = std::max(m_syncedCount, covered);
+    m_progress.notify_all();
+}
+
+void ZLJournalFile::performBegin(const QList<ZLJournalRecord>& records)
+{
+    if (!m_descriptor) {
+        if (const DescriptorPointer successor = makeSuccessor(records))
+            install(successor);
+        return;
+    }
+    // Making the successor takes a sync of its own. Until then records go into the old file, and into the new one
+    // after.
+    if (std::exchange(m_hasSuccessor, true))
+        return;
+    m_recordsForSuccessor.clear();
+    m_syncer.start([this, records] {
+        const DescriptorPointer successor = makeSuccessor(records);
+        post([this, successor] {
+            if (successor)
+                install(successor);
+            m_hasSuccessor = false;
+        });
+        requestSync();
+    });
+}
+
+void ZLJournalFile::performAppend(const ZLJournalRecord& record)
+{
+    if (m_hasSuccessor)
+        m_recordsForSuccessor.append(record);
+    // After a failure the records would no longer follow one another.
+    if (!m_descriptor || isBroken())
+        return;
+    if (const int error = m_descriptor->append(m_disk, record); error != 0)
+        noteFailure(error);
+    noteSize();
+}
+
+ZLJournalFile::DescriptorPointer ZLJournalFile::makeSuccessor(const QList<ZLJournalRecord>& records)
+{
+    const int number = open(successorPath().constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    if (number < 0) {
+        noteFailure(errno);
+        return nullptr;
+    }
+    const auto successor = std::make_shared<Descriptor>(number);
+    int error = fchmod(number, 0600) == 0 ? successor->append(m_disk, ZLJournalRecords::Signature) : errno;
+    for (const ZLJournalRecord& record : records)
+        error = error == 0 ? successor->append(m_disk, record) : error;
+    if (error == 0 && m_disk.sync(number) != 0 && errno != EINVAL)
+        error = errno;
+    if (error == 0)
+        return successor;
+    unlink(successorPath().constData());
+    noteFailure(error);
+    return nullptr;
+}
+
+void ZLJournalFile::install(const DescriptorPointer& successor)
+{
+    int error = 0;
+    for (const ZLJournalRecord& record : std::as_const(m_recordsForSuccessor))
+        error = error == 0 ? successor->append(m_disk, record) : error;
+    if (error == 0 && !m_recordsForSuccessor.isEmpty() && m_disk.sync(successor->number) != 0)
+        error = errno;
+    m_recordsForSuccessor.clear();
+    if (error == 0 && std::rename(successorPath().constData(), m_nativePath.constData()) != 0)
+        error = errno;
+    if (error != 0) {
+        unlink(successorPath().constData());
+        noteFailure(error);
+        return;
+    }
+    {
+        const std::lock_guard lock(m_mutex);
+        m_descriptor = successor;
+        m_error = 0;
+    }
+    noteSize();
+    m_syncer.start([path = m_nativePath] { syncFolderOfJournal(path); });
+}
+
+void ZLJournalFile::noteSize()
+{
+    const std::lock_guard lock(m_mutex);
+    m_size = m_descriptor->size;
+}
+
+void ZLJournalFile::noteFailure(int error)
+{
+    const std::lock_guard lock(m_mutex);
+    if (std::exchange(m_error, error) != error)
+        qCWarning(journalLog) << "cannot write" << m_nativePath << qt_error_string(error);
+}

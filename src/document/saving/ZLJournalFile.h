@@ -1,0 +1,89 @@
+#pragma once
+
+#include "document/saving/ZLJournalRecord.h"
+
+#include <QString>
+#include <QThreadPool>
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <sys/types.h>
+#include <unistd.h>
+
+/// What a journal asks of the operating system; tests make it slow or let it fail.
+struct ZLJournalDisk {
+    std::function<ssize_t(int descriptor, const void* bytes, size_t count)> write = ::write;
+    std::function<int(int descriptor)> sync = ::fdatasync;
+};
+
+/// Appends records to a file without ever keeping the caller waiting for the disk: one thread writes, another one
+/// syncs. Only its user can read the file. Each operation may be called from any thread; they take effect in the order
+/// of the calls.
+class ZLJournalFile {
+public:
+    /// When a record has to be safe from a power cut.
+    enum class Sync { AtOnce, WithTheNext };
+
+    explicit ZLJournalFile(const QString& path, ZLJournalDisk disk = {});
+    /// Waits until everything is written and synced.
+    ~ZLJournalFile();
+    Q_DISABLE_COPY_MOVE(ZLJournalFile)
+
+    /// Begins the file anew. What stands under its name is replaced when the new one is synced, so that at each moment
+    /// one of both is whole.
+    void begin(QList<ZLJournalRecord> records);
+    void append(ZLJournalRecord record, Sync sync);
+
+    /// Waits until the kernel has everything that was appended, so that a kill of the process cannot lose it. Returns
+    /// false when that lasts too long; then nobody waits again until the disk has caught up.
+    bool waitUntilHandedOver(std::chrono::milliseconds limit);
+    /// Waits until everything appended up to now is on the disk.
+    void waitUntilSynced();
+
+    /// Whether records are being lost because the file cannot be written. begin() tries anew.
+    [[nodiscard]] bool isBroken() const;
+    /// Why, while isBroken(); else empty.
+    [[nodiscard]] QString failureText() const;
+    [[nodiscard]] qint64 size() const;
+
+private:
+    struct Descriptor;
+    using DescriptorPointer = std::shared_ptr<Descriptor>;
+
+    void post(std::function<void()> task);
+    void requestSync();
+    void syncNow();
+    void performBegin(const QList<ZLJournalRecord>& records);
+    void performAppend(const ZLJournalRecord& record);
+    [[nodiscard]] DescriptorPointer makeSuccessor(const QList<ZLJournalRecord>& records);
+    void install(const DescriptorPointer& successor);
+    void noteSize();
+    void noteFailure(int error);
+    [[nodiscard]] QByteArray successorPath() const { return m_nativePath + ".new"; }
+
+    const QByteArray m_nativePath;
+    const ZLJournalDisk m_disk;
+
+    mutable std::mutex m_mutex;
+    std::condition_variable m_progress;
+    quint64 m_postedCount = 0;
+    quint64 m_writtenCount = 0;
+    quint64 m_syncedCount = 0;
+    bool m_isSyncDue = false;
+    bool m_isLagging = false;
+    int m_error = 0;
+    qint64 m_size = 0;
+    /// Replaced by the writing thread alone.
+    DescriptorPointer m_descriptor;
+
+    /// What comes while a successor is being made; of the writing thread alone.
+    QList<ZLJournalRecord> m_recordsForSuccessor;
+    bool m_hasSuccessor = false;
+
+    /// Last, so that their tasks end before anything else goes.
+    QThreadPool m_syncer;
+    QThreadPool m_writer;
+};

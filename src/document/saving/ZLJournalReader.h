@@ -1,0 +1,34 @@
+#pragma once
+
+#include "document/ZLDocumentFile.h"
+#include "document/ZLInterruptedRecording.h"
+#include "platform/ZLResult.h"
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <optional>
+
+/// The newest state that a journal holds.
+struct ZLJournaledDocument {
+    /// The user's file; empty for an untitled document.
+    QString filePath {};
+    ZLDocumentContents contents {};
+    std::optional<ZLInterruptedRecording> interruption {};
+    /// Versions of the user's file that belong to the journal.
+    QList<QByteArray> fileDigests {};
+    /// Whether chapters, templates or the clock changed after the last version of the file.
+    bool hasChangesSinceFile = false;
+    /// Whether the last record was cut off.
+    bool isTorn = false;
+
+    [[nodiscard]] bool belongsTo(QByteArrayView fileBytes) const;
+};
+
+namespace ZLJournalReader {
+
+/// Fails for bytes that do not begin with the path and the snapshot of a document. A torn end, and whatever follows a
+/// record that makes no sense, is left out.
+[[nodiscard]] ZLResult<ZLJournaledDocument> read(QByteArrayView bytes);
+
+}

@@ -11,7 +11,7 @@ zelta_run_packages=(
 )
 zelta_test_packages=(
   libgtest-dev libgmock-dev git
-  python3 libplist-utils libxml2-utils
+  python3 python3-markdown-it libplist-utils libxml2-utils
   liblo-tools nodejs npm
   avahi-daemon iproute2
   pulseaudio pulseaudio-utils

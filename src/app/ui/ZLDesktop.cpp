@@ -28,6 +28,7 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
               std::make_unique<ZLAvahiServicePublisher>() })
     , m_windows(m_application.documentController())
     , m_remoteStatus(m_application)
+    , m_preferences(m_application, m_sounds.server())
     , m_oscConnections(m_application)
     , m_signals({ SIGINT, SIGTERM, SIGHUP })
 {
@@ -36,6 +37,7 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     // After the windows have heard of the document and made a window for it.
     connect(&m_application.documentController(), &ZLDocumentController::didOpenDocument, this, &ZLDesktop::equipWindow);
     connect(&events, &ZLDesktopApplication::modifiersDidChange, this, &ZLDesktop::updateAddButtons);
+    connect(&m_windows, &ZLDocumentWindows::aboutRequested, &m_preferences, &ZLPreferences::openAboutView);
     connect(&m_signals, &ZLSignalWatcher::didReceiveSignal, &m_windows, &ZLDocumentWindows::quitAtOnce);
 }
 
@@ -55,6 +57,7 @@ void ZLDesktop::updateAddButtons()
 void ZLDesktop::equipWindow(ZLChapterDocument* document)
 {
     ZLChapterDocumentWindow* window = m_windows.windowOf(document);
+    m_preferences.addWindow(*window);
     m_menuShortcuts.addWindow(*window);
     m_remoteStatus.addStatusLine(window->statusLine());
     m_oscConnections.addWindow(*window);

@@ -6,6 +6,7 @@
 #include "app/ui/ZLDocumentWindows.h"
 #include "app/ui/ZLMenuShortcuts.h"
 #include "app/ui/ZLOSCConnections.h"
+#include "app/ui/ZLPreferences.h"
 #include "app/ui/ZLRemoteStatusDisplay.h"
 #include "platform/ZLSignalWatcher.h"
 
@@ -34,6 +35,7 @@ private:
     ZLDocumentWindows m_windows;
     ZLMenuShortcuts m_menuShortcuts;
     ZLRemoteStatusDisplay m_remoteStatus;
+    ZLPreferences m_preferences;
     ZLOSCConnections m_oscConnections;
     ZLSignalWatcher m_signals;
 };

@@ -119,7 +119,8 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     m_windows.insert(document, window);
     auto* savePanel = new ZLSavePanel(m_controller, *window);
     connectFileMenu(*window, *savePanel);
-    new ZLHelpMenu(*window);
+    const auto* helpMenu = new ZLHelpMenu(*window);
+    connect(helpMenu, &ZLHelpMenu::aboutRequested, this, &ZLDocumentWindows::aboutRequested);
     new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
     connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);

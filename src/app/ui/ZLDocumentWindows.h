@@ -31,6 +31,10 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+Q_SIGNALS:
+    /// The user asks what program this is.
+    void aboutRequested();
+
 private:
     void addWindow(ZLChapterDocument* document);
     void connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel);

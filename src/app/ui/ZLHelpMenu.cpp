@@ -2,7 +2,6 @@
 
 #include "document/ui/menus/ZLActionHelp.h"
 
-#include <QApplication>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -11,15 +10,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void showMessageBox(QMainWindow& window, const QString& name, const QString& title, const QString& richText)
-{
-    auto* box = new QMessageBox(QMessageBox::NoIcon, title, richText, QMessageBox::Close, &window);
-    box->setObjectName(name);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setTextFormat(Qt::RichText);
-    box->open();
-}
 
 QString plainTitle(const QAction& action)
 {
@@ -39,18 +29,17 @@ ZLHelpMenu::ZLHelpMenu(QMainWindow& window)
         &QAction::triggered, this, &ZLHelpMenu::showKeys);
     menu->addSeparator();
     connect(ZLActionHelp::addAction(*menu, u"showAbout"_s, tr("&About Zelta")), &QAction::triggered, this,
-        &ZLHelpMenu::showAbout);
+        &ZLHelpMenu::aboutRequested);
 }
 
 void ZLHelpMenu::showKeys()
 {
-    showMessageBox(m_window, u"keysBox"_s, tr("Keyboard Shortcuts"), keysAsRichText());
-}
-
-void ZLHelpMenu::showAbout()
-{
-    showMessageBox(m_window, u"aboutBox"_s, tr("About Zelta"),
-        tr("<h3>Zelta %1</h3><p>Marks chapters while a show is recorded.</p>").arg(QApplication::applicationVersion()));
+    auto* box =
+        new QMessageBox(QMessageBox::NoIcon, tr("Keyboard Shortcuts"), keysAsRichText(), QMessageBox::Close, &m_window);
+    box->setObjectName(u"keysBox"_s);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::RichText);
+    box->open();
 }
 
 QString ZLHelpMenu::keysAsRichText() const

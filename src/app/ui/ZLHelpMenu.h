@@ -4,7 +4,7 @@
 
 class QMainWindow;
 
-/// The Help menu of a window: the keys of all commands, and what program this is.
+/// The Help menu of a window: the keys of all commands, and the way to what program this is.
 class ZLHelpMenu : public QObject {
     Q_OBJECT
 
@@ -12,9 +12,11 @@ public:
     /// Belongs to `window` and puts itself after the other menus.
     explicit ZLHelpMenu(QMainWindow& window);
 
+Q_SIGNALS:
+    void aboutRequested();
+
 private:
     void showKeys();
-    void showAbout();
     /// A table of the commands that have a key, in the order of the menus.
     [[nodiscard]] QString keysAsRichText() const;
 

@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QPoint offsetBetweenWindows(32, 32);
@@ -198,7 +200,7 @@ void ZLDocumentWindows::showProblems(const QStringList& problems) const
 {
     ZLChapterDocumentWindow* window = frontWindow();
     if (!problems.isEmpty() && window)
-        window->messageBar().showMessage(problems.join(u'\n'), { { tr("Dismiss"), [] {} } });
+        window->messageBar().showMessage(u"openingProblems"_s, problems.join(u'\n'), { { tr("Dismiss"), [] {} } });
 }
 
 void ZLDocumentWindows::refuseToQuitWhileRecording() const
@@ -213,7 +215,8 @@ void ZLDocumentWindows::refuseToQuitWhileRecording() const
 void ZLDocumentWindows::askWhetherToQuitUnsaved(const QStringList& problems)
 {
     if (ZLChapterDocumentWindow* window = frontWindow())
-        window->messageBar().showMessage(tr("Not everything could be saved: %1").arg(problems.join(u' ')),
+        window->messageBar().showMessage(u"quittingUnsaved"_s,
+            tr("Not everything could be saved: %1").arg(problems.join(u' ')),
             { { tr("Quit Anyway"), [this] { quitAtOnce(); } }, { tr("Cancel"), [] {} } });
 }
 
@@ -237,5 +240,6 @@ void ZLDocumentWindows::showExportedFile(ZLChapterDocument* document, const QStr
 void ZLDocumentWindows::showExportFailure(ZLChapterDocument* document, const QString& message) const
 {
     if (ZLChapterDocumentWindow* window = windowToTellIn(document))
-        window->messageBar().showMessage(tr("The export failed. %1").arg(message), { { tr("Dismiss"), [] {} } });
+        window->messageBar().showMessage(
+            u"exportFailure"_s, tr("The export failed. %1").arg(message), { { tr("Dismiss"), [] {} } });
 }

@@ -2,9 +2,9 @@
 
 #include "app/ui/ZLExportMenu.h"
 #include "app/ui/ZLSavePanel.h"
-#include "document/ui/menus/ZLActionHelp.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
+#include "document/ui/menus/ZLActionHelp.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -101,7 +101,7 @@ void ZLFileMenu::revert()
     if (!saver)
         return;
     if (const ZLStatus reverted = saver->revert(); !reverted)
-        m_window.messageBar().showMessage(reverted.error().message, { { tr("Dismiss"), [] {} } });
+        m_window.messageBar().showMessage(u"revertFailure"_s, reverted.error().message, { { tr("Dismiss"), [] {} } });
 }
 
 void ZLFileMenu::validate()

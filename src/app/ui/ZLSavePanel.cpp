@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 ZLSavePanel::ZLSavePanel(ZLDocumentController& controller, ZLChapterDocumentWindow& window)
     : QObject(&window)
     , m_controller(controller)
@@ -27,7 +29,8 @@ void ZLSavePanel::save()
     const ZLStatus saved = saver->save();
     if (saved)
         m_window.statusLine().showPassingMessage(tr("Saved. Changes from here on are saved by themselves."));
-    else
+    // What the document's state already tells needs no second message.
+    else if (saver->state() == ZLSavingState::Saved)
         showFailure(saved.error().message);
 }
 
@@ -62,6 +65,7 @@ void ZLSavePanel::writeTo(const QString& path, const std::function<void()>& when
         showFailure(saved.error().message);
         return;
     }
+    m_window.messageBar().hideMessage(u"saveFailure"_s);
     m_window.statusLine().showPassingMessage(tr("Saved as %1.").arg(QFileInfo(path).fileName()));
     if (whenSaved)
         whenSaved();
@@ -69,6 +73,6 @@ void ZLSavePanel::writeTo(const QString& path, const std::function<void()>& when
 
 void ZLSavePanel::showFailure(const QString& message)
 {
-    m_window.messageBar().showMessage(tr("The document could not be saved. %1").arg(message),
+    m_window.messageBar().showMessage(u"saveFailure"_s, tr("The document could not be saved. %1").arg(message),
         { { tr("Save As…"), [this] { saveAs(); } }, { tr("Dismiss"), [] {} } });
 }

@@ -4,6 +4,13 @@
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 
+namespace {
+
+/// One question at a time: what comes of an answer may be the next question.
+const QString questionName = QStringLiteral("closing");
+
+}
+
 ZLWindowCloser::ZLWindowCloser(
     ZLDocumentController& controller, ZLSavePanel& savePanel, ZLChapterDocumentWindow& window)
     : QObject(&window)
@@ -39,14 +46,14 @@ bool ZLWindowCloser::isLastDocument() const
 void ZLWindowCloser::askWhetherToKeep()
 {
     const QString name = m_window.document().displayName();
-    m_window.messageBar().showMessage(tr("“%1” has no file yet. Save it before closing?").arg(name),
+    m_window.messageBar().showMessage(questionName, tr("“%1” has no file yet. Save it before closing?").arg(name),
         { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
             { tr("Discard"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } });
 }
 
 void ZLWindowCloser::showFailure(const QString& message)
 {
-    m_window.messageBar().showMessage(message,
+    m_window.messageBar().showMessage(questionName, message,
         { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
             { tr("Close Without Saving"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } });
 }

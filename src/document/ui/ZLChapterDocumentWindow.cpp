@@ -212,6 +212,7 @@ void ZLChapterDocumentWindow::connectMenus()
         commitTypedText();
         m_document.showAbsoluteTimePressed();
     });
+    connect(m_viewMenu, &ZLViewMenu::messagesRequested, m_ui->messageBar, &ZLMessageBar::goToMessages);
     connect(m_viewMenu, &ZLViewMenu::drawerRequested, this, [this] {
         if (isDrawerOpen())
             toggleDrawer();
@@ -225,7 +226,7 @@ void ZLChapterDocumentWindow::connectMenus()
 void ZLChapterDocumentWindow::connectStatusLine()
 {
     connect(m_ui->statusLine, &ZLStatusLine::nextTemplateClicked, this, &ZLChapterDocumentWindow::openDrawerWithFocus);
-    connect(m_ui->messageBar, &ZLMessageBar::didHide, this, &ZLChapterDocumentWindow::returnFocusToTable);
+    connect(m_ui->messageBar, &ZLMessageBar::keyboardReturned, this, &ZLChapterDocumentWindow::returnFocusToTable);
     connect(m_ui->tableView, &ZLChapterTableView::linkActivated, this, &QDesktopServices::openUrl);
     const QAbstractItemModel& templates = m_document.templateViewController().tableModel();
     for (const auto signal : { &QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved })

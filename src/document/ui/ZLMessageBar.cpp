@@ -1,89 +1,115 @@
 #include "document/ui/ZLMessageBar.h"
 
-#include <QAccessible>
+#include "document/ui/ZLMessageRow.h"
+
 #include <QEvent>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QPushButton>
-#include <QStyle>
+#include <QKeyEvent>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
 ZLMessageBar::ZLMessageBar(QWidget* parent)
     : QFrame(parent)
-    , m_layout(new QHBoxLayout(this))
-    , m_icon(new QLabel(this))
-    , m_text(new QLabel(this))
+    , m_layout(new QVBoxLayout(this))
 {
-    m_text->setObjectName(QStringLiteral("messageText"));
-    m_text->setTextFormat(Qt::PlainText);
-    m_text->setWordWrap(true);
-    m_icon->setAccessibleName(tr("Attention"));
-    m_layout->addWidget(m_icon);
-    m_layout->addWidget(m_text, 1);
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(0);
     setFrameShape(QFrame::NoFrame);
     setAutoFillBackground(true);
     updateColors();
-    updateIcon();
     hide();
 }
 
-void ZLMessageBar::showMessage(const QString& text, const QList<Button>& buttons)
+void ZLMessageBar::showMessage(const QString& name, const QString& text, const QList<Button>& buttons)
 {
-    removeButtons();
-    m_text->setText(text);
-    for (const Button& button : buttons.first(std::min(buttons.size(), MostButtons)))
-        addButton(button);
-    setAccessibleName(text);
-    show();
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    ZLMessageRow* row = rowNamed(name);
+    if (!row) {
+        row = new ZLMessageRow(name, this);
+        connect(row, &ZLMessageRow::answered, this, &ZLMessageBar::hideMessage);
+        m_rows.append(row);
+        m_layout->addWidget(row);
+        row->hide();
+    }
+    row->setMessage(text, buttons.first(std::min(buttons.size(), MostButtons)));
+    showFirstRows();
 }
 
-void ZLMessageBar::hideMessage()
+void ZLMessageBar::hideMessage(const QString& name)
 {
-    if (isHidden())
+    ZLMessageRow* row = rowNamed(name);
+    if (!row)
         return;
-    hide();
-    m_text->clear();
-    removeButtons();
-    Q_EMIT didHide();
+    const bool hadKeyboard = row->hasKeyboard();
+    m_rows.removeOne(row);
+    m_layout->removeWidget(row);
+    row->hide();
+    // One of its buttons may be the sender of the click that is being handled.
+    row->deleteLater();
+    showFirstRows();
+    if (hadKeyboard)
+        Q_EMIT keyboardReturned();
 }
 
-QString ZLMessageBar::text() const
+QString ZLMessageBar::text(const QString& name) const
 {
-    return m_text->text();
+    const ZLMessageRow* row = rowNamed(name);
+    return row ? row->text() : QString();
+}
+
+QStringList ZLMessageBar::texts() const
+{
+    QStringList texts;
+    for (const ZLMessageRow* row : m_rows)
+        texts.append(row->text());
+    return texts;
+}
+
+void ZLMessageBar::goToMessages()
+{
+    const qsizetype shown = std::min(m_rows.size(), MostRows);
+    qsizetype present = -1;
+    for (qsizetype index = 0; index < shown; ++index) {
+        if (m_rows.at(index)->hasKeyboard())
+            present = index;
+    }
+    // A message without buttons has nothing to give the keyboard to.
+    for (qsizetype step = 1; step <= shown; ++step) {
+        if (m_rows.at((present + step) % shown)->takeKeyboard())
+            return;
+    }
+}
+
+void ZLMessageBar::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        Q_EMIT keyboardReturned();
+    else
+        QFrame::keyPressEvent(event);
 }
 
 void ZLMessageBar::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
-    if (event->type() == QEvent::StyleChange)
-        updateIcon();
     if (event->type() == QEvent::ApplicationPaletteChange)
         updateColors();
 }
 
-void ZLMessageBar::addButton(const Button& button)
+ZLMessageRow* ZLMessageBar::rowNamed(const QString& name) const
 {
-    auto* widget = new QPushButton(button.text, this);
-    widget->setAutoDefault(true);
-    connect(widget, &QPushButton::clicked, this, [this, callback = button.callback] {
-        hideMessage();
-        if (callback)
-            callback();
-    });
-    m_layout->addWidget(widget);
+    const auto row = std::find_if(
+        m_rows.cbegin(), m_rows.cend(), [&name](const ZLMessageRow* candidate) { return candidate->name() == name; });
+    return row == m_rows.cend() ? nullptr : *row;
 }
 
-void ZLMessageBar::removeButtons()
+void ZLMessageBar::showFirstRows()
 {
-    const auto buttons = findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
-    for (QPushButton* button : buttons) {
-        // One of them may be the sender of the click that is being handled.
-        m_layout->removeWidget(button);
-        button->setParent(nullptr);
-        button->deleteLater();
+    setVisible(!m_rows.isEmpty());
+    for (qsizetype index = 0; index < m_rows.size(); ++index) {
+        ZLMessageRow* row = m_rows.at(index);
+        const bool comesUp = row->isHidden() && index < MostRows;
+        row->setVisible(index < MostRows);
+        if (comesUp)
+            row->announce();
     }
 }
 
@@ -95,10 +121,4 @@ void ZLMessageBar::updateColors()
     colors.setColor(QPalette::Window, source.color(QPalette::ToolTipBase));
     colors.setColor(QPalette::WindowText, source.color(QPalette::ToolTipText));
     setPalette(colors);
-}
-
-void ZLMessageBar::updateIcon()
-{
-    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
-    m_icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(size));
 }

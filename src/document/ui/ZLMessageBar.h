@@ -3,46 +3,58 @@
 #include <QFrame>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
-class QHBoxLayout;
-class QLabel;
+class QVBoxLayout;
+class ZLMessageRow;
 
-/// A bar above the table for a message that asks for a decision: one sentence and at most three buttons. It never
-/// covers the running clock and never takes the keyboard by itself. Hidden while there is no message.
+/// The place above the table for messages that ask for a decision, one below the other in the order in which they came:
+/// one sentence each and at most three buttons. It never covers the running clock and never takes the keyboard by
+/// itself; goToMessages() gives it the keyboard, Escape gives it back without a decision. Hidden while there is none.
 class ZLMessageBar : public QFrame {
     Q_OBJECT
 
 public:
     struct Button {
         QString text;
-        /// Called after the bar is hidden, so that it may show the next message.
+        /// Called after the message is gone, so that it may show the next one.
         std::function<void()> callback;
     };
     static constexpr qsizetype MostButtons = 3;
+    /// Further messages wait until one of these is answered, for the table needs the room.
+    static constexpr qsizetype MostRows = 3;
 
     explicit ZLMessageBar(QWidget* parent = nullptr);
 
-    /// Replaces the message that is shown. Buttons after the third are left out.
-    void showMessage(const QString& text, const QList<Button>& buttons);
-    void hideMessage();
-    /// Empty while the bar is hidden.
-    [[nodiscard]] QString text() const;
+    /// `name` tells messages apart: a message takes the place of the one with the same name, and any other one stays.
+    /// Buttons after the third are left out.
+    void showMessage(const QString& name, const QString& text, const QList<Button>& buttons);
+    /// Nothing happens when there is no such message.
+    void hideMessage(const QString& name);
+
+    /// The sentence of a message, shown or waiting; empty when there is none of that name.
+    [[nodiscard]] QString text(const QString& name) const;
+    /// The sentences of all messages, shown and waiting, in order.
+    [[nodiscard]] QStringList texts() const;
+
+    /// Gives the keyboard to the first button; pressed again, to the first button of the next message.
+    void goToMessages();
 
 Q_SIGNALS:
-    void didHide();
+    /// The keyboard was in a message and has nothing to do there any more: the message is gone, or Escape was pressed.
+    void keyboardReturned();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
-    void addButton(const Button& button);
-    void removeButtons();
+    [[nodiscard]] ZLMessageRow* rowNamed(const QString& name) const;
+    void showFirstRows();
     void updateColors();
-    void updateIcon();
 
-    QHBoxLayout* m_layout;
-    QLabel* m_icon;
-    QLabel* m_text;
+    QVBoxLayout* m_layout;
+    QList<ZLMessageRow*> m_rows;
 };

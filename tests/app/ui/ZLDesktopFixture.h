@@ -110,19 +110,24 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&windowOf(document)));
     }
 
-    [[nodiscard]] QString barText(ZLChapterDocument* document) { return windowOf(document).messageBar().text(); }
+    [[nodiscard]] QString barText(ZLChapterDocument* document)
+    {
+        return windowOf(document).messageBar().texts().join(u'\n');
+    }
     [[nodiscard]] QStringList barButtons(ZLChapterDocument* document)
     {
         QStringList texts;
-        for (const auto* button : windowOf(document).messageBar().findChildren<QPushButton*>())
-            texts.append(button->text());
+        for (const auto* button : windowOf(document).messageBar().findChildren<QPushButton*>()) {
+            if (button->isVisible())
+                texts.append(button->text());
+        }
         return texts;
     }
     void pressInBar(ZLChapterDocument* document, const QString& text)
     {
         const auto buttons = windowOf(document).messageBar().findChildren<QPushButton*>();
         for (QPushButton* button : buttons) {
-            if (button->text() == text) {
+            if (button->isVisible() && button->text() == text) {
                 button->click();
                 return;
             }

@@ -119,7 +119,7 @@ TEST_F(ZLDesktopTest, TheNamedFilesAreOpenedAndWhatFailsIsTold)
     file.close();
     run({ broken }, { [&] {
         ASSERT_EQ(windows().size(), 1);
-        EXPECT_TRUE(windows().first()->messageBar().text().contains("broken.zelta"_L1));
+        EXPECT_TRUE(windows().first()->messageBar().texts().join(u'\n').contains("broken.zelta"_L1));
         EXPECT_EQ(windows().first()->document().displayName(), u"Untitled"_s);
     } });
 }

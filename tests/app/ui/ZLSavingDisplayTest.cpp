@@ -100,20 +100,11 @@ TEST_F(ZLSavingDisplayTest, AnotherFailureTakesThePlaceOfTheFirst)
 TEST_F(ZLSavingDisplayTest, AnotherMessageIsLeftAlone)
 {
     ZLChapterDocument* document = documentThatFails();
-    windowOf(document).messageBar().showMessage(u"Something else"_s, {});
+    windowOf(document).messageBar().showMessage(u"other"_s, u"Something else"_s, {});
+    EXPECT_EQ(windowOf(document).messageBar().texts().size(), 2);
     m_diskError.clear();
     writeNow(document);
     EXPECT_EQ(barText(document), u"Something else"_s);
-}
-
-TEST_F(ZLSavingDisplayTest, AMessageThatAsksForADecisionIsNotReplaced)
-{
-    ZLChapterDocument* document = documentThatFails();
-    windowOf(document).messageBar().showMessage(u"Decide"_s, { { u"Yes"_s, [] {} } });
-    writeNow(document);
-    EXPECT_EQ(barText(document), u"Decide"_s);
-    pressInBar(document, u"Yes"_s);
-    EXPECT_TRUE(barText(document).contains("The disk is full."_L1)) << "what is still true comes back";
 }
 
 TEST_F(ZLSavingDisplayTest, SavingElsewhereTakesTheBarAway)

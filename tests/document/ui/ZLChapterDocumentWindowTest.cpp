@@ -227,7 +227,7 @@ TEST_F(ZLChapterDocumentWindowTest, DroppedFilesAreAnnounced)
 TEST_F(ZLChapterDocumentWindowTest, EveryControlHasANameForScreenReaders)
 {
     addChapterAt(0.0);
-    m_window->messageBar().showMessage(u"Sentence."_s, { { u"Button"_s, {} } });
+    m_window->messageBar().showMessage(u"name"_s, u"Sentence."_s, { { u"Button"_s, {} } });
     m_window->statusLine().setSaveStatus(u"Saved"_s, u"Saved a moment ago"_s);
     table().beginEditing(titleCell(0));
     const auto widgets = m_window->findChildren<QWidget*>();

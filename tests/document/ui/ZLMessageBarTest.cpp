@@ -2,43 +2,169 @@
 
 #include <QAccessible>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
-TEST(ZLMessageBarTest, ShowsASentenceAndItsButtons)
+class ZLMessageBarTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_window.show();
+        m_window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+    }
+
+    /// The buttons that can be seen, in order.
+    [[nodiscard]] QList<QPushButton*> buttons() const
+    {
+        QList<QPushButton*> visible;
+        for (auto* button : m_bar->findChildren<QPushButton*>()) {
+            if (button->isVisible())
+                visible.append(button);
+        }
+        return visible;
+    }
+    [[nodiscard]] QStringList buttonTexts() const
+    {
+        QStringList texts;
+        for (const auto* button : buttons())
+            texts.append(button->text());
+        return texts;
+    }
+    [[nodiscard]] QString focusedText() const
+    {
+        const auto* button = qobject_cast<QPushButton*>(m_window.focusWidget());
+        return button && button->hasFocus() ? button->text() : QString();
+    }
+    void showThree()
+    {
+        m_bar->showMessage(u"a"_s, u"First?"_s, { { u"A1"_s, {} }, { u"A2"_s, {} } });
+        m_bar->showMessage(u"b"_s, u"Second."_s, {});
+        m_bar->showMessage(u"c"_s, u"Third?"_s, { { u"C1"_s, {} } });
+    }
+
+    QWidget m_window;
+    ZLMessageBar* m_bar = new ZLMessageBar(&m_window);
+};
+
+TEST_F(ZLMessageBarTest, ShowsASentenceAndItsButtons)
 {
-    ZLMessageBar bar;
-    EXPECT_TRUE(bar.isHidden());
-    bar.showMessage(u"The file changed on disk."_s, { { u"Reload"_s, {} }, { u"Keep Mine"_s, {} } });
-    EXPECT_FALSE(bar.isHidden());
-    EXPECT_EQ(bar.text(), u"The file changed on disk."_s);
-    EXPECT_EQ(bar.findChildren<QPushButton*>().size(), 2);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&bar)->text(QAccessible::Name), bar.text());
+    EXPECT_TRUE(m_bar->isHidden());
+    m_bar->showMessage(
+        u"file"_s, u"Another program changed it."_s, { { u"Mine"_s, {} }, { u"Theirs"_s, {} }, { u"Both"_s, {} } });
+    EXPECT_FALSE(m_bar->isHidden());
+    EXPECT_EQ(m_bar->text(u"file"_s), u"Another program changed it."_s);
+    EXPECT_EQ(m_bar->text(u"other"_s), QString());
+    EXPECT_EQ(buttonTexts(), (QStringList { u"Mine"_s, u"Theirs"_s, u"Both"_s }));
 }
 
-TEST(ZLMessageBarTest, ShowsAtMostThreeButtons)
+TEST_F(ZLMessageBarTest, ShowsAtMostThreeButtons)
 {
-    ZLMessageBar bar;
-    bar.showMessage(u"Choose."_s, { { u"1"_s, {} }, { u"2"_s, {} }, { u"3"_s, {} }, { u"4"_s, {} } });
-    EXPECT_EQ(bar.findChildren<QPushButton*>().size(), 3);
+    m_bar->showMessage(u"m"_s, u"Choose."_s, { { u"1"_s, {} }, { u"2"_s, {} }, { u"3"_s, {} }, { u"4"_s, {} } });
+    EXPECT_EQ(buttonTexts(), (QStringList { u"1"_s, u"2"_s, u"3"_s }));
 }
 
-TEST(ZLMessageBarTest, AButtonHidesTheBarAndMayShowTheNextMessage)
+TEST_F(ZLMessageBarTest, EachButtonDoesItsOwnAndOnlyOnce)
 {
-    ZLMessageBar bar;
-    int calls = 0;
-    bar.showMessage(u"First."_s, { { u"Go"_s, [&] {
-                                        ++calls;
-                                        EXPECT_TRUE(bar.isHidden());
-                                        bar.showMessage(u"Second."_s, {});
-                                    } } });
-    QTest::mouseClick(bar.findChild<QPushButton*>(), Qt::LeftButton);
-    EXPECT_EQ(calls, 1);
-    EXPECT_EQ(bar.text(), u"Second."_s);
-    EXPECT_EQ(bar.findChildren<QPushButton*>().size(), 0);
-    bar.hideMessage();
-    EXPECT_TRUE(bar.isHidden());
-    EXPECT_EQ(bar.text(), QString());
+    QStringList pressed;
+    const auto note = [&pressed](const QString& what) { return [&pressed, what] { pressed.append(what); }; };
+    m_bar->showMessage(u"m"_s, u"Choose."_s, { { u"1"_s, note(u"1"_s) }, { u"2"_s, note(u"2"_s) } });
+    buttons().last()->click();
+    EXPECT_EQ(pressed, QStringList { u"2"_s });
+    EXPECT_TRUE(m_bar->isHidden());
+    EXPECT_EQ(m_bar->texts(), QStringList());
+}
+
+TEST_F(ZLMessageBarTest, AnAnswerMayAskTheNextQuestion)
+{
+    m_bar->showMessage(u"m"_s, u"First."_s, { { u"Go"_s, [this] {
+                                                   EXPECT_TRUE(m_bar->isHidden());
+                                                   m_bar->showMessage(u"m"_s, u"Second."_s, {});
+                                               } } });
+    buttons().first()->click();
+    EXPECT_EQ(m_bar->texts(), QStringList { u"Second."_s });
+    EXPECT_TRUE(buttons().isEmpty());
+}
+
+TEST_F(ZLMessageBarTest, MessagesStandBelowEachOtherAndAreAnsweredInAnyOrder)
+{
+    showThree();
+    EXPECT_EQ(m_bar->texts(), (QStringList { u"First?"_s, u"Second."_s, u"Third?"_s }));
+    EXPECT_EQ(buttonTexts(), (QStringList { u"A1"_s, u"A2"_s, u"C1"_s }));
+    buttons().last()->click();
+    EXPECT_EQ(m_bar->texts(), (QStringList { u"First?"_s, u"Second."_s }));
+    m_bar->hideMessage(u"a"_s);
+    EXPECT_EQ(m_bar->texts(), QStringList { u"Second."_s });
+    m_bar->hideMessage(u"unknown"_s);
+    EXPECT_FALSE(m_bar->isHidden());
+    m_bar->hideMessage(u"b"_s);
+    EXPECT_TRUE(m_bar->isHidden());
+}
+
+TEST_F(ZLMessageBarTest, AMessageTakesThePlaceOfTheOneWithItsName)
+{
+    showThree();
+    m_bar->showMessage(u"a"_s, u"Changed?"_s, { { u"New"_s, {} } });
+    EXPECT_EQ(m_bar->texts(), (QStringList { u"Changed?"_s, u"Second."_s, u"Third?"_s }));
+    EXPECT_EQ(buttonTexts(), (QStringList { u"New"_s, u"C1"_s }));
+}
+
+TEST_F(ZLMessageBarTest, AFourthMessageWaitsUntilOneIsAnswered)
+{
+    showThree();
+    m_bar->showMessage(u"d"_s, u"Fourth?"_s, { { u"D1"_s, {} } });
+    EXPECT_EQ(m_bar->texts().size(), 4);
+    EXPECT_FALSE(buttonTexts().contains(u"D1"_s));
+    buttons().first()->click();
+    EXPECT_EQ(buttonTexts(), (QStringList { u"C1"_s, u"D1"_s }));
+}
+
+TEST_F(ZLMessageBarTest, AMessageNeverTakesTheKeyboard)
+{
+    showThree();
+    EXPECT_EQ(focusedText(), QString());
+}
+
+TEST_F(ZLMessageBarTest, TheKeyboardGoesFromMessageToMessage)
+{
+    m_bar->goToMessages();
+    EXPECT_EQ(focusedText(), QString());
+    showThree();
+    m_bar->goToMessages();
+    EXPECT_EQ(focusedText(), u"A1"_s);
+    QTest::keyClick(m_window.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(focusedText(), u"A2"_s);
+    m_bar->goToMessages();
+    EXPECT_EQ(focusedText(), u"C1"_s) << "the second message has no button";
+    m_bar->goToMessages();
+    EXPECT_EQ(focusedText(), u"A1"_s);
+}
+
+TEST_F(ZLMessageBarTest, ReturnAnswersAndEscapeLeavesTheQuestionOpen)
+{
+    const QSignalSpy returns(m_bar, &ZLMessageBar::keyboardReturned);
+    showThree();
+    m_bar->goToMessages();
+    QTest::keyClick(m_window.focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(returns.count(), 1);
+    EXPECT_EQ(m_bar->texts().size(), 3);
+    QTest::keyClick(m_window.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(returns.count(), 2);
+    EXPECT_EQ(m_bar->texts(), (QStringList { u"Second."_s, u"Third?"_s }));
+    m_window.setFocus();
+    m_bar->hideMessage(u"c"_s);
+    EXPECT_EQ(returns.count(), 2) << "the keyboard was not there";
+}
+
+TEST_F(ZLMessageBarTest, AScreenReaderKnowsAMessageAndWhatItsButtonsAnswer)
+{
+    showThree();
+    const QAccessibleInterface* button = QAccessible::queryAccessibleInterface(buttons().last());
+    EXPECT_EQ(button->text(QAccessible::Name), u"C1"_s);
+    EXPECT_EQ(button->text(QAccessible::Description), u"Third?"_s);
+    EXPECT_EQ(button->parent()->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(button->parent()->text(QAccessible::Name), u"Third?"_s);
 }

@@ -22,6 +22,8 @@ ZLViewMenu::ZLViewMenu(QMenuBar& menuBar)
     m_drawerItem->setCheckable(true);
     connect(m_absoluteTimeItem, &QAction::triggered, this, &ZLViewMenu::absoluteTimeRequested);
     connect(m_drawerItem, &QAction::triggered, this, &ZLViewMenu::drawerRequested);
+    connect(ZLActionHelp::addAction(*m_menu, u"goToMessages"_s, tr("Go to &Messages"), QKeySequence(Qt::Key_F6)),
+        &QAction::triggered, this, &ZLViewMenu::messagesRequested);
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLShowAbsoluteTimeSettingDidChange, this,
         &ZLViewMenu::updateAbsoluteTime);
 }

@@ -23,6 +23,7 @@ public:
 Q_SIGNALS:
     void absoluteTimeRequested();
     void drawerRequested();
+    void messagesRequested();
 
 private:
     void updateAbsoluteTime();

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "document/ui/ZLMessageBar.h"
+
+#include <QWidget>
+
+class QHBoxLayout;
+class QLabel;
+
+/// One message of the message bar: a sentence and its buttons.
+class ZLMessageRow : public QWidget {
+    Q_OBJECT
+
+public:
+    ZLMessageRow(const QString& name, QWidget* parent);
+
+    [[nodiscard]] const QString& name() const { return m_name; }
+    [[nodiscard]] QString text() const;
+
+    /// Replaces the sentence and the buttons.
+    void setMessage(const QString& text, const QList<ZLMessageBar::Button>& buttons);
+    /// Lets a screen reader say the sentence.
+    void announce();
+
+    /// Gives the keyboard to the first button; false when there is none.
+    bool takeKeyboard();
+    [[nodiscard]] bool hasKeyboard() const;
+
+Q_SIGNALS:
+    /// A button was pressed; its callback is called when this has been handled.
+    void answered(const QString& name);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void addButton(const ZLMessageBar::Button& button);
+    void removeButtons();
+    void updateIcon();
+
+    QString m_name;
+    QHBoxLayout* m_layout;
+    QLabel* m_icon;
+    QLabel* m_text;
+};

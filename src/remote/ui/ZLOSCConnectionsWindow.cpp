@@ -6,7 +6,6 @@
 #include "remote/ui/ZLOSCOutputsPanel.h"
 #include "remote/ui/ZLOSCServicesPanel.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -41,10 +40,6 @@ ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
     m_splitter->setStretchFactor(1, 1);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(m_splitter);
-    auto* const closeAction = new QAction(tr("Close"), this);
-    closeAction->setShortcut(QKeySequence::Close);
-    addAction(closeAction);
-    connect(closeAction, &QAction::triggered, this, &QWidget::close);
     restoreWindowState();
 }
 
@@ -93,7 +88,8 @@ void ZLOSCConnectionsWindow::present()
 
 void ZLOSCConnectionsWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape)
+    const bool isCloseKey = event->key() == Qt::Key_W && event->modifiers() == Qt::ControlModifier;
+    if (event->key() == Qt::Key_Escape || isCloseKey)
         close();
     else
         QWidget::keyPressEvent(event);

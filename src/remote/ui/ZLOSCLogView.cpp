@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -34,17 +35,15 @@ ZLOSCLogView::ZLOSCLogView(QWidget* parent)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setStretchLastSection(true);
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
-        [this](int value) { m_followsEnd = value == verticalScrollBar()->maximum(); });
-    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int maximum) {
-        if (m_followsEnd)
-            verticalScrollBar()->setValue(maximum);
-    });
 }
 
 void ZLOSCLogView::setModel(QAbstractItemModel* model)
 {
     QTableView::setModel(model);
+    if (!model)
+        return;
+    connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this, &ZLOSCLogView::notePosition);
+    connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, &ZLOSCLogView::notePosition);
     updateSizes();
 }
 
@@ -99,12 +98,27 @@ void ZLOSCLogView::changeEvent(QEvent* event)
         updateSizes();
 }
 
-void ZLOSCLogView::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
+void ZLOSCLogView::notePosition()
 {
-    QScrollBar* const bar = verticalScrollBar();
-    if (!m_followsEnd && first < bar->value())
-        bar->setValue(bar->value() - (std::min(last, bar->value() - 1) - first + 1));
-    QTableView::rowsAboutToBeRemoved(parent, first, last);
+    if (m_isPositionNoted)
+        return;
+    executeDelayedItemsLayout();
+    m_isPositionNoted = true;
+    m_followsEnd = verticalScrollBar()->value() == verticalScrollBar()->maximum();
+    m_firstVisible = indexAt({ 0, 0 });
+    // All changes of one moment come before, and are scrolled and painted once.
+    QTimer::singleShot(0, this, &ZLOSCLogView::restorePosition);
+}
+
+void ZLOSCLogView::restorePosition()
+{
+    m_isPositionNoted = false;
+    executeDelayedItemsLayout();
+    updateGeometries();
+    if (m_followsEnd)
+        verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+    else
+        verticalScrollBar()->setValue(m_firstVisible.isValid() ? m_firstVisible.row() : 0);
 }
 
 void ZLOSCLogView::updateSizes()

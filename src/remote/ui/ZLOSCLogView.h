@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPersistentModelIndex>
 #include <QTableView>
 
 /// Shows the log of messages. It keeps to its end unless somebody scrolled up; then it keeps to what is being read,
@@ -20,11 +21,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
-    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
 
 private:
     void updateSizes();
+    void notePosition();
+    void restorePosition();
 
     QString m_placeholder;
+    bool m_isPositionNoted = false;
     bool m_followsEnd = true;
+    QPersistentModelIndex m_firstVisible;
 };

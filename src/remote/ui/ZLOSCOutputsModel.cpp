@@ -27,8 +27,9 @@ ZLOSCOutputsModel::ZLOSCOutputsModel(ZLOSCController& controller, QObject* paren
     : QAbstractTableModel(parent)
     , m_controller(controller)
 {
-    connect(&controller.manager(), &ZLOSCManager::outputsDidChange, this, &ZLOSCOutputsModel::update);
-    // Later, when the controller has followed it.
+    // Later, when the controller has followed it and knows whom it answers.
+    connect(
+        &controller.manager(), &ZLOSCManager::outputsDidChange, this, &ZLOSCOutputsModel::update, Qt::QueuedConnection);
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLOSCOutputsSettingDidChange, this,
         &ZLOSCOutputsModel::update, Qt::QueuedConnection);
     update();

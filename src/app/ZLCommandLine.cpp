@@ -156,7 +156,8 @@ public:
     StartReader()
         : CommandReader(ZLCommand::OpenWindows)
     {
-        m_parser.addOptions({ { u"headless"_s, {} }, { u"record"_s, {} }, { u"osc-send"_s, {}, u"host:port"_s } });
+        m_parser.addOptions({ { u"headless"_s, {} }, { u"record"_s, {} }, { u"new"_s, {} },
+            { u"osc-send"_s, {}, u"host:port"_s } });
         addPortOption();
         letToolkitOptionsPass();
     }
@@ -195,6 +196,9 @@ private:
         if (const QString problem = fillInPort(0) + fillInOutputs(); !problem.isEmpty())
             return problem;
         const bool records = m_parser.isSet(u"record"_s);
+        m_result.wantsNewDocument = m_parser.isSet(u"new"_s);
+        if (m_result.wantsNewDocument && m_parser.isSet(u"headless"_s))
+            return commandLineText("--new and --headless exclude each other.");
         if (!m_parser.isSet(u"headless"_s))
             return records ? commandLineText("--record needs --headless.") : QString();
         m_result.command = ZLCommand::RecordHeadless;
@@ -241,7 +245,7 @@ ZLResult<ZLCommandLine> ZLCommandLine::parse(const QStringList& arguments)
 QString ZLCommandLine::helpText()
 {
     return commandLineText("Usage:\n"
-                           "  zelta [FILE…]                        open documents in windows\n"
+                           "  zelta [--new] [FILE…]                open documents in windows, with --new a new one too\n"
                            "  zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record "
                            "starts the clock at once\n"
                            "        --osc-port N                   listen on this UDP port in this run; 0 for any that "

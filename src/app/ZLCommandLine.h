@@ -37,6 +37,8 @@ struct ZLCommandLine {
     ZLCommand command = ZLCommand::OpenWindows;
     /// Any number for OpenWindows, at most one for RecordHeadless, exactly one for ExportFile and ShowFile.
     QStringList files {};
+    /// For OpenWindows: a new, empty document as well.
+    bool wantsNewDocument = false;
     ZLHeadlessStart headlessStart = ZLHeadlessStart::Paused;
     QString formatName {};
     ZLExportOption exportOption = ZLExportOption::Off;

@@ -9,6 +9,8 @@
 #include "export/formats/ZLRegisterExporters.h"
 #include "platform/dnssd/ZLAvahiServicePublisher.h"
 
+#include <QFileInfo>
+
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -38,7 +40,8 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
     const QCoreApplication events(argc, argv);
     ZLApplicationSounds sounds;
     ZLApplication application({ .environment = { .soundNamed = sounds.soundNamed() } }, ZLApplication::StandardFontSize,
-        { .oscPort = commandLine.oscPort, .oscOutputs = commandLine.oscOutputs,
+        { .oscPort = commandLine.oscPort,
+            .oscOutputs = commandLine.oscOutputs,
             .oscPublisher = std::make_unique<ZLAvahiServicePublisher>() });
     sounds.prepareForRecording();
     ZLHeadlessRecorder recorder(application.documentController(), ZLHeadlessStreams::standard());
@@ -52,11 +55,34 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
     return QCoreApplication::exec();
 }
 
+ZLLaunchRequest launchRequest(const ZLCommandLine& commandLine)
+{
+    ZLLaunchRequest request { .wantsNewDocument = commandLine.wantsNewDocument };
+    for (const QString& file : commandLine.files)
+        request.files.append(QFileInfo(file).absoluteFilePath());
+    return request;
+}
+
+/// Speaks to the process that has the windows before this one makes an application of its own.
+ZLResult<bool> handOverToRunningInstance(int& argc, char** argv, const ZLLaunchRequest& request)
+{
+    const QCoreApplication events(argc, argv);
+    return ZLRunningInstance::handOver(request);
+}
+
 int runWithWindows(int& argc, char** argv, const ZLCommandLine& commandLine)
 {
+    const ZLLaunchRequest request = launchRequest(commandLine);
+    const ZLResult<bool> handedOver = handOverToRunningInstance(argc, argv, request);
+    if (!handedOver) {
+        QTextStream(stderr) << u"zelta: %1\n"_s.arg(handedOver.error().message);
+        return ZLExitStatus::Failed;
+    }
+    if (handedOver.value())
+        return ZLExitStatus::Done;
     ZLDesktopApplication events(argc, argv);
     ZLDesktop desktop(events, commandLine);
-    return desktop.run(commandLine.files);
+    return desktop.run(request);
 }
 
 /// Where the toolkit would find no display it ends the process, so it has to be asked before.

@@ -17,8 +17,8 @@ namespace {
 Q_LOGGING_CATEGORY(commandSocketLog, "zelta.remote.socket", QtInfoMsg)
 
 constexpr int retryMilliseconds = 1000;
-/// A command is a short message.
-constexpr qint64 largestCommand = 4096;
+/// A command is a short message, at most one with the path of a file.
+constexpr qint64 largestCommand = 16384;
 /// Before the message stands its size, so that it may come in pieces.
 using CommandSize = quint32;
 
@@ -39,6 +39,11 @@ ZLCommandSocket::ZLCommandSocket(Handler handler, QString path, QObject* parent)
 QString ZLCommandSocket::defaultPath()
 {
     return ZLStateFolder::path() + u"/commands"_s;
+}
+
+QString ZLCommandSocket::lockPath(const QString& path)
+{
+    return path + u".lock"_s;
 }
 
 ZLResult<QString> ZLCommandSocket::send(const ZLOSCMessage& message, const QString& path)
@@ -64,7 +69,7 @@ ZLResult<QString> ZLCommandSocket::send(const ZLOSCMessage& message, const QStri
 void ZLCommandSocket::listenIfNobodyDoes()
 {
     QDir().mkpath(QFileInfo(m_path).path());
-    ZLResult<std::unique_ptr<ZLFileLock>> lock = ZLFileLock::tryLock(m_path + u".lock"_s);
+    ZLResult<std::unique_ptr<ZLFileLock>> lock = ZLFileLock::tryLock(lockPath(m_path));
     if (lock && lock.value()) {
         m_lock = std::move(lock).value();
         // Whoever had the lock before may have ended without clearing away its socket.

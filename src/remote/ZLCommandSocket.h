@@ -29,6 +29,8 @@ public:
 
     [[nodiscard]] bool isListening() const { return m_server.isListening(); }
     [[nodiscard]] static QString defaultPath();
+    /// The file whose lock the program holds that listens at `path`.
+    [[nodiscard]] static QString lockPath(const QString& path);
 
     /// Hands the message to the program that listens at `path` and waits for its answer.
     [[nodiscard]] static ZLResult<QString> send(const ZLOSCMessage& message, const QString& path = defaultPath());

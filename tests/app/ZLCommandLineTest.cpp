@@ -118,8 +118,16 @@ TEST(ZLCommandLine, LetsOptionsOfTheWindowToolkitPass)
     EXPECT_EQ(commandLine.value().files, QStringList { u"a.zelta"_s });
 }
 
+TEST(ZLCommandLine, AsksForANewDocument)
+{
+    EXPECT_FALSE(parsed({ u"a.zelta"_s }).value().wantsNewDocument);
+    EXPECT_TRUE(parsed({ u"--new"_s }).value().wantsNewDocument);
+    EXPECT_EQ(parsed({ u"--new"_s, u"a.zelta"_s }).value().files, QStringList { u"a.zelta"_s });
+}
+
 TEST(ZLCommandLine, RefusesWrongUsage)
 {
+    expectUsageError({ u"--headless"_s, u"--new"_s });
     expectUsageError({ u"--bogus"_s });
     expectUsageError({ u"--bogus\nline"_s });
     expectUsageError({ u"-x"_s });

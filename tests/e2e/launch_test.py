@@ -110,6 +110,25 @@ class LaunchTest(unittest.TestCase):
                    "the name of the broken file")
         self.assertIsNone(process.poll())
 
+    def test_a_second_start_hands_its_file_to_the_running_program_and_ends(self):
+        shows = [self.desktop.home / "first.zelta", self.desktop.home / "second show.zelta"]
+        for show in shows:
+            subprocess.run([PROGRAM, "--headless", show], input="newChapter\nquit\n", text=True, timeout=20,
+                           capture_output=True, check=True)
+        process = self.start(shows[0])
+        later = subprocess.run([PROGRAM, shows[1].name], cwd=self.desktop.home, timeout=20, check=False)
+        self.assertEqual(later.returncode, 0)
+        wait_until(lambda: titles_of(process) == ["first.zelta — Zelta", "second show.zelta — Zelta"], "both windows")
+        subprocess.run([PROGRAM, "--new"], timeout=20, check=True)
+        wait_until(lambda: len(windows_of(process)) == 3, "the new document")
+
+    def test_a_killed_program_stands_in_nobodys_way(self):
+        process = self.start()
+        process.kill()
+        process.wait(10)
+        again = self.start()
+        self.assertEqual(len(windows_of(again)), 1)
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -41,9 +41,11 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     connect(&m_signals, &ZLSignalWatcher::didReceiveSignal, &m_windows, &ZLDocumentWindows::quitAtOnce);
 }
 
-int ZLDesktop::run(const QStringList& files)
+int ZLDesktop::run(const ZLLaunchRequest& request)
 {
-    m_windows.openAtLaunch(files);
+    m_windows.openAtLaunch(request);
+    m_runningInstance = std::make_unique<ZLRunningInstance>(
+        [this](const ZLLaunchRequest& later) { m_windows.openLater(later); });
     return QCoreApplication::exec();
 }
 

@@ -3,6 +3,7 @@
 #include "app/ZLApplication.h"
 #include "app/ZLApplicationSounds.h"
 #include "app/ZLCommandLine.h"
+#include "app/ZLRunningInstance.h"
 #include "app/ui/ZLDocumentWindows.h"
 #include "app/ui/ZLMenuShortcuts.h"
 #include "app/ui/ZLOSCConnections.h"
@@ -10,7 +11,7 @@
 #include "app/ui/ZLRemoteStatusDisplay.h"
 #include "platform/ZLSignalWatcher.h"
 
-#include <QStringList>
+#include <memory>
 
 class ZLDesktopApplication;
 
@@ -22,8 +23,9 @@ public:
     /// `events` is the process's QApplication and has to outlive the desktop.
     explicit ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandLine = {});
 
-    /// Opens `files`, or what was open before, and stays until the program ends; returns its exit status.
-    [[nodiscard]] int run(const QStringList& files);
+    /// Opens what is asked for, or what was open before, and stays until the program ends; returns its exit status.
+    /// Meanwhile it takes what is asked of processes that are started later.
+    [[nodiscard]] int run(const ZLLaunchRequest& request);
 
 private:
     void updateAddButtons();
@@ -35,7 +37,8 @@ private:
     ZLDocumentWindows m_windows;
     ZLMenuShortcuts m_menuShortcuts;
     ZLRemoteStatusDisplay m_remoteStatus;
-    ZLPreferences m_preferences;
     ZLOSCConnections m_oscConnections;
+    ZLPreferences m_preferences;
     ZLSignalWatcher m_signals;
+    std::unique_ptr<ZLRunningInstance> m_runningInstance;
 };

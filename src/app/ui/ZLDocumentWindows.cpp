@@ -43,21 +43,28 @@ ZLDocumentWindows::~ZLDocumentWindows()
     qDeleteAll(m_windows);
 }
 
-void ZLDocumentWindows::openAtLaunch(const QStringList& paths)
+void ZLDocumentWindows::openAtLaunch(const ZLLaunchRequest& request)
 {
-    if (paths.isEmpty()) {
-        showProblems(m_controller.restoreSession());
-        return;
-    }
-    // What could not be opened is said in a window, so there has to be one.
     QStringList problems;
-    for (const QString& path : paths) {
+    if (request.files.isEmpty())
+        problems = m_controller.restoreSession();
+    for (const QString& path : request.files) {
         if (const auto opened = m_controller.openDocument(path); !opened)
             problems += opened.error().message;
     }
-    if (m_windows.isEmpty())
+    // What could not be opened is said in a window, so there has to be one.
+    if (m_windows.isEmpty() || request.wantsNewDocument)
         m_controller.newDocument();
     showProblems(problems);
+}
+
+void ZLDocumentWindows::openLater(const ZLLaunchRequest& request)
+{
+    open(request.files);
+    if (request.wantsNewDocument)
+        bringToFront(m_controller.newDocument());
+    else if (request.files.isEmpty())
+        bringToFront(m_controller.currentOrLastDocument());
 }
 
 void ZLDocumentWindows::open(const QStringList& paths)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ZLDocumentController.h"
+#include "app/ZLRunningInstance.h"
 #include "app/ui/ZLExportMenu.h"
 
 #include <QHash>
@@ -19,8 +20,10 @@ public:
     explicit ZLDocumentWindows(ZLDocumentController& controller);
     ~ZLDocumentWindows() override;
 
-    /// Opens the files, or what was open before when there are none. What fails is told in a window.
-    void openAtLaunch(const QStringList& paths);
+    /// Opens what is asked for, or what was open before when that is nothing. What fails is told in a window.
+    void openAtLaunch(const ZLLaunchRequest& request);
+    /// Opens what is asked for while the program runs, or comes to the front when that is nothing.
+    void openLater(const ZLLaunchRequest& request);
     void open(const QStringList& paths);
     /// Ends the program, unless a clock runs or something cannot be saved: then the windows say so.
     void quit();

@@ -32,7 +32,7 @@ protected:
     int run(const QStringList& files, const QList<std::function<void()>>& steps)
     {
         ZLDesktop desktop(*qobject_cast<ZLDesktopApplication*>(QCoreApplication::instance()));
-        return ZLProgramRun::run(steps, [&] { return desktop.run(files); });
+        return ZLProgramRun::run(steps, [&] { return desktop.run({ .files = files }); });
     }
 
     /// In opening order.

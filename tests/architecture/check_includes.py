@@ -12,6 +12,7 @@ ORDER = [
     "platform/dnssd",
     "platform/osc",
     "platform/archive",
+    "platform/filemanager",
     "platform/hotkey",
     "platform/sound",
     "resources",

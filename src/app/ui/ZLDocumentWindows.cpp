@@ -9,6 +9,7 @@
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
 #include "document/ui/menus/ZLViewMenu.h"
+#include "platform/filemanager/ZLFileManager.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -24,6 +25,11 @@ namespace {
 
 constexpr QPoint offsetBetweenWindows(32, 32);
 constexpr QSize leastVisibleSize(320, 200);
+
+void openFolder(const QString& folder)
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
 
 }
 
@@ -241,7 +247,7 @@ void ZLDocumentWindows::showExportedFile(ZLChapterDocument* document, const QStr
     if (ZLChapterDocumentWindow* window = windowToTellIn(document))
         window->statusLine().showPassingMessage(tr("Exported %1.").arg(QFileInfo(path).fileName()),
             tr("Show in Folder"),
-            [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath())); });
+            [path] { ZLFileManager::showFile(path, openFolder); });
 }
 
 void ZLDocumentWindows::showExportFailure(ZLChapterDocument* document, const QString& message) const

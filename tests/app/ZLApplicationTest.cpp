@@ -1,9 +1,12 @@
 #include "app/ZLApplication.h"
 
+#include "app/ZLActionRouting.h"
 #include "export/ZLExporter.h"
+#include "remote/ZLRecordingHotKeyCenter.h"
 #include "settings/ZLSettingsManager.h"
 #include "support/ZLFakeHostClock.h"
 
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -51,4 +54,64 @@ TEST_F(ZLApplicationTest, ItDoesNotEndWhileAnyClockRuns)
     EXPECT_FALSE(application.applicationShouldTerminate());
     recording->recordButtonPressed();
     EXPECT_TRUE(application.applicationShouldTerminate());
+}
+
+TEST_F(ZLApplicationTest, ARemoteActionReachesTheCurrentDocumentOrElseTheFirst)
+{
+    ZLApplication application(setup());
+    ZLRemoteController& controller = application.oscController();
+    application.remoteControllerReceivedAction(controller, ZLControllerToggleRecordingAction);
+    ZLChapterDocument* first = application.documentController().newDocument();
+    ZLChapterDocument* second = application.documentController().newDocument();
+    application.documentController().setCurrentDocument(nullptr);
+    application.remoteControllerReceivedAction(controller, ZLControllerToggleRecordingAction);
+    EXPECT_TRUE(first->isRecording());
+    EXPECT_FALSE(second->isRecording());
+    application.documentController().setCurrentDocument(second);
+    application.remoteControllerReceivedAction(controller, ZLControllerToggleRecordingAction);
+    EXPECT_TRUE(second->isRecording());
+}
+
+TEST_F(ZLApplicationTest, OnlyThePublishedConstantsAreRouted)
+{
+    for (const ZLRemoteAction& action : ZLRemoteActions::all())
+        EXPECT_TRUE(ZLActionRouting::operationForAction(action.identifier)) << qPrintable(action.identifier);
+    EXPECT_EQ(ZLActionRouting::operationForAction(QString::fromLatin1("ZLControllerNewChapterAction")), nullptr);
+    EXPECT_EQ(ZLActionRouting::operationForAction(u""_s), nullptr);
+    EXPECT_EQ(ZLActionRouting::operationForAction(ZLControllerSelectLastAction), &ZLChapterDocument::selectLastChapter);
+}
+
+TEST_F(ZLApplicationTest, AHotKeyDrivesTheDocumentOnlyWhileGlobalHotKeysAreOn)
+{
+    ZLRecordingHotKeyCenter center;
+    ZLApplication application(setup(), ZLApplication::StandardFontSize, { .hotKeyCenter = &center });
+    ZLSettingsManager::setGlobalHotkeys(false);
+    ZLSettingsManager::setKeyCombo(
+        { { u"keyCode"_s, 9 }, { u"modifierFlags"_s, 0x100000U } }, ZLKeyComboKey::ToggleRecording);
+    const ZLChapterDocument* document = application.documentController().newDocument();
+    const ZLKeyCombo combo { 9, ZLHotKeyModifier::command };
+    EXPECT_EQ(application.hotkeyController(), nullptr);
+    EXPECT_EQ(application.hotKeyForSettingsKey(ZLKeyComboKey::ToggleRecording), std::nullopt);
+    QSignalSpy changes(&application, &ZLApplication::hotKeysDidChange);
+    ZLSettingsManager::setGlobalHotkeys(true);
+    EXPECT_EQ(changes.size(), 1);
+    const ZLHotkeyController* controller = application.hotkeyController();
+    ASSERT_NE(controller, nullptr);
+    ZLSettingsManager::setGlobalHotkeys(true);
+    EXPECT_EQ(application.hotkeyController(), controller) << "the one that is there stays";
+    center.press(combo);
+    EXPECT_TRUE(document->isRecording());
+    center.refuse(ZLControllerToggleRecordingAction, u"Taken back."_s);
+    EXPECT_EQ(application.hotKeyForSettingsKey(ZLKeyComboKey::ToggleRecording).value().refusalReason, u"Taken back."_s);
+    ZLHotKey foreign;
+    foreign.identifier = u"foreign"_s;
+    foreign.keyCombo = { 20, 0 };
+    center.registerHotKey(foreign);
+    ZLSettingsManager::setGlobalHotkeys(false);
+    EXPECT_TRUE(center.allHotKeys().isEmpty()) << "those of others too";
+    center.press(combo);
+    EXPECT_TRUE(document->isRecording());
+    ZLSettingsManager::setGlobalHotkeys(true);
+    center.press(combo);
+    EXPECT_FALSE(document->isRecording()) << "the current shortcuts are registered again";
 }

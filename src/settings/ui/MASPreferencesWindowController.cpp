@@ -5,8 +5,8 @@
 #include "ui_MASPreferencesWindow.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QResizeEvent>
 #include <QScreen>
 #include <QShortcut>
@@ -269,8 +269,13 @@ void MASPreferencesWindowController::restorePosition()
 {
     const auto stored = MASPreferencesGeometryText::toPoint(ZLSettingsManager::textForKey(topLeftKey));
     // The screen that the window was on may be gone.
-    if (stored && isReachable(turnedUpsideDown(*stored)))
+    if (stored && isReachable(turnedUpsideDown(*stored))) {
         m_window->move(turnedUpsideDown(*stored));
+        return;
+    }
+    const QWidget* front = QApplication::activeWindow();
+    const QRect area = front ? front->frameGeometry() : m_window->screen()->availableGeometry();
+    m_window->move(area.center() - m_window->rect().center());
 }
 
 bool MASPreferencesWindowController::eventFilter(QObject* watched, QEvent* event)

@@ -10,15 +10,26 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// What is shown is no change of the user's.
+void showState(QCheckBox* box, bool isOn)
+{
+    const QSignalBlocker quiet(box);
+    box->setChecked(isOn);
+}
+
+}
+
 ZLGeneralPrefsViewController::ZLGeneralPrefsViewController(OutputDevices outputDevices, QWidget* parent)
     : MASPreferencesViewController(parent)
     , m_ui(std::make_unique<Ui::ZLGeneralPrefsViewController>())
     , m_outputDevices(std::move(outputDevices))
 {
     m_ui->setupUi(this);
-    // The user's clicks, and not what viewWillAppear() sets.
+    // Not the clicks: a screen reader toggles a box without one.
     const auto connectBox = [this](
-                                QCheckBox* box, auto operation) { connect(box, &QCheckBox::clicked, this, operation); };
+                                QCheckBox* box, auto operation) { connect(box, &QCheckBox::toggled, this, operation); };
     connectBox(m_ui->automaticChapterButton, &ZLGeneralPrefsViewController::toggleAutomaticChapter);
     connectBox(m_ui->automaticPauseButton, &ZLGeneralPrefsViewController::toggleChapterPause);
     connectBox(m_ui->playSoundButton, &ZLGeneralPrefsViewController::togglePlaySound);
@@ -51,10 +62,10 @@ QWidget* ZLGeneralPrefsViewController::initialKeyView() const
 
 void ZLGeneralPrefsViewController::viewWillAppear()
 {
-    m_ui->automaticChapterButton->setChecked(ZLSettingsManager::createNewChapterOnStart());
-    m_ui->automaticPauseButton->setChecked(ZLSettingsManager::createNewChapterAfterPause());
-    m_ui->playSoundButton->setChecked(ZLSettingsManager::playSoundBeforeRecording());
-    m_ui->quickEditButton->setChecked(ZLSettingsManager::showQuickEdit());
+    showState(m_ui->automaticChapterButton, ZLSettingsManager::createNewChapterOnStart());
+    showState(m_ui->automaticPauseButton, ZLSettingsManager::createNewChapterAfterPause());
+    showState(m_ui->playSoundButton, ZLSettingsManager::playSoundBeforeRecording());
+    showState(m_ui->quickEditButton, ZLSettingsManager::showQuickEdit());
     {
         const QSignalBlocker quiet(m_ui->fontsizeField);
         m_ui->fontsizeField->setValue(double(ZLSettingsManager::fontSize()));

@@ -6,6 +6,7 @@
 #include "ui_ZLShortcutPrefsViewController.h"
 
 #include <QLabel>
+#include <QSignalBlocker>
 
 #include <algorithm>
 
@@ -22,7 +23,8 @@ ZLShortcutPrefsViewController::ZLShortcutPrefsViewController(QWidget* parent)
     addRow(m_ui->removeLastControl, ZLKeyComboKey::RemoveLastChapter);
     addRow(m_ui->selectLastControl, ZLKeyComboKey::SelectLastChapter);
     addRow(m_ui->selectNextControl, ZLKeyComboKey::SelectNextChapter);
-    connect(m_ui->globalButton, &QCheckBox::clicked, this, &ZLShortcutPrefsViewController::globalSettingDidChange);
+    // Not the clicks: a screen reader toggles the box without one.
+    connect(m_ui->globalButton, &QCheckBox::toggled, this, &ZLShortcutPrefsViewController::globalSettingDidChange);
     m_ui->globalNotice->setMinimumHeight(2 * fontMetrics().lineSpacing());
 }
 
@@ -52,7 +54,10 @@ void ZLShortcutPrefsViewController::viewWillAppear()
 {
     for (const Row& row : std::as_const(m_rows))
         row.recorder->setObjectValue(ZLSettingsManager::keyComboForKey(row.settingsKey));
-    m_ui->globalButton->setChecked(ZLSettingsManager::globalHotkeys());
+    {
+        const QSignalBlocker quiet(m_ui->globalButton);
+        m_ui->globalButton->setChecked(ZLSettingsManager::globalHotkeys());
+    }
     updateNotices();
 }
 

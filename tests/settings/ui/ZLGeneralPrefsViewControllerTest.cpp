@@ -3,6 +3,7 @@
 #include "settings/ZLSettingsManager.h"
 #include "support/ZLTemporarySettings.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -108,6 +109,16 @@ TEST_F(ZLGeneralPrefsViewControllerTest, AClickTurnsOverWhatIsStoredAndNotWhatIs
     box(u"playSoundButton"_s).click();
     EXPECT_TRUE(box(u"playSoundButton"_s).isChecked());
     EXPECT_FALSE(Manager::playSoundBeforeRecording());
+}
+
+TEST_F(ZLGeneralPrefsViewControllerTest, AScreenReaderTurnsTheSettingOverAsWell)
+{
+    m_pane.viewWillAppear();
+    QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&box(u"playSoundButton"_s));
+    reader->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(Manager::playSoundBeforeRecording());
+    m_pane.viewWillAppear();
+    EXPECT_TRUE(Manager::playSoundBeforeRecording());
 }
 
 TEST_F(ZLGeneralPrefsViewControllerTest, AnotherFontSizeIsStoredAndAnnounced)

@@ -57,7 +57,7 @@ def find_described(root, description):
 def press(node):
     action = node.queryAction()
     for i in range(action.nActions):
-        if action.getName(i).lower() in ("press", "click"):
+        if action.getName(i).lower() in ("press", "click", "toggle"):
             action.doAction(i)
             return
     raise AssertionError(f"{node.name} has nothing to press")

@@ -99,6 +99,9 @@ ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadles
     watchDocuments();
     printStatus({});
     print(u"Commands come from standard input, one a line; \"help\" lists them."_s);
+    const QString otherHolder = m_controller.saverOf(m_document)->otherHolder();
+    if (!otherHolder.isEmpty())
+        m_streams.complain(u"The file is also open elsewhere (%1)."_s.arg(otherHolder));
     reportInterruption();
     // Who told it to record means the show that goes on meanwhile, also after a crash.
     if (headlessStart == ZLHeadlessStart::Recording && m_document->interruptedRecording())

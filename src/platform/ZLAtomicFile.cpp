@@ -5,10 +5,12 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace {
@@ -68,6 +70,27 @@ int lookAtOldFile(const QByteArray& path, struct stat& old)
     return access(path.constData(), W_OK) == 0 ? 0 : errno;
 }
 
+/// What else belongs to a file beside its bytes. Where the user may not pass on the owner or an attribute, the new file
+/// goes without: refusing to save would be the greater loss.
+int copyOwnerAndAttributes(const QByteArray& from, const struct stat& old, const QByteArray& to)
+{
+    [[maybe_unused]] const bool isOwnerKept =
+        chown(to.constData(), old.st_uid, old.st_gid) == 0 || chown(to.constData(), uid_t(-1), old.st_gid) == 0;
+    QByteArray names(64 * 1024, Qt::Uninitialized);
+    const ssize_t length = listxattr(from.constData(), names.data(), size_t(names.size()));
+    names.truncate(std::max<ssize_t>(length, 0));
+    const auto list = names.split('\0');
+    for (const QByteArray& name : list) {
+        QByteArray value(64 * 1024, Qt::Uninitialized);
+        const ssize_t size =
+            name.isEmpty() ? -1 : getxattr(from.constData(), name.constData(), value.data(), size_t(value.size()));
+        if (size >= 0 && setxattr(to.constData(), name.constData(), value.constData(), size_t(size), 0) != 0
+            && errno == ENOSPC)
+            return errno;
+    }
+    return chmod(to.constData(), old.st_mode & 07777) == 0 ? 0 : errno;
+}
+
 int replaceFile(const QByteArray& path, const QByteArray& bytes)
 {
     struct stat old { };
@@ -78,8 +101,8 @@ int replaceFile(const QByteArray& path, const QByteArray& bytes)
     int error = writeNewFile(temporary, oldError == 0 ? S_IRUSR | S_IWUSR : mode_t(0666), bytes);
     if (error == EEXIST)
         return error;
-    if (error == 0 && oldError == 0 && chmod(temporary.constData(), old.st_mode & 07777) != 0)
-        error = errno;
+    if (error == 0 && oldError == 0)
+        error = copyOwnerAndAttributes(path, old, temporary);
     if (error == 0 && std::rename(temporary.constData(), path.constData()) != 0)
         error = errno;
     if (error != 0)

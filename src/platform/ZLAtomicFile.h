@@ -9,7 +9,8 @@
 namespace ZLAtomicFile {
 
 /// Replaces the file at `path`, or creates it, through a synced temporary file in the same folder. Symbolic links are
-/// followed and the permissions of an existing file are kept. When it fails, the file is as it was before.
+/// followed; permissions, extended attributes and, where the user may, the owner of an existing file are kept. When it
+/// fails, the file is as it was before.
 [[nodiscard]] ZLStatus write(const QString& path, const QByteArray& bytes);
 
 /// The whole contents of the file at `path`.

@@ -6,6 +6,10 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 class ZLAtomicFileTest : public testing::Test {
@@ -69,6 +73,31 @@ TEST_F(ZLAtomicFileTest, PermissionsOfAnExistingFileAreKept)
     const auto groupAndOthers = QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup
         | QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
     EXPECT_EQ(QFile::permissions(path()) & groupAndOthers, QFileDevice::ReadGroup);
+}
+
+TEST_F(ZLAtomicFileTest, ExtendedAttributesOfAnExistingFileAreKept)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(path(), "old"));
+    const QByteArray nativePath = QFile::encodeName(path());
+    if (setxattr(nativePath.constData(), "user.comment", "take 2", 6, 0) != 0)
+        GTEST_SKIP() << "no extended attributes in this file system";
+    ASSERT_TRUE(ZLAtomicFile::write(path(), "new"));
+    char value[16];
+    ASSERT_EQ(getxattr(nativePath.constData(), "user.comment", value, sizeof value), 6);
+    EXPECT_EQ(QByteArray(value, 6), "take 2");
+}
+
+TEST_F(ZLAtomicFileTest, TheOwnerOfAnExistingFileIsKept)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(path(), "old"));
+    const QByteArray nativePath = QFile::encodeName(path());
+    if (chown(nativePath.constData(), 12345, 23456) != 0)
+        GTEST_SKIP() << "only the superuser may give files away";
+    ASSERT_TRUE(ZLAtomicFile::write(path(), "new"));
+    struct stat status { };
+    ASSERT_EQ(stat(nativePath.constData(), &status), 0);
+    EXPECT_EQ(status.st_uid, 12345U);
+    EXPECT_EQ(status.st_gid, 23456U);
 }
 
 TEST_F(ZLAtomicFileTest, AFailureNamesTheFile)

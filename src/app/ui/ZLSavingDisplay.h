@@ -31,6 +31,7 @@ private:
     [[nodiscard]] Message conflictMessage();
     [[nodiscard]] Message interruptionMessage(const ZLInterruptedRecording& interruption);
     [[nodiscard]] Message failureMessage();
+    [[nodiscard]] Message otherHolderMessage();
     void keepBoth();
     /// Says why a decision could not be carried out.
     void tellOutcome(const ZLStatus& outcome);
@@ -43,4 +44,6 @@ private:
     ZLChapterDocumentWindow& m_window;
     /// Why the last decision was not carried out, until the next one.
     QString m_refusal;
+    /// Of whom the user knows already.
+    QString m_acceptedHolder;
 };

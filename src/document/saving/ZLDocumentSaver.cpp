@@ -148,6 +148,8 @@ ZLStatus ZLDocumentSaver::saveAs(const QString& path)
     qCDebug(documentSaveLog) << "document moves to" << order.path;
     dropPlannedWrite();
     m_path = order.path;
+    m_lock.reset();
+    m_lock = std::make_unique<ZLDocumentLock>(m_path);
     removeRecoveryFile();
     m_revertBytes = order.bytes;
     noteSuccess(order, written.digest);
@@ -253,6 +255,8 @@ void ZLDocumentSaver::writeNewestState()
 
 void ZLDocumentSaver::watchDocument()
 {
+    if (!isUntitled())
+        m_lock = std::make_unique<ZLDocumentLock>(m_path);
     m_worker.setMaxThreadCount(1);
     if (!m_machinery.executor)
         m_machinery.executor = [this](std::function<void()> task) { m_worker.start(std::move(task)); };

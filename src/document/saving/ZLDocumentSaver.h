@@ -3,6 +3,7 @@
 #include "document/ZLChapterDocument.h"
 #include "document/saving/ZLBackgroundWrite.h"
 #include "document/saving/ZLDocumentJournal.h"
+#include "document/saving/ZLDocumentLock.h"
 #include "document/saving/ZLRecoveryFolder.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLHostClock.h"
@@ -66,6 +67,8 @@ public:
     [[nodiscard]] bool isUntitled() const { return m_path.isEmpty(); }
     /// The user's file; empty for an untitled document.
     [[nodiscard]] const QString& path() const { return m_path; }
+    /// Who else has the user's file open; empty for nobody.
+    [[nodiscard]] QString otherHolder() const { return m_lock ? m_lock->otherHolder() : QString(); }
     /// Where an untitled document is kept; empty when it has nothing to keep or a file of the user's.
     [[nodiscard]] QString recoveryPath() const;
     /// Whether there is anything that would be missed.
@@ -151,6 +154,8 @@ private:
     /// Where the journal is, and beside it the file of an untitled document.
     std::unique_ptr<ZLRecoveryFile> m_recoveryFile;
     ZLDocumentJournal m_journal;
+    /// On the user's file; null for an untitled document.
+    std::unique_ptr<ZLDocumentLock> m_lock;
     /// Of what the document's file holds, as far as this program knows; empty when it holds nothing.
     QByteArray m_fileDigest;
     std::shared_ptr<ZLBackgroundWrite> m_backgroundWrite;

@@ -38,6 +38,8 @@ ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
     m_splitter->addWidget(new ZLOSCLogPanel(setup.controller.log(), m_splitter));
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setStretchFactor(1, 1);
+    // The settings in full, the rest for the messages.
+    m_splitter->setSizes({ area->widget()->sizeHint().height(), firstWindowSize.height() });
     auto* const column = new QVBoxLayout(this);
     column->addWidget(m_splitter);
     restoreWindowState();

@@ -48,6 +48,7 @@ void ZLOSCOutputsPanel::buildTable()
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setTabKeyNavigation(false);
     m_table->setShowGrid(false);
+    m_table->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     m_table->setWordWrap(false);
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setHighlightSections(false);

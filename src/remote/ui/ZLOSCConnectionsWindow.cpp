@@ -13,6 +13,8 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -39,7 +41,8 @@ ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setStretchFactor(1, 1);
     // The settings in full, the rest for the messages.
-    m_splitter->setSizes({ area->widget()->sizeHint().height(), firstWindowSize.height() });
+    const int settingsHeight = area->widget()->sizeHint().height();
+    m_splitter->setSizes({ settingsHeight, std::max(1, firstWindowSize.height() - settingsHeight) });
     auto* const column = new QVBoxLayout(this);
     column->addWidget(m_splitter);
     restoreWindowState();

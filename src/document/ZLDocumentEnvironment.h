@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/ZLHostClock.h"
+#include "platform/notification/ZLUserNotificationCenter.h"
 #include "platform/sound/ZLSound.h"
-#include "platform/ZLUserNotificationCenter.h"
 
 #include <QDateTime>
 

@@ -14,6 +14,7 @@ ORDER = [
     "platform/archive",
     "platform/filemanager",
     "platform/hotkey",
+    "platform/notification",
     "platform/sound",
     "resources",
     "resources/sounds",

@@ -1,0 +1,119 @@
+#include "platform/notification/ZLBusNotificationCenter.h"
+
+#include "platform/notification/ZLNotificationMessage.h"
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(notificationCenterLog, "zelta.platform.notification.center", QtInfoMsg)
+
+/// The protocol's number for a notification whose time was over.
+constexpr uint closedBecauseExpired = 1;
+
+}
+
+ZLBusNotificationCenter::ZLBusNotificationCenter(const QDBusConnection& bus)
+    : m_server(bus)
+{
+    connect(&m_server, &ZLNotificationServer::wasFound, this, &ZLBusNotificationCenter::deliverWaiting);
+    connect(&m_server, &ZLNotificationServer::isMissing, this, [this] { m_waiting.clear(); });
+    connect(&m_server, &ZLNotificationServer::wasLost, this, &ZLBusNotificationCenter::serverWasLost);
+    connect(&m_server, &ZLNotificationServer::actionWasInvoked, this, &ZLBusNotificationCenter::actionWasInvoked);
+    connect(&m_server, &ZLNotificationServer::notificationWasReplied, this,
+        &ZLBusNotificationCenter::notificationWasReplied);
+    connect(
+        &m_server, &ZLNotificationServer::notificationWasClosed, this, &ZLBusNotificationCenter::notificationWasClosed);
+}
+
+void ZLBusNotificationCenter::deliverNotification(const ZLUserNotification& notification)
+{
+    if (m_server.isKnown()) {
+        send(notification);
+        return;
+    }
+    if (m_waiting.size() == maximumRemembered)
+        return;
+    m_waiting.append(notification);
+    if (m_waiting.size() == 1)
+        m_server.find();
+}
+
+void ZLBusNotificationCenter::deliverWaiting()
+{
+    const QList<ZLUserNotification> waiting = std::exchange(m_waiting, {});
+    for (const ZLUserNotification& notification : waiting)
+        send(notification);
+}
+
+void ZLBusNotificationCenter::send(const ZLUserNotification& notification)
+{
+    const QVariantList arguments = ZLNotificationMessage::arguments(notification, m_server.capabilities());
+    m_server.call(
+        u"Notify"_s, arguments, this, [this, notification, generation = m_generation](const QDBusMessage& answer) {
+            if (answer.type() != QDBusMessage::ReplyMessage)
+                qCInfo(notificationCenterLog) << "not shown:" << answer.errorMessage();
+            else if (generation == m_generation)
+                remember({ answer.arguments().value(0).toUInt(), notification });
+        });
+}
+
+void ZLBusNotificationCenter::remember(const Delivered& delivered)
+{
+    forget(delivered.id);
+    m_delivered.append(delivered);
+    if (m_delivered.size() > maximumRemembered)
+        m_delivered.removeFirst();
+}
+
+const ZLUserNotification* ZLBusNotificationCenter::notificationWithId(uint id) const
+{
+    const auto found = std::find_if(
+        m_delivered.cbegin(), m_delivered.cend(), [id](const Delivered& delivered) { return delivered.id == id; });
+    return found == m_delivered.cend() ? nullptr : &found->notification;
+}
+
+void ZLBusNotificationCenter::forget(uint id)
+{
+    m_delivered.removeIf([id](const Delivered& delivered) { return delivered.id == id; });
+}
+
+void ZLBusNotificationCenter::serverWasLost()
+{
+    // The next server counts from the beginning: its numbers are not those of the notifications it never saw.
+    ++m_generation;
+    m_delivered.clear();
+}
+
+void ZLBusNotificationCenter::actionWasInvoked(uint id, const QString& key)
+{
+    const ZLUserNotification* known = notificationWithId(id);
+    if (!known)
+        return;
+    const ZLUserNotification notification = *known;
+    if (const auto type = ZLNotificationMessage::typeOfAction(notification, key))
+        Q_EMIT didActivateNotification(notification, { *type });
+}
+
+void ZLBusNotificationCenter::notificationWasReplied(uint id, const QString& text)
+{
+    const ZLUserNotification* known = notificationWithId(id);
+    if (!known || !known->hasReplyButton)
+        return;
+    const ZLUserNotification notification = *known;
+    // One notification is answered once.
+    forget(id);
+    Q_EMIT didActivateNotification(notification, { ZLUserNotificationActivationType::Replied, text });
+}
+
+void ZLBusNotificationCenter::notificationWasClosed(uint id, uint reason)
+{
+    // One whose time was over is kept in a list by many desktops, where it can still be answered.
+    if (reason != closedBecauseExpired)
+        forget(id);
+}

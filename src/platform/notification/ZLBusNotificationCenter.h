@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/notification/ZLNotificationServer.h"
+#include "platform/notification/ZLUserNotificationCenter.h"
+
+#include <QList>
+
+/// Delivers through the notification server on the session bus, whichever runs there, anew whenever it is replaced.
+/// Where it has reply fields the reply comes as ZLUserNotificationActivationType::Replied; where it has only buttons,
+/// the Reply button comes as ReplyButtonClicked; where none runs, nothing is shown.
+class ZLBusNotificationCenter final : public ZLUserNotificationCenter {
+    Q_OBJECT
+
+public:
+    /// Notifications that are remembered for their replies; the oldest are forgotten.
+    static constexpr qsizetype maximumRemembered = 256;
+
+    explicit ZLBusNotificationCenter(const QDBusConnection& bus = QDBusConnection::sessionBus());
+
+    void deliverNotification(const ZLUserNotification& notification) override;
+
+private:
+    struct Delivered {
+        uint id = 0;
+        ZLUserNotification notification;
+    };
+
+    void deliverWaiting();
+    void send(const ZLUserNotification& notification);
+    void remember(const Delivered& delivered);
+    /// Null for a number that is not one of ours, or no longer.
+    [[nodiscard]] const ZLUserNotification* notificationWithId(uint id) const;
+    void forget(uint id);
+    void serverWasLost();
+    void actionWasInvoked(uint id, const QString& key);
+    void notificationWasReplied(uint id, const QString& text);
+    void notificationWasClosed(uint id, uint reason);
+
+    ZLNotificationServer m_server;
+    /// Until it is known what the server can do.
+    QList<ZLUserNotification> m_waiting;
+    QList<Delivered> m_delivered;
+    /// Counts the servers that were lost, so that a late answer of an earlier one is dropped.
+    quint64 m_generation = 0;
+};

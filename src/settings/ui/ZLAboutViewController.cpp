@@ -3,6 +3,7 @@
 #include "resources/ZLSymbolIcon.h"
 #include "ui_ZLAboutViewController.h"
 
+#include <QEvent>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -35,7 +36,8 @@ ZLAboutViewController::ZLAboutViewController(
     m_ui->nameLabel->setFont(large);
     m_ui->versionLabel->setText(u"%1 (%2)"_s.arg(version.shortVersion, version.build));
     registerCredits();
-    m_ui->readmeView->setHtml(textOfCredits(creditsPath));
+    m_credits = textOfCredits(creditsPath);
+    showCredits();
 }
 
 ZLAboutViewController::~ZLAboutViewController() = default;
@@ -58,4 +60,19 @@ QIcon ZLAboutViewController::toolbarItemImage() const
 QWidget* ZLAboutViewController::initialKeyView() const
 {
     return m_ui->readmeView;
+}
+
+void ZLAboutViewController::changeEvent(QEvent* event)
+{
+    MASPreferencesViewController::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showCredits();
+}
+
+void ZLAboutViewController::showCredits()
+{
+    // Many dark desktops leave the colour of links as it is on a light one. The underline is sign enough.
+    const QString color = palette().color(QPalette::Text).name();
+    m_ui->readmeView->document()->setDefaultStyleSheet(u"a { color: %1; }"_s.arg(color));
+    m_ui->readmeView->setHtml(m_credits);
 }

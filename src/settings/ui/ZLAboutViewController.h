@@ -31,6 +31,12 @@ public:
     [[nodiscard]] QIcon toolbarItemImage() const override;
     [[nodiscard]] QWidget* initialKeyView() const override;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void showCredits();
+
     std::unique_ptr<Ui::ZLAboutViewController> m_ui;
+    QString m_credits;
 };

@@ -36,6 +36,19 @@ TEST_F(ZLAboutViewControllerTest, ShowsTheCreditsAsRichText)
     EXPECT_TRUE(readme(pane).openExternalLinks());
 }
 
+TEST_F(ZLAboutViewControllerTest, LinksCanBeReadOnALightAndOnADarkDesktop)
+{
+    ZLAboutViewController pane({ u"1.2"_s, u"345"_s });
+    for (const QColor& color : { QColor(0xf0f0f0), QColor(0x101010) }) {
+        QPalette palette = pane.palette();
+        palette.setColor(QPalette::Text, color);
+        pane.setPalette(palette);
+        const QTextCursor link = readme(pane).document()->find(u"Avahi"_s);
+        EXPECT_TRUE(link.charFormat().isAnchor());
+        EXPECT_EQ(link.charFormat().foreground().color(), color);
+    }
+}
+
 TEST_F(ZLAboutViewControllerTest, MissingCreditsLeaveTheirPlaceEmpty)
 {
     const ZLAboutViewController pane({ u"1.2"_s, u"345"_s }, nullptr, u":/NoSuchCredits.html"_s);

@@ -12,6 +12,17 @@
 
 using namespace Qt::StringLiterals;
 
+struct ZLGoldenCase {
+    QString format;
+    QString name;
+    [[nodiscard]] QString path() const { return QStringLiteral(ZELTA_TEST_DATA "/export/") + format + u'/' + name; }
+};
+
+inline void PrintTo(const ZLGoldenCase& goldenCase, std::ostream* stream)
+{
+    *stream << qPrintable(goldenCase.path());
+}
+
 namespace {
 
 const QString goldenRoot = QStringLiteral(ZELTA_TEST_DATA "/export");
@@ -36,20 +47,9 @@ QStringList foldersBelow(const QString& path)
     return QDir(path).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-struct GoldenCase {
-    QString format;
-    QString name;
-    [[nodiscard]] QString path() const { return goldenRoot + u'/' + format + u'/' + name; }
-};
-
-void PrintTo(const GoldenCase& goldenCase, std::ostream* stream)
+std::vector<ZLGoldenCase> allGoldenCases()
 {
-    *stream << qPrintable(goldenCase.path());
-}
-
-std::vector<GoldenCase> allGoldenCases()
-{
-    std::vector<GoldenCase> cases;
+    std::vector<ZLGoldenCase> cases;
     for (const QString& format : foldersBelow(goldenRoot)) {
         for (const QString& name : foldersBelow(goldenRoot + u'/' + format))
             cases.push_back({ format, name });
@@ -66,11 +66,11 @@ QByteArray goldenFile(const QString& path)
 
 }
 
-class ZLExportGolden : public testing::TestWithParam<GoldenCase> { };
+class ZLExportGolden : public testing::TestWithParam<ZLGoldenCase> { };
 
 TEST_P(ZLExportGolden, IsWrittenByteForByte)
 {
-    const GoldenCase& goldenCase = GetParam();
+    const ZLGoldenCase& goldenCase = GetParam();
     ASSERT_TRUE(formatOfGoldenFolder().contains(goldenCase.format)) << "a folder of no format";
     const auto exporterClass = ZLExportCase::exporterClass(formatOfGoldenFolder().value(goldenCase.format));
     const ZLExportFormat& format = exporterClass.format();

@@ -17,6 +17,7 @@ zelta_test_packages=(
   pulseaudio pulseaudio-utils
   xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick dbus
   python3-dbus python3-gi
+  desktop-file-utils appstream lintian man-db groff
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0
 )
 zelta_bench_packages=(

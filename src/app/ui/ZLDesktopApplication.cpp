@@ -1,5 +1,7 @@
 #include "app/ui/ZLDesktopApplication.h"
 
+#include <QIcon>
+
 using namespace Qt::StringLiterals;
 
 ZLDesktopApplication::ZLDesktopApplication(int& argc, char** argv)
@@ -7,6 +9,7 @@ ZLDesktopApplication::ZLDesktopApplication(int& argc, char** argv)
 {
     setApplicationDisplayName(u"Zelta"_s);
     setDesktopFileName(u"org.zelta.Zelta"_s);
+    setWindowIcon(QIcon::fromTheme(desktopFileName(), QIcon(u":/images/Zelta.svg"_s)));
     // Documents decide when the program ends, see ZLDocumentWindows.
     setQuitOnLastWindowClosed(false);
 }

@@ -1,0 +1,50 @@
+# Completion of zelta for bash.
+
+_zelta_words() {
+  COMPREPLY=()
+  while IFS= read -r word; do
+    [[ $word == "$cur"* ]] && COMPREPLY+=("$(printf '%q' "$word")")
+  done
+}
+
+_zelta_files() {
+  compopt -o filenames 2>/dev/null
+  mapfile -t COMPREPLY < <(compgen -d -- "$cur"; compgen -f -X '!*.zelta' -- "$cur")
+}
+
+_zelta() {
+  local cur prev command
+  cur="${COMP_WORDS[COMP_CWORD]}"
+  prev="${COMP_WORDS[COMP_CWORD-1]}"
+  command="${COMP_WORDS[1]}"
+  case "$prev" in
+    --format)
+      _zelta_words < <(zelta formats 2>/dev/null | cut -f1)
+      return ;;
+    --output)
+      compopt -o filenames -o default 2>/dev/null
+      COMPREPLY=()
+      return ;;
+    --osc-port | --osc-send)
+      COMPREPLY=()
+      return ;;
+  esac
+  if [[ $COMP_CWORD -gt 1 && $command == send ]]; then
+    _zelta_words < <(printf '%s\n' toggleRecording newChapter removeChapter removeLastChapter \
+      selectPreviousChapter selectNextChapter --osc-port)
+  elif [[ $cur == -* ]]; then
+    case "$command" in
+      export) _zelta_words < <(printf '%s\n' --format --option --output) ;;
+      show) _zelta_words < <(printf '%s\n' --json) ;;
+      *) _zelta_words < <(printf '%s\n' --headless --record --new --osc-port --osc-send --help --version) ;;
+    esac
+  elif [[ $COMP_CWORD -eq 1 ]]; then
+    _zelta_files
+    local files=("${COMPREPLY[@]}")
+    _zelta_words < <(printf '%s\n' send formats export show)
+    COMPREPLY+=("${files[@]}")
+  else
+    _zelta_files
+  fi
+}
+complete -F _zelta zelta

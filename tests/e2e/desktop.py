@@ -27,7 +27,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 """
 
 
-def wait_until(condition, what, seconds=20.0):
+def wait_until(condition, what, seconds=60.0):
     """Asks again and again until the condition gives something true, and returns that."""
     deadline = time.monotonic() + seconds
     while True:

@@ -13,6 +13,7 @@ namespace {
 
 const QString conflictName = QStringLiteral("fileConflict");
 const QString interruptionName = QStringLiteral("interruptedRecording");
+const QString otherHolderName = QStringLiteral("openElsewhere");
 const QString failureName = QStringLiteral("savingFailure");
 
 }
@@ -45,6 +46,8 @@ void ZLSavingDisplay::updateBar()
     showOrHide(conflictName, m_saver.state() == ZLSavingState::Conflict ? conflictMessage() : Message());
     const auto& interruption = m_document.interruptedRecording();
     showOrHide(interruptionName, interruption ? interruptionMessage(*interruption) : Message());
+    const bool isNews = !m_saver.otherHolder().isEmpty() && m_saver.otherHolder() != m_acceptedHolder;
+    showOrHide(otherHolderName, isNews ? otherHolderMessage() : Message());
     // While it is tried again nobody knows yet whether the failure is over.
     if (m_saver.state() == ZLSavingState::Failed)
         showOrHide(failureName, failureMessage());
@@ -69,6 +72,15 @@ ZLSavingDisplay::Message ZLSavingDisplay::conflictMessage()
         { { tr("Keep Mine"), [this] { tellOutcome(m_saver.keepMine()); } },
             { tr("Take Theirs"), [this] { tellOutcome(m_saver.takeTheirs()); } },
             { tr("Keep Both"), [this] { keepBoth(); } } } };
+}
+
+ZLSavingDisplay::Message ZLSavingDisplay::otherHolderMessage()
+{
+    const QString holder = m_saver.otherHolder();
+    return { tr("“%1” is also open elsewhere (%2). What is changed there is never overwritten without asking.")
+                 .arg(QFileInfo(m_saver.path()).fileName(), holder),
+        { { tr("OK"), [this, holder] { m_acceptedHolder = holder; } },
+            { tr("Save As…"), [this] { m_savePanel.saveAs(); } } } };
 }
 
 ZLSavingDisplay::Message ZLSavingDisplay::interruptionMessage(const ZLInterruptedRecording& interruption)

@@ -17,7 +17,7 @@ class ZLDocumentJournal : public QObject {
 
 public:
     /// How long a change waits for the kernel to take it; a healthy one needs some tens of microseconds.
-    static constexpr std::chrono::milliseconds LongestHandOver { 25 };
+    static constexpr std::chrono::milliseconds LongestHandOver { 100 };
     static constexpr int TickInterval = 1000; ///< Milliseconds between readings of a running clock.
     static constexpr int TicksPerSync = 5;
     static constexpr qint64 SmallSize = 1024 * 1024; ///< Bytes up to which a journal is never begun anew.

@@ -126,3 +126,49 @@ TEST_F(ZLSavingDisplayTest, TheFailureIsStillToldAfterTheDialogWasCancelled)
     flush();
     EXPECT_TRUE(barText(document).contains("The disk is full."_L1));
 }
+
+TEST_F(ZLSavingDisplayTest, AnInterruptedRecordingOffersBothChoicesAndUndoOffersThemAgain)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    document->setInterruptedRecording(ZLInterruptedRecording { 30.0, QDateTime::currentDateTimeUtc() });
+    EXPECT_TRUE(barText(document).startsWith("The recording was interrupted on "_L1));
+    const QStringList choices { u"Continue the running clock"_s, u"Keep it paused at the last reading"_s };
+    EXPECT_EQ(barButtons(document), choices);
+    pressInBar(document, choices.last());
+    EXPECT_EQ(barText(document), QString());
+    document->undoManager().undo();
+    EXPECT_EQ(barButtons(document), choices);
+    pressInBar(document, choices.first());
+    EXPECT_TRUE(document->isRecording());
+    EXPECT_EQ(barText(document), QString());
+    document->undoManager().undo();
+    EXPECT_FALSE(document->isRecording());
+    EXPECT_EQ(barButtons(document), choices);
+}
+
+TEST_F(ZLSavingDisplayTest, AFileThatAnotherProgramChangedAsksWhatToDo)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    addChapter(document, u"Mine"_s);
+    storedFile(u"show.zelta"_s, u"Theirs"_s);
+    writeNow(document);
+    EXPECT_TRUE(barText(document).contains("Another program changed"_L1));
+    EXPECT_EQ(barButtons(document), (QStringList { u"Keep Mine"_s, u"Take Theirs"_s, u"Keep Both"_s }));
+    EXPECT_EQ(saveStatus(document)->text(), u"Not saved"_s);
+    pressInBar(document, u"Take Theirs"_s);
+    EXPECT_EQ(titles(document), QStringList { u"Theirs"_s });
+    EXPECT_EQ(barText(document), QString());
+}
+
+TEST_F(ZLSavingDisplayTest, AFileThatIsOpenElsewhereIsToldOnce)
+{
+    const QString path = storedFile(u"show.zelta"_s);
+    ASSERT_TRUE(ZLAtomicFile::write(ZLDocumentLock::lockPath(path), "studio-elsewhere\n77\n"));
+    ZLChapterDocument* document = openFile(path);
+    EXPECT_TRUE(barText(document).contains("studio-elsewhere, process 77"_L1));
+    pressInBar(document, u"OK"_s);
+    addChapter(document, u"Mine"_s);
+    writeNow(document);
+    EXPECT_EQ(barText(document), QString());
+    EXPECT_EQ(titlesInFile(path), (QStringList { u"Stored"_s, u"Mine"_s }));
+}

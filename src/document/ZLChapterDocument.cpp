@@ -23,6 +23,7 @@ ZLChapterDocument::ZLChapterDocument(ZLDocumentEnvironment environment, QObject*
     : QObject(parent)
     , m_environment(std::move(environment))
     , m_clock(m_environment.hostClock)
+    , m_sleepWatcher(m_environment.hostClock, m_environment.bootClock)
     , m_templateViewController(this)
     , m_tableModel(*this)
     , m_selectionModel(&m_tableModel)
@@ -83,6 +84,7 @@ bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeNa
     }
     m_clock.stop();
     setInterruptedRecording(std::nullopt);
+    m_sleeps.clear();
     m_chapterManager.loadChapters(contents.value().chapters);
     m_clock.setDuration(contents.value().duration);
     m_templateViewController.loadChapters(contents.value().templates);
@@ -92,6 +94,7 @@ bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeNa
     updateEverything();
     updateDisplay();
     Q_EMIT recordingStateDidChange();
+    Q_EMIT undecidedSleepsDidChange();
     if (error)
         *error = leftoverOfSuccessfulRead();
     return true;
@@ -139,6 +142,7 @@ void ZLChapterDocument::connectParts()
     connect(&m_templateViewController, &ZLTemplatesViewController::templateDidChangeInPlace, this,
         &ZLChapterDocument::contentsDidChange);
     connect(&m_selectionModel, &QItemSelectionModel::selectionChanged, this, &ZLChapterDocument::informControllers);
+    connect(&m_clock, &ZLRecordingClock::displayIsDue, this, &ZLChapterDocument::noticeSleep);
     connect(&m_clock, &ZLRecordingClock::displayIsDue, this, &ZLChapterDocument::updateDisplay);
     connect(&m_undoManager, &ZLUndoManager::historyDidChange, this, &ZLChapterDocument::noteChange);
 }

@@ -5,14 +5,17 @@
 #include "document/ZLDocumentFile.h"
 #include "document/ZLInterruptedRecording.h"
 #include "document/ZLRecordingClock.h"
+#include "document/ZLSleepWhileRecording.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLUndoManager.h"
+#include "platform/activity/ZLSleepWatcher.h"
 #include "templates/ZLTemplatesViewController.h"
 
 #include <QItemSelectionModel>
 #include <QObject>
 
 #include <optional>
+#include <utility>
 
 /// What the next press of the add button does.
 enum class ZLAddButtonFace {
@@ -70,6 +73,19 @@ public:
     /// Lets the clock run as if it had never stopped.
     void continueInterruptedRecording();
     void keepInterruptedRecordingPaused();
+    /// @}
+
+    /// @name A computer that slept during the recording
+    /// The clock stood meanwhile. Until one of both commands decides it, the time can be added.
+    /// @{
+    /// Looks whether the computer has slept. A running clock does so ten times a second, and before every mark.
+    void noticeSleep();
+    /// In order. Those that lie beyond the clock, because its start was undone, are left out.
+    [[nodiscard]] QList<ZLSleepWhileRecording> undecidedSleeps() const;
+    /// Adds the time of all of them to the clock, and to each chapter the time of those that lie before it: that is to
+    /// all that was marked after waking up.
+    void addSleptTime();
+    void leaveSleptTime();
     /// @}
 
     /// @name Chapter commands
@@ -143,6 +159,7 @@ Q_SIGNALS:
     void displayDidUpdate();
     void recordingStateDidChange();
     void interruptedRecordingDidChange();
+    void undecidedSleepsDidChange();
     void addButtonDidUpdate();
     /// The cell should be scrolled into view and opened for typing, with its text selected.
     void wantsEditing(const QModelIndex& index);
@@ -156,6 +173,13 @@ Q_SIGNALS:
     void displayNameDidChange();
 
 private:
+    /// What adding slept time changes.
+    struct ZLRecordedTimes {
+        QList<std::pair<ZLChapterPointer, double>> timeStamps {};
+        double duration = 0.0;
+        QList<ZLSleepWhileRecording> sleeps {};
+    };
+
     void connectParts();
     void _realStartRecordingWithTime(double hostTime);
     void _realStopRecording();
@@ -163,6 +187,7 @@ private:
     void createAutomaticChapter();
     void resumeInterruptedRecording(const ZLInterruptedRecording& interruption, double hostTime);
     void offerInterruptedRecordingAgain(const ZLInterruptedRecording& interruption, double hostTime);
+    void exchangeRecordedTimes(const ZLRecordedTimes& times, const QString& actionName);
 
     void _realAddChapter(const ZLChapterPointer& chapter);
     void _realRemoveChapter(const ZLChapterPointer& chapter);
@@ -181,11 +206,13 @@ private:
     ZLUndoManager m_undoManager;
     ZLChapterManager m_chapterManager;
     ZLRecordingClock m_clock;
+    ZLSleepWatcher m_sleepWatcher;
     ZLTemplatesViewController m_templateViewController;
     ZLChapterTableModel m_tableModel;
     QItemSelectionModel m_selectionModel;
     std::unique_ptr<ZLSound> m_beep;
     std::optional<ZLInterruptedRecording> m_interruption;
+    QList<ZLSleepWhileRecording> m_sleeps;
     QString m_displayName;
     bool m_isEdited = false;
 };

@@ -41,6 +41,8 @@ void ZLChapterDocument::addChapterButtonPressed()
 {
     if (!isRecording() || m_undoManager.isUndoing() || m_undoManager.isRedoing())
         return;
+    // Before the stamp, so that a mark right after waking up lies after the sleep.
+    noticeSleep();
     if (addButtonFace() == ZLAddButtonFace::Next) {
         addFirstChapterFromTemplates();
         return;

@@ -34,6 +34,8 @@ void ZLChapterDocument::continueInterruptedRecording()
         return;
     const ZLInterruptedRecording interruption = *m_interruption;
     Q_EMIT typedTextShouldBeCommitted();
+    // The wall clock, by which the recording goes on, has counted every sleep.
+    m_sleepWatcher.restart();
     resumeInterruptedRecording(
         interruption, hostTimeOfMoment(interruption.lastSeen, wallClockTime(), m_clock.hostTime()));
 }

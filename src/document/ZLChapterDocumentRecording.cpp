@@ -14,11 +14,13 @@ const QString stopRecordingActionName = QStringLiteral("Stop Recording");
 void ZLChapterDocument::recordButtonPressed()
 {
     if (isRecording()) {
+        noticeSleep();
         const double originalDuration = duration();
         stopRecording(originalDuration, currentDuration(), startTime());
     } else if (ZLSettingsManager::playSoundBeforeRecording()) {
         playStartBeep();
     } else {
+        m_sleepWatcher.restart();
         startRecordingWithTime(m_clock.hostTime());
     }
     Q_EMIT recordingStateDidChange();
@@ -33,6 +35,7 @@ void ZLChapterDocument::soundDidFinishPlaying()
     // An undo or redo may have started the clock while the beep was playing.
     if (isRecording())
         return;
+    m_sleepWatcher.restart();
     startRecordingWithTime(m_clock.hostTime());
     informControllers();
 }

@@ -14,6 +14,8 @@
 struct ZLDocumentEnvironment {
     /// Seconds that recorded time is measured with.
     std::shared_ptr<const ZLHostClock> hostClock = std::make_shared<ZLSteadyHostClock>();
+    /// Goes on while the computer sleeps, when the clock above stands; without it no sleep is noticed.
+    std::shared_ptr<const ZLHostClock> bootClock {};
     std::function<QDateTime()> wallClock = QDateTime::currentDateTimeUtc;
     /// Whether one of the program's windows has the keyboard.
     std::function<bool()> isApplicationActive = [] { return false; };

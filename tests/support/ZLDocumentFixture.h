@@ -21,6 +21,7 @@ protected:
     {
         return {
             .hostClock = m_hostClock,
+            .bootClock = m_bootClock,
             .wallClock = [this] { return m_wallClock; },
             .isApplicationActive = [this] { return m_isApplicationActive; },
             .isOptionKeyHeld = [this] { return m_isOptionKeyHeld; },
@@ -32,6 +33,7 @@ protected:
     void advance(double seconds)
     {
         m_hostClock->advance(seconds);
+        m_bootClock->advance(seconds);
         m_wallClock = m_wallClock.addMSecs(qint64(seconds * 1000.0));
     }
 
@@ -71,6 +73,7 @@ protected:
 
     ZLTemporarySettings m_settings;
     std::shared_ptr<ZLFakeHostClock> m_hostClock = std::make_shared<ZLFakeHostClock>();
+    std::shared_ptr<ZLFakeHostClock> m_bootClock = std::make_shared<ZLFakeHostClock>();
     QDateTime m_wallClock { QDate(2024, 5, 1), QTime(14, 3, 7, 250), QTimeZone::utc() };
     bool m_isApplicationActive = false;
     bool m_isOptionKeyHeld = false;

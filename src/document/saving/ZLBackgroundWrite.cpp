@@ -50,5 +50,7 @@ ZLWriteOutcome ZLBackgroundWrite::carryOut(const ZLWriteOrder& order, const ZLFi
     outcome.status = writer(order.path, order.bytes);
     if (outcome && order.isForOwnerOnly)
         QFile::setPermissions(order.path, QFile::ReadOwner | QFile::WriteOwner);
+    if (const auto& former = order.formerState; outcome && former)
+        outcome.keeping = former->history.keep(former->bytes, former->time, order.bytes);
     return outcome;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/saving/ZLDocumentHistory.h"
 #include "document/saving/ZLJournalFile.h"
 #include "platform/ZLResult.h"
 
@@ -9,6 +10,15 @@
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <optional>
+
+/// What a write takes the place of, to be kept among the former states of the document.
+struct ZLFormerState {
+    ZLDocumentHistory history;
+    QByteArray bytes;
+    /// Since when the document was like that.
+    QDateTime time;
+};
 
 /// What is to be on the disk, and where.
 struct ZLWriteOrder {
@@ -20,6 +30,8 @@ struct ZLWriteOrder {
     std::shared_ptr<ZLJournalFile> journal = {};
     /// For recovery files, which are nobody else's business.
     bool isForOwnerOnly = false;
+    /// Kept once the file is written.
+    std::optional<ZLFormerState> formerState = {};
     /// The state of the document that the bytes show.
     quint64 revision = 0;
 };
@@ -31,6 +43,8 @@ struct ZLWriteOutcome {
     bool isConflict = false;
     /// Of the bytes of the order.
     QByteArray digest = {};
+    /// What became of the order's former state.
+    ZLStateKeeping keeping = ZLStateKeeping::NothingNew;
 
     explicit operator bool() const { return status.isOk(); }
 };

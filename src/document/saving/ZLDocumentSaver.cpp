@@ -55,6 +55,7 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     , m_path(path)
     , m_recoveryFile(std::move(recoveryFile))
     , m_journal(document, m_machinery.journalDisk)
+    , m_bytesOnDisk(fileBytes)
     , m_revertBytes(fileBytes)
 {
     if (!fileBytes.isEmpty())
@@ -72,6 +73,9 @@ ZLDocumentSaver::~ZLDocumentSaver()
     m_journal.end();
     if (m_recoveryFile && !isJournalStillNeeded())
         m_recoveryFile->removeJournal();
+    // Nobody could ever come back to an untitled document of which nothing is kept.
+    if (isUntitled() && !m_recoveryFile && m_history)
+        m_history->remove();
 }
 
 QString ZLDocumentSaver::recoveryPath() const
@@ -151,70 +155,13 @@ ZLStatus ZLDocumentSaver::saveAs(const QString& path)
     m_lock.reset();
     m_lock = std::make_unique<ZLDocumentLock>(m_path);
     removeRecoveryFile();
+    followLocation();
     m_revertBytes = order.bytes;
     noteSuccess(order, written.digest);
     journalNow();
     m_document.setDisplayName(QFileInfo(m_path).fileName());
     Q_EMIT locationDidChange();
     return ZLDone {};
-}
-
-ZLStatus ZLDocumentSaver::revert()
-{
-    if (m_document.isRecording())
-        return ZLError { tr("The clock is running. Pause the recording before you revert.") };
-    if (m_revertBytes.isEmpty() ? !hasContent() : currentBytes() == m_revertBytes)
-        return ZLDone {};
-    if (m_revertBytes.isEmpty()) {
-        m_document.revertToContents({});
-        return ZLDone {};
-    }
-    const auto contents = ZLDocumentFile::decode(m_revertBytes);
-    if (!contents)
-        return contents.error();
-    m_document.revertToContents(contents.value());
-    return ZLDone {};
-}
-
-ZLStatus ZLDocumentSaver::keepMine()
-{
-    if (m_state != ZLSavingState::Conflict)
-        return ZLDone {};
-    // Once: what comes there after this moment is again nobody's to overwrite.
-    const auto theirs = ZLAtomicFile::read(m_path);
-    m_fileDigest = theirs ? ZLJournalRecords::digestOf(theirs.value()) : QByteArray();
-    m_bytesOnDisk.clear();
-    setState(ZLSavingState::Waiting);
-    return saveNow();
-}
-
-ZLStatus ZLDocumentSaver::takeTheirs()
-{
-    if (m_state != ZLSavingState::Conflict)
-        return ZLDone {};
-    const auto theirs = ZLAtomicFile::read(m_path);
-    if (!theirs)
-        return theirs.error();
-    const auto contents = ZLDocumentFile::decode(theirs.value());
-    if (!contents)
-        return ZLError { u"%1: %2"_s.arg(m_path, contents.error().message) };
-    m_fileDigest = ZLJournalRecords::digestOf(theirs.value());
-    m_revertBytes = theirs.value();
-    m_bytesOnDisk.clear();
-    setState(ZLSavingState::Waiting);
-    m_document.adoptContents(contents.value());
-    return ZLDone {};
-}
-
-ZLResult<QString> ZLDocumentSaver::keepBoth()
-{
-    const QFileInfo file(m_path);
-    QString path;
-    for (int number = 2; path.isEmpty() || QFile::exists(path); ++number)
-        path = u"%1/%2 %3.%4"_s.arg(file.path(), file.completeBaseName(), QString::number(number), file.suffix());
-    if (const ZLStatus saved = saveAs(path); !saved)
-        return saved.error();
-    return path;
 }
 
 void ZLDocumentSaver::discard()
@@ -224,6 +171,8 @@ void ZLDocumentSaver::discard()
     m_readingTimer.stop();
     m_isDiscarded = true;
     removeRecoveryFile();
+    if (isUntitled() && m_history)
+        m_history->remove();
 }
 
 QString ZLDocumentSaver::pathWithExtension(const QString& path)
@@ -257,6 +206,8 @@ void ZLDocumentSaver::watchDocument()
 {
     if (!isUntitled())
         m_lock = std::make_unique<ZLDocumentLock>(m_path);
+    followLocation();
+    m_timeOfBytes = timeOfFile(isUntitled() ? recoveryPath() : m_path);
     m_worker.setMaxThreadCount(1);
     if (!m_machinery.executor)
         m_machinery.executor = [this](std::function<void()> task) { m_worker.start(std::move(task)); };
@@ -302,21 +253,6 @@ void ZLDocumentSaver::noteChange()
         setState(ZLSavingState::Waiting);
 }
 
-void ZLDocumentSaver::planWrite()
-{
-    const double now = m_machinery.clock->now();
-    if (!m_firstUnsavedChange)
-        m_firstUnsavedChange = now;
-    const double waited = (now - *m_firstUnsavedChange) * 1000.0;
-    m_writeTimer.start(std::clamp(LongestWait - int(std::min(waited, double(LongestWait))), 0, QuietTime));
-}
-
-void ZLDocumentSaver::dropPlannedWrite()
-{
-    m_writeTimer.stop();
-    m_firstUnsavedChange.reset();
-}
-
 void ZLDocumentSaver::followClock()
 {
     // Else a crash during a long chapter would put the clock back to where that chapter began.
@@ -324,29 +260,6 @@ void ZLDocumentSaver::followClock()
         m_readingTimer.stop();
     else if (!m_readingTimer.isActive())
         m_readingTimer.start();
-}
-
-ZLResult<ZLWriteOrder> ZLDocumentSaver::makeOrder()
-{
-    ZLWriteOrder order { .path = m_path,
-        .bytes = currentBytes(),
-        .expectedDigest = m_fileDigest,
-        .journal = m_journal.file(),
-        .revision = m_revision };
-    if (isUntitled()) {
-        if (const ZLStatus ensured = ensureRecoveryFile(); !ensured)
-            return ensured.error();
-        order.path = m_recoveryFile->path();
-        order.isForOwnerOnly = true;
-        // Nobody else has any business there.
-        order.expectedDigest.clear();
-    }
-    return order;
-}
-
-bool ZLDocumentSaver::isOnDisk(const ZLWriteOrder& order) const
-{
-    return m_bytesOnDisk == order.bytes && (!isUntitled() || QFile::exists(order.path));
 }
 
 ZLStatus ZLDocumentSaver::ensureRecoveryFile()
@@ -360,6 +273,7 @@ ZLStatus ZLDocumentSaver::ensureRecoveryFile()
     if (!file)
         return file.error();
     m_recoveryFile = std::move(file).value();
+    followLocation();
     if (isUntitled())
         Q_EMIT locationDidChange();
     return ZLDone {};
@@ -376,107 +290,25 @@ void ZLDocumentSaver::removeRecoveryFile()
         Q_EMIT locationDidChange();
 }
 
-void ZLDocumentSaver::startBackgroundWrite(ZLWriteOrder order)
+void ZLDocumentSaver::followLocation()
 {
-    qCDebug(documentSaveLog) << "writing" << order.bytes.size() << "bytes to" << order.path;
-    const auto write = std::make_shared<ZLBackgroundWrite>(std::move(order), m_machinery.writeFile);
-    m_backgroundWrite = write;
-    if (m_state != ZLSavingState::Failed)
-        setState(ZLSavingState::Saving);
-    m_machinery.executor([this, write] {
-        // The object is reached only for a write that was not called off, and its end waits for this.
-        write->run([this, write] {
-            QMetaObject::invokeMethod(
-                this, [this, write] { finishBackgroundWrite(write); }, Qt::QueuedConnection);
-        });
-    });
-}
-
-void ZLDocumentSaver::finishBackgroundWrite(const std::shared_ptr<ZLBackgroundWrite>& write)
-{
-    // Somebody who could not wait may have settled it before.
-    if (write != m_backgroundWrite)
+    if (isUntitled() && !m_recoveryFile)
         return;
-    settleBackgroundWrite();
-    if (m_revision != m_savedRevision && !plannedDelay())
-        writeNewestState();
-}
-
-void ZLDocumentSaver::settleBackgroundWrite()
-{
-    const auto write = std::exchange(m_backgroundWrite, nullptr);
-    if (write && write->cancelOrWait())
-        noteOutcome(write->order(), write->outcome());
-}
-
-void ZLDocumentSaver::noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome)
-{
-    if (outcome)
-        noteSuccess(order, outcome.digest);
-    else if (outcome.isConflict)
-        noteConflict(outcome.status.error());
-    else
-        noteFailure(outcome.status.error());
-}
-
-bool ZLDocumentSaver::keepNothingOfEmptyDocument()
-{
-    if (!isUntitled() || hasContent())
-        return false;
-    removeRecoveryFile();
-    m_bytesOnDisk.clear();
-    m_fileDigest.clear();
-    noteEverythingIsSaved();
-    return true;
-}
-
-void ZLDocumentSaver::noteSuccess(const ZLWriteOrder& order, const QByteArray& digest)
-{
-    m_bytesOnDisk = order.bytes;
-    m_fileDigest = digest;
-    if (order.revision == m_revision) {
-        noteEverythingIsSaved();
-    } else {
-        m_savedRevision = order.revision;
-        setState(ZLSavingState::Waiting);
+    const ZLDocumentHistory history = isUntitled()
+        ? ZLDocumentHistory::ofRecoveryFile(m_recoveryFolder, m_recoveryFile->path())
+        : ZLDocumentHistory::ofFile(m_recoveryFolder, m_path);
+    if (m_history && *m_history != history) {
+        m_history->shareWith(history);
+        // A file of the user's that is left stays, and so do its states.
+        if (m_history->isOfRecoveryFile())
+            m_history->remove();
     }
+    m_history = history;
 }
 
-void ZLDocumentSaver::noteEverythingIsSaved()
+QDateTime ZLDocumentSaver::timeOfFile(const QString& path) const
 {
-    m_savedRevision = m_revision;
-    // What has no file of the user's is never done for him, however well it is kept.
-    m_document.setDocumentEdited(isUntitled() && hasContent());
-    setState(ZLSavingState::Saved);
-}
-
-void ZLDocumentSaver::noteFailure(const ZLError& error)
-{
-    qCWarning(documentSaveLog) << "cannot write" << error.message;
-    m_document.setDocumentEdited(true);
-    m_writeTimer.start(RetryInterval);
-    setState(ZLSavingState::Failed, error.message);
-}
-
-void ZLDocumentSaver::noteConflict(const ZLError& error)
-{
-    qCWarning(documentSaveLog) << error.message;
-    m_document.setDocumentEdited(true);
-    dropPlannedWrite();
-    setState(ZLSavingState::Conflict, error.message);
-}
-
-bool ZLDocumentSaver::isJournalStillNeeded() const
-{
-    const bool isSaved = m_state == ZLSavingState::Saved && m_revision == m_savedRevision;
-    return !m_isDiscarded && (!isSaved || m_document.isRecording() || m_document.interruptedRecording());
-}
-
-void ZLDocumentSaver::setState(ZLSavingState state, const QString& failureText)
-{
-    if (m_state == state && m_failureText == failureText)
-        return;
-    m_state = state;
-    m_failureText = failureText;
-    Q_EMIT stateDidChange();
+    const QDateTime now = m_document.wallClockTime();
+    const QDateTime written = QFileInfo(path).lastModified();
+    return written.isValid() ? std::min(written, now) : now;
 }

@@ -47,6 +47,7 @@ public:
     static constexpr int LongestWait = 750; ///< The same under a steady stream of changes.
     static constexpr int RetryInterval = 2000;
     static constexpr int ReadingInterval = 5000; ///< How often the reading of a running clock is stored.
+    static constexpr int StateInterval = 60'000; ///< At least between two states that are kept.
     /// @}
 
     /// Looks after `document`, which holds what is on the disk at this moment and has to outlive the saver, as has
@@ -93,6 +94,11 @@ public:
     /// Goes back, undoably, to the last save() or the opening; an untitled document becomes empty. Refused while the
     /// clock runs.
     ZLStatus revert();
+    /// Former states of the document, newest first. One is kept when changes take its place, a minute after the one
+    /// before at the earliest.
+    [[nodiscard]] QList<ZLDocumentState> formerStates() const;
+    /// Goes back, undoably, to one of formerStates(). Refused while the clock runs.
+    ZLStatus revertTo(const ZLDocumentState& state);
     /// @name What to do about a Conflict
     /// @{
     /// Writes over what the other program wrote.
@@ -128,9 +134,12 @@ private:
     void followClock();
     [[nodiscard]] QByteArray currentBytes() { return m_document.dataOfType(); }
     [[nodiscard]] ZLResult<ZLWriteOrder> makeOrder();
+    [[nodiscard]] std::optional<ZLFormerState> stateToKeep() const;
     [[nodiscard]] bool isOnDisk(const ZLWriteOrder& order) const;
     [[nodiscard]] ZLStatus ensureRecoveryFile();
     void removeRecoveryFile();
+    void followLocation();
+    [[nodiscard]] QDateTime timeOfFile(const QString& path) const;
     void startBackgroundWrite(ZLWriteOrder order);
     void finishBackgroundWrite(const std::shared_ptr<ZLBackgroundWrite>& write);
     void settleBackgroundWrite();
@@ -160,6 +169,12 @@ private:
     QByteArray m_fileDigest;
     std::shared_ptr<ZLBackgroundWrite> m_backgroundWrite;
     QByteArray m_bytesOnDisk;
+    /// Since when they are there.
+    QDateTime m_timeOfBytes;
+    /// Absent as long as there is nothing to have been otherwise before.
+    std::optional<ZLDocumentHistory> m_history;
+    /// Seconds of the clock; absent when the next change is worth a state however soon it comes.
+    std::optional<double> m_lastStateKept;
     QByteArray m_revertBytes;
     std::optional<double> m_firstUnsavedChange;
     quint64 m_revision = 0;

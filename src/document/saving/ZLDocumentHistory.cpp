@@ -1,0 +1,233 @@
+#include "document/saving/ZLDocumentHistory.h"
+
+#include "document/saving/ZLJournalRecord.h"
+#include "platform/ZLAtomicFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(historyLog, "zelta.document.history", QtInfoMsg)
+
+const QString historiesFolderName = QStringLiteral("states");
+/// Holds the path of the document, so that one that is no longer there can be told.
+const QString documentNoteName = QStringLiteral("document");
+const QString stateTimeFormat = QStringLiteral("yyyyMMdd-HHmmsszzz");
+constexpr qsizetype shortDigestLength = 16;
+/// Far above what a document of this program comes to.
+constexpr qint64 largestState = 256 * 1024 * 1024;
+
+QString shortDigest(QByteArrayView bytes)
+{
+    return QString::fromLatin1(ZLJournalRecords::digestOf(bytes).toHex().first(shortDigestLength));
+}
+
+/// Time, number of chapters and digest: a list of states needs nothing but names, and a torn one betrays itself.
+QString stateFileName(const QDateTime& time, qsizetype chapterCount, const QByteArray& bytes)
+{
+    return u"%1-%2-%3.%4"_s.arg(time.toUTC().toString(stateTimeFormat), QString::number(chapterCount),
+        shortDigest(bytes), ZLDocumentFile::Extension);
+}
+
+std::optional<ZLDocumentState> stateFromName(const QFileInfo& file)
+{
+    const QString name = file.completeBaseName();
+    const QString timeText = name.left(stateTimeFormat.size());
+    QDateTime time = QDateTime::fromString(timeText, stateTimeFormat);
+    time.setTimeSpec(Qt::UTC);
+    const QStringList parts = name.mid(timeText.size()).split(u'-');
+    bool isCount = false;
+    const int chapterCount = parts.value(1).toInt(&isCount);
+    if (!time.isValid() || parts.size() != 3 || !isCount || chapterCount < 0)
+        return std::nullopt;
+    return ZLDocumentState { .path = file.filePath(), .time = time, .chapterCount = chapterCount };
+}
+
+/// By their names alone, newest first.
+QList<ZLDocumentState> namedStates(const QString& folderPath)
+{
+    QList<ZLDocumentState> states;
+    const auto files =
+        QDir(folderPath).entryInfoList({ u"*."_s + ZLDocumentFile::Extension }, QDir::Files | QDir::NoSymLinks);
+    for (const QFileInfo& file : files) {
+        if (const auto state = stateFromName(file))
+            states.append(*state);
+    }
+    std::ranges::stable_sort(states, std::ranges::greater(), &ZLDocumentState::time);
+    return states;
+}
+
+bool isWholeState(const ZLDocumentState& state)
+{
+    if (QFileInfo(state.path).size() > largestState)
+        return false;
+    const auto bytes = ZLAtomicFile::read(state.path);
+    return bytes && QFileInfo(state.path).completeBaseName().endsWith(u'-' + shortDigest(bytes.value()));
+}
+
+/// Of states, newest first, the one whose loss is felt least: near to a moment they stand close, far from it wide
+/// apart. The newest stays, and the oldest too, unless it stems from a time long gone.
+qsizetype leastMissedState(const QList<ZLDocumentState>& states)
+{
+    const QDateTime newest = states.first().time;
+    const qsizetype last = states.size() - 1;
+    if (states.at(last).time.daysTo(newest) > ZLDocumentHistory::DaysKept)
+        return last;
+    const auto loss = [&](qsizetype index) {
+        const double gap = double(states.at(index + 1).time.msecsTo(states.at(index - 1).time));
+        const double age = double(states.at(index).time.msecsTo(newest));
+        return gap / (age + 1.0);
+    };
+    qsizetype found = 1;
+    for (qsizetype index = 2; index < last; ++index) {
+        if (loss(index) < loss(found))
+            found = index;
+    }
+    return found;
+}
+
+ZLStatus prepareFolder(const QString& path)
+{
+    const QByteArray nativePath = QFile::encodeName(path);
+    if (mkdir(nativePath.constData(), 0700) != 0 && errno != EEXIST)
+        return ZLError { u"%1: %2"_s.arg(path, qt_error_string(errno)) };
+    if (chmod(nativePath.constData(), 0700) != 0)
+        return ZLError { u"%1: %2"_s.arg(path, qt_error_string(errno)) };
+    return ZLDone {};
+}
+
+ZLStatus writeForOwner(const QString& path, const QByteArray& bytes)
+{
+    const ZLStatus written = ZLAtomicFile::write(path, bytes);
+    if (written)
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    return written;
+}
+
+}
+
+ZLDocumentHistory::ZLDocumentHistory(const ZLRecoveryFolder& folder, const QString& name, const QString& documentPath)
+    : m_recoveryPath(folder.path())
+    , m_folderPath(u"%1/%2/%3"_s.arg(folder.path(), historiesFolderName, name))
+    , m_documentPath(documentPath)
+{
+}
+
+ZLDocumentHistory ZLDocumentHistory::ofFile(const ZLRecoveryFolder& folder, const QString& path)
+{
+    const QString canonicalPath = QFileInfo(path).canonicalFilePath();
+    const QString documentPath = canonicalPath.isEmpty() ? path : canonicalPath;
+    return { folder, u"file-"_s + shortDigest(documentPath.toUtf8()), documentPath };
+}
+
+ZLDocumentHistory ZLDocumentHistory::ofRecoveryFile(const ZLRecoveryFolder& folder, const QString& path)
+{
+    return { folder, u"untitled-"_s + QFileInfo(path).completeBaseName(), path };
+}
+
+QList<ZLDocumentState> ZLDocumentHistory::states() const
+{
+    auto states = namedStates(m_folderPath);
+    states.removeIf([](const ZLDocumentState& state) { return !isWholeState(state); });
+    return states;
+}
+
+ZLResult<ZLDocumentContents> ZLDocumentHistory::contentsOf(const ZLDocumentState& state)
+{
+    const auto bytes = ZLAtomicFile::read(state.path);
+    if (!bytes)
+        return bytes.error();
+    auto contents = ZLDocumentFile::decode(bytes.value());
+    if (!contents)
+        return ZLError { u"%1: %2"_s.arg(state.path, contents.error().message) };
+    return contents;
+}
+
+ZLStateKeeping ZLDocumentHistory::keep(
+    const QByteArray& bytes, const QDateTime& time, const QByteArray& successor) const
+{
+    const auto contents = ZLDocumentFile::decode(bytes);
+    const auto next = ZLDocumentFile::decode(successor);
+    if (!contents || (contents.value().chapters.isEmpty() && contents.value().templates.isEmpty()))
+        return ZLStateKeeping::NothingNew;
+    if (next && next.value().chapters == contents.value().chapters
+        && next.value().templates == contents.value().templates)
+        return ZLStateKeeping::NothingNew;
+    const auto kept = namedStates(m_folderPath);
+    if (!kept.isEmpty() && QFileInfo(kept.first().path).completeBaseName().endsWith(shortDigest(bytes)))
+        return ZLStateKeeping::NothingNew;
+    ZLStatus written = prepare();
+    if (written)
+        written =
+            writeForOwner(m_folderPath + u'/' + stateFileName(time, contents.value().chapters.size(), bytes), bytes);
+    if (!written) {
+        qCWarning(historyLog) << "no former state kept:" << written.error().message;
+        return ZLStateKeeping::Failed;
+    }
+    dropSuperfluous();
+    return ZLStateKeeping::Kept;
+}
+
+ZLStatus ZLDocumentHistory::prepare() const
+{
+    if (const ZLStatus prepared = ZLRecoveryFolder(m_recoveryPath).prepare(); !prepared)
+        return prepared;
+    if (const ZLStatus prepared = prepareFolder(QFileInfo(m_folderPath).path()); !prepared)
+        return prepared;
+    if (const ZLStatus prepared = prepareFolder(m_folderPath); !prepared)
+        return prepared;
+    const QString notePath = m_folderPath + u'/' + documentNoteName;
+    return QFile::exists(notePath) ? ZLStatus(ZLDone {}) : writeForOwner(notePath, m_documentPath.toUtf8());
+}
+
+void ZLDocumentHistory::dropSuperfluous() const
+{
+    auto states = namedStates(m_folderPath);
+    while (states.size() > MostStates)
+        QFile::remove(states.takeAt(leastMissedState(states)).path);
+}
+
+void ZLDocumentHistory::shareWith(const ZLDocumentHistory& other) const
+{
+    const auto states = namedStates(m_folderPath);
+    if (*this == other || states.isEmpty() || !other.prepare())
+        return;
+    for (const ZLDocumentState& state : states) {
+        // A state is never changed, so that both may have one file.
+        const QString target = other.m_folderPath + u'/' + QFileInfo(state.path).fileName();
+        if (link(QFile::encodeName(state.path).constData(), QFile::encodeName(target).constData()) != 0)
+            qCDebug(historyLog) << target << qt_error_string(errno);
+    }
+    other.dropSuperfluous();
+}
+
+void ZLDocumentHistory::remove() const
+{
+    QDir(m_folderPath).removeRecursively();
+}
+
+void ZLDocumentHistory::removeForgotten(const ZLRecoveryFolder& folder, const QDateTime& now)
+{
+    const QDir histories(folder.path() + u'/' + historiesFolderName);
+    const auto entries = histories.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    for (const QFileInfo& entry : entries) {
+        const auto states = namedStates(entry.filePath());
+        const QDateTime newest = states.isEmpty() ? entry.lastModified() : states.first().time;
+        // The document is looked for last: it may lie where looking takes long.
+        if (newest.daysTo(now) <= DaysKept)
+            continue;
+        const auto documentPath = ZLAtomicFile::read(entry.filePath() + u'/' + documentNoteName);
+        if (!documentPath || !QFile::exists(QString::fromUtf8(documentPath.value())))
+            QDir(entry.filePath()).removeRecursively();
+    }
+}

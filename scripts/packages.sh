@@ -15,7 +15,7 @@ zelta_test_packages=(
   liblo-tools nodejs npm
   avahi-daemon iproute2
   pulseaudio pulseaudio-utils
-  xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick dbus
+  xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst
   python3-dbus python3-gi
   desktop-file-utils appstream lintian man-db groff
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0

@@ -33,34 +33,45 @@ ZLBusNotificationCenter::ZLBusNotificationCenter(const QDBusConnection& bus)
 
 void ZLBusNotificationCenter::deliverNotification(const ZLUserNotification& notification)
 {
+    deliver(notification, Attempt::First);
+}
+
+void ZLBusNotificationCenter::deliver(const ZLUserNotification& notification, Attempt attempt)
+{
     if (m_server.isKnown()) {
-        send(notification);
+        send(notification, attempt);
         return;
     }
     if (m_waiting.size() == maximumRemembered)
         return;
-    m_waiting.append(notification);
+    m_waiting.append({ notification, attempt });
     if (m_waiting.size() == 1)
         m_server.find();
 }
 
 void ZLBusNotificationCenter::deliverWaiting()
 {
-    const QList<ZLUserNotification> waiting = std::exchange(m_waiting, {});
-    for (const ZLUserNotification& notification : waiting)
-        send(notification);
+    const QList<Waiting> waiting = std::exchange(m_waiting, {});
+    for (const auto& [notification, attempt] : waiting)
+        send(notification, attempt);
 }
 
-void ZLBusNotificationCenter::send(const ZLUserNotification& notification)
+void ZLBusNotificationCenter::send(const ZLUserNotification& notification, Attempt attempt)
 {
     const QVariantList arguments = ZLNotificationMessage::arguments(notification, m_server.capabilities());
-    m_server.call(
-        u"Notify"_s, arguments, this, [this, notification, generation = m_generation](const QDBusMessage& answer) {
-            if (answer.type() != QDBusMessage::ReplyMessage)
-                qCInfo(notificationCenterLog) << "not shown:" << answer.errorMessage();
-            else if (generation == m_generation)
+    const auto receive = [this, notification, attempt, generation = m_generation](const QDBusMessage& answer) {
+        const bool isSameServer = generation == m_generation;
+        if (answer.type() == QDBusMessage::ReplyMessage) {
+            if (isSameServer)
                 remember({ answer.arguments().value(0).toUInt(), notification });
-        });
+        } else if (!isSameServer && attempt == Attempt::First) {
+            // It went to a server that was about to go. Once only, should it go because of the notification.
+            deliver(notification, Attempt::Second);
+        } else {
+            qCInfo(notificationCenterLog) << "not shown:" << answer.errorMessage();
+        }
+    };
+    m_server.call(u"Notify"_s, arguments, this, receive);
 }
 
 void ZLBusNotificationCenter::remember(const Delivered& delivered)

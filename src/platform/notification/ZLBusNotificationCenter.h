@@ -20,13 +20,19 @@ public:
     void deliverNotification(const ZLUserNotification& notification) override;
 
 private:
+    enum class Attempt { First, Second };
+    struct Waiting {
+        ZLUserNotification notification;
+        Attempt attempt;
+    };
     struct Delivered {
         uint id = 0;
         ZLUserNotification notification;
     };
 
     void deliverWaiting();
-    void send(const ZLUserNotification& notification);
+    void deliver(const ZLUserNotification& notification, Attempt attempt);
+    void send(const ZLUserNotification& notification, Attempt attempt);
     void remember(const Delivered& delivered);
     /// Null for a number that is not one of ours, or no longer.
     [[nodiscard]] const ZLUserNotification* notificationWithId(uint id) const;
@@ -38,8 +44,8 @@ private:
 
     ZLNotificationServer m_server;
     /// Until it is known what the server can do.
-    QList<ZLUserNotification> m_waiting;
+    QList<Waiting> m_waiting;
     QList<Delivered> m_delivered;
-    /// Counts the servers that were lost, so that a late answer of an earlier one is dropped.
+    /// Counts the servers that were lost, so that a late answer of an earlier one is known as such.
     quint64 m_generation = 0;
 };

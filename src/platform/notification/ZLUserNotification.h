@@ -6,14 +6,14 @@
 
 /// One message to the user outside the program's windows. All texts are plain.
 struct ZLUserNotification {
-    QString title;
-    QString subtitle;
-    QString informativeText;
+    QString title {};
+    QString subtitle {};
+    QString informativeText {};
     bool hasActionButton = false;
     bool hasReplyButton = false;
-    QString responsePlaceholder;
+    QString responsePlaceholder {};
     /// Given back unchanged with everything that the user does with the notification.
-    QVariantMap userInfo;
+    QVariantMap userInfo {};
 
     bool operator==(const ZLUserNotification&) const = default;
 };

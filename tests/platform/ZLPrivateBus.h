@@ -31,9 +31,6 @@ public:
     /// For programs that shall find this bus.
     [[nodiscard]] QString address() const { return m_address; }
 
-    /// For programs that shall find this bus.
-    [[nodiscard]] QString address() const { return m_address; }
-
     /// Calls a method and waits for the answer.
     QVariant call(const QString& service, const QString& path, const QString& interface, const QString& method,
         const QVariantList& arguments = {});

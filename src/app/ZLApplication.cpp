@@ -24,7 +24,8 @@ const QString commandSocketPeer = QStringLiteral("zelta send");
 }
 
 ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSize, ZLRemoteSetup remote)
-    : m_documentController(afterRegistering(std::move(setup), systemFontSize))
+    : m_notificationCenter(setup.environment.notificationCenter)
+    , m_documentController(afterRegistering(std::move(setup), systemFontSize))
     , m_hotKeyCenter(remote.hotKeyCenter)
 {
     if (m_hotKeyCenter && ZLSettingsManager::globalHotkeys())
@@ -42,6 +43,8 @@ ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSi
         [this](const ZLOSCMessage& message) { return m_oscController->performMessage(message, commandSocketPeer); });
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLGlobalHotkeysDidChange, this,
         &ZLApplication::globalHotkeysDidChange);
+    connect(m_notificationCenter.get(), &ZLUserNotificationCenter::didActivateNotification, this,
+        &ZLApplication::userNotificationCenterDidActivateNotification);
     followDocuments();
 }
 
@@ -70,6 +73,30 @@ void ZLApplication::remoteControllerReceivedAction(ZLRemoteController&, const QS
     const ZLActionRouting::Operation operation = ZLActionRouting::operationForAction(action);
     if (document && operation)
         (document->*operation)();
+}
+
+void ZLApplication::userNotificationCenterDidActivateNotification(
+    const ZLUserNotification& notification, const ZLUserNotificationActivation& activation)
+{
+    if (activation.type != ZLUserNotificationActivationType::Replied)
+        return;
+    const auto [document, chapter] = chapterOfNotification(notification);
+    if (document)
+        document->updateChapterToTitle(chapter, activation.response);
+}
+
+std::pair<ZLChapterDocument*, ZLChapterPointer> ZLApplication::chapterOfNotification(
+    const ZLUserNotification& notification) const
+{
+    const QString uuid = notification.userInfo.value(ZLUserInfoKey::ChapterUUID).toString();
+    if (uuid.isEmpty())
+        return {};
+    const auto documents = m_documentController.documents();
+    for (ZLChapterDocument* document : documents) {
+        if (ZLChapterPointer chapter = document->chapterManager().chapterWithUUID(uuid))
+            return { document, std::move(chapter) };
+    }
+    return {};
 }
 
 void ZLApplication::globalHotkeysDidChange()

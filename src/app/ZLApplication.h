@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 /// What the application object needs for being commanded from outside its windows.
 struct ZLRemoteSetup {
@@ -55,6 +56,15 @@ public:
     /// Lets the OSC controller send the new state.
     void informControllersOfDocumentChange() { m_oscController->sendUpdatesStatusInformation(); }
 
+    /// Where the documents' notifications go, and what the user does with them comes from.
+    [[nodiscard]] ZLUserNotificationCenter& userNotificationCenter() const { return *m_notificationCenter; }
+    /// Takes a reply that was typed into a notification as the title of its chapter.
+    void userNotificationCenterDidActivateNotification(
+        const ZLUserNotification& notification, const ZLUserNotificationActivation& activation);
+    /// The chapter that a notification is about, and the first open document that holds it; nulls when none does.
+    [[nodiscard]] std::pair<ZLChapterDocument*, ZLChapterPointer> chapterOfNotification(
+        const ZLUserNotification& notification) const;
+
     /// False while the clock of any document runs: the recording has to be stopped first.
     [[nodiscard]] bool applicationShouldTerminate() const { return m_documentController.canTerminate(); }
 
@@ -67,6 +77,7 @@ private:
     void globalHotkeysDidChange();
     void followDocuments();
 
+    std::shared_ptr<ZLUserNotificationCenter> m_notificationCenter;
     ZLDocumentController m_documentController;
     ZLHotKeyCenter* m_hotKeyCenter;
     std::unique_ptr<ZLHotkeyController> m_hotkeyController;

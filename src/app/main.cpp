@@ -39,6 +39,7 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
 {
     const QCoreApplication events(argc, argv);
     ZLApplicationSounds sounds;
+    // No notifications: whoever runs this reads and types at its streams, and an answer to a button needs a window.
     ZLApplication application({ .environment = { .soundNamed = sounds.soundNamed() } }, ZLApplication::StandardFontSize,
         { .oscPort = commandLine.oscPort,
             .oscOutputs = commandLine.oscOutputs,

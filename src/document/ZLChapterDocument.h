@@ -23,6 +23,11 @@ enum class ZLAddButtonFace {
     Next, ///< The next prepared title: image "NextChapter", label "Next".
 };
 
+/// Keys of what a document gives along with its notifications.
+namespace ZLUserInfoKey {
+inline const QString ChapterUUID = QStringLiteral("ChapterUUID");
+}
+
 /// Domain and code of an error that a file operation leaves behind.
 struct ZLFileOperationError {
     QString domain;

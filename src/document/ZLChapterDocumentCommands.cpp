@@ -243,7 +243,7 @@ void ZLChapterDocument::notifyOfNewChapter()
         .hasActionButton = true,
         .hasReplyButton = true,
         .responsePlaceholder = tr("Chapter title"),
-        .userInfo = { { u"ChapterUUID"_s, last->uuid() } },
+        .userInfo = { { ZLUserInfoKey::ChapterUUID, last->uuid() } },
     });
 }
 

@@ -17,6 +17,7 @@ ORDER = [
     "platform/hotkey",
     "platform/notification",
     "platform/sound",
+    "platform/window",
     "resources",
     "resources/sounds",
     "model",

@@ -3,6 +3,7 @@
 #include "app/ui/ZLDesktopApplication.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "platform/dnssd/ZLAvahiServicePublisher.h"
+#include "platform/notification/ZLBusNotificationCenter.h"
 
 #include <QFontInfo>
 
@@ -16,6 +17,7 @@ ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events, ZLApp
     setup.environment.isApplicationActive = [] { return QGuiApplication::applicationState() == Qt::ApplicationActive; };
     setup.environment.isOptionKeyHeld = [&events] { return events.isOptionKeyHeld(); };
     setup.environment.soundNamed = sounds.soundNamed();
+    setup.environment.notificationCenter = std::make_shared<ZLBusNotificationCenter>();
     return setup;
 }
 
@@ -28,8 +30,9 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
               std::make_unique<ZLAvahiServicePublisher>() })
     , m_windows(m_application.documentController())
     , m_remoteStatus(m_application)
-    , m_preferences(m_application, m_sounds.server())
     , m_oscConnections(m_application)
+    , m_preferences(m_application, m_sounds.server())
+    , m_quickEdits(m_application)
     , m_signals({ SIGINT, SIGTERM, SIGHUP })
 {
     m_sounds.prepareForRecording();

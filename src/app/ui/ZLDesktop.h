@@ -8,6 +8,7 @@
 #include "app/ui/ZLMenuShortcuts.h"
 #include "app/ui/ZLOSCConnections.h"
 #include "app/ui/ZLPreferences.h"
+#include "app/ui/ZLQuickEdits.h"
 #include "app/ui/ZLRemoteStatusDisplay.h"
 #include "platform/ZLSignalWatcher.h"
 
@@ -39,6 +40,7 @@ private:
     ZLRemoteStatusDisplay m_remoteStatus;
     ZLOSCConnections m_oscConnections;
     ZLPreferences m_preferences;
+    ZLQuickEdits m_quickEdits;
     ZLSignalWatcher m_signals;
     std::unique_ptr<ZLRunningInstance> m_runningInstance;
 };

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "model/ZLChapter.h"
+#include "platform/ZLOneShotTimer.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <chrono>
+#include <memory>
+
+class QPropertyAnimation;
+class QWidget;
+class ZLChapterDocument;
+
+namespace Ui {
+class ZLQuickEditWindowController;
+}
+
+/// A small panel that floats above the windows of other programs and takes a title for one chapter. It goes away by
+/// itself unless the user begins to work in it.
+///
+/// It appears without the keyboard, so whatever is being typed elsewhere goes on. It is an ordinary window all the
+/// same, not one that refuses the keyboard: a click into it makes the window manager hand the keyboard over, and from
+/// then on it stays until the user is done.
+class ZLQuickEditWindowController : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(double opacity READ opacity WRITE setOpacity)
+
+public:
+    /// How long the panel stays when nobody works in it.
+    static constexpr std::chrono::milliseconds hideDelay { 5000 };
+    static constexpr std::chrono::milliseconds fadeDuration { 100 };
+
+    explicit ZLQuickEditWindowController(
+        ZLOneShotTimerStarter startTimer = ZLStartSystemTimer, QObject* parent = nullptr);
+    ~ZLQuickEditWindowController() override;
+
+    /// To be set before show().
+    void setChapter(const ZLChapterPointer& chapter) { m_chapter = chapter; }
+    [[nodiscard]] const ZLChapterPointer& chapter() const { return m_chapter; }
+    /// The document that holds the chapter; it may go while the panel is open.
+    void setChapDoc(ZLChapterDocument* document);
+    [[nodiscard]] ZLChapterDocument* chapDoc() const;
+
+    void show();
+    /// Fades the panel out and closes it then. A panel that is closed stays so.
+    void close();
+    void fadeIn();
+    void fadeOut();
+    void saveButtonPressed();
+    void closeButtonPressed();
+
+    [[nodiscard]] QWidget& window() { return *m_window; }
+    /// Whether the panel will go away by itself.
+    [[nodiscard]] bool hasHideTimer() const { return m_hideTimer != nullptr; }
+    [[nodiscard]] double opacity() const { return m_opacity; }
+    void setOpacity(double opacity);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    /// The panel is gone, by itself or by the user.
+    void didClose();
+
+private:
+    void connectParts();
+    void windowDidLoad();
+    void placeWindow();
+    void controlTextDidChange(const QString& text);
+    void windowDidBecomeKey();
+    void fadeTo(double opacity);
+    void fadeDidFinish();
+
+    ZLOneShotTimerStarter m_startTimer;
+    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<Ui::ZLQuickEditWindowController> m_ui;
+    QPropertyAnimation* m_fade;
+    ZLChapterPointer m_chapter;
+    QPointer<ZLChapterDocument> m_chapDoc;
+    std::unique_ptr<ZLOneShotTimer> m_hideTimer;
+    double m_opacity = 0.0;
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+class QRect;
+class QPoint;
+class QSize;
+class QWindow;
+
+/// What a small window needs that floats above the windows of other programs.
+namespace ZLFloatingWindow {
+
+/// Lets the window show on whichever desktop is the current one. To be called before it is shown. Only X11 has a word
+/// for it; a Wayland compositor decides by itself.
+void joinAllDesktops(QWindow& window);
+
+/// Where the window goes: beside the pointer, so that the way to it is short, and never under it, so that a keyboard
+/// that follows the pointer stays where it is. All in the coordinates of one screen, whose free area is `available`.
+[[nodiscard]] QRect geometryBeside(const QPoint& pointer, const QSize& size, const QRect& available);
+
+}

@@ -13,10 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString listingText(const char* text)
-{
-    return QCoreApplication::translate("ZLChapterListing", text);
-}
+struct ListingTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLChapterListing)
+};
 
 struct CodePointRange {
     char32_t first;
@@ -90,14 +89,15 @@ void alignColumn(std::span<QStringList> rows, int column, Alignment alignment)
 
 QList<QStringList> listingRows(const ZLChapterSequence& chapters)
 {
-    QList<QStringList> rows { { u"#"_s, listingText("Enabled"), listingText("Time"), listingText("Duration"),
-        listingText("Title"), listingText("Link") } };
+    QList<QStringList> rows { { u"#"_s, ListingTexts::tr("Enabled"), ListingTexts::tr("Time"),
+        ListingTexts::tr("Duration"), ListingTexts::tr("Title"), ListingTexts::tr("Link") } };
     for (qsizetype index = 0; index < chapters.size(); ++index) {
         const ZLChapter& chapter = *chapters.at(index);
         const bool isLast = index + 1 == chapters.size();
-        rows.append({ QString::number(index + 1), chapter.isEnabled() ? listingText("yes") : listingText("no"),
-            chapter.timeString(), isLast ? QString() : chapter.durationToNextChapter(*chapters.at(index + 1)),
-            onOneLine(chapter.title()), onOneLine(chapter.link()) });
+        rows.append(
+            { QString::number(index + 1), chapter.isEnabled() ? ListingTexts::tr("yes") : ListingTexts::tr("no"),
+                chapter.timeString(), isLast ? QString() : chapter.durationToNextChapter(*chapters.at(index + 1)),
+                onOneLine(chapter.title()), onOneLine(chapter.link()) });
     }
     return rows;
 }
@@ -113,7 +113,7 @@ QString recordedLine(double duration)
 {
     ZLChapter end;
     end.setTimeStamp(duration);
-    return listingText("Recorded: %1\n").arg(end.timeString());
+    return ListingTexts::tr("Recorded: %1\n").arg(end.timeString());
 }
 
 QJsonValue textOrNull(const QString& text)
@@ -151,7 +151,7 @@ QJsonArray chaptersAsJson(const ZLChapterSequence& chapters)
 QString ZLChapterListing::table(const ZLChapterSequence& chapters, double duration)
 {
     if (chapters.isEmpty())
-        return listingText("No chapters.\n") + recordedLine(duration);
+        return ListingTexts::tr("No chapters.\n") + recordedLine(duration);
     QList<QStringList> rows = listingRows(chapters);
     const qsizetype lastColumn = rows.constFirst().size() - 1;
     for (int column = 0; column < lastColumn; ++column)

@@ -11,10 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString commandLineText(const char* text)
-{
-    return QCoreApplication::translate("ZLCommandLine", text);
-}
+struct CommandLineTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLCommandLine)
+};
 
 /// The options of one command and how they are filled in.
 class CommandReader {
@@ -36,7 +35,7 @@ public:
             return ZLCommandLine { .command = ZLCommand::PrintVersion };
         m_result.files = m_parser.positionalArguments();
         if (m_result.files.contains(QString()))
-            return ZLError { commandLineText("The name of a file is empty.") };
+            return ZLError { CommandLineTexts::tr("The name of a file is empty.") };
         if (const QString problem = fillIn(); !problem.isEmpty())
             return ZLError { problem };
         return m_result;
@@ -56,7 +55,7 @@ protected:
         bool isNumber = false;
         const quint16 port = m_parser.value(u"osc-port"_s).toUShort(&isNumber);
         if (!isNumber || port < lowest)
-            return commandLineText("--osc-port needs a number from %1 to 65535.").arg(lowest);
+            return CommandLineTexts::tr("--osc-port needs a number from %1 to 65535.").arg(lowest);
         m_result.oscPort = port;
         return {};
     }
@@ -75,7 +74,7 @@ public:
 private:
     QString fillIn() override
     {
-        return m_result.files.isEmpty() ? QString() : commandLineText("\"formats\" takes no file.");
+        return m_result.files.isEmpty() ? QString() : CommandLineTexts::tr("\"formats\" takes no file.");
     }
 };
 
@@ -95,11 +94,11 @@ private:
         if (m_parser.isSet(u"option"_s))
             m_result.exportOption = ZLExportOption::On;
         if (m_result.formatName.isEmpty())
-            return commandLineText("\"export\" needs --format with the name of a format, see \"zelta formats\".");
+            return CommandLineTexts::tr("\"export\" needs --format with the name of a format, see \"zelta formats\".");
         if (m_result.outputPath.isEmpty())
-            return commandLineText("\"export\" needs --output with the file to write.");
+            return CommandLineTexts::tr("\"export\" needs --output with the file to write.");
         if (m_result.files.size() != 1)
-            return commandLineText("\"export\" needs exactly one file to read.");
+            return CommandLineTexts::tr("\"export\" needs exactly one file to read.");
         return {};
     }
 };
@@ -117,7 +116,7 @@ private:
     {
         if (m_parser.isSet(u"json"_s))
             m_result.showForm = ZLShowForm::Json;
-        return m_result.files.size() == 1 ? QString() : commandLineText("\"show\" needs exactly one file.");
+        return m_result.files.size() == 1 ? QString() : CommandLineTexts::tr("\"show\" needs exactly one file.");
     }
 };
 
@@ -134,10 +133,10 @@ private:
     {
         const QStringList words = std::exchange(m_result.files, {});
         if (words.size() != 1)
-            return commandLineText("\"send\" needs exactly one action: %1.").arg(knownActions());
+            return CommandLineTexts::tr("\"send\" needs exactly one action: %1.").arg(knownActions());
         m_result.action = words.first();
         if (!ZLRemoteActions::withCommandWord(m_result.action))
-            return commandLineText("There is no action \"%1\". The actions are %2.")
+            return CommandLineTexts::tr("There is no action \"%1\". The actions are %2.")
                 .arg(m_result.action.simplified(), knownActions());
         return fillInPort(1);
     }
@@ -156,8 +155,8 @@ public:
     StartReader()
         : CommandReader(ZLCommand::OpenWindows)
     {
-        m_parser.addOptions({ { u"headless"_s, {} }, { u"record"_s, {} }, { u"new"_s, {} },
-            { u"osc-send"_s, {}, u"host:port"_s } });
+        m_parser.addOptions(
+            { { u"headless"_s, {} }, { u"record"_s, {} }, { u"new"_s, {} }, { u"osc-send"_s, {}, u"host:port"_s } });
         addPortOption();
         letToolkitOptionsPass();
     }
@@ -185,7 +184,7 @@ private:
         for (const QString& text : texts) {
             const auto output = ZLOSCDestination::fromText(text);
             if (!output)
-                return commandLineText("--osc-send needs HOST:PORT, not \"%1\".").arg(text.simplified());
+                return CommandLineTexts::tr("--osc-send needs HOST:PORT, not \"%1\".").arg(text.simplified());
             m_result.oscOutputs->append(*output);
         }
         return {};
@@ -198,13 +197,13 @@ private:
         const bool records = m_parser.isSet(u"record"_s);
         m_result.wantsNewDocument = m_parser.isSet(u"new"_s);
         if (m_result.wantsNewDocument && m_parser.isSet(u"headless"_s))
-            return commandLineText("--new and --headless exclude each other.");
+            return CommandLineTexts::tr("--new and --headless exclude each other.");
         if (!m_parser.isSet(u"headless"_s))
-            return records ? commandLineText("--record needs --headless.") : QString();
+            return records ? CommandLineTexts::tr("--record needs --headless.") : QString();
         m_result.command = ZLCommand::RecordHeadless;
         if (records)
             m_result.headlessStart = ZLHeadlessStart::Recording;
-        return m_result.files.size() > 1 ? commandLineText("--headless records one file at most.") : QString();
+        return m_result.files.size() > 1 ? CommandLineTexts::tr("--headless records one file at most.") : QString();
     }
 };
 
@@ -244,28 +243,29 @@ ZLResult<ZLCommandLine> ZLCommandLine::parse(const QStringList& arguments)
 
 QString ZLCommandLine::helpText()
 {
-    return commandLineText("Usage:\n"
-                           "  zelta [--new] [FILE…]                open documents in windows, with --new a new one too\n"
-                           "  zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record "
-                           "starts the clock at once\n"
-                           "        --osc-port N                   listen on this UDP port in this run; 0 for any that "
-                           "is free\n"
-                           "        --osc-send HOST:PORT           send the recorder's state there in this run; may be "
-                           "given several times\n"
-                           "  zelta send ACTION [--osc-port N]     give the running recorder a command, by default the "
-                           "one of this user;\n"
-                           "                                       with --osc-port the one on that port of this "
-                           "computer\n"
-                           "%1"
-                           "  zelta formats                        list the export formats: name, tab, file type\n"
-                           "  zelta export --format NAME [--option] --output OUT FILE\n"
-                           "                                       write the chapters of FILE to OUT; --option ticks "
-                           "the format's checkbox\n"
-                           "  zelta show [--json] FILE             print the chapters of FILE\n"
-                           "  zelta --help | --version\n"
-                           "\n"
-                           "Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as "
-                           "./NAME.\n")
+    return CommandLineTexts::tr(
+        "Usage:\n"
+        "  zelta [--new] [FILE…]                open documents in windows, with --new a new one too\n"
+        "  zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record "
+        "starts the clock at once\n"
+        "        --osc-port N                   listen on this UDP port in this run; 0 for any that "
+        "is free\n"
+        "        --osc-send HOST:PORT           send the recorder's state there in this run; may be "
+        "given several times\n"
+        "  zelta send ACTION [--osc-port N]     give the running recorder a command, by default the "
+        "one of this user;\n"
+        "                                       with --osc-port the one on that port of this "
+        "computer\n"
+        "%1"
+        "  zelta formats                        list the export formats: name, tab, file type\n"
+        "  zelta export --format NAME [--option] --output OUT FILE\n"
+        "                                       write the chapters of FILE to OUT; --option ticks "
+        "the format's checkbox\n"
+        "  zelta show [--json] FILE             print the chapters of FILE\n"
+        "  zelta --help | --version\n"
+        "\n"
+        "Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as "
+        "./NAME.\n")
         .arg(actionsAsHelp());
 }
 

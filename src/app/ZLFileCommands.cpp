@@ -12,10 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString fileCommandText(const char* text)
-{
-    return QCoreApplication::translate("ZLFileCommands", text);
-}
+struct FileCommandTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLFileCommands)
+};
 
 ZLResult<ZLDocumentContents> readDocument(const QString& path)
 {
@@ -108,10 +107,10 @@ ZLResult<ZLExporterClass> ZLFileCommands::exporterClassFor(const ZLCommandLine& 
         if (format.name.compare(commandLine.formatName, Qt::CaseInsensitive) != 0)
             continue;
         if (commandLine.exportOption == ZLExportOption::On && !format.hasOption())
-            return ZLError { fileCommandText("The format \"%1\" has no option.").arg(format.name) };
+            return ZLError { FileCommandTexts::tr("The format \"%1\" has no option.").arg(format.name) };
         return exporterClass;
     }
-    return ZLError { fileCommandText("There is no format \"%1\"; the formats are: %2.")
+    return ZLError { FileCommandTexts::tr("There is no format \"%1\"; the formats are: %2.")
                          .arg(commandLine.formatName, names.join(", "_L1)) };
 }
 
@@ -124,7 +123,7 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
         return contents.error();
     // The chapters cannot be read back from an export, so it must not take the document's place.
     if (isSameFile(source, target))
-        return ZLError { fileCommandText("%1: the export would replace the document itself.").arg(target) };
+        return ZLError { FileCommandTexts::tr("%1: the export would replace the document itself.").arg(target) };
     ZLExportInput input { .chapters = sortedChapters(contents.value().chapters),
         .duration = contents.value().duration,
         .option = commandLine.exportOption,
@@ -132,7 +131,7 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
     if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
         // A pipe would keep the reading waiting.
         if (const QFileInfo file(target); file.exists() && !file.isFile())
-            return ZLError { fileCommandText("%1: this is no ordinary file.").arg(target) };
+            return ZLError { FileCommandTexts::tr("%1: this is no ordinary file.").arg(target) };
         auto existing = ZLAtomicFile::read(target);
         if (!existing)
             return existing.error();
@@ -165,7 +164,7 @@ int ZLFileCommands::print(const QString& text)
     m_out << text;
     m_out.flush();
     if (m_out.status() != QTextStream::Ok)
-        return fail(ZLExitStatus::Failed, fileCommandText("The standard output could not be written."));
+        return fail(ZLExitStatus::Failed, FileCommandTexts::tr("The standard output could not be written."));
     return ZLExitStatus::Done;
 }
 

@@ -35,23 +35,23 @@ QString titleForLine(QString title)
 /// `chapter 3 at 00:01:05.300 "News"`
 QString describeChapter(qsizetype index, const ZLChapter& chapter)
 {
-    return u"chapter %1 at %2 \"%3\""_s.arg(
-        QString::number(index + 1), chapter.timeString(), titleForLine(chapter.title()));
+    return ZLHeadlessRecorder::tr("chapter %1 at %2 \"%3\"")
+        .arg(QString::number(index + 1), chapter.timeString(), titleForLine(chapter.title()));
 }
 
 QString describeSaving(const ZLDocumentSaver& saver)
 {
     switch (saver.state()) {
     case ZLSavingState::Saved:
-        return u"saved"_s;
+        return ZLHeadlessRecorder::tr("saved");
     case ZLSavingState::Waiting:
     case ZLSavingState::Saving:
-        return u"being saved"_s;
+        return ZLHeadlessRecorder::tr("being saved");
     case ZLSavingState::Failed:
     case ZLSavingState::Conflict:
         break;
     }
-    return u"not saved: "_s + saver.failureText();
+    return ZLHeadlessRecorder::tr("not saved: %1").arg(saver.failureText());
 }
 
 }
@@ -98,10 +98,10 @@ ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadles
     m_reported = takeSnapshot();
     watchDocuments();
     printStatus({});
-    print(u"Commands come from standard input, one a line; \"help\" lists them."_s);
+    print(tr("Commands come from standard input, one a line; \"help\" lists them."));
     const QString otherHolder = m_controller.saverOf(m_document)->otherHolder();
     if (!otherHolder.isEmpty())
-        m_streams.complain(u"The file is also open elsewhere (%1)."_s.arg(otherHolder));
+        m_streams.complain(tr("The file is also open elsewhere (%1).").arg(otherHolder));
     reportInterruption();
     // Who told it to record means the show that goes on meanwhile, also after a crash.
     if (headlessStart == ZLHeadlessStart::Recording && m_document->interruptedRecording())
@@ -125,21 +125,21 @@ void ZLHeadlessRecorder::handleLine(const QString& line)
     const auto& table = commands();
     const auto found = std::ranges::find(table, name, &Command::name);
     if (found == table.end()) {
-        m_streams.complain(u"Unknown command \"%1\"; \"help\" lists the commands."_s.arg(titleForLine(name)));
+        m_streams.complain(tr("Unknown command \"%1\"; \"help\" lists the commands.").arg(titleForLine(name)));
         return;
     }
     m_hasPrinted = false;
     (this->*found->perform)(text.sliced(name.size()).trimmed());
     report();
-    if (!m_hasPrinted && !found->withoutEffect.isEmpty())
-        print(found->withoutEffect);
+    if (!m_hasPrinted && found->withoutEffect)
+        print(tr(found->withoutEffect));
 }
 
 void ZLHeadlessRecorder::terminate()
 {
     const QStringList failures = m_controller.saveAllNow();
     for (const QString& failure : failures)
-        m_streams.complain(u"Cannot save: "_s + failure);
+        m_streams.complain(tr("Cannot save: %1").arg(failure));
     Q_EMIT didFinish(failures.isEmpty() ? ZLExitStatus::Done : ZLExitStatus::Failed);
 }
 
@@ -175,11 +175,11 @@ void ZLHeadlessRecorder::report()
     m_isReportDue = false;
     const Snapshot now = takeSnapshot();
     if (now.isRecording != m_reported.isRecording)
-        print((now.isRecording ? u"recording from %1"_s : u"paused at %1"_s).arg(m_document->clockText()));
+        print((now.isRecording ? tr("recording from %1") : tr("paused at %1")).arg(m_document->clockText()));
     if (now.chapters != m_reported.chapters)
         reportChapters(now);
     else if (now.selectedChapter && now.selectedChapter != m_reported.selectedChapter)
-        print(u"selected "_s + describeChapter(now.chapters.indexOf(now.selectedChapter), *now.selectedChapter));
+        print(tr("selected %1").arg(describeChapter(now.chapters.indexOf(now.selectedChapter), *now.selectedChapter)));
     m_reported = now;
 }
 
@@ -194,7 +194,7 @@ void ZLHeadlessRecorder::reportChapters(const Snapshot& now)
     const QSet<ZLChapterPointer> after(newBegin, newEnd.base());
     for (auto chapter = oldBegin; chapter != oldEnd.base(); ++chapter) {
         if (!after.contains(*chapter))
-            print(u"removed "_s + describeChapter(chapter - old.begin(), **chapter));
+            print(tr("removed %1").arg(describeChapter(chapter - old.begin(), **chapter)));
     }
     for (auto chapter = newBegin; chapter != newEnd.base(); ++chapter) {
         if (!before.contains(*chapter))
@@ -208,21 +208,23 @@ void ZLHeadlessRecorder::reportSaving(const ZLDocumentSaver& saver)
     if (std::exchange(m_reportedFailure, failure) == failure)
         return;
     if (failure.isEmpty())
-        m_streams.complain(u"Saved again."_s);
+        m_streams.complain(tr("Saved again."));
     else if (saver.state() == ZLSavingState::Conflict)
-        m_streams.complain(u"Cannot save: %1 \"mine\" writes over it, \"theirs\" takes it over, \"both\" goes on in a "
-                           "new file."_s.arg(failure));
+        m_streams.complain(
+            tr("Cannot save: %1 \"mine\" writes over it, \"theirs\" takes it over, \"both\" goes on in a "
+               "new file.")
+                .arg(failure));
     else
-        m_streams.complain(u"Cannot save: %1. Trying again until it works."_s.arg(failure));
+        m_streams.complain(tr("Cannot save: %1. Trying again until it works.").arg(failure));
 }
 
 void ZLHeadlessRecorder::reportInterruption()
 {
     if (const auto& interruption = m_document->interruptedRecording())
         m_streams.complain(
-            u"The recording was interrupted on %1 at %2. The clock stands: \"continue\" lets it run as if "
-            "it had never stopped, \"keep\" keeps it paused."_s.arg(
-                interruption->lastSeen.toLocalTime().toString(Qt::ISODate), m_document->clockText()));
+            tr("The recording was interrupted on %1 at %2. The clock stands: \"continue\" lets it run as if "
+               "it had never stopped, \"keep\" keeps it paused.")
+                .arg(interruption->lastSeen.toLocalTime().toString(Qt::ISODate), m_document->clockText()));
 }
 
 void ZLHeadlessRecorder::print(const QString& line)
@@ -245,21 +247,22 @@ const std::vector<ZLHeadlessRecorder::Command>& ZLHeadlessRecorder::commands()
 {
     using Self = ZLHeadlessRecorder;
     static const std::vector<Command> table {
-        { u"title"_s, u"give the selected chapter the title that follows"_s, u"no chapter is selected"_s,
-            &Self::setTitle },
-        { u"continue"_s, u"let the clock of an interrupted recording run as if it had never stopped"_s,
-            u"no recording was interrupted"_s, &Self::continueRecording },
-        { u"keep"_s, u"keep the clock of an interrupted recording paused at its last reading"_s,
-            u"no recording was interrupted"_s, &Self::keepPaused },
-        { u"mine"_s, u"write over what another program made of the file"_s, u"no other program changed the file"_s,
-            &Self::keepMine },
-        { u"theirs"_s, u"take over what another program made of the file"_s, u"no other program changed the file"_s,
-            &Self::takeTheirs },
-        { u"both"_s, u"leave the file to the other program and go on in a new one"_s,
-            u"no other program changed the file"_s, &Self::keepBoth },
-        { u"status"_s, u"tell the document, the clock and whether everything is saved"_s, {}, &Self::printStatus },
-        { u"help"_s, u"list the commands"_s, {}, &Self::printHelp },
-        { u"quit"_s, u"save and end; refused while the clock runs"_s, {}, &Self::quit },
+        { u"title"_s, QT_TR_NOOP("give the selected chapter the title that follows"),
+            QT_TR_NOOP("no chapter is selected"), &Self::setTitle },
+        { u"continue"_s, QT_TR_NOOP("let the clock of an interrupted recording run as if it had never stopped"),
+            QT_TR_NOOP("no recording was interrupted"), &Self::continueRecording },
+        { u"keep"_s, QT_TR_NOOP("keep the clock of an interrupted recording paused at its last reading"),
+            QT_TR_NOOP("no recording was interrupted"), &Self::keepPaused },
+        { u"mine"_s, QT_TR_NOOP("write over what another program made of the file"),
+            QT_TR_NOOP("no other program changed the file"), &Self::keepMine },
+        { u"theirs"_s, QT_TR_NOOP("take over what another program made of the file"),
+            QT_TR_NOOP("no other program changed the file"), &Self::takeTheirs },
+        { u"both"_s, QT_TR_NOOP("leave the file to the other program and go on in a new one"),
+            QT_TR_NOOP("no other program changed the file"), &Self::keepBoth },
+        { u"status"_s, QT_TR_NOOP("tell the document, the clock and whether everything is saved"), nullptr,
+            &Self::printStatus },
+        { u"help"_s, QT_TR_NOOP("list the commands"), nullptr, &Self::printHelp },
+        { u"quit"_s, QT_TR_NOOP("save and end; refused while the clock runs"), nullptr, &Self::quit },
     };
     return table;
 }
@@ -270,7 +273,7 @@ void ZLHeadlessRecorder::performAction(const ZLRemoteAction& action)
     (m_document->*ZLActionRouting::operationForAction(action.identifier))();
     report();
     if (!m_hasPrinted)
-        print(u"did nothing: "_s + action.obstacle());
+        print(tr("did nothing: %1").arg(action.obstacle()));
 }
 
 void ZLHeadlessRecorder::setTitle(const QString& title)
@@ -295,7 +298,7 @@ void ZLHeadlessRecorder::keepPaused(const QString&)
     if (!m_document->interruptedRecording())
         return;
     m_document->keepInterruptedRecordingPaused();
-    print(u"paused at %1"_s.arg(m_document->clockText()));
+    print(tr("paused at %1").arg(m_document->clockText()));
 }
 
 void ZLHeadlessRecorder::keepMine(const QString&)
@@ -323,21 +326,21 @@ void ZLHeadlessRecorder::settleConflict(const std::function<ZLStatus(ZLDocumentS
         return;
     if (const ZLStatus settled = decision(*saver); !settled)
         m_streams.complain(settled.error().message);
-    print(u"file: %1, %2"_s.arg(saver->path(), describeSaving(*saver)));
+    print(tr("file: %1, %2").arg(saver->path(), describeSaving(*saver)));
 }
 
 void ZLHeadlessRecorder::printStatus(const QString&)
 {
     const ZLDocumentSaver* saver = m_controller.saverOf(m_document);
     const Snapshot now = takeSnapshot();
-    print(u"document: "_s
-        + (saver->isUntitled() ? m_document->displayName() + u" (has no file yet, back at the next start)"_s
-                               : saver->path()));
-    print((now.isRecording ? u"clock: recording, %1"_s : u"clock: paused, %1"_s).arg(m_document->clockText()));
-    print(u"chapters: %1"_s.arg(now.chapters.size()));
+    print(saver->isUntitled()
+            ? tr("document: %1 (has no file yet, back at the next start)").arg(m_document->displayName())
+            : tr("document: %1").arg(saver->path()));
+    print((now.isRecording ? tr("clock: recording, %1") : tr("clock: paused, %1")).arg(m_document->clockText()));
+    print(tr("chapters: %1").arg(now.chapters.size()));
     if (now.selectedChapter)
-        print(u"selected: "_s + describeChapter(m_document->selectedRow(), *now.selectedChapter));
-    print(u"file: "_s + describeSaving(*saver));
+        print(tr("selected: %1").arg(describeChapter(m_document->selectedRow(), *now.selectedChapter)));
+    print(tr("file: %1").arg(describeSaving(*saver)));
     printPort();
 }
 
@@ -347,9 +350,9 @@ void ZLHeadlessRecorder::printPort()
         return;
     const ZLOSCInPort& port = m_oscController->inPort();
     if (port.port() != 0)
-        print(u"OSC: UDP port %1"_s.arg(port.port()));
+        print(tr("OSC: UDP port %1").arg(port.port()));
     else
-        m_streams.complain(u"OSC: "_s + port.failure());
+        m_streams.complain(tr("OSC: %1").arg(port.failure()));
 }
 
 void ZLHeadlessRecorder::printHelp(const QString&)
@@ -360,7 +363,7 @@ void ZLHeadlessRecorder::printHelp(const QString&)
     for (const ZLRemoteAction& action : ZLRemoteActions::all())
         printCommand(action.commandWord(), action.summary());
     for (const Command& command : commands())
-        printCommand(command.name, command.description);
+        printCommand(command.name, tr(command.description));
 }
 
 void ZLHeadlessRecorder::quit(const QString&)
@@ -368,5 +371,5 @@ void ZLHeadlessRecorder::quit(const QString&)
     if (m_controller.canTerminate())
         terminate();
     else
-        m_streams.complain(u"The clock is running: toggleRecording first, then quit."_s);
+        m_streams.complain(tr("The clock is running: toggleRecording first, then quit."));
 }

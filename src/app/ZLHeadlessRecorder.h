@@ -56,9 +56,10 @@ private:
     /// A command of the recorder's own, beside the actions of a remote control.
     struct Command {
         QString name;
-        QString description;
-        /// Said when the command left everything as it was.
-        QString withoutEffect;
+        /// Untranslated, as the next.
+        const char* description;
+        /// Said when the command left everything as it was; null when it always says something.
+        const char* withoutEffect;
         void (ZLHeadlessRecorder::*perform)(const QString& argument);
     };
     /// What was told last, to see what has changed since.

@@ -11,10 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString sendCommandText(const char* text)
-{
-    return QCoreApplication::translate("ZLSendCommand", text);
-}
+struct SendCommandTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLSendCommand)
+};
 
 /// What a control surface sends when its button is pressed.
 ZLResult<QString> sendToPort(const ZLOSCMessage& message, quint16 port)
@@ -25,7 +24,7 @@ ZLResult<QString> sendToPort(const ZLOSCMessage& message, quint16 port)
     QUdpSocket socket;
     if (socket.writeDatagram(datagram.value(), QHostAddress::LocalHost, port) < 0)
         return ZLError { socket.errorString() };
-    return sendCommandText("sent to port %1 of this computer").arg(port);
+    return SendCommandTexts::tr("sent to port %1 of this computer").arg(port);
 }
 
 }

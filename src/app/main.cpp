@@ -8,6 +8,7 @@
 #include "app/ui/ZLDesktopApplication.h"
 #include "export/formats/ZLRegisterExporters.h"
 #include "platform/dnssd/ZLAvahiServicePublisher.h"
+#include "resources/translations/ZLTranslation.h"
 
 #include <QFileInfo>
 
@@ -17,19 +18,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int runFileCommand(int& argc, char** argv, const ZLResult<ZLCommandLine>& commandLine)
+int runFileCommand(int& argc, char** argv, const QStringList& arguments)
 {
     const QCoreApplication events(argc, argv);
+    const ZLTranslation translation;
     ZLRegisterExporters();
     QTextStream out(stdout);
     QTextStream err(stderr);
     ZLFileCommands commands(ZLExporter::allExporters(), out, err);
+    // Read once more: what is wrong with it is told in the user's language.
+    const ZLResult<ZLCommandLine> commandLine = ZLCommandLine::parse(arguments);
     return commandLine ? commands.run(commandLine.value()) : commands.refuseUsage(commandLine.error());
 }
 
 int runSendCommand(int& argc, char** argv, const ZLCommandLine& commandLine)
 {
     const QCoreApplication events(argc, argv);
+    const ZLTranslation translation;
     QTextStream out(stdout);
     QTextStream err(stderr);
     return ZLSendCommand(out, err).run(commandLine);
@@ -38,6 +43,10 @@ int runSendCommand(int& argc, char** argv, const ZLCommandLine& commandLine)
 int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
 {
     const QCoreApplication events(argc, argv);
+    const ZLTranslation translation;
+    if (commandLine.command != ZLCommand::RecordHeadless)
+        QTextStream(stderr) << QCoreApplication::translate(
+            "main", "zelta: there is neither an X nor a Wayland display, so the recorder runs without a window.\n");
     ZLApplicationSounds sounds;
     // No notifications: whoever runs this reads and types at its streams, and an answer to a button needs a window.
     ZLApplication application({ .environment = { .soundNamed = sounds.soundNamed() } }, ZLApplication::StandardFontSize,
@@ -68,6 +77,7 @@ ZLLaunchRequest launchRequest(const ZLCommandLine& commandLine)
 ZLResult<bool> handOverToRunningInstance(int& argc, char** argv, const ZLLaunchRequest& request)
 {
     const QCoreApplication events(argc, argv);
+    const ZLTranslation translation;
     return ZLRunningInstance::handOver(request);
 }
 
@@ -82,6 +92,7 @@ int runWithWindows(int& argc, char** argv, const ZLCommandLine& commandLine)
     if (handedOver.value())
         return ZLExitStatus::Done;
     ZLDesktopApplication events(argc, argv);
+    const ZLTranslation translation;
     ZLDesktop desktop(events, commandLine);
     return desktop.run(request);
 }
@@ -104,14 +115,11 @@ int main(int argc, char** argv)
         arguments += QString::fromLocal8Bit(argv[i]);
     const ZLResult<ZLCommandLine> commandLine = ZLCommandLine::parse(arguments);
     if (!commandLine || commandLine.value().isFileCommand())
-        return runFileCommand(argc, argv, commandLine);
+        return runFileCommand(argc, argv, arguments);
     if (commandLine.value().command == ZLCommand::SendAction)
         return runSendCommand(argc, argv, commandLine.value());
     if (commandLine.value().command == ZLCommand::RecordHeadless)
         return runHeadless(argc, argv, commandLine.value());
-    if (hasDisplay())
-        return runWithWindows(argc, argv, commandLine.value());
-    QTextStream(stderr)
-        << u"zelta: there is neither an X nor a Wayland display, so the recorder runs without a window.\n"_s;
-    return runHeadless(argc, argv, commandLine.value());
+    return hasDisplay() ? runWithWindows(argc, argv, commandLine.value())
+                        : runHeadless(argc, argv, commandLine.value());
 }

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString revertActionName = QStringLiteral("Revert");
+const QString revertActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Revert"));
 
 /// What a successful read leaves in the caller's error.
 ZLFileOperationError leftoverOfSuccessfulRead()

@@ -11,14 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString createChapterActionName = QStringLiteral("Create Chapter");
-const QString deleteChapterActionName = QStringLiteral("Delete Chapter");
-const QString removeChapterActionName = QStringLiteral("Remove Chapter");
-const QString moveChaptersActionName = QStringLiteral("Move Chapters");
-const QString changeEnabledActionName = QStringLiteral("Change Enabled");
-const QString changeTitleActionName = QStringLiteral("Change Title");
-const QString changeLinkActionName = QStringLiteral("Change Link");
-const QString changeTimeActionName = QStringLiteral("Change Time");
+const QString createChapterActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Create Chapter"));
+const QString deleteChapterActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Delete Chapter"));
+const QString removeChapterActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Remove Chapter"));
+const QString moveChaptersActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Move Chapters"));
+const QString changeEnabledActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Change Enabled"));
+const QString changeTitleActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Change Title"));
+const QString changeLinkActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Change Link"));
+const QString changeTimeActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Change Time"));
 
 /// Whether both are the very same text object. Equal text that was typed anew is another one.
 bool isSameTextObject(const QString& left, const QString& right)

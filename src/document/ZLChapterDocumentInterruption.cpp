@@ -5,8 +5,10 @@
 
 namespace {
 
-const QString continueRecordingActionName = QStringLiteral("Continue Recording");
-const QString keepRecordingPausedActionName = QStringLiteral("Keep Recording Paused");
+const QString continueRecordingActionName =
+    QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Continue Recording"));
+const QString keepRecordingPausedActionName =
+    QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Keep Recording Paused"));
 
 /// Host time at which a span began that reads 0 at `lastSeen`.
 double hostTimeOfMoment(const QDateTime& lastSeen, const QDateTime& wallClockNow, double hostTimeNow)

@@ -6,8 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString startRecordingActionName = QStringLiteral("Start Recording");
-const QString stopRecordingActionName = QStringLiteral("Stop Recording");
+const QString startRecordingActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Start Recording"));
+const QString stopRecordingActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Stop Recording"));
 
 }
 

@@ -48,6 +48,16 @@ ZLExporterClass::ZLExporterClass(std::type_index type, ZLExportFormat format, Cr
 {
 }
 
+QString ZLExportFormat::shownName() const
+{
+    return QCoreApplication::translate("ZLExportFormat", name.toUtf8().constData());
+}
+
+QString ZLExportFormat::shownOptionTitle() const
+{
+    return QCoreApplication::translate("ZLExportFormat", optionTitle.toUtf8().constData());
+}
+
 std::optional<ZLExportAlert> ZLExporter::alertFor(const ZLExportInput&) const
 {
     return std::nullopt;

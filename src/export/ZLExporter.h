@@ -26,16 +26,21 @@ enum class ZLExportAfterwards { Nothing, OpenInTextEditor };
 
 /// What a format says about itself.
 struct ZLExportFormat {
-    /// Name in menus and on the command line, "Podlove Simple Chapters".
+    /// The name by which the command line knows it, "Podlove Simple Chapters".
     QString name {};
     ZLExportDialogKind dialogKind = ZLExportDialogKind::None;
     /// Extension of its files without the dot, "psc".
     QString fileType {};
-    /// Title of its checkbox; empty when it has none.
+    /// Title of its checkbox, untranslated; empty when it has none.
     QString optionTitle {};
     ZLExportAfterwards afterwards = ZLExportAfterwards::Nothing;
 
     [[nodiscard]] bool hasOption() const { return !optionTitle.isEmpty(); }
+    /// The name and the checkbox's title in the user's language.
+    /// @{
+    [[nodiscard]] QString shownName() const;
+    [[nodiscard]] QString shownOptionTitle() const;
+    /// @}
 };
 
 /// All that a format may make its bytes from. It is a value, so that an export needs neither a document nor a window.

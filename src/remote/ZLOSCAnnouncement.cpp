@@ -25,6 +25,6 @@ void ZLOSCAnnouncement::announce()
         return;
     }
     const QString computer = QSysInfo::machineHostName();
-    const QString name = computer.isEmpty() ? u"Zelta"_s : tr("Zelta on %1").arg(computer);
+    const QString name = computer.isEmpty() ? u"Zelta"_s : u"Zelta on %1"_s.arg(computer);
     m_publisher->publish(name, serviceType(), m_port.port());
 }

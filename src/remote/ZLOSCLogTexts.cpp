@@ -6,10 +6,9 @@
 
 namespace {
 
-QString logText(const char* text)
-{
-    return QCoreApplication::translate("ZLOSCLog", text);
-}
+struct LogTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLOSCLog)
+};
 
 /// The address as the log shows it.
 QString shownAddress(const QString& address)
@@ -27,13 +26,13 @@ QString reasonToRefuse(ZLOSCAccept accept)
 {
     switch (accept) {
     case ZLOSCAccept::ThisComputerOnly:
-        return logText("dropped: not from this computer");
+        return LogTexts::tr("dropped: not from this computer");
     case ZLOSCAccept::DirectlyConnectedNetworks:
-        return logText("dropped: not from a directly connected network");
+        return LogTexts::tr("dropped: not from a directly connected network");
     case ZLOSCAccept::OnlyTheseAddresses:
         break;
     }
-    return logText("dropped: not from one of the accepted addresses");
+    return LogTexts::tr("dropped: not from one of the accepted addresses");
 }
 
 QString outcomeOfDropped(const ZLOSCDroppedDatagram& dropped, const QString& value, ZLOSCAccept accept)
@@ -42,13 +41,13 @@ QString outcomeOfDropped(const ZLOSCDroppedDatagram& dropped, const QString& val
     case ZLOSCDropReason::RefusedSender:
         return reasonToRefuse(accept);
     case ZLOSCDropReason::Malformed:
-        return logText("dropped: malformed");
+        return LogTexts::tr("dropped: malformed");
     case ZLOSCDropReason::Filtered:
         return ZLOSCLogTexts::reasonToIgnore(dropped.address, value);
     case ZLOSCDropReason::Overflow:
         break;
     }
-    return logText("dropped older messages: too many at once");
+    return LogTexts::tr("dropped older messages: too many at once");
 }
 
 }
@@ -84,15 +83,15 @@ ZLOSCLogEntry ZLOSCLogTexts::entryForDropped(const ZLOSCDroppedDatagram& dropped
 QString ZLOSCLogTexts::reasonToIgnore(const QString& address, const QString& value)
 {
     if (!ZLRemoteActions::actionForOSCAddress(address))
-        return logText("ignored: unknown address");
-    return value.isEmpty() ? logText("ignored: no value") : logText("ignored: value %1").arg(value);
+        return LogTexts::tr("ignored: unknown address");
+    return value.isEmpty() ? LogTexts::tr("ignored: no value") : LogTexts::tr("ignored: value %1").arg(value);
 }
 
 QString ZLOSCLogTexts::outcomeOfSending(bool wasSent, const ZLOSCOutPort& port)
 {
     if (wasSent)
-        return logText("sent");
+        return LogTexts::tr("sent");
     if (port.state() == ZLOSCOutPort::State::Resolving)
-        return logText("not sent: the host is being looked up");
-    return port.failure().isEmpty() ? logText("not sent") : logText("not sent: %1").arg(port.failure());
+        return LogTexts::tr("not sent: the host is being looked up");
+    return port.failure().isEmpty() ? LogTexts::tr("not sent") : LogTexts::tr("not sent: %1").arg(port.failure());
 }

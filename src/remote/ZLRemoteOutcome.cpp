@@ -6,10 +6,9 @@
 
 namespace {
 
-QString outcomeText(const char* text)
-{
-    return QCoreApplication::translate("ZLRemoteOutcome", text);
-}
+struct OutcomeTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLRemoteOutcome)
+};
 
 }
 
@@ -34,15 +33,15 @@ bool ZLRemoteOutcome::hadEffect() const
 QString ZLRemoteOutcome::description(const ZLRemoteAction& action) const
 {
     if (!m_document)
-        return outcomeText("did nothing: no document is open");
+        return OutcomeTexts::tr("did nothing: no document is open");
     if (m_document->isRecording() != m_wasRecording)
-        return m_wasRecording ? outcomeText("paused the recording") : outcomeText("started the recording");
+        return m_wasRecording ? OutcomeTexts::tr("paused the recording") : OutcomeTexts::tr("started the recording");
     if (m_document->isWaitingForBeep() && !m_wasWaitingForBeep)
-        return outcomeText("played the start sound");
+        return OutcomeTexts::tr("played the start sound");
     const qsizetype count = m_document->chapterManager().count();
     if (count != m_chapterCount)
-        return count > m_chapterCount ? outcomeText("added a chapter") : outcomeText("removed a chapter");
+        return count > m_chapterCount ? OutcomeTexts::tr("added a chapter") : OutcomeTexts::tr("removed a chapter");
     if (m_document->selectedRow() != m_selectedRow)
-        return outcomeText("selected chapter %1").arg(m_document->selectedRow() + 1);
-    return outcomeText("did nothing: %1").arg(action.obstacle());
+        return OutcomeTexts::tr("selected chapter %1").arg(m_document->selectedRow() + 1);
+    return OutcomeTexts::tr("did nothing: %1").arg(action.obstacle());
 }

@@ -20,6 +20,7 @@ ORDER = [
     "platform/window",
     "resources",
     "resources/sounds",
+    "resources/translations",
     "model",
     "settings",
     "templates",

@@ -93,7 +93,7 @@ class Desktop:
             # Nothing shall be announced on the network.
             DBUS_SYSTEM_BUS_ADDRESS=f"unix:path={runtime}/no-system-bus",
         )
-        for name in ("WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
+        for name in ("LANGUAGE", "WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
             os.environ.pop(name, None)
         self._start_display()
         self._start_buses()

@@ -26,6 +26,7 @@ ZLTestHome::ZLTestHome()
     moveHomeTo(m_folder.path());
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("LC_ALL", "C.UTF-8");
+    qunsetenv("LANGUAGE");
     // Nothing shall be announced on the network, unless a test brings a network of its own.
     if (!qEnvironmentVariableIsSet("DBUS_SYSTEM_BUS_ADDRESS"))
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + m_folder.path().toLocal8Bit() + "/no-system-bus");

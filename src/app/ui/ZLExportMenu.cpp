@@ -16,10 +16,11 @@ ZLExportMenu::ZLExportMenu(ZLDocumentController& controller)
     setToolTipsVisible(true);
     const QList<ZLExporterClass> exporters = ZLExporter::allExporters();
     for (qsizetype tag = 0; tag < exporters.size(); ++tag) {
-        const QString name = exporters.at(tag).format().name;
+        const ZLExportFormat& format = exporters.at(tag).format();
+        const QString name = format.shownName();
         QAction* item = addAction(name + u'…', this, [this, tag] { exportItemClicked(tag); });
         item->setProperty("tag", int(tag));
-        item->setObjectName(u"export"_s + QString(name).remove(u' '));
+        item->setObjectName(u"export"_s + QString(format.name).remove(u' '));
         item->setToolTip(tr("Write the chapters for %1").arg(name));
     }
 }

@@ -14,23 +14,22 @@ namespace {
 
 const QString somethingFound = u""_s;
 
-QString findingText(const char* text)
-{
-    return QCoreApplication::translate("ZLExportFindings", text);
-}
+struct FindingTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLExportFindings)
+};
 
 /// "chapter 4", "chapters 4 and 7", "chapters 4, 7 and 9", "chapters 4, 7, 9 and 12 more".
 QString chapterNumbers(const QList<qsizetype>& numbers)
 {
     constexpr qsizetype mostNamed = 3;
     if (numbers.size() == 1)
-        return findingText("chapter %1").arg(numbers.constFirst());
+        return FindingTexts::tr("chapter %1").arg(numbers.constFirst());
     QStringList named;
     for (const qsizetype number : numbers.first(std::min(numbers.size(), mostNamed)))
         named.append(QString::number(number));
     const QString last =
-        numbers.size() > mostNamed ? findingText("%1 more").arg(numbers.size() - mostNamed) : named.takeLast();
-    return findingText("chapters %1 and %2").arg(named.join(", "_L1), last);
+        numbers.size() > mostNamed ? FindingTexts::tr("%1 more").arg(numbers.size() - mostNamed) : named.takeLast();
+    return FindingTexts::tr("chapters %1 and %2").arg(named.join(", "_L1), last);
 }
 
 enum class ChaptersLookedAt { Enabled, All };
@@ -82,8 +81,8 @@ ZLExportFinding neighboursWithTheSame(const ZLExportInput& input, Time time)
     if (numbers.isEmpty())
         return std::nullopt;
     if (numbers.size() == 1)
-        return findingText("chapters %1 and %2").arg(previousNumber).arg(numbers.constFirst());
-    return findingText("%1 (each with the one before)").arg(chapterNumbers(numbers));
+        return FindingTexts::tr("chapters %1 and %2").arg(previousNumber).arg(numbers.constFirst());
+    return FindingTexts::tr("%1 (each with the one before)").arg(chapterNumbers(numbers));
 }
 
 bool isEndKnown(const ZLExportInput& input)
@@ -111,8 +110,8 @@ QStringList shortChapters(const ZLExportInput& input, const QList<NumberedChapte
     if (numbers.isEmpty())
         return {};
     if (numbers.size() == 1)
-        return { findingText("chapter %1 is %2 s long").arg(numbers.constFirst()).arg(lastLength) };
-    return { findingText("%1 are shorter").arg(chapterNumbers(numbers)) };
+        return { FindingTexts::tr("chapter %1 is %2 s long").arg(numbers.constFirst()).arg(lastLength) };
+    return { FindingTexts::tr("%1 are shorter").arg(chapterNumbers(numbers)) };
 }
 
 bool holdsLineBreak(const QString& text)
@@ -215,11 +214,11 @@ ZLExportFinding ZLExportFindings::unfitForYouTube(const ZLExportInput& input)
         return std::nullopt;
     QStringList findings;
     if (enabled.constFirst().seconds() != 0)
-        findings += findingText("the first is at %1")
+        findings += FindingTexts::tr("the first is at %1")
                         .arg(ZLYouTubeExporter::timeStringForChapter(*enabled.constFirst().chapter));
     if (enabled.size() < leastChapters)
-        findings += enabled.size() == 1 ? findingText("there is only one")
-                                        : findingText("there are only %1").arg(enabled.size());
+        findings += enabled.size() == 1 ? FindingTexts::tr("there is only one")
+                                        : FindingTexts::tr("there are only %1").arg(enabled.size());
     findings += shortChapters(input, enabled);
     return findings.isEmpty() ? std::nullopt : ZLExportFinding(findings.join("; "_L1));
 }

@@ -51,7 +51,8 @@ ZLExportFormat ZLFinalCutExporter::format()
     return { .name = u"Final Cut Pro X"_s,
         .dialogKind = ZLExportDialogKind::Save,
         .fileType = u"fcpxml"_s,
-        .optionTitle = u"Export all chapters as <marker> elements"_s };
+        .optionTitle =
+            QStringLiteral(QT_TRANSLATE_NOOP("ZLExportFormat", "Export all chapters as <marker> elements")) };
 }
 
 ZLResult<QByteArray> ZLFinalCutExporter::exportedBytes(const ZLExportInput& input) const

@@ -26,7 +26,7 @@ ZLExportFormat ZLMarkdownExporter::format()
     return { .name = u"Markdown"_s,
         .dialogKind = ZLExportDialogKind::Save,
         .fileType = u"mdown"_s,
-        .optionTitle = u"Include timestamps in markdown"_s };
+        .optionTitle = QStringLiteral(QT_TRANSLATE_NOOP("ZLExportFormat", "Include timestamps in markdown")) };
 }
 
 ZLResult<QByteArray> ZLMarkdownExporter::exportedBytes(const ZLExportInput& input) const

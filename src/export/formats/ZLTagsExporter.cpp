@@ -4,7 +4,9 @@ using namespace Qt::StringLiterals;
 
 ZLExportFormat ZLTagsExporter::format()
 {
-    return { .name = u"Titles as Tags"_s, .dialogKind = ZLExportDialogKind::Save, .fileType = u"txt"_s };
+    return { .name = QStringLiteral(QT_TRANSLATE_NOOP("ZLExportFormat", "Titles as Tags")),
+        .dialogKind = ZLExportDialogKind::Save,
+        .fileType = u"txt"_s };
 }
 
 ZLResult<QByteArray> ZLTagsExporter::exportedBytes(const ZLExportInput& input) const

@@ -64,9 +64,9 @@ QFileDialog* ZLExportFlow::dialog() const
 void ZLExportFlow::createDialog(const QString& displayName, QWidget* window)
 {
     const ZLExportFormat& format = m_exporterClass.format();
-    m_dialog = new QFileDialog(window, tr("Export to %1").arg(format.name));
+    m_dialog = new QFileDialog(window, tr("Export to %1").arg(format.shownName()));
     chooseKindOfDialog();
-    m_dialog->setNameFilter(u"%1 (*.%2)"_s.arg(format.name, format.fileType));
+    m_dialog->setNameFilter(u"%1 (*.%2)"_s.arg(format.shownName(), format.fileType));
     if (format.dialogKind == ZLExportDialogKind::Open) {
         m_dialog->setAcceptMode(QFileDialog::AcceptOpen);
         m_dialog->setFileMode(QFileDialog::ExistingFile);
@@ -92,7 +92,7 @@ void ZLExportFlow::chooseKindOfDialog()
 void ZLExportFlow::installAdditions()
 {
     if (m_exporterClass.format().hasOption()) {
-        m_optionCheckBox = new QCheckBox(m_exporterClass.format().optionTitle, m_dialog);
+        m_optionCheckBox = new QCheckBox(m_exporterClass.format().shownOptionTitle(), m_dialog);
         connect(m_optionCheckBox, &QCheckBox::toggled, this, &ZLExportFlow::updateAdvice);
         appendToDialog(*m_dialog, m_optionCheckBox);
     }

@@ -2,6 +2,8 @@
 
 #include "platform/osc/ZLOSCByteReader.h"
 
+#include <QCoreApplication>
+
 #include <bit>
 
 using namespace Qt::StringLiterals;
@@ -134,15 +136,19 @@ std::optional<ZLOSCArgument> takeArgument(char tag, ZLOSCByteReader& reader)
     }
 }
 
+struct CodecTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLOSCCodec)
+};
+
 /// Takes one datagram apart. Each function gives the reason why it failed, or an empty text.
 class DatagramDecoder {
 public:
     QString decodeElement(QByteArrayView bytes, int depth)
     {
         if (++m_elements > ZLOSCCodec::mostElements)
-            return u"too many elements in a bundle"_s;
+            return CodecTexts::tr("too many elements in a bundle");
         if (bytes.isEmpty() || bytes.size() % 4 != 0)
-            return u"the size is not a multiple of four"_s;
+            return CodecTexts::tr("the size is not a multiple of four");
         return bytes.startsWith(bundleMark) ? decodeBundle(bytes.sliced(bundleMark.size()), depth + 1)
                                             : decodeMessage(bytes);
     }
@@ -153,15 +159,15 @@ private:
     QString decodeBundle(QByteArrayView bytes, int depth)
     {
         if (depth > ZLOSCCodec::deepestBundle)
-            return u"bundles are nested too deeply"_s;
+            return CodecTexts::tr("bundles are nested too deeply");
         ZLOSCByteReader reader(bytes);
         if (!reader.takeInteger<quint64>())
-            return u"a bundle ends before its time"_s;
+            return CodecTexts::tr("a bundle ends before its time");
         while (!reader.isAtEnd()) {
             const std::optional<qint32> size = reader.takeInteger<qint32>();
             const std::optional<QByteArrayView> element = size && *size > 0 ? reader.take(*size) : std::nullopt;
             if (!element)
-                return u"the size of a bundle's element does not fit"_s;
+                return CodecTexts::tr("the size of a bundle's element does not fit");
             if (QString fault = decodeElement(*element, depth); !fault.isEmpty())
                 return fault;
         }
@@ -173,13 +179,13 @@ private:
         ZLOSCByteReader reader(bytes);
         const std::optional<QByteArrayView> address = reader.takeText();
         if (!address || !address->startsWith('/') || !address->isValidUtf8())
-            return u"no proper address"_s;
+            return CodecTexts::tr("no proper address");
         QList<ZLOSCArgument> arguments;
         // Old senders leave out the type tags of a message without arguments.
         if (!reader.isAtEnd()) {
             const std::optional<QByteArrayView> tags = reader.takeText();
             if (!tags || !tags->startsWith(','))
-                return u"no proper type tags"_s;
+                return CodecTexts::tr("no proper type tags");
             if (QString fault = decodeArguments(tags->sliced(1), reader, arguments); !fault.isEmpty())
                 return fault;
         }
@@ -190,23 +196,23 @@ private:
     static QString decodeArguments(QByteArrayView tags, ZLOSCByteReader& reader, QList<ZLOSCArgument>& arguments)
     {
         if (tags.size() > ZLOSCCodec::mostArguments)
-            return u"too many arguments"_s;
+            return CodecTexts::tr("too many arguments");
         int openArrays = 0;
         for (const char tag : tags) {
             if (tag == '[' || tag == ']') {
                 openArrays += tag == '[' ? 1 : -1;
                 if (openArrays < 0)
-                    return u"an array is closed that is not open"_s;
+                    return CodecTexts::tr("an array is closed that is not open");
                 continue;
             }
             std::optional<ZLOSCArgument> argument = takeArgument(tag, reader);
             if (!argument)
-                return u"an argument is unknown or incomplete"_s;
+                return CodecTexts::tr("an argument is unknown or incomplete");
             arguments.append(std::move(*argument));
         }
         if (openArrays != 0)
-            return u"an array is not closed"_s;
-        return reader.isAtEnd() ? QString() : u"bytes follow the last argument"_s;
+            return CodecTexts::tr("an array is not closed");
+        return reader.isAtEnd() ? QString() : CodecTexts::tr("bytes follow the last argument");
     }
 
     QList<ZLOSCMessage> m_messages;
@@ -215,7 +221,7 @@ private:
 
 ZLError tooLarge()
 {
-    return ZLError { u"the message has no proper address or is too large for a datagram"_s };
+    return ZLError { CodecTexts::tr("the message has no proper address or is too large for a datagram") };
 }
 
 }
@@ -245,7 +251,7 @@ ZLResult<QByteArray> ZLOSCCodec::encodeBundle(const QList<ZLOSCMessage>& message
 ZLResult<QList<ZLOSCMessage>> ZLOSCCodec::decode(QByteArrayView datagram)
 {
     if (datagram.size() > largestDatagram)
-        return ZLError { u"the datagram is too large"_s };
+        return ZLError { CodecTexts::tr("the datagram is too large") };
     DatagramDecoder decoder;
     if (QString fault = decoder.decodeElement(datagram, 0); !fault.isEmpty())
         return ZLError { std::move(fault) };

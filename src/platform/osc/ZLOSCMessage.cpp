@@ -1,5 +1,7 @@
 #include "platform/osc/ZLOSCMessage.h"
 
+#include <QCoreApplication>
+
 #include <charconv>
 
 using namespace Qt::StringLiterals;
@@ -56,6 +58,10 @@ QString escapedForLog(const QString& text)
     return text.size() > longestDescribedText ? escaped + u'…' : escaped;
 }
 
+struct MessageTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLOSCMessage)
+};
+
 struct DescriptionOfArgument {
     QString operator()(qint32 value) const { return QString::number(value); }
     QString operator()(qint64 value) const { return QString::number(value); }
@@ -63,10 +69,10 @@ struct DescriptionOfArgument {
     QString operator()(double value) const { return QString::number(value); }
     QString operator()(bool value) const { return value ? u"true"_s : u"false"_s; }
     QString operator()(const QString& value) const { return u'"' + escapedForLog(value) + u'"'; }
-    QString operator()(const QByteArray& value) const { return u"blob of %1 bytes"_s.arg(value.size()); }
+    QString operator()(const QByteArray& value) const { return MessageTexts::tr("blob of %1 bytes").arg(value.size()); }
     QString operator()(ZLOSCNil) const { return u"nil"_s; }
     QString operator()(ZLOSCInfinitum) const { return u"infinitum"_s; }
-    QString operator()(ZLOSCTimeTag value) const { return u"time tag %1"_s.arg(value.value, 0, 16); }
+    QString operator()(ZLOSCTimeTag value) const { return MessageTexts::tr("time tag %1").arg(value.value, 0, 16); }
     QString operator()(ZLOSCOpaque value) const
     {
         return u"%1 %2"_s.arg(QLatin1Char(value.tag)).arg(value.bits, 8, 16, '0'_L1);

@@ -42,6 +42,12 @@ ZLAboutViewController::ZLAboutViewController(
 
 ZLAboutViewController::~ZLAboutViewController() = default;
 
+QString ZLAboutViewController::standardCreditsPath()
+{
+    //: A file in the resources, one for each language.
+    return tr(":/Credits.html");
+}
+
 QString ZLAboutViewController::identifier() const
 {
     return u"About"_s;

@@ -22,9 +22,12 @@ class ZLAboutViewController : public MASPreferencesViewController {
 
 public:
     /// A missing file of credits leaves their place empty.
-    explicit ZLAboutViewController(const ZLProgramVersion& version, QWidget* parent = nullptr,
-        const QString& creditsPath = QStringLiteral(":/Credits.html"));
+    explicit ZLAboutViewController(
+        const ZLProgramVersion& version, QWidget* parent = nullptr, const QString& creditsPath = standardCreditsPath());
     ~ZLAboutViewController() override;
+
+    /// The file of credits in the user's language.
+    [[nodiscard]] static QString standardCreditsPath();
 
     [[nodiscard]] QString identifier() const override;
     [[nodiscard]] QString toolbarItemLabel() const override;

@@ -14,6 +14,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The undo history knows its steps by their English names.
+QString translated(const QString& actionName)
+{
+    return ZLChapterDocument::tr(actionName.toUtf8().constData());
+}
+
 QLineEdit* focusedField()
 {
     return qobject_cast<QLineEdit*>(QApplication::focusWidget());
@@ -67,8 +73,8 @@ void ZLEditMenu::validate()
 {
     const ZLUndoManager& history = m_document.undoManager();
     const QLineEdit* field = focusedField();
-    m_undo->setText(history.canUndo() ? tr("&Undo %1").arg(history.undoActionName()) : tr("&Undo"));
-    m_redo->setText(history.canRedo() ? tr("&Redo %1").arg(history.redoActionName()) : tr("&Redo"));
+    m_undo->setText(history.canUndo() ? tr("&Undo %1").arg(translated(history.undoActionName())) : tr("&Undo"));
+    m_redo->setText(history.canRedo() ? tr("&Redo %1").arg(translated(history.redoActionName())) : tr("&Redo"));
     m_undo->setEnabled(history.canUndo() || (field && field->isUndoAvailable()));
     m_redo->setEnabled(history.canRedo() || (field && field->isRedoAvailable()));
     m_delete->setEnabled(m_document.canDeleteChapter());

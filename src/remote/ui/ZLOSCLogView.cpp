@@ -1,6 +1,7 @@
 #include "remote/ui/ZLOSCLogView.h"
 
 #include "remote/ZLOSCLog.h"
+#include "templates/ui/ZLQuietColor.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -79,7 +80,7 @@ void ZLOSCLogView::paintEvent(QPaintEvent* event)
     if (!model() || model()->rowCount() > 0)
         return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(ZLQuietColor::onBase(palette()));
     painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_placeholder);
 }
 

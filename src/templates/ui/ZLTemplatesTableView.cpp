@@ -1,5 +1,6 @@
 #include "templates/ui/ZLTemplatesTableView.h"
 
+#include "templates/ui/ZLQuietColor.h"
 #include "templates/ui/ZLRowHeight.h"
 
 #include <QAction>
@@ -55,7 +56,7 @@ void ZLTemplatesTableView::paintEvent(QPaintEvent* event)
         return;
     const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin, nullptr, this);
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(ZLQuietColor::onBase(palette()));
     painter.drawText(viewport()->rect().marginsRemoved({ margin, margin, margin, margin }),
         Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
 }

@@ -2,13 +2,12 @@
 
 #include "document/ZLChapterTableModel.h"
 #include "document/ui/table/ZLChapterTableHeader.h"
+#include "templates/ui/ZLQuietColor.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
 
 namespace {
-
-constexpr float dimmedOpacity = 0.65F;
 
 bool isCommitKey(const QKeyEvent& event)
 {
@@ -59,11 +58,9 @@ void ZLChapterCellDelegate::initStyleOption(QStyleOptionViewItem* option, const 
     option->displayAlignment = ZLChapterTableHeader::alignmentOf(index.column());
     if (index.data(ZLChapterTableModel::ChapterEnabledRole).toBool())
         return;
-    // Dimmed, and still readable: a palette's disabled text often is not.
-    option->palette.setColor(QPalette::Text, option->palette.color(QPalette::PlaceholderText));
-    QColor selected = option->palette.color(QPalette::HighlightedText);
-    selected.setAlphaF(dimmedOpacity);
-    option->palette.setColor(QPalette::HighlightedText, selected);
+    const QPalette colors = option->palette;
+    option->palette.setColor(QPalette::Text, ZLQuietColor::onBase(colors));
+    option->palette.setColor(QPalette::HighlightedText, ZLQuietColor::onHighlight(colors));
 }
 
 bool ZLChapterCellDelegate::eventFilter(QObject* watched, QEvent* event)

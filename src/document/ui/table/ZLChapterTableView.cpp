@@ -5,6 +5,7 @@
 #include "document/ui/table/ZLChapterColumnLayout.h"
 #include "document/ui/table/ZLChapterTableHeader.h"
 #include "settings/ZLSettingsManager.h"
+#include "templates/ui/ZLQuietColor.h"
 #include "templates/ui/ZLRowHeight.h"
 
 #include <QApplication>
@@ -176,7 +177,7 @@ void ZLChapterTableView::paintEvent(QPaintEvent* event)
     if (!model() || model()->rowCount() > 0)
         return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(ZLQuietColor::onBase(palette()));
     const int margin = fontMetrics().height();
     painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin), Qt::AlignCenter | Qt::TextWordWrap,
         emptyTableText());

@@ -96,7 +96,7 @@ QVariant ZLChapterTableModel::headerData(int section, Qt::Orientation orientatio
     if (orientation != Qt::Horizontal)
         return {};
     if (role == Qt::DisplayRole) {
-        const QStringList titles { tr("#"), QString(), tr("Time"), tr("Duration"), tr("Title"), tr("Link") };
+        const QStringList titles { tr("#"), u"✓"_s, tr("Time"), tr("Duration"), tr("Title"), tr("Link") };
         return titles.value(section);
     }
     if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) {

@@ -46,8 +46,9 @@ ZLDocumentToolbar::ZLDocumentToolbar(QWidget* parent)
     , m_clockLabel(new QLabel(this))
     , m_ageLabel(new QLabel(this))
 {
-    // The one button that is meant to be seen from across the room.
+    // The two buttons that are meant to be seen from across the room.
     m_recordButton->setAutoRaise(false);
+    m_addButton->setAutoRaise(false);
     m_recordButton->setIconSize({ recordSymbolSize, recordSymbolSize });
     m_addButton->setProperty("tag", AddTag);
     m_deleteButton->setProperty("tag", DeleteTag);
@@ -72,7 +73,7 @@ void ZLDocumentToolbar::build()
     row->addStretch(1);
     row->addWidget(m_addButton);
     row->addWidget(m_deleteButton);
-    row->addSpacing(2 * spacing);
+    row->addStretch(1);
     row->addWidget(m_drawerButton);
     content->setMinimumHeight(toolbarHeight);
     content->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);

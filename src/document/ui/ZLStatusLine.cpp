@@ -24,12 +24,15 @@ ZLStatusLine::ZLStatusLine(QWidget* parent)
     , m_passingMilliseconds(passingMillisecondsAtFirst)
 {
     setSizeGripEnabled(false);
+    setAccessibleName(tr("Status"));
     m_message->setObjectName(u"passingMessage"_s);
     m_message->setTextFormat(Qt::PlainText);
     m_message->setMinimumWidth(1);
     auto* left = new QWidget(this);
     auto* layout = new QHBoxLayout(left);
-    layout->setContentsMargins(style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, this), 0, 0, 0);
+    layout->setContentsMargins(0, 0, 0, 0);
+    // A message begins where the text of the button begins whose place it takes.
+    m_message->setIndent(style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, m_nextTemplate));
     layout->addWidget(m_nextTemplate);
     layout->addWidget(m_message);
     layout->addWidget(m_messageButton);

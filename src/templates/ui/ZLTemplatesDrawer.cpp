@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QStyle>
 
 ZLTemplatesDrawer::ZLTemplatesDrawer(ZLTemplatesViewController& controller, QWidget* parent)
     : QWidget(parent)
@@ -44,6 +45,9 @@ void ZLTemplatesDrawer::connectButtons()
     auto* menu = new QMenu(m_ui->importButton);
     menu->addAction(tr("Import from Clipboard"), this, &ZLTemplatesDrawer::importFromClipboard);
     m_ui->importButton->setMenu(menu);
+    // Styles draw the arrow over a text that leaves no room for it.
+    m_ui->importButton->setMinimumWidth(m_ui->importButton->sizeHint().width()
+        + style()->pixelMetric(QStyle::PM_MenuButtonIndicator, nullptr, m_ui->importButton));
 }
 
 void ZLTemplatesDrawer::connectActions()

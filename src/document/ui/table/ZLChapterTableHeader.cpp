@@ -17,6 +17,7 @@ Qt::Alignment ZLChapterTableHeader::alignmentOf(int column)
     case ZLChapterTableModel::NumberColumn:
     case ZLChapterTableModel::TimeColumn:
         return Qt::AlignRight | Qt::AlignVCenter;
+    case ZLChapterTableModel::EnabledColumn:
     case ZLChapterTableModel::DurationColumn:
         // All of one width; centred they keep away from the title beside them.
         return Qt::AlignCenter;

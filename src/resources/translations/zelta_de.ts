@@ -5,1954 +5,2779 @@
     <name>MASPreferencesWindow</name>
     <message>
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Panes</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereiche</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>The sound cannot be read: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ton lässt sich nicht lesen: %1</translation>
     </message>
     <message>
         <source>The sound is empty, too long or of an unusual kind.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ton ist leer, zu lang oder von ungewöhnlicher Art.</translation>
     </message>
     <message>
         <source>The sound holds nothing that can be played.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ton enthält nichts, was sich abspielen lässt.</translation>
     </message>
 </context>
 <context>
     <name>ZLAboutViewController</name>
     <message>
         <source>Zelta</source>
-        <translation type="unfinished"></translation>
+        <translation>Zelta</translation>
     </message>
     <message>
         <source>Version and build</source>
-        <translation type="unfinished"></translation>
+        <translation>Version und Build</translation>
     </message>
     <message>
         <source>Credits</source>
-        <translation type="unfinished"></translation>
+        <translation>Mitwirkende</translation>
     </message>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>:/Credits.html</source>
+        <extracomment>A file in the resources, one for each language.</extracomment>
+        <translation>:/Credits_de.html</translation>
+    </message>
+</context>
+<context>
+    <name>ZLApplication</name>
+    <message>
+        <source>A recording is running.</source>
+        <translation>Eine Aufnahme läuft.</translation>
     </message>
 </context>
 <context>
     <name>ZLAtomicFile</name>
     <message>
         <source>This is no ordinary file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ist keine gewöhnliche Datei.</translation>
     </message>
 </context>
 <context>
     <name>ZLAvahiServiceBrowser</name>
     <message>
         <source>The system&apos;s message bus cannot be reached, so services on the network cannot be found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Nachrichtenbus des Systems ist nicht erreichbar, deshalb lassen sich keine Dienste im Netzwerk finden.</translation>
     </message>
     <message>
         <source>Avahi is not running, so services on the network cannot be found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Avahi läuft nicht, deshalb lassen sich keine Dienste im Netzwerk finden.</translation>
     </message>
     <message>
         <source>Services on the network are listed as they are found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dienste im Netzwerk erscheinen hier, sobald sie gefunden sind.</translation>
     </message>
     <message>
         <source>Avahi could not look for services on the network: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Avahi konnte nicht nach Diensten im Netzwerk suchen: %1</translation>
     </message>
 </context>
 <context>
     <name>ZLAvahiServicePublisher</name>
     <message>
         <source>There is no name or no port to announce on the network.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Namen oder keinen Port, der sich im Netzwerk bekannt geben ließe.</translation>
     </message>
     <message>
         <source>The system&apos;s message bus cannot be reached, so “%1” is not announced on the network.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Nachrichtenbus des Systems ist nicht erreichbar, deshalb wird „%1“ nicht im Netzwerk bekannt gegeben.</translation>
     </message>
     <message>
         <source>Avahi is not running, so “%1” is not announced on the network.</source>
-        <translation type="unfinished"></translation>
+        <translation>Avahi läuft nicht, deshalb wird „%1“ nicht im Netzwerk bekannt gegeben.</translation>
     </message>
     <message>
         <source>“%1” is about to be announced on the network.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ wird gleich im Netzwerk bekannt gegeben.</translation>
     </message>
     <message>
         <source>Announced on the network as “%1”, port %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Netzwerk bekannt als „%1“, Port %2.</translation>
     </message>
     <message>
         <source>every name is taken</source>
-        <translation type="unfinished"></translation>
+        <translation>alle Namen sind vergeben</translation>
     </message>
     <message>
         <source>The name “%1” is taken on the network; another one is being sought.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name „%1“ ist im Netzwerk vergeben; ein anderer wird gesucht.</translation>
     </message>
     <message>
         <source>Avahi could not announce “%1” on the network: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Avahi konnte „%1“ nicht im Netzwerk bekannt geben: %2</translation>
     </message>
 </context>
 <context>
     <name>ZLBackgroundWrite</name>
     <message>
         <source>%1: Another program changed the file.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: Ein anderes Programm hat die Datei geändert.</translation>
     </message>
 </context>
 <context>
     <name>ZLBinaryPropertyListReader</name>
     <message>
         <source>This is not a binary property list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ist keine binäre Eigenschaftsliste.</translation>
     </message>
     <message>
         <source>The property list is damaged or cut short.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Eigenschaftsliste ist beschädigt oder abgeschnitten.</translation>
     </message>
 </context>
 <context>
     <name>ZLChapterCellDelegate</name>
     <message>
         <source>%1 of chapter %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von Kapitel %2</translation>
     </message>
 </context>
 <context>
     <name>ZLChapterDocument</name>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme</translation>
     </message>
     <message>
         <source>Templates</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorlagen</translation>
     </message>
     <message>
         <source>Untitled</source>
-        <translation type="unfinished"></translation>
+        <translation>Ohne Titel</translation>
     </message>
     <message>
         <source>New Chapter Added</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Kapitel gesetzt</translation>
     </message>
     <message>
         <source>Press Reply to quickly set a title</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit „Antworten“ gleich einen Titel geben</translation>
     </message>
     <message>
         <source>Chapter title</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapiteltitel</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Create Chapter</source>
+        <translation>Kapitel anlegen</translation>
+    </message>
+    <message>
+        <source>Delete Chapter</source>
+        <translation>Kapitel löschen</translation>
+    </message>
+    <message>
+        <source>Remove Chapter</source>
+        <translation>Kapitel entfernen</translation>
+    </message>
+    <message>
+        <source>Move Chapters</source>
+        <translation>Kapitel verschieben</translation>
+    </message>
+    <message>
+        <source>Change Enabled</source>
+        <translation>Häkchen ändern</translation>
+    </message>
+    <message>
+        <source>Change Title</source>
+        <translation>Titel ändern</translation>
+    </message>
+    <message>
+        <source>Change Link</source>
+        <translation>Link ändern</translation>
+    </message>
+    <message>
+        <source>Change Time</source>
+        <translation>Zeit ändern</translation>
+    </message>
+    <message>
+        <source>Continue Recording</source>
+        <translation>Aufnahme fortsetzen</translation>
+    </message>
+    <message>
+        <source>Keep Recording Paused</source>
+        <translation>Aufnahme pausiert lassen</translation>
+    </message>
+    <message>
+        <source>Start Recording</source>
+        <translation>Aufnahme starten</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>Aufnahme anhalten</translation>
+    </message>
+    <message>
+        <source>Add Slept Time</source>
+        <translation>Ruhezeit hinzufügen</translation>
+    </message>
+    <message>
+        <source>Leave Slept Time</source>
+        <translation>Ruhezeit weglassen</translation>
     </message>
 </context>
 <context>
     <name>ZLChapterDocumentWindow</name>
     <message>
         <source>Stop the recording before closing this window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vor dem Schließen des Fensters bitte die Aufnahme anhalten.</translation>
     </message>
     <message>
         <source>The recording starts after the beep.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufnahme beginnt nach dem Piepton.</translation>
     </message>
     <message>
         <source>Pause the recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufnahme pausieren</translation>
     </message>
     <message>
         <source>Start the recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufnahme starten</translation>
     </message>
     <message>
         <source>Add a chapter here. With Alt held it is a blank one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hier ein Kapitel setzen, mit gedrückter Alt-Taste ein leeres.</translation>
     </message>
     <message>
         <source>Delete the selected chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ausgewählte Kapitel löschen</translation>
     </message>
     <message>
         <source>Show or hide the templates</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Vorlagen ein- oder ausblenden</translation>
     </message>
     <message>
         <source>Zelta</source>
-        <translation type="unfinished"></translation>
+        <translation>Zelta</translation>
     </message>
     <message>
         <source>Invalid Timestamp</source>
-        <translation type="unfinished"></translation>
+        <translation>Ungültige Zeit</translation>
     </message>
     <message>
         <source>The timestamp you have entered is not valid!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die eingegebene Zeit ist nicht gültig!</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>ZLChapterListing</name>
+    <message>
+        <source>Enabled</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Link</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>Recorded: %1
+</source>
+        <translation>Aufgenommen: %1
+</translation>
+    </message>
+    <message>
+        <source>No chapters.
+</source>
+        <translation>Keine Kapitel.
+</translation>
     </message>
 </context>
 <context>
     <name>ZLChapterTableModel</name>
     <message>
         <source>#</source>
-        <translation type="unfinished"></translation>
+        <translation>#</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>Dauer</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>Titel</translation>
     </message>
     <message>
         <source>Link</source>
-        <translation type="unfinished"></translation>
+        <translation>Link</translation>
     </message>
     <message>
         <source>Number</source>
-        <translation type="unfinished"></translation>
+        <translation>Nummer</translation>
     </message>
     <message>
         <source>Exported</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportiert</translation>
     </message>
     <message>
         <source>This chapter lies before the start of the recording and is not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Kapitel liegt vor dem Beginn der Aufnahme und wird nicht exportiert.</translation>
     </message>
     <message>
         <source>This chapter is exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Kapitel wird exportiert.</translation>
     </message>
     <message>
         <source>This chapter is not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Kapitel wird nicht exportiert.</translation>
     </message>
     <message>
         <source>Ctrl+click opens the link.</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+Klick öffnet den Link.</translation>
     </message>
 </context>
 <context>
     <name>ZLChapterTableView</name>
     <message>
         <source>Press Start, then Add at every new topic.</source>
-        <translation type="unfinished"></translation>
+        <translation>Erst „Start“ drücken, dann „Neu“ bei jedem neuen Thema.</translation>
     </message>
     <message>
         <source>Chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel</translation>
+    </message>
+</context>
+<context>
+    <name>ZLCommandLine</name>
+    <message>
+        <source>The name of a file is empty.</source>
+        <translation>Ein Dateiname ist leer.</translation>
+    </message>
+    <message>
+        <source>--osc-port needs a number from %1 to 65535.</source>
+        <translation>--osc-port braucht eine Zahl von %1 bis 65535.</translation>
+    </message>
+    <message>
+        <source>&quot;formats&quot; takes no file.</source>
+        <translation>„formats“ nimmt keine Datei.</translation>
+    </message>
+    <message>
+        <source>&quot;export&quot; needs --format with the name of a format, see &quot;zelta formats&quot;.</source>
+        <translation>„export“ braucht --format mit dem Namen eines Formats, siehe „zelta formats“.</translation>
+    </message>
+    <message>
+        <source>&quot;export&quot; needs --output with the file to write.</source>
+        <translation>„export“ braucht --output mit der Datei, in die geschrieben wird.</translation>
+    </message>
+    <message>
+        <source>&quot;export&quot; needs exactly one file to read.</source>
+        <translation>„export“ braucht genau eine Datei zum Lesen.</translation>
+    </message>
+    <message>
+        <source>&quot;show&quot; needs exactly one file.</source>
+        <translation>„show“ braucht genau eine Datei.</translation>
+    </message>
+    <message>
+        <source>&quot;send&quot; needs exactly one action: %1.</source>
+        <translation>„send“ braucht genau eine Aktion: %1.</translation>
+    </message>
+    <message>
+        <source>There is no action &quot;%1&quot;. The actions are %2.</source>
+        <translation>Es gibt keine Aktion „%1“. Die Aktionen sind %2.</translation>
+    </message>
+    <message>
+        <source>--osc-send needs HOST:PORT, not &quot;%1&quot;.</source>
+        <translation>--osc-send braucht RECHNER:PORT, nicht „%1“.</translation>
+    </message>
+    <message>
+        <source>--new and --headless exclude each other.</source>
+        <translation>--new und --headless schließen einander aus.</translation>
+    </message>
+    <message>
+        <source>--record needs --headless.</source>
+        <translation>--record braucht --headless.</translation>
+    </message>
+    <message>
+        <source>--headless records one file at most.</source>
+        <translation>--headless nimmt höchstens eine Datei auf.</translation>
+    </message>
+    <message>
+        <source>Usage:
+  zelta [--new] [FILE…]                open documents in windows, with --new a new one too
+  zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record starts the clock at once
+        --osc-port N                   listen on this UDP port in this run; 0 for any that is free
+        --osc-send HOST:PORT           send the recorder&apos;s state there in this run; may be given several times
+  zelta send ACTION [--osc-port N]     give the running recorder a command, by default the one of this user;
+                                       with --osc-port the one on that port of this computer
+%1  zelta formats                        list the export formats: name, tab, file type
+  zelta export --format NAME [--option] --output OUT FILE
+                                       write the chapters of FILE to OUT; --option ticks the format&apos;s checkbox
+  zelta show [--json] FILE             print the chapters of FILE
+  zelta --help | --version
+
+Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as ./NAME.
+</source>
+        <translation>Aufruf:
+  zelta [--new] [DATEI…]               öffnet Dokumente in Fenstern, mit --new auch ein neues
+  zelta --headless [--record] [DATEI]  nimmt ohne Fenster auf, gesteuert über OSC; --record startet die Uhr sofort
+        --osc-port N                   hört bei diesem Lauf auf diesen UDP-Port; 0 für irgendeinen freien
+        --osc-send RECHNER:PORT        sendet den Stand bei diesem Lauf dorthin; auch mehrmals
+  zelta send AKTION [--osc-port N]     gibt dem laufenden Rekorder einen Befehl, sonst dem dieses Benutzers;
+                                       mit --osc-port dem an diesem Port dieses Computers
+%1  zelta formats                        zählt die Exportformate auf: Name, Tabulator, Dateityp
+  zelta export --format NAME [--option] --output ZIEL DATEI
+                                       schreibt die Kapitel von DATEI nach ZIEL; --option setzt das Häkchen des Formats
+  zelta show [--json] DATEI            gibt die Kapitel von DATEI aus
+  zelta --help | --version
+
+Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein Befehl heißt, wird als ./NAME angegeben.
+</translation>
     </message>
 </context>
 <context>
     <name>ZLCommandSocket</name>
     <message>
         <source>Zelta is not running.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zelta läuft nicht.</translation>
     </message>
     <message>
         <source>Zelta did not answer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zelta hat nicht geantwortet.</translation>
     </message>
 </context>
 <context>
     <name>ZLDocumentController</name>
     <message>
         <source>%1: The file is open as another document.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: Die Datei ist als anderes Dokument offen.</translation>
     </message>
     <message>
         <source>“%1” is recording. Pause the recording before you close it.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ nimmt auf. Vor dem Schließen bitte die Aufnahme pausieren.</translation>
     </message>
     <message>
         <source>%1: This is not a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: Das ist keine Datei.</translation>
     </message>
     <message>
         <source>Untitled</source>
-        <translation type="unfinished"></translation>
+        <translation>Ohne Titel</translation>
     </message>
     <message>
         <source>Untitled %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ohne Titel %1</translation>
     </message>
     <message>
         <source>%1 (recovered)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (wiederhergestellt)</translation>
     </message>
 </context>
 <context>
     <name>ZLDocumentFile</name>
     <message>
         <source>This is not a chapter document.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ist kein Kapiteldokument.</translation>
     </message>
 </context>
 <context>
     <name>ZLDocumentLock</name>
     <message>
         <source>another program</source>
-        <translation type="unfinished"></translation>
+        <translation>ein anderes Programm</translation>
     </message>
     <message>
         <source>%1, process %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Prozess %2</translation>
     </message>
 </context>
 <context>
     <name>ZLDocumentSaver</name>
     <message>
         <source>“%1” has no file yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ hat noch keine Datei.</translation>
     </message>
     <message>
         <source>The clock is running. Pause the recording before you revert.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Uhr läuft. Vor dem Zurücksetzen bitte die Aufnahme pausieren.</translation>
     </message>
 </context>
 <context>
     <name>ZLDocumentToolbar</name>
     <message>
         <source>Start</source>
-        <translation type="unfinished"></translation>
+        <translation>Start</translation>
     </message>
     <message>
         <source>Pause</source>
-        <translation type="unfinished"></translation>
+        <translation>Pause</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu</translation>
     </message>
     <message>
         <source>Next</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiter</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Templates</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorlagen</translation>
     </message>
     <message>
         <source>Recorded time</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgenommene Zeit</translation>
     </message>
     <message>
         <source>Time since the last chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit seit dem letzten Kapitel</translation>
     </message>
 </context>
 <context>
     <name>ZLDocumentWindows</name>
     <message>
         <source>Dismiss</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Stop the recording before quitting.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vor dem Beenden bitte die Aufnahme anhalten.</translation>
     </message>
     <message>
         <source>Not everything could be saved: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht alles ließ sich speichern: %1</translation>
     </message>
     <message>
         <source>Quit Anyway</source>
-        <translation type="unfinished"></translation>
+        <translation>Trotzdem beenden</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Exported %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 exportiert.</translation>
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Ordner zeigen</translation>
     </message>
     <message>
         <source>The export failed. %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Export ist fehlgeschlagen. %1</translation>
     </message>
 </context>
 <context>
     <name>ZLEditMenu</name>
     <message>
         <source>&amp;Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bearbeiten</translation>
     </message>
     <message>
         <source>&amp;Undo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückgängig: %1</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückgängig</translation>
     </message>
     <message>
         <source>&amp;Redo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederholen: %1</translation>
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederholen</translation>
     </message>
     <message>
         <source>Cu&amp;t</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ausschneiden</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>&amp;Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einfügen</translation>
     </message>
     <message>
         <source>Select &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;lles auswählen</translation>
     </message>
     <message>
         <source>&amp;Delete Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel lö&amp;schen</translation>
     </message>
     <message>
         <source>&amp;Import Templates from Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorlagen aus der &amp;Zwischenablage importieren</translation>
+    </message>
+</context>
+<context>
+    <name>ZLExportAdvice</name>
+    <message>
+        <source>No enabled chapters: the file will be empty.</source>
+        <translation>Keine aktiven Kapitel: Die Datei wird leer.</translation>
+    </message>
+    <message>
+        <source>No enabled chapters: the file will hold none.</source>
+        <translation>Keine aktiven Kapitel: Die Datei wird keine enthalten.</translation>
+    </message>
+    <message>
+        <source>Players know no negative times: see %1.</source>
+        <translation>Abspielprogramme kennen keine negativen Zeiten: siehe %1.</translation>
+    </message>
+    <message>
+        <source>A negative time is written without its sign: see %1.</source>
+        <translation>Negative Zeiten werden ohne Vorzeichen geschrieben: siehe %1.</translation>
+    </message>
+    <message>
+        <source>Players never get past the end of the recording: see %1.</source>
+        <translation>Abspielprogramme kommen nicht über das Ende der Aufnahme hinaus: siehe %1.</translation>
+    </message>
+    <message>
+        <source>Players show one of two chapters with the same time: %1.</source>
+        <translation>Von zwei Kapiteln mit gleicher Zeit zeigen Abspielprogramme nur eines: %1.</translation>
+    </message>
+    <message>
+        <source>A chapter is one line here: there is a line break in %1.</source>
+        <translation>Ein Kapitel ist hier eine Zeile: In %1 steht ein Zeilenumbruch.</translation>
+    </message>
+    <message>
+        <source>XML knows no control characters, so the file will not open: there is one in %1.</source>
+        <translation>XML kennt keine Steuerzeichen, die Datei wird sich nicht öffnen lassen: In %1 steht eines.</translation>
+    </message>
+    <message>
+        <source>Chapter readers misread &lt; and &gt; as a link: there is one in the title of %1.</source>
+        <translation>Programme, die Kapitel lesen, halten &lt; und &gt; für einen Link: Im Titel von %1 steht eines davon.</translation>
+    </message>
+    <message>
+        <source>No chapters from the start on: the project will have no markers.</source>
+        <translation>Keine Kapitel ab dem Beginn: Das Projekt wird keine Marker haben.</translation>
+    </message>
+    <message>
+        <source>Markers with a negative time are left out: see %1.</source>
+        <translation>Marker mit negativer Zeit entfallen: siehe %1.</translation>
+    </message>
+    <message>
+        <source>The recording goes on: the clip will end where it was last stopped.</source>
+        <translation>Die Aufnahme läuft noch: Der Clip endet dort, wo sie zuletzt angehalten wurde.</translation>
+    </message>
+    <message>
+        <source>The clip ends with the recording, before %1.</source>
+        <translation>Der Clip endet mit der Aufnahme, vor %1.</translation>
+    </message>
+    <message>
+        <source>Marker times end after 596 hours, before %1.</source>
+        <translation>Markerzeiten enden nach 596 Stunden, vor %1.</translation>
+    </message>
+    <message>
+        <source>The project gets the name of the file as it is: with &amp;, &lt; or &quot; in it, Final Cut Pro will not open the file.</source>
+        <translation>Das Projekt erhält den Dateinamen, wie er ist: Mit &amp;, &lt; oder &quot; darin wird Final Cut Pro die Datei nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>No enabled chapters: the session will get no markers.</source>
+        <translation>Keine aktiven Kapitel: Die Session bekommt keine Marker.</translation>
+    </message>
+    <message>
+        <source>The session has no &lt;/Session&gt;: there is no place for the markers.</source>
+        <translation>Die Session hat kein &lt;/Session&gt;: Für die Marker ist kein Platz.</translation>
+    </message>
+    <message>
+        <source>A session knows no negative times: see %1.</source>
+        <translation>Eine Session kennt keine negativen Zeiten: siehe %1.</translation>
+    </message>
+    <message>
+        <source>A session with &lt; or &quot; in a text may not open again: there is one in %1.</source>
+        <translation>Eine Session mit &lt; oder &quot; in einem Text lässt sich womöglich nicht mehr öffnen: In %1 steht eines davon.</translation>
+    </message>
+    <message>
+        <source>Times are whole seconds: %1 fall into the same second.</source>
+        <translation>Zeiten sind ganze Sekunden: In dieselbe Sekunde fallen %1.</translation>
+    </message>
+    <message>
+        <source>Markdown reads * _ ` [ ] &lt; and \ as formatting: there is one in the title of %1.</source>
+        <translation>Markdown liest * _ ` [ ] &lt; und \ als Formatierung: Im Titel von %1 steht eines davon.</translation>
+    </message>
+    <message>
+        <source>Markdown links break at blanks, &lt; or &gt; and unpaired parentheses: see the link of %1.</source>
+        <translation>Markdown-Links brechen an Leerzeichen, &lt; oder &gt; und einzelnen Klammern: siehe den Link von %1.</translation>
+    </message>
+    <message>
+        <source>A tag needs a text: there is no title in %1.</source>
+        <translation>Ein Tag braucht einen Text: In %1 fehlt der Titel.</translation>
+    </message>
+    <message>
+        <source>Tags end at a comma, so that one title becomes two: there is one in %1.</source>
+        <translation>Tags enden am Komma, aus einem Titel werden so zwei: In %1 steht eines.</translation>
+    </message>
+    <message>
+        <source>All tags stand on one line: there is a line break in %1.</source>
+        <translation>Alle Tags stehen in einer Zeile: In %1 steht ein Zeilenumbruch.</translation>
+    </message>
+    <message>
+        <source>YouTube needs a first chapter at 00:00, at least three, each ten seconds or longer: %1.</source>
+        <translation>YouTube braucht ein erstes Kapitel bei 00:00, mindestens drei, jedes zehn Sekunden oder länger: %1.</translation>
+    </message>
+    <message>
+        <source>Times are whole seconds, and YouTube wants them to rise: %1 fall into the same second.</source>
+        <translation>Zeiten sind ganze Sekunden, und YouTube will sie aufsteigend: In dieselbe Sekunde fallen %1.</translation>
+    </message>
+    <message>
+        <source>YouTube takes no &lt; or &gt; in a description: there is one in the title of %1.</source>
+        <translation>YouTube nimmt kein &lt; oder &gt; in einer Beschreibung: Im Titel von %1 steht eines.</translation>
+    </message>
+    <message>
+        <source>YouTube takes no &lt; or &gt; in a description: remove them around the link of %1.</source>
+        <translation>YouTube nimmt kein &lt; oder &gt; in einer Beschreibung: Beim Link von %1 bitte entfernen.</translation>
+    </message>
+    <message>
+        <source>A YouTube description holds 5000 bytes: these are %1.</source>
+        <translation>Eine YouTube-Beschreibung fasst 5000 Bytes: Das hier sind %1.</translation>
     </message>
 </context>
 <context>
     <name>ZLExportAdviceView</name>
     <message>
         <source>Attention</source>
-        <translation type="unfinished"></translation>
+        <translation>Achtung</translation>
+    </message>
+</context>
+<context>
+    <name>ZLExportFindings</name>
+    <message>
+        <source>chapter %1</source>
+        <translation>Kapitel %1</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <translation>%1 weitere</translation>
+    </message>
+    <message>
+        <source>chapters %1 and %2</source>
+        <translation>Kapitel %1 und %2</translation>
+    </message>
+    <message>
+        <source>%1 (each with the one before)</source>
+        <translation>%1 (jeweils mit dem davor)</translation>
+    </message>
+    <message>
+        <source>chapter %1 is %2 s long</source>
+        <translation>Kapitel %1 ist %2 s lang</translation>
+    </message>
+    <message>
+        <source>%1 are shorter</source>
+        <translation>%1 sind kürzer</translation>
+    </message>
+    <message>
+        <source>the first is at %1</source>
+        <translation>das erste liegt bei %1</translation>
+    </message>
+    <message>
+        <source>there is only one</source>
+        <translation>es gibt nur eines</translation>
+    </message>
+    <message>
+        <source>there are only %1</source>
+        <translation>es gibt nur %1</translation>
     </message>
 </context>
 <context>
     <name>ZLExportFlow</name>
     <message>
         <source>Export to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Export für %1</translation>
     </message>
     <message>
         <source>The document was closed before it could be exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Dokument wurde geschlossen, bevor es exportiert werden konnte.</translation>
     </message>
     <message>
         <source>Zelta</source>
-        <translation type="unfinished"></translation>
+        <translation>Zelta</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>ZLExportFormat</name>
+    <message>
+        <source>Export all chapters as &lt;marker&gt; elements</source>
+        <translation>Alle Kapitel als &lt;marker&gt;-Elemente exportieren</translation>
+    </message>
+    <message>
+        <source>Include timestamps in markdown</source>
+        <translation>Zeiten in das Markdown aufnehmen</translation>
+    </message>
+    <message>
+        <source>Titles as Tags</source>
+        <translation>Titel als Tags</translation>
     </message>
 </context>
 <context>
     <name>ZLExportMenu</name>
     <message>
         <source>&amp;Export</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Export</translation>
     </message>
     <message>
         <source>Write the chapters for %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Kapitel für %1 schreiben</translation>
     </message>
 </context>
 <context>
     <name>ZLExporter</name>
     <message>
         <source>This format writes no file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Format schreibt keine Datei.</translation>
     </message>
     <message>
         <source>Untitled</source>
-        <translation type="unfinished"></translation>
+        <translation>Ohne Titel</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFileCommands</name>
+    <message>
+        <source>The format &quot;%1&quot; has no option.</source>
+        <translation>Das Format „%1“ hat keine Option.</translation>
+    </message>
+    <message>
+        <source>There is no format &quot;%1&quot;; the formats are: %2.</source>
+        <translation>Es gibt kein Format „%1“; die Formate sind: %2.</translation>
+    </message>
+    <message>
+        <source>%1: the export would replace the document itself.</source>
+        <translation>%1: Der Export würde das Dokument selbst ersetzen.</translation>
+    </message>
+    <message>
+        <source>%1: this is no ordinary file.</source>
+        <translation>%1: Das ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The standard output could not be written.</source>
+        <translation>Die Standardausgabe ließ sich nicht schreiben.</translation>
     </message>
 </context>
 <context>
     <name>ZLFileMenu</name>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>&amp;New</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neu</translation>
     </message>
     <message>
         <source>&amp;Open…</source>
-        <translation type="unfinished"></translation>
+        <translation>Ö&amp;ffnen&#xa0;…</translation>
     </message>
     <message>
         <source>Open &amp;Recent</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zuletzt geöffnet</translation>
     </message>
     <message>
         <source>&amp;Save</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speichern</translation>
     </message>
     <message>
         <source>Save &amp;As…</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern &amp;unter&#xa0;…</translation>
     </message>
     <message>
         <source>Re&amp;vert to Last Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum zuletzt &amp;gespeicherten Stand</translation>
     </message>
     <message>
         <source>&amp;Close</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;chließen</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>Open Chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel öffnen</translation>
     </message>
     <message>
         <source>Chapter documents (*.%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapiteldokumente (*.%1)</translation>
     </message>
     <message>
         <source>All files (*)</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Dateien (*)</translation>
     </message>
     <message>
         <source>&amp;Clear This List</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Liste &amp;leeren</translation>
     </message>
     <message>
         <source>Dismiss</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
     <name>ZLGeneralPrefsViewController</name>
     <message>
         <source>Chapters:</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel:</translation>
     </message>
     <message>
         <source>Add a chapter when the recording &amp;starts</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Kapitel setzen, wenn die Aufnahme &amp;startet</translation>
     </message>
     <message>
         <source>Add a chapter when the recording &amp;resumes after a pause</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Kapitel setzen, wenn die Aufnahme nach einer Pause &amp;weiterläuft</translation>
     </message>
     <message>
         <source>While another program is in front, ask for the &amp;title in a notification</source>
-        <translation type="unfinished"></translation>
+        <translation>Den &amp;Titel in einer Benachrichtigung erfragen, wenn ein anderes Programm vorn ist</translation>
     </message>
     <message>
         <source>Sound:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton:</translation>
     </message>
     <message>
         <source>&amp;Beep before the recording starts</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Piepton vor dem Beginn der Aufnahme</translation>
     </message>
     <message>
         <source>Sound &amp;output:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ton&amp;ausgabe:</translation>
     </message>
     <message>
         <source>Sound output</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonausgabe</translation>
     </message>
     <message>
         <source>&amp;Font size:</source>
-        <translation type="unfinished"></translation>
+        <translation>Schrift&amp;größe:</translation>
     </message>
     <message>
         <source>Font size of the chapter table</source>
-        <translation type="unfinished"></translation>
+        <translation>Schriftgröße der Kapiteltabelle</translation>
     </message>
     <message>
         <source> pt</source>
-        <translation type="unfinished"></translation>
+        <translation> pt</translation>
     </message>
     <message>
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>Allgemein</translation>
     </message>
     <message>
         <source>No sound output found</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Tonausgabe gefunden</translation>
     </message>
     <message>
         <source>No sound server found</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Tonserver gefunden</translation>
     </message>
     <message>
         <source>The desktop&apos;s sound server does not answer, so no beep can be heard.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Tonserver des Desktops antwortet nicht, deshalb ist kein Piepton zu hören.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLHeadlessRecorder</name>
+    <message>
+        <source>chapter %1 at %2 &quot;%3&quot;</source>
+        <translation>Kapitel %1 bei %2 „%3“</translation>
+    </message>
+    <message>
+        <source>saved</source>
+        <translation>gespeichert</translation>
+    </message>
+    <message>
+        <source>being saved</source>
+        <translation>wird gespeichert</translation>
+    </message>
+    <message>
+        <source>not saved: %1</source>
+        <translation>nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>Commands come from standard input, one a line; &quot;help&quot; lists them.</source>
+        <translation>Befehle kommen von der Standardeingabe, einer je Zeile; „help“ zählt sie auf.</translation>
+    </message>
+    <message>
+        <source>The file is also open elsewhere (%1).</source>
+        <translation>Die Datei ist auch anderswo offen (%1).</translation>
+    </message>
+    <message>
+        <source>Unknown command &quot;%1&quot;; &quot;help&quot; lists the commands.</source>
+        <translation>Unbekannter Befehl „%1“; „help“ zählt die Befehle auf.</translation>
+    </message>
+    <message>
+        <source>Cannot save: %1</source>
+        <translation>Speichern nicht möglich: %1</translation>
+    </message>
+    <message>
+        <source>recording from %1</source>
+        <translation>Aufnahme ab %1</translation>
+    </message>
+    <message>
+        <source>paused at %1</source>
+        <translation>pausiert bei %1</translation>
+    </message>
+    <message>
+        <source>selected %1</source>
+        <translation>ausgewählt: %1</translation>
+    </message>
+    <message>
+        <source>removed %1</source>
+        <translation>entfernt: %1</translation>
+    </message>
+    <message>
+        <source>Saved again.</source>
+        <translation>Wieder gespeichert.</translation>
+    </message>
+    <message>
+        <source>Cannot save: %1 &quot;mine&quot; writes over it, &quot;theirs&quot; takes it over, &quot;both&quot; goes on in a new file.</source>
+        <translation>Speichern nicht möglich: %1 „mine“ überschreibt sie, „theirs“ übernimmt sie, „both“ macht in einer neuen Datei weiter.</translation>
+    </message>
+    <message>
+        <source>Cannot save: %1. Trying again until it works.</source>
+        <translation>Speichern nicht möglich: %1. Es wird weiter versucht, bis es gelingt.</translation>
+    </message>
+    <message>
+        <source>The recording was interrupted on %1 at %2. The clock stands: &quot;continue&quot; lets it run as if it had never stopped, &quot;keep&quot; keeps it paused.</source>
+        <translation>Die Aufnahme wurde am %1 bei %2 unterbrochen. Die Uhr steht: „continue“ lässt sie laufen, als hätte sie nie gestanden, „keep“ lässt sie pausiert.</translation>
+    </message>
+    <message>
+        <source>give the selected chapter the title that follows</source>
+        <translation>gibt dem ausgewählten Kapitel den Titel, der folgt</translation>
+    </message>
+    <message>
+        <source>no chapter is selected</source>
+        <translation>kein Kapitel ist ausgewählt</translation>
+    </message>
+    <message>
+        <source>let the clock of an interrupted recording run as if it had never stopped</source>
+        <translation>lässt die Uhr einer unterbrochenen Aufnahme laufen, als hätte sie nie gestanden</translation>
+    </message>
+    <message>
+        <source>no recording was interrupted</source>
+        <translation>keine Aufnahme wurde unterbrochen</translation>
+    </message>
+    <message>
+        <source>keep the clock of an interrupted recording paused at its last reading</source>
+        <translation>lässt die Uhr einer unterbrochenen Aufnahme beim letzten Stand pausiert</translation>
+    </message>
+    <message>
+        <source>add the time for which the computer slept to the clock and the chapters after it</source>
+        <translation>rechnet die Zeit, die der Computer schlief, zur Uhr und zu den Kapiteln danach hinzu</translation>
+    </message>
+    <message>
+        <source>the computer did not sleep</source>
+        <translation>der Computer hat nicht geschlafen</translation>
+    </message>
+    <message>
+        <source>leave out the time for which the computer slept</source>
+        <translation>lässt die Zeit weg, die der Computer schlief</translation>
+    </message>
+    <message>
+        <source>write over what another program made of the file</source>
+        <translation>überschreibt, was ein anderes Programm aus der Datei gemacht hat</translation>
+    </message>
+    <message>
+        <source>no other program changed the file</source>
+        <translation>kein anderes Programm hat die Datei geändert</translation>
+    </message>
+    <message>
+        <source>take over what another program made of the file</source>
+        <translation>übernimmt, was ein anderes Programm aus der Datei gemacht hat</translation>
+    </message>
+    <message>
+        <source>leave the file to the other program and go on in a new one</source>
+        <translation>überlässt die Datei dem anderen Programm und macht in einer neuen weiter</translation>
+    </message>
+    <message>
+        <source>tell the document, the clock and whether everything is saved</source>
+        <translation>nennt das Dokument, die Uhr und ob alles gespeichert ist</translation>
+    </message>
+    <message>
+        <source>list the commands</source>
+        <translation>zählt die Befehle auf</translation>
+    </message>
+    <message>
+        <source>save and end; refused while the clock runs</source>
+        <translation>speichert und endet; nicht, solange die Uhr läuft</translation>
+    </message>
+    <message>
+        <source>did nothing: %1</source>
+        <translation>nichts getan: %1</translation>
+    </message>
+    <message>
+        <source>file: %1, %2</source>
+        <translation>Datei: %1, %2</translation>
+    </message>
+    <message>
+        <source>document: %1 (has no file yet, back at the next start)</source>
+        <translation>Dokument: %1 (noch ohne Datei, beim nächsten Start wieder da)</translation>
+    </message>
+    <message>
+        <source>document: %1</source>
+        <translation>Dokument: %1</translation>
+    </message>
+    <message>
+        <source>clock: recording, %1</source>
+        <translation>Uhr: Aufnahme, %1</translation>
+    </message>
+    <message>
+        <source>clock: paused, %1</source>
+        <translation>Uhr: pausiert, %1</translation>
+    </message>
+    <message>
+        <source>chapters: %1</source>
+        <translation>Kapitel: %1</translation>
+    </message>
+    <message>
+        <source>selected: %1</source>
+        <translation>ausgewählt: %1</translation>
+    </message>
+    <message>
+        <source>file: %1</source>
+        <translation>Datei: %1</translation>
+    </message>
+    <message>
+        <source>OSC: UDP port %1</source>
+        <translation>OSC: UDP-Port %1</translation>
+    </message>
+    <message>
+        <source>OSC: %1</source>
+        <translation>OSC: %1</translation>
+    </message>
+    <message>
+        <source>The clock is running: toggleRecording first, then quit.</source>
+        <translation>Die Uhr läuft: erst toggleRecording, dann quit.</translation>
+    </message>
+    <message>
+        <source>%1 &quot;addsleep&quot; adds that time to it and to the chapters after it, &quot;leavesleep&quot; leaves it.</source>
+        <translation>%1 „addsleep“ rechnet diese Zeit zu ihr und zu den Kapiteln danach hinzu, „leavesleep“ lässt sie.</translation>
+    </message>
+    <message>
+        <source>the clock reads %1</source>
+        <translation>die Uhr zeigt %1</translation>
     </message>
 </context>
 <context>
     <name>ZLHelpMenu</name>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>Zelta &amp;Guide</source>
-        <translation type="unfinished"></translation>
+        <translation>Zelta-&amp;Handbuch</translation>
     </message>
     <message>
         <source>&amp;Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tastenkürzel</translation>
     </message>
     <message>
         <source>&amp;About Zelta</source>
-        <translation type="unfinished"></translation>
+        <translation>Ü&amp;ber Zelta</translation>
     </message>
     <message>
         <source>The guide is not installed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Handbuch ist nicht installiert.</translation>
     </message>
     <message>
         <source>No program opens the guide. It is in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Programm öffnet das Handbuch. Es liegt in %1.</translation>
     </message>
     <message>
         <source>Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Tastenkürzel</translation>
     </message>
 </context>
 <context>
     <name>ZLHindenburgExporter</name>
     <message>
         <source>The markers of this session have no end.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Marker dieser Session haben kein Ende.</translation>
     </message>
     <message>
         <source>The session&apos;s highest marker number leaves no room.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die höchste Markernummer der Session lässt keinen Platz.</translation>
     </message>
     <message>
         <source>The rewritten session would become too large.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die neu geschriebene Session würde zu groß.</translation>
     </message>
     <message>
         <source>HALP!</source>
-        <translation type="unfinished"></translation>
+        <translation>HILFE!</translation>
     </message>
     <message>
         <source>I couldn&apos;t find the Sessions tag. Please provide a well formatted Hindenburg File!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Sessions-Tag war nicht zu finden. Bitte eine wohlgeformte Hindenburg-Datei wählen!</translation>
     </message>
 </context>
 <context>
     <name>ZLHotKeyCenter</name>
     <message>
         <source>Keyboards of this system have no such key.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tastaturen dieses Systems haben keine solche Taste.</translation>
     </message>
     <message>
         <source>Another shortcut of this program has the same keys.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Kürzel dieses Programms hat dieselben Tasten.</translation>
     </message>
 </context>
 <context>
     <name>ZLJournalReader</name>
     <message>
         <source>This is not a journal of a document.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ist kein Journal eines Dokuments.</translation>
     </message>
 </context>
 <context>
     <name>ZLKeyboardLayout</name>
     <message>
         <source>Super</source>
-        <translation type="unfinished"></translation>
+        <translation>Super</translation>
     </message>
     <message>
         <source>Ctrl</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg</translation>
     </message>
     <message>
         <source>Alt</source>
-        <translation type="unfinished"></translation>
+        <translation>Alt</translation>
     </message>
     <message>
         <source>Shift</source>
-        <translation type="unfinished"></translation>
+        <translation>Umschalt</translation>
     </message>
     <message>
         <source>Return</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingabe</translation>
     </message>
     <message>
         <source>Tab</source>
-        <translation type="unfinished"></translation>
+        <translation>Tab</translation>
     </message>
     <message>
         <source>Space</source>
-        <translation type="unfinished"></translation>
+        <translation>Leertaste</translation>
     </message>
     <message>
         <source>Backspace</source>
-        <translation type="unfinished"></translation>
+        <translation>Rücktaste</translation>
     </message>
     <message>
         <source>Escape</source>
-        <translation type="unfinished"></translation>
+        <translation>Esc</translation>
     </message>
     <message>
         <source>F17</source>
-        <translation type="unfinished"></translation>
+        <translation>F17</translation>
     </message>
     <message>
         <source>Num .</source>
-        <translation type="unfinished"></translation>
+        <translation>Num .</translation>
     </message>
     <message>
         <source>Num *</source>
-        <translation type="unfinished"></translation>
+        <translation>Num *</translation>
     </message>
     <message>
         <source>Num +</source>
-        <translation type="unfinished"></translation>
+        <translation>Num +</translation>
     </message>
     <message>
         <source>Num Lock</source>
-        <translation type="unfinished"></translation>
+        <translation>Num-Taste</translation>
     </message>
     <message>
         <source>Volume Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Lauter</translation>
     </message>
     <message>
         <source>Volume Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Leiser</translation>
     </message>
     <message>
         <source>Mute</source>
-        <translation type="unfinished"></translation>
+        <translation>Stumm</translation>
     </message>
     <message>
         <source>Num /</source>
-        <translation type="unfinished"></translation>
+        <translation>Num /</translation>
     </message>
     <message>
         <source>Num Enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Num Enter</translation>
     </message>
     <message>
         <source>Num -</source>
-        <translation type="unfinished"></translation>
+        <translation>Num -</translation>
     </message>
     <message>
         <source>F18</source>
-        <translation type="unfinished"></translation>
+        <translation>F18</translation>
     </message>
     <message>
         <source>F19</source>
-        <translation type="unfinished"></translation>
+        <translation>F19</translation>
     </message>
     <message>
         <source>Num =</source>
-        <translation type="unfinished"></translation>
+        <translation>Num =</translation>
     </message>
     <message>
         <source>Num 0</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 0</translation>
     </message>
     <message>
         <source>Num 1</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 1</translation>
     </message>
     <message>
         <source>Num 2</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 2</translation>
     </message>
     <message>
         <source>Num 3</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 3</translation>
     </message>
     <message>
         <source>Num 4</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 4</translation>
     </message>
     <message>
         <source>Num 5</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 5</translation>
     </message>
     <message>
         <source>Num 6</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 6</translation>
     </message>
     <message>
         <source>Num 7</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 7</translation>
     </message>
     <message>
         <source>F20</source>
-        <translation type="unfinished"></translation>
+        <translation>F20</translation>
     </message>
     <message>
         <source>Num 8</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 8</translation>
     </message>
     <message>
         <source>Num 9</source>
-        <translation type="unfinished"></translation>
+        <translation>Num 9</translation>
     </message>
     <message>
         <source>Num ,</source>
-        <translation type="unfinished"></translation>
+        <translation>Num ,</translation>
     </message>
     <message>
         <source>F5</source>
-        <translation type="unfinished"></translation>
+        <translation>F5</translation>
     </message>
     <message>
         <source>F6</source>
-        <translation type="unfinished"></translation>
+        <translation>F6</translation>
     </message>
     <message>
         <source>F7</source>
-        <translation type="unfinished"></translation>
+        <translation>F7</translation>
     </message>
     <message>
         <source>F3</source>
-        <translation type="unfinished"></translation>
+        <translation>F3</translation>
     </message>
     <message>
         <source>F8</source>
-        <translation type="unfinished"></translation>
+        <translation>F8</translation>
     </message>
     <message>
         <source>F9</source>
-        <translation type="unfinished"></translation>
+        <translation>F9</translation>
     </message>
     <message>
         <source>F11</source>
-        <translation type="unfinished"></translation>
+        <translation>F11</translation>
     </message>
     <message>
         <source>F13</source>
-        <translation type="unfinished"></translation>
+        <translation>F13</translation>
     </message>
     <message>
         <source>F16</source>
-        <translation type="unfinished"></translation>
+        <translation>F16</translation>
     </message>
     <message>
         <source>F14</source>
-        <translation type="unfinished"></translation>
+        <translation>F14</translation>
     </message>
     <message>
         <source>F10</source>
-        <translation type="unfinished"></translation>
+        <translation>F10</translation>
     </message>
     <message>
         <source>Menu</source>
-        <translation type="unfinished"></translation>
+        <translation>Menü</translation>
     </message>
     <message>
         <source>F12</source>
-        <translation type="unfinished"></translation>
+        <translation>F12</translation>
     </message>
     <message>
         <source>F15</source>
-        <translation type="unfinished"></translation>
+        <translation>F15</translation>
     </message>
     <message>
         <source>Insert</source>
-        <translation type="unfinished"></translation>
+        <translation>Einfg</translation>
     </message>
     <message>
         <source>Home</source>
-        <translation type="unfinished"></translation>
+        <translation>Pos1</translation>
     </message>
     <message>
         <source>Page Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild auf</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Entf</translation>
     </message>
     <message>
         <source>F4</source>
-        <translation type="unfinished"></translation>
+        <translation>F4</translation>
     </message>
     <message>
         <source>End</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende</translation>
     </message>
     <message>
         <source>F2</source>
-        <translation type="unfinished"></translation>
+        <translation>F2</translation>
     </message>
     <message>
         <source>Page Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild ab</translation>
     </message>
     <message>
         <source>F1</source>
-        <translation type="unfinished"></translation>
+        <translation>F1</translation>
     </message>
     <message>
         <source>Left</source>
-        <translation type="unfinished"></translation>
+        <translation>Links</translation>
     </message>
     <message>
         <source>Right</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechts</translation>
     </message>
     <message>
         <source>Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Unten</translation>
     </message>
     <message>
         <source>Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Oben</translation>
     </message>
 </context>
 <context>
     <name>ZLKeyedUnarchiver</name>
     <message>
         <source>The property list is not a keyed archive.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Eigenschaftsliste ist kein Archiv mit Schlüsseln.</translation>
     </message>
     <message>
         <source>The archive is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv ist beschädigt.</translation>
     </message>
     <message>
         <source>The objects of the archive overlap.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Objekte des Archivs überlappen sich.</translation>
     </message>
     <message>
         <source>The archive has no root object.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv hat kein Wurzelobjekt.</translation>
     </message>
     <message>
         <source>The archive contains itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv enthält sich selbst.</translation>
     </message>
     <message>
         <source>The archive is nested too deeply.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv ist zu tief verschachtelt.</translation>
     </message>
     <message>
         <source>The archive unfolds into too much.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv entfaltet sich zu zu viel.</translation>
     </message>
     <message>
         <source>A dictionary of the archive has a key that is not text.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Verzeichnis des Archivs hat einen Schlüssel, der kein Text ist.</translation>
     </message>
 </context>
 <context>
     <name>ZLMessageRow</name>
     <message>
         <source>Attention</source>
-        <translation type="unfinished"></translation>
+        <translation>Achtung</translation>
     </message>
 </context>
 <context>
     <name>ZLMoveChaptersDialog</name>
     <message>
         <source>Move Chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel verschieben</translation>
     </message>
     <message>
         <source>Please enter the time in milliseconds (1s = 1000ms)</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte die Zeit in Millisekunden eingeben (1 s = 1000 ms)</translation>
     </message>
     <message>
         <source>Milliseconds</source>
-        <translation type="unfinished"></translation>
+        <translation>Millisekunden</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
     <name>ZLNotificationMessage</name>
     <message>
         <source>Reply</source>
-        <translation type="unfinished"></translation>
+        <translation>Antworten</translation>
     </message>
     <message>
         <source>Show</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigen</translation>
     </message>
 </context>
 <context>
     <name>ZLNullHotKeyBackend</name>
     <message>
         <source>This window system has no system-wide shortcuts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Fenstersystem hat keine systemweiten Tastenkürzel.</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCAcceptPanel</name>
     <message>
         <source>Who May Speak</source>
-        <translation type="unfinished"></translation>
+        <translation>Wer sprechen darf</translation>
     </message>
     <message>
         <source>&amp;This computer only</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nur dieser Computer</translation>
     </message>
     <message>
         <source>&amp;Directly connected networks</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Direkt verbundene Netzwerke</translation>
     </message>
     <message>
         <source>&amp;Only these addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur diese &amp;Adressen</translation>
     </message>
     <message>
         <source>Addresses that may speak</source>
-        <translation type="unfinished"></translation>
+        <translation>Adressen, die sprechen dürfen</translation>
     </message>
     <message>
         <source>The list is empty, so nobody may speak.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste ist leer, also darf niemand sprechen.</translation>
     </message>
     <message>
         <source>Address or network that may speak</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse oder Netzwerk, das sprechen darf</translation>
     </message>
     <message>
         <source>192.168.1.20 or 192.168.1.0/24</source>
-        <translation type="unfinished"></translation>
+        <translation>192.168.1.20 oder 192.168.1.0/24</translation>
     </message>
     <message>
         <source>“%1” is no address. Write an address such as 192.168.1.20, or a network such as 192.168.1.0/24.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist keine Adresse. Richtig ist eine Adresse wie 192.168.1.20 oder ein Netzwerk wie 192.168.1.0/24.</translation>
     </message>
     <message>
         <source>“%1” is in the list already.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ steht schon in der Liste.</translation>
     </message>
 </context>
 <context>
-    <name>ZLOSCAnnouncement</name>
+    <name>ZLOSCCodec</name>
     <message>
-        <source>Zelta on %1</source>
-        <translation type="unfinished"></translation>
+        <source>too many elements in a bundle</source>
+        <translation>zu viele Elemente in einem Bündel</translation>
+    </message>
+    <message>
+        <source>the size is not a multiple of four</source>
+        <translation>die Größe ist kein Vielfaches von vier</translation>
+    </message>
+    <message>
+        <source>bundles are nested too deeply</source>
+        <translation>Bündel sind zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>a bundle ends before its time</source>
+        <translation>ein Bündel endet vor seiner Zeitmarke</translation>
+    </message>
+    <message>
+        <source>the size of a bundle&apos;s element does not fit</source>
+        <translation>die Größe eines Elements passt nicht in das Bündel</translation>
+    </message>
+    <message>
+        <source>no proper address</source>
+        <translation>keine richtige Adresse</translation>
+    </message>
+    <message>
+        <source>no proper type tags</source>
+        <translation>keine richtigen Typkennungen</translation>
+    </message>
+    <message>
+        <source>too many arguments</source>
+        <translation>zu viele Argumente</translation>
+    </message>
+    <message>
+        <source>an array is closed that is not open</source>
+        <translation>ein Feld wird geschlossen, das nicht offen ist</translation>
+    </message>
+    <message>
+        <source>an argument is unknown or incomplete</source>
+        <translation>ein Argument ist unbekannt oder unvollständig</translation>
+    </message>
+    <message>
+        <source>an array is not closed</source>
+        <translation>ein Feld ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>bytes follow the last argument</source>
+        <translation>nach dem letzten Argument folgen Bytes</translation>
+    </message>
+    <message>
+        <source>the message has no proper address or is too large for a datagram</source>
+        <translation>die Nachricht hat keine richtige Adresse oder ist zu groß für ein Datagramm</translation>
+    </message>
+    <message>
+        <source>the datagram is too large</source>
+        <translation>das Datagramm ist zu groß</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCConnections</name>
     <message>
         <source>&amp;OSC Connections…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;OSC-Verbindungen&#xa0;…</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCConnectionsWindow</name>
     <message>
         <source>OSC Connections</source>
-        <translation type="unfinished"></translation>
+        <translation>OSC-Verbindungen</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCEntryEditor</name>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Add: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen: %1</translation>
     </message>
     <message>
         <source>Remove the selected: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Auswahl entfernen: %1</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCInputPanel</name>
     <message>
         <source>Send to This Computer</source>
-        <translation type="unfinished"></translation>
+        <translation>An diesen Computer senden</translation>
     </message>
     <message>
         <source>Address:</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse:</translation>
     </message>
     <message>
         <source>Port:</source>
-        <translation type="unfinished"></translation>
+        <translation>Port:</translation>
     </message>
     <message>
         <source>Wanted port</source>
-        <translation type="unfinished"></translation>
+        <translation>Gewünschter Port</translation>
     </message>
     <message>
         <source>When this port is taken, one of the nine after it is used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ist dieser Port vergeben, wird einer der neun danach benutzt.</translation>
     </message>
     <message>
         <source>Wanted port:</source>
-        <translation type="unfinished"></translation>
+        <translation>Gewünschter Port:</translation>
     </message>
     <message>
         <source>Address: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse: %1</translation>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>keiner</translation>
     </message>
     <message>
         <source>Port: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Port: %1</translation>
     </message>
     <message>
         <source>Port %1 is in use now, not the wanted one.</source>
-        <translation type="unfinished"></translation>
+        <translation>In Gebrauch ist jetzt Port %1, nicht der gewünschte.</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCLog</name>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>Direction</source>
-        <translation type="unfinished"></translation>
+        <translation>Richtung</translation>
     </message>
     <message>
         <source>From or To</source>
-        <translation type="unfinished"></translation>
+        <translation>Von oder an</translation>
     </message>
     <message>
         <source>Address</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>Value</source>
-        <translation type="unfinished"></translation>
+        <translation>Wert</translation>
     </message>
     <message>
         <source>Outcome</source>
-        <translation type="unfinished"></translation>
+        <translation>Ergebnis</translation>
     </message>
     <message>
         <source>in</source>
-        <translation type="unfinished"></translation>
+        <translation>ein</translation>
     </message>
     <message>
         <source>out</source>
-        <translation type="unfinished"></translation>
+        <translation>aus</translation>
     </message>
     <message>
         <source>%1 (%2 times)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2-mal)</translation>
+    </message>
+    <message>
+        <source>dropped: not from this computer</source>
+        <translation>verworfen: nicht von diesem Computer</translation>
+    </message>
+    <message>
+        <source>dropped: not from a directly connected network</source>
+        <translation>verworfen: nicht aus einem direkt verbundenen Netzwerk</translation>
+    </message>
+    <message>
+        <source>dropped: not from one of the accepted addresses</source>
+        <translation>verworfen: von keiner der erlaubten Adressen</translation>
+    </message>
+    <message>
+        <source>dropped: malformed</source>
+        <translation>verworfen: fehlerhaft</translation>
+    </message>
+    <message>
+        <source>dropped older messages: too many at once</source>
+        <translation>ältere Nachrichten verworfen: zu viele auf einmal</translation>
+    </message>
+    <message>
+        <source>ignored: unknown address</source>
+        <translation>übergangen: unbekannte Adresse</translation>
+    </message>
+    <message>
+        <source>ignored: no value</source>
+        <translation>übergangen: kein Wert</translation>
+    </message>
+    <message>
+        <source>ignored: value %1</source>
+        <translation>übergangen: Wert %1</translation>
+    </message>
+    <message>
+        <source>sent</source>
+        <translation>gesendet</translation>
+    </message>
+    <message>
+        <source>not sent: the host is being looked up</source>
+        <translation>nicht gesendet: der Rechner wird gesucht</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>nicht gesendet</translation>
+    </message>
+    <message>
+        <source>not sent: %1</source>
+        <translation>nicht gesendet: %1</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCLogPanel</name>
     <message>
         <source>Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Nachrichten</translation>
     </message>
     <message>
         <source>Only &amp;problems</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur &amp;Probleme</translation>
     </message>
     <message>
         <source>Pa&amp;use</source>
-        <translation type="unfinished"></translation>
+        <translation>Pa&amp;use</translation>
     </message>
     <message>
         <source>Show only messages that changed nothing or did not get through.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur Nachrichten zeigen, die nichts geändert haben oder nicht durchkamen.</translation>
     </message>
     <message>
         <source>Keep the list as it is; what comes meanwhile appears when it goes on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste lassen, wie sie ist; was inzwischen kommt, erscheint danach.</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>Copy the selected messages, or all when none is selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die ausgewählten Nachrichten kopieren, ohne Auswahl alle.</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Leeren</translation>
     </message>
     <message>
         <source>Contin&amp;ue</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Weiter</translation>
     </message>
     <message>
         <source>No message has failed so far.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bisher ist keine Nachricht gescheitert.</translation>
     </message>
     <message>
         <source>Press a button on the control surface: its message and what became of it appear here.
 Nothing appears? Then it does not arrive: compare address and port, and the network.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Taste am Bedienpult drücken: Ihre Nachricht und was aus ihr wurde, erscheinen hier.
+Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleichen.</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCLogView</name>
     <message>
         <source>Direction</source>
-        <translation type="unfinished"></translation>
+        <translation>Richtung</translation>
+    </message>
+</context>
+<context>
+    <name>ZLOSCMessage</name>
+    <message>
+        <source>blob of %1 bytes</source>
+        <translation>Block von %1 Bytes</translation>
+    </message>
+    <message>
+        <source>time tag %1</source>
+        <translation>Zeitmarke %1</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCOutPort</name>
     <message>
         <source>The host or the port is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Rechner oder der Port fehlt.</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCOutputsModel</name>
     <message>
         <source>being looked up …</source>
-        <translation type="unfinished"></translation>
+        <translation>wird gesucht …</translation>
     </message>
     <message>
         <source>not reachable: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht erreichbar: %1</translation>
     </message>
     <message>
         <source>ready</source>
-        <translation type="unfinished"></translation>
+        <translation>bereit</translation>
     </message>
     <message>
         <source>ready, at %1</source>
-        <translation type="unfinished"></translation>
+        <translation>bereit, unter %1</translation>
     </message>
     <message>
         <source>“%1” is no host with a port. Write it as 192.168.1.20:9000 or tablet.local:9000.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist kein Rechner mit Port. Richtig ist 192.168.1.20:9000 oder tablet.local:9000.</translation>
     </message>
     <message>
         <source>“%1” is in the list already.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ steht schon in der Liste.</translation>
     </message>
     <message>
         <source>Host and Port</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechner und Port</translation>
     </message>
     <message>
         <source>Reachability</source>
-        <translation type="unfinished"></translation>
+        <translation>Erreichbarkeit</translation>
     </message>
     <message>
         <source>being answered</source>
-        <translation type="unfinished"></translation>
+        <translation>bekommt Antwort</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCOutputsPanel</name>
     <message>
         <source>Outputs</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgaben</translation>
     </message>
     <message>
         <source>Host and port to send to</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechner und Port, an die gesendet wird</translation>
     </message>
     <message>
         <source>192.168.1.20:9000</source>
-        <translation type="unfinished"></translation>
+        <translation>192.168.1.20:9000</translation>
     </message>
     <message>
         <source>&amp;Answer whoever sends a valid command, for %1 seconds after the last one</source>
-        <translation type="unfinished"></translation>
+        <translation>Wer einen gültigen Befehl &amp;sendet, bekommt danach %1 Sekunden lang Antwort</translation>
     </message>
     <message>
         <source>Messages go to the address and port that the command came from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nachrichten gehen an die Adresse und den Port, von denen der Befehl kam.</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCReceiver</name>
     <message>
         <source>UDP port %1 cannot be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der UDP-Port %1 ist nicht benutzbar.</translation>
     </message>
     <message>
         <source>None of the UDP ports from %1 to %2 can be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keiner der UDP-Ports von %1 bis %2 ist benutzbar.</translation>
     </message>
 </context>
 <context>
     <name>ZLOSCServicesPanel</name>
     <message>
         <source>Found on the Network</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Netzwerk gefunden</translation>
     </message>
     <message>
         <source>Add to &amp;Outputs</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu den Aus&amp;gaben</translation>
     </message>
     <message>
         <source>Services found on the network</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Netzwerk gefundene Dienste</translation>
     </message>
 </context>
 <context>
     <name>ZLPortalHotKeyBackend</name>
     <message>
         <source>The desktop gave this shortcut no keys.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Desktop hat diesem Kürzel keine Tasten gegeben.</translation>
     </message>
     <message>
         <source>The desktop portal has ended.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Portal des Desktops hat sich beendet.</translation>
     </message>
 </context>
 <context>
     <name>ZLPortalShortcutSession</name>
     <message>
         <source>There is no session bus, so the desktop cannot be asked for shortcuts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Sitzungsbus, deshalb kann der Desktop nicht um Kürzel gebeten werden.</translation>
     </message>
     <message>
         <source>There is no desktop portal, so the desktop cannot be asked for shortcuts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt kein Desktop-Portal, deshalb kann der Desktop nicht um Kürzel gebeten werden.</translation>
     </message>
     <message>
         <source>The desktop has withdrawn the shortcuts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Desktop hat die Kürzel zurückgezogen.</translation>
     </message>
     <message>
         <source>This desktop&apos;s portal has no system-wide shortcuts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Portal dieses Desktops hat keine systemweiten Kürzel.</translation>
     </message>
     <message>
         <source>The shortcuts were declined in the desktop&apos;s dialog.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Kürzel wurden im Dialog des Desktops abgelehnt.</translation>
     </message>
     <message>
         <source>The desktop refuses the shortcuts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Desktop lehnt die Kürzel ab.</translation>
     </message>
 </context>
 <context>
     <name>ZLPreferences</name>
     <message>
         <source>In the desktop&apos;s settings it is %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>In den Einstellungen des Desktops ist es %1.</translation>
     </message>
     <message>
         <source>Preferenc&amp;es…</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;instellungen&#xa0;…</translation>
     </message>
 </context>
 <context>
     <name>ZLQuickEditWindowController</name>
     <message>
         <source>Chapter Title</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapiteltitel</translation>
     </message>
     <message>
         <source>Time of the chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit des Kapitels</translation>
     </message>
     <message>
         <source>Chapter title</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapiteltitel</translation>
     </message>
     <message>
         <source>&amp;Close</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;chließen</translation>
     </message>
     <message>
         <source>&amp;Save</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speichern</translation>
     </message>
 </context>
 <context>
     <name>ZLRecordingMenu</name>
     <message>
         <source>&amp;Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Aufnahme</translation>
     </message>
     <message>
         <source>Pause &amp;Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme &amp;pausieren</translation>
     </message>
     <message>
         <source>Start &amp;Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme &amp;starten</translation>
     </message>
     <message>
         <source>&amp;New Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neues Kapitel</translation>
     </message>
     <message>
         <source>&amp;Delete Selected Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgewähltes Kapitel &amp;löschen</translation>
     </message>
     <message>
         <source>Delete &amp;Last Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>L&amp;etztes Kapitel löschen</translation>
     </message>
     <message>
         <source>Select &amp;Previous Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Voriges Kapitel auswählen</translation>
     </message>
     <message>
         <source>&amp;Select Next Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Nä&amp;chstes Kapitel auswählen</translation>
     </message>
     <message>
         <source>New &amp;Blank Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues leeres &amp;Kapitel</translation>
     </message>
     <message>
         <source>&amp;Move Chapters…</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel verschie&amp;ben&#xa0;…</translation>
     </message>
     <message>
         <source>Edit &amp;Title</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Titel bearbeiten</translation>
     </message>
     <message>
         <source>Edit Lin&amp;k</source>
-        <translation type="unfinished"></translation>
+        <translation>L&amp;ink bearbeiten</translation>
     </message>
 </context>
 <context>
     <name>ZLRemoteActions</name>
     <message>
         <source>Start or Pause Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme starten oder pausieren</translation>
     </message>
     <message>
         <source>start, pause or resume the clock</source>
-        <translation type="unfinished"></translation>
+        <translation>startet die Uhr, hält sie an oder lässt sie weiterlaufen</translation>
     </message>
     <message>
         <source>the clock starts when the start sound ends</source>
-        <translation type="unfinished"></translation>
+        <translation>die Uhr startet, wenn der Startton endet</translation>
     </message>
     <message>
         <source>New Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Kapitel</translation>
     </message>
     <message>
         <source>add a chapter at the clock&apos;s reading</source>
-        <translation type="unfinished"></translation>
+        <translation>setzt ein Kapitel beim Stand der Uhr</translation>
     </message>
     <message>
         <source>the clock is not running</source>
-        <translation type="unfinished"></translation>
+        <translation>die Uhr läuft nicht</translation>
     </message>
     <message>
         <source>Delete Selected Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgewähltes Kapitel löschen</translation>
     </message>
     <message>
         <source>remove the selected chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>entfernt das ausgewählte Kapitel</translation>
     </message>
     <message>
         <source>no chapter is selected</source>
-        <translation type="unfinished"></translation>
+        <translation>kein Kapitel ist ausgewählt</translation>
     </message>
     <message>
         <source>Delete Last Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Letztes Kapitel löschen</translation>
     </message>
     <message>
         <source>remove the latest chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>entfernt das letzte Kapitel</translation>
     </message>
     <message>
         <source>there are no chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>es gibt keine Kapitel</translation>
     </message>
     <message>
         <source>Select Previous Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriges Kapitel auswählen</translation>
     </message>
     <message>
         <source>select the chapter before</source>
-        <translation type="unfinished"></translation>
+        <translation>wählt das Kapitel davor aus</translation>
     </message>
     <message>
         <source>there is no chapter before</source>
-        <translation type="unfinished"></translation>
+        <translation>davor ist kein Kapitel</translation>
     </message>
     <message>
         <source>Select Next Chapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächstes Kapitel auswählen</translation>
     </message>
     <message>
         <source>select the chapter after</source>
-        <translation type="unfinished"></translation>
+        <translation>wählt das Kapitel danach aus</translation>
     </message>
     <message>
         <source>there is no chapter after</source>
-        <translation type="unfinished"></translation>
+        <translation>danach ist kein Kapitel</translation>
+    </message>
+</context>
+<context>
+    <name>ZLRemoteOutcome</name>
+    <message>
+        <source>did nothing: no document is open</source>
+        <translation>nichts getan: kein Dokument ist offen</translation>
+    </message>
+    <message>
+        <source>paused the recording</source>
+        <translation>Aufnahme pausiert</translation>
+    </message>
+    <message>
+        <source>started the recording</source>
+        <translation>Aufnahme gestartet</translation>
+    </message>
+    <message>
+        <source>played the start sound</source>
+        <translation>Startton abgespielt</translation>
+    </message>
+    <message>
+        <source>added a chapter</source>
+        <translation>Kapitel gesetzt</translation>
+    </message>
+    <message>
+        <source>removed a chapter</source>
+        <translation>Kapitel entfernt</translation>
+    </message>
+    <message>
+        <source>selected chapter %1</source>
+        <translation>Kapitel %1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>did nothing: %1</source>
+        <translation>nichts getan: %1</translation>
     </message>
 </context>
 <context>
     <name>ZLRemoteStatusDisplay</name>
     <message>
         <source>OSC %1</source>
-        <translation type="unfinished"></translation>
+        <translation>OSC %1</translation>
     </message>
     <message>
         <source>Open Sound Control messages are received on UDP port %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Open-Sound-Control-Nachrichten werden am UDP-Port %1 empfangen.</translation>
     </message>
     <message>
         <source>OSC off</source>
-        <translation type="unfinished"></translation>
+        <translation>OSC aus</translation>
     </message>
     <message>
         <source>hotkeys off</source>
-        <translation type="unfinished"></translation>
+        <translation>Kürzel aus</translation>
     </message>
     <message>
         <source>Shortcuts work while Zelta is in front.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kürzel wirken, solange Zelta vorn ist.</translation>
     </message>
     <message>
         <source>hotkeys refused</source>
-        <translation type="unfinished"></translation>
+        <translation>Kürzel abgelehnt</translation>
     </message>
     <message>
         <source>hotkeys on</source>
-        <translation type="unfinished"></translation>
+        <translation>Kürzel an</translation>
     </message>
     <message>
         <source>Recorded shortcuts work in the whole system.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgezeichnete Kürzel wirken im ganzen System.</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZLRevertMenu</name>
+    <message>
+        <source>Revert &amp;To</source>
+        <translation>Zu&amp;rück zu</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>Today %1</source>
+        <translation>Heute %1</translation>
+    </message>
+    <message>
+        <source>Yesterday %1</source>
+        <translation>Gestern %1</translation>
+    </message>
+    <message>
+        <source>1 chapter</source>
+        <translation>1 Kapitel</translation>
+    </message>
+    <message>
+        <source>%1 chapters</source>
+        <translation>%1 Kapitel</translation>
+    </message>
+    <message>
+        <source>No Earlier States Yet</source>
+        <translation>Noch keine früheren Stände</translation>
+    </message>
+    <message>
+        <source>Bring back the chapters, the templates and the recorded time of %1. You can undo it.</source>
+        <translation>Die Kapitel, Vorlagen und die aufgenommene Zeit von %1 zurückholen. Das lässt sich rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
     <name>ZLSavePanel</name>
     <message>
         <source>Saved. Changes from here on are saved by themselves.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert. Änderungen speichern sich ab jetzt von selbst.</translation>
     </message>
     <message>
         <source>Save Chapters As</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel speichern unter</translation>
     </message>
     <message>
         <source>Chapter documents (*.%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapiteldokumente (*.%1)</translation>
     </message>
     <message>
         <source>Saved as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert als %1.</translation>
     </message>
     <message>
         <source>The document could not be saved. %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Dokument ließ sich nicht speichern. %1</translation>
     </message>
     <message>
         <source>Save As…</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter&#xa0;…</translation>
     </message>
     <message>
         <source>Dismiss</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
     <name>ZLSavingDisplay</name>
     <message>
         <source>Another program changed “%1”. %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Programm hat „%1“ geändert. %2</translation>
     </message>
     <message>
         <source>Keep Mine</source>
-        <translation type="unfinished"></translation>
+        <translation>Meines behalten</translation>
     </message>
     <message>
         <source>Take Theirs</source>
-        <translation type="unfinished"></translation>
+        <translation>Das andere übernehmen</translation>
     </message>
     <message>
         <source>Keep Both</source>
-        <translation type="unfinished"></translation>
+        <translation>Beide behalten</translation>
     </message>
     <message>
         <source>“%1” is also open elsewhere (%2). What is changed there is never overwritten without asking.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist auch anderswo offen (%2). Was dort geändert wird, wird nie ohne Nachfrage überschrieben.</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Save As…</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter&#xa0;…</translation>
     </message>
     <message>
         <source>The recording was interrupted on %1 at %2. The clock stands until you decide.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Aufnahme wurde am %1 bei %2 unterbrochen. Die Uhr steht, bis die Entscheidung fällt.</translation>
     </message>
     <message>
         <source>Continue the running clock</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Uhr weiterlaufen lassen</translation>
     </message>
     <message>
         <source>Keep it paused at the last reading</source>
-        <translation type="unfinished"></translation>
+        <translation>Beim letzten Stand pausiert lassen</translation>
     </message>
     <message>
         <source>The document is not saved: %1 Zelta keeps trying.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Dokument ist nicht gespeichert: %1 Zelta versucht es weiter.</translation>
     </message>
     <message>
         <source>Try Now</source>
-        <translation type="unfinished"></translation>
+        <translation>Jetzt versuchen</translation>
     </message>
     <message>
         <source>Saving…</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichert&#xa0;…</translation>
     </message>
     <message>
         <source>Not saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht gespeichert</translation>
     </message>
     <message>
         <source>Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert</translation>
     </message>
     <message>
         <source>Kept, no file yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufbewahrt, ohne Datei</translation>
     </message>
     <message>
         <source>Nothing to save yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch nichts zu speichern</translation>
     </message>
     <message>
         <source>This document has no file yet. It is kept aside and is back at the next start. Click to save it to a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Dokument hat noch keine Datei. Es wird aufbewahrt und ist beim nächsten Start wieder da. Ein Klick speichert es in eine Datei.</translation>
     </message>
     <message>
         <source>Every change is written to %1. Click to save under another name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Jede Änderung wird in %1 geschrieben. Ein Klick speichert unter anderem Namen.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLSendCommand</name>
+    <message>
+        <source>sent to port %1 of this computer</source>
+        <translation>an Port %1 dieses Computers gesendet</translation>
     </message>
 </context>
 <context>
     <name>ZLShortcutField</name>
     <message>
         <source>This key cannot be part of a shortcut.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Taste kann nicht Teil eines Kürzels sein.</translation>
     </message>
     <message>
         <source>Hold Ctrl, Alt or Super with it, or take a function key.</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg, Alt oder Super dazu halten oder eine Funktionstaste nehmen.</translation>
     </message>
     <message>
         <source>Unknown key</source>
-        <translation type="unfinished"></translation>
+        <translation>Unbekannte Taste</translation>
     </message>
     <message>
         <source>Press the keys…</source>
-        <translation type="unfinished"></translation>
+        <translation>Tasten drücken&#xa0;…</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keines</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
     <name>ZLShortcutPrefsViewController</name>
     <message>
         <source>&amp;Start or Pause Recording:</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufnahme &amp;starten oder pausieren:</translation>
     </message>
     <message>
         <source>&amp;New Chapter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neues Kapitel:</translation>
     </message>
     <message>
         <source>&amp;Delete Selected Chapter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ausgewähltes Kapitel löschen:</translation>
     </message>
     <message>
         <source>Delete &amp;Last Chapter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Letztes Kapitel löschen:</translation>
     </message>
     <message>
         <source>Select &amp;Previous Chapter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Voriges Kapitel auswählen:</translation>
     </message>
     <message>
         <source>Select Ne&amp;xt Chapter:</source>
-        <translation type="unfinished"></translation>
+        <translation>Nä&amp;chstes Kapitel auswählen:</translation>
     </message>
     <message>
         <source>&amp;Work in the whole system, also while another program is in front</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Im ganzen System wirken, auch wenn ein anderes Programm vorn ist</translation>
     </message>
     <message>
         <source>Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Tastenkürzel</translation>
     </message>
     <message>
         <source>“%1” has the same keys.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ hat dieselben Tasten.</translation>
     </message>
 </context>
 <context>
     <name>ZLShortcutRecorder</name>
     <message>
         <source>Clear the shortcut</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Kürzel löschen</translation>
     </message>
     <message>
         <source>Clear %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 löschen</translation>
+    </message>
+</context>
+<context>
+    <name>ZLSleepDisplay</name>
+    <message>
+        <source>Add That Time</source>
+        <translation>Zeit hinzurechnen</translation>
+    </message>
+    <message>
+        <source>Leave It</source>
+        <translation>Weglassen</translation>
+    </message>
+</context>
+<context>
+    <name>ZLSleepText</name>
+    <message>
+        <source>The computer slept for %1 from %2. The clock stood still.</source>
+        <translation>Der Computer hat ab %2 für %1 geschlafen. Die Uhr stand still.</translation>
+    </message>
+    <message>
+        <source>The computer slept %1 times, for %2 altogether, first from %3. The clock stood still.</source>
+        <translation>Der Computer hat %1-mal geschlafen, zusammen %2, zuerst ab %3. Die Uhr stand still.</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
     </message>
 </context>
 <context>
     <name>ZLStatusLine</name>
     <message>
         <source>untitled</source>
-        <translation type="unfinished"></translation>
+        <translation>ohne Titel</translation>
     </message>
     <message>
         <source>No templates</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Vorlagen</translation>
     </message>
     <message>
         <source>Next: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächstes: %1</translation>
     </message>
     <message>
         <source>The next chapter takes this title. Click to show the templates.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das nächste Kapitel bekommt diesen Titel. Ein Klick zeigt die Vorlagen.</translation>
     </message>
     <message>
         <source>Click to prepare chapters before the recording.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Klick, um Kapitel vor der Aufnahme vorzubereiten.</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
     </message>
 </context>
 <context>
     <name>ZLTemplatesDrawer</name>
     <message>
         <source>Templates</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorlagen</translation>
     </message>
     <message>
         <source>Add a template below the selected one</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Vorlage unter der ausgewählten hinzufügen</translation>
     </message>
     <message>
         <source>Add Template</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorlage hinzufügen</translation>
     </message>
     <message>
         <source>+</source>
-        <translation type="unfinished"></translation>
+        <translation>+</translation>
     </message>
     <message>
         <source>Remove the selected template</source>
-        <translation type="unfinished"></translation>
+        <translation>Die ausgewählte Vorlage entfernen</translation>
     </message>
     <message>
         <source>Remove Template</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorlage entfernen</translation>
     </message>
     <message>
         <source>−</source>
-        <translation type="unfinished"></translation>
+        <translation>−</translation>
     </message>
     <message>
         <source>Import templates from an outline: lines that start with &quot;- &quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorlagen aus einer Gliederung importieren: Zeilen, die mit &quot;- &quot; beginnen</translation>
     </message>
     <message>
         <source>Import Templates</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorlagen importieren</translation>
     </message>
     <message>
         <source>Import</source>
-        <translation type="unfinished"></translation>
+        <translation>Importieren</translation>
     </message>
     <message>
         <source>Move Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach oben</translation>
     </message>
     <message>
         <source>Move Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach unten</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Prepare topics here, or import an outline from the clipboard.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hier Themen vorbereiten oder eine Gliederung aus der Zwischenablage importieren.</translation>
     </message>
     <message>
         <source>Import from Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus der Zwischenablage importieren</translation>
     </message>
 </context>
 <context>
     <name>ZLTemplatesTableModel</name>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>Titel</translation>
     </message>
     <message>
         <source>Link</source>
-        <translation type="unfinished"></translation>
+        <translation>Link</translation>
     </message>
 </context>
 <context>
     <name>ZLViewMenu</name>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;nsicht</translation>
     </message>
     <message>
         <source>Show Absolute Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Absolute Zeit zeigen</translation>
     </message>
     <message>
         <source>&amp;Templates</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vorlagen</translation>
     </message>
     <message>
         <source>Go to &amp;Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu den &amp;Meldungen</translation>
     </message>
     <message>
         <source>Show Relative Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Relative Zeit zeigen</translation>
     </message>
 </context>
 <context>
     <name>ZLWindowCloser</name>
     <message>
         <source>“%1” has no file yet. Save it before closing?</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ hat noch keine Datei. Vor dem Schließen speichern?</translation>
     </message>
     <message>
         <source>Save As…</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter&#xa0;…</translation>
     </message>
     <message>
         <source>Discard</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwerfen</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>The document cannot be saved: %1 Close it all the same?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Dokument lässt sich nicht speichern: %1 Trotzdem schließen?</translation>
     </message>
     <message>
         <source>Close Without Saving</source>
-        <translation type="unfinished"></translation>
+        <translation>Ohne Speichern schließen</translation>
     </message>
 </context>
 <context>
     <name>ZLWindowMenu</name>
     <message>
         <source>&amp;Window</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fenster</translation>
     </message>
     <message>
         <source>Mi&amp;nimize</source>
-        <translation type="unfinished"></translation>
+        <translation>Mi&amp;nimieren</translation>
     </message>
     <message>
         <source>Ne&amp;xt Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Nä&amp;chstes Fenster</translation>
     </message>
     <message>
         <source>&amp;Previous Window</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Voriges Fenster</translation>
     </message>
     <message>
         <source>%1 (recording)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Aufnahme)</translation>
     </message>
 </context>
 <context>
     <name>ZLXcbHotKeyBackend</name>
     <message>
         <source>There is no connection to an X server.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keine Verbindung zu einem X-Server.</translation>
     </message>
     <message>
         <source>This keyboard has no such key.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Tastatur hat keine solche Taste.</translation>
     </message>
 </context>
 <context>
     <name>ZLXcbKeyGrab</name>
     <message>
         <source>Another program holds these keys.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Programm hält diese Tasten.</translation>
     </message>
     <message>
         <source>The X server refuses these keys (error %1).</source>
-        <translation type="unfinished"></translation>
+        <translation>Der X-Server lehnt diese Tasten ab (Fehler %1).</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>zelta: there is neither an X nor a Wayland display, so the recorder runs without a window.
+</source>
+        <translation>zelta: Weder ein X- noch ein Wayland-Display ist da, deshalb läuft der Rekorder ohne Fenster.
+</translation>
     </message>
 </context>
 </TS>

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
+#include <QThreadPool>
 
 #include <algorithm>
 #include <utility>
@@ -43,9 +44,22 @@ ZLDocumentController::ZLDocumentController(ZLDocumentControllerSetup setup, QObj
     , m_openDocuments(setup.stateFolder, std::move(setup.sessionExecutor))
     , m_recentDocuments(setup.stateFolder)
 {
+    tidyHistories();
 }
 
 ZLDocumentController::~ZLDocumentController() = default;
+
+void ZLDocumentController::tidyHistories() const
+{
+    const auto tidy = [folder = m_recoveryFolder, now = m_environment.wallClock()] {
+        ZLDocumentHistory::removeForgotten(folder, now);
+    };
+    // It looks for documents wherever they lie, and a share that does not answer must not keep the program waiting.
+    if (m_machinery.executor)
+        m_machinery.executor(tidy);
+    else
+        QThreadPool::globalInstance()->start(tidy);
+}
 
 QList<ZLChapterDocument*> ZLDocumentController::documents() const
 {

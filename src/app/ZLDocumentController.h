@@ -88,6 +88,7 @@ private:
         std::unique_ptr<ZLDocumentSaver> saver;
     };
 
+    void tidyHistories() const;
     [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
     [[nodiscard]] static ZLResult<QByteArray> readFile(const QString& path);
     [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> makeDocumentFrom(

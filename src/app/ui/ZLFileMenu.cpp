@@ -1,6 +1,7 @@
 #include "app/ui/ZLFileMenu.h"
 
 #include "app/ui/ZLExportMenu.h"
+#include "app/ui/ZLRevertMenu.h"
 #include "app/ui/ZLSavePanel.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
@@ -56,6 +57,8 @@ void ZLFileMenu::addSavingActions()
         &QAction::triggered, &m_savePanel, [this] { m_savePanel.saveAs(); });
     m_revertAction = ZLActionHelp::addAction(*m_menu, u"revert"_s, tr("Re&vert to Last Saved"), {});
     connect(m_revertAction, &QAction::triggered, this, &ZLFileMenu::revert);
+    m_revertMenu = new ZLRevertMenu(m_controller, m_window, m_menu);
+    m_menu->addMenu(m_revertMenu);
 }
 
 void ZLFileMenu::addClosingActions()
@@ -107,4 +110,5 @@ void ZLFileMenu::revert()
 void ZLFileMenu::validate()
 {
     m_revertAction->setEnabled(!m_window.document().isRecording());
+    m_revertMenu->menuAction()->setEnabled(!m_window.document().isRecording());
 }

@@ -8,6 +8,7 @@ class QAction;
 class QMenu;
 class ZLChapterDocumentWindow;
 class ZLExportMenu;
+class ZLRevertMenu;
 class ZLSavePanel;
 
 /// The File menu of a window. It acts on the window's own document; what concerns all windows it asks for by signal.
@@ -39,4 +40,5 @@ private:
     QMenu* m_menu;
     QMenu* m_recentMenu = nullptr;
     QAction* m_revertAction = nullptr;
+    ZLRevertMenu* m_revertMenu = nullptr;
 };

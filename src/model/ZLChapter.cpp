@@ -49,12 +49,50 @@ void ZLChapter::setTimeStamp(double seconds)
     m_timeStamp = seconds;
     if (m_membershipCount > 0)
         ZLChapterManager::noteTimeChangeInList();
+    noteChange();
+}
+
+void ZLChapter::setEnabled(bool enabled)
+{
+    m_enabled = enabled;
+    noteChange();
+}
+
+void ZLChapter::setTitle(const QString& title)
+{
+    m_title = title;
+    noteChange();
+}
+
+void ZLChapter::setLink(const QString& link)
+{
+    m_link = link;
+    noteChange();
+}
+
+void ZLChapter::setTags(const QString& tags)
+{
+    m_tags = tags;
+    noteChange();
+}
+
+void ZLChapter::setRealDate(const QDateTime& date)
+{
+    m_realDate = date;
+    noteChange();
+}
+
+void ZLChapter::setUuid(const QString& uuid)
+{
+    m_uuid = uuid;
+    noteChange();
 }
 
 QString ZLChapter::timeString() const
 {
     const bool isNegative = m_timeStamp < 0.0;
-    const auto parts = ZLTimeParts::ofMilliseconds(ZLTimeText::truncated(m_timeStamp * (isNegative ? -1000.0 : 1000.0)));
+    const auto parts =
+        ZLTimeParts::ofMilliseconds(ZLTimeText::truncated(m_timeStamp * (isNegative ? -1000.0 : 1000.0)));
     return u"%1%2:%3:%4.%5"_s.arg(isNegative ? u"-"_s : QString(), ZLTimeText::padded(parts.hours, 2),
         ZLTimeText::padded(parts.minutes, 2), ZLTimeText::padded(parts.seconds, 2),
         ZLTimeText::padded(parts.milliseconds, 3));
@@ -79,4 +117,10 @@ QDateTime ZLChapter::distantPast()
 {
     static const QDateTime moment(QDate(1, 1, 1), QTime(0, 0), QTimeZone::utc());
     return moment;
+}
+
+void ZLChapter::noteChange() const
+{
+    if (m_membershipCount > 0)
+        ZLChapterManager::noteChangeInList();
 }

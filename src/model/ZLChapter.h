@@ -44,22 +44,22 @@ public:
 
     /// Whether the chapter takes part in exports.
     [[nodiscard]] bool isEnabled() const { return m_enabled; }
-    void setEnabled(bool enabled) { m_enabled = enabled; }
+    void setEnabled(bool enabled);
 
     /// Texts may be null (absent) or empty, which is told apart when the chapter is stored.
     [[nodiscard]] const QString& title() const { return m_title; }
-    void setTitle(const QString& title) { m_title = title; }
+    void setTitle(const QString& title);
     [[nodiscard]] const QString& link() const { return m_link; }
-    void setLink(const QString& link) { m_link = link; }
+    void setLink(const QString& link);
     [[nodiscard]] const QString& tags() const { return m_tags; }
-    void setTags(const QString& tags) { m_tags = tags; }
+    void setTags(const QString& tags);
 
     /// Wall-clock moment at which the chapter was set: distantPast() when it is not known, null when absent.
     [[nodiscard]] const QDateTime& realDate() const { return m_realDate; }
-    void setRealDate(const QDateTime& date) { m_realDate = date; }
+    void setRealDate(const QDateTime& date);
 
     [[nodiscard]] const QString& uuid() const { return m_uuid; }
-    void setUuid(const QString& uuid) { m_uuid = uuid; }
+    void setUuid(const QString& uuid);
 
     /// "01:02:05.500": truncated to milliseconds, with a leading "-" before the recording's start.
     [[nodiscard]] QString timeString() const;
@@ -78,6 +78,8 @@ public:
 private:
     friend class ZLChapterManager;
 
+    void noteChange() const;
+
     double m_timeStamp = 0.0;
     bool m_enabled = true;
     QString m_title = QStringLiteral("");
@@ -86,6 +88,6 @@ private:
     QDateTime m_realDate = distantPast();
     QString m_uuid = generateUUID();
 
-    /// In how many lists this chapter stands; a time that changes outside of all lists breaks no order.
+    /// In how many lists this chapter stands; a change outside of all lists concerns none of them.
     int m_membershipCount = 0;
 };

@@ -14,6 +14,8 @@ constexpr qsizetype InitialCapacity = 50;
 
 /// How many times a chapter that stands in a list has changed its time, in this process.
 quint64 timeChangesInLists = 0;
+/// The same for any change.
+quint64 anyChangesInLists = 0;
 
 /// Earlier first. A time that is not a number comes after all others, so that the order is a strict weak one.
 bool comesBefore(double left, double right)
@@ -180,6 +182,16 @@ void ZLChapterManager::setWantsSortedChapters(bool wanted)
 void ZLChapterManager::noteTimeChangeInList()
 {
     ++timeChangesInLists;
+}
+
+void ZLChapterManager::noteChangeInList()
+{
+    ++anyChangesInLists;
+}
+
+quint64 ZLChapterManager::changesInLists()
+{
+    return anyChangesInLists;
 }
 
 void ZLChapterManager::insertInOrder(const ZLChapterPointer& chapter, qsizetype wantedIndex)

@@ -59,6 +59,10 @@ public:
     /// Replaces the sequence without sorting it and without chaptersDidChange().
     void setChapters(const ZLChapterSequence& chapters);
 
+    /// Grows whenever a chapter that stands in any list of this process becomes different. While it stays, a list
+    /// differs from its former state only by what the signals about its rows said.
+    [[nodiscard]] static quint64 changesInLists();
+
     [[nodiscard]] bool wantsSortedChapters() const { return m_wantsSortedChapters; }
     void setWantsSortedChapters(bool wanted);
 
@@ -81,6 +85,8 @@ private:
     friend class ZLChapter;
     /// Called by a chapter that stands in some list when its time changes.
     static void noteTimeChangeInList();
+    /// The same for any change.
+    static void noteChangeInList();
 
     void insertInOrder(const ZLChapterPointer& chapter, qsizetype wantedIndex);
     void takeChapterAt(qsizetype index);

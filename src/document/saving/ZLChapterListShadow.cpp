@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace {
 
@@ -11,6 +12,15 @@ bool isSameText(const QString& left, const QString& right)
     return left.isNull() == right.isNull() && (left.constData() == right.constData() || left == right);
 }
 
+}
+
+ZLChapterListShadow::ZLChapterListShadow(const ZLChapterManager& chapters)
+    : m_manager(chapters)
+{
+    connect(&chapters, &ZLChapterManager::didInsertChapterAtIndex, this, &ZLChapterListShadow::noteInsertion);
+    connect(&chapters, &ZLChapterManager::didRemoveChapterAtIndex, this, &ZLChapterListShadow::noteRemoval);
+    connect(&chapters, &ZLChapterManager::didReorderChapters, this, &ZLChapterListShadow::doubtEverything);
+    connect(&chapters, &ZLChapterManager::didReplaceChapters, this, &ZLChapterListShadow::doubtEverything);
 }
 
 ZLChapterListShadow::Entry ZLChapterListShadow::Entry::of(const ZLChapter& chapter)
@@ -27,16 +37,20 @@ bool ZLChapterListShadow::Entry::matches(const ZLChapter& chapter) const
         && isSameText(tags, chapter.tags()) && isSameText(uuid, chapter.uuid()) && realDate == chapter.realDate();
 }
 
-std::optional<ZLJournalSplice> ZLChapterListShadow::differenceTo(const ZLChapterSequence& chapters)
+std::optional<ZLJournalSplice> ZLChapterListShadow::takeDifference()
 {
+    if (m_changesSeen != ZLChapterManager::changesInLists())
+        doubtEverything();
+    const ZLChapterSequence& chapters = m_manager.chapters();
     const qsizetype shorter = std::min(m_entries.size(), chapters.size());
-    qsizetype first = 0;
+    qsizetype first = std::min(std::exchange(m_sameAtFront, chapters.size()), shorter);
     while (first < shorter && m_entries.at(first).matches(*chapters.at(first)))
         ++first;
-    qsizetype last = 0;
+    qsizetype last = std::min(std::exchange(m_sameAtBack, chapters.size()), shorter - first);
     while (last < shorter - first
         && m_entries.at(m_entries.size() - 1 - last).matches(*chapters.at(chapters.size() - 1 - last)))
         ++last;
+    m_changesSeen = ZLChapterManager::changesInLists();
     ZLJournalSplice splice { .first = first, .removedCount = m_entries.size() - first - last };
     const qsizetype insertedCount = chapters.size() - first - last;
     if (splice.removedCount == 0 && insertedCount == 0)
@@ -48,4 +62,22 @@ std::optional<ZLJournalSplice> ZLChapterListShadow::differenceTo(const ZLChapter
         splice.inserted.append(chapters.at(index)->dictionaryRepresentation());
     }
     return splice;
+}
+
+void ZLChapterListShadow::noteInsertion(qsizetype index)
+{
+    m_sameAtFront = std::min(m_sameAtFront, index);
+    m_sameAtBack = std::min(m_sameAtBack, m_manager.count() - 1 - index);
+}
+
+void ZLChapterListShadow::noteRemoval(qsizetype index)
+{
+    m_sameAtFront = std::min(m_sameAtFront, index);
+    m_sameAtBack = std::min(m_sameAtBack, m_manager.count() - index);
+}
+
+void ZLChapterListShadow::doubtEverything()
+{
+    m_sameAtFront = 0;
+    m_sameAtBack = 0;
 }

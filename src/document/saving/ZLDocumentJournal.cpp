@@ -5,6 +5,8 @@
 ZLDocumentJournal::ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk disk)
     : m_document(document)
     , m_disk(std::move(disk))
+    , m_chapters(document.chapterManager())
+    , m_templates(document.templateViewController().chapterManager())
 {
     m_tickTimer.setInterval(TickInterval);
     connect(&m_tickTimer, &QTimer::timeout, this, &ZLDocumentJournal::noteReading);
@@ -38,8 +40,8 @@ void ZLDocumentJournal::note()
 {
     if (!m_file)
         return;
-    auto chapters = m_chapters.differenceTo(m_document.chapterManager().chapters());
-    auto templates = m_templates.differenceTo(m_document.templateViewController().chapterManager().chapters());
+    auto chapters = m_chapters.takeDifference();
+    auto templates = m_templates.takeDifference();
     const ClockState clock = clockState();
     if (std::exchange(m_clock, clock) == clock && !chapters && !templates)
         return;
@@ -77,8 +79,8 @@ void ZLDocumentJournal::noteReading()
 
 void ZLDocumentJournal::rememberDocument()
 {
-    (void)m_chapters.differenceTo(m_document.chapterManager().chapters());
-    (void)m_templates.differenceTo(m_document.templateViewController().chapterManager().chapters());
+    (void)m_chapters.takeDifference();
+    (void)m_templates.takeDifference();
     m_clock = clockState();
 }
 

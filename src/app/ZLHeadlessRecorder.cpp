@@ -1,6 +1,7 @@
 #include "app/ZLHeadlessRecorder.h"
 
 #include "app/ZLActionRouting.h"
+#include "app/ZLChapterChanges.h"
 #include "platform/ZLLineReader.h"
 #include "platform/ZLSignalWatcher.h"
 #include "remote/ZLOSCController.h"
@@ -96,6 +97,7 @@ ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadles
     }
     m_document = m_controller.currentOrLastDocument();
     m_reported = takeSnapshot();
+    m_chapterChanges = std::make_unique<ZLChapterChanges>(m_document->chapterManager());
     watchDocuments();
     printStatus({});
     print(tr("Commands come from standard input, one a line; \"help\" lists them."));
@@ -176,30 +178,21 @@ void ZLHeadlessRecorder::report()
     const Snapshot now = takeSnapshot();
     if (now.isRecording != m_reported.isRecording)
         print((now.isRecording ? tr("recording from %1") : tr("paused at %1")).arg(m_document->clockText()));
-    if (now.chapters != m_reported.chapters)
-        reportChapters(now);
+    if (!m_chapterChanges->isEmpty())
+        reportChapters();
     else if (now.selectedChapter && now.selectedChapter != m_reported.selectedChapter)
-        print(tr("selected %1").arg(describeChapter(now.chapters.indexOf(now.selectedChapter), *now.selectedChapter)));
+        print(tr("selected %1").arg(describeChapter(m_document->selectedRow(), *now.selectedChapter)));
     m_reported = now;
 }
 
-void ZLHeadlessRecorder::reportChapters(const Snapshot& now)
+void ZLHeadlessRecorder::reportChapters()
 {
-    // A list of thousands changes in a row or two, so only what stands between its equal ends is looked at.
-    const auto& old = m_reported.chapters;
-    const auto [oldBegin, newBegin] = std::mismatch(old.begin(), old.end(), now.chapters.begin(), now.chapters.end());
-    const auto [oldEnd, newEnd] = std::mismatch(old.rbegin(), std::make_reverse_iterator(oldBegin),
-        now.chapters.rbegin(), std::make_reverse_iterator(newBegin));
-    const QSet<ZLChapterPointer> before(oldBegin, oldEnd.base());
-    const QSet<ZLChapterPointer> after(newBegin, newEnd.base());
-    for (auto chapter = oldBegin; chapter != oldEnd.base(); ++chapter) {
-        if (!after.contains(*chapter))
-            print(tr("removed %1").arg(describeChapter(chapter - old.begin(), **chapter)));
-    }
-    for (auto chapter = newBegin; chapter != newEnd.base(); ++chapter) {
-        if (!before.contains(*chapter))
-            print(describeChapter(chapter - now.chapters.begin(), **chapter));
-    }
+    const auto removed = m_chapterChanges->takeRemoved();
+    for (const auto& [index, chapter] : removed)
+        print(tr("removed %1").arg(describeChapter(index, *chapter)));
+    const auto added = m_chapterChanges->takeAdded();
+    for (const auto& [index, chapter] : added)
+        print(describeChapter(index, *chapter));
 }
 
 void ZLHeadlessRecorder::reportSaving(const ZLDocumentSaver& saver)
@@ -238,8 +231,7 @@ ZLHeadlessRecorder::Snapshot ZLHeadlessRecorder::takeSnapshot() const
     ZLChapterManager& manager = m_document->chapterManager();
     return {
         .isRecording = m_document->isRecording(),
-        .chapters = manager.allChapters(),
-        .selectedChapter = manager.chapterAtIndex(m_document->selectedRow()),
+        .selectedChapter = m_document->chapterManager().chapterAtIndex(m_document->selectedRow()),
     };
 }
 
@@ -337,7 +329,7 @@ void ZLHeadlessRecorder::printStatus(const QString&)
             ? tr("document: %1 (has no file yet, back at the next start)").arg(m_document->displayName())
             : tr("document: %1").arg(saver->path()));
     print((now.isRecording ? tr("clock: recording, %1") : tr("clock: paused, %1")).arg(m_document->clockText()));
-    print(tr("chapters: %1").arg(now.chapters.size()));
+    print(tr("chapters: %1").arg(m_document->chapterManager().count()));
     if (now.selectedChapter)
         print(tr("selected: %1").arg(describeChapter(m_document->selectedRow(), *now.selectedChapter)));
     print(tr("file: %1").arg(describeSaving(*saver)));

@@ -6,9 +6,11 @@
 #include <QObject>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
+class ZLChapterChanges;
 class ZLLineReader;
 class ZLOSCController;
 class ZLSignalWatcher;
@@ -65,7 +67,6 @@ private:
     /// What was told last, to see what has changed since.
     struct Snapshot {
         bool isRecording = false;
-        ZLChapterSequence chapters;
         ZLChapterPointer selectedChapter;
     };
 
@@ -91,7 +92,7 @@ private:
     void scheduleReport();
     /// Prints what has changed since the last report.
     void report();
-    void reportChapters(const Snapshot& now);
+    void reportChapters();
     void reportSaving(const ZLDocumentSaver& saver);
     void print(const QString& line);
     [[nodiscard]] Snapshot takeSnapshot() const;
@@ -103,6 +104,7 @@ private:
     ZLLineReader* m_input = nullptr;
     ZLSignalWatcher* m_signals = nullptr;
     Snapshot m_reported;
+    std::unique_ptr<ZLChapterChanges> m_chapterChanges;
     QString m_reportedFailure;
     bool m_isReportDue = false;
     bool m_hasPrinted = false;

@@ -1,5 +1,6 @@
 #include "remote/ZLCommandSocket.h"
 
+#include "platform/ZLSocketPath.h"
 #include "platform/ZLStateFolder.h"
 #include "platform/osc/ZLOSCCodec.h"
 
@@ -52,7 +53,7 @@ ZLResult<QString> ZLCommandSocket::send(const ZLOSCMessage& message, const QStri
     if (!datagram)
         return datagram.error();
     QLocalSocket socket;
-    socket.connectToServer(path);
+    socket.connectToServer(ZLSocketPath::reachable(path));
     if (!socket.waitForConnected(Patience))
         return ZLError { tr("Zelta is not running.") };
     QDataStream stream(&socket);
@@ -73,10 +74,11 @@ void ZLCommandSocket::listenIfNobodyDoes()
     if (lock && lock.value()) {
         m_lock = std::move(lock).value();
         // Whoever had the lock before may have ended without clearing away its socket.
-        QLocalServer::removeServer(m_path);
+        const QString address = ZLSocketPath::reachable(m_path);
+        QLocalServer::removeServer(address);
         m_retryTimer.stop();
-        if (!m_server.listen(m_path))
-            qCWarning(commandSocketLog) << "cannot take commands at" << m_path << m_server.errorString();
+        if (!m_server.listen(address))
+            qCWarning(commandSocketLog) << "cannot take commands at" << address << m_server.errorString();
         return;
     }
     m_retryTimer.start();

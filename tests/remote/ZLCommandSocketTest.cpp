@@ -147,3 +147,15 @@ TEST_F(ZLCommandSocketTest, WhoGoesAwayInTheMiddleDoesNoHarm)
     EXPECT_TRUE(send(m_command));
     EXPECT_EQ(m_messages.size(), 1);
 }
+
+TEST_F(ZLCommandSocketTest, AFolderThatLiesDeepIsNoObstacle)
+{
+    for (int depth = 0; depth < 8; ++depth)
+        m_path.insert(m_path.lastIndexOf(u'/'), u"/a-folder-within-a-folder-with-a-long-name"_s);
+    ASSERT_GT(m_path.size(), 300);
+    const auto socket = makeSocket(u"from the deep"_s);
+    EXPECT_TRUE(socket->isListening());
+    const ZLResult<QString> answer = send(m_command);
+    ASSERT_TRUE(answer) << qPrintable(answer.error().message);
+    EXPECT_EQ(answer.value(), u"from the deep"_s);
+}

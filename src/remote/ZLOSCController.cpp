@@ -172,8 +172,9 @@ QList<ZLOSCMessage> ZLOSCController::timeMessages() const
 
 void ZLOSCController::sendMessage(const ZLOSCMessage& message, ZLOSCOutPort& port)
 {
-    ZLOSCLogEntry entry = ZLOSCLogTexts::entryFor(message, ZLOSCLogEntry::Direction::Out, port.label());
+    // First of all, since somebody may be waiting for the answer.
     const bool wasSent = port.sendThisMessage(message);
+    ZLOSCLogEntry entry = ZLOSCLogTexts::entryFor(message, ZLOSCLogEntry::Direction::Out, port.label());
     entry.outcome = ZLOSCLogTexts::outcomeOfSending(wasSent, port);
     entry.isProblem = !wasSent;
     m_log.append(entry);

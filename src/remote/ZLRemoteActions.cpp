@@ -1,5 +1,6 @@
 #include "remote/ZLRemoteActions.h"
 
+#include "document/ZLCommandTag.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QCoreApplication>
@@ -47,28 +48,28 @@ QString ZLRemoteAction::obstacle() const
 std::span<const ZLRemoteAction> ZLRemoteActions::all()
 {
     static const std::array<ZLRemoteAction, 6> table { {
-        { ZLControllerToggleRecordingAction, ZLKeyComboKey::ToggleRecording, u"/zl/toggleRecording"_s, 1,
-            QT_TRANSLATE_NOOP("ZLRemoteActions", "Start or Pause Recording"),
+        { ZLControllerToggleRecordingAction, ZLKeyComboKey::ToggleRecording, u"/zl/toggleRecording"_s,
+            ZLCommandTag::ToggleRecording, QT_TRANSLATE_NOOP("ZLRemoteActions", "Start or Pause Recording"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "start, pause or resume the clock"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "the clock starts when the start sound ends") },
-        { ZLControllerNewChapterAction, ZLKeyComboKey::NewChapter, u"/zl/newChapter"_s, 2,
+        { ZLControllerNewChapterAction, ZLKeyComboKey::NewChapter, u"/zl/newChapter"_s, ZLCommandTag::NewChapter,
             QT_TRANSLATE_NOOP("ZLRemoteActions", "New Chapter"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "add a chapter at the clock's reading"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "the clock is not running") },
-        { ZLControllerDeleteSelectedChapterAction, ZLKeyComboKey::RemoveSelectedChapter, u"/zl/removeChapter"_s, 3,
-            QT_TRANSLATE_NOOP("ZLRemoteActions", "Delete Selected Chapter"),
+        { ZLControllerDeleteSelectedChapterAction, ZLKeyComboKey::RemoveSelectedChapter, u"/zl/removeChapter"_s,
+            ZLCommandTag::DeleteSelectedChapter, QT_TRANSLATE_NOOP("ZLRemoteActions", "Delete Selected Chapter"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "remove the selected chapter"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "no chapter is selected") },
-        { ZLControllerDeleteLastChapterAction, ZLKeyComboKey::RemoveLastChapter, u"/zl/removeLastChapter"_s, 4,
-            QT_TRANSLATE_NOOP("ZLRemoteActions", "Delete Last Chapter"),
+        { ZLControllerDeleteLastChapterAction, ZLKeyComboKey::RemoveLastChapter, u"/zl/removeLastChapter"_s,
+            ZLCommandTag::DeleteLastChapter, QT_TRANSLATE_NOOP("ZLRemoteActions", "Delete Last Chapter"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "remove the latest chapter"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "there are no chapters") },
-        { ZLControllerSelectLastAction, ZLKeyComboKey::SelectLastChapter, u"/zl/selectPreviousChapter"_s, 5,
-            QT_TRANSLATE_NOOP("ZLRemoteActions", "Select Previous Chapter"),
+        { ZLControllerSelectLastAction, ZLKeyComboKey::SelectLastChapter, u"/zl/selectPreviousChapter"_s,
+            ZLCommandTag::SelectPreviousChapter, QT_TRANSLATE_NOOP("ZLRemoteActions", "Select Previous Chapter"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "select the chapter before"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "there is no chapter before") },
-        { ZLControllerSelectNextAction, ZLKeyComboKey::SelectNextChapter, u"/zl/selectNextChapter"_s, 6,
-            QT_TRANSLATE_NOOP("ZLRemoteActions", "Select Next Chapter"),
+        { ZLControllerSelectNextAction, ZLKeyComboKey::SelectNextChapter, u"/zl/selectNextChapter"_s,
+            ZLCommandTag::SelectNextChapter, QT_TRANSLATE_NOOP("ZLRemoteActions", "Select Next Chapter"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "select the chapter after"),
             QT_TRANSLATE_NOOP("ZLRemoteActions", "there is no chapter after") },
     } };

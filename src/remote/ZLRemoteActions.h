@@ -26,7 +26,7 @@ struct ZLRemoteAction {
     QString settingsKey;
     /// Exact, as a control surface sends it: "/zl/newChapter".
     QString oscAddress;
-    /// Tag of its item in the Recording menu.
+    /// Tag of its item in the Recording menu, see ZLCommandTag.
     int menuTag;
     /// Untranslated; see title(), summary() and obstacle().
     const char* titleText;

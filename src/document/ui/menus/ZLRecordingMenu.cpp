@@ -1,6 +1,7 @@
 #include "document/ui/menus/ZLRecordingMenu.h"
 
 #include "document/ZLChapterDocument.h"
+#include "document/ZLCommandTag.h"
 #include "document/ui/menus/ZLActionHelp.h"
 
 #include <QAction>
@@ -12,15 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int recordingMenuTag = 2;
-
-enum CommandTag {
-    ToggleRecordingTag = 1,
-    NewChapterTag,
-    DeleteSelectedChapterTag,
-    DeleteLastChapterTag,
-    SelectPreviousChapterTag,
-    SelectNextChapterTag,
-};
 
 }
 
@@ -53,12 +45,13 @@ void ZLRecordingMenu::validate()
     const bool isRecording = m_document.isRecording();
     const bool hasChapters = m_document.tableModel().rowCount() > 0;
     const int row = m_document.selectedRow();
-    actionWithTag(ToggleRecordingTag)->setText(isRecording ? tr("Pause &Recording") : tr("Start &Recording"));
-    actionWithTag(NewChapterTag)->setEnabled(m_document.canAddChapter());
-    actionWithTag(DeleteSelectedChapterTag)->setEnabled(m_document.canDeleteChapter());
-    actionWithTag(DeleteLastChapterTag)->setEnabled(hasChapters);
-    actionWithTag(SelectPreviousChapterTag)->setEnabled(row >= 1);
-    actionWithTag(SelectNextChapterTag)->setEnabled(row + 1 < m_document.tableModel().rowCount());
+    actionWithTag(ZLCommandTag::ToggleRecording)
+        ->setText(isRecording ? tr("Pause &Recording") : tr("Start &Recording"));
+    actionWithTag(ZLCommandTag::NewChapter)->setEnabled(m_document.canAddChapter());
+    actionWithTag(ZLCommandTag::DeleteSelectedChapter)->setEnabled(m_document.canDeleteChapter());
+    actionWithTag(ZLCommandTag::DeleteLastChapter)->setEnabled(hasChapters);
+    actionWithTag(ZLCommandTag::SelectPreviousChapter)->setEnabled(row >= 1);
+    actionWithTag(ZLCommandTag::SelectNextChapter)->setEnabled(row + 1 < m_document.tableModel().rowCount());
     m_menu->findChild<QAction*>(u"newBlankChapter"_s)->setEnabled(m_document.canAddChapter());
     m_menu->findChild<QAction*>(u"moveChapters"_s)->setEnabled(hasChapters);
     for (const QString& name : { u"editTitle"_s, u"editLink"_s })
@@ -67,23 +60,23 @@ void ZLRecordingMenu::validate()
 
 void ZLRecordingMenu::addTaggedActions()
 {
-    const auto addTagged = [this](CommandTag tag, const QString& name, const QString& title, const QString& key,
+    const auto addTagged = [this](int tag, const QString& name, const QString& title, const QString& key,
                                void (ZLChapterDocument::*command)()) {
         QAction* action = addAction(name, title, key);
-        action->setProperty("tag", int(tag));
+        action->setProperty("tag", tag);
         connect(action, &QAction::triggered, &m_document, command);
     };
-    addTagged(ToggleRecordingTag, u"toggleRecording"_s, tr("Start &Recording"), u"Ctrl+R"_s,
+    addTagged(ZLCommandTag::ToggleRecording, u"toggleRecording"_s, tr("Start &Recording"), u"Ctrl+R"_s,
         &ZLChapterDocument::recordButtonPressed);
-    addTagged(NewChapterTag, u"newChapter"_s, tr("&New Chapter"), u"Ctrl+Return"_s,
+    addTagged(ZLCommandTag::NewChapter, u"newChapter"_s, tr("&New Chapter"), u"Ctrl+Return"_s,
         &ZLChapterDocument::addChapterButtonPressed);
-    addTagged(DeleteSelectedChapterTag, u"deleteSelectedChapter"_s, tr("&Delete Selected Chapter"), u"Ctrl+D"_s,
-        &ZLChapterDocument::deleteButtonPressed);
-    addTagged(DeleteLastChapterTag, u"deleteLastChapter"_s, tr("Delete &Last Chapter"), u"Ctrl+Shift+Backspace"_s,
-        &ZLChapterDocument::deleteLastChapter);
-    addTagged(SelectPreviousChapterTag, u"selectPreviousChapter"_s, tr("Select &Previous Chapter"), u"Ctrl+Up"_s,
-        &ZLChapterDocument::selectLastChapter);
-    addTagged(SelectNextChapterTag, u"selectNextChapter"_s, tr("&Select Next Chapter"), u"Ctrl+Down"_s,
+    addTagged(ZLCommandTag::DeleteSelectedChapter, u"deleteSelectedChapter"_s, tr("&Delete Selected Chapter"),
+        u"Ctrl+D"_s, &ZLChapterDocument::deleteButtonPressed);
+    addTagged(ZLCommandTag::DeleteLastChapter, u"deleteLastChapter"_s, tr("Delete &Last Chapter"),
+        u"Ctrl+Shift+Backspace"_s, &ZLChapterDocument::deleteLastChapter);
+    addTagged(ZLCommandTag::SelectPreviousChapter, u"selectPreviousChapter"_s, tr("Select &Previous Chapter"),
+        u"Ctrl+Up"_s, &ZLChapterDocument::selectLastChapter);
+    addTagged(ZLCommandTag::SelectNextChapter, u"selectNextChapter"_s, tr("&Select Next Chapter"), u"Ctrl+Down"_s,
         &ZLChapterDocument::selectNextChapter);
 }
 

@@ -7,9 +7,8 @@ class QMenu;
 class QMenuBar;
 class ZLChapterDocument;
 
-/// The Recording menu: the recording and chapter commands. Its first six items carry the property "tag", 1 to 6 in the
-/// order of ZLSettingsManager::allKeyComboKeys(), and the menu's own action carries tag 2; stored shortcuts are
-/// applied to the items by these tags.
+/// The Recording menu: the recording and chapter commands. Its first six items carry the property "tag", see
+/// ZLCommandTag, and the menu's own action carries tag 2; stored shortcuts are applied to the items by these tags.
 class ZLRecordingMenu : public QObject {
     Q_OBJECT
 

@@ -105,3 +105,13 @@ TEST_F(ZLRunningInstanceTest, WhatItDoesNotKnowIsNotTaken)
     EXPECT_FALSE(*answer);
     EXPECT_TRUE(m_requests.isEmpty());
 }
+
+TEST_F(ZLRunningInstanceTest, AStateFolderThatLiesDeepIsNoObstacle)
+{
+    m_path = m_folder.filePath(QString(200, u'd') + u"/windows"_s);
+    const auto instance = startInstance();
+    const auto handedOver = handOver({ .files = { u"/one.zelta"_s } });
+    ASSERT_TRUE(handedOver) << qPrintable(handedOver.error().message);
+    EXPECT_TRUE(handedOver.value());
+    EXPECT_EQ(m_requests, QList<ZLLaunchRequest> { { .files = { u"/one.zelta"_s } } });
+}

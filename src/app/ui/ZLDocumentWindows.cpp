@@ -230,7 +230,8 @@ void ZLDocumentWindows::askWhetherToQuitUnsaved(const QStringList& problems)
     if (ZLChapterDocumentWindow* window = frontWindow())
         window->messageBar().showMessage(u"quittingUnsaved"_s,
             tr("Not everything could be saved: %1").arg(problems.join(u' ')),
-            { { tr("Quit Anyway"), [this] { quitAtOnce(); } }, { tr("Cancel"), [] {} } });
+            { { tr("Quit Anyway"), [this] { quitAtOnce(); } }, { tr("Cancel"), [] {} } },
+            { ZLSavingDisplay::failureMessageName() });
 }
 
 void ZLDocumentWindows::noteApplicationState(Qt::ApplicationState state)

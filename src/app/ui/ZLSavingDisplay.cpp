@@ -14,7 +14,7 @@ namespace {
 const QString conflictName = QStringLiteral("fileConflict");
 const QString interruptionName = QStringLiteral("interruptedRecording");
 const QString otherHolderName = QStringLiteral("openElsewhere");
-const QString failureName = QStringLiteral("savingFailure");
+const QString failureName = ZLSavingDisplay::failureMessageName();
 
 }
 
@@ -30,6 +30,11 @@ ZLSavingDisplay::ZLSavingDisplay(ZLDocumentSaver& saver, ZLSavePanel& savePanel,
     connect(&m_document, &ZLChapterDocument::interruptedRecordingDidChange, this, &ZLSavingDisplay::updateBar);
     connect(&window.statusLine(), &ZLStatusLine::saveStatusClicked, this, [this] { m_savePanel.saveAs(); });
     update();
+}
+
+QString ZLSavingDisplay::sentence(const QString& reason)
+{
+    return reason.endsWith(u'.') ? reason : reason + u'.';
 }
 
 void ZLSavingDisplay::update()
@@ -95,7 +100,7 @@ ZLSavingDisplay::Message ZLSavingDisplay::interruptionMessage(const ZLInterrupte
 
 ZLSavingDisplay::Message ZLSavingDisplay::failureMessage()
 {
-    return { tr("The document is not saved: %1 Zelta keeps trying.").arg(m_saver.failureText()),
+    return { tr("The document is not saved: %1 Zelta keeps trying.").arg(sentence(m_saver.failureText())),
         { { tr("Try Now"),
               [this] {
                   (void)m_saver.saveNow();

@@ -18,6 +18,11 @@ public:
     /// Belongs to `window`; `saver` has to outlive it.
     ZLSavingDisplay(ZLDocumentSaver& saver, ZLSavePanel& savePanel, ZLChapterDocumentWindow& window);
 
+    /// The name of the message that the document is not saved.
+    [[nodiscard]] static QString failureMessageName() { return QStringLiteral("savingFailure"); }
+    /// A reason that another sentence may follow: the system's own end without a full stop.
+    [[nodiscard]] static QString sentence(const QString& reason);
+
 private:
     struct Message {
         QString text {};

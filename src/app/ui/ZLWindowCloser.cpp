@@ -1,6 +1,7 @@
 #include "app/ui/ZLWindowCloser.h"
 
 #include "app/ui/ZLSavePanel.h"
+#include "app/ui/ZLSavingDisplay.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 
@@ -53,9 +54,11 @@ void ZLWindowCloser::askWhetherToKeep()
 
 void ZLWindowCloser::showFailure(const QString& message)
 {
-    m_window.messageBar().showMessage(questionName, message,
+    m_window.messageBar().showMessage(questionName,
+        tr("The document cannot be saved: %1 Close it all the same?").arg(ZLSavingDisplay::sentence(message)),
         { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
-            { tr("Close Without Saving"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } });
+            { tr("Close Without Saving"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } },
+        { ZLSavingDisplay::failureMessageName() });
 }
 
 void ZLWindowCloser::closeWith(ZLClosing closing)

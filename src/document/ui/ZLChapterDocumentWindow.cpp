@@ -197,7 +197,11 @@ void ZLChapterDocumentWindow::connectToolbar()
     connect(bar.recordButton(), &QToolButton::clicked, &m_document, &ZLChapterDocument::recordButtonPressed);
     connect(bar.addButton(), &QToolButton::clicked, &m_document, &ZLChapterDocument::addChapterButtonPressed);
     connect(bar.deleteButton(), &QToolButton::clicked, &m_document, &ZLChapterDocument::deleteButtonPressed);
-    connect(bar.drawerButton(), &QToolButton::clicked, this, &ZLChapterDocumentWindow::toggleDrawer);
+    // Assistive programs toggle the button without a click.
+    connect(bar.drawerButton(), &QToolButton::toggled, this, [this](bool isWanted) {
+        if (isWanted != isDrawerOpen())
+            toggleDrawer();
+    });
 }
 
 void ZLChapterDocumentWindow::connectMenus()

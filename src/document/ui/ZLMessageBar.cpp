@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <iterator>
 
 ZLMessageBar::ZLMessageBar(QWidget* parent)
     : QFrame(parent)
@@ -20,7 +21,8 @@ ZLMessageBar::ZLMessageBar(QWidget* parent)
     hide();
 }
 
-void ZLMessageBar::showMessage(const QString& name, const QString& text, const QList<Button>& buttons)
+void ZLMessageBar::showMessage(
+    const QString& name, const QString& text, const QList<Button>& buttons, const QStringList& coveredNames)
 {
     ZLMessageRow* row = rowNamed(name);
     if (!row) {
@@ -31,6 +33,7 @@ void ZLMessageBar::showMessage(const QString& name, const QString& text, const Q
         row->hide();
     }
     row->setMessage(text, buttons.first(std::min(buttons.size(), MostButtons)));
+    row->setCoveredNames(coveredNames);
     showFirstRows();
 }
 
@@ -59,22 +62,22 @@ QString ZLMessageBar::text(const QString& name) const
 QStringList ZLMessageBar::texts() const
 {
     QStringList texts;
-    for (const ZLMessageRow* row : m_rows)
+    for (const ZLMessageRow* row : uncoveredRows())
         texts.append(row->text());
     return texts;
 }
 
 void ZLMessageBar::goToMessages()
 {
-    const qsizetype shown = std::min(m_rows.size(), MostRows);
+    const QList<ZLMessageRow*> shown = firstRows();
     qsizetype present = -1;
-    for (qsizetype index = 0; index < shown; ++index) {
-        if (m_rows.at(index)->hasKeyboard())
+    for (qsizetype index = 0; index < shown.size(); ++index) {
+        if (shown.at(index)->hasKeyboard())
             present = index;
     }
     // A message without buttons has nothing to give the keyboard to.
-    for (qsizetype step = 1; step <= shown; ++step) {
-        if (m_rows.at((present + step) % shown)->takeKeyboard())
+    for (qsizetype step = 1; step <= shown.size(); ++step) {
+        if (shown.at((present + step) % shown.size())->takeKeyboard())
             return;
     }
 }
@@ -101,16 +104,37 @@ ZLMessageRow* ZLMessageBar::rowNamed(const QString& name) const
     return row == m_rows.cend() ? nullptr : *row;
 }
 
+QList<ZLMessageRow*> ZLMessageBar::uncoveredRows() const
+{
+    QStringList coveredNames;
+    for (const ZLMessageRow* row : m_rows)
+        coveredNames += row->coveredNames();
+    QList<ZLMessageRow*> rows;
+    std::copy_if(m_rows.cbegin(), m_rows.cend(), std::back_inserter(rows),
+        [&coveredNames](const ZLMessageRow* row) { return !coveredNames.contains(row->name()); });
+    return rows;
+}
+
+QList<ZLMessageRow*> ZLMessageBar::firstRows() const
+{
+    const QList<ZLMessageRow*> rows = uncoveredRows();
+    return rows.first(std::min(rows.size(), MostRows));
+}
+
 void ZLMessageBar::showFirstRows()
 {
     setVisible(!m_rows.isEmpty());
-    for (qsizetype index = 0; index < m_rows.size(); ++index) {
-        ZLMessageRow* row = m_rows.at(index);
-        const bool comesUp = row->isHidden() && index < MostRows;
-        row->setVisible(index < MostRows);
+    const QList<ZLMessageRow*> shown = firstRows();
+    bool losesKeyboard = false;
+    for (ZLMessageRow* row : std::as_const(m_rows)) {
+        const bool comesUp = row->isHidden() && shown.contains(row);
+        losesKeyboard = losesKeyboard || (row->hasKeyboard() && !shown.contains(row));
+        row->setVisible(shown.contains(row));
         if (comesUp)
             row->announce();
     }
+    if (losesKeyboard)
+        Q_EMIT keyboardReturned();
 }
 
 void ZLMessageBar::updateColors()

@@ -29,14 +29,16 @@ public:
     explicit ZLMessageBar(QWidget* parent = nullptr);
 
     /// `name` tells messages apart: a message takes the place of the one with the same name, and any other one stays.
-    /// Buttons after the third are left out.
-    void showMessage(const QString& name, const QString& text, const QList<Button>& buttons);
+    /// Buttons after the third are left out. The messages in `coveredNames` say the same with less: they are out of sight
+    /// as long as this one is there, and come back when it goes and they are still true.
+    void showMessage(
+        const QString& name, const QString& text, const QList<Button>& buttons, const QStringList& coveredNames = {});
     /// Nothing happens when there is no such message.
     void hideMessage(const QString& name);
 
-    /// The sentence of a message, shown or waiting; empty when there is none of that name.
+    /// The sentence of a message, whether it is in sight or not; empty when there is none of that name.
     [[nodiscard]] QString text(const QString& name) const;
-    /// The sentences of all messages, shown and waiting, in order.
+    /// The sentences of the messages that are shown or wait for room, in order.
     [[nodiscard]] QStringList texts() const;
 
     /// Gives the keyboard to the first button; pressed again, to the first button of the next message.
@@ -52,6 +54,8 @@ protected:
 
 private:
     [[nodiscard]] ZLMessageRow* rowNamed(const QString& name) const;
+    [[nodiscard]] QList<ZLMessageRow*> uncoveredRows() const;
+    [[nodiscard]] QList<ZLMessageRow*> firstRows() const;
     void showFirstRows();
     void updateColors();
 

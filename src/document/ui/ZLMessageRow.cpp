@@ -14,6 +14,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A sentence that is broken into less than this beside its buttons cannot be read.
+constexpr int leastSentenceCharacters = 36;
+
 /// A screen reader has to know that a row is a message and not a group of buttons.
 QAccessibleInterface* accessibleMessageRow(const QString& className, QObject* object)
 {
@@ -34,7 +37,8 @@ void installMessageRowFactory()
 ZLMessageRow::ZLMessageRow(const QString& name, QWidget* parent)
     : QWidget(parent)
     , m_name(name)
-    , m_layout(new QHBoxLayout(this))
+    , m_layout(new QBoxLayout(QBoxLayout::LeftToRight, this))
+    , m_buttonLayout(new QBoxLayout(QBoxLayout::LeftToRight))
     , m_icon(new QLabel(this))
     , m_text(new QLabel(this))
 {
@@ -44,8 +48,12 @@ ZLMessageRow::ZLMessageRow(const QString& name, QWidget* parent)
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
     m_icon->setAccessibleName(tr("Attention"));
-    m_layout->addWidget(m_icon);
-    m_layout->addWidget(m_text, 1);
+    auto* sentence = new QHBoxLayout;
+    sentence->addWidget(m_icon);
+    sentence->addWidget(m_text, 1);
+    m_layout->addLayout(sentence, 1);
+    m_layout->addLayout(m_buttonLayout);
+    m_buttonLayout->addStretch(1);
     updateIcon();
 }
 
@@ -63,6 +71,7 @@ void ZLMessageRow::setMessage(const QString& text, const QList<ZLMessageBar::But
     setAccessibleName(text);
     for (const ZLMessageBar::Button& button : buttons)
         addButton(button);
+    arrange();
     if (hadKeyboard)
         takeKeyboard();
     if (isNew && isVisible())
@@ -96,6 +105,19 @@ void ZLMessageRow::changeEvent(QEvent* event)
         updateIcon();
 }
 
+void ZLMessageRow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    arrange();
+}
+
+void ZLMessageRow::arrange()
+{
+    const int besideButtons = width() - m_buttonLayout->sizeHint().width();
+    const bool isNarrow = besideButtons < leastSentenceCharacters * fontMetrics().averageCharWidth();
+    m_layout->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
 void ZLMessageRow::addButton(const ZLMessageBar::Button& button)
 {
     auto* widget = new QPushButton(button.text, this);
@@ -108,7 +130,7 @@ void ZLMessageRow::addButton(const ZLMessageBar::Button& button)
         if (callback)
             callback();
     });
-    m_layout->addWidget(widget);
+    m_buttonLayout->addWidget(widget);
     widget->show();
 }
 
@@ -117,7 +139,7 @@ void ZLMessageRow::removeButtons()
     const auto buttons = findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
     for (QPushButton* button : buttons) {
         // One of them may be the sender of the click that is being handled.
-        m_layout->removeWidget(button);
+        m_buttonLayout->removeWidget(button);
         button->hide();
         button->setParent(nullptr);
         button->deleteLater();

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-class QHBoxLayout;
+class QBoxLayout;
 class QLabel;
 
 /// One message of the message bar: a sentence and its buttons.
@@ -19,6 +19,9 @@ public:
 
     /// Replaces the sentence and the buttons.
     void setMessage(const QString& text, const QList<ZLMessageBar::Button>& buttons);
+    /// The names of the messages that need not be seen beside this one.
+    void setCoveredNames(const QStringList& names) { m_coveredNames = names; }
+    [[nodiscard]] const QStringList& coveredNames() const { return m_coveredNames; }
     /// Lets a screen reader say the sentence.
     void announce();
 
@@ -32,14 +35,19 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void addButton(const ZLMessageBar::Button& button);
     void removeButtons();
     void updateIcon();
+    void arrange();
 
     QString m_name;
-    QHBoxLayout* m_layout;
+    QStringList m_coveredNames;
+    /// The sentence, and the buttons beside it, or below it where there is little room.
+    QBoxLayout* m_layout;
+    QBoxLayout* m_buttonLayout;
     QLabel* m_icon;
     QLabel* m_text;
 };

@@ -127,12 +127,29 @@ TEST_F(ZLWindowCloserTest, WhatCannotBeSavedIsAskedAbout)
     addChapter(document, u"Mine"_s);
     m_diskError = u"show.zelta: The disk is full."_s;
     EXPECT_FALSE(windowOf(document).close());
-    EXPECT_TRUE(barText(document).contains("The disk is full."_L1));
+    EXPECT_EQ(
+        barText(document), u"The document cannot be saved: show.zelta: The disk is full. Close it all the same?"_s);
     EXPECT_EQ(barButtons(document), (QStringList { u"Save As…"_s, u"Close Without Saving"_s, u"Cancel"_s }));
     pressInBar(document, u"Close Without Saving"_s);
     EXPECT_FALSE(isOpen(document));
     m_diskError.clear();
     EXPECT_EQ(titlesInFile(path), QStringList { u"Stored"_s });
+}
+
+TEST_F(ZLWindowCloserTest, TheQuestionStandsInForTheFailureUntilItIsAnswered)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    newDocument();
+    addChapter(document, u"Mine"_s);
+    m_diskError = u"show.zelta: The disk is full."_s;
+    writeNow(document);
+    const QString failure = barText(document);
+    EXPECT_TRUE(failure.startsWith("The document is not saved: "_L1));
+    windowOf(document).close();
+    EXPECT_FALSE(barText(document).contains(failure));
+    pressInBar(document, u"Cancel"_s);
+    EXPECT_EQ(barText(document), failure);
+    EXPECT_EQ(barButtons(document), (QStringList { u"Try Now"_s, u"Save As…"_s }));
 }
 
 TEST_F(ZLWindowCloserTest, WhatCannotBeSavedMayGoElsewhere)

@@ -1,6 +1,7 @@
 #include "document/ui/ZLMessageBar.h"
 
 #include <QAccessible>
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -122,6 +123,24 @@ TEST_F(ZLMessageBarTest, AFourthMessageWaitsUntilOneIsAnswered)
     EXPECT_EQ(buttonTexts(), (QStringList { u"C1"_s, u"D1"_s }));
 }
 
+TEST_F(ZLMessageBarTest, AMessageThatSaysMoreStandsInForAnother)
+{
+    const QSignalSpy returns(m_bar, &ZLMessageBar::keyboardReturned);
+    showThree();
+    m_bar->goToMessages();
+    m_bar->showMessage(u"d"_s, u"First and more?"_s, { { u"D1"_s, {} } }, { u"a"_s, u"unknown"_s });
+    EXPECT_EQ(returns.count(), 1) << "the keyboard was in the message that went out of sight";
+    EXPECT_EQ(m_bar->texts(), (QStringList { u"Second."_s, u"Third?"_s, u"First and more?"_s }));
+    EXPECT_EQ(m_bar->text(u"a"_s), u"First?"_s);
+    EXPECT_EQ(buttonTexts(), (QStringList { u"C1"_s, u"D1"_s }));
+    m_window.setFocus();
+    m_bar->goToMessages();
+    EXPECT_EQ(focusedText(), u"C1"_s);
+    m_bar->hideMessage(u"d"_s);
+    EXPECT_EQ(m_bar->texts(), (QStringList { u"First?"_s, u"Second."_s, u"Third?"_s }));
+    EXPECT_EQ(buttonTexts(), (QStringList { u"A1"_s, u"A2"_s, u"C1"_s }));
+}
+
 TEST_F(ZLMessageBarTest, AMessageNeverTakesTheKeyboard)
 {
     showThree();
@@ -167,4 +186,18 @@ TEST_F(ZLMessageBarTest, AScreenReaderKnowsAMessageAndWhatItsButtonsAnswer)
     EXPECT_EQ(button->text(QAccessible::Description), u"Third?"_s);
     EXPECT_EQ(button->parent()->role(), QAccessible::AlertMessage);
     EXPECT_EQ(button->parent()->text(QAccessible::Name), u"Third?"_s);
+}
+
+TEST_F(ZLMessageBarTest, WhereThereIsLittleRoomTheButtonsStandBelowTheSentence)
+{
+    m_bar->showMessage(u"m"_s, u"The document cannot be saved: there is no such folder. Close it all the same?"_s,
+        { { u"Save As…"_s, {} }, { u"Close Without Saving"_s, {} }, { u"Cancel"_s, {} } });
+    const auto* sentence = m_bar->findChild<QLabel*>(u"messageText"_s);
+    for (const int width : { 900, 420 }) {
+        m_bar->resize(width, 200);
+        QCoreApplication::processEvents();
+        EXPECT_GE(sentence->width(), width / 3) << width;
+        const bool isBelow = buttons().first()->geometry().top() > sentence->geometry().bottom();
+        EXPECT_EQ(isBelow, width < 500) << width;
+    }
 }

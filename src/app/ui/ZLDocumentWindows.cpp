@@ -5,6 +5,7 @@
 #include "app/ui/ZLSavePanel.h"
 #include "app/ui/ZLSavingDisplay.h"
 #include "app/ui/ZLWindowCloser.h"
+#include "app/ui/ZLWindowMenu.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
@@ -134,6 +135,8 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     m_windows.insert(document, window);
     auto* savePanel = new ZLSavePanel(m_controller, *window);
     connectFileMenu(*window, *savePanel);
+    const auto* windowMenu = new ZLWindowMenu(m_controller, *window);
+    connect(windowMenu, &ZLWindowMenu::windowRequested, this, &ZLDocumentWindows::bringToFront);
     const auto* helpMenu = new ZLHelpMenu(*window);
     connect(helpMenu, &ZLHelpMenu::aboutRequested, this, &ZLDocumentWindows::aboutRequested);
     new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
@@ -193,6 +196,7 @@ void ZLDocumentWindows::keepApart(ZLChapterDocumentWindow& window) const
 void ZLDocumentWindows::bringToFront(ZLChapterDocument* document) const
 {
     if (ZLChapterDocumentWindow* window = windowOf(document)) {
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
         window->raise();
         window->activateWindow();
     }

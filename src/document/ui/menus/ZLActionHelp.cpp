@@ -7,11 +7,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr const char* firstTitleProperty = "firstTitle";
+
 void updateToolTipOf(QAction& action)
 {
-    QString title = action.text();
-    title.remove(u'&').remove(u'…');
-    const QString help = ZLActionHelp::textWithKey(title, action);
+    const QString help = ZLActionHelp::textWithKey(ZLActionHelp::plainTitle(action.text()), action);
     // Setting a tool tip is a change itself.
     if (action.toolTip() != help)
         action.setToolTip(help);
@@ -26,6 +26,19 @@ QString ZLActionHelp::textWithKey(const QString& text, const QAction& action)
     return u"%1 (%2)"_s.arg(text, action.shortcut().toString(QKeySequence::NativeText));
 }
 
+QString ZLActionHelp::plainTitle(const QString& title)
+{
+    // An ampersand that is meant as one stands twice.
+    QString plain = title;
+    plain.replace(u"&&"_s, QString(QChar::Null)).remove(u'&').replace(QChar::Null, u'&');
+    return plain.remove(u'…');
+}
+
+QString ZLActionHelp::firstTitle(const QAction& action)
+{
+    return action.property(firstTitleProperty).toString();
+}
+
 void ZLActionHelp::followKey(QAction& action)
 {
     updateToolTipOf(action);
@@ -36,6 +49,7 @@ QAction* ZLActionHelp::addAction(QMenu& menu, const QString& name, const QString
 {
     QAction* action = menu.addAction(title);
     action->setObjectName(name);
+    action->setProperty(firstTitleProperty, plainTitle(title));
     action->setShortcut(key);
     followKey(*action);
     return action;

@@ -6,6 +6,8 @@
 #include "remote/ui/ZLOSCOutputsPanel.h"
 #include "remote/ui/ZLOSCServicesPanel.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -21,6 +23,21 @@ namespace {
 
 constexpr QSize firstWindowSize { 940, 720 };
 
+/// A bare widget is no window to a screen reader, even where it is one.
+QAccessibleInterface* accessibleConnectionsWindow(const QString& className, QObject* object)
+{
+    auto* window = className == "ZLOSCConnectionsWindow"_L1 ? qobject_cast<QWidget*>(object) : nullptr;
+    return window ? new QAccessibleWidget(window, QAccessible::Window) : nullptr;
+}
+
+void installConnectionsWindowFactory()
+{
+    [[maybe_unused]] static const bool isInstalled = [] {
+        QAccessible::installFactory(accessibleConnectionsWindow);
+        return true;
+    }();
+}
+
 }
 
 ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
@@ -28,6 +45,7 @@ ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
     , m_stateStore(setup.stateStore)
     , m_splitter(new QSplitter(Qt::Vertical, this))
 {
+    installConnectionsWindowFactory();
     setObjectName(u"oscConnections"_s);
     setWindowTitle(tr("OSC Connections"));
     setAttribute(Qt::WA_QuitOnClose, false);

@@ -26,9 +26,6 @@ ZLQuickEditWindowController::ZLQuickEditWindowController(ZLOneShotTimerStarter s
 {
     m_ui->setupUi(static_cast<QFrame*>(m_window.get()));
     m_window->setAttribute(Qt::WA_ShowWithoutActivating);
-    // Small helpers stay out of task bars. It is the type alone: what the toolkit calls a tool belongs to the program's
-    // other windows, and the window manager would bring those along, and give them the keyboard afterwards.
-    m_window->setAttribute(Qt::WA_X11NetWmWindowTypeUtility);
     m_window->setAttribute(Qt::WA_QuitOnClose, false);
     m_fade->setDuration(int(fadeDuration.count()));
     connectParts();
@@ -66,7 +63,6 @@ void ZLQuickEditWindowController::show()
 {
     windowDidLoad();
     placeWindow();
-    ZLFloatingWindow::joinAllDesktops(*m_window->windowHandle());
     setOpacity(0.0);
     m_window->show();
     m_window->raise();
@@ -84,8 +80,12 @@ void ZLQuickEditWindowController::windowDidLoad()
 
 void ZLQuickEditWindowController::placeWindow()
 {
-    // Makes the window handle, which the place and the desktops are set on.
+    // Makes the window handle, without which the following has no effect.
     m_window->winId();
+    // Small helpers stay out of task bars. It is the type alone: what the toolkit calls a tool belongs to the program's
+    // other windows, and the window manager would bring those along, and give them the keyboard afterwards.
+    m_window->setAttribute(Qt::WA_X11NetWmWindowTypeUtility);
+    ZLFloatingWindow::joinAllDesktops(*m_window->windowHandle());
     m_window->adjustSize();
     const QPoint pointer = QCursor::pos();
     const QScreen* screen = QGuiApplication::screenAt(pointer);

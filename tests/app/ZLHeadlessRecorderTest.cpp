@@ -1,6 +1,4 @@
-#include "app/ZLHeadlessRecorder.h"
-
-#include "settings/ZLSettingsManager.h"
+#include "app/ZLHeadlessRecorderFixture.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -13,58 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-class ZLHeadlessRecorderTest : public testing::Test {
-protected:
-    struct SettableClock final : ZLHostClock {
-        double seconds = 1000.0;
-        double now() const override { return seconds; }
-    };
-
-    ZLHeadlessRecorderTest()
-    {
-        ZLSettingsManager::useFile(temporary.filePath(u"zelta.conf"_s));
-        ZLSettingsManager::setCreateNewChapterOnStart(false);
-        ZLSettingsManager::setPlaySoundBeforeRecording(false);
-        ZLDocumentControllerSetup setup;
-        setup.environment.hostClock = clock;
-        setup.stateFolder = temporary.filePath(u"state"_s);
-        controller = std::make_unique<ZLDocumentController>(setup);
-        recorder = std::make_unique<ZLHeadlessRecorder>(*controller,
-            ZLHeadlessStreams {
-                .print = [this](const QString& line) { output.append(line); },
-                .complain = [this](const QString& line) { errors.append(line); },
-            });
-        QObject::connect(recorder.get(), &ZLHeadlessRecorder::didFinish, recorder.get(),
-            [this](int status) { exitStatus = status; });
-    }
-
-    void start(ZLHeadlessStart headlessStart = ZLHeadlessStart::Paused)
-    {
-        ASSERT_TRUE(recorder->start(path, headlessStart));
-        document = controller->currentOrLastDocument();
-        output.clear();
-    }
-
-    /// What the recorder prints for one line.
-    QStringList answerTo(const QString& line)
-    {
-        output.clear();
-        recorder->handleLine(line);
-        return output;
-    }
-
-    QTemporaryDir temporary;
-    QString path = temporary.filePath(u"show.zelta"_s);
-    std::shared_ptr<SettableClock> clock = std::make_shared<SettableClock>();
-    std::unique_ptr<ZLDocumentController> controller;
-    std::unique_ptr<ZLHeadlessRecorder> recorder;
-    ZLChapterDocument* document = nullptr;
-    QStringList output;
-    QStringList errors;
-    std::optional<int> exitStatus;
-};
+class ZLHeadlessRecorderTest : public ZLHeadlessRecorderFixture { };
 
 TEST_F(ZLHeadlessRecorderTest, AMissingFileIsMadeAndTold)
 {
@@ -317,6 +264,4 @@ TEST_F(ZLHeadlessRecorderProcessTest, AReaderThatGoesAwayDoesNotEndTheRecording)
     ASSERT_TRUE(process.waitForFinished());
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(contentsOf(path).chapters.size(), 2);
-}
-
 }

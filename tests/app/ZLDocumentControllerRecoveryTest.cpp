@@ -1,0 +1,171 @@
+#include "app/ZLDocumentControllerFixture.h"
+
+using namespace Qt::StringLiterals;
+
+class ZLDocumentControllerRecoveryTest : public ZLDocumentControllerFixture { };
+
+TEST_F(ZLDocumentControllerRecoveryTest, AfterAKillTheNewestStateOfAFileIsBackAndThenInTheFile)
+{
+    const QString path = storedFile("show.zelta");
+    addChapter(*open(path), "Marked live");
+    start();
+    EXPECT_EQ(controller->restoreSession(), QStringList());
+    ASSERT_EQ(controller->documents().size(), 1);
+    ZLChapterDocument* document = controller->documents().first();
+    EXPECT_EQ(document->chapterManager().count(), 2);
+    EXPECT_TRUE(document->isDocumentEdited());
+    EXPECT_EQ(controller->saveAllNow(), QStringList());
+    start();
+    EXPECT_EQ(open(path)->chapterManager().count(), 2);
+    controller.reset();
+    EXPECT_EQ(ZLRecoveryFolder(filePath("state/recovery")).journaledFiles(), QStringList());
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AfterAKillAnUntitledDocumentThatWasNeverSavedIsBack)
+{
+    addChapter(*controller->newDocument(), "Marked live");
+    EXPECT_EQ(recoveryFiles(), QStringList()) << "there was no time for an automatic save";
+    start();
+    EXPECT_EQ(controller->restoreSession(), QStringList());
+    EXPECT_EQ(openDocuments(), QStringList { u"Untitled:Marked live"_s });
+    EXPECT_TRUE(controller->saverOf(controller->documents().first())->isUntitled());
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AKilledRecordingIsBackPausedAndCanGoOnAsIfItHadNeverStopped)
+{
+    const QString path = storedFile("show.zelta");
+    ZLChapterDocument* document = open(path);
+    document->startRecordingWithTime(clock->seconds);
+    clock->seconds += 30.0;
+    addChapter(*document, "Marked live");
+    start();
+    document = open(path);
+    EXPECT_FALSE(document->isRecording());
+    EXPECT_EQ(document->currentDuration(), 30.0);
+    ASSERT_TRUE(document->interruptedRecording());
+
+    // The host clock may have begun anew; only the wall clock tells how long the program was away.
+    clock->seconds = 20.0;
+    wallClock = document->interruptedRecording()->lastSeen.addMSecs(125'400);
+    document->continueInterruptedRecording();
+    EXPECT_TRUE(document->isRecording());
+    EXPECT_NEAR(document->currentDuration(), 155.4, 0.1);
+    EXPECT_EQ(document->undoManager().undoActionName(), u"Continue Recording"_s);
+    clock->seconds += 10.0;
+    EXPECT_NEAR(document->currentDuration(), 165.4, 0.1);
+
+    document->undoManager().undo();
+    EXPECT_FALSE(document->isRecording());
+    EXPECT_EQ(document->currentDuration(), 30.0);
+    EXPECT_TRUE(document->interruptedRecording()) << "the choice is back";
+    document->undoManager().redo();
+    EXPECT_NEAR(document->currentDuration(), 165.4, 0.1);
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AKilledRecordingCanStayPausedAndTheChoiceCanBeUndone)
+{
+    ZLChapterDocument* document = controller->newDocument();
+    document->startRecordingWithTime(clock->seconds);
+    clock->seconds += 30.0;
+    addChapter(*document, "Marked live");
+    start();
+    controller->restoreSession();
+    document = controller->documents().first();
+    document->keepInterruptedRecordingPaused();
+    EXPECT_FALSE(document->interruptedRecording());
+    EXPECT_EQ(document->currentDuration(), 30.0);
+    document->undoManager().undo();
+    EXPECT_TRUE(document->interruptedRecording());
+    document->undoManager().redo();
+    EXPECT_FALSE(document->interruptedRecording());
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AnUndecidedInterruptionSurvivesTheNextKillAndTheNextEnd)
+{
+    const QString path = storedFile("show.zelta");
+    ZLChapterDocument* document = open(path);
+    document->startRecordingWithTime(clock->seconds);
+    clock->seconds += 30.0;
+    addChapter(*document, "Marked live");
+    start();
+    const auto interruption = open(path)->interruptedRecording();
+    ASSERT_TRUE(interruption);
+    start();
+    EXPECT_EQ(open(path)->interruptedRecording(), interruption);
+    EXPECT_EQ(controller->saveAllNow(), QStringList());
+    start();
+    EXPECT_EQ(open(path)->interruptedRecording(), interruption);
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, StartingTheClockDecidesForThePause)
+{
+    ZLChapterDocument* document = controller->newDocument();
+    document->startRecordingWithTime(clock->seconds);
+    clock->seconds += 30.0;
+    addChapter(*document, "Marked live");
+    start();
+    controller->restoreSession();
+    document = controller->documents().first();
+    document->startRecordingWithTime(clock->seconds);
+    EXPECT_FALSE(document->interruptedRecording());
+    EXPECT_EQ(document->currentDuration(), 30.0);
+    document->undoManager().undo();
+    EXPECT_TRUE(document->interruptedRecording());
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, RecoveryDataOfAFileThatChangedSinceAreSetAside)
+{
+    const QString path = storedFile("show.zelta");
+    addChapter(*open(path), "Mine");
+    start();
+    storedFile("show.zelta", "Theirs");
+    ZLChapterDocument* document = open(path);
+    ASSERT_EQ(document->chapterManager().count(), 1);
+    EXPECT_EQ(document->chapterManager().chapterAtIndex(0)->title(), u"Theirs"_s);
+    EXPECT_TRUE(openDocuments().contains(u"show.zelta (recovered):Stored"_s)) << "what was set aside is to be seen";
+    EXPECT_EQ(recoveryFiles().size(), 1);
+    start();
+    EXPECT_EQ(open(path)->chapterManager().count(), 1) << "and is not applied later";
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AFileThatIsOutOfReachAtTheStartIsBackFromTheJournalAndWrittenLater)
+{
+    ASSERT_TRUE(QDir().mkpath(filePath("stick")));
+    const QString path = storedFile("stick/show.zelta");
+    addChapter(*open(path), "Marked live");
+    ASSERT_TRUE(QDir(filePath("stick")).removeRecursively());
+    start();
+    EXPECT_EQ(controller->restoreSession(), QStringList());
+    ASSERT_EQ(controller->documents().size(), 1);
+    EXPECT_EQ(controller->documents().first()->chapterManager().count(), 2);
+    EXPECT_EQ(controller->saveAllNow().size(), 1);
+    ASSERT_TRUE(QDir().mkpath(filePath("stick")));
+    EXPECT_EQ(controller->saveAllNow(), QStringList());
+    start();
+    EXPECT_EQ(open(path)->chapterManager().count(), 2);
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, ATornJournalGivesTheStateBefore)
+{
+    const QString path = storedFile("show.zelta");
+    ZLChapterDocument* document = open(path);
+    addChapter(*document, "One");
+    addChapter(*document, "Two");
+    controller.reset();
+    const QStringList journals = ZLRecoveryFolder(filePath("state/recovery")).journaledFiles();
+    ASSERT_EQ(journals.size(), 1);
+    QFile journal(journals.first() + ZLRecoveryFile::JournalSuffix);
+    ASSERT_TRUE(journal.resize(journal.size() - 3));
+    start();
+    EXPECT_EQ(open(path)->chapterManager().count(), 2);
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AJournalThatIsNoneStandsInNobodysWay)
+{
+    ASSERT_TRUE(ZLRecoveryFolder(filePath("state/recovery")).prepare());
+    const QString journal = filePath("state/recovery/a.zelta.journal");
+    ASSERT_TRUE(ZLAtomicFile::write(journal, "zelta journal 1\nnonsense"));
+    EXPECT_EQ(controller->restoreSession(), QStringList());
+    EXPECT_EQ(openDocuments(), QStringList { u"Untitled:"_s });
+    EXPECT_TRUE(QFile::exists(journal + u".unreadable"_s));
+}

@@ -35,8 +35,8 @@ class Recorder:
 
     def __init__(self, home, *arguments, prefix=(), **environment):
         places = ("HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR")
-        self.environment = {**os.environ, **{name: str(home) for name in places}, "TZ": "UTC", "LC_ALL": "C.UTF-8", "LANGUAGE": "",
-                            **environment}
+        self.environment = {**os.environ, **{name: str(home) for name in places}, "TZ": "UTC", "LC_ALL": "C.UTF-8",
+                            "LANGUAGE": "", **environment}
         self.reader = start_reader([*prefix, PROGRAM, "--headless", *arguments], stdin=subprocess.PIPE,
                                    stderr=subprocess.STDOUT, env=self.environment)
         wait_until(lambda: self.port_lines(), "the recorder to tell its port")

@@ -93,8 +93,7 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecovered(ZLRecoveredDocu
         return open;
     const auto bytes = readFile(path);
     const bool isSuperseded = bytes && !bytes.value().isEmpty()
-        && (!journal.belongsTo(bytes.value())
-            || (!isUntitled && !journal.hasChangesSinceFile && !journal.interruption));
+        && (!journal.belongsTo(bytes.value()) || (!isUntitled && journal.isWhollyIn(bytes.value())));
     if (isSuperseded) {
         setAside(recovered);
         recovered.file->removeJournal();

@@ -2,8 +2,10 @@
 
 #include "document/saving/ZLJournalChange.h"
 #include "document/saving/ZLJournalRecord.h"
+#include "model/ZLChapter.h"
 
 #include <QCoreApplication>
+#include <QSet>
 
 #include <algorithm>
 #include <iterator>
@@ -59,7 +61,6 @@ bool applyRecord(const ZLJournalRecord& record, ZLJournaledDocument& document)
         return true;
     case ZLJournalRecord::Kind::KnownFile:
         document.fileDigests.append(record.payload);
-        document.hasChangesSinceFile = false;
         return true;
     case ZLJournalRecord::Kind::Change:
         return applyChange(record, document);
@@ -72,11 +73,36 @@ bool applyRecord(const ZLJournalRecord& record, ZLJournaledDocument& document)
     return contents.isOk();
 }
 
+/// A mark is told, and so journaled, before the template it was made from leaves the list. After a kill between the two
+/// the template would be offered once more, stamped with the time of the mark that it has become.
+void removeTemplatesThatAreChapters(ZLDocumentContents& contents)
+{
+    const auto uuidOf = [](const QVariant& chapter) { return chapter.toMap().value(ZLChapterKey::UUID).toString(); };
+    QSet<QString> uuidsOfChapters;
+    for (const QVariant& chapter : std::as_const(contents.chapters))
+        uuidsOfChapters.insert(uuidOf(chapter));
+    uuidsOfChapters.remove(QString());
+    contents.templates.removeIf([&](const QVariant& each) { return uuidsOfChapters.contains(uuidOf(each)); });
+}
+
+/// A version is noted before it is written, by another thread than changes are, so its place among them says nothing.
+bool isNewerThanFile(const ZLJournaledDocument& document)
+{
+    return document.fileDigests.isEmpty()
+        || document.fileDigests.last() != ZLJournalRecords::digestOf(ZLDocumentFile::encode(document.contents));
+}
+
 }
 
 bool ZLJournaledDocument::belongsTo(QByteArrayView fileBytes) const
 {
     return fileDigests.contains(ZLJournalRecords::digestOf(fileBytes));
+}
+
+bool ZLJournaledDocument::isWhollyIn(QByteArrayView fileBytes) const
+{
+    return !hasChangesSinceFile && !interruption && !fileDigests.isEmpty()
+        && fileDigests.last() == ZLJournalRecords::digestOf(fileBytes);
 }
 
 ZLResult<ZLJournaledDocument> ZLJournalReader::read(QByteArrayView bytes)
@@ -95,5 +121,7 @@ ZLResult<ZLJournaledDocument> ZLJournalReader::read(QByteArrayView bytes)
             break;
         }
     }
+    removeTemplatesThatAreChapters(document.contents);
+    document.hasChangesSinceFile = document.hasChangesSinceFile && isNewerThanFile(document);
     return document;
 }

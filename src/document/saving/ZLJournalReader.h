@@ -17,12 +17,14 @@ struct ZLJournaledDocument {
     std::optional<ZLInterruptedRecording> interruption {};
     /// Versions of the user's file that belong to the journal.
     QList<QByteArray> fileDigests {};
-    /// Whether chapters, templates or the clock changed after the last version of the file.
+    /// Whether chapters, templates or the clock changed, and the last version of the file does not show it.
     bool hasChangesSinceFile = false;
     /// Whether the last record was cut off.
     bool isTorn = false;
 
     [[nodiscard]] bool belongsTo(QByteArrayView fileBytes) const;
+    /// Whether a file that holds `fileBytes` lacks nothing, so that the journal is not needed.
+    [[nodiscard]] bool isWhollyIn(QByteArrayView fileBytes) const;
 };
 
 namespace ZLJournalReader {

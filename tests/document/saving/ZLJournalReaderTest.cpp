@@ -154,9 +154,38 @@ TEST_F(ZLJournalReaderTest, ItBelongsToEachVersionOfTheFileThatItKnows)
     EXPECT_TRUE(read.value().belongsTo("one"));
     EXPECT_TRUE(read.value().belongsTo("two"));
     EXPECT_FALSE(read.value().belongsTo("three"));
-    EXPECT_FALSE(read.value().hasChangesSinceFile);
-    splice(0, 1, {});
-    read = ZLJournalReader::read(bytes);
+}
+
+TEST_F(ZLJournalReaderTest, AVersionOfTheFileCoversOnlyTheStateThatItShows)
+{
+    const QByteArray before = ZLDocumentFile::encode({ chapters({ u"A"_s, u"B"_s }), 7.5, chapters({ u"T"_s }) });
+    const QByteArray after = ZLDocumentFile::encode({ chapters({ u"B"_s }), 7.5, chapters({ u"T"_s }) });
+    const auto change = ZLJournalChange { .chapters = ZLJournalSplice { 0, 1, {} }, .reading = 7.5 }.encoded();
+    add({ Kind::Change, change });
+    // The bytes were made before the change, and noted by a slower thread after it.
+    add({ Kind::KnownFile, ZLJournalRecords::digestOf(before) });
+    auto read = ZLJournalReader::read(bytes);
     ASSERT_TRUE(read);
     EXPECT_TRUE(read.value().hasChangesSinceFile);
+    EXPECT_FALSE(read.value().isWhollyIn(before));
+    add({ Kind::KnownFile, ZLJournalRecords::digestOf(after) });
+    read = ZLJournalReader::read(bytes);
+    ASSERT_TRUE(read);
+    EXPECT_FALSE(read.value().hasChangesSinceFile);
+    EXPECT_TRUE(read.value().isWhollyIn(after));
+    EXPECT_FALSE(read.value().isWhollyIn(before)) << "the kill came before the file was replaced";
+}
+
+TEST_F(ZLJournalReaderTest, ATemplateThatHasBecomeAChapterIsNotOfferedAgain)
+{
+    const QVariantMap mark { { u"Title"_s, u"T"_s }, { u"UUID"_s, u"1"_s }, { u"TimeStamp"_s, 3.0 } };
+    const QVariantMap next { { u"Title"_s, u"U"_s }, { u"UUID"_s, u"2"_s } };
+    add({ Kind::Change,
+        ZLJournalChange {
+            .chapters = ZLJournalSplice { 2, 0, { mark } }, .templates = ZLJournalSplice { 0, 1, { mark, next } } }
+            .encoded() });
+    const auto read = ZLJournalReader::read(bytes);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(titles(read.value().contents.chapters), (QStringList { u"A"_s, u"B"_s, u"T"_s }));
+    EXPECT_EQ(titles(read.value().contents.templates), QStringList { u"U"_s });
 }

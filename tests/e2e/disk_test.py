@@ -1,0 +1,148 @@
+#!/usr/bin/env python3
+"""Disks that are full, read-only or gone, and files that somebody else writes or has open: it is told on standard error,
+everything is kept meanwhile, and nothing is overwritten silently."""
+
+import json
+import os
+import signal
+import subprocess
+import sys
+import unittest
+
+from desktop import wait_until
+from osc_recorder import PROGRAM, OSCTestCase, Recorder
+
+# Set in the copy of this test that has mounts of its own.
+MARK_OF_NAMESPACE = "ZELTA_TEST_OWN_MOUNTS"
+
+
+def enter_mount_namespace():
+    """Goes on in a place where file systems can be mounted without anybody's noticing, if there is a way to one."""
+    if MARK_OF_NAMESPACE in os.environ:
+        return
+    for options in ("-rm", "-m"):
+        if subprocess.run(["unshare", options, "true"], capture_output=True, check=False).returncode == 0:
+            os.environ[MARK_OF_NAMESPACE] = "1"
+            os.execvp("unshare", ["unshare", options, sys.executable, sys.argv[0], PROGRAM, *sys.argv[1:]])
+    print("No mount namespace is permitted here: tests of a full and of a read-only disk are skipped.", flush=True)
+
+
+class DiskTest(OSCTestCase):
+    def titles_in(self, file):
+        shown = subprocess.run([PROGRAM, "show", "--json", file], capture_output=True, text=True, timeout=60, check=False)
+        return [chapter["title"] for chapter in json.loads(shown.stdout)["chapters"]] if shown.returncode == 0 else None
+
+    def start_on(self, file):
+        recorder = Recorder(self.home, "--osc-port", "0", file)
+        self.addCleanup(recorder.reader.stop)
+        return recorder
+
+    def mark(self, recorder, title):
+        self.press_until_chapter(recorder)
+        recorder.write(f"title {title}")
+        wait_until(lambda: recorder.has_said(f'"{title}"'), f"the title {title}")
+
+    def kill(self, recorder):
+        recorder.reader.process.send_signal(signal.SIGKILL)
+        recorder.reader.process.wait()
+
+    def mount(self, size):
+        if MARK_OF_NAMESPACE not in os.environ:
+            self.skipTest("no mount namespace is permitted here")
+        disk = self.home / "disk"
+        disk.mkdir()
+        subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={size}", "tmpfs", disk], check=True)
+        self.addCleanup(subprocess.run, ["umount", "-l", disk], check=True)
+        return disk
+
+    def check_kept_and_written_later(self, file, take_away, give_back):
+        """Told, kept over a kill, and written as soon as that is possible again."""
+        recorder = self.start_on(file)
+        recorder.start_clock()
+        self.mark(recorder, "before")
+        wait_until(lambda: self.titles_in(file) == ["", "before"], "the file")
+        take_away()
+        self.mark(recorder, "meanwhile")
+        wait_until(lambda: recorder.has_said("Cannot save: "), f"the failure to be told, not {recorder.reader.lines}")
+        self.kill(recorder)
+        recorder = self.start_on(file)
+        wait_until(lambda: recorder.has_said("Cannot save: "), "the failure to be told again")
+        recorder.write("status")
+        wait_until(lambda: recorder.has_said("chapters: 3"), f"what was kept, not {recorder.reader.lines}")
+        give_back()
+        wait_until(lambda: recorder.has_said("Saved again."), "the success to be told")
+        self.assertEqual(self.titles_in(file), ["", "before", "meanwhile"])
+
+    def test_a_full_disk(self):
+        disk = self.mount("64k")
+        ballast = disk / "ballast"
+
+        def fill():
+            with open(ballast, "wb", buffering=0) as stream, self.assertRaises(OSError):
+                while True:
+                    stream.write(bytes(4096))
+
+        self.check_kept_and_written_later(disk / "show.zelta", fill, ballast.unlink)
+
+    def test_a_read_only_disk(self):
+        disk = self.mount("1m")
+
+        def cover():
+            """The same files, but read-only; what is open already stays writable, as the program's lock is."""
+            subprocess.run(["mount", "--bind", disk, disk], check=True)
+            subprocess.run(["mount", "-o", "remount,bind,ro", disk], check=True)
+
+        self.check_kept_and_written_later(
+            disk / "show.zelta", cover, lambda: subprocess.run(["umount", "-l", disk], check=True))
+
+    def test_a_folder_that_disappears_and_returns(self):
+        folder = self.home / "drive"
+        away = self.home / "unplugged"
+        folder.mkdir()
+        self.check_kept_and_written_later(folder / "show.zelta", lambda: folder.rename(away), lambda: away.rename(folder))
+
+    # Other programs.
+
+    def change_meanwhile(self):
+        """Another program writes the file while it is open, and a mark is made."""
+        recorder = self.start_on(self.file)
+        recorder.start_clock()
+        self.mark(recorder, "mine")
+        wait_until(lambda: self.titles_in(self.file) == ["", "mine"], "the file")
+        other = self.home / "other.zelta"
+        theirs = Recorder(self.home, "--osc-port", "0", other)
+        self.addCleanup(theirs.reader.stop)
+        theirs.start_clock()
+        wait_until(lambda: self.titles_in(other) == [""], "the other file")
+        self.theirs = other.read_bytes()
+        self.file.write_bytes(self.theirs)
+        self.mark(recorder, "later")
+        wait_until(lambda: recorder.has_said("Another program changed the file."), "the conflict to be told")
+        self.assertEqual(self.file.read_bytes(), self.theirs)
+        return recorder
+
+    def test_keep_mine(self):
+        self.change_meanwhile().write("mine")
+        wait_until(lambda: self.titles_in(self.file) == ["", "mine", "later"], "my file")
+
+    def test_take_theirs(self):
+        self.change_meanwhile().write("theirs")
+        wait_until(lambda: self.titles_in(self.file) == [""], "their chapters")
+
+    def test_keep_both(self):
+        self.change_meanwhile().write("both")
+        second = self.file.with_name("show 2.zelta")
+        wait_until(lambda: self.titles_in(second) == ["", "mine", "later"], "a second file")
+        self.assertEqual(self.file.read_bytes(), self.theirs)
+
+    def test_a_document_that_is_opened_twice_is_told_of(self):
+        first = self.start_on(self.file)
+        second = self.start_on(self.file)
+        wait_until(lambda: second.has_said("The file is also open elsewhere"), f"it, not {second.reader.lines}")
+        wait_until(lambda: second.has_said(f"process {first.reader.process.pid}"), "who has it")
+        self.assertFalse(first.has_said("elsewhere"))
+
+
+if __name__ == "__main__":
+    enter_mount_namespace()
+    unittest.main()

@@ -39,6 +39,7 @@ ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSi
     if (remote.oscPublisher)
         m_oscAnnouncement =
             std::make_unique<ZLOSCAnnouncement>(m_oscController->inPort(), std::move(remote.oscPublisher));
+    beginActivity(std::move(remote.activity));
     m_commandSocket = std::make_unique<ZLCommandSocket>(
         [this](const ZLOSCMessage& message) { return m_oscController->performMessage(message, commandSocketPeer); });
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLGlobalHotkeysDidChange, this,
@@ -50,6 +51,7 @@ ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSi
 
 ZLApplication::~ZLApplication()
 {
+    m_activity->end();
     // The documents outlive the controllers, and shall not wake them again.
     m_documentController.disconnect(this);
     const auto documents = m_documentController.documents();
@@ -118,11 +120,29 @@ void ZLApplication::createHotkeyController()
     connect(m_hotkeyController.get(), &ZLHotkeyController::hotKeysDidChange, this, &ZLApplication::hotKeysDidChange);
 }
 
+void ZLApplication::beginActivity(std::unique_ptr<ZLProcessActivity> activity)
+{
+    m_activity = activity ? std::move(activity) : std::make_unique<ZLNullProcessActivity>();
+    // The system ends the program right afterwards; what cannot be written then is told at the next start.
+    connect(m_activity.get(), &ZLProcessActivity::systemWillShutDown, &m_documentController,
+        [this] { m_documentController.saveAllNow(); });
+    m_activity->begin(u"receiving OSC messages"_s);
+}
+
+void ZLApplication::updateActivity()
+{
+    if (applicationShouldTerminate())
+        m_activity->allowLogOut();
+    else
+        m_activity->holdBackLogOut(tr("A recording is running."));
+}
+
 void ZLApplication::followDocuments()
 {
     connect(&m_documentController, &ZLDocumentController::didOpenDocument, this, [this](ZLChapterDocument* document) {
         connect(document, &ZLChapterDocument::controllersShouldBeInformed, this,
             &ZLApplication::informControllersOfDocumentChange);
+        connect(document, &ZLChapterDocument::recordingStateDidChange, this, &ZLApplication::updateActivity);
     });
     // Commands act on another document now, so another state is to be shown.
     connect(&m_documentController, &ZLDocumentController::currentDocumentDidChange, this,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ZLDocumentController.h"
+#include "platform/activity/ZLProcessActivity.h"
 #include "remote/ZLCommandSocket.h"
 #include "remote/ZLHotkeyController.h"
 #include "remote/ZLOSCAnnouncement.h"
@@ -21,6 +22,8 @@ struct ZLRemoteSetup {
     std::optional<QList<ZLOSCDestination>> oscOutputs {};
     /// Announces the port on which OSC messages are received; null when nobody shall hear of it.
     std::unique_ptr<ZLServicePublisher> oscPublisher {};
+    /// Keeps the system awake, since commands may come at any time; null where the system is not to be asked.
+    std::unique_ptr<ZLProcessActivity> activity {};
 };
 
 /// The application object: it starts everything that does not depend on a display, in a fixed order, carries out what
@@ -76,6 +79,9 @@ private:
     void createHotkeyController();
     void globalHotkeysDidChange();
     void followDocuments();
+    void beginActivity(std::unique_ptr<ZLProcessActivity> activity);
+    /// A running clock holds back the end of the session.
+    void updateActivity();
 
     std::shared_ptr<ZLUserNotificationCenter> m_notificationCenter;
     ZLDocumentController m_documentController;
@@ -84,4 +90,5 @@ private:
     std::unique_ptr<ZLOSCController> m_oscController;
     std::unique_ptr<ZLOSCAnnouncement> m_oscAnnouncement;
     std::unique_ptr<ZLCommandSocket> m_commandSocket;
+    std::unique_ptr<ZLProcessActivity> m_activity;
 };

@@ -157,6 +157,7 @@ void ZLHeadlessRecorder::watchDocuments()
 {
     connect(m_document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLHeadlessRecorder::scheduleReport);
     connect(m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLHeadlessRecorder::scheduleReport);
+    connect(m_document, &ZLChapterDocument::undecidedSleepsDidChange, this, &ZLHeadlessRecorder::reportSleep);
     const auto documents = m_controller.documents();
     for (const ZLChapterDocument* document : documents) {
         const ZLDocumentSaver* saver = m_controller.saverOf(document);
@@ -245,6 +246,10 @@ const std::vector<ZLHeadlessRecorder::Command>& ZLHeadlessRecorder::commands()
             QT_TR_NOOP("no recording was interrupted"), &Self::continueRecording },
         { u"keep"_s, QT_TR_NOOP("keep the clock of an interrupted recording paused at its last reading"),
             QT_TR_NOOP("no recording was interrupted"), &Self::keepPaused },
+        { u"addsleep"_s, QT_TR_NOOP("add the time for which the computer slept to the clock and the chapters after it"),
+            QT_TR_NOOP("the computer did not sleep"), &Self::addSleptTime },
+        { u"leavesleep"_s, QT_TR_NOOP("leave out the time for which the computer slept"),
+            QT_TR_NOOP("the computer did not sleep"), &Self::leaveSleptTime },
         { u"mine"_s, QT_TR_NOOP("write over what another program made of the file"),
             QT_TR_NOOP("no other program changed the file"), &Self::keepMine },
         { u"theirs"_s, QT_TR_NOOP("take over what another program made of the file"),

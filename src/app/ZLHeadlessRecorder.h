@@ -76,6 +76,8 @@ private:
     void setTitle(const QString& title);
     void continueRecording(const QString& argument);
     void keepPaused(const QString& argument);
+    void addSleptTime(const QString& argument);
+    void leaveSleptTime(const QString& argument);
     void keepMine(const QString& argument);
     void takeTheirs(const QString& argument);
     void keepBoth(const QString& argument);
@@ -85,6 +87,7 @@ private:
 
     void settleConflict(const std::function<ZLStatus(ZLDocumentSaver&)>& decision);
     void reportInterruption();
+    void reportSleep();
     void printPort();
 
     void openInput();

@@ -7,6 +7,7 @@
 #include "app/ui/ZLDesktop.h"
 #include "app/ui/ZLDesktopApplication.h"
 #include "export/formats/ZLRegisterExporters.h"
+#include "platform/activity/ZLBootClock.h"
 #include "platform/dnssd/ZLAvahiServicePublisher.h"
 #include "resources/translations/ZLTranslation.h"
 
@@ -49,10 +50,11 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
             "main", "zelta: there is neither an X nor a Wayland display, so the recorder runs without a window.\n");
     ZLApplicationSounds sounds;
     // No notifications: whoever runs this reads and types at its streams, and an answer to a button needs a window.
-    ZLApplication application({ .environment = { .soundNamed = sounds.soundNamed() } }, ZLApplication::StandardFontSize,
+    ZLApplication application({ .environment = { .bootClock = std::make_shared<ZLBootClock>(), .soundNamed = sounds.soundNamed() } }, ZLApplication::StandardFontSize,
         { .oscPort = commandLine.oscPort,
             .oscOutputs = commandLine.oscOutputs,
-            .oscPublisher = std::make_unique<ZLAvahiServicePublisher>() });
+            .oscPublisher = std::make_unique<ZLAvahiServicePublisher>(),
+            .activity = ZLProcessActivity::create() });
     sounds.prepareForRecording();
     ZLHeadlessRecorder recorder(application.documentController(), ZLHeadlessStreams::standard());
     recorder.showRemoteControl(application.oscController());

@@ -2,6 +2,7 @@
 
 #include "app/ZLActionRouting.h"
 #include "export/ZLExporter.h"
+#include "platform/ZLAtomicFile.h"
 #include "remote/ZLRecordingHotKeyCenter.h"
 #include "settings/ZLSettingsManager.h"
 #include "support/ZLFakeHostClock.h"
@@ -14,6 +15,19 @@ using namespace Qt::StringLiterals;
 
 class ZLApplicationTest : public testing::Test {
 protected:
+    /// Writes down what is asked of the system.
+    struct RecordingActivity final : ZLProcessActivity {
+        explicit RecordingActivity(QStringList& log)
+            : calls(log)
+        {
+        }
+        void begin(const QString& reason) override { calls.append(u"begin "_s + reason); }
+        void end() override { calls.append(u"end"_s); }
+        void holdBackLogOut(const QString& reason) override { calls.append(u"hold back "_s + reason); }
+        void allowLogOut() override { calls.append(u"allow"_s); }
+        QStringList& calls;
+    };
+
     ZLApplicationTest() { ZLSettingsManager::useFile(m_folder.filePath(u"zelta.conf"_s)); }
 
     [[nodiscard]] ZLDocumentControllerSetup setup()
@@ -54,6 +68,46 @@ TEST_F(ZLApplicationTest, ItDoesNotEndWhileAnyClockRuns)
     EXPECT_FALSE(application.applicationShouldTerminate());
     recording->recordButtonPressed();
     EXPECT_TRUE(application.applicationShouldTerminate());
+}
+
+TEST_F(ZLApplicationTest, TheSystemStaysAwakeFromStartToEndAndARunningClockHoldsBackALogOut)
+{
+    QStringList calls;
+    {
+        ZLApplication application(
+            setup(), ZLApplication::StandardFontSize, { .activity = std::make_unique<RecordingActivity>(calls) });
+        EXPECT_EQ(calls, (QStringList { u"begin receiving OSC messages"_s }));
+        calls.clear();
+        ZLChapterDocument* first = application.documentController().newDocument();
+        ZLChapterDocument* second = application.documentController().newDocument();
+        first->recordButtonPressed();
+        EXPECT_EQ(calls.last(), u"hold back A recording is running."_s);
+        second->recordButtonPressed();
+        first->recordButtonPressed();
+        EXPECT_EQ(calls.last(), u"hold back A recording is running."_s) << "the other clock runs";
+        second->recordButtonPressed();
+        EXPECT_EQ(calls.last(), u"allow"_s);
+        second->undoManager().undo();
+        EXPECT_EQ(calls.last(), u"hold back A recording is running."_s) << "its stop was undone";
+    }
+    EXPECT_EQ(calls.last(), u"end"_s);
+}
+
+TEST_F(ZLApplicationTest, EverythingIsSavedWhenTheSystemShutsDown)
+{
+    QStringList calls;
+    auto activity = std::make_unique<RecordingActivity>(calls);
+    RecordingActivity* system = activity.get();
+    ZLApplication application(setup(), ZLApplication::StandardFontSize, { .activity = std::move(activity) });
+    const QString path = m_folder.filePath(u"show.zelta"_s);
+    const auto document = application.documentController().openDocument(path, ZLMissingFile::Create);
+    ASSERT_TRUE(document);
+    document.value()->recordButtonPressed();
+    const QByteArray before = ZLAtomicFile::read(path).value();
+    document.value()->addChapterButtonPressed();
+    Q_EMIT system->systemWillShutDown();
+    EXPECT_NE(ZLAtomicFile::read(path).value(), before);
+    EXPECT_EQ(application.documentController().saverOf(document.value())->state(), ZLSavingState::Saved);
 }
 
 TEST_F(ZLApplicationTest, ARemoteActionReachesTheCurrentDocumentOrElseTheFirst)

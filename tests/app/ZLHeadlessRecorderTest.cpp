@@ -28,6 +28,30 @@ TEST_F(ZLHeadlessRecorderTest, RecordStartsTheClockAtOnce)
     EXPECT_TRUE(document->isRecording());
 }
 
+TEST_F(ZLHeadlessRecorderTest, ASleepOfTheComputerIsToldAndItsTimeCanBeAdded)
+{
+    start(ZLHeadlessStart::Recording);
+    EXPECT_EQ(answerTo(u"addsleep"_s), (QStringList { u"the computer did not sleep"_s }));
+    bootClock->seconds += 720.0;
+    errors.clear();
+    document->noticeSleep();
+    ASSERT_EQ(errors.size(), 1);
+    EXPECT_TRUE(errors.first().startsWith("The computer slept for 12 min from "_L1));
+    EXPECT_TRUE(errors.first().contains("\"addsleep\""_L1));
+    EXPECT_EQ(answerTo(u"addsleep"_s), (QStringList { u"the clock reads 00:12:00.0"_s }));
+    EXPECT_EQ(document->currentDuration(), 720.0);
+    EXPECT_EQ(answerTo(u"leavesleep"_s), (QStringList { u"the computer did not sleep"_s }));
+}
+
+TEST_F(ZLHeadlessRecorderTest, TheTimeOfASleepCanBeLeftOut)
+{
+    start(ZLHeadlessStart::Recording);
+    bootClock->seconds += 720.0;
+    document->noticeSleep();
+    EXPECT_EQ(answerTo(u"leavesleep"_s), (QStringList { u"the clock reads 00:00:00.0"_s }));
+    EXPECT_EQ(answerTo(u"addsleep"_s), (QStringList { u"the computer did not sleep"_s }));
+}
+
 TEST_F(ZLHeadlessRecorderTest, WithoutAFileItIsWhatWasOpenBeforeOrANewDocument)
 {
     ASSERT_TRUE(recorder->start(std::nullopt, ZLHeadlessStart::Recording));

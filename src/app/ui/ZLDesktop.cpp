@@ -2,6 +2,7 @@
 
 #include "app/ui/ZLDesktopApplication.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
+#include "platform/activity/ZLBootClock.h"
 #include "platform/dnssd/ZLAvahiServicePublisher.h"
 #include "platform/notification/ZLBusNotificationCenter.h"
 
@@ -17,6 +18,7 @@ ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events, ZLApp
     setup.environment.isApplicationActive = [] { return QGuiApplication::applicationState() == Qt::ApplicationActive; };
     setup.environment.isOptionKeyHeld = [&events] { return events.isOptionKeyHeld(); };
     setup.environment.soundNamed = sounds.soundNamed();
+    setup.environment.bootClock = std::make_shared<ZLBootClock>();
     setup.environment.notificationCenter = std::make_shared<ZLBusNotificationCenter>();
     return setup;
 }
@@ -27,7 +29,7 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     : m_hotKeyCenter(ZLHotKeyCenter::create())
     , m_application(desktopSetup(events, m_sounds), float(QFontInfo(QApplication::font()).pointSizeF()),
           { m_hotKeyCenter.get(), commandLine.oscPort, commandLine.oscOutputs,
-              std::make_unique<ZLAvahiServicePublisher>() })
+              std::make_unique<ZLAvahiServicePublisher>(), ZLProcessActivity::create() })
     , m_windows(m_application.documentController())
     , m_remoteStatus(m_application)
     , m_oscConnections(m_application)

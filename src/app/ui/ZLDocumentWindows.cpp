@@ -4,6 +4,7 @@
 #include "app/ui/ZLHelpMenu.h"
 #include "app/ui/ZLSavePanel.h"
 #include "app/ui/ZLSavingDisplay.h"
+#include "app/ui/ZLSleepDisplay.h"
 #include "app/ui/ZLWindowCloser.h"
 #include "app/ui/ZLWindowMenu.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
@@ -16,6 +17,7 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QScreen>
+#include <QSessionManager>
 #include <QUrl>
 
 #include <algorithm>
@@ -41,6 +43,8 @@ ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller)
     connect(&controller, &ZLDocumentController::didOpenDocument, this, &ZLDocumentWindows::addWindow);
     connect(&controller, &ZLDocumentController::willCloseDocument, this, &ZLDocumentWindows::removeWindow);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &ZLDocumentWindows::noteApplicationState);
+    // The manager waits for the answer, which has to be given before this returns.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &ZLDocumentWindows::answerLogOut, Qt::DirectConnection);
     connect(&m_exportMenu, &ZLExportMenu::exportDidFinish, this, &ZLDocumentWindows::showExportedFile);
     connect(&m_exportMenu, &ZLExportMenu::exportDidFail, this, &ZLDocumentWindows::showExportFailure);
 }
@@ -113,6 +117,26 @@ void ZLDocumentWindows::quitAtOnce()
     QCoreApplication::exit();
 }
 
+bool ZLDocumentWindows::prepareForLogOut()
+{
+    for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
+        window->commitTypedText();
+    m_controller.saveAllNow();
+    if (m_controller.canTerminate())
+        return true;
+    refuseToQuitWhileRecording();
+    return false;
+}
+
+void ZLDocumentWindows::answerLogOut(QSessionManager& manager)
+{
+    // What is not saved is kept aside and back after the next log-in, so only a running clock is a reason to say no.
+    if (prepareForLogOut() || !manager.allowsInteraction())
+        return;
+    manager.cancel();
+    manager.release();
+}
+
 ZLChapterDocumentWindow* ZLDocumentWindows::windowOf(ZLChapterDocument* document) const
 {
     return m_windows.value(document);
@@ -140,6 +164,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     const auto* helpMenu = new ZLHelpMenu(*window);
     connect(helpMenu, &ZLHelpMenu::aboutRequested, this, &ZLDocumentWindows::aboutRequested);
     new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
+    new ZLSleepDisplay(*window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
     connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
     window->installEventFilter(this);

@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QObject>
 
+class QSessionManager;
 class ZLChapterDocumentWindow;
 class ZLSavePanel;
 
@@ -29,6 +30,9 @@ public:
     void quit();
     /// Saves at once whatever there is and ends the program, because the system asks for it.
     void quitAtOnce();
+    /// Saves whatever there is because the session shall end, which may be called off by others. False while a clock
+    /// runs: then the windows say that it has to be stopped first.
+    [[nodiscard]] bool prepareForLogOut();
 
     [[nodiscard]] ZLChapterDocumentWindow* windowOf(ZLChapterDocument* document) const;
 
@@ -40,6 +44,7 @@ Q_SIGNALS:
 
 private:
     void addWindow(ZLChapterDocument* document);
+    void answerLogOut(QSessionManager& manager);
     void connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel);
     void removeWindow(ZLChapterDocument* document);
     void quitUnlessWindowsAreOpen();

@@ -45,6 +45,7 @@ protected:
         const auto runAtOnce = [](const std::function<void()>& task) { task(); };
         ZLDocumentControllerSetup result;
         result.environment.hostClock = m_clock;
+        result.environment.bootClock = m_bootClock;
         result.machinery.clock = m_clock;
         result.machinery.executor = runAtOnce;
         result.machinery.writeFile = [this](const QString& path, const QByteArray& bytes) -> ZLStatus {
@@ -183,6 +184,7 @@ protected:
     /// Why writing fails; empty while it works.
     QString m_diskError;
     std::shared_ptr<ZLFakeHostClock> m_clock = std::make_shared<ZLFakeHostClock>();
+    std::shared_ptr<ZLFakeHostClock> m_bootClock = std::make_shared<ZLFakeHostClock>();
     ZLDocumentController m_controller { setup() };
     std::unique_ptr<ZLDocumentWindows> m_windows = std::make_unique<ZLDocumentWindows>(m_controller);
 };

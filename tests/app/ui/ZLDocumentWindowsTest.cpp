@@ -13,6 +13,19 @@ protected:
     }
 };
 
+TEST_F(ZLDocumentWindowsTest, ALogOutSavesWhatThereIsAndIsHeldBackOnlyByARunningClock)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"log-out.zelta"_s));
+    document->recordButtonPressed();
+    addChapter(document, u"Mine"_s);
+    EXPECT_FALSE(m_windows->prepareForLogOut());
+    EXPECT_EQ(passingMessage(document), u"Stop the recording before quitting."_s);
+    EXPECT_EQ(titlesInFile(filePath(u"log-out.zelta"_s)), (QStringList { u"Stored"_s, u"Mine"_s }));
+    document->recordButtonPressed();
+    m_diskError = u"The disk is full."_s;
+    EXPECT_TRUE(m_windows->prepareForLogOut()) << "what cannot be written is kept aside";
+}
+
 TEST_F(ZLDocumentWindowsTest, QuittingIsRefusedWhileAnyClockRuns)
 {
     ZLChapterDocument* idle = newDocument();

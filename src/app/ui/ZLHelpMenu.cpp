@@ -17,7 +17,7 @@ namespace {
 
 QString keyRowOf(const QAction& item)
 {
-    return u"<tr><td>%1&nbsp;&nbsp;&nbsp;</td><td><b>%2</b></td></tr>"_s.arg(
+    return u"<tr><td><nobr>%1</nobr>&nbsp;&nbsp;&nbsp;</td><td><b>%2</b></td></tr>"_s.arg(
         ZLActionHelp::firstTitle(item).toHtmlEscaped(),
         item.shortcut().toString(QKeySequence::NativeText).toHtmlEscaped());
 }

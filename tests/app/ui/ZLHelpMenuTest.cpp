@@ -75,7 +75,7 @@ TEST_F(ZLHelpMenuTest, AKeyIsListedUnderTheNameOfItsCommandAndNotOfTheNextStep)
     EXPECT_TRUE(action(document, u"undo"_s)->text().contains("Create Chapter"_L1));
     const QString text = keysText(document);
     EXPECT_FALSE(text.contains("Create Chapter"_L1));
-    EXPECT_TRUE(text.contains("<td>Undo&nbsp;"_L1));
+    EXPECT_TRUE(text.contains("<td><nobr>Undo</nobr>&nbsp;"_L1));
 }
 
 TEST_F(ZLHelpMenuTest, TheGuideIsTheFirstThatThereIs)

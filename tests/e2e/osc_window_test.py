@@ -1,44 +1,14 @@
 #!/usr/bin/env python3
 """A press on a control surface while another program is in front: the chapter is there, the keyboard stays where it is."""
 
-import subprocess
 import sys
 from pathlib import Path
 
 from desktop import Desktop, wait_until
-from osc_peers import OscDump, free_port, oscsend, start_reader
+from osc_peers import OscDump, free_port, oscsend
+from other_program import OtherProgram, focused_window
 
 PROGRAM = Path(sys.argv[1])
-
-
-def focused_window():
-    answer = subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True, check=False)
-    return answer.stdout.strip()
-
-
-class OtherProgram:
-    """A window that prints the keys it is given."""
-
-    def __init__(self, desktop):
-        self.reader = start_reader(["xev", "-event", "keyboard"])
-        self.window = wait_until(self.find, "the other program's window")
-        wait_until(self.take_the_keyboard, "the other program to have the keyboard")
-
-    @staticmethod
-    def find():
-        answer = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Event Tester"], capture_output=True,
-                                text=True, check=False)
-        return answer.stdout.strip()
-
-    def take_the_keyboard(self):
-        subprocess.run(["xdotool", "windowactivate", "--sync", self.window], check=True, timeout=30)
-        return focused_window() == self.window
-
-    def has_got(self, text):
-        """Whether it was given these keys in this order, and no other."""
-        keys = [line.split("keysym")[1].split(",")[1].strip(" )") if "keysym" in line else ""
-                for line in list(self.reader.lines) if "keysym" in line]
-        return "".join(keys[::2]) == text
 
 
 def main():
@@ -56,7 +26,7 @@ def main():
             return accessible.table_texts(table)
 
         wait_until(lambda: ("/zl/isRecording", "F", "#F") in dump.messages(), "the whole state")
-        other = OtherProgram(desktop)
+        other = OtherProgram()
 
         oscsend(port, "/zl/toggleRecording", "f", 1)
         wait_until(lambda: len(rows()) == 1, "the first chapter")

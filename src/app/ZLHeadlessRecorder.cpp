@@ -229,7 +229,6 @@ void ZLHeadlessRecorder::print(const QString& line)
 
 ZLHeadlessRecorder::Snapshot ZLHeadlessRecorder::takeSnapshot() const
 {
-    ZLChapterManager& manager = m_document->chapterManager();
     return {
         .isRecording = m_document->isRecording(),
         .selectedChapter = m_document->chapterManager().chapterAtIndex(m_document->selectedRow()),

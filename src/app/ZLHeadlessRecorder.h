@@ -104,10 +104,10 @@ private:
     ZLHeadlessStreams m_streams;
     const ZLOSCController* m_oscController = nullptr;
     ZLChapterDocument* m_document = nullptr;
+    std::unique_ptr<ZLChapterChanges> m_chapterChanges;
     ZLLineReader* m_input = nullptr;
     ZLSignalWatcher* m_signals = nullptr;
     Snapshot m_reported;
-    std::unique_ptr<ZLChapterChanges> m_chapterChanges;
     QString m_reportedFailure;
     bool m_isReportDue = false;
     bool m_hasPrinted = false;

@@ -8,8 +8,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 /// Notes what reaches it, and accepts keys only.
 class NotingWidget final : public QWidget {
 public:
@@ -33,6 +31,8 @@ protected:
         return QWidget::event(event);
     }
 };
+
+namespace {
 
 ZLDesktopApplication& application()
 {

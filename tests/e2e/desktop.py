@@ -104,6 +104,8 @@ class Desktop:
         reader, writer = os.pipe()
         self.start(
             "Xvfb", "-displayfd", writer, "-screen", "0", f"{self.size}x24", "-nolisten", "tcp",
+            # Without this it starts over when its last client goes, and takes those along who are about to come.
+            "-noreset",
             pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
         )
         os.close(writer)

@@ -70,7 +70,10 @@ void ZLBusNotificationCenter::send(const ZLUserNotification& notification, Attem
         } else {
             qCInfo(notificationCenterLog) << "not shown:" << answer.errorMessage();
         }
+        if (isSameServer)
+            oneAnswerLess();
     };
+    ++m_unanswered;
     m_server.call(u"Notify"_s, arguments, this, receive);
 }
 
@@ -80,6 +83,25 @@ void ZLBusNotificationCenter::remember(const Delivered& delivered)
     m_delivered.append(delivered);
     if (m_delivered.size() > maximumRemembered)
         m_delivered.removeFirst();
+    for (qsizetype i = 0; i < m_early.size();) {
+        if (m_early.at(i).id == delivered.id)
+            m_early.takeAt(i).event();
+        else
+            ++i;
+    }
+}
+
+void ZLBusNotificationCenter::keepForAnswer(uint id, const std::function<void()>& event)
+{
+    // The bus is read on a thread of its own, and an answer may overtake the object that waits for it.
+    if (m_unanswered > 0 && m_early.size() < maximumRemembered)
+        m_early.append({ id, event });
+}
+
+void ZLBusNotificationCenter::oneAnswerLess()
+{
+    if (--m_unanswered == 0)
+        m_early.clear();
 }
 
 const ZLUserNotification* ZLBusNotificationCenter::notificationWithId(uint id) const
@@ -99,13 +121,17 @@ void ZLBusNotificationCenter::serverWasLost()
     // The next server counts from the beginning: its numbers are not those of the notifications it never saw.
     ++m_generation;
     m_delivered.clear();
+    m_early.clear();
+    m_unanswered = 0;
 }
 
 void ZLBusNotificationCenter::actionWasInvoked(uint id, const QString& key)
 {
     const ZLUserNotification* known = notificationWithId(id);
-    if (!known)
+    if (!known) {
+        keepForAnswer(id, [this, id, key] { actionWasInvoked(id, key); });
         return;
+    }
     const ZLUserNotification notification = *known;
     if (const auto type = ZLNotificationMessage::typeOfAction(notification, key))
         Q_EMIT didActivateNotification(notification, { *type });
@@ -114,6 +140,8 @@ void ZLBusNotificationCenter::actionWasInvoked(uint id, const QString& key)
 void ZLBusNotificationCenter::notificationWasReplied(uint id, const QString& text)
 {
     const ZLUserNotification* known = notificationWithId(id);
+    if (!known)
+        keepForAnswer(id, [this, id, text] { notificationWasReplied(id, text); });
     if (!known || !known->hasReplyButton)
         return;
     const ZLUserNotification notification = *known;
@@ -125,6 +153,9 @@ void ZLBusNotificationCenter::notificationWasReplied(uint id, const QString& tex
 void ZLBusNotificationCenter::notificationWasClosed(uint id, uint reason)
 {
     // One whose time was over is kept in a list by many desktops, where it can still be answered.
-    if (reason != closedBecauseExpired)
-        forget(id);
+    if (reason == closedBecauseExpired)
+        return;
+    if (!notificationWithId(id))
+        keepForAnswer(id, [this, id] { forget(id); });
+    forget(id);
 }

@@ -5,6 +5,8 @@
 
 #include <QList>
 
+#include <functional>
+
 /// Delivers through the notification server on the session bus, whichever runs there, anew whenever it is replaced.
 /// Where it has reply fields the reply comes as ZLUserNotificationActivationType::Replied; where it has only buttons,
 /// the Reply button comes as ReplyButtonClicked; where none runs, nothing is shown.
@@ -34,6 +36,9 @@ private:
     void deliver(const ZLUserNotification& notification, Attempt attempt);
     void send(const ZLUserNotification& notification, Attempt attempt);
     void remember(const Delivered& delivered);
+    /// Keeps what the server tells of a number that it has given out but whose answer has not been seen yet.
+    void keepForAnswer(uint id, const std::function<void()>& event);
+    void oneAnswerLess();
     /// Null for a number that is not one of ours, or no longer.
     [[nodiscard]] const ZLUserNotification* notificationWithId(uint id) const;
     void forget(uint id);
@@ -46,6 +51,13 @@ private:
     /// Until it is known what the server can do.
     QList<Waiting> m_waiting;
     QList<Delivered> m_delivered;
+    struct Early {
+        uint id = 0;
+        std::function<void()> event;
+    };
+    QList<Early> m_early;
+    /// Notifications of this server whose numbers are not known yet.
+    qsizetype m_unanswered = 0;
     /// Counts the servers that were lost, so that a late answer of an earlier one is known as such.
     quint64 m_generation = 0;
 };

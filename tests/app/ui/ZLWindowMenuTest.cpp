@@ -37,10 +37,10 @@ protected:
 TEST_F(ZLWindowMenuTest, TheOpenDocumentsAreListedWithATickAtOnesOwn)
 {
     ZLChapterDocument* first = openFile(storedFile(u"Q&A.zelta"_s));
-    EXPECT_EQ(documentTitles(first), QStringList { u"&1 Q&&A ✓"_s });
+    EXPECT_EQ(documentTitles(first), QStringList { u"&1 Q&&A.zelta ✓"_s });
     ZLChapterDocument* second = newDocument();
-    EXPECT_EQ(documentTitles(first), (QStringList { u"&1 Q&&A ✓"_s, u"&2 Untitled"_s }));
-    EXPECT_EQ(documentTitles(second), (QStringList { u"&1 Q&&A"_s, u"&2 Untitled ✓"_s }));
+    EXPECT_EQ(documentTitles(first), (QStringList { u"&1 Q&&A.zelta ✓"_s, u"&2 Untitled"_s }));
+    EXPECT_EQ(documentTitles(second), (QStringList { u"&1 Q&&A.zelta"_s, u"&2 Untitled ✓"_s }));
     windowOf(first).close();
     EXPECT_EQ(documentTitles(second), QStringList { u"&1 Untitled ✓"_s });
 }

@@ -83,8 +83,9 @@ void ZLChapterDocument::undoStopRecording(double originalDuration, double newDur
 void ZLChapterDocument::_realStartRecordingWithTime(double hostTime)
 {
     m_clock.startAt(hostTime);
-    Q_EMIT recordingStateDidChange();
+    // Before anybody does something about the running clock, so that the chapter stands at its very beginning.
     createAutomaticChapter();
+    Q_EMIT recordingStateDidChange();
 }
 
 void ZLChapterDocument::_realStopRecording()

@@ -84,7 +84,7 @@ class LaunchTest(unittest.TestCase):
         kept = list((self.desktop.home / "state/zelta/recovery").glob("*.zelta"))
         self.assertEqual(len(kept), 1)
         shown = subprocess.run([PROGRAM, "show", kept[0]], capture_output=True, text=True, check=True).stdout
-        self.assertIn("00:00:00.000", shown)
+        self.assertIn("1  yes      00:00:00.0", shown)
 
     def test_several_documents_come_back_after_a_restart(self):
         process = self.start()

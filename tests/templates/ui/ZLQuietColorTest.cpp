@@ -18,7 +18,7 @@ double quietLuminance(const QColor& color)
 
 double quietContrast(const QColor& first, const QColor& second)
 {
-    const auto [darker, lighter] = std::minmax(quietLuminance(first), quietLuminance(second));
+    const auto [darker, lighter] = std::minmax({ quietLuminance(first), quietLuminance(second) });
     return (lighter + 0.05) / (darker + 0.05);
 }
 

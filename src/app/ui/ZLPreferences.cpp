@@ -6,6 +6,7 @@
 #include "document/ui/menus/ZLActionHelp.h"
 #include "document/ui/menus/ZLEditMenu.h"
 #include "platform/sound/ZLSoundServer.h"
+#include "platform/window/ZLDesktopAnimations.h"
 #include "settings/ZLSettingsManager.h"
 #include "settings/ui/ZLAboutViewController.h"
 #include "settings/ui/ZLGeneralPrefsViewController.h"
@@ -90,7 +91,12 @@ void ZLPreferences::makePrefsController()
     panes.push_back(nullptr);
     panes.push_back(std::make_unique<ZLAboutViewController>(
         ZLProgramVersion { QStringLiteral(ZELTA_VERSION), QStringLiteral(ZELTA_BUILD_NUMBER) }));
+    m_desktopAnimations = std::make_unique<ZLDesktopAnimations>();
     m_prefsController = std::make_unique<MASPreferencesWindowController>(std::move(panes));
+    m_prefsController->setAnimationDuration([this] {
+        return m_desktopAnimations->areWanted() ? MASPreferencesWindowController::styleAnimationDuration()
+                                                : std::chrono::milliseconds(0);
+    });
 }
 
 std::unique_ptr<MASPreferencesViewController> ZLPreferences::makeGeneralPane()

@@ -8,6 +8,7 @@
 
 class ZLApplication;
 class ZLChapterDocumentWindow;
+class ZLDesktopAnimations;
 class ZLShortcutPrefsViewController;
 class ZLSoundServer;
 
@@ -43,5 +44,6 @@ private:
 
     ZLApplication& m_application;
     ZLSoundServer& m_soundServer;
+    std::unique_ptr<ZLDesktopAnimations> m_desktopAnimations;
     std::unique_ptr<MASPreferencesWindowController> m_prefsController;
 };

@@ -2,6 +2,8 @@
 
 #include "settings/ZLSettingsManager.h"
 #include "settings/ui/MASPreferencesGeometryText.h"
+#include "settings/ui/MASPreferencesStage.h"
+#include "settings/ui/MASWindowGlide.h"
 #include "ui_MASPreferencesWindow.h"
 
 #include <QActionGroup>
@@ -10,6 +12,7 @@
 #include <QResizeEvent>
 #include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 #include <QToolBar>
 
 #include <algorithm>
@@ -51,8 +54,14 @@ QWidget* firstKeyView(QWidget& pane)
 
 MASPreferencesWindowController::MASPreferencesWindowController(Panes viewControllers, const QString& title)
     : m_title(title)
+    , m_animationDuration(styleAnimationDuration)
     , m_viewControllers(std::move(viewControllers))
 {
+}
+
+std::chrono::milliseconds MASPreferencesWindowController::styleAnimationDuration()
+{
+    return std::chrono::milliseconds(QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration));
 }
 
 MASPreferencesWindowController::~MASPreferencesWindowController()
@@ -96,6 +105,10 @@ void MASPreferencesWindowController::windowDidLoad()
     Ui::MASPreferencesWindow().setupUi(m_window.get());
     m_toolbar = m_window->findChild<QToolBar*>(u"toolbar"_s);
     m_toolbarItems = new QActionGroup(m_window.get());
+    m_stage = new MASPreferencesStage;
+    m_window->setCentralWidget(m_stage);
+    m_glide = new MASWindowGlide(*m_window);
+    connect(m_glide, &MASWindowGlide::didArrive, m_stage, &MASPreferencesStage::letPaneFill);
     for (const auto& pane : m_viewControllers)
         addToolbarItem(pane.get());
     addWindowKeys();
@@ -122,7 +135,14 @@ void MASPreferencesWindowController::addToolbarItem(MASPreferencesViewController
     pane->installEventFilter(this);
     // Toolbars keep their buttons out of the reach of the keyboard.
     m_toolbar->widgetForAction(item)->setFocusPolicy(Qt::TabFocus);
-    connect(item, &QAction::triggered, this, [this, pane] { setSelectedViewController(pane); });
+    // Not the clicks: a screen reader toggles a button without one, and could leave no pane chosen.
+    connect(item, &QAction::toggled, this, [this, pane, item](bool isOn) {
+        const auto items = m_toolbarItems->actions();
+        if (isOn)
+            setSelectedViewController(pane);
+        else if (std::none_of(items.cbegin(), items.cend(), [](const QAction* other) { return other->isChecked(); }))
+            item->setChecked(true);
+    });
 }
 
 void MASPreferencesWindowController::addWindowKeys()
@@ -203,9 +223,10 @@ void MASPreferencesWindowController::setSelectedViewController(MASPreferencesVie
         m_window->setWindowTitle(pane->toolbarItemLabel());
     m_itemOfPane.value(pane)->setChecked(true);
     ZLSettingsManager::setText(pane->identifier(), selectedPaneKey);
-    fitWindowTo(*pane);
+    const MASWindowGlide::Goal goal = windowGoalFor(*pane);
     pane->viewWillAppear();
-    showPane(*pane);
+    m_stage->showPane(*pane, goal.size - toolbarSize());
+    m_glide->glideTo(goal, m_window->isVisible() ? m_animationDuration() : std::chrono::milliseconds(0));
     if (givesFocus) {
         if (QWidget* keyView = pane->initialKeyView() ? pane->initialKeyView() : firstKeyView(*pane))
             keyView->setFocus();
@@ -218,11 +239,16 @@ void MASPreferencesWindowController::takeOutSelectedPane()
     MASPreferencesViewController* pane = std::exchange(m_selected, nullptr);
     if (!pane)
         return;
-    m_window->takeCentralWidget();
+    m_stage->takePane();
     pane->viewDidDisappear();
 }
 
-void MASPreferencesWindowController::fitWindowTo(MASPreferencesViewController& pane)
+QSize MASPreferencesWindowController::toolbarSize() const
+{
+    return { 0, m_toolbar->sizeHint().height() };
+}
+
+MASWindowGlide::Goal MASPreferencesWindowController::windowGoalFor(MASPreferencesViewController& pane)
 {
     pane.ensurePolished();
     if (!m_minimumViewRects.contains(pane.identifier()))
@@ -234,17 +260,9 @@ void MASPreferencesWindowController::fitWindowTo(MASPreferencesViewController& p
     const bool isHigh = pane.hasResizableHeight();
     const QSize content(isWide ? wanted.width() : minimum.width(), isHigh ? wanted.height() : minimum.height());
     const QSize most(isWide ? QWIDGETSIZE_MAX : minimum.width(), isHigh ? QWIDGETSIZE_MAX : minimum.height());
-    const QSize toolbar(0, m_toolbar->sizeHint().height());
-    // The window manager offers enlarging exactly where these two differ.
-    m_window->setMinimumSize(minimum + toolbar);
-    m_window->setMaximumSize((most + toolbar).boundedTo({ QWIDGETSIZE_MAX, QWIDGETSIZE_MAX }));
-    m_window->resize(content + toolbar);
-}
-
-void MASPreferencesWindowController::showPane(MASPreferencesViewController& pane)
-{
-    m_window->setCentralWidget(&pane);
-    pane.show();
+    // The window manager offers enlarging exactly where the two limits differ.
+    return { content + toolbarSize(), minimum + toolbarSize(),
+        (most + toolbarSize()).boundedTo({ QWIDGETSIZE_MAX, QWIDGETSIZE_MAX }) };
 }
 
 MASPreferencesViewController* MASPreferencesWindowController::paneToStartWith() const

@@ -1,15 +1,19 @@
 #pragma once
 
 #include "settings/ui/MASPreferencesViewController.h"
+#include "settings/ui/MASWindowGlide.h"
 
 #include <QHash>
 #include <QMainWindow>
 
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <vector>
 
 class QActionGroup;
 class QToolBar;
+class MASPreferencesStage;
 
 /// A window with a toolbar, each item of which shows one pane. It knows nothing of what the panes set. It remembers the
 /// pane on show, its own place and the size of each pane in the user's settings.
@@ -23,6 +27,12 @@ public:
     /// Nothing is loaded until the window is asked for. Without a title the window is called like the pane on show.
     explicit MASPreferencesWindowController(Panes viewControllers, const QString& title = {});
     ~MASPreferencesWindowController() override;
+
+    /// How long the window takes from the size of one pane to that of another; none where nothing is to move.
+    using AnimationDuration = std::function<std::chrono::milliseconds()>;
+    /// Asked at every change of the pane; the style's duration unless set.
+    void setAnimationDuration(AnimationDuration duration) { m_animationDuration = std::move(duration); }
+    [[nodiscard]] static std::chrono::milliseconds styleAnimationDuration();
 
     /// Appends the pane, or a gap, and its toolbar item.
     void addViewController(std::unique_ptr<MASPreferencesViewController> viewController);
@@ -64,15 +74,18 @@ private:
     void addWindowKeys();
     void setSelectedViewController(MASPreferencesViewController* pane);
     void takeOutSelectedPane();
-    void fitWindowTo(MASPreferencesViewController& pane);
-    void showPane(MASPreferencesViewController& pane);
+    [[nodiscard]] QSize toolbarSize() const;
+    [[nodiscard]] MASWindowGlide::Goal windowGoalFor(MASPreferencesViewController& pane);
     void moveSelection(qsizetype step);
     [[nodiscard]] MASPreferencesViewController* paneToStartWith() const;
     void rememberPosition() const;
     void restorePosition();
 
     QString m_title;
+    AnimationDuration m_animationDuration;
     std::unique_ptr<QMainWindow> m_window;
+    MASPreferencesStage* m_stage = nullptr;
+    MASWindowGlide* m_glide = nullptr;
     QToolBar* m_toolbar = nullptr;
     QActionGroup* m_toolbarItems = nullptr;
     QHash<MASPreferencesViewController*, QAction*> m_itemOfPane;

@@ -99,8 +99,11 @@ void ZLShortcutPrefsViewController::addRow(ZLShortcutRecorder* recorder, const Q
 {
     m_rows.append({ recorder, settingsKey });
     const auto* form = m_ui->formLayout;
-    if (const auto* label = qobject_cast<QLabel*>(form->labelForField(recorder)))
+    if (auto* label = qobject_cast<QLabel*>(form->labelForField(recorder))) {
         recorder->setTitle(label->text().remove(u'&').remove(u':'));
+        // Two lines of a notice make the row higher than a label would grow by itself, and the field is in the middle.
+        label->setMinimumHeight(recorder->sizeHint().height());
+    }
     connect(recorder, &ZLShortcutRecorder::didEndRecording, this,
         [this, recorder] { shortcutRecorderDidEndRecording(*recorder); });
     connect(recorder, &ZLShortcutRecorder::recordingDidStart, this, &ZLShortcutPrefsViewController::recordingDidStart);

@@ -1,13 +1,17 @@
 #include "settings/ui/MASPreferencesWindowController.h"
 
 #include "settings/ZLSettingsManager.h"
+#include "settings/ui/MASWindowGlide.h"
 #include "support/ZLTemporarySettings.h"
 
+#include <QAccessible>
+#include <QApplication>
 #include <QCheckBox>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
@@ -65,6 +69,7 @@ protected:
         panes.push_back(nullptr);
         panes.push_back(makePane(m_three, u"Three"_s, QSizePolicy::Expanding, { 350, 250 }));
         m_controller = std::make_unique<Controller>(std::move(panes), title);
+        m_controller->setAnimationDuration([this] { return m_animationDuration; });
     }
     static std::unique_ptr<ZLTestPane> makePane(
         ZLTestPane*& place, const QString& name, QSizePolicy::Policy policy, QSize size)
@@ -87,7 +92,29 @@ protected:
     static QString stored(const QString& key) { return ZLSettingsManager::textForKey(key); }
     static QString paneFrame(const QString& name) { return stored(Controller::paneFrameKey.arg(name)); }
 
+    /// The window on its way, held still so many milliseconds after it left.
+    MASWindowGlide& glideAt(int milliseconds)
+    {
+        auto* glide = window().findChild<MASWindowGlide*>();
+        glide->pause();
+        glide->setCurrentTime(milliseconds);
+        return *glide;
+    }
+    void toggleAsAScreenReaderDoes(const QString& name)
+    {
+        auto* button = qobject_cast<QToolButton*>(toolbar().widgetForAction(item(name)));
+        QAccessible::queryAccessibleInterface(button)->actionInterface()->doAction(
+            QAccessibleActionInterface::toggleAction());
+    }
+    [[nodiscard]] bool looksChosen(const QString& name)
+    {
+        return qobject_cast<QToolButton*>(toolbar().widgetForAction(item(name)))->isChecked();
+    }
+    /// As large as the pane and the toolbar are.
+    [[nodiscard]] QSize windowSizeFor(QSize pane) { return pane + QSize(0, toolbar().sizeHint().height()); }
+
     ZLTemporarySettings m_settings;
+    std::chrono::milliseconds m_animationDuration { 0 };
     ZLTestPane* m_one = nullptr;
     ZLTestPane* m_two = nullptr;
     ZLTestPane* m_three = nullptr;
@@ -253,6 +280,76 @@ TEST_F(MASPreferencesWindowControllerTest, TheWindowIsAsLargeAsItsPaneAndKeepsIt
     EXPECT_EQ(contentSize(), QSize(420, 160));
     EXPECT_EQ(window().pos(), QPoint(100, 100));
     EXPECT_EQ(window().minimumSize(), window().maximumSize());
+}
+
+TEST_F(MASPreferencesWindowControllerTest, TheWindowGlidesToTheSizeOfThePaneWhichHasItAtOnce)
+{
+    show();
+    window().move(100, 100);
+    m_animationDuration = std::chrono::milliseconds(200);
+    m_controller->selectControllerAtIndex(1);
+    EXPECT_EQ(contentSize(), QSize(420, 160));
+    EXPECT_TRUE(m_two->isVisible());
+    EXPECT_EQ(window().size(), windowSizeFor({ 300, 200 }));
+    MASWindowGlide& glide = glideAt(100);
+    EXPECT_EQ(window().size(), windowSizeFor({ 360, 180 }));
+    EXPECT_EQ(contentSize(), QSize(420, 160));
+    glide.resume();
+    glide.setCurrentTime(200);
+    EXPECT_EQ(window().size(), windowSizeFor({ 420, 160 }));
+    EXPECT_EQ(window().minimumSize(), window().size());
+    EXPECT_EQ(window().maximumSize(), window().size());
+    EXPECT_EQ(contentSize(), QSize(420, 160));
+    EXPECT_EQ(window().pos(), QPoint(100, 100));
+}
+
+TEST_F(MASPreferencesWindowControllerTest, APaneThatIsChosenOnTheWayIsGlidedToFromThere)
+{
+    show();
+    m_animationDuration = std::chrono::milliseconds(200);
+    m_controller->selectControllerAtIndex(1);
+    glideAt(100);
+    m_controller->selectControllerAtIndex(3);
+    EXPECT_EQ(window().size(), windowSizeFor({ 360, 180 }));
+    EXPECT_EQ(contentSize(), QSize(350, 250));
+    MASWindowGlide& glide = glideAt(0);
+    glide.resume();
+    glide.setCurrentTime(200);
+    EXPECT_EQ(window().size(), windowSizeFor({ 350, 250 }));
+    window().resize(window().size() + QSize(40, 30));
+    QTest::qWait(0);
+    EXPECT_EQ(contentSize(), QSize(390, 280));
+    EXPECT_EQ(paneFrame(u"Three"_s), u"{{0, 0}, {390, 280}}"_s);
+}
+
+TEST_F(MASPreferencesWindowControllerTest, AHiddenWindowHasItsSizeAtOnce)
+{
+    m_animationDuration = std::chrono::milliseconds(200);
+    m_controller->selectControllerAtIndex(1);
+    EXPECT_EQ(window().size(), windowSizeFor({ 420, 160 }));
+}
+
+TEST_F(MASPreferencesWindowControllerTest, TheStyleSaysHowLongAWindowGlides)
+{
+    EXPECT_EQ(Controller::styleAnimationDuration().count(),
+        QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration));
+}
+
+TEST_F(MASPreferencesWindowControllerTest, AScreenReaderChangesPanesByTheirButtons)
+{
+    show();
+    toggleAsAScreenReaderDoes(u"Two"_s);
+    EXPECT_EQ(m_controller->selectedViewController(), m_two);
+    EXPECT_TRUE(looksChosen(u"Two"_s));
+    EXPECT_FALSE(looksChosen(u"One"_s));
+    toggleAsAScreenReaderDoes(u"Two"_s);
+    EXPECT_EQ(m_controller->selectedViewController(), m_two);
+    EXPECT_TRUE(looksChosen(u"Two"_s));
+    m_two->m_commits = false;
+    toggleAsAScreenReaderDoes(u"One"_s);
+    EXPECT_EQ(m_controller->selectedViewController(), m_two);
+    EXPECT_TRUE(looksChosen(u"Two"_s));
+    EXPECT_FALSE(looksChosen(u"One"_s));
 }
 
 TEST_F(MASPreferencesWindowControllerTest, AResizablePaneIsAsLargeAsTheUserMadeIt)

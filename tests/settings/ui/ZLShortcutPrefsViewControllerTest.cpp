@@ -55,6 +55,18 @@ TEST_F(ZLShortcutPrefsViewControllerTest, SaysWhatItIs)
     EXPECT_FALSE(m_pane.hasResizableWidth());
 }
 
+TEST_F(ZLShortcutPrefsViewControllerTest, EachLabelIsAtTheHeightOfItsField)
+{
+    const auto recorders = m_pane.findChildren<ZLShortcutRecorder*>();
+    ASSERT_EQ(recorders.size(), 6);
+    const auto labels = m_pane.findChildren<QLabel*>(Qt::FindDirectChildrenOnly);
+    for (const QLabel* label : labels) {
+        const QWidget* recorder = label->buddy();
+        const QWidget* standsBeside = recorder ? recorder : label;
+        EXPECT_EQ(label->geometry().center().y(), standsBeside->geometry().center().y()) << qPrintable(label->text());
+    }
+}
+
 TEST_F(ZLShortcutPrefsViewControllerTest, EachRecorderStoresUnderItsKey)
 {
     const QStringList keys = Manager::allKeyComboKeys();

@@ -124,11 +124,27 @@ void ZLChapterDocument::setDocumentEdited(bool edited)
         Q_EMIT editedStateDidChange();
 }
 
+void ZLChapterDocument::informControllers()
+{
+    if (m_undoManager.isCommandUnderWay())
+        m_isInformDue = true;
+    else
+        Q_EMIT controllersShouldBeInformed();
+}
+
+void ZLChapterDocument::templatesViewControllerWillUpdateChapters(ZLTemplatesViewController& controller)
+{
+    Q_UNUSED(controller);
+    // No undo step comes out of it, but it is one command all the same.
+    m_drawerCommand.emplace(m_undoManager);
+}
+
 void ZLChapterDocument::templatesViewControllerDidUpdateChapters(ZLTemplatesViewController& controller)
 {
     Q_UNUSED(controller);
     updateAddButton();
     noteChange();
+    m_drawerCommand.reset();
 }
 
 void ZLChapterDocument::connectParts()
@@ -140,11 +156,12 @@ void ZLChapterDocument::connectParts()
     connect(&m_templateViewController.chapterManager(), &ZLChapterManager::chaptersDidChange, this,
         &ZLChapterDocument::informControllers);
     connect(&m_templateViewController, &ZLTemplatesViewController::templateDidChangeInPlace, this,
-        &ZLChapterDocument::contentsDidChange);
+        &ZLChapterDocument::announceContents);
     connect(&m_selectionModel, &QItemSelectionModel::selectionChanged, this, &ZLChapterDocument::informControllers);
     connect(&m_clock, &ZLRecordingClock::displayIsDue, this, &ZLChapterDocument::noticeSleep);
     connect(&m_clock, &ZLRecordingClock::displayIsDue, this, &ZLChapterDocument::updateDisplay);
     connect(&m_undoManager, &ZLUndoManager::historyDidChange, this, &ZLChapterDocument::noteChange);
+    connect(&m_undoManager, &ZLUndoManager::commandDidEnd, this, &ZLChapterDocument::announceWhatIsDue);
 }
 
 void ZLChapterDocument::selectRow(int row)
@@ -181,5 +198,21 @@ void ZLChapterDocument::replaceContents(
 void ZLChapterDocument::noteChange()
 {
     setDocumentEdited(true);
-    Q_EMIT contentsDidChange();
+    announceContents();
+}
+
+void ZLChapterDocument::announceContents()
+{
+    m_areContentsDue = m_undoManager.isCommandUnderWay();
+    if (!m_areContentsDue)
+        Q_EMIT contentsDidChange();
+}
+
+void ZLChapterDocument::announceWhatIsDue()
+{
+    if (m_areContentsDue)
+        announceContents();
+    // After the contents, which go to the disk first.
+    if (std::exchange(m_isInformDue, false))
+        informControllers();
 }

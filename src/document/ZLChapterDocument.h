@@ -154,9 +154,11 @@ public:
     void setDocumentEdited(bool edited);
     /// @}
 
-    /// Asks for the remote controllers to be told the new state.
-    void informControllers() { Q_EMIT controllersShouldBeInformed(); }
+    /// Asks for the remote controllers to be told the new state: at once, or in the middle of a command at its end, so
+    /// that they are told of each command once, and never of half a one.
+    void informControllers();
 
+    void templatesViewControllerWillUpdateChapters(ZLTemplatesViewController& controller) override;
     void templatesViewControllerDidUpdateChapters(ZLTemplatesViewController& controller) override;
 
 Q_SIGNALS:
@@ -172,7 +174,7 @@ Q_SIGNALS:
     /// A chapter is about to come or go: what is being typed somewhere should be written now, as a step of its own.
     void typedTextShouldBeCommitted();
     void controllersShouldBeInformed();
-    /// The file form changed: it is worth saving.
+    /// The file form changed: it is worth saving. Never in the middle of a command.
     void contentsDidChange();
     void editedStateDidChange();
     void displayNameDidChange();
@@ -206,6 +208,8 @@ private:
     void selectSomeRow();
     void replaceContents(const ZLChapterSequence& chapters, double duration, const QVariantList& templates);
     void noteChange();
+    void announceContents();
+    void announceWhatIsDue();
 
     ZLDocumentEnvironment m_environment;
     ZLUndoManager m_undoManager;
@@ -220,4 +224,9 @@ private:
     QList<ZLSleepWhileRecording> m_sleeps;
     QString m_displayName;
     bool m_isEdited = false;
+    /// What somebody asked for in the middle of a command.
+    bool m_areContentsDue = false;
+    bool m_isInformDue = false;
+    /// While the drawer changes the templates.
+    std::optional<ZLUndoGroup> m_drawerCommand;
 };

@@ -78,5 +78,4 @@ void ZLChapterDocument::offerInterruptedRecordingAgain(const ZLInterruptedRecord
     setInterruptedRecording(interruption);
     m_undoManager.registerStep([this, interruption, hostTime] { resumeInterruptedRecording(interruption, hostTime); });
     m_undoManager.setActionName(continueRecordingActionName);
-    informControllers();
 }

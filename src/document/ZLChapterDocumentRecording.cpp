@@ -19,12 +19,12 @@ void ZLChapterDocument::recordButtonPressed()
         stopRecording(originalDuration, currentDuration(), startTime());
     } else if (ZLSettingsManager::playSoundBeforeRecording()) {
         playStartBeep();
+        Q_EMIT recordingStateDidChange();
+        informControllers();
     } else {
         m_sleepWatcher.restart();
         startRecordingWithTime(m_clock.hostTime());
     }
-    Q_EMIT recordingStateDidChange();
-    informControllers();
 }
 
 void ZLChapterDocument::soundDidFinishPlaying()
@@ -37,7 +37,6 @@ void ZLChapterDocument::soundDidFinishPlaying()
         return;
     m_sleepWatcher.restart();
     startRecordingWithTime(m_clock.hostTime());
-    informControllers();
 }
 
 void ZLChapterDocument::startRecordingWithTime(double hostTime)
@@ -86,6 +85,7 @@ void ZLChapterDocument::_realStartRecordingWithTime(double hostTime)
     // Before anybody does something about the running clock, so that the chapter stands at its very beginning.
     createAutomaticChapter();
     Q_EMIT recordingStateDidChange();
+    informControllers();
 }
 
 void ZLChapterDocument::_realStopRecording()
@@ -93,6 +93,7 @@ void ZLChapterDocument::_realStopRecording()
     m_clock.stop();
     Q_EMIT recordingStateDidChange();
     updateDisplay();
+    informControllers();
 }
 
 void ZLChapterDocument::playStartBeep()

@@ -86,6 +86,7 @@ bool ZLChapterTableModel::setData(const QModelIndex& index, const QVariant& valu
         return false;
     // A pointer of its own: the edit may reorder the list in which the other one lies.
     const ZLChapterPointer chapter = chapters().at(index.row());
+    const ZLUndoGroup group(m_document.undoManager());
     const bool accepted = editChapter(chapter, index.column(), value);
     m_document.informControllers();
     return accepted;

@@ -64,6 +64,13 @@ void ZLUndoManager::endGroup()
 {
     if (--m_groupDepth > 0)
         return;
+    registerOpenGroup();
+    if (!isCommandUnderWay())
+        Q_EMIT commandDidEnd();
+}
+
+void ZLUndoManager::registerOpenGroup()
+{
     Group group = std::exchange(m_openGroup, {});
     if (group.steps.empty())
         return;
@@ -92,4 +99,5 @@ void ZLUndoManager::performLastGroupOf(History& history, Activity activity)
     }
     m_activity = Activity::None;
     Q_EMIT historyDidChange();
+    Q_EMIT commandDidEnd();
 }

@@ -23,7 +23,8 @@ public:
     /// Names the open group, or outside one the group that was registered last. The last name set wins.
     void setActionName(const QString& name);
 
-    /// Undoes or redoes one whole group. Ignored when there is none, inside an open group, and while undoing or redoing.
+    /// Undoes or redoes one whole group. Ignored when there is none, inside an open group, and while undoing or
+    /// redoing.
     void undo();
     void redo();
 
@@ -31,6 +32,8 @@ public:
     [[nodiscard]] bool canRedo() const { return !m_redoHistory.empty(); }
     [[nodiscard]] bool isUndoing() const { return m_activity == Activity::Undoing; }
     [[nodiscard]] bool isRedoing() const { return m_activity == Activity::Redoing; }
+    /// Whether a group is open, undone or redone, so that what the steps work on may be half done.
+    [[nodiscard]] bool isCommandUnderWay() const { return m_groupDepth > 0 || m_activity != Activity::None; }
     /// Name of the group that undo() or redo() would take next; empty when there is none.
     [[nodiscard]] QString undoActionName() const;
     [[nodiscard]] QString redoActionName() const;
@@ -40,6 +43,9 @@ public:
 Q_SIGNALS:
     /// The histories changed: a group was closed, undone, redone or renamed, or everything was removed.
     void historyDidChange();
+    /// isCommandUnderWay() became false, with or without a step: the outermost group was closed, or a whole group
+    /// undone or redone. Comes after historyDidChange().
+    void commandDidEnd();
 
 private:
     friend class ZLUndoGroup;
@@ -52,6 +58,7 @@ private:
 
     void beginGroup();
     void endGroup();
+    void registerOpenGroup();
     void performLastGroupOf(History& history, Activity activity);
     /// Where a newly registered group goes.
     History& receivingHistory() { return isUndoing() ? m_redoHistory : m_undoHistory; }

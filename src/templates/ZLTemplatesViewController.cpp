@@ -40,6 +40,7 @@ qsizetype ZLTemplatesViewController::selectedRow() const
 
 void ZLTemplatesViewController::addChapterButtonPressed()
 {
+    tellDelegateBefore();
     const auto chapter = std::make_shared<ZLChapter>();
     const qsizetype selected = selectedRow();
     const qsizetype row = selected < 0 ? m_chapterManager.count() : selected + 1;
@@ -54,12 +55,14 @@ void ZLTemplatesViewController::removeChapterButtonPressed()
     const qsizetype row = selectedRow();
     if (row < 0)
         return;
+    tellDelegateBefore();
     m_chapterManager.removeChapterAtIndex(row);
     tellDelegate();
 }
 
 void ZLTemplatesViewController::importFromPasteboard(const QStringList& plainTexts)
 {
+    tellDelegateBefore();
     for (const QString& text : plainTexts) {
         const ZLChapterSequence chapters = ZLOutlineImport::chaptersInText(text);
         for (const ZLChapterPointer& chapter : chapters)
@@ -73,6 +76,7 @@ void ZLTemplatesViewController::moveTemplate(qsizetype row, qsizetype gap)
     const ZLChapterPointer chapter = m_chapterManager.chapterAtIndex(row);
     if (!chapter || gap < 0 || gap > m_chapterManager.count())
         return;
+    tellDelegateBefore();
     // Taking the template out moves the rows behind it up by one.
     const qsizetype target = row < gap ? gap - 1 : gap;
     m_chapterManager.removeChapterAtIndex(row);
@@ -91,6 +95,12 @@ void ZLTemplatesViewController::selectRowIfNoneIs(qsizetype row)
 {
     if (selectedRow() < 0 && m_chapterManager.count() > 0)
         selectRow(std::min(row, m_chapterManager.count() - 1));
+}
+
+void ZLTemplatesViewController::tellDelegateBefore()
+{
+    if (m_delegate)
+        m_delegate->templatesViewControllerWillUpdateChapters(*this);
 }
 
 void ZLTemplatesViewController::tellDelegate()

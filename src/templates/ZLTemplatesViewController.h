@@ -8,10 +8,12 @@
 
 class ZLTemplatesViewController;
 
-/// Whoever keeps the templates is told of changes that came through the drawer's buttons, an import or a drag.
+/// Whoever keeps the templates is told of changes that came through the drawer's buttons, an import or a drag: before
+/// the first template moves, and when the last one did.
 class ZLTemplatesViewControllerDelegate {
 public:
     virtual ~ZLTemplatesViewControllerDelegate() = default;
+    virtual void templatesViewControllerWillUpdateChapters(ZLTemplatesViewController& controller) = 0;
     virtual void templatesViewControllerDidUpdateChapters(ZLTemplatesViewController& controller) = 0;
 };
 
@@ -57,6 +59,7 @@ Q_SIGNALS:
 private:
     void selectRow(qsizetype row);
     void selectRowIfNoneIs(qsizetype row);
+    void tellDelegateBefore();
     void tellDelegate();
 
     ZLTemplatesViewControllerDelegate* m_delegate;

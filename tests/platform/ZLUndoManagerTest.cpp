@@ -224,6 +224,42 @@ TEST_F(ZLUndoManagerTest, EveryChangeOfTheHistoriesIsAnnouncedOnce)
     EXPECT_EQ(changes.size(), 5);
 }
 
+TEST_F(ZLUndoManagerTest, TheEndOfACommandIsAnnouncedOnceWhenAllOfItIsDone)
+{
+    QList<int> valuesAtEnd;
+    QObject::connect(&m_manager, &ZLUndoManager::commandDidEnd, &m_manager, [this, &valuesAtEnd] {
+        EXPECT_FALSE(m_manager.isCommandUnderWay());
+        valuesAtEnd.append(m_value);
+    });
+    {
+        const ZLUndoGroup outer(m_manager);
+        EXPECT_TRUE(m_manager.isCommandUnderWay());
+        set(1);
+        set(2);
+        EXPECT_EQ(valuesAtEnd, QList<int>());
+    }
+    EXPECT_EQ(valuesAtEnd, QList<int>({ 2 }));
+    m_manager.undo();
+    EXPECT_EQ(valuesAtEnd, QList<int>({ 2, 0 }));
+    m_manager.redo();
+    EXPECT_EQ(valuesAtEnd, QList<int>({ 2, 0, 2 }));
+    {
+        const ZLUndoGroup withoutSteps(m_manager);
+    }
+    EXPECT_EQ(valuesAtEnd, QList<int>({ 2, 0, 2, 2 }));
+}
+
+TEST_F(ZLUndoManagerTest, TheEndOfACommandComesAfterTheChangeOfTheHistories)
+{
+    QStringList order;
+    QObject::connect(
+        &m_manager, &ZLUndoManager::historyDidChange, &m_manager, [&order] { order.append(u"history"_s); });
+    QObject::connect(&m_manager, &ZLUndoManager::commandDidEnd, &m_manager, [&order] { order.append(u"end"_s); });
+    set(1);
+    m_manager.undo();
+    EXPECT_EQ(order, (QStringList { u"history"_s, u"end"_s, u"history"_s, u"end"_s }));
+}
+
 TEST_F(ZLUndoManagerTest, RemovingAllActionsEmptiesBothHistories)
 {
     set(1);

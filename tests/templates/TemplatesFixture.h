@@ -7,12 +7,18 @@
 /// Counts what it is told, as a document that marks itself edited would.
 class CountingTemplatesDelegate : public ZLTemplatesViewControllerDelegate {
 public:
+    void templatesViewControllerWillUpdateChapters(ZLTemplatesViewController& controller) override
+    {
+        EXPECT_EQ(announcedCount++, updateCount) << "before each change, once";
+        lastController = &controller;
+    }
     void templatesViewControllerDidUpdateChapters(ZLTemplatesViewController& controller) override
     {
-        ++updateCount;
+        EXPECT_EQ(announcedCount, ++updateCount);
         lastController = &controller;
     }
 
+    int announcedCount = 0;
     int updateCount = 0;
     ZLTemplatesViewController* lastController = nullptr;
 };

@@ -240,7 +240,8 @@ void ZLSettingsManager::setOSCAnswersSenders(bool enabled)
 std::optional<QVariantMap> ZLSettingsManager::keyComboForKey(const QString& key)
 {
     const QVariant shortcut = settingFor(key);
-    if (!shortcut.isValid())
+    // A damaged entry must not read as an empty shortcut, which stands for the bare key of code 0.
+    if (shortcut.typeId() != QMetaType::QVariantMap)
         return std::nullopt;
     return shortcut.toMap();
 }

@@ -109,8 +109,8 @@ public:
     static void setOSCAnswersSenders(bool enabled);
 
     /// A shortcut: "keyCode" (integer, hardware-independent virtual key code) and "modifierFlags" (unsigned, shift
-    /// 0x20000, control 0x40000, option 0x80000, command 0x100000); other entries are kept. Nothing when none is
-    /// stored. Any key is accepted.
+    /// 0x20000, control 0x40000, option 0x80000, command 0x100000); other entries are kept. Nothing when no
+    /// shortcut is stored. Any key is accepted.
     [[nodiscard]] static std::optional<QVariantMap> keyComboForKey(const QString& key);
     static void setKeyCombo(const QVariantMap& shortcut, const QString& key);
     static void removeKeyComboForKey(const QString& key);

@@ -15,8 +15,13 @@ def application(name="zelta"):
     return wait_until(find, f"the program {name} on the accessibility bus")
 
 
-def everything_below(node):
-    """The node and all that stands below it."""
+def everything_below(node, roles_to_pass_by=()):
+    """The node and all that stands below it, but for nodes of these roles and what stands below them."""
+    try:
+        if node.getRoleName() in roles_to_pass_by:
+            return
+    except Exception:  # The node went away.
+        return
     yield node
     try:
         children = [node.getChildAtIndex(i) for i in range(min(node.childCount, 500))]
@@ -24,7 +29,7 @@ def everything_below(node):
         return
     for child in children:
         if child is not None:
-            yield from everything_below(child)
+            yield from everything_below(child, roles_to_pass_by)
 
 
 def find_all(root, role=None, name=None):

@@ -3,28 +3,13 @@
 everything is kept meanwhile, and nothing is overwritten silently."""
 
 import json
-import os
 import signal
 import subprocess
-import sys
 import unittest
 
 from desktop import wait_until
+from mounts import enter_mount_namespace, fill, mount
 from osc_recorder import PROGRAM, OSCTestCase, Recorder
-
-# Set in the copy of this test that has mounts of its own.
-MARK_OF_NAMESPACE = "ZELTA_TEST_OWN_MOUNTS"
-
-
-def enter_mount_namespace():
-    """Goes on in a place where file systems can be mounted without anybody's noticing, if there is a way to one."""
-    if MARK_OF_NAMESPACE in os.environ:
-        return
-    for options in ("-rm", "-m"):
-        if subprocess.run(["unshare", options, "true"], capture_output=True, check=False).returncode == 0:
-            os.environ[MARK_OF_NAMESPACE] = "1"
-            os.execvp("unshare", ["unshare", options, sys.executable, sys.argv[0], PROGRAM, *sys.argv[1:]])
-    print("No mount namespace is permitted here: tests of a full and of a read-only disk are skipped.", flush=True)
 
 
 class DiskTest(OSCTestCase):
@@ -46,15 +31,6 @@ class DiskTest(OSCTestCase):
         recorder.reader.process.send_signal(signal.SIGKILL)
         recorder.reader.process.wait()
 
-    def mount(self, size):
-        if MARK_OF_NAMESPACE not in os.environ:
-            self.skipTest("no mount namespace is permitted here")
-        disk = self.home / "disk"
-        disk.mkdir()
-        subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={size}", "tmpfs", disk], check=True)
-        self.addCleanup(subprocess.run, ["umount", "-l", disk], check=True)
-        return disk
-
     def check_kept_and_written_later(self, file, take_away, give_back):
         """Told, kept over a kill, and written as soon as that is possible again."""
         recorder = self.start_on(file)
@@ -74,18 +50,12 @@ class DiskTest(OSCTestCase):
         self.assertEqual(self.titles_in(file), ["", "before", "meanwhile"])
 
     def test_a_full_disk(self):
-        disk = self.mount("64k")
+        disk = mount(self, self.home / "disk", "64k")
         ballast = disk / "ballast"
-
-        def fill():
-            with open(ballast, "wb", buffering=0) as stream, self.assertRaises(OSError):
-                while True:
-                    stream.write(bytes(4096))
-
-        self.check_kept_and_written_later(disk / "show.zelta", fill, ballast.unlink)
+        self.check_kept_and_written_later(disk / "show.zelta", lambda: fill(self, ballast), ballast.unlink)
 
     def test_a_read_only_disk(self):
-        disk = self.mount("1m")
+        disk = mount(self, self.home / "disk", "1m")
 
         def cover():
             """The same files, but read-only; what is open already stays writable, as the program's lock is."""
@@ -144,5 +114,5 @@ class DiskTest(OSCTestCase):
 
 
 if __name__ == "__main__":
-    enter_mount_namespace()
+    enter_mount_namespace(PROGRAM)
     unittest.main()

@@ -1,5 +1,4 @@
-"""A control surface that knows what was acknowledged: it presses faster than a person could, remembers in which state
-each press leaves the show, and sees by the status messages which of these states the program has told of."""
+"""A control surface: it sends presses and takes the status messages in. And documents for it to press on."""
 
 import plistlib
 import re
@@ -7,10 +6,11 @@ import select
 import socket
 import struct
 import time
-from dataclasses import dataclass, field
+from dataclasses import dataclass, replace
 
+IS_RECORDING = "/zl/isRecording"
 LAST_TITLE = "/zl/lastChapterTitle"
-CLOCK = "/zl/currentTime"
+SELECTED_TITLE = "/zl/selectedChapterTitle"
 
 
 def padded(text):
@@ -22,9 +22,11 @@ def press_of(action):
 
 
 def decoded(datagram):
-    """(address, value) of a status message; None for what has no text in it."""
+    """(address, value) of a status message; None for what has neither a text nor yes or no in it."""
     address, _, rest = datagram.partition(b"\0")
     types = rest.lstrip(b"\0")
+    if types.startswith((b",T", b",F")):
+        return address.decode(), types.startswith(b",T")
     if not types.startswith(b",s"):
         return address.decode(), None
     return address.decode(), types[4:].split(b"\0")[0].decode()
@@ -70,51 +72,30 @@ class ClockBounds:
         self.earliest = max(self.earliest, not_before - reading)
         self.latest = min(self.latest, not_after - reading)
 
-    def see_text(self, text, not_after):
-        hours, minutes, seconds = text.split(":")
-        self.latest = min(self.latest, not_after - (int(hours) * 3600 + int(minutes) * 60 + int(seconds)))
+    def after_pause(self, stopped, went_on):
+        """The same clock after it stood; both moments are pairs of not before and not after."""
+        return ClockBounds(self.earliest + max(0.0, went_on[0] - stopped[1]), self.latest + went_on[1] - stopped[0])
 
-    def distance_to(self, other):
-        """How many seconds the two clocks are apart at least."""
-        return max(0.0, self.earliest - other.latest, other.earliest - self.latest)
+    def greatest_distance_to(self, other):
+        """How many seconds the two clocks can be apart at most."""
+        return max(other.latest - self.earliest, self.latest - other.earliest)
+
+    def contradiction(self):
+        """By how many seconds the clock was wrong at least, for everything that was seen of it to be true."""
+        return max(0.0, self.earliest - self.latest)
 
 
 @dataclass
-class Show:
-    """States that the presses lead to, one after the other. Each is the titles in the order of the chapters."""
+class Told:
+    """What the program has told of itself last. Its three messages come in this order."""
 
-    titles: list
-    states: list = field(default_factory=lambda: [()])
-    acknowledged: int = 0
-    #: Title of a chapter: when it was pressed, and when the press was acknowledged.
-    pressed: dict = field(default_factory=dict)
-    confirmed: dict = field(default_factory=dict)
-
-    @property
-    def is_waiting(self):
-        return self.acknowledged < len(self.states) - 1
-
-    def note_press(self, action):
-        state = self.states[-1]
-        if action == "removeLastChapter":
-            self.states.append(state[:-1])
-            return
-        title = self.titles.pop(0)
-        self.pressed[title] = time.time()
-        self.states.append((*state, title))
-
-    def note_acknowledgement(self, title):
-        for index in range(self.acknowledged, len(self.states)):
-            if (self.states[index] or ("",))[-1] == title:
-                self.acknowledged = index
-                self.confirmed.setdefault(title, time.time())
-                return
+    is_recording: bool = False
+    last_title: str = ""
+    selected_title: str = ""
 
 
 class Surface:
     """Sends presses and reads what is told, both in the calling thread."""
-
-    MOST_UNANSWERED = 12
 
     def __init__(self):
         self.socket = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
@@ -122,14 +103,7 @@ class Surface:
         self.socket.setsockopt(socket.SOL_SOCKET, socket.SO_RCVBUF, 1 << 22)
         self.socket.setblocking(False)
         self.port = self.socket.getsockname()[1]
-
-    def messages(self):
-        """What has arrived up to now."""
-        while True:
-            try:
-                yield decoded(self.socket.recv(4096))
-            except BlockingIOError:
-                return
+        self.told = Told()
 
     def close(self):
         self.socket.close()
@@ -137,49 +111,34 @@ class Surface:
     def send(self, port, action):
         self.socket.sendto(press_of(action), ("127.0.0.1", port))
 
-    def read(self, show, clock=None, seconds=0.0):
-        """Takes everything that has arrived, and waits so long for the first of it."""
+    def states(self, seconds=0.0):
+        """Each state that was told and not read yet; waits so long for the first message."""
         select.select([self.socket], [], [], seconds)
-        for address, text in self.messages():
-            if address == LAST_TITLE:
-                show.note_acknowledgement(text)
-            elif address == CLOCK and clock:
-                clock.see_text(text, time.time())
+        while True:
+            try:
+                address, value = decoded(self.socket.recv(4096))
+            except BlockingIOError:
+                return
+            if address == IS_RECORDING:
+                self.told.is_recording = value
+            elif address == LAST_TITLE:
+                self.told.last_title = value
+            elif address == SELECTED_TITLE:
+                self.told.selected_title = value
+                yield replace(self.told)
 
-    def newest_title(self, other_than=None):
-        """The title that was told last; with `other_than` the first other one."""
-        newest = None
-        for address, text in self.messages():
-            if address == LAST_TITLE and text != other_than:
-                newest = text
-                if other_than is not None:
-                    break
-        return newest
+    def newest(self, seconds=0.0):
+        """The state that was told last; waits so long when nothing was told since."""
+        for _ in self.states(seconds):
+            pass
+        return self.told
 
-    def press(self, show, port, action):
-        show.note_press(action)
-        self.send(port, action)
-
-    def press_and_wait(self, show, port, action, seconds=20.0):
-        """One press, and its acknowledgement."""
-        self.press(show, port, action)
+    def wait_for(self, condition, what, seconds=60.0):
+        """Until a state is told that meets the condition; noticed at once, so that its moment is known well."""
         deadline = time.monotonic() + seconds
-        while show.is_waiting:
+        while not condition(self.newest(0.05)):
             if time.monotonic() > deadline:
-                raise AssertionError(f"waited in vain for {action} to be acknowledged")
-            self.read(show, seconds=0.1)
-
-    def press_at_speed(self, show, port, chance, is_alive, clock=None):
-        """Until the program is gone or the titles are used up; nothing is lost on the way, since only few presses are
-        under way at a time."""
-        while is_alive() and show.titles:
-            unanswered = len(show.states) - 1 - show.acknowledged
-            if unanswered < self.MOST_UNANSWERED:
-                removes = show.states[-1] and chance.random() < 0.15
-                self.press(show, port, "removeLastChapter" if removes else "newChapter")
-                self.read(show, clock)
-            else:
-                self.read(show, clock, seconds=0.01)
+                raise AssertionError(f"waited {seconds:.0f} s in vain: {what} to be told, not {self.told}")
 
 
 def stamp_of_line(line):

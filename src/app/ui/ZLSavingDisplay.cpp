@@ -74,9 +74,9 @@ ZLSavingDisplay::Message ZLSavingDisplay::conflictMessage()
 {
     const QString name = QFileInfo(m_saver.path()).fileName();
     return { tr("Another program changed “%1”. %2").arg(name, m_refusal).trimmed(),
-        { { tr("Keep Mine"), [this] { tellOutcome(m_saver.keepMine()); } },
-            { tr("Take Theirs"), [this] { tellOutcome(m_saver.takeTheirs()); } },
-            { tr("Keep Both"), [this] { keepBoth(); } } } };
+        { { tr("Keep mine"), [this] { tellOutcome(m_saver.keepMine()); } },
+            { tr("Take theirs"), [this] { tellOutcome(m_saver.takeTheirs()); } },
+            { tr("Keep both"), [this] { keepBoth(); } } } };
 }
 
 ZLSavingDisplay::Message ZLSavingDisplay::otherHolderMessage()

@@ -2385,15 +2385,15 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Ein anderes Programm hat „%1“ geändert. %2</translation>
     </message>
     <message>
-        <source>Keep Mine</source>
+        <source>Keep mine</source>
         <translation>Meines behalten</translation>
     </message>
     <message>
-        <source>Take Theirs</source>
+        <source>Take theirs</source>
         <translation>Das andere übernehmen</translation>
     </message>
     <message>
-        <source>Keep Both</source>
+        <source>Keep both</source>
         <translation>Beide behalten</translation>
     </message>
     <message>

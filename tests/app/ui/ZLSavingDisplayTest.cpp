@@ -153,9 +153,9 @@ TEST_F(ZLSavingDisplayTest, AFileThatAnotherProgramChangedAsksWhatToDo)
     storedFile(u"show.zelta"_s, u"Theirs"_s);
     writeNow(document);
     EXPECT_TRUE(barText(document).contains("Another program changed"_L1));
-    EXPECT_EQ(barButtons(document), (QStringList { u"Keep Mine"_s, u"Take Theirs"_s, u"Keep Both"_s }));
+    EXPECT_EQ(barButtons(document), (QStringList { u"Keep mine"_s, u"Take theirs"_s, u"Keep both"_s }));
     EXPECT_EQ(saveStatus(document)->text(), u"Not saved"_s);
-    pressInBar(document, u"Take Theirs"_s);
+    pressInBar(document, u"Take theirs"_s);
     EXPECT_EQ(titles(document), QStringList { u"Theirs"_s });
     EXPECT_EQ(barText(document), QString());
 }

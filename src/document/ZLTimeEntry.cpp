@@ -2,6 +2,7 @@
 
 #include "model/ZLStoredValue.h"
 
+#include <QCalendar>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTimeZone>
@@ -28,6 +29,28 @@ double leadingInteger(QStringView text)
     constexpr double largestExactInteger = 9007199254740992.0;
     value = std::min(value, largestExactInteger);
     return isNegative ? -value : value;
+}
+
+/// The day on which the Gregorian calendar took over from the Julian one, which tells all dates before.
+QDate firstGregorianDay()
+{
+    return QDate(1582, 10, 15);
+}
+
+QCalendar::System calendarOfDay(QDate day)
+{
+    return day < firstGregorianDay() ? QCalendar::System::Julian : QCalendar::System::Gregorian;
+}
+
+/// The day that had this name when it came; an invalid date when none had it.
+QDate historicalDay(int year, int month, int day)
+{
+    for (const auto calendar : { QCalendar::System::Gregorian, QCalendar::System::Julian }) {
+        const QDate date(year, month, day, QCalendar(calendar));
+        if (date.isValid() && calendarOfDay(date) == calendar)
+            return date;
+    }
+    return {};
 }
 
 QDateTime referenceDate()
@@ -60,9 +83,10 @@ QString ZLTimeEntry::textFromDate(const QDateTime& date)
     if (!date.isValid())
         return {};
     const QDateTime local = date.toLocalTime();
+    const QCalendar calendar(calendarOfDay(local.date()));
     // The year is that of its era: the last one before the year 1 is 1, too.
-    const QString year = QString::number(std::abs(local.date().year())).rightJustified(3, u'0');
-    return local.toString(u"HH:mm:ss.zzz "_s) + year + local.toString(u"-MM-dd"_s);
+    const QString year = QString::number(std::abs(local.date().year(calendar))).rightJustified(3, u'0');
+    return local.toString(u"HH:mm:ss.zzz "_s) + year + local.toString(u"-MM-dd"_s, calendar);
 }
 
 QDateTime ZLTimeEntry::dateFromText(const QString& text)
@@ -75,7 +99,7 @@ QDateTime ZLTimeEntry::dateFromText(const QString& text)
     const auto number = [&match](int group) { return match.captured(group).toInt(); };
     const int milliseconds = match.captured(4).leftJustified(3, u'0', true).toInt();
     const QTime time(number(1), number(2), number(3), milliseconds);
-    const QDateTime date(QDate(number(5), number(6), number(7)), time);
+    const QDateTime date(historicalDay(number(5), number(6), number(7)), time);
     // An impossible time of a possible day would be taken as its midnight.
     return time.isValid() && date.isValid() ? date : referenceDate();
 }

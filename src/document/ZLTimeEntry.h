@@ -13,7 +13,8 @@ namespace ZLTimeEntry {
 /// milliseconds and is no decimal fraction.
 [[nodiscard]] std::optional<double> secondsFromText(const QString& text);
 
-/// The format of a wall-clock time, "14:03:07.250 2024-05-01" in the local time zone.
+/// The format of a wall-clock time, "14:03:07.250 2024-05-01" in the local time zone. Days before 15 October 1582 have
+/// the names of the Julian calendar.
 [[nodiscard]] QString textFromDate(const QDateTime& date);
 
 /// The moment from such a text. A text of another shape reads as 1 January 2001, 00:00 UTC.

@@ -4,6 +4,7 @@
 #include "model/ZLStoredValue.h"
 #include "model/ZLTimeText.h"
 
+#include <QCalendar>
 #include <QTimeZone>
 #include <QUuid>
 
@@ -115,7 +116,9 @@ QString ZLChapter::generateUUID()
 
 QDateTime ZLChapter::distantPast()
 {
-    static const QDateTime moment(QDate(1, 1, 1), QTime(0, 0), QTimeZone::utc());
+    // By the calendar of that time, two days before the day that ours, counted back, gives the same name: documents
+    // from elsewhere hold this very moment.
+    static const QDateTime moment(QDate(1, 1, 1, QCalendar(QCalendar::System::Julian)), QTime(0, 0), QTimeZone::utc());
     return moment;
 }
 

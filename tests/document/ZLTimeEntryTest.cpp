@@ -92,6 +92,25 @@ TEST(ZLTimeEntryTest, TheDistantPastHasAText)
     EXPECT_TRUE(text.endsWith(u" 001-12-31"_s)) << qPrintable(text);
 }
 
+TEST(ZLTimeEntryTest, DaysHaveTheNamesThatTheyHadWhenTheyCame)
+{
+    const ZLTimeZone zone("UTC");
+    const QDateTime lastJulian = utc(QDate(1582, 10, 14), QTime(0, 0));
+    const QDateTime firstGregorian = lastJulian.addDays(1);
+    const QDateTime julianLeapDay = utc(QDate(1500, 3, 10), QTime(0, 0));
+    for (const auto& [moment, text] :
+        { std::pair(lastJulian, u"00:00:00.000 1582-10-04"_s), std::pair(firstGregorian, u"00:00:00.000 1582-10-15"_s),
+            std::pair(julianLeapDay, u"00:00:00.000 1500-02-29"_s),
+            std::pair(ZLChapter::distantPast(), u"00:00:00.000 001-01-01"_s) }) {
+        EXPECT_EQ(ZLTimeEntry::textFromDate(moment), text);
+        EXPECT_EQ(ZLTimeEntry::dateFromText(text), moment) << qPrintable(text);
+    }
+    // Days that neither calendar had in its time.
+    for (const QString& text : { u"00:00:00.000 1582-10-05"_s, u"00:00:00.000 1582-10-14"_s,
+             u"00:00:00.000 1900-02-29"_s, u"00:00:00.000 2023-02-29"_s })
+        EXPECT_EQ(ZLTimeEntry::dateFromText(text), referenceDate) << qPrintable(text);
+}
+
 TEST(ZLTimeEntryTest, AnAbsentDateHasNoText)
 {
     EXPECT_TRUE(ZLTimeEntry::textFromDate(QDateTime()).isEmpty());
@@ -102,7 +121,7 @@ TEST(ZLTimeEntryTest, TypedDatesAreReadInTheLocalTimeZone)
     const ZLTimeZone zone("Asia/Tokyo");
     EXPECT_EQ(ZLTimeEntry::dateFromText(u"23:03:07.250 2024-05-01"_s), utc(QDate(2024, 5, 1), QTime(14, 3, 7, 250)));
     EXPECT_EQ(ZLTimeEntry::dateFromText(u" 3:4:5.5 2024-5-1 "_s), utc(QDate(2024, 4, 30), QTime(18, 4, 5, 500)));
-    EXPECT_EQ(ZLTimeEntry::dateFromText(u"00:00:00.000 987-01-02"_s).toLocalTime().date(), QDate(987, 1, 2));
+    EXPECT_EQ(ZLTimeEntry::dateFromText(u"00:00:00.000 1987-01-02"_s).toLocalTime().date(), QDate(1987, 1, 2));
 }
 
 TEST(ZLTimeEntryTest, ShownDatesAreReadBack)

@@ -218,7 +218,8 @@ QString ZLChapterTableModel::durationText(int row) const
 QVariant ZLChapterTableModel::toolTipAt(const QModelIndex& index) const
 {
     const ZLChapter& chapter = *chapters().at(index.row());
-    if (chapter.timeStamp() < 0.0)
+    // A file may hold an enabled one, which is exported all the same.
+    if (chapter.timeStamp() < 0.0 && !chapter.isEnabled())
         return tr("This chapter lies before the start of the recording and is not exported.");
     if (index.column() == EnabledColumn)
         return chapter.isEnabled() ? tr("This chapter is exported.") : tr("This chapter is not exported.");

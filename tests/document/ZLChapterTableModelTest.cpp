@@ -75,7 +75,9 @@ TEST_F(ZLChapterTableModelTest, OnlyTimeTitleAndLinkAreTyped)
 
 TEST_F(ZLChapterTableModelTest, AChapterBeforeTheStartCannotBeEnabledButEditedOtherwise)
 {
-    addChapterAt(-1.0);
+    const auto early = addChapterAt(-1.0);
+    EXPECT_EQ(cell(0, Model::EnabledColumn).data(Qt::ToolTipRole).toString(), u"This chapter is exported."_s);
+    early->setEnabled(false);
     EXPECT_FALSE(cell(0, Model::EnabledColumn).flags().testFlag(Qt::ItemIsUserCheckable));
     EXPECT_TRUE(cell(0, Model::TimeColumn).flags().testFlag(Qt::ItemIsEditable));
     EXPECT_TRUE(cell(0, Model::TitleColumn).flags().testFlag(Qt::ItemIsEditable));

@@ -38,5 +38,5 @@ private:
     std::shared_ptr<const ZLHostClock> m_hostClock;
     double m_startTime = 0.0;
     double m_duration = 0.0;
-    QTimer m_displayTimer;
+    QTimer m_displayTimer { this };
 };

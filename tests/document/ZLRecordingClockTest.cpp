@@ -43,4 +43,7 @@ TEST_F(ZLRecordingClockTest, TheDisplayIsDueOnlyWhileItRuns)
     m_clock.stop();
     due.clear();
     EXPECT_FALSE(due.wait(250));
+    const auto* timer = m_clock.findChild<QTimer*>();
+    ASSERT_NE(timer, nullptr);
+    EXPECT_EQ(timer->interval(), 100) << "ten times a second";
 }

@@ -93,10 +93,9 @@ void ZLDocumentWindows::open(const QStringList& paths)
 
 void ZLDocumentWindows::quit()
 {
-    if (!m_controller.canTerminate()) {
-        refuseToQuitWhileRecording();
+    // Refused without a word: the red line, the button and the clock of the window say already what has to end first.
+    if (!m_controller.canTerminate())
         return;
-    }
     for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
         window->commitTypedText();
     const QStringList problems = m_controller.saveAllNow();
@@ -124,7 +123,7 @@ bool ZLDocumentWindows::prepareForLogOut()
     m_controller.saveAllNow();
     if (m_controller.canTerminate())
         return true;
-    refuseToQuitWhileRecording();
+    tellWhatHoldsTheLogOut();
     return false;
 }
 
@@ -245,7 +244,7 @@ void ZLDocumentWindows::showProblems(const QStringList& problems) const
         window->messageBar().showMessage(u"openingProblems"_s, problems.join(u'\n'), { { tr("Dismiss"), [] {} } });
 }
 
-void ZLDocumentWindows::refuseToQuitWhileRecording() const
+void ZLDocumentWindows::tellWhatHoldsTheLogOut() const
 {
     const auto documents = m_controller.documents();
     for (ZLChapterDocument* document : documents) {

@@ -54,7 +54,7 @@ private:
     /// The window of `document`, else the front window, else null.
     [[nodiscard]] ZLChapterDocumentWindow* windowToTellIn(ZLChapterDocument* document) const;
     void showProblems(const QStringList& problems) const;
-    void refuseToQuitWhileRecording() const;
+    void tellWhatHoldsTheLogOut() const;
     void askWhetherToQuitUnsaved(const QStringList& problems);
     void noteApplicationState(Qt::ApplicationState state);
     void showExportedFile(ZLChapterDocument* document, const QString& path) const;

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int fieldWidth = 200;
+constexpr int leastFieldHeight = 24;
 
 }
 
@@ -27,6 +28,7 @@ ZLMoveChaptersDialog::ZLMoveChaptersDialog(QWidget* parent)
     message->setBuddy(m_field);
     m_field->setObjectName(u"offset"_s);
     m_field->setFixedWidth(fieldWidth);
+    m_field->setMinimumHeight(leastFieldHeight);
     m_field->setAccessibleName(tr("Milliseconds"));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));

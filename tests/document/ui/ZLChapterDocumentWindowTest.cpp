@@ -54,6 +54,11 @@ TEST_F(ZLChapterDocumentWindowTest, MovingAsksForMilliseconds)
     auto* offset = moveDialog()->findChild<QLineEdit*>();
     EXPECT_EQ(offset->text(), QString());
     EXPECT_EQ(offset->width(), 200);
+    EXPECT_EQ(offset->minimumHeight(), 24);
+    QStringList answers;
+    for (const QPushButton* button : moveDialog()->findChildren<QPushButton*>())
+        answers.append(button->text() + (button->isDefault() ? u" by Return"_s : u""_s));
+    EXPECT_EQ(answers, (QStringList { u"OK by Return"_s, u"Cancel"_s }));
     QTest::keyClicks(offset, u"-5000"_s);
     QTest::keyClick(offset, Qt::Key_Return);
     EXPECT_DOUBLE_EQ(chapter->timeStamp(), -2.0);

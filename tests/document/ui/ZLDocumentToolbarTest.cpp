@@ -37,6 +37,17 @@ TEST_F(ZLDocumentToolbarTest, UndoAndRedoOfAStartShowToo)
     EXPECT_EQ(bar().recordButton()->text(), u"Pause"_s);
 }
 
+TEST_F(ZLDocumentToolbarTest, ADocumentThatWasSavedWhileRecordingIsReadAsPaused)
+{
+    start();
+    advance(42.5);
+    ASSERT_TRUE(m_document.readFromData(m_document.dataOfType()));
+    EXPECT_EQ(bar().recordButton()->text(), u"Start"_s);
+    EXPECT_EQ(bar().recordButton()->icon().name(), u"StartButton"_s);
+    EXPECT_FALSE(bar().addButton()->isEnabled());
+    EXPECT_EQ(label(u"clockLabel"_s)->text(), u"00:00:42.5"_s);
+}
+
 TEST_F(ZLDocumentToolbarTest, ItemsAreValidatedByTag)
 {
     EXPECT_EQ(bar().addButton()->property("tag").toInt(), 3);

@@ -5,6 +5,7 @@
 #include "document/ZLChapterDocument.h"
 #include "export/ui/ZLExportAdviceView.h"
 #include "platform/ZLAtomicFile.h"
+#include "support/ZLFakeHostClock.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -160,7 +161,9 @@ protected:
 
     const QString m_previousFolder = QDir::currentPath();
     QTemporaryDir m_folder;
-    std::unique_ptr<ZLChapterDocument> m_document = std::make_unique<ZLChapterDocument>(ZLDocumentEnvironment {});
+    const std::shared_ptr<ZLFakeHostClock> m_hostClock = std::make_shared<ZLFakeHostClock>();
+    std::unique_ptr<ZLChapterDocument> m_document =
+        std::make_unique<ZLChapterDocument>(ZLDocumentEnvironment { .hostClock = m_hostClock });
     QPointer<ZLExportFlow> m_flow;
     QStringList m_written;
     QStringList m_failures;

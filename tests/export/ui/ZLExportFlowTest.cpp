@@ -145,6 +145,12 @@ TEST_F(ZLExportFlowTest, HandsOverTheRecordedDuration)
     start<NotingExporter>(m_document.get());
     save(at(u"long.note"_s));
     EXPECT_EQ(contentsOf(u"long.note"_s), "0 12.5 0 long");
+    // Nobody knows yet how long a span will be that still runs.
+    m_document->startRecordingWithTime(m_hostClock->now() - 60.0);
+    ASSERT_EQ(m_document->currentDuration(), 72.5);
+    start<NotingExporter>(m_document.get());
+    save(at(u"running.note"_s));
+    EXPECT_EQ(contentsOf(u"running.note"_s), "0 12.5 0 running");
 }
 
 TEST_F(ZLExportFlowTest, RewritesAnExistingFileInPlace)

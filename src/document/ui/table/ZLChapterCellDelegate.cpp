@@ -6,6 +6,9 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QStyle>
+
+#include <utility>
 
 namespace {
 
@@ -50,6 +53,16 @@ void ZLChapterCellDelegate::destroyEditor(QWidget* editor, const QModelIndex& in
     if (editor == m_openField)
         m_openField = nullptr;
     ZLTextCellDelegate::destroyEditor(editor, index);
+}
+
+void ZLChapterCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const QString text = ZLCellTexts::canDraw(cell) ? std::exchange(cell.text, {}) : QString();
+    cell.widget->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+    if (!text.isEmpty())
+        m_texts.draw(*painter, cell, text);
 }
 
 void ZLChapterCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const

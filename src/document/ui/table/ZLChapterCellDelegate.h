@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/ui/table/ZLCellTexts.h"
 #include "templates/ui/ZLTextCellDelegate.h"
 
 #include <QLineEdit>
@@ -19,6 +20,7 @@ public:
     /// The cell that it edits.
     [[nodiscard]] QModelIndex openIndex() const;
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
 
@@ -29,6 +31,7 @@ protected:
 private:
     bool filterKey(QLineEdit* field, QEvent* event);
 
+    mutable ZLCellTexts m_texts;
     mutable QPointer<QLineEdit> m_openField;
     mutable QPersistentModelIndex m_openIndex;
 };

@@ -20,7 +20,7 @@ void ZLDocumentJournal::begin(
     m_file = std::make_shared<ZLJournalFile>(journalPath, m_disk);
     m_filePath = filePath;
     beginFile(fileDigest, snapshot);
-    m_file->waitUntilHandedOver(LongestHandOver);
+    m_file->waitUntilHandedOver(m_disk.longestHandOver);
 }
 
 void ZLDocumentJournal::tidy(const QByteArray& fileDigest)
@@ -49,7 +49,7 @@ void ZLDocumentJournal::note()
     change.chapters = std::move(chapters);
     change.templates = std::move(templates);
     m_file->append({ ZLJournalRecord::Kind::Change, change.encoded() }, ZLJournalFile::Sync::AtOnce);
-    m_file->waitUntilHandedOver(LongestHandOver);
+    m_file->waitUntilHandedOver(m_disk.longestHandOver);
 }
 
 ZLDocumentJournal::ClockState ZLDocumentJournal::clockState() const

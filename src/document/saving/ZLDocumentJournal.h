@@ -7,7 +7,6 @@
 #include <QObject>
 #include <QTimer>
 
-#include <chrono>
 #include <memory>
 
 /// Journals one document: whatever changes in it is handed to the kernel before the document tells anybody, and synced
@@ -16,8 +15,6 @@ class ZLDocumentJournal : public QObject {
     Q_OBJECT
 
 public:
-    /// How long a change waits for the kernel to take it; a healthy one needs some tens of microseconds.
-    static constexpr std::chrono::milliseconds LongestHandOver { 100 };
     static constexpr int TickInterval = 1000; ///< Milliseconds between readings of a running clock.
     static constexpr int TicksPerSync = 5;
     static constexpr qint64 SmallSize = 1024 * 1024; ///< Bytes up to which a journal is never begun anew.
@@ -28,6 +25,8 @@ public:
     [[nodiscard]] bool isBegun() const { return m_file != nullptr; }
     /// The file under way, for whoever writes to it beside the journal; null when none is begun.
     [[nodiscard]] const std::shared_ptr<ZLJournalFile>& file() const { return m_file; }
+    /// Which folder does not take the journal and why; empty while it does, and while none is begun.
+    [[nodiscard]] QString failureText() const { return m_file ? m_file->failureText() : QString(); }
     /// Begins the journal at `journalPath`. `snapshot` is the document as it is now, `filePath` the user's file, empty
     /// for none, and `fileDigest` that of what it holds, empty for nothing.
     void begin(

@@ -111,7 +111,7 @@ ZLStatus ZLDocumentSaver::saveNow()
         return ZLError { m_failureText };
     if (keepNothingOfEmptyDocument())
         return ZLDone {};
-    m_journal.tidy(m_fileDigest);
+    retryJournal();
     // Else the journal, which is believed more, would lag behind the file.
     m_journal.noteReading();
     auto order = makeOrder();
@@ -190,7 +190,7 @@ void ZLDocumentSaver::writeNewestState()
     dropPlannedWrite();
     if (keepNothingOfEmptyDocument())
         return;
-    m_journal.tidy(m_fileDigest);
+    retryJournal();
     // Else the journal, which is believed more, would lag behind the file.
     m_journal.noteReading();
     auto order = makeOrder();
@@ -213,8 +213,10 @@ void ZLDocumentSaver::watchDocument()
         m_machinery.executor = [this](std::function<void()> task) { m_worker.start(std::move(task)); };
     m_writeTimer.setSingleShot(true);
     m_readingTimer.setInterval(ReadingInterval);
+    m_journalTimer.setInterval(RetryInterval);
     connect(&m_writeTimer, &QTimer::timeout, this, &ZLDocumentSaver::writeNewestState);
     connect(&m_readingTimer, &QTimer::timeout, this, &ZLDocumentSaver::writeNewestState);
+    connect(&m_journalTimer, &QTimer::timeout, this, &ZLDocumentSaver::retryJournal);
     connect(&m_document, &ZLChapterDocument::contentsDidChange, this, &ZLDocumentSaver::noteChange);
     connect(&m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLDocumentSaver::followClock);
     // This connection is the first one, so that nobody is told of what could still be lost.
@@ -230,15 +232,40 @@ void ZLDocumentSaver::journalNow()
         beginJournal();
     else
         m_journal.note();
+    if (m_journal.isBegun())
+        noteRecoveryFailure(m_journal.failureText());
+}
+
+void ZLDocumentSaver::retryJournal()
+{
+    // Nobody needs one as long as nothing changed.
+    if (!m_journal.isBegun() && m_recoveryFailureText.isEmpty())
+        return;
+    journalNow();
+    // What this brings is known when the next change or attempt comes, for nobody waits for a disk.
+    m_journal.tidy(m_fileDigest);
 }
 
 void ZLDocumentSaver::beginJournal()
 {
     if (const ZLStatus ensured = ensureRecoveryFile(); !ensured) {
-        qCWarning(documentSaveLog) << "no journal:" << ensured.error().message;
+        noteRecoveryFailure(ensured.error().message);
         return;
     }
     m_journal.begin(m_recoveryFile->journalPath(), m_path, m_fileDigest, currentBytes());
+}
+
+void ZLDocumentSaver::noteRecoveryFailure(const QString& text)
+{
+    if (text.isEmpty())
+        m_journalTimer.stop();
+    else if (!m_journalTimer.isActive())
+        m_journalTimer.start();
+    if (std::exchange(m_recoveryFailureText, text) == text)
+        return;
+    if (!text.isEmpty())
+        qCWarning(documentSaveLog) << "no journal:" << text;
+    Q_EMIT stateDidChange();
 }
 
 void ZLDocumentSaver::noteChange()
@@ -281,6 +308,7 @@ ZLStatus ZLDocumentSaver::ensureRecoveryFile()
 
 void ZLDocumentSaver::removeRecoveryFile()
 {
+    noteRecoveryFailure({});
     if (!m_recoveryFile)
         return;
     m_journal.end();

@@ -80,6 +80,9 @@ public:
     [[nodiscard]] ZLSavingState state() const { return m_state; }
     /// Which file could not be written and why, while the state is Failed or Conflict; else empty.
     [[nodiscard]] const QString& failureText() const { return m_failureText; }
+    /// Which recovery folder does not take the journal and why, so that a crash could take what is not in the file yet;
+    /// empty while all is well. It is tried again and again.
+    [[nodiscard]] const QString& recoveryFailureText() const { return m_recoveryFailureText; }
     /// Milliseconds by which the next write was put off; absent when none is planned.
     [[nodiscard]] std::optional<int> plannedDelay() const;
 
@@ -117,9 +120,11 @@ public:
 public Q_SLOTS:
     /// What the timers do: starts writing the newest state unless it is on the disk already.
     void writeNewestState();
+    /// The same for a journal that cannot be written.
+    void retryJournal();
 
 Q_SIGNALS:
-    /// The state or the failure text is another.
+    /// The state or one of the failure texts is another.
     void stateDidChange();
     /// path() or recoveryPath() is another.
     void locationDidChange();
@@ -128,6 +133,7 @@ private:
     void watchDocument();
     void journalNow();
     void beginJournal();
+    void noteRecoveryFailure(const QString& text);
     void noteChange();
     void planWrite();
     void dropPlannedWrite();
@@ -158,6 +164,7 @@ private:
     QThreadPool m_worker;
     QTimer m_writeTimer;
     QTimer m_readingTimer { this };
+    QTimer m_journalTimer { this };
 
     QString m_path;
     /// Where the journal is, and beside it the file of an untitled document.
@@ -181,5 +188,6 @@ private:
     quint64 m_savedRevision = 0;
     ZLSavingState m_state = ZLSavingState::Saved;
     QString m_failureText;
+    QString m_recoveryFailureText;
     bool m_isDiscarded = false;
 };

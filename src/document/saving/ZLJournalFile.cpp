@@ -90,15 +90,12 @@ ZLJournalFile::~ZLJournalFile()
 
 void ZLJournalFile::begin(QList<ZLJournalRecord> records)
 {
-    post([this, records = std::move(records)] { performBegin(records); });
-    requestSync();
+    post([this, records = std::move(records)] { performBegin(records); }, Sync::AtOnce);
 }
 
 void ZLJournalFile::append(ZLJournalRecord record, Sync sync)
 {
-    post([this, record = std::move(record)] { performAppend(record); });
-    if (sync == Sync::AtOnce)
-        requestSync();
+    post([this, record = std::move(record)] { performAppend(record); }, sync);
 }
 
 bool ZLJournalFile::waitUntilHandedOver(std::chrono::milliseconds limit)
@@ -128,7 +125,9 @@ bool ZLJournalFile::isBroken() const
 QString ZLJournalFile::failureText() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_error == 0 ? QString() : u"%1: %2"_s.arg(QFile::decodeName(m_nativePath), qt_error_string(m_error));
+    if (m_error == 0)
+        return {};
+    return u"%1: %2"_s.arg(QFileInfo(QFile::decodeName(m_nativePath)).path(), qt_error_string(m_error));
 }
 
 qint64 ZLJournalFile::size() const
@@ -137,26 +136,44 @@ qint64 ZLJournalFile::size() const
     return m_size;
 }
 
-void ZLJournalFile::post(std::function<void()> task)
+// No lock is held while another thread is woken, which would run into it at once.
+void ZLJournalFile::post(std::function<void()> task, Sync sync)
 {
-    const std::lock_guard lock(m_mutex);
-    ++m_postedCount;
-    m_writer.start([this, task = std::move(task)] {
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_postedCount;
+    }
+    m_writer.start([this, task = std::move(task), sync] {
         task();
-        const std::lock_guard written(m_mutex);
-        ++m_writtenCount;
-        m_progress.notify_all();
+        noteWritten();
+        if (sync == Sync::AtOnce)
+            startSync();
     });
+}
+
+void ZLJournalFile::noteWritten()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_writtenCount;
+    }
+    m_progress.notify_all();
+}
+
+void ZLJournalFile::startSync()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        if (std::exchange(m_isSyncDue, true))
+            return;
+    }
+    m_syncer.start([this] { syncNow(); });
 }
 
 void ZLJournalFile::requestSync()
 {
     // The sync has to come after the write; so the writing thread asks for it.
-    m_writer.start([this] {
-        const std::lock_guard lock(m_mutex);
-        if (!std::exchange(m_isSyncDue, true))
-            m_syncer.start([this] { syncNow(); });
-    });
+    m_writer.start([this] { startSync(); });
 }
 
 void ZLJournalFile::syncNow()
@@ -187,12 +204,12 @@ void ZLJournalFile::performBegin(const QList<ZLJournalRecord>& records)
     m_recordsForSuccessor.clear();
     m_syncer.start([this, records] {
         const DescriptorPointer successor = makeSuccessor(records);
-        post([this, successor] {
+        const auto takeOver = [this, successor] {
             if (successor)
                 install(successor);
             m_hasSuccessor = false;
-        });
-        requestSync();
+        };
+        post(takeOver, Sync::AtOnce);
     });
 }
 

@@ -13,10 +13,12 @@
 #include <sys/types.h>
 #include <unistd.h>
 
-/// What a journal asks of the operating system; tests make it slow or let it fail.
+/// What a journal asks of the operating system, and how long; tests make it slow or let it fail.
 struct ZLJournalDisk {
     std::function<ssize_t(int descriptor, const void* bytes, size_t count)> write = ::write;
     std::function<int(int descriptor)> sync = ::fdatasync;
+    /// How long a change waits for the kernel to take it; a healthy one needs some tens of microseconds.
+    std::chrono::milliseconds longestHandOver { 100 };
 };
 
 /// Appends records to a file without ever keeping the caller waiting for the disk: one thread writes, another one
@@ -45,7 +47,7 @@ public:
 
     /// Whether records are being lost because the file cannot be written. begin() tries anew.
     [[nodiscard]] bool isBroken() const;
-    /// Why, while isBroken(); else empty.
+    /// Which folder does not take it and why, while isBroken(); else empty.
     [[nodiscard]] QString failureText() const;
     [[nodiscard]] qint64 size() const;
 
@@ -53,7 +55,9 @@ private:
     struct Descriptor;
     using DescriptorPointer = std::shared_ptr<Descriptor>;
 
-    void post(std::function<void()> task);
+    void post(std::function<void()> task, Sync sync);
+    void noteWritten();
+    void startSync();
     void requestSync();
     void syncNow();
     void performBegin(const QList<ZLJournalRecord>& records);

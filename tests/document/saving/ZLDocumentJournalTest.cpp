@@ -1,5 +1,7 @@
 #include "SavingFixture.h"
 
+#include <QScopeGuard>
+
 #include <atomic>
 #include <semaphore>
 #include <sys/stat.h>
@@ -68,6 +70,7 @@ TEST_F(ZLDocumentJournalTest, ADiskThatHangsDelaysAMarkOnceAndBriefly)
 {
     std::binary_semaphore disk(0);
     std::atomic<bool> isHanging = false;
+    machinery.journalDisk.longestHandOver = ZLJournalDisk().longestHandOver;
     machinery.journalDisk.write = [&](int descriptor, const void* bytes, size_t count) {
         if (isHanging.exchange(false))
             disk.acquire();
@@ -75,6 +78,7 @@ TEST_F(ZLDocumentJournalTest, ADiskThatHangsDelaysAMarkOnceAndBriefly)
     };
     auto saver = titledSaver(filePath("show.zelta"));
     addChapter("One");
+    EXPECT_TRUE(saver->saveNow()) << "which ends when the journal has everything";
     isHanging = true;
     // Were one of these marks to wait for the disk, the test would stand here for ever.
     for (int mark = 0; mark < 100; ++mark)
@@ -97,11 +101,11 @@ TEST_F(ZLDocumentJournalTest, ASyncThatHangsDelaysNoMarkAtAll)
         return ::fdatasync(descriptor);
     };
     const auto saver = titledSaver(filePath("show.zelta"));
+    const auto letItGo = qScopeGuard([&disk] { disk.release(); });
     for (int mark = 1; mark <= 50; ++mark) {
         addChapter("More");
         ASSERT_EQ(journaledTitles().size(), mark) << "the kernel has it although nothing is synced";
     }
-    disk.release();
 }
 
 TEST_F(ZLDocumentJournalTest, RecoveryDataAreForTheirUserAlone)

@@ -1,33 +1,10 @@
 #include "SavingFixture.h"
 
-#include <csignal>
-#include <sys/resource.h>
+#include "support/ZLFullDisk.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// While it lives, no file of this process can grow past `bytes`, as on a disk that is full.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes)
-        : m_formerHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_formerLimit);
-        const rlimit limit { bytes, m_formerLimit.rlim_max };
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_formerLimit);
-        std::signal(SIGXFSZ, m_formerHandler);
-    }
-    Q_DISABLE_COPY_MOVE(FullDisk)
-
-private:
-    rlimit m_formerLimit {};
-    void (*m_formerHandler)(int);
-};
 
 class ZLDocumentSaverFailureTest : public SavingFixture {
 protected:
@@ -111,7 +88,7 @@ TEST_F(ZLDocumentSaverFailureTest, AFullDiskLeavesTheOldFileWhole)
         addChapter("A title that needs room");
     ZLStatus saved = ZLDone {};
     {
-        const FullDisk full(1024);
+        const ZLFullDisk full(1024);
         saved = saver->saveNow();
     }
     ASSERT_FALSE(saved);
@@ -133,7 +110,7 @@ TEST_F(ZLDocumentSaverFailureTest, AFullDiskUnderTheWorkerIsToldToo)
     for (int index = 0; index < 100; ++index)
         addChapter("A title that needs room");
     {
-        const FullDisk full(1024);
+        const ZLFullDisk full(1024);
         writeAndSettle(*saver);
     }
     EXPECT_EQ(saver->state(), ZLSavingState::Failed);

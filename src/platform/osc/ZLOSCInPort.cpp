@@ -1,6 +1,5 @@
 #include "platform/osc/ZLOSCInPort.h"
 
-#include <QElapsedTimer>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
@@ -9,7 +8,7 @@ namespace {
 
 constexpr int messagesPerTurn = 32;
 /// A turn also ends after this time, because what a message sets off may be slow.
-constexpr qint64 millisecondsPerTurn = 5;
+constexpr double secondsPerTurn = 0.005;
 
 }
 
@@ -17,6 +16,7 @@ ZLOSCInPort::ZLOSCInPort(
     QString label, QObject* parent, ZLOSCConnectedNetworks::Source networks, std::shared_ptr<const ZLHostClock> clock)
     : QObject(parent)
     , m_label(std::move(label))
+    , m_clock(clock)
 {
     const auto postWake = [this] { QMetaObject::invokeMethod(this, &ZLOSCInPort::wake, Qt::QueuedConnection); };
     m_receiver = std::make_unique<ZLOSCReceiver>(
@@ -87,9 +87,10 @@ void ZLOSCInPort::deliver()
 void ZLOSCInPort::deliverMessages()
 {
     const QPointer<ZLOSCInPort> self(this);
-    QElapsedTimer turn;
-    turn.start();
-    for (int count = 0; count < messagesPerTurn && turn.elapsed() < millisecondsPerTurn; ++count) {
+    const double begin = m_clock->now();
+    int count = 0;
+    // At least one, also on a computer that was busy for the whole turn: nobody would come back to it.
+    do {
         const std::optional<ZLOSCReceivedMessage> received = m_reception.messages.take();
         if (!received)
             return;
@@ -99,7 +100,7 @@ void ZLOSCInPort::deliverMessages()
         Q_EMIT messageReceived(*received);
         if (!self)
             return;
-    }
+    } while (++count < messagesPerTurn && m_clock->now() - begin < secondsPerTurn);
 }
 
 void ZLOSCInPort::deliverSamples()

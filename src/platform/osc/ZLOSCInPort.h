@@ -14,7 +14,7 @@ class ZLOSCInPort : public QObject {
 public:
     using Filter = ZLOSCReceiver::Filter;
 
-    /// Nothing is received before bind(). The clock paces samples and the renewal of the list of networks.
+    /// Nothing is received before bind(). The clock paces turns, samples and the renewal of the list of networks.
     explicit ZLOSCInPort(QString label, QObject* parent = nullptr,
         ZLOSCConnectedNetworks::Source networks = &ZLOSCConnectedNetworks::ofThisComputer,
         std::shared_ptr<const ZLHostClock> clock = std::make_shared<ZLSteadyHostClock>());
@@ -54,6 +54,7 @@ private:
     void runOnReceiver(const std::function<void()>& order);
 
     QString m_label;
+    std::shared_ptr<const ZLHostClock> m_clock;
     quint16 m_port = 0;
     QString m_failure;
     ZLOSCReception m_reception;

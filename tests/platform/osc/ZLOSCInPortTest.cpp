@@ -78,6 +78,15 @@ private:
     std::atomic<double> m_time = 100;
 };
 
+/// A computer on which something else always gets to run before the next look at the clock.
+class BusyReceptionClock final : public ZLHostClock {
+public:
+    double now() const override { return m_time = m_time + 1.0; }
+
+private:
+    mutable std::atomic<double> m_time = 100;
+};
+
 QByteArray garbage(int number)
 {
     switch (number % 4) {
@@ -104,6 +113,22 @@ TEST(ZLOSCInPort, aMessageArrivesOnTheMainThreadWithItsSender)
     EXPECT_EQ(input.messages.first().peer, (ZLOSCPeer { QHostAddress(QHostAddress::LocalHost), peer.port() }));
     EXPECT_EQ(input.messages.first().peer.text(), u"127.0.0.1:%1"_s.arg(peer.port()));
     EXPECT_GT(input.messages.first().receivedAt, 0);
+}
+
+TEST(ZLOSCInPort, everyMessageArrivesHoweverBusyTheComputerIs)
+{
+    ZLOSCInPort port(
+        u"Input"_s, nullptr, &ZLOSCConnectedNetworks::ofThisComputer, std::make_shared<BusyReceptionClock>());
+    ASSERT_TRUE(port.bind(ZLOSCPortRange::exactly(0)).isOk());
+    QStringList addresses;
+    QObject::connect(&port, &ZLOSCInPort::messageReceived, &port,
+        [&](const ZLOSCReceivedMessage& received) { addresses.append(received.message.address()); });
+    LoopbackPeer peer;
+    const QStringList sent { u"/one"_s, u"/two"_s, u"/three"_s };
+    for (const QString& address : sent)
+        ASSERT_TRUE(peer.send(encoded(address, { 1.0F }), port.port()));
+    EXPECT_TRUE(waitUntil([&] { return addresses.size() == sent.size(); }));
+    EXPECT_EQ(addresses, sent);
 }
 
 TEST(ZLOSCInPort, IPv6ArrivesWhereTheComputerHasIt)

@@ -4,18 +4,18 @@ zelta_build_packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libgl-dev
   pkgconf libxcb-keysyms1-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
-  libpulse-dev libsndfile1-dev python3
+  libpulse-dev libsndfile1-dev python3 python3-markdown-it
 )
 zelta_run_packages=(
   libqt6svg6 qt6-translations-l10n qt6-wayland fonts-dejavu-core
 )
 zelta_test_packages=(
   libgtest-dev libgmock-dev git
-  python3 python3-markdown-it libplist-utils libxml2-utils
+  python3 libplist-utils libxml2-utils
   liblo-tools nodejs npm
   avahi-daemon iproute2
   pulseaudio pulseaudio-utils
-  xvfb openbox xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst
+  xvfb openbox weston xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst
   python3-dbus python3-gi
   desktop-file-utils appstream lintian man-db groff
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0

@@ -90,30 +90,43 @@ void ZLOSCController::receivedOSCMessage(const ZLOSCReceivedMessage& received)
             this, [this, received] { receivedOSCMessage(received); }, Qt::QueuedConnection);
         return;
     }
-    performMessage(received.message, received.peer.text());
+    const Result result = carryOut(received.message);
+    // Later, since the sender may be waiting for the answer.
+    logReceived(received.message, received.peer.text(), received.receivedAt, result);
     if (ZLSettingsManager::oscAnswersSenders())
         m_answeredSenders.noteCommand(received.peer, m_setup.hostClock->now());
 }
 
 QString ZLOSCController::performMessage(const ZLOSCMessage& message, const QString& peer)
 {
-    ZLOSCLogEntry entry = ZLOSCLogTexts::entryFor(message, ZLOSCLogEntry::Direction::In, peer);
-    if (isCommand(message)) {
-        const ZLRemoteAction* action = ZLRemoteActions::withIdentifier(*actionForOSCKey(message.address()));
-        const ZLRemoteOutcome outcome(currentDocument());
-        if (delegate()) {
-            qCInfo(oscLog, "%s", "-[ZLOSCController receivedOSCMessage:]");
-            qCInfo(oscLog, "m: %s", qUtf8Printable(message.description()));
-        }
-        deliverAction(action->identifier);
-        entry.outcome = outcome.description(*action);
-        entry.isProblem = !outcome.hadEffect();
-    } else {
-        entry.outcome = ZLOSCLogTexts::reasonToIgnore(message.address(), entry.value);
-        entry.isProblem = true;
+    const qint64 receivedAt = QDateTime::currentMSecsSinceEpoch();
+    const Result result = carryOut(message);
+    logReceived(message, peer, receivedAt, result);
+    return result.outcome;
+}
+
+ZLOSCController::Result ZLOSCController::carryOut(const ZLOSCMessage& message)
+{
+    if (!isCommand(message))
+        return { .outcome = ZLOSCLogTexts::reasonToIgnore(message), .isProblem = true };
+    const ZLRemoteAction* action = ZLRemoteActions::withIdentifier(*actionForOSCKey(message.address()));
+    const ZLRemoteOutcome outcome(currentDocument());
+    if (delegate()) {
+        qCInfo(oscLog, "%s", "-[ZLOSCController receivedOSCMessage:]");
+        qCInfo(oscLog, "m: %s", qUtf8Printable(message.description()));
     }
+    deliverAction(action->identifier);
+    return { .outcome = outcome.description(*action), .isProblem = !outcome.hadEffect() };
+}
+
+void ZLOSCController::logReceived(
+    const ZLOSCMessage& message, const QString& peer, qint64 receivedAt, const Result& result)
+{
+    ZLOSCLogEntry entry = ZLOSCLogTexts::entryFor(message, ZLOSCLogEntry::Direction::In, peer);
+    entry.time = QDateTime::fromMSecsSinceEpoch(receivedAt);
+    entry.outcome = result.outcome;
+    entry.isProblem = result.isProblem;
     m_log.append(entry);
-    return entry.outcome;
 }
 
 void ZLOSCController::sendUpdatesStatusInformation()

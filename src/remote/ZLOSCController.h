@@ -61,6 +61,14 @@ public:
     void sendMessageToAllOutputs(const ZLOSCMessage& message);
 
 private:
+    /// What became of a message, as the log says it.
+    struct Result {
+        QString outcome;
+        bool isProblem = false;
+    };
+
+    [[nodiscard]] Result carryOut(const ZLOSCMessage& message);
+    void logReceived(const ZLOSCMessage& message, const QString& peer, qint64 receivedAt, const Result& result);
     [[nodiscard]] ZLChapterDocument* currentDocument() const;
     [[nodiscard]] QList<ZLOSCMessage> statusMessages() const;
     [[nodiscard]] QList<ZLOSCMessage> timeMessages() const;

@@ -22,6 +22,14 @@ QString valueInDescription(const QString& description, const QString& shownAddre
     return description.startsWith(shownAddress) ? description.sliced(shownAddress.size()).trimmed() : description;
 }
 
+/// `value` as the log shows it.
+QString reasonToIgnoreValue(const QString& address, const QString& value)
+{
+    if (!ZLRemoteActions::actionForOSCAddress(address))
+        return LogTexts::tr("ignored: unknown address");
+    return value.isEmpty() ? LogTexts::tr("ignored: no value") : LogTexts::tr("ignored: value %1").arg(value);
+}
+
 QString reasonToRefuse(ZLOSCAccept accept)
 {
     switch (accept) {
@@ -43,7 +51,7 @@ QString outcomeOfDropped(const ZLOSCDroppedDatagram& dropped, const QString& val
     case ZLOSCDropReason::Malformed:
         return LogTexts::tr("dropped: malformed");
     case ZLOSCDropReason::Filtered:
-        return ZLOSCLogTexts::reasonToIgnore(dropped.address, value);
+        return reasonToIgnoreValue(dropped.address, value);
     case ZLOSCDropReason::Overflow:
         break;
     }
@@ -80,11 +88,10 @@ ZLOSCLogEntry ZLOSCLogTexts::entryForDropped(const ZLOSCDroppedDatagram& dropped
     };
 }
 
-QString ZLOSCLogTexts::reasonToIgnore(const QString& address, const QString& value)
+QString ZLOSCLogTexts::reasonToIgnore(const ZLOSCMessage& message)
 {
-    if (!ZLRemoteActions::actionForOSCAddress(address))
-        return LogTexts::tr("ignored: unknown address");
-    return value.isEmpty() ? LogTexts::tr("ignored: no value") : LogTexts::tr("ignored: value %1").arg(value);
+    return reasonToIgnoreValue(
+        message.address(), valueInDescription(message.description(), shownAddress(message.address())));
 }
 
 QString ZLOSCLogTexts::outcomeOfSending(bool wasSent, const ZLOSCOutPort& port)

@@ -13,8 +13,8 @@ namespace ZLOSCLogTexts {
     const ZLOSCMessage& message, ZLOSCLogEntry::Direction direction, const QString& peer);
 [[nodiscard]] ZLOSCLogEntry entryForDropped(const ZLOSCDroppedDatagram& dropped, ZLOSCAccept accept);
 
-/// "ignored: value 0" or "ignored: unknown address"; `value` as the log shows it.
-[[nodiscard]] QString reasonToIgnore(const QString& address, const QString& value);
+/// "ignored: value 0" or "ignored: unknown address".
+[[nodiscard]] QString reasonToIgnore(const ZLOSCMessage& message);
 /// "sent", or why not.
 [[nodiscard]] QString outcomeOfSending(bool wasSent, const ZLOSCOutPort& port);
 

@@ -23,7 +23,7 @@ ZLOSCInPort::ZLOSCInPort(
         m_reception, postWake, ZLOSCConnectedNetworks(std::move(networks), clock), clock);
     m_receiver->moveToThread(&m_thread);
     m_deliveryTimer.setSingleShot(true);
-    connect(&m_deliveryTimer, &QTimer::timeout, this, &ZLOSCInPort::deliver);
+    connect(&m_deliveryTimer, &QTimer::timeout, this, &ZLOSCInPort::deliverInTurn);
     m_thread.setObjectName(u"osc-input"_s);
     m_thread.start();
 }
@@ -68,16 +68,22 @@ void ZLOSCInPort::close()
     Q_EMIT portDidChange();
 }
 
-/// Only starts the timer: delivering here would let a flood hold the event loop, which handles posted events until
-/// there are no more, and each delivery makes room for the next to be posted.
+/// Delivers at once, but only once before the timer: the event loop handles posted events until there are no more, so a
+/// flood could hold it if each delivery let the next event be posted.
 void ZLOSCInPort::wake()
 {
     m_deliveryTimer.start(0);
+    deliver();
+}
+
+void ZLOSCInPort::deliverInTurn()
+{
+    m_reception.wakePosted = false;
+    deliver();
 }
 
 void ZLOSCInPort::deliver()
 {
-    m_reception.wakePosted = false;
     const QPointer<ZLOSCInPort> self(this);
     deliverMessages();
     if (self)

@@ -48,6 +48,7 @@ Q_SIGNALS:
 
 private:
     void wake();
+    void deliverInTurn();
     void deliver();
     void deliverMessages();
     void deliverSamples();

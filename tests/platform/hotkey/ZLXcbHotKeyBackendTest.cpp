@@ -312,6 +312,26 @@ TEST_F(ZLXcbHotKeyBackendTest, FiresOncePerPressHoweverLongTheKeyIsHeld)
     EXPECT_THAT(pressed, ElementsAre(u"plain"_s, u"plain"_s));
 }
 
+TEST_F(ZLXcbHotKeyBackendTest, HeldKeysFireOnceAndLeaveTheOthersWorking)
+{
+    registerHotKey(u"held"_s, codeOfM, ZLHotKeyModifier::control | ZLHotKeyModifier::option);
+    registerHotKey(u"other"_s, codeOfZ, ZLHotKeyModifier::control | ZLHotKeyModifier::option);
+    registerHotKey(u"plain"_s, codeOfF7);
+    ASSERT_TRUE(peer.takeFocus());
+    const PressCounter counter;
+    ASSERT_TRUE(run(u"xdotool"_s, { u"keydown"_s, u"ctrl"_s, u"keydown"_s, u"alt"_s, u"keydown"_s, u"m"_s }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return counter.presses >= 5; }, keyDeadlineMilliseconds));
+    type(u"z"_s);
+    type(u"z"_s);
+    ASSERT_TRUE(waitForPresses(3));
+    EXPECT_THAT(pressed, ElementsAre(u"held"_s, u"other"_s, u"other"_s));
+    ASSERT_TRUE(run(u"xdotool"_s, { u"keyup"_s, u"m"_s, u"keyup"_s, u"alt"_s, u"keyup"_s, u"ctrl"_s }));
+    type(u"F7"_s);
+    type(u"ctrl+alt+m"_s);
+    ASSERT_TRUE(waitForPresses(5));
+    EXPECT_THAT(pressed, ElementsAre(u"held"_s, u"other"_s, u"other"_s, u"plain"_s, u"held"_s));
+}
+
 TEST_F(ZLXcbHotKeyBackendTest, KeepsTheKeysFromTheProgramsOwnWindow)
 {
     registerHotKey(u"plain"_s, codeOfF6);

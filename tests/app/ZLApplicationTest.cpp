@@ -5,6 +5,7 @@
 #include "platform/ZLAtomicFile.h"
 #include "remote/ZLRecordingHotKeyCenter.h"
 #include "settings/ZLSettingsManager.h"
+#include "support/ZLChapterBuilders.h"
 #include "support/ZLFakeHostClock.h"
 
 #include <QSignalSpy>
@@ -124,6 +125,27 @@ TEST_F(ZLApplicationTest, ARemoteActionReachesTheCurrentDocumentOrElseTheFirst)
     application.documentController().setCurrentDocument(second);
     application.remoteControllerReceivedAction(controller, ZLControllerToggleRecordingAction);
     EXPECT_TRUE(second->isRecording());
+}
+
+TEST_F(ZLApplicationTest, SelectingThePreviousChapterGoesUpAndNeverToTheLastRow)
+{
+    ZLRecordingHotKeyCenter center;
+    ZLSettingsManager::setGlobalHotkeys(true);
+    ZLSettingsManager::setKeyCombo(
+        { { u"keyCode"_s, 9 }, { u"modifierFlags"_s, 0x100000U } }, u"ZLSelectLastChapterKeyCombo"_s);
+    ZLApplication application(setup(), ZLApplication::StandardFontSize, { .hotKeyCenter = &center });
+    ZLChapterDocument* document = application.documentController().newDocument();
+    for (const double seconds : { 1.0, 2.0, 3.0 })
+        document->addChapter(ZLTestChapters::chapterAt(seconds));
+    ASSERT_EQ(document->selectedRow(), 2);
+    const ZLOSCMessage message(u"/zl/selectPreviousChapter"_s, { 1.0F });
+    EXPECT_EQ(application.oscController().performMessage(message, u"a surface"_s), u"selected chapter 2"_s);
+    EXPECT_EQ(document->selectedRow(), 1);
+    center.press({ 9, ZLHotKeyModifier::command });
+    EXPECT_EQ(document->selectedRow(), 0);
+    application.oscController().performMessage(message, u"a surface"_s);
+    center.press({ 9, ZLHotKeyModifier::command });
+    EXPECT_EQ(document->selectedRow(), 0) << "there is none before the first";
 }
 
 TEST_F(ZLApplicationTest, OnlyThePublishedConstantsAreRouted)

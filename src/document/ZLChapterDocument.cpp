@@ -67,7 +67,7 @@ QByteArray ZLChapterDocument::dataOfType(const QString& typeName)
 {
     Q_UNUSED(typeName);
     return ZLDocumentFile::encode({
-        .chapters = m_chapterManager.chaptersForSaving(),
+        .chapters = m_chapterManager.chaptersForSaving(ZLDictionaryForm::Archived),
         .duration = currentDuration(),
         .templates = m_templateViewController.chaptersForSaving(),
     });
@@ -76,7 +76,7 @@ QByteArray ZLChapterDocument::dataOfType(const QString& typeName)
 bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeName, ZLFileOperationError* error)
 {
     Q_UNUSED(typeName);
-    const auto contents = ZLDocumentFile::decode(bytes);
+    const auto contents = ZLDocumentFile::decode(bytes, ZLDictionaryForm::Archived);
     if (!contents) {
         if (error)
             *error = { .domain = u"zelta"_s, .code = 1, .message = contents.error().message };

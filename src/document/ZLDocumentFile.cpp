@@ -13,6 +13,16 @@ const QString chaptersKey = QStringLiteral("Chapters");
 const QString durationKey = QStringLiteral("Duration");
 const QString templatesKey = QStringLiteral("Templates");
 
+template <typename Dictionary>
+ZLDocumentContents contentsIn(const Dictionary& entries)
+{
+    return {
+        .chapters = entries.value(chaptersKey).toList(),
+        .duration = ZLStoredValue::number(entries.value(durationKey)),
+        .templates = entries.value(templatesKey).toList(),
+    };
+}
+
 }
 
 QByteArray ZLDocumentFile::encode(const ZLDocumentContents& contents)
@@ -24,17 +34,14 @@ QByteArray ZLDocumentFile::encode(const ZLDocumentContents& contents)
     });
 }
 
-ZLResult<ZLDocumentContents> ZLDocumentFile::decode(QByteArrayView bytes)
+ZLResult<ZLDocumentContents> ZLDocumentFile::decode(QByteArrayView bytes, ZLDictionaryForm form)
 {
-    const auto root = ZLKeyedUnarchiver::unarchivedRoot(bytes);
+    const auto root = ZLKeyedUnarchiver::unarchivedRoot(bytes, form);
     if (!root)
         return root.error();
-    if (root.value().typeId() != QMetaType::QVariantMap)
-        return ZLError { QCoreApplication::translate("ZLDocumentFile", "This is not a chapter document.") };
-    const QVariantMap entries = root.value().toMap();
-    return ZLDocumentContents {
-        .chapters = entries.value(chaptersKey).toList(),
-        .duration = ZLStoredValue::number(entries.value(durationKey)),
-        .templates = entries.value(templatesKey).toList(),
-    };
+    if (const auto* entries = ZLArchivedDictionary::in(root.value()))
+        return contentsIn(*entries);
+    if (root.value().typeId() == QMetaType::QVariantMap)
+        return contentsIn(root.value().toMap());
+    return ZLError { QCoreApplication::translate("ZLDocumentFile", "This is not a chapter document.") };
 }

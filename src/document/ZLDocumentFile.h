@@ -1,13 +1,14 @@
 #pragma once
 
 #include "platform/ZLResult.h"
+#include "platform/archive/ZLArchivedDictionary.h"
 
 #include <QByteArrayView>
 #include <QVariantList>
 
 /// What one document file holds: a keyed archive of a dictionary with "Chapters", "Duration" and "Templates".
 struct ZLDocumentContents {
-    /// Chapter dictionaries in ascending time order when written; any order when read.
+    /// Chapter dictionaries, in either form, in ascending time order when written; any order when read.
     QVariantList chapters;
     /// Seconds of recorded time.
     double duration = 0.0;
@@ -26,6 +27,6 @@ inline const QString MimeType = QStringLiteral("application/x-zelta-chapters");
 
 /// Missing entries read as empty or 0, values of another type as what they can be read as. Fails only for bytes that
 /// are no keyed archive of a dictionary.
-[[nodiscard]] ZLResult<ZLDocumentContents> decode(QByteArrayView bytes);
+[[nodiscard]] ZLResult<ZLDocumentContents> decode(QByteArrayView bytes, ZLDictionaryForm form = ZLDictionaryForm::Map);
 
 }

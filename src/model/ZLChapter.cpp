@@ -8,41 +8,85 @@
 #include <QTimeZone>
 #include <QUuid>
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t chapterEntryCount = 7;
+/// The places of the entries in the order of their keys' texts.
+constexpr std::array<std::size_t, chapterEntryCount> sortedChapterEntries { 5, 1, 3, 4, 0, 2, 6 };
+
+const std::array<QString, chapterEntryCount>& chapterEntryKeys()
+{
+    static const std::array<QString, chapterEntryCount> keys { ZLChapterKey::TimeStamp, ZLChapterKey::Enabled,
+        ZLChapterKey::Title, ZLChapterKey::Link, ZLChapterKey::Tags, ZLChapterKey::Date, ZLChapterKey::UUID };
+    return keys;
+}
+
+/// By the number of entries that a chapter has.
+std::array<QStringList, chapterEntryCount + 1> sortedChapterKeys()
+{
+    std::array<QStringList, chapterEntryCount + 1> lists;
+    for (std::size_t count = 0; count < lists.size(); ++count) {
+        for (const std::size_t place : sortedChapterEntries) {
+            if (place < count)
+                lists[count].append(chapterEntryKeys()[place]);
+        }
+    }
+    return lists;
+}
+
+}
 
 ZLChapter::ZLChapter() = default;
 
-ZLChapter::ZLChapter(const QVariantMap& dictionaryRepresentation)
-    : m_timeStamp(ZLStoredValue::number(dictionaryRepresentation.value(ZLChapterKey::TimeStamp)))
-    , m_enabled(ZLStoredValue::boolean(dictionaryRepresentation.value(ZLChapterKey::Enabled)))
-    , m_title(ZLStoredValue::text(dictionaryRepresentation.value(ZLChapterKey::Title)))
-    , m_link(ZLStoredValue::text(dictionaryRepresentation.value(ZLChapterKey::Link)))
-    , m_tags(ZLStoredValue::text(dictionaryRepresentation.value(ZLChapterKey::Tags)))
-    , m_realDate(dictionaryRepresentation.value(ZLChapterKey::Date).toDateTime())
-    , m_uuid(ZLStoredValue::text(dictionaryRepresentation.value(ZLChapterKey::UUID)))
+template <typename Dictionary>
+ZLChapter::ZLChapter(std::in_place_t, const Dictionary& dictionary)
+    : m_timeStamp(ZLStoredValue::number(dictionary.value(ZLChapterKey::TimeStamp)))
+    , m_enabled(ZLStoredValue::boolean(dictionary.value(ZLChapterKey::Enabled)))
+    , m_title(ZLStoredValue::text(dictionary.value(ZLChapterKey::Title)))
+    , m_link(ZLStoredValue::text(dictionary.value(ZLChapterKey::Link)))
+    , m_tags(ZLStoredValue::text(dictionary.value(ZLChapterKey::Tags)))
+    , m_realDate(dictionary.value(ZLChapterKey::Date).toDateTime())
+    , m_uuid(ZLStoredValue::text(dictionary.value(ZLChapterKey::UUID)))
 {
     if (m_uuid.isNull())
         m_uuid = generateUUID();
 }
 
+ZLChapter::ZLChapter(const QVariantMap& dictionaryRepresentation)
+    : ZLChapter(std::in_place, dictionaryRepresentation)
+{
+}
+
+ZLChapter::ZLChapter(const ZLArchivedDictionary& dictionaryRepresentation)
+    : ZLChapter(std::in_place, dictionaryRepresentation)
+{
+}
+
 QVariantMap ZLChapter::dictionaryRepresentation() const
 {
-    QVariantMap map { { ZLChapterKey::TimeStamp, m_timeStamp }, { ZLChapterKey::Enabled, m_enabled } };
-    if (m_title.isNull())
-        return map;
-    map.insert(ZLChapterKey::Title, m_title);
-    if (m_link.isNull())
-        return map;
-    map.insert(ZLChapterKey::Link, m_link);
-    if (m_tags.isNull())
-        return map;
-    map.insert(ZLChapterKey::Tags, m_tags);
-    if (m_realDate.isNull())
-        return map;
-    map.insert(ZLChapterKey::Date, m_realDate);
-    if (!m_uuid.isNull())
-        map.insert(ZLChapterKey::UUID, m_uuid);
+    QVariantMap map;
+    for (std::size_t place = 0; place < entryCount(); ++place)
+        map.insert(chapterEntryKeys()[place], entryAt(place));
     return map;
+}
+
+ZLArchivedDictionary ZLChapter::archivedRepresentation() const
+{
+    // One list of keys for each count, which all chapters share.
+    static const std::array<QStringList, chapterEntryCount + 1> sortedKeys = sortedChapterKeys();
+    const std::size_t count = entryCount();
+    ZLArchivedDictionary dictionary { sortedKeys[count], {} };
+    dictionary.values.reserve(qsizetype(count));
+    for (const std::size_t place : sortedChapterEntries) {
+        if (place < count)
+            dictionary.values.append(entryAt(place));
+    }
+    return dictionary;
 }
 
 void ZLChapter::setTimeStamp(double seconds)
@@ -120,6 +164,34 @@ QDateTime ZLChapter::distantPast()
     // from elsewhere hold this very moment.
     static const QDateTime moment(QDate(1, 1, 1, QCalendar(QCalendar::System::Julian)), QTime(0, 0), QTimeZone::utc());
     return moment;
+}
+
+QVariant ZLChapter::entryAt(std::size_t place) const
+{
+    switch (place) {
+    case 0:
+        return m_timeStamp;
+    case 1:
+        return m_enabled;
+    case 2:
+        return m_title;
+    case 3:
+        return m_link;
+    case 4:
+        return m_tags;
+    case 5:
+        return m_realDate;
+    default:
+        return m_uuid;
+    }
+}
+
+std::size_t ZLChapter::entryCount() const
+{
+    constexpr std::size_t neverNull = 2;
+    const std::array<bool, chapterEntryCount - neverNull> areNull { m_title.isNull(), m_link.isNull(), m_tags.isNull(),
+        m_realDate.isNull(), m_uuid.isNull() };
+    return neverNull + std::size_t(std::find(areNull.begin(), areNull.end(), true) - areNull.begin());
 }
 
 void ZLChapter::noteChange() const

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "platform/archive/ZLArchivedDictionary.h"
+
 #include <QDateTime>
 #include <QList>
 #include <QString>
 #include <QVariantMap>
 
 #include <memory>
+#include <utility>
 
 class ZLChapter;
 
@@ -34,9 +37,12 @@ public:
     /// Takes each entry as found. A missing "Enabled" reads false, missing texts and dates read null, a missing "UUID"
     /// is replaced by a new one.
     explicit ZLChapter(const QVariantMap& dictionaryRepresentation);
+    explicit ZLChapter(const ZLArchivedDictionary& dictionaryRepresentation);
 
     /// The entries in the order of ZLChapterKey, up to the first null value.
     [[nodiscard]] QVariantMap dictionaryRepresentation() const;
+    /// The same, sorted by key as a map is.
+    [[nodiscard]] ZLArchivedDictionary archivedRepresentation() const;
 
     /// Position on the recording clock in seconds; negative before the recording's start.
     [[nodiscard]] double timeStamp() const { return m_timeStamp; }
@@ -78,6 +84,14 @@ public:
 private:
     friend class ZLChapterManager;
 
+    /// A dictionary that can be asked for its value(key).
+    template <typename Dictionary>
+    ZLChapter(std::in_place_t, const Dictionary& dictionary);
+
+    /// The value of the entry that has this place in the order of ZLChapterKey.
+    [[nodiscard]] QVariant entryAt(std::size_t place) const;
+    /// How many entries there are before the first null value.
+    [[nodiscard]] std::size_t entryCount() const;
     void noteChange() const;
 
     double m_timeStamp = 0.0;

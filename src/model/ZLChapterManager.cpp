@@ -30,6 +30,13 @@ bool chapterComesBefore(const ZLChapterPointer& left, const ZLChapterPointer& ri
     return comesBefore(left->timeStamp(), right->timeStamp());
 }
 
+ZLChapterPointer chapterFrom(const QVariant& dictionary)
+{
+    if (const auto* archived = ZLArchivedDictionary::in(dictionary))
+        return std::make_shared<ZLChapter>(*archived);
+    return std::make_shared<ZLChapter>(dictionary.toMap());
+}
+
 }
 
 ZLChapterManager::ZLChapterManager(QObject* parent)
@@ -54,19 +61,21 @@ void ZLChapterManager::loadChapters(const QVariantList& dictionaries)
     ZLChapterSequence chapters;
     chapters.reserve(std::max(InitialCapacity, dictionaries.size()));
     for (const QVariant& dictionary : dictionaries)
-        chapters.append(std::make_shared<ZLChapter>(dictionary.toMap()));
+        chapters.append(chapterFrom(dictionary));
     if (m_wantsSortedChapters)
         std::stable_sort(chapters.begin(), chapters.end(), chapterComesBefore);
     setChapters(chapters);
 }
 
-QVariantList ZLChapterManager::chaptersForSaving()
+QVariantList ZLChapterManager::chaptersForSaving(ZLDictionaryForm form)
 {
     sortChapters();
     QVariantList dictionaries;
     dictionaries.reserve(m_chapters.size());
-    for (const auto& chapter : std::as_const(m_chapters))
-        dictionaries.append(chapter->dictionaryRepresentation());
+    for (const auto& chapter : std::as_const(m_chapters)) {
+        dictionaries.append(form == ZLDictionaryForm::Map ? QVariant(chapter->dictionaryRepresentation())
+                                                          : QVariant::fromValue(chapter->archivedRepresentation()));
+    }
     return dictionaries;
 }
 

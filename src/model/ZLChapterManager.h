@@ -17,16 +17,16 @@ class ZLChapterManager : public QObject {
 
 public:
     explicit ZLChapterManager(QObject* parent = nullptr);
-    /// One chapter per dictionary, in the given order, then sorted. An entry that is no dictionary reads as an empty
-    /// one.
+    /// One chapter per dictionary of either form, in the given order, then sorted. An entry that is no dictionary reads
+    /// as an empty one.
     explicit ZLChapterManager(const QVariantList& dictionaries, QObject* parent = nullptr);
     ~ZLChapterManager() override;
 
     /// Replaces the contents as the constructor with dictionaries fills them.
     void loadChapters(const QVariantList& dictionaries);
 
-    /// The dictionary forms of all chapters in list order.
-    [[nodiscard]] QVariantList chaptersForSaving();
+    /// The dictionaries of all chapters in list order.
+    [[nodiscard]] QVariantList chaptersForSaving(ZLDictionaryForm form = ZLDictionaryForm::Map);
 
     void addChapter(ZLChapterPointer chapter);
     /// `index` from 0 to count(); any other is refused with a warning and changes nothing. With sorting on it only

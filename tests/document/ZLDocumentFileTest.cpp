@@ -31,6 +31,20 @@ TEST(ZLDocumentFileTest, ContentsComeBackUnchanged)
     EXPECT_EQ(read.value(), contents);
 }
 
+TEST(ZLDocumentFileTest, BothFormsOfDictionariesAreTheSameFile)
+{
+    const QByteArray bytes = ZLDocumentFile::encode({ .chapters = { chapterAt(1.5)->dictionaryRepresentation(),
+                                                          chapterAt(2.5, u"Later"_s)->dictionaryRepresentation() },
+        .duration = 65.5,
+        .templates = { chapterAt(0.0)->dictionaryRepresentation() } });
+    const auto read = ZLDocumentFile::decode(bytes, ZLDictionaryForm::Archived);
+    ASSERT_TRUE(read.isOk());
+    EXPECT_EQ(read.value().chapters.size(), 2);
+    EXPECT_EQ(read.value().duration, 65.5);
+    EXPECT_TRUE(ZLArchivedDictionary::in(read.value().templates.value(0)));
+    EXPECT_EQ(ZLDocumentFile::encode(read.value()), bytes);
+}
+
 TEST(ZLDocumentFileTest, TheFileHasExactlyThreeKeys)
 {
     const auto root = ZLKeyedUnarchiver::unarchivedRoot(ZLDocumentFile::encode({}));

@@ -65,6 +65,20 @@ TEST(ZLChapterTest, ACompleteDictionaryComesBackUnchanged)
     EXPECT_EQ(ZLChapter(completeDictionary()).dictionaryRepresentation(), completeDictionary());
 }
 
+TEST(ZLChapterTest, TheArchivedFormSaysWhatTheMapSays)
+{
+    for (const QString& missing : { u""_s, u"Title"_s, u"Link"_s, u"Tags"_s, u"Date"_s }) {
+        QVariantMap dictionary = completeDictionary();
+        dictionary.remove(missing);
+        const ZLChapter chapter(dictionary);
+        const QVariantMap map = chapter.dictionaryRepresentation();
+        const ZLArchivedDictionary archived = chapter.archivedRepresentation();
+        EXPECT_EQ(archived.keys, map.keys()) << qPrintable(missing);
+        EXPECT_EQ(archived.values, map.values()) << qPrintable(missing);
+        EXPECT_EQ(ZLChapter(archived).dictionaryRepresentation(), ZLChapter(map).dictionaryRepresentation());
+    }
+}
+
 TEST(ZLChapterTest, AMissingUUIDIsReplacedByANewOne)
 {
     QVariantMap dictionary = completeDictionary();

@@ -1,5 +1,6 @@
 #include "platform/archive/ZLKeyedArchiver.h"
 
+#include "platform/archive/ZLArchivedDictionary.h"
 #include "platform/archive/ZLBinaryPropertyList.h"
 #include "platform/archive/ZLBinaryPropertyListWriter.h"
 #include "platform/archive/ZLKeyedUnarchiver.h"
@@ -45,6 +46,7 @@ private:
     Place placeOfNull();
     Place placeOfList(const QVariantList& list, int depth);
     Place placeOfMap(const QVariantMap& map, int depth);
+    Place placeOfDictionary(const ZLArchivedDictionary& entries, int depth);
     Place placeOfClass(ArchivedClass which);
     Reference keyArray(std::vector<Reference> keys);
     Reference dictionary(std::initializer_list<std::pair<Reference, Reference>> fields);
@@ -55,6 +57,9 @@ private:
     std::vector<Reference> m_objects;
     QHash<QString, Place> m_texts;
     std::map<std::vector<Reference>, Reference> m_keyArrays;
+    /// The keys that the dictionary before had, and the array that they were written as.
+    QStringList m_lastKeys;
+    Reference m_lastKeyArray = 0;
     std::array<Place, ArchivedClassCount> m_classes {};
     std::array<Place, 2> m_booleans {};
     Place m_nullObject;
@@ -128,8 +133,10 @@ ArchiveEncoder::Place ArchiveEncoder::placeOf(const QVariant& value, int depth)
     case QMetaType::LongLong:
         return newPlace(m_writer.addInteger(value.toLongLong()));
     default:
-        return placeOfNull();
+        break;
     }
+    const auto* dictionary = ZLArchivedDictionary::in(value);
+    return dictionary ? placeOfDictionary(*dictionary, depth) : placeOfNull();
 }
 
 ArchiveEncoder::Place ArchiveEncoder::placeOfText(const QString& text)
@@ -205,6 +212,33 @@ ArchiveEncoder::Place ArchiveEncoder::placeOfMap(const QVariantMap& map, int dep
     }
     m_objects[place.uid] = dictionary(
         { { m_words[KeysWord], keyArray(std::move(keys)) }, { m_words[ObjectsWord], m_writer.addArray(values) },
+            { m_words[ClassWord], placeOfClass(DictionaryClass).reference } });
+    return place;
+}
+
+ArchiveEncoder::Place ArchiveEncoder::placeOfDictionary(const ZLArchivedDictionary& entries, int depth)
+{
+    if (depth > ZLKeyedUnarchiver::kDepthLimit)
+        return placeOfNull();
+    const Place place = newPlace();
+    // One and the same list, not an equal one: that takes no look at the texts.
+    const bool areKeysWritten = !m_lastKeys.isEmpty() && m_lastKeys.constData() == entries.keys.constData();
+    Reference writtenKeys = m_lastKeyArray;
+    std::vector<Reference> keys;
+    std::vector<Reference> values;
+    values.reserve(std::size_t(entries.values.size()));
+    for (qsizetype position = 0; position < entries.values.size(); ++position) {
+        if (!areKeysWritten)
+            keys.push_back(placeOfText(entries.keys[position]).reference);
+        values.push_back(placeOf(entries.values[position], depth + 1).reference);
+    }
+    if (!areKeysWritten) {
+        writtenKeys = keyArray(std::move(keys));
+        m_lastKeys = entries.keys;
+        m_lastKeyArray = writtenKeys;
+    }
+    m_objects[place.uid] =
+        dictionary({ { m_words[KeysWord], writtenKeys }, { m_words[ObjectsWord], m_writer.addArray(values) },
             { m_words[ClassWord], placeOfClass(DictionaryClass).reference } });
     return place;
 }

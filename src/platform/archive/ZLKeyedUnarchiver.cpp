@@ -35,10 +35,19 @@ constexpr const char* kArchiveKeyIsNoText =
 /// Bytes for which an archive may ask beyond its own size, because a small one may well share what it has.
 constexpr quint64 kSharingAllowance = 65'536;
 
+QVariantMap mapOf(const QStringList& keys, QVariantList& values)
+{
+    std::map<QString, QVariant> map;
+    // Sorted keys, as our own archiver writes them, need no search.
+    for (qsizetype position = 0; position < keys.size(); ++position)
+        map.insert_or_assign(map.cend(), keys[position], std::move(values[position]));
+    return QVariantMap(std::move(map));
+}
+
 /// Follows the references of one archive from its root. Every object is converted once; an error ends everything.
 class ArchiveDecoder {
 public:
-    explicit ArchiveDecoder(const ZLBinaryPropertyListReader& list);
+    ArchiveDecoder(const ZLBinaryPropertyListReader& list, ZLDictionaryForm form);
     ZLResult<QVariant> root();
 
 private:
@@ -49,14 +58,15 @@ private:
         /// Levels of collections in it.
         qint32 height = 0;
     };
-    struct Key {
-        QString text;
-        quint32 weight;
+    struct Keys {
+        QStringList texts;
+        QList<quint32> weights;
     };
     using Field = ZLArchivedRecord::Field;
     static constexpr quint32 kUnread = 0;
     static constexpr quint32 kInWork = 1;
     static constexpr quint32 kFirstMemo = 2;
+    static constexpr quint8 kUnreadField = 0xFF;
 
     bool fail(const char* error);
     bool spend(quint64 bytes);
@@ -67,33 +77,40 @@ private:
     bool convertScalar(const ArchivedObject& object, Node& node);
     bool convertRecord(const ArchivedObject& object, int depth, Node& node);
     bool convertDictionary(const ZLArchivedRecord& record, int depth, Node& node);
-    bool readKeys(const ArchivedObject& keys, int depth, QList<Key>& names);
+    bool readKeys(const ArchivedObject& array, int depth, Keys& keys);
     bool convertArray(const ZLArchivedRecord& record, int depth, Node& node);
     bool convertWrapped(const ZLArchivedRecord& record, Field field, QMetaType::Type type, Node& node);
     bool convertDate(const ZLArchivedRecord& record, Node& node);
     bool convertUuid(const ZLArchivedRecord& record, Node& node);
     bool addToParent(Node& parent, const Node& child);
     bool readRecord(const ArchivedObject& object, ZLArchivedRecord& record);
+    /// FieldCount for an object that names no field.
+    std::size_t fieldNamedBy(quint64 index);
     bool readClass(const ZLArchivedRecord& record, ZLArchivedClass& which);
     std::optional<quint64> indexBehind(const ArchivedObject& uid) const;
     ArchivedObject objectIn(const ZLArchivedRecord& record, Field field) const;
 
     const ZLBinaryPropertyListReader& m_list;
+    ZLDictionaryForm m_form;
     ArchivedObject m_objects;
     /// By index of the property list object: unread, in work, or its place in m_memos with kFirstMemo added.
     std::vector<quint32> m_states;
+    /// By the same index: the field that a text names, for every record has the same names.
+    std::vector<quint8> m_fields;
     std::deque<Node> m_memos;
     QHash<quint64, ZLArchivedClass> m_classes;
     QByteArrayView m_lastKeyReferences;
-    QList<Key> m_lastKeys;
+    Keys m_lastKeys;
     /// Objects that do not overlap cannot ask for more bytes than the file has.
     quint64 m_bytesLeft;
     const char* m_error = kArchiveIsDamaged;
 };
 
-ArchiveDecoder::ArchiveDecoder(const ZLBinaryPropertyListReader& list)
+ArchiveDecoder::ArchiveDecoder(const ZLBinaryPropertyListReader& list, ZLDictionaryForm form)
     : m_list(list)
+    , m_form(form)
     , m_states(list.objectCount(), kUnread)
+    , m_fields(list.objectCount(), kUnreadField)
     , m_bytesLeft(list.fileSize() + kSharingAllowance)
 {
 }
@@ -236,11 +253,21 @@ bool ArchiveDecoder::readRecord(const ArchivedObject& object, ZLArchivedRecord& 
     if (!spend(2 * object.count * m_list.referenceSize()))
         return false;
     for (quint64 position = 0; position < object.count; ++position) {
-        const auto field = ZLArchivedFieldNamed(m_list.objectAt(m_list.elementAt(object, position)));
-        if (field)
-            record.fields[*field] = m_list.valueAt(object, position);
+        const std::size_t field = fieldNamedBy(m_list.elementAt(object, position));
+        if (field < ZLArchivedRecord::FieldCount)
+            record.fields[field] = m_list.valueAt(object, position);
     }
     return true;
+}
+
+std::size_t ArchiveDecoder::fieldNamedBy(quint64 index)
+{
+    if (index >= m_fields.size())
+        return ZLArchivedRecord::FieldCount;
+    quint8& known = m_fields[index];
+    if (known == kUnreadField)
+        known = ZLArchivedFieldNamed(m_list.objectAt(index)).value_or(ZLArchivedRecord::FieldCount);
+    return known;
 }
 
 bool ArchiveDecoder::readClass(const ZLArchivedRecord& record, ZLArchivedClass& which)
@@ -297,54 +324,60 @@ bool ArchiveDecoder::convertArray(const ZLArchivedRecord& record, int depth, Nod
 }
 
 // Most dictionaries have the keys of the one before them; equal references are equal keys.
-bool ArchiveDecoder::readKeys(const ArchivedObject& keys, int depth, QList<Key>& names)
+bool ArchiveDecoder::readKeys(const ArchivedObject& array, int depth, Keys& keys)
 {
-    const QByteArrayView references(keys.payload, qsizetype(keys.count * m_list.referenceSize()));
+    const QByteArrayView references(array.payload, qsizetype(array.count * m_list.referenceSize()));
     if (references == m_lastKeyReferences) {
-        names = m_lastKeys;
+        keys = m_lastKeys;
         return true;
     }
-    names.reserve(qsizetype(keys.count));
-    for (quint64 position = 0; position < keys.count; ++position) {
+    keys.texts.reserve(qsizetype(array.count));
+    keys.weights.reserve(qsizetype(array.count));
+    for (quint64 position = 0; position < array.count; ++position) {
         Node key;
-        if (!convertPlace(m_list.elementAt(keys, position), depth, key))
+        if (!convertPlace(m_list.elementAt(array, position), depth, key))
             return false;
         if (key.value.typeId() != QMetaType::QString)
             return fail(kArchiveKeyIsNoText);
+        keys.texts.append(key.value.toString());
         // Only a key beyond the ordinary counts: it weighs nothing for its first 64 bytes.
-        names.append({ key.value.toString(), key.weight - 1 });
+        keys.weights.append(key.weight - 1);
     }
     m_lastKeyReferences = references;
-    m_lastKeys = names;
+    m_lastKeys = keys;
     return true;
 }
 
 bool ArchiveDecoder::convertDictionary(const ZLArchivedRecord& record, int depth, Node& node)
 {
-    const ArchivedObject keys = objectIn(record, Field::Keys);
-    const ArchivedObject values = objectIn(record, Field::Objects);
-    if (keys.kind != PropertyListKind::Array || values.kind != PropertyListKind::Array || keys.count != values.count)
+    const ArchivedObject keyArray = objectIn(record, Field::Keys);
+    const ArchivedObject elements = objectIn(record, Field::Objects);
+    if (keyArray.kind != PropertyListKind::Array || elements.kind != PropertyListKind::Array
+        || keyArray.count != elements.count)
         return fail(kArchiveIsDamaged);
     if (depth > ZLKeyedUnarchiver::kDepthLimit)
         return fail(kArchiveIsTooDeep);
-    if (!spend(values.count * m_list.referenceSize()))
+    if (!spend(elements.count * m_list.referenceSize()))
         return false;
     node.height = 1;
-    QList<Key> names;
-    if (!readKeys(keys, depth + 1, names))
+    Keys keys;
+    if (!readKeys(keyArray, depth + 1, keys))
         return false;
-    std::map<QString, QVariant> map;
-    for (qsizetype position = 0; position < names.size(); ++position) {
+    QVariantList values;
+    values.reserve(keys.texts.size());
+    for (qsizetype position = 0; position < keys.texts.size(); ++position) {
         Node value;
-        if (!convertPlace(m_list.elementAt(values, quint64(position)), depth + 1, value))
+        if (!convertPlace(m_list.elementAt(elements, quint64(position)), depth + 1, value))
             return false;
-        value.weight += names[position].weight;
+        value.weight += keys.weights[position];
         if (!addToParent(node, value))
             return false;
-        // Sorted keys, as our own archiver writes them, need no search.
-        map.insert_or_assign(map.cend(), names[position].text, std::move(value.value));
+        values.append(std::move(value.value));
     }
-    node.value = QVariantMap(std::move(map));
+    if (m_form == ZLDictionaryForm::Map)
+        node.value = mapOf(keys.texts, values);
+    else
+        node.value = QVariant::fromValue(ZLArchivedDictionary { keys.texts, values });
     return true;
 }
 
@@ -386,10 +419,10 @@ bool ArchiveDecoder::convertUuid(const ZLArchivedRecord& record, Node& node)
 
 }
 
-ZLResult<QVariant> ZLKeyedUnarchiver::unarchivedRoot(QByteArrayView data)
+ZLResult<QVariant> ZLKeyedUnarchiver::unarchivedRoot(QByteArrayView data, ZLDictionaryForm form)
 {
     const ZLResult<ZLBinaryPropertyListReader> list = ZLBinaryPropertyListReader::open(data);
     if (!list)
         return list.error();
-    return ArchiveDecoder(list.value()).root();
+    return ArchiveDecoder(list.value(), form).root();
 }

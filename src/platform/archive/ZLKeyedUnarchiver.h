@@ -1,16 +1,17 @@
 #pragma once
 
 #include "platform/ZLResult.h"
+#include "platform/archive/ZLArchivedDictionary.h"
 
 #include <QByteArrayView>
 #include <QVariant>
 
 /// Reads the value under the key "root" of a keyed archive in a binary property list.
 ///
-/// Dictionaries become QVariantMap (their keys must be texts), arrays and sets QVariantList, texts, UUIDs and URLs
-/// QString, data QByteArray, dates QDateTime (UTC, milliseconds), numbers bool, qlonglong (qulonglong above its range),
-/// float or double. Null, an object of an unknown class and a date that is no date become an invalid QVariant. Values
-/// that the file shares are shared in memory too.
+/// Dictionaries become QVariantMap, or ZLArchivedDictionary if wished (their keys must be texts), arrays and sets
+/// QVariantList, texts, UUIDs and URLs QString, data QByteArray, dates QDateTime (UTC, milliseconds), numbers bool,
+/// qlonglong (qulonglong above its range), float or double. Null, an object of an unknown class and a date that is no
+/// date become an invalid QVariant. Values that the file shares are shared in memory too.
 ///
 /// Files come from anywhere: the work and the memory are bounded by the size of the file, and the result is safe to
 /// walk, it is never deeper than kDepthLimit and never more than kWeightLimit when every shared value is counted each
@@ -23,5 +24,5 @@ public:
     static constexpr quint32 kWeightLimit = 16 * 1024 * 1024;
 
     /// The whole value, or an error that says why nothing was read.
-    static ZLResult<QVariant> unarchivedRoot(QByteArrayView data);
+    static ZLResult<QVariant> unarchivedRoot(QByteArrayView data, ZLDictionaryForm form = ZLDictionaryForm::Map);
 };

@@ -146,6 +146,38 @@ TEST(ZLKeyedArchiver, StoresEqualTextsAndKeysOnce)
     EXPECT_LT(data.size(), 5000);
 }
 
+TEST(ZLKeyedArchiver, WritesDictionariesOfBothFormsAlike)
+{
+    const QVariantMap inner { { u"n"_s, 5 } };
+    QVariantList maps;
+    for (int index = 0; index < 6; ++index) {
+        const QVariantMap first { { u"a"_s, index }, { u"b"_s, inner }, { u"c"_s, u"text"_s } };
+        const QVariantMap second { { u"a"_s, u"c"_s }, { u"z"_s, index } };
+        maps.append(index % 3 == 0 ? first : second);
+    }
+    const QByteArray bytes = ZLKeyedArchiver::archivedData(maps);
+    const auto read = ZLKeyedUnarchiver::unarchivedRoot(bytes, ZLDictionaryForm::Archived);
+    ASSERT_TRUE(read.isOk());
+    const QVariantList archived = read.value().toList();
+    ASSERT_EQ(archived.size(), maps.size());
+    for (const QVariant& each : archived)
+        EXPECT_TRUE(ZLArchivedDictionary::in(each));
+    EXPECT_EQ(ZLKeyedArchiver::archivedData(archived), bytes);
+}
+
+TEST(ZLKeyedArchiver, TheLastOfEqualKeysCounts)
+{
+    const ZLArchivedDictionary dictionary { { u"a"_s, u"b"_s, u"a"_s }, { 1LL, 2LL, 3LL } };
+    EXPECT_EQ(dictionary.value(u"a"_s), QVariant(3LL));
+    EXPECT_FALSE(dictionary.value(u"c"_s).isValid());
+    const QVariant value = QVariant::fromValue(dictionary);
+    EXPECT_EQ(archivedAndBack(value), QVariant(QVariantMap { { u"a"_s, 3LL }, { u"b"_s, 2LL } }));
+    const auto back =
+        ZLKeyedUnarchiver::unarchivedRoot(ZLKeyedArchiver::archivedData(value), ZLDictionaryForm::Archived);
+    ASSERT_TRUE(back.isOk());
+    EXPECT_EQ(back.value(), value);
+}
+
 TEST(ZLKeyedArchiver, CrossesEveryReferenceAndOffsetSize)
 {
     for (const int count : { 10, 60, 100, 300, 20'000, 40'000 }) {

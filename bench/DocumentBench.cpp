@@ -189,7 +189,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir home;
-    for (const char* place : { "XDG_CONFIG_HOME", "XDG_STATE_HOME" })
+    for (const char* place : { "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR" })
         qputenv(place, home.path().toLocal8Bit());
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();

@@ -51,14 +51,21 @@ void ZLMenuShortcuts::setupHotkeys()
 
 void ZLMenuShortcuts::readShortcuts()
 {
+    QHash<int, QKeySequence> recorded;
+    QList<QKeySequence> taken;
     for (const ZLRemoteAction& action : ZLRemoteActions::all()) {
         const auto stored = ZLSettingsManager::keyComboForKey(action.settingsKey);
         if (!stored)
             continue;
         const auto combination = m_layout.keyCombinationForKeyCombo(ZLKeyCombo::fromShortcutDictionary(*stored));
-        if (combination)
-            m_shortcuts.insert(action.menuTag, QKeySequence(*combination));
+        if (!combination || taken.contains(QKeySequence(*combination)))
+            continue;
+        recorded.insert(action.menuTag, QKeySequence(*combination));
+        taken.append(QKeySequence(*combination));
     }
+    // What an item keeps after its clearing goes when the keys are recorded for another one.
+    m_shortcuts.removeIf([&taken](QHash<int, QKeySequence>::iterator kept) { return taken.contains(kept.value()); });
+    m_shortcuts.insert(recorded);
 }
 
 void ZLMenuShortcuts::applyTo(const ZLChapterDocumentWindow& window) const

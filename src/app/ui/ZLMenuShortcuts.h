@@ -13,8 +13,9 @@ class ZLChapterDocumentWindow;
 class ZLHotKeyCenter;
 
 /// Puts the recorded shortcuts on the command items of all windows' menus. A shortcut that is cleared stays on its item
-/// until the program ends, in windows that are opened later too. An item whose own key the user has recorded for
-/// another command gives it up as long as that lasts, for a key with two meanings would have none.
+/// until the program ends, in windows that are opened later too. A key with two meanings would have none: of two
+/// commands that are recorded with the same keys the first has them, one that was cleared gives them up for good, and
+/// an item whose own key they are does without as long as that lasts.
 class ZLMenuShortcuts : public QObject {
     Q_OBJECT
 

@@ -318,6 +318,23 @@ TEST_F(ZLChapterDocumentRecordingTest, EveryPressTellsTheWindowAndTheControllers
     expectBoth("on a stop");
 }
 
+TEST_F(ZLChapterDocumentRecordingTest, UndoAndRedoOfStartAndStopTellTheControllersTheNewState)
+{
+    QList<bool> told;
+    QObject::connect(&m_document, &ZLChapterDocument::controllersShouldBeInformed, &m_document,
+        [&] { told.append(m_document.isRecording()); });
+    record(60.0);
+    told.clear();
+    history().undo();
+    EXPECT_EQ(told, QList<bool> { true }) << "undo of the stop";
+    history().undo();
+    EXPECT_EQ(told, (QList<bool> { true, false })) << "undo of the start";
+    history().redo();
+    EXPECT_EQ(told, (QList<bool> { true, false, true })) << "redo of the start";
+    history().redo();
+    EXPECT_EQ(told, (QList<bool> { true, false, true, false })) << "redo of the stop";
+}
+
 TEST_F(ZLChapterDocumentRecordingTest, AStopShowsTheFrozenReading)
 {
     press();

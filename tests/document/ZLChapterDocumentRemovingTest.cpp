@@ -62,6 +62,22 @@ TEST_F(ZLChapterDocumentRemovingTest, DeletingTheLastRowKeepsASelectionThatLiesA
     EXPECT_EQ(times(), QList<double>({ 1.0, 2.0, 3.0 }));
 }
 
+TEST_F(ZLChapterDocumentRemovingTest, WhileTheSelectedRowGoesAnotherOneIsSelected)
+{
+    for (const double seconds : { 1.0, 2.0, 3.0 })
+        addChapterAt(seconds);
+    QList<int> rows;
+    QObject::connect(&m_document, &ZLChapterDocument::controllersShouldBeInformed, &m_document,
+        [&] { rows.append(m_document.selectedRow()); });
+    select(0);
+    m_document.deleteButtonPressed();
+    m_document.deleteButtonPressed();
+    EXPECT_FALSE(rows.isEmpty());
+    EXPECT_FALSE(rows.contains(-1));
+    m_document.deleteButtonPressed();
+    EXPECT_EQ(rows.last(), -1) << "none is left";
+}
+
 TEST_F(ZLChapterDocumentRemovingTest, DeletingTheOnlyChapterLeavesNoSelection)
 {
     addChapterAt(1.0);

@@ -84,7 +84,8 @@ def is_enabled(node):
 def table_texts(table):
     """What the table shows, a list of texts a row."""
     interface = table.queryTable()
+    # A cell may go away while the table is read.
     return [
-        [interface.getAccessibleAt(row, column).name for column in range(interface.nColumns)]
+        [getattr(interface.getAccessibleAt(row, column), "name", "") for column in range(interface.nColumns)]
         for row in range(interface.nRows)
     ]

@@ -51,7 +51,7 @@ class BarsTest(unittest.TestCase):
         self.addCleanup(self.surface.close)
 
     def start(self):
-        window = Window(self.desktop, PROGRAM, self.file, osc_send=self.surface.port)
+        window = Window(self.desktop, [PROGRAM], self.file, osc_send=self.surface.port)
         self.addCleanup(window.stop)
         return window.wait_until_shown()
 
@@ -106,7 +106,7 @@ class BarsTest(unittest.TestCase):
         self.mark(window, 2)
         window.wait_for_message(NOT_SAVED)
         window.kill()
-        window = Window(self.desktop, PROGRAM, osc_send=self.surface.port)  # What was open comes back.
+        window = Window(self.desktop, [PROGRAM], osc_send=self.surface.port)  # What was open comes back.
         self.addCleanup(window.stop)
         window.wait_until_shown()
         wait_until(lambda: window.titles() == MINE[:2], f"what was kept, not {window.titles()}")

@@ -12,7 +12,7 @@ from window import CONTINUE, KEEP, Window
 
 
 class HeadlessProgram:
-    """The recorder without a window."""
+    """The recorder without a window; `program` is its command line up to the options."""
 
     LONGEST_START = 0.3  # Seconds until it is killed while it recovers.
     LONGEST_LIFE = 0.4  # Seconds from the first press to the kill.
@@ -28,7 +28,7 @@ class HeadlessProgram:
     def start(self, file, surface):
         self.stop()
         self.reader = start_reader(
-            [self.program, "--headless", "--osc-port", "0", "--osc-send", f"127.0.0.1:{surface.port}", file],
+            [*self.program, "--headless", "--osc-port", "0", "--osc-send", f"127.0.0.1:{surface.port}", file],
             stdin=subprocess.PIPE, stderr=subprocess.STDOUT, env=self.environment)
         self.process = self.reader.process
 

@@ -17,7 +17,7 @@ from pathlib import Path
 
 from crash_programs import HeadlessProgram, WindowProgram
 from desktop import Desktop, wait_until
-from show import Clock, Hands, Show, name_of
+from show import Clock, Hands, Show, State, name_of
 from surface import ClockBounds, Surface, Told, document_with_templates
 
 PROGRAM = Path(sys.argv[1])
@@ -131,7 +131,7 @@ class Rounds:
         assert unused == self.titles[-len(unused):], ("templates are missing or came back", unused[:5])
         self.rescued += recovered != self.titles_in_file
         self.check_clock(self.check_titles(recovered), self.check_stamps(contents["chapters"]), resumed, marked)
-        self.show = Show(templates, (*recovered, new_title), is_recording=True)
+        self.show = Show(templates, State((*recovered, new_title), is_recording=True, sent=marked[0]))
 
     def send(self, action, is_done):
         """Not before and not after which moment it was carried out."""
@@ -184,14 +184,14 @@ class Rounds:
 
 def run_headless(rounds, chance):
     with tempfile.TemporaryDirectory(prefix="zelta-crash-") as folder:
-        run = Rounds(HeadlessProgram(PROGRAM, folder), Path(folder), chance)
+        run = Rounds(HeadlessProgram([PROGRAM], folder), Path(folder), chance)
         run.run(rounds)
     report("without a window", rounds, run)
 
 
 def run_in_window(rounds, chance):
     with Desktop() as desktop:
-        run = Rounds(WindowProgram(PROGRAM, desktop), desktop.home, chance)
+        run = Rounds(WindowProgram([PROGRAM], desktop), desktop.home, chance)
         run.run(rounds)
     report("in a window", rounds, run)
 

@@ -36,7 +36,7 @@ class InterruptionTest(unittest.TestCase):
         self.file.write_bytes(document_with_templates(TITLES))
 
     def start(self, *arguments):
-        window = Window(self.desktop, PROGRAM, *arguments, osc_send=self.surface.port)
+        window = Window(self.desktop, [PROGRAM], *arguments, osc_send=self.surface.port)
         self.addCleanup(window.stop)
         window.wait_until_shown()
         window.wait_for_keyboard()

@@ -61,6 +61,7 @@ class Recorder:
     def start_clock(self):
         self.press("toggleRecording")
         wait_until(lambda: self.has_said("recording from"), "the clock to start")
+        self.wait_for_chapters(1)  # The start of a show is one.
 
     def wait_for_chapters(self, count):
         wait_until(lambda: self.count("chapter ") >= count, f"{count} chapters, not {self.reader.lines}")

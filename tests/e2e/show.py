@@ -53,9 +53,9 @@ class Clock:
 class Show:
     """The states since the program was started, one after the other; each chapter takes the next template's title."""
 
-    def __init__(self, templates, titles=(), is_recording=False):
+    def __init__(self, templates, first=None):
         self.templates = list(templates)
-        self.states = [State(tuple(titles), is_recording)]
+        self.states = [first or State()]
         self.acknowledged = 0
 
     @property

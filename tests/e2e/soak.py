@@ -1,19 +1,28 @@
 #!/usr/bin/env python3
-"""Records at speed for an hour: marks, removals, edits, pauses. No descriptor may stay open, and the memory may grow
-by the undo history alone, since the list itself stays short. Not part of the tests: soak.py PROGRAM [SECONDS]
+"""An hour of recording, without a window and in one, with a clock that goes faster than others: marks, removals, pauses
+and new titles as quickly as they are answered. No descriptor may stay open, and the memory may grow by the undo history
+alone, since the list itself stays short. Needs the package faketime. Not part of the tests:
+
+soak.py PROGRAM [MINUTES_OF_RECORDING [SPEED]]
 """
 
+import os
 import random
 import sys
 import tempfile
 import time
 from pathlib import Path
 
-from osc_recorder import Recorder  # Takes the program from the arguments.
+from crash_programs import HeadlessProgram, WindowProgram
+from desktop import Desktop
+from surface import Surface, document_with_templates
 
-SECONDS = float(sys.argv[1]) if len(sys.argv) > 1 else 3600.0
+PROGRAM = Path(sys.argv[1])
+MINUTES = float(sys.argv[2]) if len(sys.argv) > 2 else 60.0
+SPEED = float(sys.argv[3]) if len(sys.argv) > 3 else 30.0
+FAKE_CLOCK = f"/usr/lib/{os.uname().machine}-linux-gnu/faketime/libfaketimeMT.so.1"
 MOST_CHAPTERS = 200
-COMMANDS_AT_ONCE = 25
+COMMANDS_AT_ONCE = 24
 MOST_BYTES_A_COMMAND = 1024  # Each one can be undone, which takes a few hundred.
 
 
@@ -27,52 +36,82 @@ def descriptors(process):
 
 
 class Soak:
-    def __init__(self, recorder):
-        self.recorder = recorder
+    def __init__(self, program, home):
+        self.program = program
         self.chance = random.Random(1)
-        self.chapters = self.commands = 0
-        recorder.start_clock()
+        self.surface = Surface()
+        self.chapters = self.commands = self.edits = 0
+        file = home / "show.zelta"
+        file.write_bytes(document_with_templates([]))
+        program.start(file, self.surface)
+        program.wait_until_ready()
+        self.press("toggleRecording")
+        self.surface.wait_for(lambda told: told.is_recording, "the running clock")
 
-    def command(self):
+    def press(self, action):
         self.commands += 1
-        if self.chapters > MOST_CHAPTERS or (self.chapters > 1 and self.chance.random() < 0.3):
+        self.surface.send(self.program.port, action)
+
+    def press_something(self):
+        if self.chapters > MOST_CHAPTERS or (self.chapters > 1 and self.chance.random() < 0.4):
             self.chapters -= 1
-            return "removeLastChapter"
-        if self.chance.random() < 0.4:
-            return f"title edit {self.commands}"
-        self.chapters += 1
-        return "newChapter"
+            self.press("removeLastChapter")
+        else:
+            self.chapters += 1
+            self.press("newChapter")
+
+    def pause(self):
+        """The answers to it say that all that was pressed before is done too."""
+        self.press("toggleRecording")
+        self.surface.wait_for(lambda told: not told.is_recording, "the pause")
+        self.press("toggleRecording")
+        self.surface.wait_for(lambda told: told.is_recording, "the end of the pause")
+
+    def edit(self):
+        self.edits += 1
+        title = f"edit {self.edits}"
+        self.program.edit_title(title)
+        self.surface.wait_for(lambda told: told.selected_title == title, f"the title {title}")
 
     def run(self, seconds):
-        """Each batch is over when its status is told, so that none waits in a pipe."""
         end = time.monotonic() + seconds
         while time.monotonic() < end:
             for _ in range(COMMANDS_AT_ONCE):
-                self.recorder.write(self.command())
-            self.recorder.reader.lines.clear()
-            self.recorder.write("status")
-            while not self.recorder.has_said("OSC: UDP port"):
-                assert self.recorder.reader.process.poll() is None, self.recorder.reader.lines[-20:]
-                time.sleep(0.002)
+                self.press_something()
+            self.chapters += 1
+            self.press("newChapter")  # Which selects it.
+            self.pause()
+            self.edit()
+
+    def measured(self):
+        process = self.program.process
+        return resident_kib(process), descriptors(process), self.commands + self.edits
+
+    def judge(self, where):
+        seconds = MINUTES * 60.0 / SPEED
+        try:
+            self.run(seconds / 4)  # Undo history and caches fill up.
+            before = self.measured()
+            self.run(seconds * 3 / 4)
+            after = self.measured()
+        finally:
+            self.program.stop()
+            self.surface.close()
+        growth = (after[0] - before[0]) * 1024 / (after[2] - before[2])
+        print(f"{MINUTES:.0f} minutes {where}: {after[2]} commands, among them {self.edits} new titles; after a quarter "
+              f"{before[0]} KiB and {before[1]} descriptors, at the end {after[0]} KiB and {after[1]}; {growth:.0f} bytes "
+              f"a command", flush=True)
+        assert after[1] <= before[1] + 4, "descriptors leak"
+        assert growth <= MOST_BYTES_A_COMMAND, "memory leaks"
 
 
 def main():
+    assert Path(FAKE_CLOCK).exists(), "the package faketime is not installed"
+    program = ["env", f"LD_PRELOAD={FAKE_CLOCK}", f"FAKETIME=+0 x{SPEED:g}", PROGRAM]
     with tempfile.TemporaryDirectory(prefix="zelta-soak-") as home:
-        recorder = Recorder(home, "--osc-port", "0", Path(home) / "show.zelta")
-        process = recorder.reader.process
-        try:
-            soak = Soak(recorder)
-            soak.run(SECONDS / 4)  # Undo history and caches fill up.
-            before = resident_kib(process), descriptors(process), soak.commands
-            soak.run(SECONDS * 3 / 4)
-            after = resident_kib(process), descriptors(process), soak.commands
-        finally:
-            recorder.reader.stop()
-    growth = (after[0] - before[0]) * 1024 / (after[2] - before[2])
-    print(f"{after[2]} commands; after a quarter {before[0]} KiB and {before[1]} descriptors, at the end {after[0]} KiB "
-          f"and {after[1]}; {growth:.0f} bytes a command")
-    assert after[1] <= before[1] + 4, "descriptors leak"
-    assert growth <= MOST_BYTES_A_COMMAND, "memory leaks"
+        Soak(HeadlessProgram(program, home), Path(home)).judge("without a window")
+    with Desktop() as desktop:
+        Soak(WindowProgram(program, desktop), desktop.home).judge("in a window")
 
 
 if __name__ == "__main__":

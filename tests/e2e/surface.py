@@ -127,16 +127,18 @@ class Surface:
                 self.told.selected_title = value
                 yield replace(self.told)
 
-    def newest(self, seconds=0.0):
-        """The state that was told last; waits so long when nothing was told since."""
-        for _ in self.states(seconds):
+    def newest(self):
+        """The state that was told last."""
+        for _ in self.states():
             pass
         return self.told
 
     def wait_for(self, condition, what, seconds=60.0):
         """Until a state is told that meets the condition; noticed at once, so that its moment is known well."""
         deadline = time.monotonic() + seconds
-        while not condition(self.newest(0.05)):
+        if condition(self.told):
+            return
+        while not any(condition(told) for told in self.states(0.05)):
             if time.monotonic() > deadline:
                 raise AssertionError(f"waited {seconds:.0f} s in vain: {what} to be told, not {self.told}")
 

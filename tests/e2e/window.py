@@ -12,7 +12,7 @@ ROLES_WITHOUT_MESSAGES = {"menu bar", "table", "tool bar", "status bar"}
 
 
 class Window:
-    """One process with one document. Everything that waits has a bound."""
+    """One process with one document; `program` is its command line up to the options. Everything that waits has a bound."""
 
     def __init__(self, desktop, program, *arguments, osc_send=None):
         self.desktop = desktop
@@ -20,7 +20,7 @@ class Window:
         self.osc_port = free_port()
         outputs = ["--osc-send", f"127.0.0.1:{osc_send}"] if osc_send else []
         with open(self.log, "ab") as log:
-            self.process = desktop.start(program, "--osc-port", self.osc_port, *outputs, *arguments, stdout=log, stderr=log)
+            self.process = desktop.start(*program, "--osc-port", self.osc_port, *outputs, *arguments, stdout=log, stderr=log)
 
     def wait_until_shown(self):
         import accessible  # The bindings look for their bus when they are imported.

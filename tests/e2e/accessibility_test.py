@@ -3,18 +3,21 @@
 goes by accessibility actions, with the keyboard only for texts."""
 
 import shutil
+import subprocess
 import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import Desktop, kill_at_once, wait_until
+from other_program import OtherProgram
 
 PROGRAM = Path(sys.argv.pop(1))
+NOTIFICATION_SERVER = Path(__file__).resolve().parents[1] / "platform/notification/notification_mock.py"
 # What a user operates, and what a user has to find again.
 ROLES_WITH_A_NAME = {
     "alert", "check box", "check menu item", "combo box", "dialog", "frame", "menu", "menu item", "page tab",
     "push button", "radio button", "slider", "spin button", "table", "table column header", "text", "toggle button",
-    "tool bar", "tree", "list", "status bar",
+    "tool bar", "tree", "tree table", "list", "status bar",
 }
 
 
@@ -28,6 +31,9 @@ class AccessibilityTest(unittest.TestCase):
     def setUp(self):
         for folder in ("config", "state"):
             shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
+        self.start()
+
+    def start(self):
         self.process = self.desktop.start(PROGRAM)
         self.addCleanup(self.end)
         import accessible  # The bindings look for their bus when they are imported.
@@ -134,8 +140,93 @@ class AccessibilityTest(unittest.TestCase):
         self.check_dialog("Save Chapters As", 8)
         self.press_item("Final Cut Pro X…")
         self.check_dialog("Export to Final Cut Pro X", 8)
+        self.press_item("Open…")
+        self.check_dialog("Open Chapters", 8)
         self.press_item("Keyboard Shortcuts")
-        self.check_dialog("Keyboard Shortcuts", 2)
+        self.check_dialog("Keyboard Shortcuts", 4)
+
+    def test_the_dialog_that_moves_chapters(self):
+        self.press_item("Start Recording")
+        wait_until(lambda: len(self.titles()) == 1 and not self.is_focused(self.table), "the first chapter")
+        self.desktop.press("Return")
+        wait_until(lambda: self.is_focused(self.table), "the keyboard to be in the table")
+        self.press_item("Move Chapters…")
+        self.check_dialog("Move Chapters", 3)
+
+    def test_the_keys_are_read_row_by_row(self):
+        self.press_item("Keyboard Shortcuts")
+        window = self.window_titled("Keyboard Shortcuts")
+        names = [node.name for node in self.everything(window)]
+        self.assertEqual(names[names.index("New Chapter") + 1], "Ctrl+Return")
+        self.accessible.press(self.accessible.find(window, "push button", "Change…"))
+        self.window_titled("Shortcuts")
+
+    def test_the_former_states(self):
+        self.press_item("Start Recording")
+        wait_until(lambda: len(self.titles()) == 1, "the first chapter")
+        self.desktop.press("Escape", "alt+f")
+        menu = self.accessible.find(self.frame, "menu item", "Revert To")
+        menu.queryAction().doAction(0)
+        items = wait_until(lambda: [node for node in self.everything(menu) if node.getRoleName() == "menu item"][1:],
+                           "the former states")
+        self.assertTrue(all(item.name for item in items))
+        self.desktop.press("Escape", "Escape", "Escape")
+
+    def test_an_alert_about_a_wrong_time(self):
+        self.press_item("Start Recording")
+        wait_until(lambda: len(self.titles()) == 1 and not self.is_focused(self.table), "the first chapter")
+        self.desktop.press("shift+Tab")
+        cell = self.accessible.find(self.table, "table cell", "00:00:00.000")
+        wait_until(lambda: self.is_focused(cell), "the time to be open for typing")
+        self.desktop.type("soon")
+        self.desktop.press("Return")
+        alert = self.accessible.find(self.application, "alert")
+        self.check_names(alert, 2)
+        self.desktop.press("Return")
+
+    def test_a_message_that_needs_a_decision(self):
+        self.press_item("Start Recording")
+        wait_until(lambda: len(self.titles()) == 1, "the first chapter")
+        wait_until(lambda: self.accessible.find_all(self.frame, "push button", "Kept, no file yet"), "it to be kept")
+        kill_at_once(self.process)
+        self.start()
+        button = self.accessible.find(self.frame, "push button", "Continue the running clock")
+        wait_until(lambda: self.accessible.is_showing(button), "the message")
+        self.check_names(self.frame, 27)
+        self.accessible.press(button)
+        wait_until(lambda: self.accessible.find_all(self.frame, "push button", "Pause"), "the clock to run")
+
+    def test_the_panel_for_a_title(self):
+        server = self.desktop.start("/usr/bin/python3", NOTIFICATION_SERVER, "body", "actions",
+                                    stdout=subprocess.PIPE, text=True)
+        server.stdout.readline()
+        server.stdout.close()
+        self.addCleanup(server.terminate)
+        self.press_item("Preferences…")
+        self.accessible.press(self.accessible.find(
+            self.window_titled("General"), "check box",
+            "While another program is in front, ask for the title in a notification"))
+        self.press_item("Start Recording")
+        OtherProgram()
+        subprocess.run([PROGRAM, "send", "newChapter"], check=True, capture_output=True)
+        wait_until(self.press_reply, "the notification")
+        panel = self.window_titled("Chapter Title")
+        self.check_names(panel, 4)
+        self.accessible.find(panel, "text", "Chapter title").queryEditableText().setTextContents("Interview")
+        self.accessible.press(self.accessible.find(panel, "push button", "Save"))
+        wait_until(lambda: self.titles()[-1] == "Interview", "the title")
+
+    @staticmethod
+    def press_reply():
+        def call(*arguments):
+            return subprocess.run(
+                ["dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.Notifications",
+                 "/org/freedesktop/Notifications", *arguments], capture_output=True, text=True, check=True).stdout
+
+        is_there = "New Chapter Added" in call("org.zelta.Test.Notifications")
+        if is_there:
+            call("org.zelta.Test.Press", "uint32:1", "string:reply")
+        return is_there
 
     def check_dialog(self, title, least):
         dialog = self.window_titled(title)

@@ -97,8 +97,7 @@ class Desktop:
             os.environ.pop(name, None)
         self._start_display()
         self._start_buses()
-        self.start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        wait_until(self._has_window_manager, "the window manager to start")
+        self._start_window_manager()
 
     def _start_display(self):
         reader, writer = os.pipe()
@@ -114,6 +113,10 @@ class Desktop:
         if not number:
             raise AssertionError("Xvfb did not start")
         os.environ["DISPLAY"] = f":{number}"
+
+    def _start_window_manager(self):
+        self.start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_until(self._has_window_manager, "the window manager to start")
 
     def _start_buses(self):
         configuration = self.home / "bus.conf"

@@ -34,6 +34,7 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     , m_remoteStatus(m_application)
     , m_oscConnections(m_application)
     , m_preferences(m_application, m_sounds.server())
+    , m_shortcutList(m_application)
     , m_quickEdits(m_application)
     , m_signals({ SIGINT, SIGTERM, SIGHUP })
 {
@@ -43,14 +44,16 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     connect(&m_application.documentController(), &ZLDocumentController::didOpenDocument, this, &ZLDesktop::equipWindow);
     connect(&events, &ZLDesktopApplication::modifiersDidChange, this, &ZLDesktop::updateAddButtons);
     connect(&m_windows, &ZLDocumentWindows::aboutRequested, &m_preferences, &ZLPreferences::openAboutView);
+    connect(&m_windows, &ZLDocumentWindows::keysRequested, &m_shortcutList, &ZLShortcutListDisplay::showFor);
+    connect(&m_shortcutList, &ZLShortcutListDisplay::changeRequested, &m_preferences, &ZLPreferences::openShortcuts);
     connect(&m_signals, &ZLSignalWatcher::didReceiveSignal, &m_windows, &ZLDocumentWindows::quitAtOnce);
 }
 
 int ZLDesktop::run(const ZLLaunchRequest& request)
 {
     m_windows.openAtLaunch(request);
-    m_runningInstance = std::make_unique<ZLRunningInstance>(
-        [this](const ZLLaunchRequest& later) { m_windows.openLater(later); });
+    m_runningInstance =
+        std::make_unique<ZLRunningInstance>([this](const ZLLaunchRequest& later) { m_windows.openLater(later); });
     return QCoreApplication::exec();
 }
 

@@ -10,6 +10,7 @@
 #include "app/ui/ZLPreferences.h"
 #include "app/ui/ZLQuickEdits.h"
 #include "app/ui/ZLRemoteStatusDisplay.h"
+#include "app/ui/ZLShortcutListDisplay.h"
 #include "platform/ZLSignalWatcher.h"
 
 #include <memory>
@@ -40,6 +41,7 @@ private:
     ZLRemoteStatusDisplay m_remoteStatus;
     ZLOSCConnections m_oscConnections;
     ZLPreferences m_preferences;
+    ZLShortcutListDisplay m_shortcutList;
     ZLQuickEdits m_quickEdits;
     ZLSignalWatcher m_signals;
     std::unique_ptr<ZLRunningInstance> m_runningInstance;

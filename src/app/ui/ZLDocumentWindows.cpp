@@ -162,6 +162,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     connect(windowMenu, &ZLWindowMenu::windowRequested, this, &ZLDocumentWindows::bringToFront);
     const auto* helpMenu = new ZLHelpMenu(*window);
     connect(helpMenu, &ZLHelpMenu::aboutRequested, this, &ZLDocumentWindows::aboutRequested);
+    connect(helpMenu, &ZLHelpMenu::keysRequested, this, [this, window] { Q_EMIT keysRequested(window); });
     new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLSleepDisplay(*window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
@@ -275,8 +276,7 @@ void ZLDocumentWindows::showExportedFile(ZLChapterDocument* document, const QStr
 {
     if (ZLChapterDocumentWindow* window = windowToTellIn(document))
         window->statusLine().showPassingMessage(tr("Exported %1.").arg(QFileInfo(path).fileName()),
-            tr("Show in Folder"),
-            [path] { ZLFileManager::showFile(path, openFolder); });
+            tr("Show in Folder"), [path] { ZLFileManager::showFile(path, openFolder); });
 }
 
 void ZLDocumentWindows::showExportFailure(ZLChapterDocument* document, const QString& message) const

@@ -41,6 +41,8 @@ public:
 Q_SIGNALS:
     /// The user asks what program this is.
     void aboutRequested();
+    /// The user asks for the keys of all commands, in this window.
+    void keysRequested(ZLChapterDocumentWindow* window);
 
 private:
     void addWindow(ZLChapterDocument* document);

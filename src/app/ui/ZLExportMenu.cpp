@@ -18,7 +18,7 @@ ZLExportMenu::ZLExportMenu(ZLDocumentController& controller)
     for (qsizetype tag = 0; tag < exporters.size(); ++tag) {
         const ZLExportFormat& format = exporters.at(tag).format();
         const QString name = format.shownName();
-        QAction* item = addAction(name + u'…', this, [this, tag] { exportItemClicked(tag); });
+        QAction* item = addAction(tr("%1…").arg(name), this, [this, tag] { exportItemClicked(tag); });
         item->setProperty("tag", int(tag));
         item->setObjectName(u"export"_s + QString(format.name).remove(u' '));
         item->setToolTip(tr("Write the chapters for %1").arg(name));

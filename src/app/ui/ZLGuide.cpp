@@ -7,30 +7,25 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// From build/NAME/src/app to the folder that holds build.
-constexpr int mostFoldersUpToTheSources = 4;
-
-}
-
 QStringList ZLGuide::standardFolders()
 {
-    QDir folder(QCoreApplication::applicationDirPath());
-    QStringList folders { QDir::cleanPath(folder.filePath(u"../share/doc/zelta"_s)) };
+    const QDir program(QCoreApplication::applicationDirPath());
+    QStringList folders;
+    // Beside an installed program, and beside one in build/NAME/src/app.
+    for (const QString& folder : { u"../share/doc/zelta"_s, u"../../docs"_s })
+        folders.append(QDir::cleanPath(program.filePath(folder)));
     const auto dataFolders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
     for (const QString& dataFolder : dataFolders)
         folders.append(dataFolder + "/doc/zelta"_L1);
-    for (int step = 0; step < mostFoldersUpToTheSources && folder.cdUp(); ++step)
-        folders.append(folder.filePath(u"docs"_s));
     return folders;
 }
 
 QString ZLGuide::pathIn(const QStringList& folders)
 {
+    //: The page of the guide, one for each language.
+    const QString ownPage = QCoreApplication::translate("ZLGuide", "GUIDE.html");
     for (const QString& folder : folders) {
-        // The page is for reading; the text it is made from will do where there is no page.
-        for (const QString& name : { u"GUIDE.html"_s, u"GUIDE.md"_s }) {
+        for (const QString& name : { ownPage, u"GUIDE.html"_s }) {
             const QFileInfo file(QDir(folder), name);
             if (file.isFile() && file.isReadable())
                 return file.absoluteFilePath();

@@ -3,8 +3,8 @@
 #include <QString>
 #include <QStringList>
 
-/// The file of the user's guide. It is installed with the program's documentation; a program that runs from its build
-/// folder takes the one of the source folder.
+/// The page of the user's guide, in the language of the program where there is one. It is installed with the program's
+/// documentation, and made in the build folder for a program that runs from there.
 namespace ZLGuide {
 
 /// Absolute paths, the place to look at first in front.

@@ -2,7 +2,6 @@
 
 #include <QObject>
 
-class QMenu;
 class ZLChapterDocumentWindow;
 
 /// The Help menu of a window: the guide, the keys of all commands, and the way to what program this is.
@@ -14,13 +13,11 @@ public:
     explicit ZLHelpMenu(ZLChapterDocumentWindow& window);
 
 Q_SIGNALS:
+    void keysRequested();
     void aboutRequested();
 
 private:
     void openGuide();
-    void showKeys();
-    /// The commands that have a key, in the order of the menus, in two columns.
-    [[nodiscard]] QString keysAsRichText() const;
 
     ZLChapterDocumentWindow& m_window;
 };

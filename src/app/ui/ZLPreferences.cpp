@@ -131,7 +131,10 @@ void ZLPreferences::followHotKeys(ZLShortcutPrefsViewController& pane)
 void ZLPreferences::showSystemNotices(ZLShortcutPrefsViewController& pane) const
 {
     const ZLHotKeyCenter* center = m_application.hotKeyCenter();
-    const QString aboutAll = center ? center->unavailabilityReason() : QString();
+    const QString reason = center ? center->unavailabilityReason() : QString();
+    const QString aboutAll = reason.isEmpty()
+        ? QString()
+        : tr("%1 A key of the desktop's own settings can run “%2” instead.").arg(reason, u"zelta send newChapter"_s);
     QHash<QString, QString> byKey;
     // What concerns all of them needs to be said only once.
     const QStringList keys = aboutAll.isEmpty() ? ZLSettingsManager::allKeyComboKeys() : QStringList();

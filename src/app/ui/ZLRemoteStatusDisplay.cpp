@@ -59,9 +59,10 @@ QString ZLRemoteStatusDisplay::hotkeyProblems() const
 {
     if (!m_application.hotkeyController())
         return {};
-    QStringList problems;
+    // What concerns all of them needs to be said only once.
     if (const QString reason = m_application.hotKeyCenter()->unavailabilityReason(); !reason.isEmpty())
-        problems.append(reason);
+        return reason;
+    QStringList problems;
     const QList<ZLHotKey> refused = m_application.hotkeyController()->refusedHotKeys();
     for (const ZLHotKey& hotKey : refused)
         problems.append(tr("%1: %2").arg(hotKey.purpose, hotKey.refusalReason));

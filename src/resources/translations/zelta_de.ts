@@ -863,6 +863,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Write the chapters for %1</source>
         <translation>Die Kapitel für %1 schreiben</translation>
     </message>
+    <message>
+        <source>%1…</source>
+        <translation>%1 …</translation>
+    </message>
 </context>
 <context>
     <name>ZLExporter</name>
@@ -1018,6 +1022,14 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>The desktop&apos;s sound server does not answer, so no beep can be heard.</source>
         <translation>Der Tonserver des Desktops antwortet nicht, deshalb ist kein Piepton zu hören.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLGuide</name>
+    <message>
+        <source>GUIDE.html</source>
+        <extracomment>The page of the guide, one for each language.</extracomment>
+        <translation>GUIDE.de.html</translation>
     </message>
 </context>
 <context>
@@ -1228,10 +1240,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>No program opens the guide. It is in %1.</source>
         <translation>Kein Programm öffnet das Handbuch. Es liegt in %1.</translation>
-    </message>
-    <message>
-        <source>Keyboard Shortcuts</source>
-        <translation>Tastenkürzel</translation>
     </message>
 </context>
 <context>
@@ -2084,6 +2092,10 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <source>Preferenc&amp;es…</source>
         <translation>E&amp;instellungen&#xa0;…</translation>
     </message>
+    <message>
+        <source>%1 A key of the desktop&apos;s own settings can run “%2” instead.</source>
+        <translation>%1 Stattdessen kann in den Einstellungen des Desktops eine Taste „%2“ ausführen.</translation>
+    </message>
 </context>
 <context>
     <name>ZLQuickEditWindowController</name>
@@ -2410,7 +2422,7 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
     <message>
         <source>The recording was interrupted on %1 at %2. The clock stands until you decide.</source>
-        <translation>Die Aufnahme wurde am %1 bei %2 unterbrochen. Die Uhr steht, bis die Entscheidung fällt.</translation>
+        <translation>Die Aufnahme wurde am %1 um %2 unterbrochen. Die Uhr steht, bis die Entscheidung fällt.</translation>
     </message>
     <message>
         <source>Continue the running clock</source>
@@ -2489,6 +2501,48 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZLShortcutList</name>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>%1 (refused)</source>
+        <translation>%1 (abgelehnt)</translation>
+    </message>
+    <message>
+        <source>In the Whole System</source>
+        <translation>Im ganzen System</translation>
+    </message>
+    <message>
+        <source>In the Whole System (switched off)</source>
+        <translation>Im ganzen System (ausgeschaltet)</translation>
+    </message>
+</context>
+<context>
+    <name>ZLShortcutListWindow</name>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>C&amp;hange…</source>
+        <translation>&amp;Ändern …</translation>
+    </message>
+    <message>
+        <source>Record keys of your own for the commands of the whole system</source>
+        <translation>Eigene Tasten für die Befehle des ganzen Systems aufzeichnen</translation>
     </message>
 </context>
 <context>

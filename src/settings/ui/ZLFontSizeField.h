@@ -10,4 +10,7 @@ public:
     using QDoubleSpinBox::QDoubleSpinBox;
 
     [[nodiscard]] QString textFromValue(double value) const override;
+    /// Wide enough for every fraction that can be typed.
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 };

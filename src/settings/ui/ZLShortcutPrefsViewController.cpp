@@ -25,7 +25,7 @@ ZLShortcutPrefsViewController::ZLShortcutPrefsViewController(QWidget* parent)
     addRow(m_ui->selectNextControl, ZLKeyComboKey::SelectNextChapter);
     // Not the clicks: a screen reader toggles the box without one.
     connect(m_ui->globalButton, &QCheckBox::toggled, this, &ZLShortcutPrefsViewController::globalSettingDidChange);
-    m_ui->globalNotice->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    m_ui->globalNotice->setMinimumHeight(3 * fontMetrics().lineSpacing());
 }
 
 ZLShortcutPrefsViewController::~ZLShortcutPrefsViewController() = default;

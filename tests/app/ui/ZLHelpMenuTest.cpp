@@ -2,11 +2,9 @@
 
 #include "app/ui/ZLDesktopFixture.h"
 #include "app/ui/ZLGuide.h"
+#include "resources/translations/ZLTranslation.h"
 
 #include <QDesktopServices>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMessageBox>
 
 using namespace Qt::StringLiterals;
 
@@ -32,63 +30,34 @@ protected:
         EXPECT_TRUE(ZLAtomicFile::write(path, "text"));
         return path;
     }
-    [[nodiscard]] QString keysText(ZLChapterDocument* document)
-    {
-        trigger(document, u"showKeys"_s);
-        const auto* box = windowOf(document).findChild<QMessageBox*>(u"keysBox"_s);
-        return box ? box->text() : QString();
-    }
 };
-
-TEST_F(ZLHelpMenuTest, TheKeysOfAllCommandsAreListed)
-{
-    ZLChapterDocument* document = newDocument();
-    const QString text = keysText(document);
-    int keys = 0;
-    for (const QAction* menu : windowOf(document).menuBar()->actions()) {
-        for (const QAction* item : menu->menu()->actions()) {
-            const QString key = item->shortcut().toString(QKeySequence::NativeText);
-            keys += key.isEmpty() ? 0 : 1;
-            EXPECT_TRUE(key.isEmpty() || text.contains(u"<b>%1</b>"_s.arg(key.toHtmlEscaped())))
-                << qPrintable(item->text());
-        }
-    }
-    EXPECT_GE(keys, 25);
-}
-
-TEST_F(ZLHelpMenuTest, TheKeysStandInTheOrderOfTheMenus)
-{
-    ZLChapterDocument* document = newDocument();
-    const QString text = keysText(document);
-    qsizetype last = -1;
-    for (const auto& title : { u"File"_s, u"Edit"_s, u"Recording"_s, u"View"_s, u"Window"_s, u"Help"_s }) {
-        const qsizetype place = text.indexOf(u"<u>%1</u>"_s.arg(title));
-        EXPECT_GT(place, last) << qPrintable(title);
-        last = place;
-    }
-}
-
-TEST_F(ZLHelpMenuTest, AKeyIsListedUnderTheNameOfItsCommandAndNotOfTheNextStep)
-{
-    ZLChapterDocument* document = newDocument();
-    addChapter(document, u"Mine"_s);
-    EXPECT_TRUE(action(document, u"undo"_s)->text().contains("Create Chapter"_L1));
-    const QString text = keysText(document);
-    EXPECT_FALSE(text.contains("Create Chapter"_L1));
-    EXPECT_TRUE(text.contains("<td><nobr>Undo</nobr>&nbsp;"_L1));
-}
 
 TEST_F(ZLHelpMenuTest, TheGuideIsTheFirstThatThereIs)
 {
-    const QString text = guideNamed(u"second"_s, u"GUIDE.md"_s);
-    const QStringList folders { filePath(u"first"_s), filePath(u"second"_s), filePath(u"third"_s) };
-    EXPECT_EQ(ZLGuide::pathIn(folders), text);
     const QString page = guideNamed(u"second"_s, u"GUIDE.html"_s);
     guideNamed(u"third"_s, u"GUIDE.html"_s);
-    EXPECT_EQ(ZLGuide::pathIn(folders), page) << "the page rather than the text it is made from";
-    const QString installed = guideNamed(u"first"_s, u"GUIDE.md"_s);
+    const QStringList folders { filePath(u"first"_s), filePath(u"second"_s), filePath(u"third"_s) };
+    EXPECT_EQ(ZLGuide::pathIn(folders), page);
+    const QString installed = guideNamed(u"first"_s, u"GUIDE.html"_s);
     EXPECT_EQ(ZLGuide::pathIn(folders), installed);
     EXPECT_EQ(ZLGuide::pathIn({}), QString());
+}
+
+TEST_F(ZLHelpMenuTest, TheGuideIsInTheLanguageOfTheProgramWhereThereIsOne)
+{
+    const QString english = guideNamed(u"docs"_s, u"GUIDE.html"_s);
+    const ZLTranslation german({ u"de-AT"_s });
+    EXPECT_EQ(ZLGuide::pathIn({ filePath(u"docs"_s) }), english);
+    const QString own = guideNamed(u"docs"_s, u"GUIDE.de.html"_s);
+    EXPECT_EQ(ZLGuide::pathIn({ filePath(u"docs"_s) }), own);
+}
+
+TEST_F(ZLHelpMenuTest, TheGuideIsFoundBesideTheInstalledProgramAndBesideTheOneInItsBuildFolder)
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QStringList folders = ZLGuide::standardFolders();
+    EXPECT_EQ(folders.value(0), QDir::cleanPath(program.filePath(u"../share/doc/zelta"_s)));
+    EXPECT_EQ(folders.value(1), QDir::cleanPath(program.filePath(u"../../docs"_s)));
 }
 
 TEST_F(ZLHelpMenuTest, TheGuideOpensInTheDesktopsProgram)

@@ -230,3 +230,13 @@ TEST_F(ZLGeneralPrefsViewControllerTest, EveryControlHasANameForAScreenReader)
     EXPECT_EQ(selector().accessibleName(), u"Sound output"_s);
     EXPECT_EQ(fontsizeField().accessibleName(), u"Font size of the chapter table"_s);
 }
+
+TEST_F(ZLGeneralPrefsViewControllerTest, AFontSizeWithAFractionIsShownWhole)
+{
+    ZLSettingsManager::setFontSize(28.88F);
+    m_pane.viewWillAppear();
+    m_pane.show();
+    const auto* edit = fontsizeField().findChild<QLineEdit*>();
+    ASSERT_EQ(edit->text(), u"28.88 pt"_s);
+    EXPECT_GE(edit->width(), edit->fontMetrics().horizontalAdvance(edit->text()));
+}

@@ -82,6 +82,11 @@ bool ZLPrivateSoundServer::removeOutput(const QString& number)
     return exitCode == 0;
 }
 
+bool ZLPrivateSoundServer::addMicrophone(const QString& identifier)
+{
+    return !control({ u"load-module"_s, u"module-null-source"_s, u"source_name="_s + identifier }).isEmpty();
+}
+
 void ZLPrivateSoundServer::kill()
 {
     m_server.kill();

@@ -19,6 +19,8 @@ public:
     /// Adds an output and returns the number under which it can be removed; empty when that failed.
     [[nodiscard]] QString addOutput(const QString& identifier, const QString& name);
     [[nodiscard]] bool removeOutput(const QString& number);
+    /// Adds a device that only records; false when that failed.
+    [[nodiscard]] bool addMicrophone(const QString& identifier);
     /// The numbers of the two outputs.
     [[nodiscard]] QString leftOutput() const { return m_leftOutput; }
     [[nodiscard]] QString rightOutput() const { return m_rightOutput; }

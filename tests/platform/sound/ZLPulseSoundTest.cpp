@@ -219,6 +219,12 @@ TEST_F(ZLPulseSoundTest, OutputsAreListedByTheirLastingNamesAndThoseThatPeopleKn
     EXPECT_EQ(m_server.outputDevices(), expected);
 }
 
+TEST_F(ZLPulseSoundTest, AMicrophoneIsNoOutput)
+{
+    ASSERT_TRUE(m_system.removeOutput(m_system.rightOutput()) && m_system.addMicrophone(u"microphone"_s));
+    EXPECT_EQ(m_server.outputDevices(), (QList<ZLOutputDevice> { { u"left_card"_s, u"Left Card"_s } }));
+}
+
 TEST_F(ZLPulseSoundTest, TheListFollowsWhatIsPluggedInAndOut)
 {
     QSignalSpy changes(&m_server, &ZLSoundServer::outputDevicesDidChange);

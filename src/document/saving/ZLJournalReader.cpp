@@ -46,8 +46,6 @@ bool applyChange(const ZLJournalRecord& record, ZLJournaledDocument& document)
         return false;
     performSplice(change.chapters, document.contents.chapters);
     performSplice(change.templates, document.contents.templates);
-    document.hasChangesSinceFile |=
-        change.chapters || change.templates || change.running || change.reading != document.contents.duration;
     document.contents.duration = change.reading;
     document.interruption = change.running;
     return true;
@@ -86,6 +84,8 @@ void removeTemplatesThatAreChapters(ZLDocumentContents& contents)
 }
 
 /// A version is noted before it is written, by another thread than changes are, so its place among them says nothing.
+/// Nor does it matter whether a change or the snapshot brought what is newer: a journal that was begun anew has all of
+/// it in its snapshot.
 bool isNewerThanFile(const ZLJournaledDocument& document)
 {
     return document.fileDigests.isEmpty()
@@ -122,6 +122,6 @@ ZLResult<ZLJournaledDocument> ZLJournalReader::read(QByteArrayView bytes)
         }
     }
     removeTemplatesThatAreChapters(document.contents);
-    document.hasChangesSinceFile = document.hasChangesSinceFile && isNewerThanFile(document);
+    document.hasChangesSinceFile = isNewerThanFile(document);
     return document;
 }

@@ -61,7 +61,7 @@ TEST_F(ZLJournalReaderTest, TheSnapshotIsTheStateBeforeAnyChange)
     EXPECT_EQ(titles(read.value().contents.templates), QStringList { u"T"_s });
     EXPECT_EQ(read.value().contents.duration, 7.5);
     EXPECT_FALSE(read.value().interruption);
-    EXPECT_FALSE(read.value().hasChangesSinceFile);
+    EXPECT_TRUE(read.value().hasChangesSinceFile) << "there is no file that shows it";
     EXPECT_FALSE(read.value().isTorn);
 }
 
@@ -174,6 +174,24 @@ TEST_F(ZLJournalReaderTest, AVersionOfTheFileCoversOnlyTheStateThatItShows)
     EXPECT_FALSE(read.value().hasChangesSinceFile);
     EXPECT_TRUE(read.value().isWhollyIn(after));
     EXPECT_FALSE(read.value().isWhollyIn(before)) << "the kill came before the file was replaced";
+}
+
+TEST_F(ZLJournalReaderTest, ASnapshotThatTheFileDoesNotShowIsAChange)
+{
+    // A journal that was begun anew, after a recovery for one, while the clock was paused: all of it is in the
+    // snapshot.
+    add({ Kind::KnownFile, ZLJournalRecords::digestOf("older") });
+    add({ Kind::Change, ZLJournalChange { .reading = 7.5 }.encoded() });
+    auto read = ZLJournalReader::read(bytes);
+    ASSERT_TRUE(read);
+    EXPECT_TRUE(read.value().hasChangesSinceFile);
+    EXPECT_FALSE(read.value().isWhollyIn("older"));
+    const QByteArray same = ZLDocumentFile::encode(read.value().contents);
+    add({ Kind::KnownFile, ZLJournalRecords::digestOf(same) });
+    read = ZLJournalReader::read(bytes);
+    ASSERT_TRUE(read);
+    EXPECT_FALSE(read.value().hasChangesSinceFile);
+    EXPECT_TRUE(read.value().isWhollyIn(same));
 }
 
 TEST_F(ZLJournalReaderTest, ATemplateThatHasBecomeAChapterIsNotOfferedAgain)

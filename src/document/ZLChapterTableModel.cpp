@@ -2,6 +2,7 @@
 
 #include "document/ZLChapterDocument.h"
 #include "document/ZLTimeEntry.h"
+#include "platform/ZLShownText.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QHash>
@@ -61,6 +62,7 @@ QVariant ZLChapterTableModel::data(const QModelIndex& index, int role) const
     const ZLChapter& chapter = *chapters().at(index.row());
     switch (role) {
     case Qt::DisplayRole:
+        return index.column() == EnabledColumn ? QVariant() : ZLShownText::shortened(textAt(index));
     case Qt::EditRole:
         return index.column() == EnabledColumn ? QVariant() : textAt(index);
     case Qt::CheckStateRole:
@@ -225,7 +227,8 @@ QVariant ZLChapterTableModel::toolTipAt(const QModelIndex& index) const
         return chapter.isEnabled() ? tr("This chapter is exported.") : tr("This chapter is not exported.");
     if (index.column() == LinkColumn && !chapter.link().isEmpty())
         // Plain text that looks like markup would be shown as markup.
-        return u"<p>%1<br>%2</p>"_s.arg(chapter.link().toHtmlEscaped(), tr("Ctrl+click opens the link."));
+        return u"<p>%1<br>%2</p>"_s.arg(
+            ZLShownText::shortened(chapter.link()).toHtmlEscaped(), tr("Ctrl+click opens the link."));
     return {};
 }
 

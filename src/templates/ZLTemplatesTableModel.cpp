@@ -1,5 +1,7 @@
 #include "templates/ZLTemplatesTableModel.h"
 
+#include "platform/ZLShownText.h"
+
 #include <QMimeData>
 
 #include <optional>
@@ -53,10 +55,11 @@ QVariant ZLTemplatesTableModel::data(const QModelIndex& index, int role) const
     const QString& text = index.column() == TitleColumn ? chapter->title() : chapter->link();
     switch (role) {
     case Qt::DisplayRole:
+        return ZLShownText::shortened(text);
     case Qt::EditRole:
         return text;
     case Qt::ToolTipRole:
-        return plainToolTip(text);
+        return plainToolTip(ZLShownText::shortened(text));
     default:
         return {};
     }

@@ -1,5 +1,7 @@
 #include "document/ui/ZLStatusLine.h"
 
+#include "platform/ZLShownText.h"
+
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -55,7 +57,7 @@ void ZLStatusLine::setNextTemplate(NextTemplate next, const QString& title)
 {
     const QFontMetrics metrics = m_nextTemplate->fontMetrics();
     const int width = longestTemplateTitleInCharacters * metrics.averageCharWidth();
-    const QString shown = title.isEmpty() ? tr("untitled") : title.simplified();
+    const QString shown = title.isEmpty() ? tr("untitled") : ZLShownText::shortened(title).simplified();
     QString text = tr("No templates");
     if (next == NextTemplate::Exists)
         text = tr("Next: %1").arg(metrics.elidedText(shown, Qt::ElideRight, width));

@@ -195,7 +195,7 @@ void ZLChapterTableView::mousePressEvent(QMouseEvent* event)
     const QModelIndex index = indexAt(event->position().toPoint());
     const bool opensLink = event->button() == Qt::LeftButton && event->modifiers() == Qt::ControlModifier
         && index.column() == ZLChapterTableModel::LinkColumn;
-    const QUrl address = opensLink ? addressOfLink(index.data().toString()) : QUrl();
+    const QUrl address = opensLink ? addressOfLink(index.data(Qt::EditRole).toString()) : QUrl();
     QTableView::mousePressEvent(event);
     if (!address.isEmpty())
         Q_EMIT linkActivated(address);

@@ -11,17 +11,23 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr QSize firstWindowSize { 940, 720 };
+/// Lines of the log, at least where the screen has room.
+constexpr int firstLogLines = 12;
+/// Of the screen: the frame and a desktop's own bars need some, too.
+constexpr double largestPart = 0.9;
 
 /// A bare widget is no window to a screen reader, even where it is one.
 QAccessibleInterface* accessibleConnectionsWindow(const QString& className, QObject* object)
@@ -44,23 +50,20 @@ ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
     : m_browser(std::move(setup.browser))
     , m_stateStore(setup.stateStore)
     , m_splitter(new QSplitter(Qt::Vertical, this))
+    , m_panels(new QScrollArea(m_splitter))
 {
     installConnectionsWindowFactory();
     setObjectName(u"oscConnections"_s);
     setWindowTitle(tr("OSC Connections"));
     setAttribute(Qt::WA_QuitOnClose, false);
-    auto* const area = new QScrollArea(m_splitter);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(buildPanels(setup));
-    m_splitter->addWidget(area);
+    m_panels->setFrameShape(QFrame::NoFrame);
+    m_panels->setWidgetResizable(true);
+    m_panels->setFocusPolicy(Qt::NoFocus);
+    m_panels->setWidget(buildPanels(setup));
+    m_splitter->addWidget(m_panels);
     m_splitter->addWidget(new ZLOSCLogPanel(setup.controller.log(), m_splitter));
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setStretchFactor(1, 1);
-    // The settings in full, the rest for the messages.
-    const int settingsHeight = area->widget()->sizeHint().height();
-    m_splitter->setSizes({ settingsHeight, std::max(1, firstWindowSize.height() - settingsHeight) });
     auto* const column = new QVBoxLayout(this);
     column->addWidget(m_splitter);
     restoreWindowState();
@@ -109,6 +112,14 @@ void ZLOSCConnectionsWindow::present()
     activateWindow();
 }
 
+void ZLOSCConnectionsWindow::showEvent(QShowEvent* event)
+{
+    // Only now every style and font is settled that the sizes depend on.
+    if (!std::exchange(m_hasSizes, true))
+        chooseFirstSizes();
+    QWidget::showEvent(event);
+}
+
 void ZLOSCConnectionsWindow::keyPressEvent(QKeyEvent* event)
 {
     const bool isCloseKey = event->key() == Qt::Key_W && event->modifiers() == Qt::ControlModifier;
@@ -124,6 +135,23 @@ void ZLOSCConnectionsWindow::closeEvent(QCloseEvent* event)
     QWidget::closeEvent(event);
 }
 
+/// The settings in full, the rest for the messages.
+void ZLOSCConnectionsWindow::chooseFirstSizes()
+{
+    layout()->activate();
+    QWidget* const settings = m_panels->widget();
+    settings->layout()->activate();
+    const int settingsHeight =
+        std::max(settings->sizeHint().height(), settings->heightForWidth(m_panels->viewport()->width()));
+    const int logHeight = fontMetrics().lineSpacing() * firstLogLines;
+    const int wanted = settingsHeight + m_splitter->handleWidth() + logHeight;
+    const int others = height() - m_splitter->height();
+    const int largest = int(screen()->availableSize().height() * largestPart);
+    resize(width(), std::max(height(), std::min(wanted + others, largest)));
+    layout()->activate();
+    m_splitter->setSizes({ settingsHeight, std::max(1, m_splitter->height() - settingsHeight) });
+}
+
 void ZLOSCConnectionsWindow::restoreWindowState()
 {
     resize(firstWindowSize);
@@ -131,7 +159,7 @@ void ZLOSCConnectionsWindow::restoreWindowState()
     if (!state)
         return;
     restoreGeometry(state->geometry);
-    m_splitter->restoreState(state->panels);
+    m_hasSizes = m_splitter->restoreState(state->panels);
 }
 
 void ZLOSCConnectionsWindow::saveWindowState() const

@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class QScrollArea;
 class QSplitter;
 
 /// What the window shows beside the settings.
@@ -39,15 +40,20 @@ public:
     void present();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     [[nodiscard]] QWidget* buildPanels(ZLOSCConnectionsSetup& setup);
+    void chooseFirstSizes();
     void restoreWindowState();
     void saveWindowState() const;
 
     std::unique_ptr<ZLServiceBrowser> m_browser;
     ZLWindowStateStore m_stateStore;
     QSplitter* m_splitter;
+    QScrollArea* m_panels;
+    /// Chosen here, by the user or in an earlier run.
+    bool m_hasSizes = false;
 };

@@ -6,6 +6,10 @@
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QListWidget>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
 #include <QTableView>
 
 using namespace Qt::StringLiterals;
@@ -45,6 +49,25 @@ TEST_F(ZLOSCConnectionsWindowTest, SizeIsRemembered)
     window = makeWindow();
     window->present();
     EXPECT_EQ(window->size(), QSize(720, 640));
+}
+
+TEST_F(ZLOSCConnectionsWindowTest, TheFirstOpeningShowsTheSettingsInFullAndLinesOfTheLog)
+{
+    const auto window = makeWindow();
+    // A style that is known only when the window is shown.
+    window->setStyleSheet(u"QPushButton, QRadioButton { min-height: 2em; }"_s);
+    window->present();
+    const auto& settings = *window->findChild<QScrollArea*>();
+    EXPECT_EQ(settings.verticalScrollBar()->maximum(), 0);
+    EXPECT_GE(child<QTableView>(*window, "log").viewport()->height(), 4 * window->fontMetrics().lineSpacing());
+    EXPECT_LE(window->height(), window->screen()->availableSize().height());
+    // What the user chooses holds from then on.
+    auto& splitter = *window->findChild<QSplitter*>();
+    splitter.setSizes({ 200, window->height() - 200 });
+    const QList<int> chosen = splitter.sizes();
+    window->close();
+    window->present();
+    EXPECT_EQ(splitter.sizes(), chosen);
 }
 
 TEST_F(ZLOSCConnectionsWindowTest, EscapeAndTheKeyForClosingCloseIt)

@@ -77,6 +77,10 @@ def is_showing(node):
     return node.getState().contains(pyatspi.STATE_SHOWING)
 
 
+def is_active(node):
+    return node.getState().contains(pyatspi.STATE_ACTIVE)
+
+
 def is_enabled(node):
     return node.getState().contains(pyatspi.STATE_ENABLED)
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Twenty thousand messages a second, good ones and garbage: the window answers the keyboard meanwhile, the memory stays
-as it is, and the next honest press counts. Longer than in the tests: osc_flood_test.py PROGRAM SECONDS."""
+"""Twenty thousand messages a second, good ones and garbage, while the window that lists them is open and the state goes
+out: the windows answer the keyboard meanwhile, the memory stays as it is, and the next honest press counts. Longer than
+in the tests: osc_flood_test.py PROGRAM SECONDS."""
 
 import itertools
 import os
@@ -73,13 +74,16 @@ def resident_kib(process):
 def main():
     # The sanitizer keeps freed memory for a while, which would look like growth.
     os.environ["ASAN_OPTIONS"] = os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"
-    with Desktop() as desktop:
+    with Desktop() as desktop, socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as surface:
+        surface.bind(("127.0.0.1", 0))
         port = free_port()
+        output = f"127.0.0.1:{surface.getsockname()[1]}"
         with open(desktop.home / "log", "wb") as log:
-            process = desktop.start(PROGRAM, "--osc-port", port, stderr=log)
+            process = desktop.start(PROGRAM, "--osc-port", port, "--osc-send", output, stderr=log)
         import accessible  # The bindings look for their bus when they are imported.
 
-        frame = accessible.find(accessible.application(), "frame")
+        program = accessible.application()
+        frame = accessible.find(program, "frame")
         table = accessible.find(frame, "table", "Chapters")
 
         def wait_for_titles(*titles):
@@ -93,9 +97,14 @@ def main():
         oscsend(port, "/zl/newChapter", "f", 1)
         wait_for_titles("", "")
 
+        accessible.press(accessible.find(frame, None, f"OSC {port}"))
+        messages_shown = accessible.find(accessible.find(program, None, "OSC Connections"), "table", "Messages")
         Flood(port, 1).stop()  # Queues and logs are full from now on.
         before = resident_kib(process)
         flood = Flood(port, SECONDS)
+        desktop.press("Escape")
+        wait_until(lambda: not accessible.is_showing(messages_shown), "the connections to close")
+        wait_until(lambda: accessible.is_active(frame), "the keyboard to be back at the document")
         desktop.press("ctrl+Return")
         wait_for_titles("", "", "")
         assert flood.is_alive(), "the flood was over before the window answered"

@@ -161,7 +161,12 @@ void ZLHeadlessRecorder::watchDocuments()
     const auto documents = m_controller.documents();
     for (const ZLChapterDocument* document : documents) {
         const ZLDocumentSaver* saver = m_controller.saverOf(document);
-        connect(saver, &ZLDocumentSaver::stateDidChange, this, [this, saver] { reportSaving(*saver); });
+        connect(saver, &ZLDocumentSaver::stateDidChange, this, [this, saver] {
+            reportSaving(*saver);
+            reportRecovery(*saver);
+        });
+        // Of a document that came back, this may have been so from the start.
+        reportRecovery(*saver);
     }
 }
 
@@ -210,6 +215,20 @@ void ZLHeadlessRecorder::reportSaving(const ZLDocumentSaver& saver)
                 .arg(failure));
     else
         m_streams.complain(tr("Cannot save: %1. Trying again until it works.").arg(failure));
+}
+
+void ZLHeadlessRecorder::reportRecovery(const ZLDocumentSaver& saver)
+{
+    const QString failure = saver.recoveryFailureText();
+    if (std::exchange(m_reportedRecoveryFailure, failure) == failure)
+        return;
+    if (failure.isEmpty())
+        m_streams.complain(tr("The recovery folder can be written again."));
+    else
+        m_streams.complain(
+            tr("The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying again "
+               "until it works.")
+                .arg(failure));
 }
 
 void ZLHeadlessRecorder::reportInterruption()

@@ -97,6 +97,7 @@ private:
     void report();
     void reportChapters();
     void reportSaving(const ZLDocumentSaver& saver);
+    void reportRecovery(const ZLDocumentSaver& saver);
     void print(const QString& line);
     [[nodiscard]] Snapshot takeSnapshot() const;
 
@@ -109,6 +110,7 @@ private:
     ZLSignalWatcher* m_signals = nullptr;
     Snapshot m_reported;
     QString m_reportedFailure;
+    QString m_reportedRecoveryFailure;
     bool m_isReportDue = false;
     bool m_hasPrinted = false;
 };

@@ -33,6 +33,8 @@ protected:
         result.environment.wallClock = [this] { return wallClock; };
         result.machinery.clock = clock;
         result.machinery.executor = [](const std::function<void()>& task) { task(); };
+        // However busy the machine is, what a test looks for has to be there.
+        result.machinery.journalDisk.longestHandOver = std::chrono::minutes(1);
         result.stateFolder = filePath("state");
         result.sessionExecutor = [](const std::function<void()>& task) { task(); };
         return result;

@@ -1,6 +1,7 @@
 #include "app/ZLHeadlessRecorderFixture.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -60,6 +61,24 @@ TEST_F(ZLHeadlessDecisionsTest, AnInterruptedRecordingIsToldWithItsTwoAnswers)
     ASSERT_EQ(errors.size(), 1);
     for (const char* part : { "interrupted", "00:00:30.0", "\"continue\"", "\"keep\"" })
         EXPECT_TRUE(errors.first().contains(QString::fromLatin1(part))) << part;
+}
+
+TEST_F(ZLHeadlessDecisionsTest, ARecoveryFolderThatCannotBeWrittenIsToldUntilItCan)
+{
+    const QString folder = temporary.filePath(u"state/recovery"_s);
+    start(ZLHeadlessStart::Recording);
+    errors.clear();
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    ASSERT_TRUE(QFile(folder).open(QIODevice::WriteOnly));
+    answerTo(u"newChapter"_s);
+    answerTo(u"newChapter"_s);
+    const QString failure =
+        u"The recovery folder cannot be written: %1: Not a directory. A crash may take what is not in the file yet. Trying again until it works."_s
+            .arg(folder);
+    EXPECT_EQ(errors, QStringList { failure }) << "told once";
+    ASSERT_TRUE(QFile::remove(folder));
+    answerTo(u"newChapter"_s);
+    EXPECT_EQ(errors, (QStringList { failure, u"The recovery folder can be written again."_s }));
 }
 
 TEST_F(ZLHeadlessDecisionsTest, ContinueLetsTheClockRunAsIfItHadNeverStopped)

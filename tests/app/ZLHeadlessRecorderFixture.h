@@ -32,6 +32,8 @@ protected:
         setup.environment.bootClock = bootClock;
         setup.environment.wallClock = [this] { return wallClock; };
         setup.machinery.executor = [](const std::function<void()>& task) { task(); };
+        // However busy the machine is, what a test looks for has to be there.
+        setup.machinery.journalDisk.longestHandOver = std::chrono::minutes(1);
         setup.stateFolder = temporary.filePath(QStringLiteral("state"));
         controller = std::make_unique<ZLDocumentController>(setup);
         recorder = std::make_unique<ZLHeadlessRecorder>(*controller,

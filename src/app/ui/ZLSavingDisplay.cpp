@@ -14,6 +14,7 @@ namespace {
 const QString conflictName = QStringLiteral("fileConflict");
 const QString interruptionName = QStringLiteral("interruptedRecording");
 const QString otherHolderName = QStringLiteral("openElsewhere");
+const QString recoveryFailureName = QStringLiteral("recoveryFailure");
 const QString failureName = ZLSavingDisplay::failureMessageName();
 
 }
@@ -53,6 +54,7 @@ void ZLSavingDisplay::updateBar()
     showOrHide(interruptionName, interruption ? interruptionMessage(*interruption) : Message());
     const bool isNews = !m_saver.otherHolder().isEmpty() && m_saver.otherHolder() != m_acceptedHolder;
     showOrHide(otherHolderName, isNews ? otherHolderMessage() : Message());
+    showOrHide(recoveryFailureName, m_saver.recoveryFailureText().isEmpty() ? Message() : recoveryFailureMessage());
     // While it is tried again nobody knows yet whether the failure is over.
     if (m_saver.state() == ZLSavingState::Failed)
         showOrHide(failureName, failureMessage());
@@ -67,7 +69,7 @@ void ZLSavingDisplay::showOrHide(const QString& name, const Message& message)
         bar.hideMessage(name);
     // Shown anew with every attempt, it would be read aloud every time.
     else if (bar.text(name) != message.text)
-        bar.showMessage(name, message.text, message.buttons);
+        bar.showMessage(name, message.text, message.buttons, message.coveredNames);
 }
 
 ZLSavingDisplay::Message ZLSavingDisplay::conflictMessage()
@@ -106,11 +108,22 @@ ZLSavingDisplay::Message ZLSavingDisplay::failureMessage()
                   (void)m_saver.saveNow();
                   updateBar();
               } },
-            { tr("Save As…"), [this] {
-                 // Until the new place is known, what is true stays in sight.
-                 updateBar();
-                 m_savePanel.saveAs();
-             } } } };
+            { tr("Save As…"),
+                [this] {
+                    // Until the new place is known, what is true stays in sight.
+                    updateBar();
+                    m_savePanel.saveAs();
+                } } },
+        // Both are then about the same folder.
+        m_saver.isUntitled() ? QStringList { recoveryFailureName } : QStringList() };
+}
+
+ZLSavingDisplay::Message ZLSavingDisplay::recoveryFailureMessage() const
+{
+    return { tr("The recovery folder cannot be written: %1 A crash may take what is not in the file yet. Zelta keeps "
+                "trying.")
+                 .arg(sentence(m_saver.recoveryFailureText())),
+        {} };
 }
 
 void ZLSavingDisplay::keepBoth()

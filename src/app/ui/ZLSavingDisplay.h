@@ -9,8 +9,8 @@ class ZLChapterDocumentWindow;
 class ZLSavePanel;
 
 /// Shows in a window whether its document is on the disk: always in the status line, and as a bar when it is not and
-/// cannot be brought there, or when a recording that was cut off or a file that another program changed needs a
-/// decision.
+/// cannot be brought there, when the recovery folder does not take what changes, or when a recording that was cut off
+/// or a file that another program changed needs a decision.
 class ZLSavingDisplay : public QObject {
     Q_OBJECT
 
@@ -27,6 +27,7 @@ private:
     struct Message {
         QString text {};
         QList<ZLMessageBar::Button> buttons {};
+        QStringList coveredNames {};
     };
 
     void update();
@@ -36,6 +37,7 @@ private:
     [[nodiscard]] Message conflictMessage();
     [[nodiscard]] Message interruptionMessage(const ZLInterruptedRecording& interruption);
     [[nodiscard]] Message failureMessage();
+    [[nodiscard]] Message recoveryFailureMessage() const;
     [[nodiscard]] Message otherHolderMessage();
     void keepBoth();
     /// Says why a decision could not be carried out.

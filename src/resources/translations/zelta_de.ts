@@ -1095,6 +1095,14 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Speichern nicht möglich: %1. Es wird weiter versucht, bis es gelingt.</translation>
     </message>
     <message>
+        <source>The recovery folder can be written again.</source>
+        <translation>In den Wiederherstellungsordner kann wieder geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying again until it works.</source>
+        <translation>In den Wiederherstellungsordner kann nicht geschrieben werden: %1. Bei einem Absturz kann verloren gehen, was noch nicht in der Datei steht. Es wird weiter versucht, bis es gelingt.</translation>
+    </message>
+    <message>
         <source>The recording was interrupted on %1 at %2. The clock stands: &quot;continue&quot; lets it run as if it had never stopped, &quot;keep&quot; keeps it paused.</source>
         <translation>Die Aufnahme wurde am %1 bei %2 unterbrochen. Die Uhr steht: „continue“ lässt sie laufen, als hätte sie nie gestanden, „keep“ lässt sie pausiert.</translation>
     </message>
@@ -2435,6 +2443,10 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>The document is not saved: %1 Zelta keeps trying.</source>
         <translation>Das Dokument ist nicht gespeichert: %1 Zelta versucht es weiter.</translation>
+    </message>
+    <message>
+        <source>The recovery folder cannot be written: %1 A crash may take what is not in the file yet. Zelta keeps trying.</source>
+        <translation>In den Wiederherstellungsordner kann nicht geschrieben werden: %1 Bei einem Absturz kann verloren gehen, was noch nicht in der Datei steht. Zelta versucht es weiter.</translation>
     </message>
     <message>
         <source>Try Now</source>

@@ -127,6 +127,35 @@ TEST_F(ZLSavingDisplayTest, TheFailureIsStillToldAfterTheDialogWasCancelled)
     EXPECT_TRUE(barText(document).contains("The disk is full."_L1));
 }
 
+TEST_F(ZLSavingDisplayTest, ARecoveryFolderThatCannotBeWrittenIsToldUntilItCan)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    const QString folder = filePath(u"state/recovery"_s);
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    ASSERT_TRUE(QFile(folder).open(QIODevice::WriteOnly));
+    addChapter(document, u"Mine"_s);
+    EXPECT_EQ(barText(document),
+        u"The recovery folder cannot be written: %1: Not a directory. A crash may take what is not in the file yet. Zelta keeps trying."_s
+            .arg(folder));
+    writeNow(document);
+    EXPECT_EQ(saveStatus(document)->text(), u"Saved"_s) << "the file itself is all right";
+    ASSERT_TRUE(QFile::remove(folder));
+    addChapter(document, u"More"_s);
+    EXPECT_EQ(barText(document), QString());
+}
+
+TEST_F(ZLSavingDisplayTest, AnUntitledDocumentThatCannotBeKeptIsToldOnce)
+{
+    ZLChapterDocument* document = newDocument();
+    const QString folder = filePath(u"state/recovery"_s);
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    ASSERT_TRUE(QFile(folder).open(QIODevice::WriteOnly));
+    addChapter(document, u"Mine"_s);
+    writeNow(document);
+    EXPECT_TRUE(barText(document).startsWith("The document is not saved: "_L1));
+    EXPECT_EQ(windowOf(document).messageBar().texts().size(), 1);
+}
+
 TEST_F(ZLSavingDisplayTest, AnInterruptedRecordingOffersBothChoicesAndUndoOffersThemAgain)
 {
     ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));

@@ -2,7 +2,7 @@
 """Makes a page for the browser of a document: make_page.py STYLE DOCUMENT.md PAGE.html.
 
 A language in the document's name (GUIDE.de.md) is that of the page; all others are in English. Links to other documents
-lead to their pages, and headings have the names that links use.
+lead to their pages and name their titles, and headings have the names that links use.
 """
 
 import re
@@ -40,26 +40,36 @@ def name_headings(tokens):
             opening.attrSet("id", name_of_heading(inline.content))
 
 
-def lead_links_to_pages(tokens):
+def lead_links_to_pages(tokens, folder):
     for inline in tokens:
-        for token in inline.children or []:
-            if token.type == "link_open":
-                token.attrSet("href", re.sub(r"^([\w.-]+)\.md(?=#|$)", r"\1.html", token.attrGet("href")))
+        for opening, text in zip(inline.children or [], (inline.children or [])[1:]):
+            if opening.type != "link_open":
+                continue
+            document = re.match(r"[\w.-]+\.md(?=#|$)", opening.attrGet("href"))
+            if document is None:
+                continue
+            opening.attrSet("href", opening.attrGet("href").replace(".md", ".html", 1))
+            if text.content == document[0]:
+                text.content = title_of(parser().parse((folder / document[0]).read_text(encoding="utf-8")))
 
 
 def title_of(tokens):
     return next(inline.content for opening, inline in zip(tokens, tokens[1:]) if opening.type == "heading_open")
 
 
+def parser():
+    return MarkdownIt("commonmark", {"html": False, "xhtmlOut": True}).enable("table")
+
+
 def page_of(document, style):
-    parser = MarkdownIt("commonmark", {"html": False, "xhtmlOut": True}).enable("table")
-    tokens = parser.parse(document.read_text(encoding="utf-8"))
+    markdown = parser()
+    tokens = markdown.parse(document.read_text(encoding="utf-8"))
     name_headings(tokens)
-    lead_links_to_pages(tokens)
+    lead_links_to_pages(tokens, document.parent)
     language = re.fullmatch(r"\w+\.(\w+)\.md", document.name)
     return PAGE.format(
         language=language[1] if language else "en", title=escape(title_of(tokens)), style=style,
-        content=parser.renderer.render(tokens, parser.options, {}))
+        content=markdown.renderer.render(tokens, markdown.options, {}))
 
 
 def main():

@@ -55,6 +55,11 @@ class MakingPagesTest(unittest.TestCase):
         self.assertEqual(pages.Page(page).links, ["ONE.de.html#one", "https://example.org/x.md"])
         self.assertEqual(pages.faults_below(self.folder), [])
 
+    def test_a_link_that_names_a_file_names_its_title_on_the_page(self):
+        self.make("# All about one\n", "ONE")
+        text = self.make("# Two\n[ONE.md](ONE.md#all-about-one) and [this](ONE.md)\n").read_text()
+        self.assertIn('<a href="ONE.html#all-about-one">All about one</a> and <a href="ONE.html">this</a>', text)
+
     def test_tables_and_special_characters(self):
         text = self.make("# T\n\n| a | b |\n|---|---|\n| <b> | `x & y` |\n").read_text()
         self.assertIn("<td>&lt;b&gt;</td>", text)

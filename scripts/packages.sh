@@ -21,7 +21,7 @@ zelta_test_packages=(
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0
 )
 zelta_bench_packages=(
-  libbenchmark-dev liblo-dev
+  libbenchmark-dev liblo-dev faketime
 )
 
 # Prints the installed packages and what they provide, one a line: some builds of nodejs bring npm with them.

@@ -64,6 +64,8 @@ ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
     m_splitter->addWidget(new ZLOSCLogPanel(setup.controller.log(), m_splitter));
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setStretchFactor(1, 1);
+    connect(m_splitter, &QSplitter::splitterMoved, this, [this] { m_areSizesSettled = true; });
+    m_panels->widget()->installEventFilter(this);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(m_splitter);
     restoreWindowState();
@@ -115,9 +117,16 @@ void ZLOSCConnectionsWindow::present()
 void ZLOSCConnectionsWindow::showEvent(QShowEvent* event)
 {
     // Only now every style and font is settled that the sizes depend on.
-    if (!std::exchange(m_hasSizes, true))
-        chooseFirstSizes();
+    chooseFirstSizes();
     QWidget::showEvent(event);
+}
+
+bool ZLOSCConnectionsWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    // What the network has to say comes later, and may take more lines than there were.
+    if (event->type() == QEvent::LayoutRequest && isVisible())
+        QMetaObject::invokeMethod(this, &ZLOSCConnectionsWindow::chooseFirstSizes, Qt::QueuedConnection);
+    return QWidget::eventFilter(watched, event);
 }
 
 void ZLOSCConnectionsWindow::keyPressEvent(QKeyEvent* event)
@@ -132,12 +141,15 @@ void ZLOSCConnectionsWindow::keyPressEvent(QKeyEvent* event)
 void ZLOSCConnectionsWindow::closeEvent(QCloseEvent* event)
 {
     saveWindowState();
+    m_areSizesSettled = true;
     QWidget::closeEvent(event);
 }
 
 /// The settings in full, the rest for the messages.
 void ZLOSCConnectionsWindow::chooseFirstSizes()
 {
+    if (m_areSizesSettled)
+        return;
     layout()->activate();
     QWidget* const settings = m_panels->widget();
     settings->layout()->activate();
@@ -147,7 +159,9 @@ void ZLOSCConnectionsWindow::chooseFirstSizes()
     const int wanted = settingsHeight + m_splitter->handleWidth() + logHeight;
     const int others = height() - m_splitter->height();
     const int largest = int(screen()->availableSize().height() * largestPart);
-    resize(width(), std::max(height(), std::min(wanted + others, largest)));
+    // Once shown, the window stays as high as it is: its user may have made it so.
+    if (!isVisible())
+        resize(width(), std::max(height(), std::min(wanted + others, largest)));
     layout()->activate();
     m_splitter->setSizes({ settingsHeight, std::max(1, m_splitter->height() - settingsHeight) });
 }
@@ -159,7 +173,7 @@ void ZLOSCConnectionsWindow::restoreWindowState()
     if (!state)
         return;
     restoreGeometry(state->geometry);
-    m_hasSizes = m_splitter->restoreState(state->panels);
+    m_areSizesSettled = m_splitter->restoreState(state->panels);
 }
 
 void ZLOSCConnectionsWindow::saveWindowState() const

@@ -40,6 +40,7 @@ public:
     void present();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -54,6 +55,6 @@ private:
     ZLWindowStateStore m_stateStore;
     QSplitter* m_splitter;
     QScrollArea* m_panels;
-    /// Chosen here, by the user or in an earlier run.
-    bool m_hasSizes = false;
+    /// By the user, now or in an earlier run; until then the sizes follow what the panels need.
+    bool m_areSizesSettled = false;
 };

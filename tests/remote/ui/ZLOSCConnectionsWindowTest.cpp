@@ -61,10 +61,25 @@ TEST_F(ZLOSCConnectionsWindowTest, TheFirstOpeningShowsTheSettingsInFullAndLines
     EXPECT_EQ(settings.verticalScrollBar()->maximum(), 0);
     EXPECT_GE(child<QTableView>(*window, "log").viewport()->height(), 4 * window->fontMetrics().lineSpacing());
     EXPECT_LE(window->height(), window->screen()->availableSize().height());
-    // What the user chooses holds from then on.
+    // What the network has to say comes later and takes more room.
+    m_publisher.show(ZLServicePublisher::State::Unavailable, u"a reason that takes several lines "_s.repeated(8));
+    QCoreApplication::sendPostedEvents();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return settings.verticalScrollBar()->maximum() == 0; }));
+}
+
+TEST_F(ZLOSCConnectionsWindowTest, SizesThatTheUserChoseStay)
+{
+    const auto window = makeWindow();
+    window->present();
     auto& splitter = *window->findChild<QSplitter*>();
-    splitter.setSizes({ 200, window->height() - 200 });
+    QWidget* const handle = splitter.handle(1);
+    QTest::mousePress(handle, Qt::LeftButton, {}, QPoint(5, 2));
+    QTest::mouseMove(handle, QPoint(5, -60));
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, QPoint(5, -60));
     const QList<int> chosen = splitter.sizes();
+    EXPECT_GT(window->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+    m_publisher.show(ZLServicePublisher::State::Unavailable, u"a reason that takes several lines "_s.repeated(8));
+    QCoreApplication::processEvents();
     window->close();
     window->present();
     EXPECT_EQ(splitter.sizes(), chosen);

@@ -62,7 +62,8 @@ void ZLChapterManager::loadChapters(const QVariantList& dictionaries)
     chapters.reserve(std::max(InitialCapacity, dictionaries.size()));
     for (const QVariant& dictionary : dictionaries)
         chapters.append(chapterFrom(dictionary));
-    if (m_wantsSortedChapters)
+    // A file is in order as a rule, and sorting takes memory for the whole list.
+    if (m_wantsSortedChapters && !std::is_sorted(chapters.cbegin(), chapters.cend(), chapterComesBefore))
         std::stable_sort(chapters.begin(), chapters.end(), chapterComesBefore);
     setChapters(chapters);
 }

@@ -22,10 +22,11 @@ struct ZLArchivedDictionary {
     }
 
     /// An invalid value when there is no such key.
-    [[nodiscard]] QVariant value(const QString& key) const
+    [[nodiscard]] const QVariant& value(const QString& key) const
     {
+        static const QVariant none;
         const qsizetype position = keys.lastIndexOf(key);
-        return position < 0 ? QVariant() : values.at(position);
+        return position < 0 ? none : values.at(position);
     }
 
     bool operator==(const ZLArchivedDictionary&) const = default;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/archive/ZLBinaryPropertyList.h"
 #include "platform/ZLResult.h"
+#include "platform/archive/ZLBinaryPropertyList.h"
 
 /// Looks into a binary property list ("bplist00") without building anything: an object is found by its index and
 /// decoded on request. Every offset, count and reference size is checked against the bytes, so a damaged or hostile

@@ -117,7 +117,10 @@ void ZLOSCConnectionsWindow::present()
 void ZLOSCConnectionsWindow::showEvent(QShowEvent* event)
 {
     // Only now every style and font is settled that the sizes depend on.
-    chooseFirstSizes();
+    if (!m_areSizesSettled) {
+        growForFirstSizes();
+        giveSettingsTheirRoom();
+    }
     QWidget::showEvent(event);
 }
 
@@ -125,7 +128,7 @@ bool ZLOSCConnectionsWindow::eventFilter(QObject* watched, QEvent* event)
 {
     // What the network has to say comes later, and may take more lines than there were.
     if (event->type() == QEvent::LayoutRequest && isVisible())
-        QMetaObject::invokeMethod(this, &ZLOSCConnectionsWindow::chooseFirstSizes, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &ZLOSCConnectionsWindow::giveSettingsTheirRoom, Qt::QueuedConnection);
     return QWidget::eventFilter(watched, event);
 }
 
@@ -145,24 +148,33 @@ void ZLOSCConnectionsWindow::closeEvent(QCloseEvent* event)
     QWidget::closeEvent(event);
 }
 
+/// At the window's width.
+int ZLOSCConnectionsWindow::heightOfSettings() const
+{
+    const QLayout* const settings = m_panels->widget()->layout();
+    const int width = m_panels->viewport()->width();
+    // The lists ask for no more than their least height, which is no part of what a layout would like to have.
+    return std::max({ settings->totalMinimumSize().height(), settings->totalMinimumHeightForWidth(width),
+        settings->totalHeightForWidth(width) });
+}
+
+void ZLOSCConnectionsWindow::growForFirstSizes()
+{
+    layout()->activate();
+    const int logHeight = fontMetrics().lineSpacing() * firstLogLines;
+    const int wanted = heightOfSettings() + m_splitter->handleWidth() + logHeight;
+    const int others = height() - m_splitter->height();
+    const int largest = int(screen()->availableSize().height() * largestPart);
+    resize(width(), std::max(height(), std::min(wanted + others, largest)));
+    layout()->activate();
+}
+
 /// The settings in full, the rest for the messages.
-void ZLOSCConnectionsWindow::chooseFirstSizes()
+void ZLOSCConnectionsWindow::giveSettingsTheirRoom()
 {
     if (m_areSizesSettled)
         return;
-    layout()->activate();
-    QWidget* const settings = m_panels->widget();
-    settings->layout()->activate();
-    const int settingsHeight =
-        std::max(settings->sizeHint().height(), settings->heightForWidth(m_panels->viewport()->width()));
-    const int logHeight = fontMetrics().lineSpacing() * firstLogLines;
-    const int wanted = settingsHeight + m_splitter->handleWidth() + logHeight;
-    const int others = height() - m_splitter->height();
-    const int largest = int(screen()->availableSize().height() * largestPart);
-    // Once shown, the window stays as high as it is: its user may have made it so.
-    if (!isVisible())
-        resize(width(), std::max(height(), std::min(wanted + others, largest)));
-    layout()->activate();
+    const int settingsHeight = heightOfSettings();
     m_splitter->setSizes({ settingsHeight, std::max(1, m_splitter->height() - settingsHeight) });
 }
 

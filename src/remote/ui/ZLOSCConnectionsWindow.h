@@ -47,7 +47,9 @@ protected:
 
 private:
     [[nodiscard]] QWidget* buildPanels(ZLOSCConnectionsSetup& setup);
-    void chooseFirstSizes();
+    [[nodiscard]] int heightOfSettings() const;
+    void growForFirstSizes();
+    void giveSettingsTheirRoom();
     void restoreWindowState();
     void saveWindowState() const;
 

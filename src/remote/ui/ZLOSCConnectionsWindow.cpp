@@ -153,7 +153,7 @@ int ZLOSCConnectionsWindow::heightOfSettings() const
 {
     const QLayout* const settings = m_panels->widget()->layout();
     const int width = m_panels->viewport()->width();
-    // The lists ask for no more than their least height, which is no part of what a layout would like to have.
+    // The table of the outputs would like to have no height at all, so its least one has to be asked for.
     return std::max({ settings->totalMinimumSize().height(), settings->totalMinimumHeightForWidth(width),
         settings->totalHeightForWidth(width) });
 }

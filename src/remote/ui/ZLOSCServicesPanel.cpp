@@ -28,8 +28,7 @@ ZLOSCServicesPanel::ZLOSCServicesPanel(
     setObjectName(u"servicesPanel"_s);
     m_services->setObjectName(u"services"_s);
     m_services->setAccessibleName(tr("Services found on the network"));
-    m_services->setMinimumHeight((fontMetrics().height() + 4) * visibleServices);
-    m_services->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    m_services->setFixedHeight((fontMetrics().height() + 4) * visibleServices + 2 * m_services->frameWidth());
     m_note->setObjectName(u"servicesNote"_s);
     m_note->setTextFormat(Qt::PlainText);
     m_note->setWordWrap(true);

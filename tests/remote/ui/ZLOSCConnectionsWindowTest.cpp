@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QAccessible>
+#include <QLabel>
 #include <QListWidget>
 #include <QScreen>
 #include <QScrollArea>
@@ -76,6 +77,9 @@ TEST_F(ZLOSCConnectionsWindowTest, TheSettingsGetTheRoomThatTheyComeToNeed)
     m_browser->show(ZLServiceBrowser::State::Unavailable, u"a reason that takes several lines "_s.repeated(8));
     EXPECT_TRUE(QTest::qWaitFor([&] { return splitter.sizes().constFirst() > before; }));
     EXPECT_EQ(window->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+    const auto& note = child<QLabel>(*window, "servicesNote");
+    EXPECT_GE(note.height(), note.heightForWidth(note.width()));
+    EXPECT_GE(note.y(), child<QListWidget>(*window, "services").geometry().bottom());
 }
 
 TEST_F(ZLOSCConnectionsWindowTest, SizesThatTheUserChoseStay)

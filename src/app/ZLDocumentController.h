@@ -59,6 +59,9 @@ public:
     /// Opens what was open when the program ended, whatever ended it, and every untitled document that was kept; a new
     /// document when there is none of both. Returns what could not be opened, a sentence each.
     QStringList restoreSession();
+    /// Opens every document that was kept aside, untitled or newer than its file, unless it is open already, here or
+    /// elsewhere. Returns what could not be opened, a sentence each.
+    QStringList restoreKeptDocuments(const QStringList& fileNamesToLeaveOut = {});
 
     /// ZLDocumentSaver::saveAs(), unless another open document has the file.
     ZLStatus saveDocumentAs(ZLChapterDocument* document, const QString& path);

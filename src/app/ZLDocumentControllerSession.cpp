@@ -17,10 +17,6 @@ Q_LOGGING_CATEGORY(sessionLog, "zelta.app.session", QtInfoMsg)
 QStringList ZLDocumentController::restoreSession()
 {
     QStringList failures;
-    const auto noteFailure = [&failures](const ZLResult<ZLChapterDocument*>& opened) {
-        if (!opened)
-            failures.append(opened.error().message);
-    };
     {
         // Until everything is open again, the memory of it must not shrink to what is open so far.
         const QScopedValueRollback keeping(m_isSessionKept, true);
@@ -29,20 +25,30 @@ QStringList ZLDocumentController::restoreSession()
         for (const auto& entry : entries) {
             if (entry.kind == ZLOpenDocumentEntry::Kind::Recovery)
                 namedRecoveryFiles.append(QFileInfo(entry.path).fileName());
-            noteFailure(openEntry(entry));
+            if (const auto opened = openEntry(entry); !opened)
+                failures.append(opened.error().message);
         }
-        QStringList recoveryFiles = m_recoveryFolder.files() + m_recoveryFolder.journaledFiles();
-        recoveryFiles.sort();
-        recoveryFiles.removeDuplicates();
-        for (const QString& path : std::as_const(recoveryFiles)) {
-            if (!namedRecoveryFiles.contains(QFileInfo(path).fileName()))
-                noteFailure(openRecoveryFile(path));
-        }
+        failures += restoreKeptDocuments(namedRecoveryFiles);
     }
     if (m_entries.empty())
         newDocument();
     else
         rememberSession();
+    return failures;
+}
+
+QStringList ZLDocumentController::restoreKeptDocuments(const QStringList& fileNamesToLeaveOut)
+{
+    QStringList failures;
+    QStringList recoveryFiles = m_recoveryFolder.files() + m_recoveryFolder.journaledFiles();
+    recoveryFiles.sort();
+    recoveryFiles.removeDuplicates();
+    for (const QString& path : std::as_const(recoveryFiles)) {
+        if (fileNamesToLeaveOut.contains(QFileInfo(path).fileName()))
+            continue;
+        if (const auto opened = openRecoveryFile(path); !opened)
+            failures.append(opened.error().message);
+    }
     return failures;
 }
 

@@ -50,7 +50,9 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
             "main", "zelta: there is neither an X nor a Wayland display, so the recorder runs without a window.\n");
     ZLApplicationSounds sounds;
     // No notifications: whoever runs this reads and types at its streams, and an answer to a button needs a window.
-    ZLApplication application({ .environment = { .bootClock = std::make_shared<ZLBootClock>(), .soundNamed = sounds.soundNamed() } }, ZLApplication::StandardFontSize,
+    ZLApplication application(
+        { .environment = { .bootClock = std::make_shared<ZLBootClock>(), .soundNamed = sounds.soundNamed() } },
+        ZLApplication::StandardFontSize,
         { .oscPort = commandLine.oscPort,
             .oscOutputs = commandLine.oscOutputs,
             .oscPublisher = std::make_unique<ZLAvahiServicePublisher>(),

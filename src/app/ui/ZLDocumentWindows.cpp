@@ -57,11 +57,14 @@ ZLDocumentWindows::~ZLDocumentWindows()
 void ZLDocumentWindows::openAtLaunch(const ZLLaunchRequest& request)
 {
     QStringList problems;
-    if (request.files.isEmpty())
+    if (request.files.isEmpty()) {
         problems = m_controller.restoreSession();
-    for (const QString& path : request.files) {
-        if (const auto opened = m_controller.openDocument(path); !opened)
-            problems += opened.error().message;
+    } else {
+        problems = openFiles(request.files);
+        // Nothing that was kept aside waits for a start without files; what is asked for stays in front of it.
+        ZLChapterDocument* const asked = m_controller.currentOrLastDocument();
+        problems += m_controller.restoreKeptDocuments();
+        bringToFront(asked);
     }
     // What could not be opened is said in a window, so there has to be one.
     if (m_windows.isEmpty() || request.wantsNewDocument)
@@ -80,6 +83,11 @@ void ZLDocumentWindows::openLater(const ZLLaunchRequest& request)
 
 void ZLDocumentWindows::open(const QStringList& paths)
 {
+    showProblems(openFiles(paths));
+}
+
+QStringList ZLDocumentWindows::openFiles(const QStringList& paths)
+{
     QStringList problems;
     for (const QString& path : paths) {
         const auto opened = m_controller.openDocument(path);
@@ -88,7 +96,7 @@ void ZLDocumentWindows::open(const QStringList& paths)
         else
             problems += opened.error().message;
     }
-    showProblems(problems);
+    return problems;
 }
 
 void ZLDocumentWindows::quit()

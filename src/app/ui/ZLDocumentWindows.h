@@ -55,6 +55,8 @@ private:
     [[nodiscard]] ZLChapterDocumentWindow* frontWindow() const;
     /// The window of `document`, else the front window, else null.
     [[nodiscard]] ZLChapterDocumentWindow* windowToTellIn(ZLChapterDocument* document) const;
+    /// Returns what could not be opened, a sentence each.
+    QStringList openFiles(const QStringList& paths);
     void showProblems(const QStringList& problems) const;
     void tellWhatHoldsTheLogOut() const;
     void askWhetherToQuitUnsaved(const QStringList& problems);

@@ -161,3 +161,23 @@ TEST_F(ZLDocumentWindowsTest, WhatWasOpenIsBackAtTheNextStart)
     }
     EXPECT_EQ(all, (QStringList { u"Titled"_s, u"Untitled"_s }));
 }
+
+TEST_F(ZLDocumentWindowsTest, AStartWithAFileAlsoBringsBackWhatWasKeptAsideBehindIt)
+{
+    ZLDocumentControllerSetup other = setup();
+    other.stateFolder = filePath(u"other"_s);
+    const QString path = storedFile(u"show.zelta"_s, u"Titled"_s);
+    {
+        ZLDocumentController life(other);
+        addChapter(life.newDocument(), u"Untitled"_s);
+        EXPECT_EQ(life.saveAllNow(), QStringList());
+        life.keepSessionAsItIs();
+    }
+    ZLDocumentController next(other);
+    ZLDocumentWindows windows(next);
+    windows.openAtLaunch({ .files = { path }, .wantsNewDocument = false });
+    ASSERT_EQ(next.documents().size(), 2);
+    EXPECT_EQ(titles(next.documents().constFirst()), QStringList { u"Titled"_s });
+    EXPECT_EQ(titles(next.documents().constLast()), QStringList { u"Untitled"_s });
+    EXPECT_TRUE(QTest::qWaitForWindowActive(windows.windowOf(next.documents().constFirst())));
+}

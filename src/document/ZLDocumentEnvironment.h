@@ -22,7 +22,8 @@ struct ZLDocumentEnvironment {
     /// Whether Alt is held in the event that is being handled.
     std::function<bool()> isOptionKeyHeld = [] { return false; };
     /// Makes the sound with this resource name.
-    std::function<std::unique_ptr<ZLSound>(const QString& name)> soundNamed
-        = [](const QString&) { return std::make_unique<ZLSilentSound>(); };
+    std::function<std::unique_ptr<ZLSound>(const QString& name)> soundNamed = [](const QString&) {
+        return std::make_unique<ZLSilentSound>();
+    };
     std::shared_ptr<ZLUserNotificationCenter> notificationCenter = std::make_shared<ZLNullUserNotificationCenter>();
 };

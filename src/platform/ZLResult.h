@@ -14,8 +14,14 @@ struct ZLError {
 template <typename Value>
 class [[nodiscard]] ZLResult {
 public:
-    ZLResult(Value value) : m_value(std::move(value)) { }
-    ZLResult(ZLError error) : m_error(std::move(error)) { }
+    ZLResult(Value value)
+        : m_value(std::move(value))
+    {
+    }
+    ZLResult(ZLError error)
+        : m_error(std::move(error))
+    {
+    }
 
     bool isOk() const { return m_value.has_value(); }
     explicit operator bool() const { return isOk(); }

@@ -29,8 +29,8 @@ public:
     explicit ZLMessageBar(QWidget* parent = nullptr);
 
     /// `name` tells messages apart: a message takes the place of the one with the same name, and any other one stays.
-    /// Buttons after the third are left out. The messages in `coveredNames` say the same with less: they are out of sight
-    /// as long as this one is there, and come back when it goes and they are still true.
+    /// Buttons after the third are left out. The messages in `coveredNames` say the same with less: they are out of
+    /// sight as long as this one is there, and come back when it goes and they are still true.
     void showMessage(
         const QString& name, const QString& text, const QList<Button>& buttons, const QStringList& coveredNames = {});
     /// Nothing happens when there is no such message.

@@ -2,6 +2,7 @@
 
 #include "document/saving/ZLDocumentSaver.h"
 #include "document/saving/ZLJournalReader.h"
+#include "support/ZLTemporarySettings.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -23,6 +24,8 @@ protected:
         : recoveryFolder(temporary.filePath(QStringLiteral("state/recovery")))
         , document(environment())
     {
+        // A document has the chapters that a test gives it.
+        ZLSettingsManager::setCreateNewChapterOnStart(false);
         machinery.clock = clock;
         // However busy the machine is, what a test looks for has to be there.
         machinery.journalDisk.longestHandOver = std::chrono::minutes(1);
@@ -117,6 +120,7 @@ protected:
         return contents ? contents.value().duration : -1.0;
     }
 
+    ZLTemporarySettings settings;
     QTemporaryDir temporary;
     std::shared_ptr<SettableClock> clock = std::make_shared<SettableClock>();
     ZLRecoveryFolder recoveryFolder;

@@ -313,58 +313,6 @@ TEST_F(ZLDocumentSaverTest, AnExtensionOfTheUsersIsKept)
     EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"b"_s), QDir::currentPath() + u"/b.zelta"_s);
 }
 
-TEST_F(ZLDocumentSaverTest, RevertGoesBackToTheLastSaveAsOneUndoableStep)
-{
-    const auto saver = titledSaver(filePath("show.zelta"));
-    addChapter("One");
-    EXPECT_TRUE(saver->save());
-    addChapter("Two");
-    addChapter("Three");
-    EXPECT_TRUE(saver->saveNow()) << "saving by itself is no point to go back to";
-
-    EXPECT_TRUE(saver->revert());
-    EXPECT_EQ(document.chapterManager().count(), 1);
-    writeAndSettle(*saver);
-    EXPECT_EQ(titlesIn(saver->path()), QStringList { u"One"_s });
-
-    document.undoManager().undo();
-    EXPECT_EQ(document.chapterManager().count(), 3);
-}
-
-TEST_F(ZLDocumentSaverTest, RevertWithoutASaveGoesBackToTheOpening)
-{
-    addChapter("Stored");
-    const auto saver = titledSaver(filePath("show.zelta"));
-    document.undoManager().removeAllActions();
-    document.deleteLastChapter();
-    EXPECT_TRUE(saver->revert());
-    EXPECT_EQ(document.chapterManager().lastChapter()->title(), u"Stored"_s);
-
-    document.undoManager().removeAllActions();
-    EXPECT_TRUE(saver->revert());
-    EXPECT_FALSE(document.undoManager().canUndo()) << "going back to where it stands is no step";
-}
-
-TEST_F(ZLDocumentSaverTest, RevertEmptiesAnUntitledDocument)
-{
-    const auto saver = untitledSaver();
-    addChapter("One");
-    EXPECT_TRUE(saver->revert());
-    EXPECT_EQ(document.chapterManager().count(), 0);
-    document.undoManager().undo();
-    EXPECT_EQ(document.chapterManager().count(), 1);
-}
-
-TEST_F(ZLDocumentSaverTest, RevertIsRefusedWhileTheClockRuns)
-{
-    const auto saver = titledSaver(filePath("show.zelta"));
-    addChapter("One");
-    document.startRecordingWithTime(clock->seconds);
-    EXPECT_FALSE(saver->revert());
-    EXPECT_GE(document.chapterManager().count(), 1);
-    EXPECT_TRUE(document.isRecording());
-}
-
 TEST_F(ZLDocumentSaverTest, ADiscardedDocumentLeavesNothingAndIsNotWrittenAgain)
 {
     const auto saver = untitledSaver();

@@ -1,7 +1,5 @@
 #include "SavingFixture.h"
 
-#include "support/ZLTemporarySettings.h"
-
 using namespace Qt::StringLiterals;
 
 /// A command is journaled whole and told once, whatever it consists of: a kill finds it done or not begun.
@@ -60,7 +58,6 @@ protected:
         EXPECT_TRUE(document.tableModel().setData(document.tableModel().index(row, column), text, Qt::EditRole));
     }
 
-    ZLTemporarySettings settings;
     std::unique_ptr<ZLDocumentSaver> saver;
     int informs = 0;
     QByteArray stateTold;

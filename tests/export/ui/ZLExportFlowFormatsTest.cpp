@@ -4,7 +4,6 @@
 #include "export/formats/ZLSimpleChaptersExporter.h"
 #include "export/formats/ZLYouTubeExporter.h"
 
-
 class ZLExportFlowFormatsTest : public ZLExportFlowFixture { };
 
 TEST_F(ZLExportFlowFormatsTest, OpensTheYouTubeListAfterwards)

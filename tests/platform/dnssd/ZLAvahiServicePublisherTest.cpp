@@ -133,8 +133,9 @@ TEST_F(ZLAvahiServicePublisherTest, TakesAnotherNameWhenItCollidesLater)
     ASSERT_TRUE(reaches(PublisherState::Published));
     bus.control(u"TakeNamesElsewhere"_s, { QStringList { u"Studio"_s } });
     bus.control(u"SettleLastGroup"_s);
-    EXPECT_TRUE(ZLAvahiBus::comesTrue(
-        [&] { return publisher->state() == PublisherState::Published && publisher->announcedName() == u"Studio #2"_s; }));
+    EXPECT_TRUE(ZLAvahiBus::comesTrue([&] {
+        return publisher->state() == PublisherState::Published && publisher->announcedName() == u"Studio #2"_s;
+    }));
 }
 
 TEST_F(ZLAvahiServicePublisherTest, GivesUpWhenEveryNameIsTaken)

@@ -1,41 +1,12 @@
-#include "platform/osc/ZLOSCInPort.h"
+#include "ZLRecordedInput.h"
 
 #include "LoopbackPeer.h"
-
-#include <QEventLoop>
-#include <QMap>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 using Mode = ZLOSCAccessPolicy::Mode;
-
-/// An input on a port that the system chose, and what it reported.
-class Input {
-public:
-    Input()
-    {
-        EXPECT_TRUE(port.bind(ZLOSCPortRange::exactly(0)).isOk());
-        QObject::connect(&port, &ZLOSCInPort::messageReceived, &port,
-            [this](const ZLOSCReceivedMessage& received) { messages.append(received); });
-        QObject::connect(&port, &ZLOSCInPort::datagramDropped, &port,
-            [this](const ZLOSCDroppedDatagram& sample) { dropped.append(sample); });
-    }
-
-    QStringList addresses() const
-    {
-        QStringList result;
-        for (const ZLOSCReceivedMessage& received : messages)
-            result.append(received.message.address());
-        return result;
-    }
-
-    ZLOSCInPort port { u"Input"_s };
-    QList<ZLOSCReceivedMessage> messages;
-    QList<ZLOSCDroppedDatagram> dropped;
-};
 
 /// Three ports in a row that nobody uses, of which the first ones are then taken.
 class TakenPorts {
@@ -68,44 +39,11 @@ private:
     std::vector<std::unique_ptr<QUdpSocket>> m_sockets;
 };
 
-/// Read on the receiving thread, moved on the test's.
-class FakeReceptionClock final : public ZLHostClock {
-public:
-    double now() const override { return m_time; }
-    void advance(double seconds) { m_time = m_time + seconds; }
-
-private:
-    std::atomic<double> m_time = 100;
-};
-
-/// A computer on which something else always gets to run before the next look at the clock.
-class BusyReceptionClock final : public ZLHostClock {
-public:
-    double now() const override { return m_time = m_time + 1.0; }
-
-private:
-    mutable std::atomic<double> m_time = 100;
-};
-
-QByteArray garbage(int number)
-{
-    switch (number % 4) {
-    case 0:
-        return {};
-    case 1:
-        return "garbage that is no message";
-    case 2:
-        return QByteArray("#bundle\0\0\0\0\0\0\0\0\1\x7f\xff\xff\xfc", 20);
-    default:
-        return encoded(u"/zl/flood"_s, { 1.0F }).chopped(1 + number % 3);
-    }
-}
-
 }
 
 TEST(ZLOSCInPort, aMessageArrivesOnTheMainThreadWithItsSender)
 {
-    Input input;
+    ZLRecordedInput input;
     LoopbackPeer peer;
     ASSERT_TRUE(peer.send(encoded(u"/zl/newChapter"_s, { 1.0F }), input.port.port()));
     ASSERT_TRUE(waitUntil([&] { return input.messages.size() == 1; }));
@@ -115,25 +53,9 @@ TEST(ZLOSCInPort, aMessageArrivesOnTheMainThreadWithItsSender)
     EXPECT_GT(input.messages.first().receivedAt, 0);
 }
 
-TEST(ZLOSCInPort, everyMessageArrivesHoweverBusyTheComputerIs)
-{
-    ZLOSCInPort port(
-        u"Input"_s, nullptr, &ZLOSCConnectedNetworks::ofThisComputer, std::make_shared<BusyReceptionClock>());
-    ASSERT_TRUE(port.bind(ZLOSCPortRange::exactly(0)).isOk());
-    QStringList addresses;
-    QObject::connect(&port, &ZLOSCInPort::messageReceived, &port,
-        [&](const ZLOSCReceivedMessage& received) { addresses.append(received.message.address()); });
-    LoopbackPeer peer;
-    const QStringList sent { u"/one"_s, u"/two"_s, u"/three"_s };
-    for (const QString& address : sent)
-        ASSERT_TRUE(peer.send(encoded(address, { 1.0F }), port.port()));
-    EXPECT_TRUE(waitUntil([&] { return addresses.size() == sent.size(); }));
-    EXPECT_EQ(addresses, sent);
-}
-
 TEST(ZLOSCInPort, IPv6ArrivesWhereTheComputerHasIt)
 {
-    Input input;
+    ZLRecordedInput input;
     LoopbackPeer peer { QHostAddress(QHostAddress::LocalHostIPv6) };
     EXPECT_NE(input.port.port(), 0);
     if (peer.isBound()) {
@@ -145,7 +67,7 @@ TEST(ZLOSCInPort, IPv6ArrivesWhereTheComputerHasIt)
 
 TEST(ZLOSCInPort, aBundleArrivesAsItsMessages)
 {
-    Input input;
+    ZLRecordedInput input;
     LoopbackPeer peer;
     const QList<ZLOSCMessage> messages { ZLOSCMessage(u"/1"_s), ZLOSCMessage(u"/2"_s), ZLOSCMessage(u"/3"_s) };
     ASSERT_TRUE(peer.send(ZLOSCCodec::encodeBundle(messages).value(), input.port.port()));
@@ -155,7 +77,7 @@ TEST(ZLOSCInPort, aBundleArrivesAsItsMessages)
 
 TEST(ZLOSCInPort, theFilterRunsOnTheReceivingThreadAndDecides)
 {
-    Input input;
+    ZLRecordedInput input;
     std::atomic<bool> ranOnTheMainThread = false;
     input.port.setFilter([&, mainThread = QThread::currentThread()](const ZLOSCMessage& message) {
         if (QThread::currentThread() == mainThread)
@@ -176,7 +98,7 @@ TEST(ZLOSCInPort, theFilterRunsOnTheReceivingThreadAndDecides)
 
 TEST(ZLOSCInPort, malformedDatagramsOfAnyKindAreDroppedAndCounted)
 {
-    Input input;
+    ZLRecordedInput input;
     LoopbackPeer peer;
     for (int number = 0; number < 8; ++number)
         ASSERT_TRUE(peer.send(garbage(number), input.port.port()));
@@ -191,7 +113,7 @@ TEST(ZLOSCInPort, malformedDatagramsOfAnyKindAreDroppedAndCounted)
 
 TEST(ZLOSCInPort, whoMayNotSpeakIsNotEvenRead)
 {
-    Input input;
+    ZLRecordedInput input;
     LoopbackPeer peer;
     bool filterRan = false;
     input.port.setFilter([&](const ZLOSCMessage&) { return filterRan = true; });
@@ -210,38 +132,6 @@ TEST(ZLOSCInPort, whoMayNotSpeakIsNotEvenRead)
     ASSERT_TRUE(peer.send(encoded(u"/zl/b"_s, { 1.0F }), input.port.port()));
     ASSERT_TRUE(waitUntil([&] { return !input.messages.isEmpty(); }));
     EXPECT_EQ(input.addresses(), QStringList({ u"/zl/b"_s }));
-}
-
-TEST(ZLOSCInPort, aFloodOfDroppedDatagramsGivesAFewSamplesOfEachReasonEverySecond)
-{
-    const auto clock = std::make_shared<FakeReceptionClock>();
-    ZLOSCInPort port(u"Input"_s, nullptr, &ZLOSCConnectedNetworks::ofThisComputer, clock);
-    port.setFilter([](const ZLOSCMessage& message) { return message.floatValue() > 0; });
-    ASSERT_TRUE(port.bind(ZLOSCPortRange::exactly(0)).isOk());
-    QMap<ZLOSCDropReason, int> samples;
-    QObject::connect(&port, &ZLOSCInPort::datagramDropped, &port,
-        [&](const ZLOSCDroppedDatagram& dropped) { ++samples[dropped.reason]; });
-    LoopbackPeer peer;
-    quint64 sent = 0;
-    const auto flood = [&](const QByteArray& datagram) {
-        for (int number = 0; number < 100; ++number) {
-            ASSERT_TRUE(peer.send(datagram, port.port()));
-            ASSERT_TRUE(waitUntil([&] { return port.counters().received == sent + 1; }));
-            ++sent;
-        }
-    };
-    flood("garbage");
-    flood(encoded(u"/zl/a"_s, { 0.0F }));
-    ASSERT_TRUE(waitUntil([&] { return samples.value(ZLOSCDropReason::Filtered) == 20; }));
-    EXPECT_EQ(samples.value(ZLOSCDropReason::Malformed), 20);
-    clock->advance(1);
-    flood("garbage");
-    ASSERT_TRUE(waitUntil([&] { return samples.value(ZLOSCDropReason::Malformed) == 30; }));
-    // What comes after shows that nothing more was under way.
-    clock->advance(1);
-    ASSERT_TRUE(peer.send(encoded(u"/zl/a"_s, { 0.0F }), port.port()));
-    ASSERT_TRUE(waitUntil([&] { return samples.value(ZLOSCDropReason::Filtered) == 21; }));
-    EXPECT_EQ(samples.value(ZLOSCDropReason::Malformed), 30);
 }
 
 TEST(ZLOSCInPort, theConnectedNetworksAreAskedForBeforeASenderIsRefused)
@@ -304,7 +194,7 @@ TEST(ZLOSCInPort, twoInputsNeverShareAPort)
 
 TEST(ZLOSCInPort, afterMovingOnlyTheNewPortListens)
 {
-    Input input;
+    ZLRecordedInput input;
     LoopbackPeer peer;
     const quint16 oldPort = input.port.port();
     QUdpSocket holder;
@@ -324,101 +214,4 @@ TEST(ZLOSCInPort, theDefaultRangeIsTheDocumentedOne)
     EXPECT_EQ(ZLOSCPortRange(), (ZLOSCPortRange { 9358, 9367 }));
     EXPECT_EQ(ZLOSCPortRange::startingAt(7000), (ZLOSCPortRange { 7000, 7009 }));
     EXPECT_EQ(ZLOSCPortRange::startingAt(65530), (ZLOSCPortRange { 65530, 65535 }));
-}
-
-TEST(ZLOSCInPort, aFloodIsBoundedAndTheHonestPressAfterItArrives)
-{
-    constexpr int floodSize = 50000;
-    constexpr quint64 mostUnread = 60;
-    Input input;
-    LoopbackPeer peer;
-    quint64 valid = 0;
-    for (int number = 0; number < floodSize; ++number) {
-        const bool isValid = number % 2 == 0;
-        valid += isValid ? 1 : 0;
-        ASSERT_TRUE(
-            peer.send(isValid ? encoded(u"/zl/flood"_s, { qint32(number) }) : garbage(number / 2), input.port.port()));
-        // Loopback loses datagrams only when too many of them are unread, so each of them is seen.
-        ASSERT_TRUE(waitWithoutEvents([&] { return input.port.counters().received + mostUnread > quint64(number); }));
-    }
-    ASSERT_TRUE(peer.send(encoded(u"/zl/honest"_s, { 1.0F }), input.port.port()));
-    ASSERT_TRUE(waitWithoutEvents([&] { return input.port.counters().received == floodSize + 1; }));
-    ASSERT_TRUE(waitWithoutEvents([&] { return input.port.counters().accepted == valid + 1; }));
-    EXPECT_TRUE(input.messages.isEmpty()) << "nothing may be handled before the main thread is free";
-
-    ASSERT_TRUE(waitUntil([&] { return input.addresses().contains(u"/zl/honest"_s); }));
-    EXPECT_EQ(input.addresses().last(), u"/zl/honest"_s);
-    EXPECT_EQ(input.messages.size(), ZLOSCReception::mostMessages);
-    EXPECT_EQ(input.port.longestQueue(), ZLOSCReception::mostMessages);
-    const ZLOSCInPortCounters counters = input.port.counters();
-    EXPECT_EQ(counters.malformed, floodSize - valid);
-    EXPECT_EQ(counters.accepted, valid + 1);
-    EXPECT_EQ(counters.overflow, valid + 1 - quint64(ZLOSCReception::mostMessages));
-    EXPECT_LE(input.dropped.size(), ZLOSCReception::mostSamples);
-}
-
-TEST(ZLOSCInPort, theMainThreadHandlesOtherEventsBetweenMessages)
-{
-    Input input;
-    LoopbackPeer peer;
-    for (int number = 0; number < 200; ++number) {
-        ASSERT_TRUE(peer.send(encoded(u"/a"_s, { 1.0F }), input.port.port()));
-        ASSERT_TRUE(waitWithoutEvents([&] { return input.port.counters().accepted == quint64(number) + 1; }));
-    }
-    qsizetype mostBetweenTwoEvents = 0;
-    qsizetype handledBefore = 0;
-    QTimer otherWork;
-    QObject::connect(&otherWork, &QTimer::timeout, &otherWork, [&] {
-        mostBetweenTwoEvents = qMax(mostBetweenTwoEvents, input.messages.size() - handledBefore);
-        handledBefore = input.messages.size();
-    });
-    otherWork.start(0);
-    ASSERT_TRUE(waitUntil([&] { return input.messages.size() == 200; }));
-    ASSERT_TRUE(waitUntil([&] { return handledBefore == 200; }));
-    EXPECT_LE(mostBetweenTwoEvents, 64);
-}
-
-TEST(ZLOSCInPort, largeMessagesAreBoundedByTheirSize)
-{
-    Input input;
-    LoopbackPeer peer;
-    for (int number = 0; number < 100; ++number) {
-        ASSERT_TRUE(peer.send(encoded(u"/large"_s, { QString(60000, u'x') }), input.port.port()));
-        ASSERT_TRUE(waitWithoutEvents([&] { return input.port.counters().accepted == quint64(number) + 1; }));
-    }
-    EXPECT_LE(input.port.longestQueue(), ZLOSCReception::mostMessageBytes / 60000);
-    EXPECT_GE(input.port.longestQueue(), 10);
-}
-
-TEST(ZLOSCInPort, messagesGoOnWhileOneOfThemHoldsAnEventLoopOfItsOwn)
-{
-    Input input;
-    LoopbackPeer peer;
-    QEventLoop dialog;
-    QObject::connect(&input.port, &ZLOSCInPort::messageReceived, &dialog, [&](const ZLOSCReceivedMessage& received) {
-        if (received.message.address() == u"/open"_s)
-            dialog.exec();
-        else if (received.message.address() == u"/close"_s)
-            dialog.quit();
-    });
-    ASSERT_TRUE(peer.send(encoded(u"/open"_s), input.port.port()));
-    ASSERT_TRUE(peer.send(encoded(u"/between"_s), input.port.port()));
-    ASSERT_TRUE(peer.send(encoded(u"/close"_s), input.port.port()));
-    ASSERT_TRUE(waitUntil([&] { return input.messages.size() == 3 && !dialog.isRunning(); }));
-    EXPECT_EQ(input.addresses(), QStringList({ u"/open"_s, u"/between"_s, u"/close"_s }));
-}
-
-TEST(ZLOSCInPort, anInputMayGoWhileMessagesPourIn)
-{
-    LoopbackPeer peer;
-    for (int round = 0; round < 20; ++round) {
-        auto port = std::make_unique<ZLOSCInPort>(u"Input"_s);
-        ASSERT_TRUE(port->bind(ZLOSCPortRange::exactly(0)).isOk());
-        for (int number = 0; number < 50; ++number)
-            ASSERT_TRUE(peer.send(encoded(u"/a"_s), port->port()));
-        if (round % 2 == 0) {
-            QObject::connect(port.get(), &ZLOSCInPort::messageReceived, qApp, [&] { port.reset(); });
-            ASSERT_TRUE(waitUntil([&] { return !port; }));
-        }
-    }
 }

@@ -2,6 +2,7 @@
 
 #include "platform/dnssd/ZLAvahiDaemon.h"
 
+#include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
@@ -50,8 +51,8 @@ void ZLAvahiObject::create(const ZLAvahiDaemon& daemon, const QString& method, c
             self->objectWasCreated();
         }
     };
-    // The parent stays when this object goes before the answer, and the one that Avahi made meanwhile can be freed.
-    daemon.callServer(method, arguments, parent(), receive);
+    // This object and its owner may go before the answer; what Avahi made meanwhile is freed all the same.
+    daemon.callServer(method, arguments, QCoreApplication::instance(), receive);
 }
 
 void ZLAvahiObject::listen(const QString& signal, const char* slot)

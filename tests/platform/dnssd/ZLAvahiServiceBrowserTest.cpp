@@ -245,6 +245,18 @@ TEST_F(ZLAvahiServiceBrowserTest, EndsItsBrowserAtAvahi)
     EXPECT_TRUE(bus.hears(u"free resolver Mixer"_s));
 }
 
+TEST_F(ZLAvahiServiceBrowserTest, EndsWhatAvahiIsStillMaking)
+{
+    ASSERT_TRUE(bus.startAvahi());
+    auto* const hasty = new ZLAvahiServiceBrowser(u"_osc._udp"_s, bus.connection());
+    // It looks from now on, so that its browser was asked for and has not come yet.
+    QObject::connect(hasty, &ZLServiceBrowser::stateDidChange, hasty, [hasty] {
+        if (hasty->state() == State::Browsing)
+            hasty->deleteLater();
+    });
+    EXPECT_TRUE(bus.hears(u"free browser"_s));
+}
+
 TEST_F(ZLAvahiServiceBrowserTest, SaysThatThereIsNoBus)
 {
     const ZLAvahiServiceBrowser alone { u"_osc._udp"_s, QDBusConnection(u"no such connection"_s) };

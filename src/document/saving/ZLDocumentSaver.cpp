@@ -1,5 +1,7 @@
 #include "document/saving/ZLDocumentSaver.h"
 
+#include "document/saving/ZLNewIdentifiers.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -27,6 +29,7 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     if (!isUntitled()) {
         m_bytesOnDisk = currentBytes();
         m_revertBytes = m_bytesOnDisk;
+        m_openedBytes = fileBytes;
         m_fileDigest = ZLJournalRecords::digestOf(fileBytes.isEmpty() ? m_bytesOnDisk : fileBytes);
     }
     watchDocument();
@@ -131,7 +134,7 @@ ZLStatus ZLDocumentSaver::save()
     if (isUntitled())
         return ZLError { tr("“%1” has no file yet.").arg(m_document.displayName()) };
     // The user's word counts also when another program took the file away.
-    if (!QFile::exists(m_path))
+    if (!QFile::exists(m_path) || ZLNewIdentifiers::areMissingIn(m_openedBytes))
         m_bytesOnDisk.clear();
     const ZLStatus saved = saveNow();
     if (saved)

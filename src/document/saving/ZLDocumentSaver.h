@@ -89,7 +89,8 @@ public:
     /// Writes the newest state before it returns, a running clock with its reading. Success also when there was
     /// nothing to write. After a failure the saver goes on trying.
     ZLStatus saveNow();
-    /// The user's own save of a titled document, which revert() goes back to.
+    /// The user's own save of a titled document, which revert() goes back to. It also writes the UUIDs that chapters of
+    /// the file lack, although nothing else is new.
     ZLStatus save();
     /// Makes `path` the document's file, see pathWithExtension(), and writes it. The file of the recovery folder goes.
     /// A failure leaves everything as it was.
@@ -176,6 +177,8 @@ private:
     QByteArray m_fileDigest;
     std::shared_ptr<ZLBackgroundWrite> m_backgroundWrite;
     QByteArray m_bytesOnDisk;
+    /// What was read when the document was opened, until it is written for the first time.
+    QByteArray m_openedBytes;
     /// Since when they are there.
     QDateTime m_timeOfBytes;
     /// Absent as long as there is nothing to have been otherwise before.

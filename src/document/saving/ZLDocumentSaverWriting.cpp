@@ -119,8 +119,10 @@ bool ZLDocumentSaver::keepNothingOfEmptyDocument()
 
 void ZLDocumentSaver::noteSuccess(const ZLWriteOrder& order, const QByteArray& digest)
 {
-    if (m_bytesOnDisk != order.bytes)
+    if (m_bytesOnDisk != order.bytes) {
         m_timeOfBytes = m_document.wallClockTime();
+        m_openedBytes.clear();
+    }
     m_bytesOnDisk = order.bytes;
     m_fileDigest = digest;
     if (order.revision == m_revision) {

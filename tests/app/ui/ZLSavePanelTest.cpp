@@ -29,6 +29,26 @@ TEST_F(ZLSavePanelTest, SavingATitledDocumentWritesAtOnce)
     EXPECT_EQ(passingMessage(document), u"Saved. Changes from here on are saved by themselves."_s);
 }
 
+TEST_F(ZLSavePanelTest, SavingGivesChaptersWithoutAnIdentifierTheirsAlthoughNothingWasEdited)
+{
+    const QString path = filePath(u"show.zelta"_s);
+    QVariantMap chapter = ZLChapter().dictionaryRepresentation();
+    chapter.remove(ZLChapterKey::UUID);
+    ASSERT_TRUE(ZLAtomicFile::write(path, ZLDocumentFile::encode({ .chapters = { chapter }, .templates = {} })));
+    const auto identifier = [this, &path] {
+        ZLChapterDocument* document = openFile(path);
+        const QString uuid = document->chapterManager().chapterAtIndex(0)->uuid();
+        EXPECT_TRUE(m_controller.closeDocument(document, ZLClosing::Keep));
+        return uuid;
+    };
+    EXPECT_NE(identifier(), identifier()) << "opening alone writes nothing";
+    ZLChapterDocument* document = openFile(path);
+    const QString uuid = document->chapterManager().chapterAtIndex(0)->uuid();
+    trigger(document, u"save"_s);
+    EXPECT_TRUE(m_controller.closeDocument(document, ZLClosing::Keep));
+    EXPECT_EQ(identifier(), uuid);
+}
+
 TEST_F(ZLSavePanelTest, CancellingChangesNothing)
 {
     ZLChapterDocument* document = newDocument();

@@ -2,10 +2,8 @@
 
 #include "document/saving/ZLJournalChange.h"
 #include "document/saving/ZLJournalRecord.h"
-#include "model/ZLChapter.h"
 
 #include <QCoreApplication>
-#include <QSet>
 
 #include <algorithm>
 #include <iterator>
@@ -71,18 +69,6 @@ bool applyRecord(const ZLJournalRecord& record, ZLJournaledDocument& document)
     return contents.isOk();
 }
 
-/// A mark is told, and so journaled, before the template it was made from leaves the list. After a kill between the two
-/// the template would be offered once more, stamped with the time of the mark that it has become.
-void removeTemplatesThatAreChapters(ZLDocumentContents& contents)
-{
-    const auto uuidOf = [](const QVariant& chapter) { return chapter.toMap().value(ZLChapterKey::UUID).toString(); };
-    QSet<QString> uuidsOfChapters;
-    for (const QVariant& chapter : std::as_const(contents.chapters))
-        uuidsOfChapters.insert(uuidOf(chapter));
-    uuidsOfChapters.remove(QString());
-    contents.templates.removeIf([&](const QVariant& each) { return uuidsOfChapters.contains(uuidOf(each)); });
-}
-
 /// A version is noted before it is written, by another thread than changes are, so its place among them says nothing.
 /// Nor does it matter whether a change or the snapshot brought what is newer: a journal that was begun anew has all of
 /// it in its snapshot.
@@ -121,7 +107,6 @@ ZLResult<ZLJournaledDocument> ZLJournalReader::read(QByteArrayView bytes)
             break;
         }
     }
-    removeTemplatesThatAreChapters(document.contents);
     document.hasChangesSinceFile = isNewerThanFile(document);
     return document;
 }

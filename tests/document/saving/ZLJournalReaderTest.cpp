@@ -194,7 +194,7 @@ TEST_F(ZLJournalReaderTest, ASnapshotThatTheFileDoesNotShowIsAChange)
     EXPECT_TRUE(read.value().isWhollyIn(same));
 }
 
-TEST_F(ZLJournalReaderTest, ATemplateThatHasBecomeAChapterIsNotOfferedAgain)
+TEST_F(ZLJournalReaderTest, ATemplateWithTheIdentifierOfAChapterIsBackToo)
 {
     const QVariantMap mark { { u"Title"_s, u"T"_s }, { u"UUID"_s, u"1"_s }, { u"TimeStamp"_s, 3.0 } };
     const QVariantMap next { { u"Title"_s, u"U"_s }, { u"UUID"_s, u"2"_s } };
@@ -205,5 +205,5 @@ TEST_F(ZLJournalReaderTest, ATemplateThatHasBecomeAChapterIsNotOfferedAgain)
     const auto read = ZLJournalReader::read(bytes);
     ASSERT_TRUE(read);
     EXPECT_EQ(titles(read.value().contents.chapters), (QStringList { u"A"_s, u"B"_s, u"T"_s }));
-    EXPECT_EQ(titles(read.value().contents.templates), QStringList { u"U"_s });
+    EXPECT_EQ(titles(read.value().contents.templates), (QStringList { u"T"_s, u"U"_s }));
 }

@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// What happens to what a closed document leaves.
@@ -100,7 +101,8 @@ private:
     [[nodiscard]] ZLResult<ZLChapterDocument*> openFile(const QString& path);
     [[nodiscard]] ZLResult<ZLChapterDocument*> openRecoveryFile(const QString& path);
     [[nodiscard]] ZLResult<ZLChapterDocument*> openRecovered(ZLRecoveredDocument recovered);
-    void setAside(const ZLRecoveredDocument& recovered);
+    /// For what a journal holds beyond its file, which another program changed meanwhile; absent for nothing.
+    [[nodiscard]] std::optional<Entry> makeEntrySetAside(const ZLRecoveredDocument& recovered) const;
     ZLChapterDocument* adoptOpened(Entry entry, const QString& path);
     [[nodiscard]] ZLResult<ZLChapterDocument*> openEntry(const ZLOpenDocumentEntry& entry);
     [[nodiscard]] ZLChapterDocument* documentAtPath(const QString& path) const;

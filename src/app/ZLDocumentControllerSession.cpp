@@ -101,10 +101,16 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecovered(ZLRecoveredDocu
     const bool isSuperseded = bytes && !bytes.value().isEmpty()
         && (!journal.belongsTo(bytes.value()) || (!isUntitled && journal.isWhollyIn(bytes.value())));
     if (isSuperseded) {
-        setAside(recovered);
-        recovered.file->removeJournal();
+        std::optional<Entry> aside = makeEntrySetAside(recovered);
+        // A titled document is read past its journal, which can wait until there is room for what is set aside.
+        if (isUntitled || !aside || aside->saver->state() == ZLSavingState::Saved)
+            recovered.file->removeJournal();
         recovered.file.reset();
-        return isUntitled ? openRecoveryFile(path) : openFile(path);
+        const auto opened = isUntitled ? openRecoveryFile(path) : openFile(path);
+        // Behind the document that was asked for, which commands from outside are meant for.
+        if (aside)
+            adopt(std::move(*aside));
+        return opened;
     }
     auto document = makeDocument();
     document->readFromData(ZLDocumentFile::encode(journal.contents));
@@ -117,10 +123,11 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecovered(ZLRecoveredDocu
                       : adoptOpened({ std::move(document), std::move(saver) }, path);
 }
 
-void ZLDocumentController::setAside(const ZLRecoveredDocument& recovered)
+std::optional<ZLDocumentController::Entry> ZLDocumentController::makeEntrySetAside(
+    const ZLRecoveredDocument& recovered) const
 {
     if (!recovered.journal.hasChangesSinceFile)
-        return;
+        return std::nullopt;
     auto document = makeDocument();
     document->readFromData(ZLDocumentFile::encode(recovered.journal.contents));
     document->setDisplayName(tr("%1 (recovered)").arg(QFileInfo(recovered.journal.filePath).fileName()));
@@ -129,7 +136,7 @@ void ZLDocumentController::setAside(const ZLRecoveredDocument& recovered)
     // Nothing may be lost between here and there: it is in the other file before the journal goes.
     if (const ZLStatus saved = saver->saveNow(); !saved)
         qCWarning(sessionLog) << saved.error().message;
-    adopt({ std::move(document), std::move(saver) });
+    return Entry { std::move(document), std::move(saver) };
 }
 
 void ZLDocumentController::rememberSession()

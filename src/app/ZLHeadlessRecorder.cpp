@@ -2,6 +2,7 @@
 
 #include "app/ZLActionRouting.h"
 #include "app/ZLChapterChanges.h"
+#include "app/ZLHeadlessSavingReports.h"
 #include "platform/ZLLineReader.h"
 #include "platform/ZLSignalWatcher.h"
 #include "remote/ZLOSCController.h"
@@ -40,21 +41,6 @@ QString describeChapter(qsizetype index, const ZLChapter& chapter)
         .arg(QString::number(index + 1), chapter.timeString(), titleForLine(chapter.title()));
 }
 
-QString describeSaving(const ZLDocumentSaver& saver)
-{
-    switch (saver.state()) {
-    case ZLSavingState::Saved:
-        return ZLHeadlessRecorder::tr("saved");
-    case ZLSavingState::Waiting:
-    case ZLSavingState::Saving:
-        return ZLHeadlessRecorder::tr("being saved");
-    case ZLSavingState::Failed:
-    case ZLSavingState::Conflict:
-        break;
-    }
-    return ZLHeadlessRecorder::tr("not saved: %1").arg(saver.failureText());
-}
-
 }
 
 ZLHeadlessStreams ZLHeadlessStreams::standard()
@@ -70,6 +56,7 @@ ZLHeadlessRecorder::ZLHeadlessRecorder(ZLDocumentController& controller, ZLHeadl
     : QObject(parent)
     , m_controller(controller)
     , m_streams(std::move(streams))
+    , m_savingReports(new ZLHeadlessSavingReports(controller, m_streams.complain, this))
 {
 }
 
@@ -87,15 +74,8 @@ ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadles
     std::signal(SIGPIPE, SIG_IGN);
     m_signals = new ZLSignalWatcher({ SIGINT, SIGTERM, SIGHUP }, this);
     connect(m_signals, &ZLSignalWatcher::didReceiveSignal, this, &ZLHeadlessRecorder::terminate);
-    if (file) {
-        if (const auto opened = m_controller.openDocument(*file, ZLMissingFile::Create); !opened)
-            return opened.error();
-    } else {
-        const QStringList failures = m_controller.restoreSession();
-        for (const QString& failure : failures)
-            m_streams.complain(failure);
-    }
-    m_document = m_controller.currentOrLastDocument();
+    if (const ZLStatus opened = openDocuments(file); !opened)
+        return opened;
     m_reported = takeSnapshot();
     m_chapterChanges = std::make_unique<ZLChapterChanges>(m_document->chapterManager());
     watchDocuments();
@@ -111,6 +91,22 @@ ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadles
     else if (headlessStart == ZLHeadlessStart::Recording)
         performAction(*ZLRemoteActions::withIdentifier(ZLControllerToggleRecordingAction));
     openInput();
+    return ZLDone {};
+}
+
+ZLStatus ZLHeadlessRecorder::openDocuments(const std::optional<QString>& file)
+{
+    if (file) {
+        const auto opened = m_controller.openDocument(*file, ZLMissingFile::Create);
+        if (!opened)
+            return opened.error();
+        m_document = opened.value();
+    } else {
+        const QStringList failures = m_controller.restoreSession();
+        for (const QString& failure : failures)
+            m_streams.complain(failure);
+        m_document = m_controller.currentOrLastDocument();
+    }
     return ZLDone {};
 }
 
@@ -158,16 +154,7 @@ void ZLHeadlessRecorder::watchDocuments()
     connect(m_document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLHeadlessRecorder::scheduleReport);
     connect(m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLHeadlessRecorder::scheduleReport);
     connect(m_document, &ZLChapterDocument::undecidedSleepsDidChange, this, &ZLHeadlessRecorder::reportSleep);
-    const auto documents = m_controller.documents();
-    for (const ZLChapterDocument* document : documents) {
-        const ZLDocumentSaver* saver = m_controller.saverOf(document);
-        connect(saver, &ZLDocumentSaver::stateDidChange, this, [this, saver] {
-            reportSaving(*saver);
-            reportRecovery(*saver);
-        });
-        // Of a document that came back, this may have been so from the start.
-        reportRecovery(*saver);
-    }
+    m_savingReports->begin(m_document);
 }
 
 void ZLHeadlessRecorder::scheduleReport()
@@ -199,36 +186,6 @@ void ZLHeadlessRecorder::reportChapters()
     const auto added = m_chapterChanges->takeAdded();
     for (const auto& [index, chapter] : added)
         print(describeChapter(index, *chapter));
-}
-
-void ZLHeadlessRecorder::reportSaving(const ZLDocumentSaver& saver)
-{
-    const QString failure = saver.failureText();
-    if (std::exchange(m_reportedFailure, failure) == failure)
-        return;
-    if (failure.isEmpty())
-        m_streams.complain(tr("Saved again."));
-    else if (saver.state() == ZLSavingState::Conflict)
-        m_streams.complain(
-            tr("Cannot save: %1 \"mine\" writes over it, \"theirs\" takes it over, \"both\" goes on in a "
-               "new file.")
-                .arg(failure));
-    else
-        m_streams.complain(tr("Cannot save: %1. Trying again until it works.").arg(failure));
-}
-
-void ZLHeadlessRecorder::reportRecovery(const ZLDocumentSaver& saver)
-{
-    const QString failure = saver.recoveryFailureText();
-    if (std::exchange(m_reportedRecoveryFailure, failure) == failure)
-        return;
-    if (failure.isEmpty())
-        m_streams.complain(tr("The recovery folder can be written again."));
-    else
-        m_streams.complain(
-            tr("The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying again "
-               "until it works.")
-                .arg(failure));
 }
 
 void ZLHeadlessRecorder::reportInterruption()
@@ -341,7 +298,7 @@ void ZLHeadlessRecorder::settleConflict(const std::function<ZLStatus(ZLDocumentS
         return;
     if (const ZLStatus settled = decision(*saver); !settled)
         m_streams.complain(settled.error().message);
-    print(tr("file: %1, %2").arg(saver->path(), describeSaving(*saver)));
+    print(tr("file: %1, %2").arg(saver->path(), ZLHeadlessSavingReports::describe(*saver)));
 }
 
 void ZLHeadlessRecorder::printStatus(const QString&)
@@ -355,8 +312,20 @@ void ZLHeadlessRecorder::printStatus(const QString&)
     print(tr("chapters: %1").arg(m_document->chapterManager().count()));
     if (now.selectedChapter)
         print(tr("selected: %1").arg(describeChapter(m_document->selectedRow(), *now.selectedChapter)));
-    print(tr("file: %1").arg(describeSaving(*saver)));
+    print(tr("file: %1").arg(ZLHeadlessSavingReports::describe(*saver)));
+    printOtherDocuments();
     printPort();
+}
+
+void ZLHeadlessRecorder::printOtherDocuments()
+{
+    const auto documents = m_controller.documents();
+    for (const ZLChapterDocument* document : documents) {
+        const ZLDocumentSaver& saver = *m_controller.saverOf(document);
+        if (document != m_document)
+            print(tr("also open: %1, %2")
+                      .arg(ZLHeadlessSavingReports::nameOf(*document, saver), ZLHeadlessSavingReports::describe(saver)));
+    }
 }
 
 void ZLHeadlessRecorder::printPort()

@@ -11,6 +11,7 @@
 #include <vector>
 
 class ZLChapterChanges;
+class ZLHeadlessSavingReports;
 class ZLLineReader;
 class ZLOSCController;
 class ZLSignalWatcher;
@@ -27,7 +28,7 @@ struct ZLHeadlessStreams {
     [[nodiscard]] static ZLHeadlessStreams standard();
 };
 
-/// Records into one document without a window. It obeys commands from its input and says in a line what became of each,
+/// Records into one document without a window; what else is open stands behind it. It obeys commands from its input and says in a line what became of each,
 /// also of those that reach the document by another way. The end of the input ends nothing, since a service has none.
 class ZLHeadlessRecorder : public QObject {
     Q_OBJECT
@@ -88,29 +89,28 @@ private:
     void settleConflict(const std::function<ZLStatus(ZLDocumentSaver&)>& decision);
     void reportInterruption();
     void reportSleep();
+    void printOtherDocuments();
     void printPort();
 
+    ZLStatus openDocuments(const std::optional<QString>& file);
     void openInput();
     void watchDocuments();
     void scheduleReport();
     /// Prints what has changed since the last report.
     void report();
     void reportChapters();
-    void reportSaving(const ZLDocumentSaver& saver);
-    void reportRecovery(const ZLDocumentSaver& saver);
     void print(const QString& line);
     [[nodiscard]] Snapshot takeSnapshot() const;
 
     ZLDocumentController& m_controller;
     ZLHeadlessStreams m_streams;
     const ZLOSCController* m_oscController = nullptr;
+    ZLHeadlessSavingReports* m_savingReports;
     ZLChapterDocument* m_document = nullptr;
     std::unique_ptr<ZLChapterChanges> m_chapterChanges;
     ZLLineReader* m_input = nullptr;
     ZLSignalWatcher* m_signals = nullptr;
     Snapshot m_reported;
-    QString m_reportedFailure;
-    QString m_reportedRecoveryFailure;
     bool m_isReportDue = false;
     bool m_hasPrinted = false;
 };

@@ -122,10 +122,26 @@ TEST_F(ZLDocumentControllerRecoveryTest, RecoveryDataOfAFileThatChangedSinceAreS
     ZLChapterDocument* document = open(path);
     ASSERT_EQ(document->chapterManager().count(), 1);
     EXPECT_EQ(document->chapterManager().chapterAtIndex(0)->title(), u"Theirs"_s);
-    EXPECT_TRUE(openDocuments().contains(u"show.zelta (recovered):Stored"_s)) << "what was set aside is to be seen";
+    EXPECT_EQ(openDocuments(), (QStringList { u"show.zelta:Theirs"_s, u"show.zelta (recovered):Stored"_s }))
+        << "what was set aside is to be seen, behind what was asked for";
+    EXPECT_EQ(controller->currentOrLastDocument(), document);
     EXPECT_EQ(recoveryFiles().size(), 1);
     start();
     EXPECT_EQ(open(path)->chapterManager().count(), 1) << "and is not applied later";
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, ATemplateWithTheIdentifierOfAChapterIsBackAfterAKill)
+{
+    const QString path = filePath("show.zelta");
+    const QVariantMap both { { ZLChapterKey::TimeStamp, 3.0 }, { ZLChapterKey::Enabled, true },
+        { ZLChapterKey::Title, u"Both"_s }, { ZLChapterKey::Link, QString() }, { ZLChapterKey::Tags, QString() },
+        { ZLChapterKey::Date, wallClock }, { ZLChapterKey::UUID, u"1"_s } };
+    ASSERT_TRUE(ZLAtomicFile::write(path, ZLDocumentFile::encode({ .chapters = { both }, .templates = { both } })));
+    addChapter(*open(path), "Marked live");
+    start();
+    ZLChapterDocument* document = open(path);
+    EXPECT_EQ(document->chapterManager().count(), 2);
+    EXPECT_EQ(document->templateViewController().chapterManager().count(), 1);
 }
 
 TEST_F(ZLDocumentControllerRecoveryTest, AFileThatIsOutOfReachAtTheStartIsBackFromTheJournalAndWrittenLater)

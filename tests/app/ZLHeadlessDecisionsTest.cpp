@@ -180,3 +180,41 @@ TEST_F(ZLHeadlessDecisionsTest, WithoutAConflictThereIsNothingToDecide)
         EXPECT_EQ(answerTo(QString::fromLatin1(answer)), QStringList { u"no other program changed the file"_s });
     EXPECT_FALSE(document->undoManager().canUndo());
 }
+
+TEST_F(ZLHeadlessDecisionsTest, TheFileThatWasAskedForRecordsAlsoWhenItsJournalNoLongerFits)
+{
+    start(ZLHeadlessStart::Recording);
+    answerTo(u"newChapter"_s);
+    answerTo(u"title Mine"_s);
+    beginProcess();
+    ZLChapterDocument theirs({});
+    ZLDocumentContents longer;
+    longer.duration = 60.0;
+    theirs.adoptContents(longer);
+    ASSERT_TRUE(ZLAtomicFile::write(path, theirs.dataOfType()));
+    start(ZLHeadlessStart::Recording);
+    ASSERT_EQ(controller->documents().size(), 2);
+    EXPECT_EQ(controller->saverOf(controller->currentOrLastDocument())->path(), path) << "a remote control is heard";
+    EXPECT_TRUE(document->isRecording());
+    answerTo(u"newChapter"_s);
+    answerTo(u"title Now"_s);
+    EXPECT_EQ(titlesOf(*controller->documents().last()), QStringList { u"Mine"_s }) << "kept behind it";
+    EXPECT_TRUE(answerTo(u"status"_s).contains(u"also open: show.zelta (recovered), saved"_s))
+        << qPrintable(output.join(u'\n'));
+    EXPECT_EQ(controller->saveAllNow(), QStringList());
+    EXPECT_EQ(titlesIn(path), QStringList { u"Now"_s });
+}
+
+TEST_F(ZLHeadlessDecisionsTest, WhoseVersionOfAnotherDocumentStaysIsNotAskedHere)
+{
+    start();
+    ZLChapterDocument* other = controller->newDocument();
+    const QString otherPath = temporary.filePath(u"other.zelta"_s);
+    ASSERT_TRUE(controller->saveDocumentAs(other, otherPath));
+    ASSERT_TRUE(ZLAtomicFile::write(otherPath, "somebody else's"));
+    other->addChapter(std::make_shared<ZLChapter>());
+    EXPECT_FALSE(controller->saverOf(other)->saveNow());
+    ASSERT_EQ(errors.size(), 1);
+    EXPECT_TRUE(errors.first().contains(otherPath)) << qPrintable(errors.first());
+    EXPECT_FALSE(errors.first().contains(u"\"mine\""_s)) << qPrintable(errors.first());
+}

@@ -171,7 +171,29 @@ TEST_F(ZLHeadlessRecorderTest, ASaveThatFailsIsToldAndEndsWithAFailure)
     EXPECT_EQ(exitStatus, ZLExitStatus::Failed);
     ASSERT_TRUE(QDir().mkpath(temporary.filePath(u"stick"_s)));
     EXPECT_TRUE(saver->saveNow());
-    EXPECT_EQ(errors.last(), u"Saved again."_s);
+    EXPECT_EQ(errors.last(), u"Saved again: %1"_s.arg(path));
+}
+
+TEST_F(ZLHeadlessRecorderTest, EachDocumentTellsForItselfWhetherItIsSaved)
+{
+    ASSERT_TRUE(QDir().mkpath(temporary.filePath(u"stick"_s)));
+    path = temporary.filePath(u"stick/show.zelta"_s);
+    start();
+    ZLChapterDocument* other = controller->newDocument();
+    ASSERT_TRUE(controller->saveDocumentAs(other, temporary.filePath(u"other.zelta"_s)));
+    ASSERT_TRUE(QDir(temporary.filePath(u"stick"_s)).removeRecursively());
+    const auto mark = [](ZLChapterDocument& marked) { marked.addChapter(std::make_shared<ZLChapter>()); };
+    mark(*document);
+    EXPECT_FALSE(controller->saverOf(document)->saveNow());
+    ASSERT_EQ(errors.size(), 1);
+    mark(*other);
+    EXPECT_TRUE(controller->saverOf(other)->saveNow());
+    EXPECT_EQ(errors.size(), 1) << "the other one was never in danger: " << qPrintable(errors.last());
+    EXPECT_TRUE(answerTo(u"status"_s).contains(u"also open: %1, saved"_s.arg(temporary.filePath(u"other.zelta"_s))))
+        << qPrintable(output.join(u'\n'));
+    ASSERT_TRUE(QDir().mkpath(temporary.filePath(u"stick"_s)));
+    EXPECT_TRUE(controller->saverOf(document)->saveNow());
+    EXPECT_EQ(errors.mid(1), QStringList { u"Saved again: %1"_s.arg(path) });
 }
 
 /// The recorder in a process of its own, with real streams and signals.

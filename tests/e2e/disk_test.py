@@ -46,7 +46,7 @@ class DiskTest(OSCTestCase):
         recorder.write("status")
         wait_until(lambda: recorder.has_said("chapters: 3"), f"what was kept, not {recorder.reader.lines}")
         give_back()
-        wait_until(lambda: recorder.has_said("Saved again."), "the success to be told")
+        wait_until(lambda: recorder.has_said("Saved again:"), "the success to be told")
         self.assertEqual(self.titles_in(file), ["", "before", "meanwhile"])
 
     def test_a_full_disk(self):

@@ -1039,18 +1039,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Kapitel %1 bei %2 „%3“</translation>
     </message>
     <message>
-        <source>saved</source>
-        <translation>gespeichert</translation>
-    </message>
-    <message>
-        <source>being saved</source>
-        <translation>wird gespeichert</translation>
-    </message>
-    <message>
-        <source>not saved: %1</source>
-        <translation>nicht gespeichert: %1</translation>
-    </message>
-    <message>
         <source>Commands come from standard input, one a line; &quot;help&quot; lists them.</source>
         <translation>Befehle kommen von der Standardeingabe, einer je Zeile; „help“ zählt sie auf.</translation>
     </message>
@@ -1081,26 +1069,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>removed %1</source>
         <translation>entfernt: %1</translation>
-    </message>
-    <message>
-        <source>Saved again.</source>
-        <translation>Wieder gespeichert.</translation>
-    </message>
-    <message>
-        <source>Cannot save: %1 &quot;mine&quot; writes over it, &quot;theirs&quot; takes it over, &quot;both&quot; goes on in a new file.</source>
-        <translation>Speichern nicht möglich: %1 „mine“ überschreibt sie, „theirs“ übernimmt sie, „both“ macht in einer neuen Datei weiter.</translation>
-    </message>
-    <message>
-        <source>Cannot save: %1. Trying again until it works.</source>
-        <translation>Speichern nicht möglich: %1. Es wird weiter versucht, bis es gelingt.</translation>
-    </message>
-    <message>
-        <source>The recovery folder can be written again.</source>
-        <translation>In den Wiederherstellungsordner kann wieder geschrieben werden.</translation>
-    </message>
-    <message>
-        <source>The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying again until it works.</source>
-        <translation>In den Wiederherstellungsordner kann nicht geschrieben werden: %1. Bei einem Absturz kann verloren gehen, was noch nicht in der Datei steht. Es wird weiter versucht, bis es gelingt.</translation>
     </message>
     <message>
         <source>The recording was interrupted on %1 at %2. The clock stands: &quot;continue&quot; lets it run as if it had never stopped, &quot;keep&quot; keeps it paused.</source>
@@ -1221,6 +1189,49 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>the clock reads %1</source>
         <translation>die Uhr zeigt %1</translation>
+    </message>
+    <message>
+        <source>also open: %1, %2</source>
+        <translation>außerdem offen: %1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZLHeadlessSavingReports</name>
+    <message>
+        <source>saved</source>
+        <translation>gespeichert</translation>
+    </message>
+    <message>
+        <source>being saved</source>
+        <translation>wird gespeichert</translation>
+    </message>
+    <message>
+        <source>not saved: %1</source>
+        <translation>nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>Saved again: %1</source>
+        <translation>Wieder gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>Cannot save: %1. Trying again until it works.</source>
+        <translation>Speichern nicht möglich: %1. Es wird weiter versucht, bis es gelingt.</translation>
+    </message>
+    <message>
+        <source>Cannot save: %1 Nothing is written there until you decide in a window.</source>
+        <translation>Speichern nicht möglich: %1 Dort wird nichts geschrieben, bis Sie in einem Fenster entscheiden.</translation>
+    </message>
+    <message>
+        <source>Cannot save: %1 &quot;mine&quot; writes over it, &quot;theirs&quot; takes it over, &quot;both&quot; goes on in a new file.</source>
+        <translation>Speichern nicht möglich: %1 „mine“ überschreibt sie, „theirs“ übernimmt sie, „both“ macht in einer neuen Datei weiter.</translation>
+    </message>
+    <message>
+        <source>The recovery folder can be written again.</source>
+        <translation>In den Wiederherstellungsordner kann wieder geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying again until it works.</source>
+        <translation>In den Wiederherstellungsordner kann nicht geschrieben werden: %1. Bei einem Absturz kann verloren gehen, was noch nicht in der Datei steht. Es wird weiter versucht, bis es gelingt.</translation>
     </message>
 </context>
 <context>

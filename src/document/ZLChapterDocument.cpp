@@ -24,7 +24,7 @@ ZLChapterDocument::ZLChapterDocument(ZLDocumentEnvironment environment, QObject*
     , m_environment(std::move(environment))
     , m_clock(m_environment.hostClock)
     , m_sleepWatcher(m_environment.hostClock, m_environment.bootClock)
-    , m_templateViewController(this)
+    , m_templateViewController(this, m_undoManager)
     , m_tableModel(*this)
     , m_selectionModel(&m_tableModel)
     , m_displayName(tr("Untitled"))
@@ -109,7 +109,10 @@ void ZLChapterDocument::revertToContents(const ZLDocumentContents& contents)
 void ZLChapterDocument::adoptContents(const ZLDocumentContents& contents)
 {
     ZLChapterManager adopted(contents.chapters);
-    replaceContents(adopted.allChapters(), isRecording() ? duration() : contents.duration, contents.templates);
+    ZLChapterManager templates;
+    templates.setWantsSortedChapters(false);
+    templates.loadChapters(contents.templates);
+    replaceContents(adopted.allChapters(), isRecording() ? duration() : contents.duration, templates.allChapters());
 }
 
 void ZLChapterDocument::setDisplayName(const QString& name)
@@ -135,7 +138,6 @@ void ZLChapterDocument::informControllers()
 void ZLChapterDocument::templatesViewControllerWillUpdateChapters(ZLTemplatesViewController& controller)
 {
     Q_UNUSED(controller);
-    // No undo step comes out of it, but it is one command all the same.
     m_drawerCommand.emplace(m_undoManager);
 }
 
@@ -177,18 +179,19 @@ void ZLChapterDocument::selectSomeRow()
 }
 
 void ZLChapterDocument::replaceContents(
-    const ZLChapterSequence& chapters, double duration, const QVariantList& templates)
+    const ZLChapterSequence& chapters, double duration, const ZLChapterSequence& templates)
 {
     const ZLUndoGroup group(m_undoManager);
     const ZLChapterSequence oldChapters = m_chapterManager.allChapters();
-    const QVariantList oldTemplates = m_templateViewController.chaptersForSaving();
+    // The very objects: the steps before this one work on them.
+    const ZLChapterSequence oldTemplates = m_templateViewController.chapterManager().allChapters();
     m_undoManager.registerStep([this, oldChapters, oldDuration = m_clock.duration(), oldTemplates] {
         replaceContents(oldChapters, oldDuration, oldTemplates);
     });
     m_undoManager.setActionName(revertActionName);
     m_chapterManager.setChapters(chapters);
     m_clock.setDuration(duration);
-    m_templateViewController.loadChapters(templates);
+    m_templateViewController.setTemplates(templates);
     selectSomeRow();
     updateEverything();
     updateDisplay();

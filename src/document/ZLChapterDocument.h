@@ -206,7 +206,7 @@ private:
     void editSelectedRow(const QString& columnIdentifier);
     void selectRow(int row);
     void selectSomeRow();
-    void replaceContents(const ZLChapterSequence& chapters, double duration, const QVariantList& templates);
+    void replaceContents(const ZLChapterSequence& chapters, double duration, const ZLChapterSequence& templates);
     void noteChange();
     void announceContents();
     void announceWhatIsDue();

@@ -4,9 +4,20 @@
 
 #include <algorithm>
 
-ZLTemplatesViewController::ZLTemplatesViewController(ZLTemplatesViewControllerDelegate* delegate, QObject* parent)
+namespace {
+
+const QString addTemplateActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Add Template"));
+const QString removeTemplateActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Remove Template"));
+const QString importTemplatesActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Import Templates"));
+const QString moveTemplateActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Move Template"));
+
+}
+
+ZLTemplatesViewController::ZLTemplatesViewController(
+    ZLTemplatesViewControllerDelegate* delegate, ZLUndoManager& undoManager, QObject* parent)
     : QObject(parent)
     , m_delegate(delegate)
+    , m_undoManager(undoManager)
     , m_tableModel(m_chapterManager)
     , m_selectionModel(&m_tableModel)
 {
@@ -32,6 +43,12 @@ QVariantList ZLTemplatesViewController::chaptersForSaving()
     return m_chapterManager.chaptersForSaving();
 }
 
+void ZLTemplatesViewController::setTemplates(const ZLChapterSequence& templates)
+{
+    m_chapterManager.setChapters(templates);
+    selectRowIfNoneIs(0);
+}
+
 qsizetype ZLTemplatesViewController::selectedRow() const
 {
     const QItemSelection selection = m_selectionModel.selection();
@@ -41,10 +58,9 @@ qsizetype ZLTemplatesViewController::selectedRow() const
 void ZLTemplatesViewController::addChapterButtonPressed()
 {
     tellDelegateBefore();
-    const auto chapter = std::make_shared<ZLChapter>();
     const qsizetype selected = selectedRow();
     const qsizetype row = selected < 0 ? m_chapterManager.count() : selected + 1;
-    m_chapterManager.insertChapterAtIndex(chapter, row);
+    insertTemplates({ std::make_shared<ZLChapter>() }, row, addTemplateActionName);
     selectRow(row);
     Q_EMIT wantsEditing(m_tableModel.index(int(row), ZLTemplatesTableModel::TitleColumn));
     tellDelegate();
@@ -56,18 +72,18 @@ void ZLTemplatesViewController::removeChapterButtonPressed()
     if (row < 0)
         return;
     tellDelegateBefore();
-    m_chapterManager.removeChapterAtIndex(row);
+    removeTemplates({ m_chapterManager.chapterAtIndex(row) }, row, removeTemplateActionName);
     tellDelegate();
 }
 
 void ZLTemplatesViewController::importFromPasteboard(const QStringList& plainTexts)
 {
+    ZLChapterSequence imported;
+    for (const QString& text : plainTexts)
+        imported.append(ZLOutlineImport::chaptersInText(text));
     tellDelegateBefore();
-    for (const QString& text : plainTexts) {
-        const ZLChapterSequence chapters = ZLOutlineImport::chaptersInText(text);
-        for (const ZLChapterPointer& chapter : chapters)
-            m_chapterManager.addChapter(chapter);
-    }
+    if (!imported.isEmpty())
+        insertTemplates(imported, m_chapterManager.count(), importTemplatesActionName);
     tellDelegate();
 }
 
@@ -78,11 +94,48 @@ void ZLTemplatesViewController::moveTemplate(qsizetype row, qsizetype gap)
         return;
     tellDelegateBefore();
     // Taking the template out moves the rows behind it up by one.
-    const qsizetype target = row < gap ? gap - 1 : gap;
-    m_chapterManager.removeChapterAtIndex(row);
-    m_chapterManager.insertChapterAtIndex(chapter, target);
-    selectRow(target);
+    relocateTemplate(chapter, row < gap ? gap - 1 : gap);
     tellDelegate();
+}
+
+void ZLTemplatesViewController::insertTemplates(
+    const ZLChapterSequence& templates, qsizetype row, const QString& actionName)
+{
+    for (qsizetype offset = 0; offset < templates.size(); ++offset)
+        m_chapterManager.insertChapterAtIndex(templates.at(offset), row + offset);
+    registerStep(actionName, [this, templates, row, actionName] { removeTemplates(templates, row, actionName); });
+}
+
+void ZLTemplatesViewController::removeTemplates(
+    const ZLChapterSequence& templates, qsizetype row, const QString& actionName)
+{
+    for (qsizetype offset = templates.size() - 1; offset >= 0; --offset)
+        m_chapterManager.removeChapterAtIndex(row + offset);
+    registerStep(actionName, [this, templates, row, actionName] {
+        insertTemplates(templates, row, actionName);
+        selectRow(row);
+    });
+}
+
+void ZLTemplatesViewController::relocateTemplate(const ZLChapterPointer& chapter, qsizetype row)
+{
+    const qsizetype formerRow = m_chapterManager.indexOfChapter(chapter).value_or(row);
+    if (formerRow != row) {
+        m_chapterManager.removeChapterAtIndex(formerRow);
+        m_chapterManager.insertChapterAtIndex(chapter, row);
+        registerStep(moveTemplateActionName, [this, chapter, formerRow] { relocateTemplate(chapter, formerRow); });
+    }
+    selectRow(row);
+}
+
+void ZLTemplatesViewController::registerStep(const QString& actionName, const std::function<void()>& inverse)
+{
+    m_undoManager.registerStep([this, inverse] {
+        tellDelegateBefore();
+        inverse();
+        tellDelegate();
+    });
+    m_undoManager.setActionName(actionName);
 }
 
 void ZLTemplatesViewController::selectRow(qsizetype row)

@@ -1,15 +1,18 @@
 #pragma once
 
 #include "model/ZLChapterManager.h"
+#include "platform/ZLUndoManager.h"
 #include "templates/ZLTemplatesTableModel.h"
 
 #include <QItemSelectionModel>
 #include <QObject>
 
+#include <functional>
+
 class ZLTemplatesViewController;
 
-/// Whoever keeps the templates is told of changes that came through the drawer's buttons, an import or a drag: before
-/// the first template moves, and when the last one did.
+/// Whoever keeps the templates is told of changes that came through the drawer's buttons, an import or a drag, and of
+/// their undo and redo: before the first template moves, and when the last one did.
 class ZLTemplatesViewControllerDelegate {
 public:
     virtual ~ZLTemplatesViewControllerDelegate() = default;
@@ -17,14 +20,15 @@ public:
     virtual void templatesViewControllerDidUpdateChapters(ZLTemplatesViewController& controller) = 0;
 };
 
-/// The list of chapters that are prepared in advance, with what the drawer's buttons do. It can be driven without a
-/// window: the drawer only shows `tableModel` and `selectionModel` and forwards clicks.
+/// The list of chapters that are prepared in advance, with what the drawer's buttons do, each as an undoable step. It
+/// can be driven without a window: the drawer only shows `tableModel` and `selectionModel` and forwards clicks.
 class ZLTemplatesViewController : public QObject {
     Q_OBJECT
 
 public:
-    /// `delegate` may be null; it is not owned and has to outlive the controller.
-    explicit ZLTemplatesViewController(ZLTemplatesViewControllerDelegate* delegate, QObject* parent = nullptr);
+    /// `delegate` may be null; it is not owned. Both have to outlive the controller.
+    ZLTemplatesViewController(
+        ZLTemplatesViewControllerDelegate* delegate, ZLUndoManager& undoManager, QObject* parent = nullptr);
 
     /// The templates in the user's own order.
     [[nodiscard]] ZLChapterManager& chapterManager() { return m_chapterManager; }
@@ -37,13 +41,15 @@ public:
     /// Replaces the templates by saved ones; the delegate is not told.
     void loadChapters(const QVariantList& savedChapters);
     [[nodiscard]] QVariantList chaptersForSaving();
+    /// Replaces the templates by these very objects; the delegate is not told.
+    void setTemplates(const ZLChapterSequence& templates);
 
     /// Puts a new template behind the selected one, or at the end, selects it and asks for its title to be edited.
     void addChapterButtonPressed();
     /// Removes the selected template; the delegate is not told when there is none.
     void removeChapterButtonPressed();
     /// Appends the chapters of the outlines in `plainTexts`, the texts that the clipboard holds. The delegate
-    /// is told even when there are none.
+    /// is told even when there are none, which is no step.
     void importFromPasteboard(const QStringList& plainTexts);
     /// Moves the template at `row` to the gap before `gap` (0 … count) and selects it; any other row or gap
     /// changes nothing.
@@ -57,12 +63,17 @@ Q_SIGNALS:
     void templateDidChangeInPlace();
 
 private:
+    void insertTemplates(const ZLChapterSequence& templates, qsizetype row, const QString& actionName);
+    void removeTemplates(const ZLChapterSequence& templates, qsizetype row, const QString& actionName);
+    void relocateTemplate(const ZLChapterPointer& chapter, qsizetype row);
+    void registerStep(const QString& actionName, const std::function<void()>& inverse);
     void selectRow(qsizetype row);
     void selectRowIfNoneIs(qsizetype row);
     void tellDelegateBefore();
     void tellDelegate();
 
     ZLTemplatesViewControllerDelegate* m_delegate;
+    ZLUndoManager& m_undoManager;
     ZLChapterManager m_chapterManager;
     ZLTemplatesTableModel m_tableModel;
     QItemSelectionModel m_selectionModel;

@@ -54,6 +54,7 @@ protected:
     }
 
     CountingTemplatesDelegate delegate;
-    ZLTemplatesViewController controller { &delegate };
+    ZLUndoManager history;
+    ZLTemplatesViewController controller { &delegate, history };
     ZLTemplatesTableModel& model = controller.tableModel();
 };

@@ -143,7 +143,7 @@ TEST_F(ZLTemplatesViewControllerTest, TemplatesKeepTheOrderTheyAreGivenWhateverT
     const QVariantList saved = controller.chaptersForSaving();
     EXPECT_EQ(titles(), (QStringList { u"late"_s, u"early"_s }));
 
-    ZLTemplatesViewController other(nullptr);
+    ZLTemplatesViewController other(nullptr, history);
     other.loadChapters(saved);
     EXPECT_EQ(other.chapterManager().chapterAtIndex(0)->title(), u"late"_s);
     EXPECT_FALSE(other.chapterManager().wantsSortedChapters());
@@ -153,7 +153,7 @@ TEST_F(ZLTemplatesViewControllerTest, TemplatesKeepTheOrderTheyAreGivenWhateverT
 TEST_F(ZLTemplatesViewControllerTest, LoadingReplacesTheListSelectsItsFirstRowAndTellsNobody)
 {
     addTemplates({ u"a"_s, u"b"_s });
-    ZLTemplatesViewController other(nullptr);
+    ZLTemplatesViewController other(nullptr, history);
     other.importFromPasteboard({ u"- Intro\n- News\n- Outro"_s });
     select(1);
     controller.loadChapters(other.chaptersForSaving());
@@ -192,10 +192,74 @@ TEST_F(ZLTemplatesViewControllerTest, EveryInsertionAndRemovalIsReportedByTheLis
 
 TEST_F(ZLTemplatesViewControllerTest, WorksWithoutADelegate)
 {
-    ZLTemplatesViewController alone(nullptr);
+    ZLTemplatesViewController alone(nullptr, history);
     alone.addChapterButtonPressed();
     alone.importFromPasteboard({ u"- Intro"_s });
     alone.moveTemplate(0, 2);
     alone.removeChapterButtonPressed();
     EXPECT_EQ(alone.chapterManager().count(), 1);
+}
+
+TEST_F(ZLTemplatesViewControllerTest, EachButtonIsAStepThatIsUndoneAndRedoneUnderItsOwnName)
+{
+    const auto expectStep = [this](const QString& name, const QStringList& before, const QStringList& after) {
+        EXPECT_EQ(history.undoActionName(), name);
+        EXPECT_EQ(titles(), after);
+        const int told = delegate.updateCount;
+        history.undo();
+        EXPECT_EQ(titles(), before) << qPrintable(name);
+        EXPECT_EQ(delegate.updateCount, told + 1) << qPrintable(name);
+        EXPECT_EQ(history.redoActionName(), name);
+        history.redo();
+        EXPECT_EQ(titles(), after) << qPrintable(name);
+        EXPECT_EQ(delegate.updateCount, told + 2) << qPrintable(name);
+        EXPECT_EQ(history.undoActionName(), name);
+    };
+    addTemplates({ u"a"_s, u"b"_s });
+    select(0);
+    controller.addChapterButtonPressed();
+    expectStep(u"Add Template"_s, { u"a"_s, u"b"_s }, { u"a"_s, u""_s, u"b"_s });
+    controller.removeChapterButtonPressed();
+    expectStep(u"Remove Template"_s, { u"a"_s, u""_s, u"b"_s }, { u"a"_s, u"b"_s });
+    controller.importFromPasteboard({ u"- Intro\n- News"_s });
+    expectStep(u"Import Templates"_s, { u"a"_s, u"b"_s }, { u"a"_s, u"b"_s, u"Intro"_s, u"News"_s });
+    controller.moveTemplate(3, 1);
+    expectStep(
+        u"Move Template"_s, { u"a"_s, u"b"_s, u"Intro"_s, u"News"_s }, { u"a"_s, u"News"_s, u"b"_s, u"Intro"_s });
+}
+
+TEST_F(ZLTemplatesViewControllerTest, AnImportOfNothingAMoveToTheSamePlaceAndAnEditedCellAreNoSteps)
+{
+    addTemplates({ u"a"_s, u"b"_s });
+    controller.importFromPasteboard({ u"no heading"_s });
+    controller.moveTemplate(0, 1);
+    model.setData(model.index(0, 0), u"News"_s);
+    EXPECT_FALSE(history.canUndo());
+}
+
+TEST_F(ZLTemplatesViewControllerTest, RedoBringsTheSameObjectBackWithTheTextTypedLast)
+{
+    controller.addChapterButtonPressed();
+    const auto chapter = controller.chapterManager().chapterAtIndex(0);
+    model.setData(model.index(0, 0), u"News"_s);
+    model.setData(model.index(0, 1), u"example.com"_s);
+    history.undo();
+    EXPECT_EQ(controller.chapterManager().count(), 0);
+    history.redo();
+    EXPECT_EQ(controller.chapterManager().chapterAtIndex(0), chapter);
+    EXPECT_EQ(titles(), QStringList(u"News"_s));
+    EXPECT_EQ(links(), QStringList(u"example.com"_s));
+}
+
+TEST_F(ZLTemplatesViewControllerTest, WhatAnUndoBringsBackIsSelected)
+{
+    addTemplates({ u"a"_s, u"b"_s, u"c"_s });
+    select(1);
+    controller.removeChapterButtonPressed();
+    select(0);
+    history.undo();
+    EXPECT_EQ(controller.selectedRow(), 1);
+    controller.moveTemplate(0, 3);
+    history.undo();
+    EXPECT_EQ(controller.selectedRow(), 0);
 }

@@ -230,6 +230,22 @@
         <source>Leave Slept Time</source>
         <translation>Ruhezeit weglassen</translation>
     </message>
+    <message>
+        <source>Add Template</source>
+        <translation>Vorlage hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove Template</source>
+        <translation>Vorlage entfernen</translation>
+    </message>
+    <message>
+        <source>Import Templates</source>
+        <translation>Vorlagen importieren</translation>
+    </message>
+    <message>
+        <source>Move Template</source>
+        <translation>Vorlage verschieben</translation>
+    </message>
 </context>
 <context>
     <name>ZLChapterDocumentWindow</name>

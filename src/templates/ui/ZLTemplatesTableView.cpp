@@ -4,11 +4,20 @@
 #include "templates/ui/ZLRowHeight.h"
 
 #include <QAction>
+#include <QDragMoveEvent>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
+
+namespace {
+
+/// How much of a row's height belongs to the gap above it, and as much to the one below.
+constexpr double shareOfGap = 0.25;
+
+}
 
 ZLTemplatesTableView::ZLTemplatesTableView(QWidget* parent)
     : QTableView(parent)
@@ -32,6 +41,29 @@ bool ZLTemplatesTableView::event(QEvent* event)
         return true;
     }
     return QTableView::event(event);
+}
+
+void ZLTemplatesTableView::dragMoveEvent(QDragMoveEvent* event)
+{
+    const bool isRefused = isOntoRow(event->position());
+    // Without it the line between two rows would promise a drop.
+    setDropIndicatorShown(!isRefused);
+    QTableView::dragMoveEvent(event);
+    if (isRefused)
+        event->ignore();
+}
+
+void ZLTemplatesTableView::dropEvent(QDropEvent* event)
+{
+    setDropIndicatorShown(true);
+    if (!isOntoRow(event->position())) {
+        QTableView::dropEvent(event);
+        return;
+    }
+    event->ignore();
+    stopAutoScroll();
+    setState(NoState);
+    viewport()->update();
 }
 
 void ZLTemplatesTableView::changeEvent(QEvent* event)
@@ -85,6 +117,16 @@ QAction* ZLTemplatesTableView::actionForKey(const QKeyEvent& event) const
     const auto found =
         std::find_if(own.cbegin(), own.cend(), [&keys](const QAction* action) { return action->shortcut() == keys; });
     return found == own.cend() ? nullptr : *found;
+}
+
+bool ZLTemplatesTableView::isOntoRow(const QPointF& place) const
+{
+    const QModelIndex index = indexAt(place.toPoint());
+    if (!index.isValid())
+        return false;
+    const QRect row = visualRect(index);
+    const double fromTop = place.y() - row.top();
+    return fromTop >= shareOfGap * row.height() && fromTop < (1.0 - shareOfGap) * row.height();
 }
 
 void ZLTemplatesTableView::fitRowHeight()

@@ -3,7 +3,7 @@
 #include <QTableView>
 
 /// The table of a drawer: it says something while it is empty, never lets go of its selected row, and gives the first
-/// of its two columns two thirds of the width.
+/// of its two columns two thirds of the width. Rows are dropped between rows; the middle of a row takes none.
 class ZLTemplatesTableView : public QTableView {
     Q_OBJECT
 
@@ -16,6 +16,8 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -24,6 +26,8 @@ protected:
         const QModelIndex& index, const QEvent* event) const override;
 
 private:
+    /// Whether a drop at this place of the viewport would be one onto a row and not between two.
+    [[nodiscard]] bool isOntoRow(const QPointF& place) const;
     /// The action of this table that `event` stands for, or null.
     [[nodiscard]] QAction* actionForKey(const QKeyEvent& event) const;
     void fitRowHeight();

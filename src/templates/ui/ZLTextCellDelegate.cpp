@@ -1,6 +1,29 @@
 #include "templates/ui/ZLTextCellDelegate.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
+
+#include <limits>
+
+namespace {
+
+/// Whether the key means an undo or redo of which the field has none left.
+bool isUndoBeyond(const QLineEdit& field, const QKeyEvent& event)
+{
+    return (event.matches(QKeySequence::Undo) && !field.isUndoAvailable())
+        || (event.matches(QKeySequence::Redo) && !field.isRedoAvailable());
+}
+
+}
+
+QWidget* ZLTextCellDelegate::createEditor(
+    QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (auto* field = qobject_cast<QLineEdit*>(editor))
+        takeAnyLength(*field);
+    return editor;
+}
 
 void ZLTextCellDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
@@ -18,4 +41,20 @@ void ZLTextCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model
     // First, because the change may come back and ask for a commit once more.
     field->setModified(false);
     model->setData(index, field->text(), Qt::EditRole);
+}
+
+void ZLTextCellDelegate::takeAnyLength(QLineEdit& field)
+{
+    field.setMaxLength(std::numeric_limits<int>::max());
+}
+
+bool ZLTextCellDelegate::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto* field = qobject_cast<QLineEdit*>(watched);
+    if (field && event->type() == QEvent::ShortcutOverride && isUndoBeyond(*field, *static_cast<QKeyEvent*>(event))) {
+        // The field would swallow the key; the menu has a use for it.
+        event->ignore();
+        return true;
+    }
+    return QStyledItemDelegate::eventFilter(watched, event);
 }

@@ -2,14 +2,23 @@
 
 #include <QStyledItemDelegate>
 
-/// Edits texts in the cells of a table. Text that nobody typed is never written, so that looking leaves no undo step,
-/// and text that somebody is typing is never replaced by what the model says meanwhile.
+class QLineEdit;
+
+/// Edits texts of any length in the cells of a table. Text that nobody typed is never written, so that looking leaves
+/// no undo step, and text that somebody is typing is never replaced by what the model says meanwhile. A field that has
+/// nothing to undo or redo leaves the key to the window.
 class ZLTextCellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+
+protected:
+    /// A field cuts what is longer than it may be, also what it only shows.
+    static void takeAnyLength(QLineEdit& field);
+    bool eventFilter(QObject* watched, QEvent* event) override;
 };

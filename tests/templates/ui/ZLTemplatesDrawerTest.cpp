@@ -1,9 +1,11 @@
 #include "templates/ui/ZLTemplatesDrawer.h"
 
 #include "templates/TemplatesFixture.h"
+#include "templates/ui/ZLTemplatesTableView.h"
 
 #include <QAction>
 #include <QClipboard>
+#include <QDragMoveEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -284,6 +286,49 @@ TEST_F(ZLTemplatesDrawerTest, ADragMovesTheTemplateOnceAndLeavesTheOthersAlone)
     EXPECT_FALSE(table->dragDropOverwriteMode()) << "or the view would empty the row that was dragged";
     EXPECT_FALSE(model.removeRows(0, 1)) << "or the view would remove a row after the move";
     EXPECT_EQ(controller.selectedRow(), 1);
+}
+
+TEST_F(ZLTemplatesDrawerTest, ADragOverTheMiddleOfARowIsRefusedAndShowsNoLine)
+{
+    // Only the desktop drags into a table.
+    struct Table : ZLTemplatesTableView {
+        using ZLTemplatesTableView::dragMoveEvent;
+        using ZLTemplatesTableView::dropEvent;
+    };
+    Table target;
+    target.setModel(&model);
+    target.resize(280, 400);
+    target.show();
+    addTemplates({ u"a"_s, u"b"_s, u"c"_s });
+    const std::unique_ptr<QMimeData> data(model.mimeData({ model.index(0, 0) }));
+    const QRect row = target.visualRect(model.index(1, 0));
+    const auto dragTo = [&](int y) {
+        QDragMoveEvent event({ row.center().x(), y }, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+        event.accept();
+        target.dragMoveEvent(&event);
+        return event.isAccepted();
+    };
+    EXPECT_FALSE(dragTo(row.center().y()));
+    EXPECT_FALSE(target.showDropIndicator());
+    dragTo(row.top() + 1);
+    EXPECT_TRUE(target.showDropIndicator());
+    dragTo(row.center().y());
+    QDropEvent drop(row.center(), Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    target.dropEvent(&drop);
+    EXPECT_FALSE(drop.isAccepted());
+    EXPECT_EQ(titles(), (QStringList { u"a"_s, u"b"_s, u"c"_s }));
+}
+
+TEST_F(ZLTemplatesDrawerTest, ATitleOfAnyLengthIsEditedWhole)
+{
+    const QString title(100'000, u'x');
+    addTemplates({ title });
+    press(Qt::Key_F2);
+    ASSERT_TRUE(editor());
+    press(Qt::Key_End);
+    type(u"!"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(controller.chapterManager().chapterAtIndex(0)->title(), title + u'!');
 }
 
 TEST_F(ZLTemplatesDrawerTest, TheTitleHasTwoThirdsOfTheWidth)

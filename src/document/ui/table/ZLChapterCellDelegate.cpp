@@ -18,13 +18,6 @@ bool isCommitKey(const QKeyEvent& event)
     return isReturn && !(event.modifiers() & ~Qt::KeypadModifier);
 }
 
-/// Whether the key means an undo or redo of which the field has none left.
-bool isUndoBeyond(const QLineEdit& field, const QKeyEvent& event)
-{
-    return (event.matches(QKeySequence::Undo) && !field.isUndoAvailable())
-        || (event.matches(QKeySequence::Redo) && !field.isRedoAvailable());
-}
-
 }
 
 QModelIndex ZLChapterCellDelegate::openIndex() const
@@ -36,6 +29,7 @@ QWidget* ZLChapterCellDelegate::createEditor(
     QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     auto* field = new QLineEdit(parent);
+    takeAnyLength(*field);
     field->setFrame(false);
     field->setFont(option.font);
     field->setAutoFillBackground(true);
@@ -86,11 +80,6 @@ bool ZLChapterCellDelegate::eventFilter(QObject* watched, QEvent* event)
 
 bool ZLChapterCellDelegate::filterKey(QLineEdit* field, QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride && isUndoBeyond(*field, *static_cast<QKeyEvent*>(event))) {
-        // The field would swallow the key; the menu has a use for it.
-        event->ignore();
-        return true;
-    }
     if (event->type() != QEvent::KeyPress || !isCommitKey(*static_cast<QKeyEvent*>(event)))
         return false;
     Q_EMIT commitData(field);

@@ -24,6 +24,17 @@ TEST_F(ZLChapterTableViewTest, ReturnWritesWhatWasTyped)
     EXPECT_TRUE(table().hasFocus());
 }
 
+TEST_F(ZLChapterTableViewTest, ATitleOfAnyLengthIsEditedWhole)
+{
+    const QString title(100'000, u'x');
+    const ZLChapterPointer chapter = addChapterAt(1.0, title);
+    table().beginEditing(titleCell(0));
+    press(Qt::Key_End);
+    type(u"!"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(chapter->title(), title + u'!');
+}
+
 TEST_F(ZLChapterTableViewTest, EscapeKeepsTheOldText)
 {
     addChapterAt(10.0, u"Welcome"_s);

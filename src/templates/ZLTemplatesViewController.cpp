@@ -25,6 +25,7 @@ ZLTemplatesViewController::ZLTemplatesViewController(
     connect(
         &m_tableModel, &ZLTemplatesTableModel::didEditCell, this, &ZLTemplatesViewController::templateDidChangeInPlace);
     connect(&m_tableModel, &ZLTemplatesTableModel::didDropRow, this, &ZLTemplatesViewController::moveTemplate);
+    connect(&m_undoManager, &ZLUndoManager::historyDidChange, this, [this] { m_isAdditionLastStep = false; });
     // The document takes templates out of the list and puts them back by itself.
     const auto keepSelection = [this](const QModelIndex&, int row) { selectRowIfNoneIs(row); };
     connect(&m_tableModel, &QAbstractItemModel::rowsInserted, this, keepSelection);
@@ -60,20 +61,30 @@ void ZLTemplatesViewController::addChapterButtonPressed()
     tellDelegateBefore();
     const qsizetype selected = selectedRow();
     const qsizetype row = selected < 0 ? m_chapterManager.count() : selected + 1;
-    insertTemplates({ std::make_shared<ZLChapter>() }, row, addTemplateActionName);
+    const auto chapter = std::make_shared<ZLChapter>();
+    insertTemplates({ chapter }, row, addTemplateActionName);
     selectRow(row);
     Q_EMIT wantsEditing(m_tableModel.index(int(row), ZLTemplatesTableModel::TitleColumn));
     tellDelegate();
+    m_newTemplate = chapter;
+    m_isAdditionLastStep = true;
+}
+
+void ZLTemplatesViewController::returnPressedInRow(qsizetype row)
+{
+    if (!takeAwayEmptyNewTemplate(row) && row >= 0 && row + 1 == m_chapterManager.count())
+        addChapterButtonPressed();
+}
+
+void ZLTemplatesViewController::escapePressedInRow(qsizetype row)
+{
+    takeAwayEmptyNewTemplate(row);
 }
 
 void ZLTemplatesViewController::removeChapterButtonPressed()
 {
-    const qsizetype row = selectedRow();
-    if (row < 0)
-        return;
-    tellDelegateBefore();
-    removeTemplates({ m_chapterManager.chapterAtIndex(row) }, row, removeTemplateActionName);
-    tellDelegate();
+    if (selectedRow() >= 0)
+        removeRow(selectedRow());
 }
 
 void ZLTemplatesViewController::importFromPasteboard(const QStringList& plainTexts)
@@ -136,6 +147,27 @@ void ZLTemplatesViewController::registerStep(const QString& actionName, const st
         tellDelegate();
     });
     m_undoManager.setActionName(actionName);
+}
+
+bool ZLTemplatesViewController::takeAwayEmptyNewTemplate(qsizetype row)
+{
+    const ZLChapterPointer chapter = m_chapterManager.chapterAtIndex(row);
+    if (!chapter || chapter != m_newTemplate.lock() || !chapter->title().isEmpty() || !chapter->link().isEmpty())
+        return false;
+    m_newTemplate.reset();
+    // Nobody wants to undo what came to nothing.
+    if (m_isAdditionLastStep)
+        m_undoManager.undo();
+    else
+        removeRow(row);
+    return true;
+}
+
+void ZLTemplatesViewController::removeRow(qsizetype row)
+{
+    tellDelegateBefore();
+    removeTemplates({ m_chapterManager.chapterAtIndex(row) }, row, removeTemplateActionName);
+    tellDelegate();
 }
 
 void ZLTemplatesViewController::selectRow(qsizetype row)

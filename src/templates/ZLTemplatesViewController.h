@@ -46,6 +46,10 @@ public:
 
     /// Puts a new template behind the selected one, or at the end, selects it and asks for its title to be edited.
     void addChapterButtonPressed();
+    /// What follows on Return and on Escape in the cell of a row, when its text is kept or left as it was. Both take
+    /// away a template that was added last and is still empty. Otherwise Return in the last row adds another one.
+    void returnPressedInRow(qsizetype row);
+    void escapePressedInRow(qsizetype row);
     /// Removes the selected template; the delegate is not told when there is none.
     void removeChapterButtonPressed();
     /// Appends the chapters of the outlines in `plainTexts`, the texts that the clipboard holds. The delegate
@@ -67,6 +71,9 @@ private:
     void removeTemplates(const ZLChapterSequence& templates, qsizetype row, const QString& actionName);
     void relocateTemplate(const ZLChapterPointer& chapter, qsizetype row);
     void registerStep(const QString& actionName, const std::function<void()>& inverse);
+    /// False when the template in this row is another one.
+    bool takeAwayEmptyNewTemplate(qsizetype row);
+    void removeRow(qsizetype row);
     void selectRow(qsizetype row);
     void selectRowIfNoneIs(qsizetype row);
     void tellDelegateBefore();
@@ -77,4 +84,8 @@ private:
     ZLChapterManager m_chapterManager;
     ZLTemplatesTableModel m_tableModel;
     QItemSelectionModel m_selectionModel;
+    /// The one that was added last.
+    std::weak_ptr<ZLChapter> m_newTemplate;
+    /// Whether nothing came into the history after that.
+    bool m_isAdditionLastStep = false;
 };

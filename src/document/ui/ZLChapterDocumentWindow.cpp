@@ -4,11 +4,13 @@
 #include "document/ui/ZLDrawerSlide.h"
 #include "document/ui/ZLMoveChaptersDialog.h"
 #include "document/ui/menus/ZLActionHelp.h"
+#include "document/ui/menus/ZLChapterContextMenu.h"
 #include "document/ui/menus/ZLEditMenu.h"
 #include "document/ui/menus/ZLRecordingMenu.h"
 #include "document/ui/menus/ZLViewMenu.h"
 #include "document/ui/table/ZLChapterColumnLayout.h"
 #include "templates/ui/ZLTemplatesDrawer.h"
+#include "templates/ui/ZLTextDrop.h"
 #include "ui_ZLChapterDocument.h"
 
 #include <QAction>
@@ -168,6 +170,10 @@ void ZLChapterDocumentWindow::buildDrawer()
             toggleDrawer();
         drawer->importFromClipboard();
     });
+    m_editMenu->setPasteList(*drawer);
+    connect(m_editMenu, &ZLEditMenu::listPasteRequested, drawer, &ZLTemplatesDrawer::importFromClipboard);
+    // The heading belongs to the drawer too.
+    connect(new ZLTextDrop(*m_ui->templateDrawer), &ZLTextDrop::textDropped, drawer, &ZLTemplatesDrawer::importText);
     connect(m_drawerSlide, &ZLDrawerSlide::didToggle, this, &ZLChapterDocumentWindow::drawerDidToggle);
 }
 
@@ -223,6 +229,8 @@ void ZLChapterDocumentWindow::connectMenus()
         else
             openDrawerWithFocus();
     });
+    new ZLChapterContextMenu(m_document, *m_ui->tableView,
+        { m_recordingMenu->editTitleItem(), m_recordingMenu->editLinkItem(), m_editMenu->deleteItem() });
     for (int tag = 1; QAction* action = m_recordingMenu->actionWithTag(tag); ++tag)
         connect(action, &QAction::changed, this, &ZLChapterDocumentWindow::updateToolTips);
 }

@@ -145,6 +145,21 @@
     </message>
 </context>
 <context>
+    <name>ZLChapterContextMenu</name>
+    <message>
+        <source>Chapter</source>
+        <translation>Kapitel</translation>
+    </message>
+    <message>
+        <source>&amp;Open Link</source>
+        <translation>Link ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Link</source>
+        <translation>Link &amp;kopieren</translation>
+    </message>
+</context>
+<context>
     <name>ZLChapterDocument</name>
     <message>
         <source>Recording</source>
@@ -2756,6 +2771,14 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>Import from Clipboard</source>
         <translation>Aus der Zwischenablage importieren</translation>
+    </message>
+    <message>
+        <source>Edit Title</source>
+        <translation>Titel bearbeiten</translation>
+    </message>
+    <message>
+        <source>Edit Link</source>
+        <translation>Link bearbeiten</translation>
     </message>
 </context>
 <context>

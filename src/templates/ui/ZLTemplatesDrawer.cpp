@@ -1,10 +1,12 @@
 #include "templates/ui/ZLTemplatesDrawer.h"
 
 #include "templates/ui/ZLTextCellDelegate.h"
+#include "templates/ui/ZLTextDrop.h"
 #include "ui_ZLTemplatesViewController.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QStyle>
 
@@ -18,6 +20,7 @@ ZLTemplatesDrawer::ZLTemplatesDrawer(ZLTemplatesViewController& controller, QWid
     showTemplates();
     connectButtons();
     connectActions();
+    connect(new ZLTextDrop(*this), &ZLTextDrop::textDropped, this, &ZLTemplatesDrawer::importText);
     updateEmptyState();
 }
 
@@ -54,6 +57,15 @@ void ZLTemplatesDrawer::connectActions()
 {
     connect(
         m_ui->removeAction, &QAction::triggered, &m_controller, &ZLTemplatesViewController::removeChapterButtonPressed);
+    connect(
+        m_ui->editTitleAction, &QAction::triggered, this, [this] { editSelected(ZLTemplatesTableModel::TitleColumn); });
+    connect(
+        m_ui->editLinkAction, &QAction::triggered, this, [this] { editSelected(ZLTemplatesTableModel::LinkColumn); });
+    connect(m_ui->tableView, &ZLTemplatesTableView::returnPressed, this, &ZLTemplatesDrawer::openOrAdd);
+    connect(m_ui->tableView, &ZLTemplatesTableView::returnPressedInCell, &m_controller,
+        [this](const QModelIndex& cell) { m_controller.returnPressedInRow(cell.row()); });
+    connect(m_ui->tableView, &ZLTemplatesTableView::escapePressedInCell, &m_controller,
+        [this](const QModelIndex& cell) { m_controller.escapePressedInRow(cell.row()); });
     connect(m_ui->moveUpAction, &QAction::triggered, this, &ZLTemplatesDrawer::moveSelectedTemplateUp);
     connect(m_ui->moveDownAction, &QAction::triggered, this, &ZLTemplatesDrawer::moveSelectedTemplateDown);
 }
@@ -79,8 +91,35 @@ void ZLTemplatesDrawer::editCell(const QModelIndex& index)
 
 void ZLTemplatesDrawer::importFromClipboard()
 {
-    const QString text = QGuiApplication::clipboard()->text();
+    importText(QGuiApplication::clipboard()->text());
+}
+
+void ZLTemplatesDrawer::importText(const QString& text)
+{
     m_controller.importFromPasteboard(text.isEmpty() ? QStringList() : QStringList(text));
+}
+
+void ZLTemplatesDrawer::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Paste) && !m_ui->tableView->isEditing())
+        importFromClipboard();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void ZLTemplatesDrawer::editSelected(int column)
+{
+    const QModelIndex cell = m_controller.tableModel().index(int(m_controller.selectedRow()), column);
+    if (cell.isValid())
+        editCell(cell);
+}
+
+void ZLTemplatesDrawer::openOrAdd()
+{
+    if (m_controller.selectedRow() < 0)
+        m_controller.addChapterButtonPressed();
+    else
+        editSelected(m_ui->tableView->currentIndex().column());
 }
 
 void ZLTemplatesDrawer::moveSelectedTemplateUp()

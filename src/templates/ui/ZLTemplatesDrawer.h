@@ -22,6 +22,10 @@ public:
 
     /// Appends the topics of the outline that the clipboard holds.
     void importFromClipboard();
+    void importText(const QString& text);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void showTemplates();
@@ -29,6 +33,8 @@ private:
     void connectActions();
     void updateEmptyState();
     void editCell(const QModelIndex& index);
+    void editSelected(int column);
+    void openOrAdd();
     void moveSelectedTemplateUp();
     void moveSelectedTemplateDown();
 

@@ -1,5 +1,6 @@
 #include "templates/ui/ZLTemplatesTableView.h"
 
+#include "templates/ui/ZLListKeys.h"
 #include "templates/ui/ZLQuietColor.h"
 #include "templates/ui/ZLRowHeight.h"
 
@@ -66,6 +67,19 @@ void ZLTemplatesTableView::dropEvent(QDropEvent* event)
     viewport()->update();
 }
 
+void ZLTemplatesTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const QPersistentModelIndex cell = indexAt(editor->geometry().center());
+    const bool goesBeyond = hint == QAbstractItemDelegate::EditNextItem && cell.row() + 1 == model()->rowCount()
+        && cell.column() + 1 == model()->columnCount();
+    // From the last cell the table would go on at the first one.
+    QTableView::closeEditor(editor, goesBeyond ? QAbstractItemDelegate::NoHint : hint);
+    if (hint == QAbstractItemDelegate::SubmitModelCache)
+        Q_EMIT returnPressedInCell(cell);
+    else if (hint == QAbstractItemDelegate::RevertModelCache)
+        Q_EMIT escapePressedInCell(cell);
+}
+
 void ZLTemplatesTableView::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);
@@ -77,7 +91,9 @@ void ZLTemplatesTableView::keyPressEvent(QKeyEvent* event)
 {
     if (QAction* action = actionForKey(*event))
         action->trigger();
-    else
+    else if (ZLListKeys::isReturn(*event) && !isEditing())
+        Q_EMIT returnPressed();
+    else if (!ZLListKeys::goToEnd(*this, *event))
         QTableView::keyPressEvent(event);
 }
 

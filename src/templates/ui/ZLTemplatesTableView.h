@@ -13,11 +13,21 @@ public:
     /// Shown in the middle of a table without rows.
     void setEmptyText(const QString& text);
     [[nodiscard]] const QString& emptyText() const { return m_emptyText; }
+    /// Whether one of the cells is open for typing.
+    [[nodiscard]] bool isEditing() const { return state() == EditingState; }
+
+Q_SIGNALS:
+    /// Return was pressed while no cell is open.
+    void returnPressed();
+    /// Return or Escape closed the cell, which keeps what it holds now.
+    void returnPressedInCell(const QModelIndex& index);
+    void escapePressedInCell(const QModelIndex& index);
 
 protected:
     bool event(QEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

@@ -1,5 +1,7 @@
 #include "templates/ui/ZLTextCellDelegate.h"
 
+#include "templates/ui/ZLListKeys.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -22,6 +24,9 @@ QWidget* ZLTextCellDelegate::createEditor(
     QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
     if (auto* field = qobject_cast<QLineEdit*>(editor))
         takeAnyLength(*field);
+    // What is dropped is for the list.
+    if (editor)
+        editor->setAcceptDrops(false);
     return editor;
 }
 
@@ -50,11 +55,22 @@ void ZLTextCellDelegate::takeAnyLength(QLineEdit& field)
 
 bool ZLTextCellDelegate::eventFilter(QObject* watched, QEvent* event)
 {
-    const auto* field = qobject_cast<QLineEdit*>(watched);
-    if (field && event->type() == QEvent::ShortcutOverride && isUndoBeyond(*field, *static_cast<QKeyEvent*>(event))) {
+    auto* field = qobject_cast<QLineEdit*>(watched);
+    if (field && filterKey(field, event))
+        return true;
+    return QStyledItemDelegate::eventFilter(watched, event);
+}
+
+bool ZLTextCellDelegate::filterKey(QLineEdit* field, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isUndoBeyond(*field, *static_cast<QKeyEvent*>(event))) {
         // The field would swallow the key; the menu has a use for it.
         event->ignore();
         return true;
     }
-    return QStyledItemDelegate::eventFilter(watched, event);
+    if (event->type() != QEvent::KeyPress || !ZLListKeys::isReturn(*static_cast<QKeyEvent*>(event)))
+        return false;
+    Q_EMIT commitData(field);
+    Q_EMIT closeEditor(field, SubmitModelCache);
+    return true;
 }

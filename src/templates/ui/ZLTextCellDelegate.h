@@ -5,8 +5,8 @@
 class QLineEdit;
 
 /// Edits texts of any length in the cells of a table. Text that nobody typed is never written, so that looking leaves
-/// no undo step, and text that somebody is typing is never replaced by what the model says meanwhile. A field that has
-/// nothing to undo or redo leaves the key to the window.
+/// no undo step, and text that somebody is typing is never replaced by what the model says meanwhile. Return commits at
+/// once. A field that has nothing to undo or redo leaves the key to the window.
 class ZLTextCellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -21,4 +21,7 @@ protected:
     /// A field cuts what is longer than it may be, also what it only shows.
     static void takeAnyLength(QLineEdit& field);
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool filterKey(QLineEdit* field, QEvent* event);
 };

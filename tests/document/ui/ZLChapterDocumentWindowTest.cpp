@@ -1,10 +1,14 @@
 #include "document/ui/ZLWindowFixture.h"
 
+#include "templates/ui/ZLTemplatesTableView.h"
+
 #include <QAccessible>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDockWidget>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -172,6 +176,74 @@ TEST_F(ZLChapterDocumentWindowTest, TheKeyOfTheDrawerMovesTheKeyboardIntoIt)
     press(Qt::Key_F9);
     ASSERT_TRUE(dock->isVisible());
     EXPECT_TRUE(dock->isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(ZLChapterDocumentWindowTest, F2ReturnAndDeleteActOnTheListThatHasTheKeyboard)
+{
+    addChapterAt(1.0, u"chapter"_s);
+    table().finishEditing();
+    addTemplate(u"first"_s);
+    addTemplate(u"second"_s);
+    ASSERT_TRUE(m_window->isDrawerOpen());
+    auto* list = m_window->findChild<ZLTemplatesTableView*>();
+    list->setFocus();
+    for (const auto key : { Qt::Key_F2, Qt::Key_Return }) {
+        press(key);
+        ASSERT_TRUE(field());
+        EXPECT_EQ(field()->text(), u"first"_s);
+        press(Qt::Key_Escape);
+    }
+    press(Qt::Key_Delete);
+    EXPECT_EQ(templates().count(), 1);
+    EXPECT_EQ(titles(), QStringList(u"chapter"_s));
+    table().setFocus();
+    for (const auto key : { Qt::Key_F2, Qt::Key_Return }) {
+        press(key);
+        ASSERT_TRUE(field());
+        EXPECT_EQ(field()->text(), u"chapter"_s);
+        press(Qt::Key_Escape);
+    }
+    press(Qt::Key_Delete);
+    EXPECT_EQ(titles(), QStringList());
+    EXPECT_EQ(templates().count(), 1);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, PasteGoesToTheDrawerThatHasTheKeyboard)
+{
+    QGuiApplication::clipboard()->setText(u"- Intro\n- News"_s);
+    EXPECT_FALSE(action(u"paste"_s)->isEnabled());
+    m_window->findChild<ZLTemplatesTableView*>()->setFocus();
+    ASSERT_TRUE(action(u"paste"_s)->isEnabled());
+    action(u"paste"_s)->trigger();
+    EXPECT_EQ(templates().count(), 2);
+    EXPECT_EQ(history().undoActionName(), u"Import Templates"_s);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, TheMenuOfAChapterOpensAndCopiesItsLink)
+{
+    addChapterAt(1.0, u"plain"_s);
+    const auto chapter = addChapterAt(2.0, u"linked"_s);
+    chapter->setLink(u"example.org/news"_s);
+    table().finishEditing();
+    auto* menu = m_window->findChild<QMenu*>(u"chapterContextMenu"_s);
+    const QSignalSpy opened(&table(), &ZLChapterTableView::linkActivated);
+    const auto showAt = [this](int row) {
+        select(row);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(&table(), &event);
+    };
+    QObject::disconnect(&table(), &ZLChapterTableView::linkActivated, m_window.get(), nullptr);
+    showAt(0);
+    ASSERT_TRUE(menu->isVisible());
+    EXPECT_FALSE(action(u"openLink"_s)->isEnabled());
+    EXPECT_FALSE(action(u"copyLink"_s)->isEnabled());
+    menu->hide();
+    showAt(1);
+    action(u"copyLink"_s)->trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"example.org/news"_s);
+    action(u"openLink"_s)->trigger();
+    ASSERT_EQ(opened.count(), 1);
+    EXPECT_EQ(opened.at(0).at(0).toUrl(), QUrl(u"https://example.org/news"_s));
 }
 
 TEST_F(ZLChapterDocumentWindowTest, ImportedTemplatesAreSeen)

@@ -73,15 +73,149 @@ protected:
 
 TEST_F(ZLTemplatesDrawerTest, AddOpensTheTitleAndTypingWithReturnSetsIt)
 {
+    addTemplates({ u"a"_s, u"b"_s });
+    clickRow(0);
     click(u"addButton"_s);
     ASSERT_TRUE(editor());
     EXPECT_TRUE(editor()->hasFocus());
     type(u"News"_s);
     press(Qt::Key_Return);
     EXPECT_FALSE(editor());
-    EXPECT_EQ(titles(), QStringList(u"News"_s));
+    EXPECT_EQ(titles(), (QStringList { u"a"_s, u"News"_s, u"b"_s }));
     EXPECT_TRUE(table->hasFocus());
     EXPECT_EQ(delegate.updateCount, 1) << "typing a title is no update";
+}
+
+TEST_F(ZLTemplatesDrawerTest, ReturnInTheLastRowGoesOnAndReturnInAnEmptyNewOneEnds)
+{
+    QStringList topics;
+    press(Qt::Key_Return);
+    for (int number = 1; number <= 10; ++number) {
+        topics.append(u"topic %1"_s.arg(number));
+        ASSERT_TRUE(editor());
+        type(topics.last());
+        press(Qt::Key_Return);
+        EXPECT_EQ(titles(), topics + QStringList(u""_s));
+    }
+    press(Qt::Key_Return);
+    EXPECT_FALSE(editor());
+    EXPECT_TRUE(table->hasFocus());
+    EXPECT_EQ(titles(), topics);
+    EXPECT_EQ(controller.selectedRow(), 9);
+    for (int steps = 0; steps < 10; ++steps)
+        history.undo();
+    EXPECT_FALSE(history.canUndo()) << "what came to nothing is no step";
+}
+
+TEST_F(ZLTemplatesDrawerTest, EscapeInAnEmptyNewOneTakesItAwayToo)
+{
+    addTemplates({ u"a"_s });
+    press(Qt::Key_Return);
+    press(Qt::Key_Return);
+    EXPECT_EQ(model.rowCount(), 2);
+    type(u"half a title"_s);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(titles(), QStringList(u"a"_s));
+    EXPECT_TRUE(table->hasFocus());
+    EXPECT_FALSE(history.canUndo());
+}
+
+TEST_F(ZLTemplatesDrawerTest, AnEmptyNewOneBehindAnotherStepGoesAsAStepOfItsOwn)
+{
+    addTemplates({ u"a"_s });
+    controller.addChapterButtonPressed();
+    history.registerStep([] {});
+    press(Qt::Key_Escape);
+    EXPECT_EQ(titles(), QStringList(u"a"_s));
+    EXPECT_EQ(history.undoActionName(), u"Remove Template"_s);
+}
+
+TEST_F(ZLTemplatesDrawerTest, AnOldTemplateWithoutATitleStays)
+{
+    addTemplates({ u""_s, u"b"_s });
+    clickRow(0);
+    press(Qt::Key_F2);
+    press(Qt::Key_Return);
+    press(Qt::Key_F2);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(titles(), (QStringList { u""_s, u"b"_s }));
+}
+
+TEST_F(ZLTemplatesDrawerTest, F2OpensTheTitleAndShiftF2TheLinkOfTheSelectedTemplate)
+{
+    addTemplates({ u"a"_s, u"b"_s });
+    press(Qt::Key_End);
+    EXPECT_EQ(controller.selectedRow(), 1);
+    press(Qt::Key_F2, Qt::ShiftModifier);
+    type(u"example.com"_s);
+    press(Qt::Key_Escape);
+    press(Qt::Key_F2);
+    ASSERT_TRUE(editor());
+    EXPECT_EQ(editor()->text(), u"b"_s);
+    press(Qt::Key_Escape);
+    press(Qt::Key_Home);
+    EXPECT_EQ(controller.selectedRow(), 0);
+}
+
+TEST_F(ZLTemplatesDrawerTest, TabInTheLastLinkClosesIt)
+{
+    addTemplates({ u"a"_s, u"b"_s });
+    press(Qt::Key_End);
+    press(Qt::Key_F2, Qt::ShiftModifier);
+    type(u"example.com"_s);
+    press(Qt::Key_Tab);
+    EXPECT_FALSE(editor());
+    EXPECT_EQ(links().constLast(), u"example.com"_s);
+    EXPECT_EQ(controller.selectedRow(), 1);
+}
+
+TEST_F(ZLTemplatesDrawerTest, PasteImportsUnlessAFieldIsOpen)
+{
+    addTemplates({ u"a"_s });
+    QGuiApplication::clipboard()->setText(u"- Intro\n- News"_s);
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(titles(), (QStringList { u"a"_s, u"Intro"_s, u"News"_s }));
+    button(u"importButton"_s)->setFocus();
+    press(Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(model.rowCount(), 5);
+    table->setFocus();
+    press(Qt::Key_F2);
+    press(Qt::Key_V, Qt::ControlModifier);
+    press(Qt::Key_Return);
+    EXPECT_EQ(model.rowCount(), 5);
+    EXPECT_TRUE(titles().constFirst().contains(u"Intro"_s));
+}
+
+TEST_F(ZLTemplatesDrawerTest, TextThatIsDroppedAnywhereIsImportedAtTheEnd)
+{
+    addTemplates({ u"a"_s, u"b"_s });
+    QMimeData outline;
+    outline.setText(u"- Intro\nexample.com"_s);
+    const auto drop = [](QWidget* target, const QPoint& place, const QMimeData& data) {
+        QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QApplication::sendEvent(target, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &event);
+        EXPECT_EQ(event.dropAction(), Qt::CopyAction);
+        return true;
+    };
+    EXPECT_TRUE(drop(table->viewport(), table->visualRect(model.index(0, 0)).center(), outline));
+    EXPECT_EQ(titles(), (QStringList { u"a"_s, u"b"_s, u"Intro"_s }));
+    EXPECT_EQ(links().constLast(), u"example.com"_s);
+    EXPECT_TRUE(drop(button(u"addButton"_s), { 3, 3 }, outline));
+    press(Qt::Key_F2);
+    ASSERT_TRUE(editor());
+    EXPECT_TRUE(drop(editor(), { 3, 3 }, outline));
+    EXPECT_EQ(model.rowCount(), 5);
+    EXPECT_EQ(history.undoActionName(), u"Import Templates"_s);
+
+    QMimeData file;
+    file.setUrls({ QUrl::fromLocalFile(u"/somewhere/notes.txt"_s) });
+    file.setText(u"- not this"_s);
+    EXPECT_FALSE(drop(table->viewport(), { 5, 5 }, file)) << "a file is for the window";
 }
 
 TEST_F(ZLTemplatesDrawerTest, AddWhileATitleIsTypedKeepsWhatWasTyped)
@@ -92,7 +226,7 @@ TEST_F(ZLTemplatesDrawerTest, AddWhileATitleIsTypedKeepsWhatWasTyped)
     ASSERT_TRUE(editor());
     type(u"Mail"_s);
     press(Qt::Key_Return);
-    EXPECT_EQ(titles(), (QStringList { u"News"_s, u"Mail"_s }));
+    EXPECT_EQ(titles(), (QStringList { u"News"_s, u"Mail"_s, u""_s }));
 }
 
 TEST_F(ZLTemplatesDrawerTest, EscapeLeavesTheTitleAsItWas)
@@ -118,7 +252,7 @@ TEST_F(ZLTemplatesDrawerTest, TabGoesFromTheTitleToTheLinkAndOnToTheNextTitle)
     press(Qt::Key_Tab);
     ASSERT_TRUE(editor());
     type(u"Mail"_s);
-    press(Qt::Key_Return);
+    press(Qt::Key_Tab);
     EXPECT_EQ(titles(), (QStringList { u"News"_s, u"Mail"_s }));
     EXPECT_EQ(links(), (QStringList { u"example.com"_s, u""_s }));
 }
@@ -139,12 +273,12 @@ TEST_F(ZLTemplatesDrawerTest, AnOpenedCellHasItsTextSelected)
 
 TEST_F(ZLTemplatesDrawerTest, AnEditorThatWasNotTouchedStoresNothing)
 {
-    addTemplates({ u"News"_s });
+    addTemplates({ u"News"_s, u"Mail"_s });
     press(Qt::Key_F2);
     ASSERT_TRUE(editor());
     controller.chapterManager().chapterAtIndex(0)->setTitle(u"Changed meanwhile"_s);
     press(Qt::Key_Return);
-    EXPECT_EQ(titles(), QStringList(u"Changed meanwhile"_s));
+    EXPECT_EQ(titles(), (QStringList { u"Changed meanwhile"_s, u"Mail"_s }));
 }
 
 TEST_F(ZLTemplatesDrawerTest, RemoveTakesTheSelectedRowAndLeavesTheFocusInTheDrawer)

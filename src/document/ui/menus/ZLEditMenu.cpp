@@ -102,7 +102,8 @@ void ZLEditMenu::addClipboardActions()
     };
     m_cut = addFieldAction(u"cut"_s, tr("Cu&t"), QKeySequence(u"Ctrl+X"_s), &QLineEdit::cut);
     m_copy = addFieldAction(u"copy"_s, tr("&Copy"), QKeySequence(u"Ctrl+C"_s), &QLineEdit::copy);
-    m_paste = addFieldAction(u"paste"_s, tr("&Paste"), QKeySequence(u"Ctrl+V"_s), &QLineEdit::paste);
+    m_paste = ZLActionHelp::addAction(*m_menu, u"paste"_s, tr("&Paste"), QKeySequence(u"Ctrl+V"_s));
+    connect(m_paste, &QAction::triggered, this, &ZLEditMenu::paste);
     m_selectAll = addFieldAction(u"selectAll"_s, tr("Select &All"), QKeySequence(u"Ctrl+A"_s), &QLineEdit::selectAll);
 }
 
@@ -126,6 +127,21 @@ void ZLEditMenu::addImportAction()
 void ZLEditMenu::validateClipboardActions()
 {
     const QLineEdit* field = focusedField();
-    for (QAction* action : { m_cut, m_copy, m_paste, m_selectAll })
+    for (QAction* action : { m_cut, m_copy, m_selectAll })
         action->setEnabled(field != nullptr);
+    m_paste->setEnabled(field || hasListForPaste());
+}
+
+void ZLEditMenu::paste()
+{
+    if (QLineEdit* field = focusedField())
+        field->paste();
+    else if (hasListForPaste())
+        Q_EMIT listPasteRequested();
+}
+
+bool ZLEditMenu::hasListForPaste() const
+{
+    const QWidget* focused = QApplication::focusWidget();
+    return m_pasteList && focused && m_pasteList->isAncestorOf(focused);
 }

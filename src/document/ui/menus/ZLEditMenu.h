@@ -5,11 +5,13 @@
 class QAction;
 class QMenu;
 class QMenuBar;
+class QWidget;
 class ZLChapterDocument;
 class ZLChapterTableView;
 
 /// The Edit menu of a document window. Undo, redo and the clipboard commands go to the text field that has the keyboard
-/// as long as it has a use for them; otherwise undo and redo go to the document.
+/// as long as it has a use for them; otherwise undo and redo go to the document, and Paste goes to the list that takes
+/// text.
 class ZLEditMenu : public QObject {
     Q_OBJECT
 
@@ -17,6 +19,9 @@ public:
     ZLEditMenu(QMenuBar& menuBar, ZLChapterDocument& document, ZLChapterTableView& tableView);
 
     [[nodiscard]] QMenu* menu() const { return m_menu; }
+    [[nodiscard]] QAction* deleteItem() const { return m_delete; }
+    /// Where listPasteRequested() follows on Paste while no text field has the keyboard.
+    void setPasteList(const QWidget& list) { m_pasteList = &list; }
     void undo();
     void redo();
     /// Brings titles and enabled states up to date.
@@ -24,17 +29,21 @@ public:
 
 Q_SIGNALS:
     void importTemplatesRequested();
+    void listPasteRequested();
 
 private:
     void addUndoActions();
     void addClipboardActions();
     void addDeleteAction();
     void addImportAction();
+    void paste();
     void validateClipboardActions();
+    [[nodiscard]] bool hasListForPaste() const;
 
     ZLChapterDocument& m_document;
     ZLChapterTableView& m_tableView;
     QMenu* m_menu;
+    const QWidget* m_pasteList = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
     QAction* m_cut = nullptr;

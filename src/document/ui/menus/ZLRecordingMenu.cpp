@@ -54,8 +54,8 @@ void ZLRecordingMenu::validate()
     actionWithTag(ZLCommandTag::SelectNextChapter)->setEnabled(row + 1 < m_document.tableModel().rowCount());
     m_menu->findChild<QAction*>(u"newBlankChapter"_s)->setEnabled(m_document.canAddChapter());
     m_menu->findChild<QAction*>(u"moveChapters"_s)->setEnabled(hasChapters);
-    for (const QString& name : { u"editTitle"_s, u"editLink"_s })
-        m_menu->findChild<QAction*>(name)->setEnabled(m_document.canDeleteChapter());
+    for (QAction* edit : { m_editTitle, m_editLink })
+        edit->setEnabled(m_document.canDeleteChapter());
 }
 
 void ZLRecordingMenu::addTaggedActions()
@@ -87,10 +87,10 @@ void ZLRecordingMenu::addOtherActions()
     const QAction* move = addAction(u"moveChapters"_s, tr("&Move Chapters…"), u"Ctrl+M"_s);
     connect(move, &QAction::triggered, this, &ZLRecordingMenu::moveChaptersRequested);
     m_menu->addSeparator();
-    const QAction* title = addAction(u"editTitle"_s, tr("Edit &Title"), u"F2"_s);
-    connect(title, &QAction::triggered, this, &ZLRecordingMenu::editTitleRequested);
-    const QAction* link = addAction(u"editLink"_s, tr("Edit Lin&k"), u"Shift+F2"_s);
-    connect(link, &QAction::triggered, this, &ZLRecordingMenu::editLinkRequested);
+    m_editTitle = addAction(u"editTitle"_s, tr("Edit &Title"), u"F2"_s);
+    connect(m_editTitle, &QAction::triggered, this, &ZLRecordingMenu::editTitleRequested);
+    m_editLink = addAction(u"editLink"_s, tr("Edit Lin&k"), u"Shift+F2"_s);
+    connect(m_editLink, &QAction::triggered, this, &ZLRecordingMenu::editLinkRequested);
 }
 
 QAction* ZLRecordingMenu::addAction(const QString& name, const QString& title, const QString& key)

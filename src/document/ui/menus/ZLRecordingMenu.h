@@ -16,6 +16,8 @@ public:
     ZLRecordingMenu(QMenuBar& menuBar, ZLChapterDocument& document);
 
     [[nodiscard]] QMenu* menu() const { return m_menu; }
+    [[nodiscard]] QAction* editTitleItem() const { return m_editTitle; }
+    [[nodiscard]] QAction* editLinkItem() const { return m_editLink; }
     /// Null for a tag other than 1 to 6.
     [[nodiscard]] QAction* actionWithTag(int tag) const;
     /// Brings titles and enabled states up to date.
@@ -35,4 +37,6 @@ private:
 
     ZLChapterDocument& m_document;
     QMenu* m_menu;
+    QAction* m_editTitle = nullptr;
+    QAction* m_editLink = nullptr;
 };

@@ -4,21 +4,10 @@
 #include "document/ui/table/ZLChapterTableHeader.h"
 #include "templates/ui/ZLQuietColor.h"
 
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStyle>
 
 #include <utility>
-
-namespace {
-
-bool isCommitKey(const QKeyEvent& event)
-{
-    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    return isReturn && !(event.modifiers() & ~Qt::KeypadModifier);
-}
-
-}
 
 QModelIndex ZLChapterCellDelegate::openIndex() const
 {
@@ -68,21 +57,4 @@ void ZLChapterCellDelegate::initStyleOption(QStyleOptionViewItem* option, const 
     const QPalette colors = option->palette;
     option->palette.setColor(QPalette::Text, ZLQuietColor::onBase(colors));
     option->palette.setColor(QPalette::HighlightedText, ZLQuietColor::onHighlight(colors));
-}
-
-bool ZLChapterCellDelegate::eventFilter(QObject* watched, QEvent* event)
-{
-    auto* field = qobject_cast<QLineEdit*>(watched);
-    if (field && filterKey(field, event))
-        return true;
-    return ZLTextCellDelegate::eventFilter(watched, event);
-}
-
-bool ZLChapterCellDelegate::filterKey(QLineEdit* field, QEvent* event)
-{
-    if (event->type() != QEvent::KeyPress || !isCommitKey(*static_cast<QKeyEvent*>(event)))
-        return false;
-    Q_EMIT commitData(field);
-    Q_EMIT closeEditor(field, SubmitModelCache);
-    return true;
 }

@@ -26,11 +26,8 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    bool filterKey(QLineEdit* field, QEvent* event);
-
     mutable ZLCellTexts m_texts;
     mutable QPointer<QLineEdit> m_openField;
     mutable QPersistentModelIndex m_openIndex;

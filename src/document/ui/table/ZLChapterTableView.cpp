@@ -5,6 +5,7 @@
 #include "document/ui/table/ZLChapterColumnLayout.h"
 #include "document/ui/table/ZLChapterTableHeader.h"
 #include "settings/ZLSettingsManager.h"
+#include "templates/ui/ZLListKeys.h"
 #include "templates/ui/ZLQuietColor.h"
 #include "templates/ui/ZLRowHeight.h"
 
@@ -155,7 +156,7 @@ void ZLChapterTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::End
     QTableView::closeEditor(editor, goesOn ? QAbstractItemDelegate::NoHint : hint);
     if (!goesOn || !start.isValid())
         return;
-    const QModelIndex next = editableCellFrom(start, hint == QAbstractItemDelegate::EditNextItem ? 1 : -1);
+    const QModelIndex next = textCellFrom(start, hint == QAbstractItemDelegate::EditNextItem ? 1 : -1);
     if (next.isValid())
         beginEditing(next);
 }
@@ -203,11 +204,20 @@ void ZLChapterTableView::mousePressEvent(QMouseEvent* event)
 
 void ZLChapterTableView::keyPressEvent(QKeyEvent* event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && !(event->modifiers() & ~Qt::KeypadModifier) && !isEditing())
+    if (ZLListKeys::isReturn(*event) && !isEditing())
         editSelectedCell();
-    else
+    else if (!ZLListKeys::goToEnd(*this, *event))
         QTableView::keyPressEvent(event);
+}
+
+void ZLChapterTableView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool isMouse = event->reason() == QContextMenuEvent::Mouse;
+    const QModelIndex cell = isMouse ? indexAt(event->pos()) : currentIndex();
+    if (!cell.isValid())
+        return;
+    finishEditing();
+    Q_EMIT contextMenuRequested(isMouse ? event->globalPos() : viewport()->mapToGlobal(visualRect(cell).bottomLeft()));
 }
 
 void ZLChapterTableView::changeEvent(QEvent* event)
@@ -242,13 +252,13 @@ void ZLChapterTableView::updateEmptyState()
     viewport()->update();
 }
 
-QModelIndex ZLChapterTableView::editableCellFrom(const QModelIndex& start, int step) const
+QModelIndex ZLChapterTableView::textCellFrom(const QModelIndex& start, int step) const
 {
     const int columns = model()->columnCount();
     const int cells = model()->rowCount() * columns;
     for (int cell = start.row() * columns + start.column() + step; cell >= 0 && cell < cells; cell += step) {
         const QModelIndex index = model()->index(cell / columns, cell % columns);
-        if (index.flags() & Qt::ItemIsEditable)
+        if (index.column() == ZLChapterTableModel::TitleColumn || index.column() == ZLChapterTableModel::LinkColumn)
             return index;
     }
     return {};

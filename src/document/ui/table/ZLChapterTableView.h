@@ -39,6 +39,8 @@ public:
 Q_SIGNALS:
     /// A link was clicked with Ctrl held.
     void linkActivated(const QUrl& address);
+    /// The menu of the selected chapter should come up at this place of the screen.
+    void contextMenuRequested(const QPoint& place);
 
 protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -48,6 +50,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -55,7 +58,8 @@ private:
     void dropTypedText();
     void editSelectedCell();
     void updateEmptyState();
-    [[nodiscard]] QModelIndex editableCellFrom(const QModelIndex& start, int step) const;
+    /// The next title or link; times are passed by.
+    [[nodiscard]] QModelIndex textCellFrom(const QModelIndex& start, int step) const;
 
     ZLChapterCellDelegate* m_delegate;
     ZLChapterColumnLayout* m_columnLayout = nullptr;

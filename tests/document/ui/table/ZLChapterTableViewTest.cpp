@@ -63,7 +63,7 @@ TEST_F(ZLChapterTableViewTest, AnUnchangedTextThatWasTypedAnewIsAStep)
     EXPECT_EQ(history().undoActionName(), u"Change Title"_s);
 }
 
-TEST_F(ZLChapterTableViewTest, TabAndShiftTabGoThroughTheEditableCells)
+TEST_F(ZLChapterTableViewTest, TabAndShiftTabGoThroughTitlesAndLinks)
 {
     addChapterAt(10.0, u"One"_s);
     addChapterAt(20.0, u"Two"_s);
@@ -75,12 +75,26 @@ TEST_F(ZLChapterTableViewTest, TabAndShiftTabGoThroughTheEditableCells)
     type(u"example.org"_s);
     press(Qt::Key_Tab);
     ASSERT_TRUE(field());
-    EXPECT_EQ(field()->text(), u"00:00:20.000"_s);
+    EXPECT_EQ(field()->text(), u"Two"_s);
     EXPECT_EQ(m_document.selectedRow(), 1);
     press(Qt::Key_Backtab, Qt::ShiftModifier);
     ASSERT_TRUE(field());
     EXPECT_EQ(field()->text(), u"example.org"_s);
     EXPECT_EQ(titles(), (QStringList { u"First"_s, u"Two"_s }));
+}
+
+TEST_F(ZLChapterTableViewTest, HomeAndEndGoToTheFirstAndTheLastChapter)
+{
+    for (const double seconds : { 10.0, 20.0, 30.0 })
+        addChapterAt(seconds);
+    table().finishEditing();
+    press(Qt::Key_Home);
+    EXPECT_EQ(m_document.selectedRow(), 0);
+    press(Qt::Key_End);
+    EXPECT_EQ(m_document.selectedRow(), 2);
+    select(1);
+    press(Qt::Key_Home, Qt::KeypadModifier);
+    EXPECT_EQ(m_document.selectedRow(), 0);
 }
 
 TEST_F(ZLChapterTableViewTest, TabBehindTheLastCellReturnsToTheTable)

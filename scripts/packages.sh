@@ -13,6 +13,7 @@ zelta_test_packages=(
   libgtest-dev libgmock-dev git
   python3 libplist-utils libxml2-utils
   liblo-tools nodejs npm
+  ffmpeg mkvtoolnix cuetools python3-webvtt
   avahi-daemon iproute2
   pulseaudio pulseaudio-utils
   xvfb openbox weston xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst

@@ -22,6 +22,8 @@ ORDER = [
     "resources/sounds",
     "resources/translations",
     "model",
+    "lists",
+    "lists/forms",
     "settings",
     "templates",
     "templates/ui",

@@ -509,6 +509,17 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLCueSheet</name>
+    <message>
+        <source>The sheet speaks of %1 files, and the times of each begin at 0.</source>
+        <translation>Das Blatt nennt %1 Dateien, und die Zeiten jeder beginnen bei 0.</translation>
+    </message>
+    <message>
+        <source>This track has no time and was left out.</source>
+        <translation>Dieser Titel hat keine Zeit und wurde ausgelassen.</translation>
+    </message>
+</context>
+<context>
     <name>ZLDocumentController</name>
     <message>
         <source>%1: The file is open as another document.</source>
@@ -908,6 +919,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFFMetadata</name>
+    <message>
+        <source>This chapter has no time and was left out.</source>
+        <translation>Dieses Kapitel hat keine Zeit und wurde ausgelassen.</translation>
     </message>
 </context>
 <context>
@@ -1316,6 +1334,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLHindenburgSession</name>
+    <message>
+        <source>Markers of another type were left out: %1.</source>
+        <translation>Marken anderer Art wurden ausgelassen: %1.</translation>
+    </message>
+</context>
+<context>
     <name>ZLHotKeyCenter</name>
     <message>
         <source>Keyboards of this system have no such key.</source>
@@ -1324,6 +1349,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Another shortcut of this program has the same keys.</source>
         <translation>Ein anderes Kürzel dieses Programms hat dieselben Tasten.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLJSONValues</name>
+    <message>
+        <source>Chapter %1 has no time and was left out.</source>
+        <translation>Kapitel %1 hat keine Zeit und wurde ausgelassen.</translation>
     </message>
 </context>
 <context>
@@ -1620,6 +1652,62 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLListForms</name>
+    <message>
+        <source>This was read as %1. It could also be %2.</source>
+        <translation>Dies wurde als %1 gelesen. Es könnte auch %2 sein.</translation>
+    </message>
+    <message>
+        <source>This XML holds no chapters: its outermost element is &lt;%1&gt;.</source>
+        <translation>Dieses XML enthält keine Kapitel: Sein äußerstes Element ist &lt;%1&gt;.</translation>
+    </message>
+    <message>
+        <source>No chapters were found: no line has a time, and this is no list that Zelta knows.</source>
+        <translation>Es wurden keine Kapitel gefunden: Keine Zeile hat eine Zeit, und dies ist keine Liste, die Zelta kennt.</translation>
+    </message>
+    <message>
+        <source>The list holds more than %1 chapters.</source>
+        <translation>Die Liste enthält mehr als %1 Kapitel.</translation>
+    </message>
+    <message>
+        <source>The text is no UTF-8 and was read as Latin-1.</source>
+        <translation>Der Text ist kein UTF-8 und wurde als Latin-1 gelesen.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLListSource</name>
+    <message>
+        <source>This is too large to be a list of chapters.</source>
+        <translation>Dies ist zu groß für eine Kapitelliste.</translation>
+    </message>
+    <message>
+        <source>This is not a text.</source>
+        <translation>Dies ist kein Text.</translation>
+    </message>
+    <message>
+        <source>The JSON is broken after %1 bytes: %2</source>
+        <translation>Das JSON ist nach %1 Bytes fehlerhaft: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZLListText</name>
+    <message>
+        <source>This line was not understood.</source>
+        <translation>Diese Zeile wurde nicht verstanden.</translation>
+    </message>
+    <message>
+        <source>Further lines were not understood.</source>
+        <translation>Weitere Zeilen wurden nicht verstanden.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLMatroskaChapters</name>
+    <message>
+        <source>Chapters without a time were left out: %1.</source>
+        <translation>Kapitel ohne Zeit wurden ausgelassen: %1.</translation>
+    </message>
+</context>
+<context>
     <name>ZLMessageRow</name>
     <message>
         <source>Attention</source>
@@ -1665,6 +1753,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>This window system has no system-wide shortcuts.</source>
         <translation>Dieses Fenstersystem hat keine systemweiten Tastenkürzel.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLNumberedFields</name>
+    <message>
+        <source>This chapter has no time and was left out.</source>
+        <translation>Dieses Kapitel hat keine Zeit und wurde ausgelassen.</translation>
     </message>
 </context>
 <context>
@@ -2095,6 +2190,13 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
 </context>
 <context>
+    <name>ZLPodloveChapters</name>
+    <message>
+        <source>No item of this feed holds chapters.</source>
+        <translation>Kein Eintrag dieses Feeds enthält Kapitel.</translation>
+    </message>
+</context>
+<context>
     <name>ZLPortalHotKeyBackend</name>
     <message>
         <source>The desktop gave this shortcut no keys.</source>
@@ -2168,6 +2270,13 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>&amp;Save</source>
         <translation>&amp;Speichern</translation>
+    </message>
+</context>
+<context>
+    <name>ZLReaperMarkers</name>
+    <message>
+        <source>The times are in beats. Set REAPER&apos;s ruler to minutes and seconds and export the markers again.</source>
+        <translation>Die Zeiten sind in Taktschlägen. Stelle das Lineal von REAPER auf Minuten und Sekunden und exportiere die Marken noch einmal.</translation>
     </message>
 </context>
 <context>
@@ -2885,6 +2994,17 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>The X server refuses these keys (error %1).</source>
         <translation>Der X-Server lehnt diese Tasten ab (Fehler %1).</translation>
+    </message>
+</context>
+<context>
+    <name>ZLXmlChapters</name>
+    <message>
+        <source>It declares entities, which a list of chapters does not need.</source>
+        <translation>Es vereinbart Entitäten, die eine Kapitelliste nicht braucht.</translation>
+    </message>
+    <message>
+        <source>The XML is broken in line %1: %2</source>
+        <translation>Das XML ist in Zeile %1 fehlerhaft: %2</translation>
     </message>
 </context>
 <context>

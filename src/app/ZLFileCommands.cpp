@@ -1,6 +1,8 @@
 #include "app/ZLFileCommands.h"
 
 #include "app/ZLChapterListing.h"
+#include "app/ZLErrorLines.h"
+#include "export/ZLSessionCopy.h"
 #include "export/formats/ZLExportAdvice.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLAtomicFile.h"
@@ -140,10 +142,12 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
     const auto bytes = exporterClass.create()->exportedBytes(input);
     if (!bytes)
         return ZLError { u"%1: %2"_s.arg(target, bytes.error().message) };
-    const ZLStatus status = ZLAtomicFile::write(target, bytes.value());
-    if (status)
-        advise(ZLExportAdvice::lines(exporterClass.format().name, input));
-    return status;
+    advise(ZLExportAdvice::lines(exporterClass.format().name, input));
+    if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
+        if (const ZLStatus kept = ZLSessionCopy::keep(target, input.existingBytes); !kept)
+            return kept;
+    }
+    return ZLAtomicFile::write(target, bytes.value());
 }
 
 int ZLFileCommands::showFile(const ZLCommandLine& commandLine)
@@ -182,12 +186,5 @@ void ZLFileCommands::advise(const QStringList& lines)
 
 void ZLFileCommands::printErrorLine(const QString& message)
 {
-    // A file name may hold line breaks and worse, and still the reason is one line.
-    QString line = message;
-    for (QChar& character : line) {
-        if (character.category() == QChar::Other_Control)
-            character = u' ';
-    }
-    m_err << "zelta: " << line << '\n';
-    m_err.flush();
+    m_err << ZLErrorLines::line(message) << Qt::flush;
 }

@@ -6,8 +6,8 @@
 #include <QTextStream>
 
 /// The commands that work on files and end: no window, no display, no running recorder. Each returns a ZLExitStatus;
-/// when it is not Done, one line on the error stream says why and no file was changed. An export that is done may have
-/// lines there as well: what the destination will not like.
+/// when it is not Done, the last line on the error stream says why and no file was changed. Before it writes, an export
+/// says there what the destination will not like.
 class ZLFileCommands {
 public:
     /// The streams have to outlive the object.

@@ -7,6 +7,8 @@
 #include "platform/ZLSignalWatcher.h"
 #include "remote/ZLOSCController.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -68,13 +70,14 @@ void ZLHeadlessRecorder::showRemoteControl(const ZLOSCController& oscController)
     connect(&oscController.inPort(), &ZLOSCInPort::portDidChange, this, &ZLHeadlessRecorder::printPort);
 }
 
-ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadlessStart headlessStart)
+ZLStatus ZLHeadlessRecorder::start(
+    const std::optional<QString>& file, ZLHeadlessStart headlessStart, ZLMissingFile missingFile)
 {
     // A reader of our output that goes away must not take the recording with it.
     std::signal(SIGPIPE, SIG_IGN);
     m_signals = new ZLSignalWatcher({ SIGINT, SIGTERM, SIGHUP }, this);
     connect(m_signals, &ZLSignalWatcher::didReceiveSignal, this, &ZLHeadlessRecorder::terminate);
-    if (const ZLStatus opened = openDocuments(file); !opened)
+    if (const ZLStatus opened = openDocuments(file, missingFile); !opened)
         return opened;
     m_reported = takeSnapshot();
     m_chapterChanges = std::make_unique<ZLChapterChanges>(m_document->chapterManager());
@@ -84,6 +87,7 @@ ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadles
     const QString otherHolder = m_controller.saverOf(m_document)->otherHolder();
     if (!otherHolder.isEmpty())
         m_streams.complain(tr("The file is also open elsewhere (%1).").arg(otherHolder));
+    reportReadOnlyFile();
     reportInterruption();
     // Who told it to record means the show that goes on meanwhile, also after a crash.
     if (headlessStart == ZLHeadlessStart::Recording && m_document->interruptedRecording())
@@ -94,19 +98,24 @@ ZLStatus ZLHeadlessRecorder::start(const std::optional<QString>& file, ZLHeadles
     return ZLDone {};
 }
 
-ZLStatus ZLHeadlessRecorder::openDocuments(const std::optional<QString>& file)
+ZLStatus ZLHeadlessRecorder::openDocuments(const std::optional<QString>& file, ZLMissingFile missingFile)
 {
-    if (file) {
-        const auto opened = m_controller.openDocument(*file, ZLMissingFile::Create);
-        if (!opened)
-            return opened.error();
-        m_document = opened.value();
-    } else {
+    if (!file) {
         const QStringList failures = m_controller.restoreSession();
         for (const QString& failure : failures)
             m_streams.complain(failure);
         m_document = m_controller.currentOrLastDocument();
+        return ZLDone {};
     }
+    const bool wasThere = QFileInfo::exists(*file);
+    const auto opened = m_controller.openDocument(*file, missingFile);
+    if (!opened)
+        return opened.error();
+    m_document = opened.value();
+    const ZLDocumentSaver* saver = m_controller.saverOf(m_document);
+    // What a journal brings back of a missing file is not new.
+    if (!wasThere && !saver->hasContent())
+        print(tr("new document: %1").arg(saver->path()));
     return ZLDone {};
 }
 
@@ -186,6 +195,14 @@ void ZLHeadlessRecorder::reportChapters()
     const auto added = m_chapterChanges->takeAdded();
     for (const auto& [index, chapter] : added)
         print(describeChapter(index, *chapter));
+}
+
+void ZLHeadlessRecorder::reportReadOnlyFile()
+{
+    const ZLDocumentSaver* saver = m_controller.saverOf(m_document);
+    if (!saver->isUntitled() && ZLAtomicFile::isReadOnly(saver->path()))
+        m_streams.complain(
+            tr("%1 is read-only: what changes is kept, but cannot be written to it.").arg(saver->path()));
 }
 
 void ZLHeadlessRecorder::reportInterruption()

@@ -42,9 +42,10 @@ public:
     /// has to outlive the recorder.
     void showRemoteControl(const ZLOSCController& oscController);
 
-    /// Opens `file`, which is made when it is missing; without one, what was open before or a new document. From here
-    /// on SIGINT, SIGTERM and SIGHUP end the program as terminate() does.
-    ZLStatus start(const std::optional<QString>& file, ZLHeadlessStart headlessStart);
+    /// Opens `file`; without one, what was open before or a new document. It says so when it made a missing one. From
+    /// here on SIGINT, SIGTERM and SIGHUP end the program as terminate() does.
+    ZLStatus start(const std::optional<QString>& file, ZLHeadlessStart headlessStart,
+        ZLMissingFile missingFile = ZLMissingFile::Create);
 
     /// One command, as it comes from the input.
     void handleLine(const QString& line);
@@ -87,12 +88,13 @@ private:
     void quit(const QString& argument);
 
     void settleConflict(const std::function<ZLStatus(ZLDocumentSaver&)>& decision);
+    void reportReadOnlyFile();
     void reportInterruption();
     void reportSleep();
     void printOtherDocuments();
     void printPort();
 
-    ZLStatus openDocuments(const std::optional<QString>& file);
+    ZLStatus openDocuments(const std::optional<QString>& file, ZLMissingFile missingFile);
     void openInput();
     void watchDocuments();
     void scheduleReport();

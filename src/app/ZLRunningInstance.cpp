@@ -3,7 +3,6 @@
 #include "platform/ZLStateFolder.h"
 
 #include <QDeadlineTimer>
-#include <QMetaObject>
 #include <QThread>
 
 using namespace Qt::StringLiterals;
@@ -14,10 +13,14 @@ const QString openFileAddress = QStringLiteral("/zelta/open");
 const QString newDocumentAddress = QStringLiteral("/zelta/new");
 const QString showAddress = QStringLiteral("/zelta/show");
 const QString takenAnswer = QStringLiteral("taken");
+/// Before what could not be opened.
+const QString problemAnswer = QStringLiteral("problem: ");
 
 /// The process that holds the lock opens its socket a moment later.
 constexpr int patienceMilliseconds = 3000;
 constexpr unsigned long millisecondsBetweenTries = 50;
+/// A file may lie on a share that takes its time.
+constexpr int openingMilliseconds = 10000;
 
 bool someoneRuns(const QString& path)
 {
@@ -53,22 +56,26 @@ std::optional<ZLLaunchRequest> requestFrom(const ZLOSCMessage& message)
 
 }
 
-ZLResult<bool> ZLRunningInstance::handOver(const ZLLaunchRequest& request, const QString& path)
+ZLResult<ZLHandover> ZLRunningInstance::handOver(const ZLLaunchRequest& request, const QString& path)
 {
+    ZLHandover handover;
     QList<ZLOSCMessage> messages = messagesFor(request);
     const QDeadlineTimer deadline(patienceMilliseconds);
     while (someoneRuns(path)) {
-        const ZLResult<QString> answer = ZLCommandSocket::send(messages.constFirst(), path);
+        const ZLResult<QString> answer = ZLCommandSocket::send(messages.constFirst(), path, openingMilliseconds);
         if (answer)
             messages.removeFirst();
-        if (messages.isEmpty())
-            return true;
+        if (answer && answer.value().startsWith(problemAnswer))
+            handover.problems.append(answer.value().sliced(problemAnswer.size()));
+        handover.isTaken = messages.isEmpty();
+        if (handover.isTaken)
+            return handover;
         if (!answer && deadline.hasExpired())
             return answer.error();
         if (!answer)
             QThread::msleep(millisecondsBetweenTries);
     }
-    return false;
+    return handover;
 }
 
 ZLRunningInstance::ZLRunningInstance(Handler handler, const QString& path)
@@ -87,8 +94,6 @@ QString ZLRunningInstance::take(const ZLOSCMessage& message)
     const auto request = requestFrom(message);
     if (!request)
         return {};
-    // The other process does not have to wait until the file is read.
-    QMetaObject::invokeMethod(
-        &m_socket, [this, request] { m_handler(*request); }, Qt::QueuedConnection);
-    return takenAnswer;
+    const QStringList problems = m_handler(*request);
+    return problems.isEmpty() ? takenAnswer : problemAnswer + problems.join(u' ');
 }

@@ -18,15 +18,25 @@ struct ZLLaunchRequest {
     bool operator==(const ZLLaunchRequest&) const = default;
 };
 
+/// What became of a request that was handed over.
+struct ZLHandover {
+    /// False when there is no process that could take it.
+    bool isTaken = false;
+    /// What could not be opened, a sentence each.
+    QStringList problems {};
+};
+
 /// The one process with windows that a user has. One that is started later hands over what was asked of it and ends;
 /// one that crashed stands in nobody's way.
 class ZLRunningInstance {
 public:
-    using Handler = std::function<void(const ZLLaunchRequest& request)>;
+    /// Carries out a request and returns what could not be opened, a sentence each.
+    using Handler = std::function<QStringList(const ZLLaunchRequest& request)>;
 
-    /// Hands `request` to the process that runs with windows. True when it took it, false when there is none, so that
-    /// this process may become it; an error when there is one that does not answer.
-    [[nodiscard]] static ZLResult<bool> handOver(const ZLLaunchRequest& request, const QString& path = defaultPath());
+    /// Hands `request` to the process that runs with windows and waits until that has opened everything. Where there is
+    /// none, this process may become it. An error when there is one that does not answer.
+    [[nodiscard]] static ZLResult<ZLHandover> handOver(
+        const ZLLaunchRequest& request, const QString& path = defaultPath());
 
     /// This process takes what later ones are asked, from now on and in the event loop.
     explicit ZLRunningInstance(Handler handler, const QString& path = defaultPath());

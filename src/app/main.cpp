@@ -1,7 +1,9 @@
 #include "app/ZLApplication.h"
 #include "app/ZLApplicationSounds.h"
 #include "app/ZLCommandLine.h"
+#include "app/ZLErrorLines.h"
 #include "app/ZLFileCommands.h"
+#include "app/ZLFileWords.h"
 #include "app/ZLHeadlessRecorder.h"
 #include "app/ZLSendCommand.h"
 #include "app/ui/ZLDesktop.h"
@@ -19,6 +21,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// What is wrong with the arguments, if anything.
+ZLResult<ZLCommandLine> readCommandLine(const QStringList& arguments)
+{
+    auto commandLine = ZLCommandLine::parse(arguments);
+    if (!commandLine || commandLine.value().isFileCommand())
+        return commandLine;
+    if (const ZLStatus words = ZLFileWords::check(commandLine.value()); !words)
+        return words.error();
+    return commandLine;
+}
+
 int runFileCommand(int& argc, char** argv, const QStringList& arguments)
 {
     const QCoreApplication events(argc, argv);
@@ -28,7 +41,7 @@ int runFileCommand(int& argc, char** argv, const QStringList& arguments)
     QTextStream err(stderr);
     ZLFileCommands commands(ZLExporter::allExporters(), out, err);
     // Read once more: what is wrong with it is told in the user's language.
-    const ZLResult<ZLCommandLine> commandLine = ZLCommandLine::parse(arguments);
+    const ZLResult<ZLCommandLine> commandLine = readCommandLine(arguments);
     return commandLine ? commands.run(commandLine.value()) : commands.refuseUsage(commandLine.error());
 }
 
@@ -62,8 +75,9 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
     recorder.showRemoteControl(application.oscController());
     QObject::connect(&recorder, &ZLHeadlessRecorder::didFinish, &events, &QCoreApplication::exit, Qt::QueuedConnection);
     const auto file = commandLine.files.isEmpty() ? std::nullopt : std::optional(commandLine.files.first());
-    if (const ZLStatus started = recorder.start(file, commandLine.headlessStart); !started) {
-        QTextStream(stderr) << u"zelta: %1\n"_s.arg(started.error().message);
+    if (const ZLStatus started = recorder.start(file, commandLine.headlessStart, ZLFileWords::missingFile(commandLine));
+        !started) {
+        ZLErrorLines::print({ started.error().message });
         return ZLExitStatus::Failed;
     }
     return QCoreApplication::exec();
@@ -78,7 +92,7 @@ ZLLaunchRequest launchRequest(const ZLCommandLine& commandLine)
 }
 
 /// Speaks to the process that has the windows before this one makes an application of its own.
-ZLResult<bool> handOverToRunningInstance(int& argc, char** argv, const ZLLaunchRequest& request)
+ZLResult<ZLHandover> handOverToRunningInstance(int& argc, char** argv, const ZLLaunchRequest& request)
 {
     const QCoreApplication events(argc, argv);
     const ZLTranslation translation;
@@ -88,13 +102,12 @@ ZLResult<bool> handOverToRunningInstance(int& argc, char** argv, const ZLLaunchR
 int runWithWindows(int& argc, char** argv, const ZLCommandLine& commandLine)
 {
     const ZLLaunchRequest request = launchRequest(commandLine);
-    const ZLResult<bool> handedOver = handOverToRunningInstance(argc, argv, request);
-    if (!handedOver) {
-        QTextStream(stderr) << u"zelta: %1\n"_s.arg(handedOver.error().message);
-        return ZLExitStatus::Failed;
+    const ZLResult<ZLHandover> handover = handOverToRunningInstance(argc, argv, request);
+    if (!handover || handover.value().isTaken) {
+        const QStringList problems = handover ? handover.value().problems : QStringList { handover.error().message };
+        ZLErrorLines::print(problems);
+        return problems.isEmpty() ? ZLExitStatus::Done : ZLExitStatus::Failed;
     }
-    if (handedOver.value())
-        return ZLExitStatus::Done;
     ZLDesktopApplication events(argc, argv);
     const ZLTranslation translation;
     ZLDesktop desktop(events, commandLine);
@@ -117,7 +130,7 @@ int main(int argc, char** argv)
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments += QString::fromLocal8Bit(argv[i]);
-    const ZLResult<ZLCommandLine> commandLine = ZLCommandLine::parse(arguments);
+    const ZLResult<ZLCommandLine> commandLine = readCommandLine(arguments);
     if (!commandLine || commandLine.value().isFileCommand())
         return runFileCommand(argc, argv, arguments);
     if (commandLine.value().command == ZLCommand::SendAction)

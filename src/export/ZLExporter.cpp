@@ -68,6 +68,11 @@ ZLResult<QByteArray> ZLExporter::exportedBytes(const ZLExportInput&) const
     return ZLError { QCoreApplication::translate("ZLExporter", "This format writes no file.") };
 }
 
+QString ZLExporter::reasonNothingIsInserted(const ZLExportInput&) const
+{
+    return {};
+}
+
 void ZLExporter::registerExporter(const ZLExporterClass& exporterClass)
 {
     processWideExporters().registerExporter(exporterClass);

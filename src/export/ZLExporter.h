@@ -83,6 +83,10 @@ public:
     /// The whole contents of the file, or why there are none. It depends on the input alone.
     [[nodiscard]] virtual ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const;
 
+    /// For a format that puts chapters into an existing file: why that gets none of them, in one sentence. Empty when
+    /// it gets some, and for any other format.
+    [[nodiscard]] virtual QString reasonNothingIsInserted(const ZLExportInput& input) const;
+
     /// Adds a class to the process-wide list; the base class itself is left out. A class that is registered twice is
     /// listed twice.
     static void registerExporter(const ZLExporterClass& exporterClass);

@@ -136,6 +136,15 @@ ZLStatus ZLAtomicFile::write(const QString& path, const QByteArray& bytes)
     return ZLDone {};
 }
 
+bool ZLAtomicFile::isReadOnly(const QString& path)
+{
+    const QString target = targetOfPath(path);
+    const QByteArray file = QFile::encodeName(target);
+    const QByteArray folder = QFile::encodeName(QFileInfo(target).absolutePath());
+    return access(file.constData(), F_OK) == 0
+        && (access(file.constData(), W_OK) != 0 || access(folder.constData(), W_OK) != 0);
+}
+
 ZLResult<QByteArray> ZLAtomicFile::read(const QString& path)
 {
     QFile file(path);

@@ -13,6 +13,9 @@ namespace ZLAtomicFile {
 /// fails, the file is as it was before.
 [[nodiscard]] ZLStatus write(const QString& path, const QByteArray& bytes);
 
+/// Whether there is a file at `path` that write() may not replace, by its rights, its folder's or the disk's.
+[[nodiscard]] bool isReadOnly(const QString& path);
+
 /// The whole contents of the file at `path`.
 [[nodiscard]] ZLResult<QByteArray> read(const QString& path);
 

@@ -47,7 +47,7 @@ QString ZLCommandSocket::lockPath(const QString& path)
     return path + u".lock"_s;
 }
 
-ZLResult<QString> ZLCommandSocket::send(const ZLOSCMessage& message, const QString& path)
+ZLResult<QString> ZLCommandSocket::send(const ZLOSCMessage& message, const QString& path, int patience)
 {
     const ZLResult<QByteArray> datagram = ZLOSCCodec::encode(message);
     if (!datagram)
@@ -60,7 +60,7 @@ ZLResult<QString> ZLCommandSocket::send(const ZLOSCMessage& message, const QStri
     stream << CommandSize(datagram.value().size());
     socket.write(datagram.value());
     // The other side closes the connection after its answer.
-    const QDeadlineTimer deadline(Patience);
+    const QDeadlineTimer deadline(patience);
     while (socket.state() != QLocalSocket::UnconnectedState && !deadline.hasExpired())
         socket.waitForDisconnected(int(deadline.remainingTime()));
     const QString answer = QString::fromUtf8(socket.readAll());
@@ -115,5 +115,7 @@ void ZLCommandSocket::answer(QLocalSocket& socket)
     for (const ZLOSCMessage& message : messages ? messages.value() : QList<ZLOSCMessage>())
         answers.append(m_handler(message));
     socket.write(answers.join(u'\n').toUtf8());
+    // Carrying it out may have taken longer than the other side is waited for.
+    socket.flush();
     socket.disconnectFromServer();
 }

@@ -33,8 +33,10 @@ public:
     /// The file whose lock the program holds that listens at `path`.
     [[nodiscard]] static QString lockPath(const QString& path);
 
-    /// Hands the message to the program that listens at `path` and waits for its answer.
-    [[nodiscard]] static ZLResult<QString> send(const ZLOSCMessage& message, const QString& path = defaultPath());
+    /// Hands the message to the program that listens at `path` and waits for its answer, `patience` milliseconds at
+    /// most.
+    [[nodiscard]] static ZLResult<QString> send(
+        const ZLOSCMessage& message, const QString& path = defaultPath(), int patience = Patience);
 
 private:
     void listenIfNobodyDoes();

@@ -112,11 +112,36 @@ TEST_F(ZLFileCommandsTest, ExportTellsWhatTheDestinationWillNotLike)
     EXPECT_EQ(contentsOf(at(u"out.txt"_s)), "00:05 A\n00:05 B\n");
     EXPECT_EQ(m_out, QString());
     EXPECT_EQ(m_err,
-        u"zelta: YouTube needs a first chapter at 00:00, at least three, each ten seconds or longer: the first is at "
-        "00:05; there are only 2.\n"
+        u"zelta: YouTube will ignore these chapters: the first is at 00:05 (00:00 needed); there are only 2 (3 "
+        "minimum).\n"
         "zelta: Times are whole seconds, and YouTube wants them to rise: chapters 1 and 2 fall into the same second.\n"_s);
 
-    expectFailure(1, exportTo(u"/proc/zelta-out.txt"_s, u"YouTube"_s));
+    // It is said before anything is written, so also where that fails afterwards.
+    EXPECT_EQ(run(exportTo(u"/proc/zelta-out.txt"_s, u"YouTube"_s)), 1);
+    const QStringList lines = m_err.split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 3) << qPrintable(m_err);
+    EXPECT_TRUE(lines.last().startsWith("zelta: /proc/zelta-out.txt: "_L1));
+}
+
+TEST_F(ZLFileCommandsTest, TheFormerSessionIsKeptBesideItUntilTheNextExport)
+{
+    store({ storedChapter(1, u"A"_s) });
+    const QString session = at(u"my.nhsx"_s);
+    ASSERT_TRUE(ZLAtomicFile::write(session, "<S></Session>").isOk());
+    EXPECT_EQ(run(exportTo(session, u"Hindenburg"_s)), 0);
+    EXPECT_EQ(contentsOf(at(u"my.nhsx.bak"_s)), "<S></Session>");
+    const QByteArray once = contentsOf(session);
+    EXPECT_EQ(run(exportTo(session, u"Hindenburg"_s)), 0);
+    EXPECT_EQ(contentsOf(at(u"my.nhsx.bak"_s)), once);
+    EXPECT_TRUE(m_err.contains("will come twice: chapter 1."_L1)) << qPrintable(m_err);
+    EXPECT_EQ(contentsOf(session).count("<Marker "), 2) << "it is advice, no refusal";
+
+    // Without the copy the session stays as it is.
+    ASSERT_TRUE(QFile::remove(at(u"my.nhsx.bak"_s)));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"my.nhsx.bak"_s));
+    const QByteArray twice = contentsOf(session);
+    EXPECT_EQ(run(exportTo(session, u"Hindenburg"_s)), 1);
+    EXPECT_EQ(contentsOf(session), twice);
 }
 
 TEST_F(ZLFileCommandsTest, TheOptionIsForTheTwoFormatsWithACheckbox)

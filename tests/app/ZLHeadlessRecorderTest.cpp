@@ -17,9 +17,25 @@ TEST_F(ZLHeadlessRecorderTest, AMissingFileIsMadeAndTold)
 {
     ASSERT_TRUE(recorder->start(path, ZLHeadlessStart::Paused));
     EXPECT_TRUE(QFile::exists(path));
-    EXPECT_EQ(output.first(), u"document: "_s + path);
+    EXPECT_EQ(output.first(), u"new document: "_s + path);
+    EXPECT_TRUE(output.contains(u"document: "_s + path));
     EXPECT_TRUE(output.join(u'\n').contains(u"help"_s)) << "how to use it";
     EXPECT_FALSE(controller->currentOrLastDocument()->isRecording());
+}
+
+TEST_F(ZLHeadlessRecorderTest, AMissingFileIsMadeOnlyWhereItMayBe)
+{
+    const ZLStatus started = recorder->start(path, ZLHeadlessStart::Recording, ZLMissingFile::Fail);
+    ASSERT_FALSE(started);
+    EXPECT_TRUE(started.error().message.startsWith(path));
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(ZLHeadlessRecorderTest, AFileThatIsThereIsNotNew)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(path, ZLDocumentFile::encode({})));
+    ASSERT_TRUE(recorder->start(path, ZLHeadlessStart::Paused));
+    EXPECT_EQ(output.first(), u"document: "_s + path);
 }
 
 TEST_F(ZLHeadlessRecorderTest, RecordStartsTheClockAtOnce)

@@ -14,13 +14,22 @@ protected:
     [[nodiscard]] std::unique_ptr<ZLRunningInstance> startInstance()
     {
         return std::make_unique<ZLRunningInstance>(
-            [this](const ZLLaunchRequest& request) { m_requests.append(request); }, m_path);
+            [this](const ZLLaunchRequest& request) {
+                m_requests.append(request);
+                QStringList problems;
+                for (const QString& file : request.files) {
+                    if (file.contains("missing"_L1))
+                        problems.append(file + u": No such file"_s);
+                }
+                return problems;
+            },
+            m_path);
     }
 
     /// As a process that is started later would, while this one goes on with its events.
-    [[nodiscard]] ZLResult<bool> handOver(const ZLLaunchRequest& request) const
+    [[nodiscard]] ZLResult<ZLHandover> handOver(const ZLLaunchRequest& request) const
     {
-        std::optional<ZLResult<bool>> result;
+        std::optional<ZLResult<ZLHandover>> result;
         const std::unique_ptr<QThread> later(
             QThread::create([&] { result = ZLRunningInstance::handOver(request, m_path); }));
         later->start();
@@ -39,7 +48,7 @@ TEST_F(ZLRunningInstanceTest, NobodyTakesItWhereNothingRuns)
 {
     const auto handedOver = handOver({ .files = { u"/shows/one.zelta"_s } });
     ASSERT_TRUE(handedOver);
-    EXPECT_FALSE(handedOver.value());
+    EXPECT_FALSE(handedOver.value().isTaken);
 }
 
 TEST_F(ZLRunningInstanceTest, TheRunningProcessTakesEveryFileInOrder)
@@ -47,10 +56,23 @@ TEST_F(ZLRunningInstanceTest, TheRunningProcessTakesEveryFileInOrder)
     const auto instance = startInstance();
     const auto handedOver = handOver({ .files = { u"/shows/one.zelta"_s, u"/shows/zwölf \U0001F600.zelta"_s } });
     ASSERT_TRUE(handedOver);
-    EXPECT_TRUE(handedOver.value());
+    EXPECT_TRUE(handedOver.value().isTaken);
+    EXPECT_EQ(handedOver.value().problems, QStringList());
     const QList<ZLLaunchRequest> expected { { .files = { u"/shows/one.zelta"_s } },
         { .files = { u"/shows/zwölf \U0001F600.zelta"_s } } };
     EXPECT_EQ(m_requests, expected);
+}
+
+TEST_F(ZLRunningInstanceTest, EveryFileThatCannotBeOpenedIsTold)
+{
+    const auto instance = startInstance();
+    const auto handedOver =
+        handOver({ .files = { u"/missing/one.zelta"_s, u"/shows/two.zelta"_s, u"/missing/three.zelta"_s } });
+    ASSERT_TRUE(handedOver);
+    EXPECT_TRUE(handedOver.value().isTaken);
+    EXPECT_EQ(handedOver.value().problems,
+        (QStringList { u"/missing/one.zelta: No such file"_s, u"/missing/three.zelta: No such file"_s }));
+    EXPECT_EQ(m_requests.size(), 3) << "one that fails keeps no other one back";
 }
 
 TEST_F(ZLRunningInstanceTest, ANewDocumentIsAskedForBeforeTheFiles)
@@ -83,7 +105,7 @@ TEST_F(ZLRunningInstanceTest, AnInstanceThatEndedIsNotAskedAnyMore)
     startInstance().reset();
     const auto handedOver = handOver({});
     ASSERT_TRUE(handedOver);
-    EXPECT_FALSE(handedOver.value());
+    EXPECT_FALSE(handedOver.value().isTaken);
 }
 
 TEST_F(ZLRunningInstanceTest, OneThatDoesNotAnswerIsSaid)
@@ -112,6 +134,7 @@ TEST_F(ZLRunningInstanceTest, AStateFolderThatLiesDeepIsNoObstacle)
     const auto instance = startInstance();
     const auto handedOver = handOver({ .files = { u"/one.zelta"_s } });
     ASSERT_TRUE(handedOver) << qPrintable(handedOver.error().message);
-    EXPECT_TRUE(handedOver.value());
+    EXPECT_TRUE(handedOver.value().isTaken);
+    EXPECT_EQ(handedOver.value().problems, QStringList());
     EXPECT_EQ(m_requests, QList<ZLLaunchRequest> { { .files = { u"/one.zelta"_s } } });
 }

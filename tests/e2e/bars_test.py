@@ -21,6 +21,7 @@ MINE = [f"mine {number}" for number in range(1, 20)]
 THEIRS = document_with_templates([f"theirs {number}" for number in range(1, 4)])
 NOT_SAVED = "The document is not saved: "
 CHANGED = "Another program changed “show.zelta”."
+READ_ONLY = "“show.zelta” is read-only."
 ELSEWHERE = "“show.zelta” is also open elsewhere"
 
 
@@ -94,6 +95,18 @@ class BarsTest(unittest.TestCase):
         self.folder = mount(self, self.folder, "64k")
         ballast = self.folder / "ballast"
         self.check_kept_and_written_later(lambda: fill(self, ballast), ballast.unlink)
+
+    def test_a_read_only_file_says_so_when_it_is_opened(self):
+        self.folder = mount(self, self.folder, "1m")
+        self.file.write_bytes(document_with_templates(MINE))
+        subprocess.run(["mount", "-o", "remount,ro", self.folder], check=True)
+        window = self.start()
+        window.wait_for_message(READ_ONLY)
+        self.assertTrue(window.button("Save As…"), window.messages())
+        # The first change shows what it means, in place of it.
+        self.surface.send(window.osc_port, "toggleRecording")
+        window.wait_for_message(NOT_SAVED)
+        self.assertFalse(any(READ_ONLY in message for message in window.messages()), window.messages())
 
     def test_a_folder_that_disappears_and_returns(self):
         away = self.desktop.home / "unplugged"
@@ -214,6 +227,14 @@ class BarsTest(unittest.TestCase):
         program = window.accessible.application()
         wait_until(lambda: len(window.accessible.find_all(program, "table", "Chapters")) == 2, "the new document")
         self.assertEqual(window.messages(), [])
+
+    def test_each_file_that_another_start_names_and_that_is_missing_is_told(self):
+        window = self.start_show()
+        ended = subprocess.run([PROGRAM, self.folder / "one.zelta", self.folder / "two.zelta"], capture_output=True,
+                               text=True, timeout=60, check=False)
+        self.assertEqual(ended.returncode, 1, ended)
+        window.wait_for_message("one.zelta", "two.zelta")
+        self.assertTrue(window.is_recording())
 
 
 if __name__ == "__main__":

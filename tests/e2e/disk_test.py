@@ -65,6 +65,19 @@ class DiskTest(OSCTestCase):
         self.check_kept_and_written_later(
             disk / "show.zelta", cover, lambda: subprocess.run(["umount", "-l", disk], check=True))
 
+    def test_a_read_only_file_says_so_when_it_is_opened(self):
+        disk = mount(self, self.home / "disk", "1m")
+        file = disk / "show.zelta"
+        made = subprocess.run([PROGRAM, "--headless", "--osc-port", "0", file], input="quit\n", capture_output=True,
+                              text=True, timeout=60, check=True)
+        self.assertIn(f"new document: {file}", made.stdout)
+        self.assertNotIn("read-only", made.stderr)
+        subprocess.run(["mount", "-o", "remount,ro", disk], check=True)
+        opened = subprocess.run([PROGRAM, "--headless", "--osc-port", "0", file], input="quit\n", capture_output=True,
+                                text=True, timeout=60, check=True)
+        self.assertNotIn("new document", opened.stdout)
+        self.assertIn(f"{file} is read-only", opened.stderr)
+
     def test_a_folder_that_disappears_and_returns(self):
         folder = self.home / "drive"
         away = self.home / "unplugged"

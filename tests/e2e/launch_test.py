@@ -122,6 +122,39 @@ class LaunchTest(unittest.TestCase):
         subprocess.run([PROGRAM, "--new"], timeout=20, check=True)
         wait_until(lambda: len(windows_of(process)) == 3, "the new document")
 
+    def run_and_end(self, *arguments, display=True):
+        import os
+
+        hidden = () if display else ("DISPLAY", "QT_QPA_PLATFORM")
+        environment = {k: v for k, v in os.environ.items() if k not in hidden}
+        return subprocess.run([PROGRAM, *arguments], cwd=self.desktop.home, env=environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, text=True, timeout=60, check=False)
+
+    def test_a_missing_file_ends_the_start_with_the_reason(self):
+        for display in (True, False):
+            with self.subTest(display=display):
+                ended = self.run_and_end("missing.zelta", "sub/other", display=display)
+                self.assertEqual(ended.returncode, 1, ended)
+                self.assertIn("missing.zelta: ", ended.stderr)
+        self.assertFalse((self.desktop.home / "missing.zelta").exists())
+        process = self.start()
+        ended = self.run_and_end("missing.zelta", "sub/other")
+        self.assertEqual(ended.returncode, 1, ended)
+        reasons = [line for line in ended.stderr.splitlines() if line.startswith("zelta: ")]
+        self.assertEqual(len(reasons), 2, ended.stderr)
+        self.assertIn("missing.zelta: ", reasons[0])
+        self.assertIn("sub/other: ", reasons[1])
+        self.assertIsNone(process.poll())
+
+    def test_a_word_that_is_no_file_makes_none(self):
+        for arguments in (["list"], ["--headless", "list"]):
+            for display in (True, False):
+                with self.subTest(arguments=arguments, display=display):
+                    ended = self.run_and_end(*arguments, display=display)
+                    self.assertEqual(ended.returncode, 2, ended)
+                    self.assertIn('"list"', ended.stderr)
+        self.assertEqual(list(self.desktop.home.glob("list*")), [])
+
     def test_a_killed_program_stands_in_nobodys_way(self):
         process = self.start()
         process.kill()

@@ -8,12 +8,17 @@
 #include <limits>
 
 using namespace Qt::StringLiterals;
-using ZLExportCase::chapter;
 
 namespace {
 
+ZLChapterPointer chapterAt(
+    double seconds, const QString& title = u"Title"_s, const QString& link = {}, bool isEnabled = true)
+{
+    return ZLExportCase::chapter(seconds, title, link, isEnabled);
+}
+
 const QString youTubeName = u"YouTube"_s;
-const QString needs = u"YouTube needs a first chapter at 00:00, at least three, each ten seconds or longer: "_s;
+const QString ignored = u"YouTube will ignore these chapters: "_s;
 
 QStringList adviceFor(const QString& format, const ZLChapterSequence& chapters, double duration = 0)
 {
@@ -23,7 +28,7 @@ QStringList adviceFor(const QString& format, const ZLChapterSequence& chapters, 
 /// Three good chapters for every destination.
 ZLChapterSequence goodChapters()
 {
-    return { chapter(0, u"Welcome"_s), chapter(60, u"News"_s), chapter(3600, u"Farewell"_s) };
+    return { chapterAt(0, u"Welcome"_s), chapterAt(60, u"News"_s), chapterAt(3600, u"Farewell"_s) };
 }
 
 }
@@ -46,7 +51,7 @@ TEST(ZLExportAdvice, SaysNothingWhereAllIsWell)
 
 TEST(ZLExportAdvice, SaysWhereNothingWillBeWritten)
 {
-    const ZLChapterSequence disabled { chapter(1, u"A"_s, {}, false) };
+    const ZLChapterSequence disabled { chapterAt(1, u"A"_s, {}, false) };
     for (const QString& format : { u"Auphonic"_s, u"Markdown"_s, u"Titles as Tags"_s, youTubeName })
         EXPECT_EQ(adviceFor(format, disabled, 10), QStringList { u"No enabled chapters: the file will be empty."_s });
     for (const QString& format : { u"JSON"_s, u"Podlove Simple Chapters"_s })
@@ -60,25 +65,27 @@ TEST(ZLExportAdvice, SaysWhereNothingWillBeWritten)
 
 TEST(ZLExportAdvice, YouTubeNeedsThreeLongChaptersFromTheStart)
 {
-    EXPECT_EQ(adviceFor(youTubeName, { chapter(0), chapter(60), chapter(100), chapter(106), chapter(200) }),
-        QStringList { needs + u"chapter 3 is 6 s long."_s });
-    EXPECT_EQ(adviceFor(youTubeName, { chapter(75), chapter(90), chapter(100) }),
-        QStringList { needs + u"the first is at 01:15."_s });
-    EXPECT_EQ(adviceFor(youTubeName, { chapter(0), chapter(90) }), QStringList { needs + u"there are only 2."_s });
-    EXPECT_EQ(adviceFor(youTubeName, { chapter(3600) }),
-        QStringList { needs + u"the first is at 01:00:00; there is only one."_s });
-    EXPECT_EQ(adviceFor(youTubeName, { chapter(0), chapter(5), chapter(9), chapter(30), chapter(32), chapter(35) }),
-        QStringList { needs + u"chapters 1, 2, 4 and 1 more are shorter."_s });
-    EXPECT_EQ(adviceFor(youTubeName, { chapter(0), chapter(9.99), chapter(19.999) }),
-        QStringList { needs + u"chapter 1 is 9 s long."_s });
+    EXPECT_EQ(adviceFor(youTubeName, { chapterAt(0), chapterAt(60), chapterAt(100), chapterAt(106), chapterAt(200) }),
+        QStringList { ignored + u"chapter 3 is only 6 s long (10 s minimum)."_s });
+    EXPECT_EQ(adviceFor(youTubeName, { chapterAt(75), chapterAt(90), chapterAt(100) }),
+        QStringList { ignored + u"the first is at 01:15 (00:00 needed)."_s });
+    EXPECT_EQ(adviceFor(youTubeName, { chapterAt(0), chapterAt(90) }),
+        QStringList { ignored + u"there are only 2 (3 minimum)."_s });
+    EXPECT_EQ(adviceFor(youTubeName, { chapterAt(3600) }),
+        QStringList { ignored + u"the first is at 01:00:00 (00:00 needed); there is only 1 (3 minimum)."_s });
+    EXPECT_EQ(adviceFor(youTubeName,
+                  { chapterAt(0), chapterAt(5), chapterAt(9), chapterAt(30), chapterAt(32), chapterAt(35) }),
+        QStringList { ignored + u"chapters 1, 2, 4 and 1 more are shorter than 10 s."_s });
+    EXPECT_EQ(adviceFor(youTubeName, { chapterAt(0), chapterAt(9.99), chapterAt(19.999) }),
+        QStringList { ignored + u"chapter 1 is only 9 s long (10 s minimum)."_s });
 }
 
 TEST(ZLExportAdvice, TheLastChapterEndsWithTheRecording)
 {
-    EXPECT_EQ(adviceFor(youTubeName, { chapter(0), chapter(60), chapter(100) }, 104),
-        QStringList { needs + u"chapter 3 is 4 s long."_s });
+    EXPECT_EQ(adviceFor(youTubeName, { chapterAt(0), chapterAt(60), chapterAt(100) }, 104),
+        QStringList { ignored + u"chapter 3 is only 4 s long (10 s minimum)."_s });
     const ZLExportInput running {
-        .chapters = { chapter(0), chapter(60), chapter(100) }, .duration = 104, .isRecording = true
+        .chapters = { chapterAt(0), chapterAt(60), chapterAt(100) }, .duration = 104, .isRecording = true
     };
     EXPECT_EQ(ZLExportAdvice::lines(youTubeName, running), QStringList());
 }
@@ -86,32 +93,33 @@ TEST(ZLExportAdvice, TheLastChapterEndsWithTheRecording)
 TEST(ZLExportAdvice, DisabledChaptersCountInTheNumbersOnly)
 {
     EXPECT_EQ(adviceFor(youTubeName,
-                  { chapter(0), chapter(20), chapter(21, u"off"_s, {}, false), chapter(40), chapter(44), chapter(90) }),
-        QStringList { needs + u"chapter 4 is 4 s long."_s });
+                  { chapterAt(0), chapterAt(20), chapterAt(21, u"off"_s, {}, false), chapterAt(40), chapterAt(44),
+                      chapterAt(90) }),
+        QStringList { ignored + u"chapter 4 is only 4 s long (10 s minimum)."_s });
 }
 
 TEST(ZLExportAdvice, TellsOfEqualTimes)
 {
     const auto inSecond = [](const ZLChapterSequence& chapters) { return adviceFor(youTubeName, chapters).join(u'|'); };
     const QString start = u"Times are whole seconds, and YouTube wants them to rise: "_s;
-    EXPECT_EQ(inSecond({ chapter(0), chapter(20), chapter(20.9), chapter(40) }),
+    EXPECT_EQ(inSecond({ chapterAt(0), chapterAt(20), chapterAt(20.9), chapterAt(40) }),
         start + u"chapters 2 and 3 fall into the same second."_s);
-    EXPECT_EQ(inSecond({ chapter(0), chapter(20), chapter(20.9), chapter(40), chapter(40.1) }),
+    EXPECT_EQ(inSecond({ chapterAt(0), chapterAt(20), chapterAt(20.9), chapterAt(40), chapterAt(40.1) }),
         start + u"chapters 3 and 5 (each with the one before) fall into the same second."_s);
 
-    EXPECT_EQ(adviceFor(u"JSON"_s, { chapter(0), chapter(20), chapter(20.0004), chapter(20.5) }),
+    EXPECT_EQ(adviceFor(u"JSON"_s, { chapterAt(0), chapterAt(20), chapterAt(20.0004), chapterAt(20.5) }),
         QStringList { u"Players show one of two chapters with the same time: chapters 2 and 3."_s });
-    EXPECT_EQ(adviceFor(u"JSON"_s, { chapter(1), chapter(1.9) }), QStringList());
-    EXPECT_EQ(adviceFor(u"Markdown"_s, { chapter(1), chapter(1.9) }), QStringList()) << "no times are written";
+    EXPECT_EQ(adviceFor(u"JSON"_s, { chapterAt(1), chapterAt(1.9) }), QStringList());
+    EXPECT_EQ(adviceFor(u"Markdown"_s, { chapterAt(1), chapterAt(1.9) }), QStringList()) << "no times are written";
     EXPECT_EQ(ZLExportAdvice::lines(
-                  u"Markdown"_s, { .chapters = { chapter(1), chapter(1.9) }, .option = ZLExportOption::On }),
+                  u"Markdown"_s, { .chapters = { chapterAt(1), chapterAt(1.9) }, .option = ZLExportOption::On }),
         QStringList { u"Times are whole seconds: chapters 1 and 2 fall into the same second."_s });
 }
 
 TEST(ZLExportAdvice, TellsOfTimesOutsideOfTheRecording)
 {
-    const ZLChapterSequence chapters { chapter(-1, u"A"_s), chapter(0, u"B"_s), chapter(20, u"C"_s),
-        chapter(40, u"D"_s) };
+    const ZLChapterSequence chapters { chapterAt(-1, u"A"_s), chapterAt(0, u"B"_s), chapterAt(20, u"C"_s),
+        chapterAt(40, u"D"_s) };
     EXPECT_EQ(adviceFor(u"Podlove Simple Chapters"_s, chapters, 30),
         (QStringList { u"Players know no negative times: see chapter 1."_s,
             u"Players never get past the end of the recording: see chapter 4."_s }));
@@ -121,13 +129,13 @@ TEST(ZLExportAdvice, TellsOfTimesOutsideOfTheRecording)
             u"The clip ends with the recording, before chapter 4."_s }));
     EXPECT_TRUE(
         adviceFor(youTubeName, chapters).contains(u"A negative time is written without its sign: see chapter 1."_s));
-    EXPECT_EQ(adviceFor(u"Final Cut Pro X"_s, { chapter(3e6) }, 4e6),
+    EXPECT_EQ(adviceFor(u"Final Cut Pro X"_s, { chapterAt(3e6) }, 4e6),
         QStringList { u"Marker times end after 596 hours, before chapter 1."_s });
 }
 
 TEST(ZLExportAdvice, TellsThatAClipEndsWhereTheRecordingWasLastStopped)
 {
-    const ZLExportInput running { .chapters = { chapter(1) }, .duration = 10, .isRecording = true };
+    const ZLExportInput running { .chapters = { chapterAt(1) }, .duration = 10, .isRecording = true };
     EXPECT_EQ(ZLExportAdvice::lines(u"Final Cut Pro X"_s, running),
         QStringList { u"The recording goes on: the clip will end where it was last stopped."_s });
 }
@@ -135,7 +143,8 @@ TEST(ZLExportAdvice, TellsThatAClipEndsWhereTheRecordingWasLastStopped)
 TEST(ZLExportAdvice, TellsOfCharactersThatTheDestinationMisreads)
 {
     const auto linesFor = [](const QString& format, const QString& title, const QString& link = {}) {
-        return adviceFor(format, { chapter(0, u"A"_s), chapter(20, title, link), chapter(40, u"C"_s) }).join(u'|');
+        return adviceFor(format, { chapterAt(0, u"A"_s), chapterAt(20, title, link), chapterAt(40, u"C"_s) })
+            .join(u'|');
     };
     EXPECT_EQ(linesFor(u"Auphonic"_s, u"a < b"_s),
         u"Chapter readers misread < and > as a link: there is one in the title of chapter 2."_s);
@@ -163,13 +172,13 @@ TEST(ZLExportAdvice, TellsOfWhatXmlCannotHold)
 {
     const QString line = u"XML knows no control characters, so the file will not open: there is one in chapter 1."_s;
     for (const QString& format : { u"Podlove Simple Chapters"_s, u"Final Cut Pro X"_s, u"Hindenburg"_s })
-        EXPECT_EQ(adviceFor(format, { chapter(1, u"bell\a"_s) }, 10), QStringList { line }) << qPrintable(format);
-    EXPECT_EQ(adviceFor(u"Podlove Simple Chapters"_s, { chapter(1, u"tab\tand\nline"_s) }, 10), QStringList());
+        EXPECT_EQ(adviceFor(format, { chapterAt(1, u"bell\a"_s) }, 10), QStringList { line }) << qPrintable(format);
+    EXPECT_EQ(adviceFor(u"Podlove Simple Chapters"_s, { chapterAt(1, u"tab\tand\nline"_s) }, 10), QStringList());
 }
 
 TEST(ZLExportAdvice, TellsOfAFileNameThatBreaksTheProject)
 {
-    ZLExportInput input { .chapters = { chapter(1) }, .duration = 10, .fileBaseName = u"Q&A"_s };
+    ZLExportInput input { .chapters = { chapterAt(1) }, .duration = 10, .fileBaseName = u"Q&A"_s };
     EXPECT_EQ(ZLExportAdvice::lines(u"Final Cut Pro X"_s, input).size(), 1);
     input.fileBaseName = u"Q and A"_s;
     EXPECT_EQ(ZLExportAdvice::lines(u"Final Cut Pro X"_s, input), QStringList());
@@ -179,24 +188,78 @@ TEST(ZLExportAdvice, TellsOfASessionWithoutAPlaceForMarkers)
 {
     const QString line = u"The session has no </Session>: there is no place for the markers."_s;
     const auto linesFor = [](const QByteArray& session) {
-        return ZLExportAdvice::lines(u"Hindenburg"_s, { .chapters = { chapter(1) }, .existingBytes = session });
+        return ZLExportAdvice::lines(u"Hindenburg"_s, { .chapters = { chapterAt(1) }, .existingBytes = session });
     };
     EXPECT_EQ(linesFor("a shopping list"), QStringList { line });
     EXPECT_EQ(linesFor("<S><Markers></Markers>"), QStringList());
     EXPECT_EQ(linesFor("<S></Session>"), QStringList());
 }
 
+TEST(ZLExportAdvice, TellsOfChaptersThatASessionHasAlready)
+{
+    const QByteArray session = "<Session><Markers></Markers></Session>";
+    ZLExportInput input { .chapters = { chapterAt(0, u"Welcome"_s), chapterAt(65.5004, u"News & \"more\""_s),
+                              chapterAt(90, u"Off"_s, {}, false), chapterAt(100, u"Farewell"_s) },
+        .existingBytes = session };
+    const auto lines = [&input] { return ZLExportAdvice::lines(u"Hindenburg"_s, input).filter(u"already"_s); };
+    EXPECT_EQ(lines(), QStringList());
+    // As the editor may have written it meanwhile.
+    input.existingBytes = "<Session><Markers><Marker Name=\"News &amp; &quot;more&quot;\" Time=\"65.5\"/>"
+                          "<Marker Name=\"Farewell\" Time=\"100.001\"/></Markers></Session>";
+    EXPECT_EQ(lines(),
+        QStringList {
+            u"The session already has markers with the same time and name, which will come twice: chapter 2."_s });
+    input.existingBytes =
+        ZLExportCase::exported(u"Hindenburg"_s, { .chapters = input.chapters, .existingBytes = session });
+    EXPECT_EQ(lines(),
+        QStringList { u"The session already has markers with the same time and name, which will come twice: chapters "
+                      "1, 2 and 4."_s });
+}
+
+TEST(ZLExportAdvice, TellsOfChaptersWithoutATitleWhereOneIsNeeded)
+{
+    const ZLChapterSequence chapters { chapterAt(0, u"A"_s), chapterAt(20, u" "_s), chapterAt(40, u"C"_s) };
+    for (const QString& format : { u"Auphonic"_s, u"JSON"_s, u"Podlove Simple Chapters"_s, youTubeName })
+        EXPECT_EQ(adviceFor(format, chapters, 60),
+            QStringList { u"Listeners see chapters by their titles: there is none in chapter 2."_s })
+            << qPrintable(format);
+    for (const QString& format : { u"Final Cut Pro X"_s, u"Hindenburg"_s, u"Markdown"_s })
+        EXPECT_EQ(adviceFor(format, chapters, 60), QStringList()) << qPrintable(format);
+}
+
+TEST(ZLExportAdvice, TellsOfCharactersThatCannotBeSeenOrWritten)
+{
+    for (const QString& format : ZLExportAdvice::formatsWithRules()) {
+        const auto lineFor = [&format](const QString& title) {
+            return adviceFor(format, { chapterAt(0, u"A"_s), chapterAt(20, title), chapterAt(40, u"C"_s) }, 60)
+                .join(u'|');
+        };
+        EXPECT_EQ(lineFor(u"x\u0085y"_s),
+            u"Control characters are shown as boxes or break the text: there is one in chapter 2."_s)
+            << qPrintable(format);
+        EXPECT_EQ(lineFor(u'x' + QString(QChar(0xD83D)) + u'y'),
+            u"A broken character will not be written: there is one in chapter 2."_s)
+            << qPrintable(format);
+        EXPECT_EQ(lineFor(u"smile \U0001F600"_s), QString()) << qPrintable(format);
+    }
+    for (const QString& format : { u"Auphonic"_s, u"JSON"_s, u"Markdown"_s, u"Titles as Tags"_s, youTubeName })
+        EXPECT_EQ(
+            adviceFor(format, { chapterAt(0, u"A"_s), chapterAt(20, u"bell\a"_s), chapterAt(40, u"C"_s) }, 60).size(),
+            1)
+            << qPrintable(format);
+}
+
 TEST(ZLExportAdvice, TellsOfADescriptionThatIsTooLong)
 {
-    EXPECT_EQ(adviceFor(youTubeName, { chapter(0, QString(5000, u'a')), chapter(20), chapter(40) }),
-        QStringList { u"A YouTube description holds 5000 bytes: these are 5021."_s });
+    EXPECT_EQ(adviceFor(youTubeName, { chapterAt(0, QString(5000, u'a')), chapterAt(20), chapterAt(40) }),
+        QStringList { u"A YouTube description holds 5000 bytes: these are 5031."_s });
 }
 
 TEST(ZLExportAdvice, ChangesNoByteAndStandsEveryTime)
 {
     const double infinity = std::numeric_limits<double>::infinity();
-    const ZLChapterSequence hostile { chapter(-infinity, {}), chapter(std::nan(""), u"\0"_s), chapter(infinity, {}),
-        chapter(1e300, u"a"_s) };
+    const ZLChapterSequence hostile { chapterAt(-infinity, {}), chapterAt(std::nan(""), u"\0"_s),
+        chapterAt(infinity, {}), chapterAt(1e300, u"a"_s) };
     for (const QString& format : ZLExportAdvice::formatsWithRules()) {
         ZLExportInput input { .chapters = hostile, .duration = infinity, .existingBytes = "<S></Session>" };
         const QByteArray before = ZLExportCase::exported(format, input);

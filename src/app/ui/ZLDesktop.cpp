@@ -1,5 +1,6 @@
 #include "app/ui/ZLDesktop.h"
 
+#include "app/ZLErrorLines.h"
 #include "app/ui/ZLDesktopApplication.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "platform/activity/ZLBootClock.h"
@@ -51,9 +52,12 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
 
 int ZLDesktop::run(const ZLLaunchRequest& request)
 {
-    m_windows.openAtLaunch(request);
-    m_runningInstance =
-        std::make_unique<ZLRunningInstance>([this](const ZLLaunchRequest& later) { m_windows.openLater(later); });
+    if (const QStringList missing = m_windows.openAtLaunch(request); !missing.isEmpty()) {
+        ZLErrorLines::print(missing);
+        return ZLExitStatus::Failed;
+    }
+    m_runningInstance = std::make_unique<ZLRunningInstance>(
+        [this](const ZLLaunchRequest& later) { return m_windows.openLater(later); });
     return QCoreApplication::exec();
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/ui/ZLFileMenu.h"
 #include "app/ui/ZLHelpMenu.h"
+#include "app/ui/ZLReadOnlyDisplay.h"
 #include "app/ui/ZLSavePanel.h"
 #include "app/ui/ZLSavingDisplay.h"
 #include "app/ui/ZLSleepDisplay.h"
@@ -28,6 +29,12 @@ namespace {
 
 constexpr QPoint offsetBetweenWindows(32, 32);
 constexpr QSize leastVisibleSize(320, 200);
+const QString openingProblemsName = QStringLiteral("openingProblems");
+
+bool isThere(const QString& path)
+{
+    return QFileInfo::exists(path);
+}
 
 void openFolder(const QString& folder)
 {
@@ -46,6 +53,7 @@ ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller)
     // The manager waits for the answer, which has to be given before this returns.
     connect(qApp, &QGuiApplication::commitDataRequest, this, &ZLDocumentWindows::answerLogOut, Qt::DirectConnection);
     connect(&m_exportMenu, &ZLExportMenu::exportDidFinish, this, &ZLDocumentWindows::showExportedFile);
+    connect(&m_exportMenu, &ZLExportMenu::exportDidInsertNothing, this, &ZLDocumentWindows::showThatNothingWasInserted);
     connect(&m_exportMenu, &ZLExportMenu::exportDidFail, this, &ZLDocumentWindows::showExportFailure);
 }
 
@@ -54,13 +62,15 @@ ZLDocumentWindows::~ZLDocumentWindows()
     qDeleteAll(m_windows);
 }
 
-void ZLDocumentWindows::openAtLaunch(const ZLLaunchRequest& request)
+QStringList ZLDocumentWindows::openAtLaunch(const ZLLaunchRequest& request)
 {
     QStringList problems;
     if (request.files.isEmpty()) {
         problems = m_controller.restoreSession();
     } else {
         problems = openFiles(request.files);
+        if (m_windows.isEmpty() && std::ranges::none_of(request.files, &isThere))
+            return problems;
         // Nothing that was kept aside waits for a start without files; what is asked for stays in front of it.
         ZLChapterDocument* const asked = m_controller.currentOrLastDocument();
         problems += m_controller.restoreKeptDocuments();
@@ -70,15 +80,18 @@ void ZLDocumentWindows::openAtLaunch(const ZLLaunchRequest& request)
     if (m_windows.isEmpty() || request.wantsNewDocument)
         m_controller.newDocument();
     showProblems(problems);
+    return {};
 }
 
-void ZLDocumentWindows::openLater(const ZLLaunchRequest& request)
+QStringList ZLDocumentWindows::openLater(const ZLLaunchRequest& request)
 {
-    open(request.files);
+    const QStringList problems = openFiles(request.files);
+    showProblems(problems);
     if (request.wantsNewDocument)
         bringToFront(m_controller.newDocument());
     else if (request.files.isEmpty())
         bringToFront(m_controller.currentOrLastDocument());
+    return problems;
 }
 
 void ZLDocumentWindows::open(const QStringList& paths)
@@ -172,6 +185,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     connect(helpMenu, &ZLHelpMenu::aboutRequested, this, &ZLDocumentWindows::aboutRequested);
     connect(helpMenu, &ZLHelpMenu::keysRequested, this, [this, window] { Q_EMIT keysRequested(window); });
     new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
+    new ZLReadOnlyDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLSleepDisplay(*window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
     connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
@@ -249,8 +263,12 @@ ZLChapterDocumentWindow* ZLDocumentWindows::windowToTellIn(ZLChapterDocument* do
 void ZLDocumentWindows::showProblems(const QStringList& problems) const
 {
     ZLChapterDocumentWindow* window = frontWindow();
-    if (!problems.isEmpty() && window)
-        window->messageBar().showMessage(u"openingProblems"_s, problems.join(u'\n'), { { tr("Dismiss"), [] {} } });
+    if (problems.isEmpty() || !window)
+        return;
+    // Several files may come one after the other, and each failure is to be seen.
+    QStringList lines = window->messageBar().text(openingProblemsName).split(u'\n', Qt::SkipEmptyParts) + problems;
+    lines.removeDuplicates();
+    window->messageBar().showMessage(openingProblemsName, lines.join(u'\n'), { { tr("Dismiss"), [] {} } });
 }
 
 void ZLDocumentWindows::tellWhatHoldsTheLogOut() const
@@ -285,6 +303,15 @@ void ZLDocumentWindows::showExportedFile(ZLChapterDocument* document, const QStr
     if (ZLChapterDocumentWindow* window = windowToTellIn(document))
         window->statusLine().showPassingMessage(tr("Exported %1.").arg(QFileInfo(path).fileName()),
             tr("Show in Folder"), [path] { ZLFileManager::showFile(path, openFolder); });
+}
+
+void ZLDocumentWindows::showThatNothingWasInserted(
+    ZLChapterDocument* document, const QString& path, const QString& reason) const
+{
+    if (ZLChapterDocumentWindow* window = windowToTellIn(document))
+        window->messageBar().showMessage(u"exportFailure"_s,
+            tr("No chapters were inserted into “%1”. %2").arg(QFileInfo(path).fileName(), reason),
+            { { tr("Dismiss"), [] {} } });
 }
 
 void ZLDocumentWindows::showExportFailure(ZLChapterDocument* document, const QString& message) const

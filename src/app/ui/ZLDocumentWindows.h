@@ -21,10 +21,12 @@ public:
     explicit ZLDocumentWindows(ZLDocumentController& controller);
     ~ZLDocumentWindows() override;
 
-    /// Opens what is asked for, or what was open before when that is nothing. What fails is told in a window.
-    void openAtLaunch(const ZLLaunchRequest& request);
-    /// Opens what is asked for while the program runs, or comes to the front when that is nothing.
-    void openLater(const ZLLaunchRequest& request);
+    /// Opens what is asked for, or what was open before when that is nothing. What fails is told in a window. Where
+    /// none of the files is there, nothing is opened at all, and it returns that, a sentence each.
+    QStringList openAtLaunch(const ZLLaunchRequest& request);
+    /// Opens what is asked for while the program runs, or comes to the front when that is nothing. Returns what could
+    /// not be opened, a sentence each, and tells it in a window as well.
+    QStringList openLater(const ZLLaunchRequest& request);
     void open(const QStringList& paths);
     /// Ends the program, unless a clock runs or something cannot be saved: then the windows say so.
     void quit();
@@ -62,6 +64,7 @@ private:
     void askWhetherToQuitUnsaved(const QStringList& problems);
     void noteApplicationState(Qt::ApplicationState state);
     void showExportedFile(ZLChapterDocument* document, const QString& path) const;
+    void showThatNothingWasInserted(ZLChapterDocument* document, const QString& path, const QString& reason) const;
     void showExportFailure(ZLChapterDocument* document, const QString& message) const;
 
     ZLDocumentController& m_controller;

@@ -27,10 +27,19 @@ ZLExportMenu::ZLExportMenu(ZLDocumentController& controller)
 
 void ZLExportMenu::exportItemClicked(qsizetype tag)
 {
-    auto* flow = new ZLExportFlow(ZLExporter::allExporters().at(tag), this);
+    const ZLExporterClass exporterClass = ZLExporter::allExporters().at(tag);
+    const QString format = exporterClass.format().name;
+    auto* flow = new ZLExportFlow(exporterClass, this);
     const QPointer<ZLChapterDocument> document = m_controller.currentOrLastDocument();
-    connect(flow, &ZLExportFlow::exportDidFinish, this,
-        [this, document](const QString& path) { Q_EMIT exportDidFinish(document, path); });
+    const ZLDocumentSaver* saver = m_controller.saverOf(document);
+    flow->setFolder(m_folders.folderFor(format, saver ? saver->path() : QString()));
+    connect(flow, &ZLExportFlow::exportDidFinish, this, [this, document, format](const QString& path) {
+        m_folders.remember(format, path);
+        Q_EMIT exportDidFinish(document, path);
+    });
+    connect(flow, &ZLExportFlow::exportDidInsertNothing, this,
+        [this, document](
+            const QString& path, const QString& reason) { Q_EMIT exportDidInsertNothing(document, path, reason); });
     connect(flow, &ZLExportFlow::exportDidFail, this,
         [this, document](const QString& message) { Q_EMIT exportDidFail(document, message); });
     flow->exportChapters(document, QApplication::activeWindow());

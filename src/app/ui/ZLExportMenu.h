@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ZLDocumentController.h"
+#include "export/ZLExportFolders.h"
 
 #include <QMenu>
 
@@ -16,10 +17,12 @@ public:
 Q_SIGNALS:
     /// `document` is null when there was none, or when it was closed meanwhile.
     void exportDidFinish(ZLChapterDocument* document, const QString& path);
+    void exportDidInsertNothing(ZLChapterDocument* document, const QString& path, const QString& reason);
     void exportDidFail(ZLChapterDocument* document, const QString& message);
 
 private:
     void exportItemClicked(qsizetype tag);
 
     ZLDocumentController& m_controller;
+    const ZLExportFolders m_folders { ZLStateFolder::path() };
 };

@@ -109,6 +109,7 @@ void ZLFileMenu::revert()
 
 void ZLFileMenu::validate()
 {
-    m_revertAction->setEnabled(!m_window.document().isRecording());
+    ZLDocumentSaver* saver = m_controller.saverOf(&m_window.document());
+    m_revertAction->setEnabled(saver && saver->canRevert());
     m_revertMenu->menuAction()->setEnabled(!m_window.document().isRecording());
 }

@@ -2,10 +2,10 @@
 
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
+#include "document/ui/ZLSaveFileDialog.h"
 #include "document/ui/ZLStatusLine.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -37,15 +37,13 @@ void ZLSavePanel::save()
 void ZLSavePanel::saveAs(const std::function<void()>& whenSaved)
 {
     m_window.commitTypedText();
-    auto* dialog = new QFileDialog(&m_window, tr("Save Chapters As"));
+    auto* dialog = new ZLSaveFileDialog(&m_window, tr("Save Chapters As"), ZLDocumentFile::Extension);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("savePanel"));
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilter(tr("Chapter documents (*.%1)").arg(ZLDocumentFile::Extension));
-    dialog->setDefaultSuffix(ZLDocumentFile::Extension);
     dialog->selectFile(proposedPath());
     connect(
-        dialog, &QFileDialog::fileSelected, this, [this, whenSaved](const QString& path) { writeTo(path, whenSaved); });
+        dialog, &QFileDialog::fileSelected, this, [this, whenSaved](const QString& path) { saveTo(path, whenSaved); });
     dialog->open();
 }
 
@@ -56,6 +54,24 @@ QString ZLSavePanel::proposedPath() const
         return saver->path();
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     return (folder.exists() ? folder : QDir::home()).filePath(m_window.document().displayName());
+}
+
+void ZLSavePanel::saveTo(const QString& path, const std::function<void()>& whenSaved)
+{
+    const QString target = ZLDocumentSaver::pathWithExtension(path);
+    // The desktop's own dialog asked about the name as it was typed, which may not be that of the file.
+    if (QFileInfo(target) != QFileInfo(path) && QFileInfo::exists(target))
+        askWhetherToReplace(target, whenSaved);
+    else
+        writeTo(target, whenSaved);
+}
+
+void ZLSavePanel::askWhetherToReplace(const QString& path, const std::function<void()>& whenSaved)
+{
+    m_window.messageBar().showMessage(u"replaceFile"_s,
+        tr("There is a file “%1” already. Replace it?").arg(QFileInfo(path).fileName()),
+        { { tr("Replace"), [this, path, whenSaved] { writeTo(path, whenSaved); } },
+            { tr("Save As…"), [this, whenSaved] { saveAs(whenSaved); } }, { tr("Cancel"), [] {} } });
 }
 
 void ZLSavePanel::writeTo(const QString& path, const std::function<void()>& whenSaved)

@@ -23,6 +23,8 @@ public:
 
 private:
     [[nodiscard]] QString proposedPath() const;
+    void saveTo(const QString& path, const std::function<void()>& whenSaved);
+    void askWhetherToReplace(const QString& path, const std::function<void()>& whenSaved);
     void writeTo(const QString& path, const std::function<void()>& whenSaved);
     void showFailure(const QString& message);
 

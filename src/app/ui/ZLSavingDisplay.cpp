@@ -1,5 +1,6 @@
 #include "app/ui/ZLSavingDisplay.h"
 
+#include "app/ui/ZLReadOnlyDisplay.h"
 #include "app/ui/ZLSavePanel.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLStatusLine.h"
@@ -114,8 +115,8 @@ ZLSavingDisplay::Message ZLSavingDisplay::failureMessage()
                     updateBar();
                     m_savePanel.saveAs();
                 } } },
-        // Both are then about the same folder.
-        m_saver.isUntitled() ? QStringList { recoveryFailureName } : QStringList() };
+        // Both are then about the same folder, or the same file.
+        { m_saver.isUntitled() ? recoveryFailureName : ZLReadOnlyDisplay::messageName() } };
 }
 
 ZLSavingDisplay::Message ZLSavingDisplay::recoveryFailureMessage() const

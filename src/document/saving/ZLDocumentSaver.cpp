@@ -1,6 +1,7 @@
 #include "document/saving/ZLDocumentSaver.h"
 
 #include "document/saving/ZLNewIdentifiers.h"
+#include "platform/ZLFileExtension.h"
 
 #include <QDir>
 #include <QFile>
@@ -180,9 +181,7 @@ void ZLDocumentSaver::discard()
 
 QString ZLDocumentSaver::pathWithExtension(const QString& path)
 {
-    const QFileInfo file(path);
-    const QString absolutePath = QDir::cleanPath(file.absoluteFilePath());
-    return file.suffix().isEmpty() ? absolutePath + u'.' + ZLDocumentFile::Extension : absolutePath;
+    return ZLFileExtension::completed(QDir::cleanPath(QFileInfo(path).absoluteFilePath()), ZLDocumentFile::Extension);
 }
 
 void ZLDocumentSaver::writeNewestState()

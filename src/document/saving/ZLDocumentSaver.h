@@ -95,7 +95,10 @@ public:
     /// Makes `path` the document's file, see pathWithExtension(), and writes it. The file of the recovery folder goes.
     /// A failure leaves everything as it was.
     ZLStatus saveAs(const QString& path);
-    /// Goes back, undoably, to the last save() or the opening; an untitled document becomes empty. Refused while the
+    /// Whether the document is otherwise now than at the last save() or the opening. Never for an untitled one, nor
+    /// while the clock runs.
+    [[nodiscard]] bool canRevert();
+    /// Goes back, undoably, to the last save() or the opening; does nothing where it is so already. Refused while the
     /// clock runs.
     ZLStatus revert();
     /// Former states of the document, newest first. One is kept when changes take its place, a minute after the one
@@ -115,7 +118,7 @@ public:
     /// Forgets what is kept of the document in the recovery folder and writes nothing any more.
     void discard();
 
-    /// The absolute form of `path`, with ".zelta" at the end when its name has no extension.
+    /// The absolute form of `path`, with ".zelta" at the end unless it ends so, in capitals or not.
     [[nodiscard]] static QString pathWithExtension(const QString& path);
 
 public Q_SLOTS:

@@ -5,16 +5,17 @@
 
 using namespace Qt::StringLiterals;
 
+bool ZLDocumentSaver::canRevert()
+{
+    return !m_document.isRecording() && !m_revertBytes.isEmpty() && currentBytes() != m_revertBytes;
+}
+
 ZLStatus ZLDocumentSaver::revert()
 {
     if (m_document.isRecording())
         return ZLError { tr("The clock is running. Pause the recording before you revert.") };
-    if (m_revertBytes.isEmpty() ? !hasContent() : currentBytes() == m_revertBytes)
+    if (!canRevert())
         return ZLDone {};
-    if (m_revertBytes.isEmpty()) {
-        m_document.revertToContents({});
-        return ZLDone {};
-    }
     const auto contents = ZLDocumentFile::decode(m_revertBytes);
     if (!contents)
         return contents.error();
@@ -69,10 +70,12 @@ ZLStatus ZLDocumentSaver::takeTheirs()
         return ZLError { u"%1: %2"_s.arg(m_path, contents.error().message) };
     (void)m_history->keep(currentBytes(), m_document.wallClockTime(), theirs.value());
     m_fileDigest = ZLJournalRecords::digestOf(theirs.value());
-    m_revertBytes = theirs.value();
     m_bytesOnDisk.clear();
     setState(ZLSavingState::Waiting);
     m_document.adoptContents(contents.value());
+    // Theirs as this program writes it, so that it is seen whether there is anything to go back to. The time of a clock
+    // that runs is none of theirs.
+    m_revertBytes = m_document.isRecording() ? theirs.value() : currentBytes();
     return ZLDone {};
 }
 
@@ -81,7 +84,8 @@ ZLResult<QString> ZLDocumentSaver::keepBoth()
     const QFileInfo file(m_path);
     QString path;
     for (int number = 2; path.isEmpty() || QFile::exists(path); ++number)
-        path = u"%1/%2 %3.%4"_s.arg(file.path(), file.completeBaseName(), QString::number(number), file.suffix());
+        path = pathWithExtension(
+            u"%1/%2 %3.%4"_s.arg(file.path(), file.completeBaseName(), QString::number(number), file.suffix()));
     if (const ZLStatus saved = saveAs(path); !saved)
         return saved.error();
     return path;

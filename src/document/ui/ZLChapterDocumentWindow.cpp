@@ -179,7 +179,8 @@ void ZLChapterDocumentWindow::buildDrawer()
 
 void ZLChapterDocumentWindow::connectDocument()
 {
-    connect(&m_document, &ZLChapterDocument::displayDidUpdate, this, &ZLChapterDocumentWindow::updateClock);
+    for (const auto signal : { &ZLChapterDocument::displayDidUpdate, &ZLChapterDocument::contentsDidChange })
+        connect(&m_document, signal, this, &ZLChapterDocumentWindow::updateClock);
     connect(
         &m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLChapterDocumentWindow::updateRecordingState);
     connect(&m_document, &ZLChapterDocument::addButtonDidUpdate, this, &ZLChapterDocumentWindow::updateAddButton);

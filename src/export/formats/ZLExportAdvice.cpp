@@ -42,6 +42,13 @@ constexpr auto oneLine =
 constexpr auto notXml = QT_TRANSLATE_NOOP(
     "ZLExportAdvice", "XML knows no control characters, so the file will not open: there is one in %1.");
 
+constexpr auto noTitle =
+    QT_TRANSLATE_NOOP("ZLExportAdvice", "Listeners see chapters by their titles: there is none in %1.");
+constexpr auto hidden =
+    QT_TRANSLATE_NOOP("ZLExportAdvice", "Control characters are shown as boxes or break the text: there is one in %1.");
+constexpr auto unwritable =
+    QT_TRANSLATE_NOOP("ZLExportAdvice", "A broken character will not be written: there is one in %1.");
+
 constexpr std::array exportRules {
     ExportRule { auphonic, noEnabledChapter, emptyFile },
     ExportRule { auphonic, beforeTheStart, beforeStart },
@@ -51,6 +58,9 @@ constexpr std::array exportRules {
         QT_TRANSLATE_NOOP(
             "ZLExportAdvice", "Chapter readers misread < and > as a link: there is one in the title of %1.") },
     ExportRule { auphonic, lineBreaks, oneLine },
+    ExportRule { auphonic, emptyTitles, noTitle },
+    ExportRule { auphonic, controlCharacters, hidden },
+    ExportRule { auphonic, brokenCharacters, unwritable },
 
     ExportRule { finalCut, noChapterFromTheStartOn,
         QT_TRANSLATE_NOOP("ZLExportAdvice", "No chapters from the start on: the project will have no markers.") },
@@ -63,6 +73,8 @@ constexpr std::array exportRules {
     ExportRule {
         finalCut, beyond32Bits, QT_TRANSLATE_NOOP("ZLExportAdvice", "Marker times end after 596 hours, before %1.") },
     ExportRule { finalCut, anyTitleForbiddenInXml, notXml },
+    ExportRule { finalCut, anyTitleWithControlCharactersThatXmlTakes, hidden },
+    ExportRule { finalCut, anyTitleWithBrokenCharacters, unwritable },
     ExportRule { finalCut, markupInFileName,
         QT_TRANSLATE_NOOP("ZLExportAdvice",
             "The project gets the name of the file as it is: with &, < or \" in it, Final Cut Pro will "
@@ -78,11 +90,19 @@ constexpr std::array exportRules {
         QT_TRANSLATE_NOOP(
             "ZLExportAdvice", "A session with < or \" in a text may not open again: there is one in %1.") },
     ExportRule { hindenburg, forbiddenInXml, notXml },
+    ExportRule { hindenburg, controlCharactersThatXmlTakes, hidden },
+    ExportRule { hindenburg, brokenCharacters, unwritable },
+    ExportRule { hindenburg, inTheSessionAlready,
+        QT_TRANSLATE_NOOP("ZLExportAdvice",
+            "The session already has markers with the same time and name, which will come twice: %1.") },
 
     ExportRule { json, noEnabledChapter, noChapters },
     ExportRule { json, beforeTheStart, beforeStart },
     ExportRule { json, afterTheEnd, pastEnd },
     ExportRule { json, inTheSameMillisecond, sameTime },
+    ExportRule { json, emptyTitles, noTitle },
+    ExportRule { json, controlCharactersInTitles, hidden },
+    ExportRule { json, brokenCharactersInTitles, unwritable },
 
     ExportRule { markdown, noEnabledChapter, emptyFile },
     ExportRule { markdown, beforeTheStartIfTimed, signDropped },
@@ -95,12 +115,17 @@ constexpr std::array exportRules {
         QT_TRANSLATE_NOOP(
             "ZLExportAdvice", "Markdown links break at blanks, < or > and unpaired parentheses: see the link of %1.") },
     ExportRule { markdown, lineBreaks, oneLine },
+    ExportRule { markdown, controlCharacters, hidden },
+    ExportRule { markdown, brokenCharacters, unwritable },
 
     ExportRule { podlove, noEnabledChapter, noChapters },
     ExportRule { podlove, beforeTheStart, beforeStart },
     ExportRule { podlove, afterTheEnd, pastEnd },
     ExportRule { podlove, inTheSameMillisecond, sameTime },
     ExportRule { podlove, forbiddenInXml, notXml },
+    ExportRule { podlove, emptyTitles, noTitle },
+    ExportRule { podlove, controlCharactersThatXmlTakes, hidden },
+    ExportRule { podlove, brokenCharacters, unwritable },
 
     ExportRule { tags, noEnabledChapter, emptyFile },
     ExportRule {
@@ -110,13 +135,14 @@ constexpr std::array exportRules {
             "ZLExportAdvice", "Tags end at a comma, so that one title becomes two: there is one in %1.") },
     ExportRule { tags, lineBreaksInTitles,
         QT_TRANSLATE_NOOP("ZLExportAdvice", "All tags stand on one line: there is a line break in %1.") },
+    ExportRule { tags, controlCharactersInTitles, hidden },
+    ExportRule { tags, brokenCharactersInTitles, unwritable },
 
     // https://support.google.com/youtube/answer/9884579 and the "description" of
     // https://developers.google.com/youtube/v3/docs/videos
     ExportRule { youTube, noEnabledChapter, emptyFile },
-    ExportRule { youTube, unfitForYouTube,
-        QT_TRANSLATE_NOOP("ZLExportAdvice",
-            "YouTube needs a first chapter at 00:00, at least three, each ten seconds or longer: %1.") },
+    ExportRule {
+        youTube, unfitForYouTube, QT_TRANSLATE_NOOP("ZLExportAdvice", "YouTube will ignore these chapters: %1.") },
     ExportRule { youTube, inTheSameSecond,
         QT_TRANSLATE_NOOP("ZLExportAdvice",
             "Times are whole seconds, and YouTube wants them to rise: %1 fall into the same second.") },
@@ -128,7 +154,10 @@ constexpr std::array exportRules {
     ExportRule { youTube, links,
         QT_TRANSLATE_NOOP(
             "ZLExportAdvice", "YouTube takes no < or > in a description: remove them around the link of %1.") },
+    ExportRule { youTube, emptyTitles, noTitle },
     ExportRule { youTube, lineBreaks, oneLine },
+    ExportRule { youTube, controlCharacters, hidden },
+    ExportRule { youTube, brokenCharacters, unwritable },
     ExportRule { youTube, tooLongForYouTube,
         QT_TRANSLATE_NOOP("ZLExportAdvice", "A YouTube description holds 5000 bytes: these are %1.") },
 };

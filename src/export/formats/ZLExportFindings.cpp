@@ -1,11 +1,15 @@
 #include "export/formats/ZLExportFindings.h"
 
 #include "export/formats/ZLChapterText.h"
+#include "export/formats/ZLHindenburgExporter.h"
+#include "export/formats/ZLSessionMarkers.h"
 #include "export/formats/ZLYouTubeExporter.h"
 #include "model/ZLTimeText.h"
 
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -110,8 +114,10 @@ QStringList shortChapters(const ZLExportInput& input, const QList<NumberedChapte
     if (numbers.isEmpty())
         return {};
     if (numbers.size() == 1)
-        return { FindingTexts::tr("chapter %1 is %2 s long").arg(numbers.constFirst()).arg(lastLength) };
-    return { FindingTexts::tr("%1 are shorter").arg(chapterNumbers(numbers)) };
+        return {
+            FindingTexts::tr("chapter %1 is only %2 s long (10 s minimum)").arg(numbers.constFirst()).arg(lastLength)
+        };
+    return { FindingTexts::tr("%1 are shorter than 10 s").arg(chapterNumbers(numbers)) };
 }
 
 bool holdsLineBreak(const QString& text)
@@ -125,12 +131,32 @@ bool holdsAnyOf(const QString& text, QLatin1StringView characters)
     return std::any_of(text.cbegin(), text.cend(), [&](QChar character) { return characters.contains(character); });
 }
 
+bool holdsAny(const QString& text, bool (*isMeant)(QChar character))
+{
+    return std::any_of(text.cbegin(), text.cend(), isMeant);
+}
+
+bool isControlCharacter(QChar character)
+{
+    return character.category() == QChar::Other_Control && character != u'\t' && character != u'\n'
+        && character != u'\r';
+}
+
+bool isForbiddenInXml(QChar character)
+{
+    constexpr char16_t firstPrintable = 0x20;
+    return (isControlCharacter(character) && character.unicode() < firstPrintable) || character == QChar(0xFFFE)
+        || character == QChar(0xFFFF);
+}
+
+bool isControlCharacterThatXmlTakes(QChar character)
+{
+    return isControlCharacter(character) && !isForbiddenInXml(character);
+}
+
 bool holdsForbiddenInXml(const QString& text)
 {
-    return std::any_of(text.cbegin(), text.cend(), [](QChar character) {
-        const char16_t code = character.unicode();
-        return (code < 0x20 && code != '\t' && code != '\n' && code != '\r') || code == 0xFFFE || code == 0xFFFF;
-    });
+    return holdsAny(text, isForbiddenInXml);
 }
 
 }
@@ -214,11 +240,11 @@ ZLExportFinding ZLExportFindings::unfitForYouTube(const ZLExportInput& input)
         return std::nullopt;
     QStringList findings;
     if (enabled.constFirst().seconds() != 0)
-        findings += FindingTexts::tr("the first is at %1")
+        findings += FindingTexts::tr("the first is at %1 (00:00 needed)")
                         .arg(ZLYouTubeExporter::timeStringForChapter(*enabled.constFirst().chapter));
     if (enabled.size() < leastChapters)
-        findings += enabled.size() == 1 ? FindingTexts::tr("there is only one")
-                                        : FindingTexts::tr("there are only %1").arg(enabled.size());
+        findings += enabled.size() == 1 ? FindingTexts::tr("there is only 1 (3 minimum)")
+                                        : FindingTexts::tr("there are only %1 (3 minimum)").arg(enabled.size());
     findings += shortChapters(input, enabled);
     return findings.isEmpty() ? std::nullopt : ZLExportFinding(findings.join("; "_L1));
 }
@@ -295,6 +321,50 @@ ZLExportFinding ZLExportFindings::anyTitleForbiddenInXml(const ZLExportInput& in
         input, [](const ZLChapter& chapter) { return holdsForbiddenInXml(chapter.title()); }, ChaptersLookedAt::All);
 }
 
+ZLExportFinding ZLExportFindings::controlCharacters(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) {
+        return holdsAny(chapter.title(), isControlCharacter) || holdsAny(chapter.link(), isControlCharacter);
+    });
+}
+
+ZLExportFinding ZLExportFindings::controlCharactersInTitles(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) { return holdsAny(chapter.title(), isControlCharacter); });
+}
+
+ZLExportFinding ZLExportFindings::controlCharactersThatXmlTakes(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) {
+        return holdsAny(chapter.title(), isControlCharacterThatXmlTakes)
+            || holdsAny(chapter.link(), isControlCharacterThatXmlTakes);
+    });
+}
+
+ZLExportFinding ZLExportFindings::anyTitleWithControlCharactersThatXmlTakes(const ZLExportInput& input)
+{
+    return chaptersThat(
+        input, [](const ZLChapter& chapter) { return holdsAny(chapter.title(), isControlCharacterThatXmlTakes); },
+        ChaptersLookedAt::All);
+}
+
+ZLExportFinding ZLExportFindings::brokenCharacters(const ZLExportInput& input)
+{
+    return chaptersThat(input,
+        [](const ZLChapter& chapter) { return !chapter.title().isValidUtf16() || !chapter.link().isValidUtf16(); });
+}
+
+ZLExportFinding ZLExportFindings::brokenCharactersInTitles(const ZLExportInput& input)
+{
+    return chaptersThat(input, [](const ZLChapter& chapter) { return !chapter.title().isValidUtf16(); });
+}
+
+ZLExportFinding ZLExportFindings::anyTitleWithBrokenCharacters(const ZLExportInput& input)
+{
+    return chaptersThat(
+        input, [](const ZLChapter& chapter) { return !chapter.title().isValidUtf16(); }, ChaptersLookedAt::All);
+}
+
 ZLExportFinding ZLExportFindings::markupInFileName(const ZLExportInput& input)
 {
     const bool isUnfit = holdsAnyOf(input.fileBaseName, "&<\""_L1) || holdsForbiddenInXml(input.fileBaseName);
@@ -304,7 +374,18 @@ ZLExportFinding ZLExportFindings::markupInFileName(const ZLExportInput& input)
 ZLExportFinding ZLExportFindings::sessionWithoutEnd(const ZLExportInput& input)
 {
     const QByteArray& session = input.existingBytes;
-    const bool hasMarkers = session.contains("<Markers") && !session.contains("<Markers/>");
-    const bool isUnfit = !session.isEmpty() && !hasMarkers && !session.contains("</Session>");
+    const bool isUnfit = !session.isEmpty() && !ZLHindenburgExporter::takesMarkers(session);
     return isUnfit ? ZLExportFinding(somethingFound) : std::nullopt;
+}
+
+ZLExportFinding ZLExportFindings::inTheSessionAlready(const ZLExportInput& input)
+{
+    const auto markers = ZLSessionMarkers::in(input.existingBytes);
+    if (markers.isEmpty())
+        return std::nullopt;
+    return chaptersThat(input, [&markers](const ZLChapter& chapter) {
+        const double milliseconds = ZLHindenburgExporter::markerTime(chapter).toDouble() * 1000.0;
+        constexpr double longest = 1e15;
+        return std::fabs(milliseconds) < longest && markers.contains({ std::llround(milliseconds), chapter.title() });
+    });
 }

@@ -47,7 +47,25 @@ namespace ZLExportFindings {
 [[nodiscard]] ZLExportFinding forbiddenInXml(const ZLExportInput& input);
 /// In titles, of disabled chapters too.
 [[nodiscard]] ZLExportFinding anyTitleForbiddenInXml(const ZLExportInput& input);
+/// Control characters other than tabs and line breaks.
+/// @{
+[[nodiscard]] ZLExportFinding controlCharacters(const ZLExportInput& input);
+[[nodiscard]] ZLExportFinding controlCharactersInTitles(const ZLExportInput& input);
+/// Those that an XML document may contain all the same.
+[[nodiscard]] ZLExportFinding controlCharactersThatXmlTakes(const ZLExportInput& input);
+/// As the one before, in titles, of disabled chapters too.
+[[nodiscard]] ZLExportFinding anyTitleWithControlCharactersThatXmlTakes(const ZLExportInput& input);
+/// @}
+/// Halves of characters, which have no form in a file.
+/// @{
+[[nodiscard]] ZLExportFinding brokenCharacters(const ZLExportInput& input);
+[[nodiscard]] ZLExportFinding brokenCharactersInTitles(const ZLExportInput& input);
+/// In titles, of disabled chapters too.
+[[nodiscard]] ZLExportFinding anyTitleWithBrokenCharacters(const ZLExportInput& input);
+/// @}
 [[nodiscard]] ZLExportFinding markupInFileName(const ZLExportInput& input);
 [[nodiscard]] ZLExportFinding sessionWithoutEnd(const ZLExportInput& input);
+/// As a marker with the same name at the same time, to the millisecond.
+[[nodiscard]] ZLExportFinding inTheSessionAlready(const ZLExportInput& input);
 
 }

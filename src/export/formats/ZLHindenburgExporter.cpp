@@ -3,6 +3,7 @@
 #include <QByteArrayMatcher>
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
@@ -90,17 +91,6 @@ void appendWithEncodedAmpersands(QByteArray& block, const QString& text)
     block.append(bytes.constData() + done, bytes.size() - done);
 }
 
-/// Seconds in single precision with three decimals, as "12.346".
-QByteArray markerTime(const ZLChapter& chapter)
-{
-    constexpr int decimals = 3;
-    std::array<char, 64> buffer;
-    const double seconds = double(float(chapter.timeStamp()));
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), seconds, std::chars_format::fixed, decimals).ptr;
-    return { buffer.data(), end - buffer.data() };
-}
-
 void appendMarker(QByteArray& block, const ZLChapter& chapter, std::int32_t id)
 {
     block += "<Marker Id=\"";
@@ -108,7 +98,7 @@ void appendMarker(QByteArray& block, const ZLChapter& chapter, std::int32_t id)
     block += "\" Name=\"";
     appendWithEncodedAmpersands(block, chapter.title());
     block += "\" Time=\"";
-    block += markerTime(chapter);
+    block += ZLHindenburgExporter::markerTime(chapter);
     block += "\" Type=\"Chapter\" Title=\"\" URL=\"";
     appendWithEncodedAmpersands(block, chapter.link());
     block += "\"/>\n";
@@ -155,6 +145,11 @@ ZLResult<QByteArray> replaced(QByteArray text, const QByteArray& literal, const 
         done = at + literal.size();
     }
     return result.append(text.constData() + done, text.size() - done);
+}
+
+bool hasMarkersSection(const QByteArray& session)
+{
+    return session.contains("<Markers") && !session.contains("<Markers/>");
 }
 
 /// In front of the end of the markers that are there.
@@ -205,12 +200,36 @@ std::optional<ZLExportAlert> ZLHindenburgExporter::alertFor(const ZLExportInput&
             "I couldn't find the Sessions tag. Please provide a well formatted Hindenburg File!") };
 }
 
+QString ZLHindenburgExporter::reasonNothingIsInserted(const ZLExportInput& input) const
+{
+    if (!takesMarkers(input.existingBytes))
+        return QCoreApplication::translate("ZLHindenburgExporter", "The session has no </Session>.");
+    const bool hasEnabled = std::ranges::any_of(input.chapters, &ZLChapter::isEnabled);
+    return hasEnabled ? QString()
+                      : QCoreApplication::translate("ZLHindenburgExporter", "There are no enabled chapters.");
+}
+
+QByteArray ZLHindenburgExporter::markerTime(const ZLChapter& chapter)
+{
+    constexpr int decimals = 3;
+    std::array<char, 64> buffer;
+    const double seconds = double(float(chapter.timeStamp()));
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), seconds, std::chars_format::fixed, decimals).ptr;
+    return { buffer.data(), end - buffer.data() };
+}
+
+bool ZLHindenburgExporter::takesMarkers(const QByteArray& session)
+{
+    return hasMarkersSection(session) || session.contains("</Session>");
+}
+
 ZLResult<QByteArray> ZLHindenburgExporter::exportedBytes(const ZLExportInput& input) const
 {
     if (const auto alert = alertFor(input))
         return ZLError { alert->informativeText };
     const QByteArray& session = input.existingBytes;
-    if (session.contains("<Markers") && !session.contains("<Markers/>"))
+    if (hasMarkersSection(session))
         return withMarkersAdded(session, input);
     return withMarkersSection(session, input);
 }

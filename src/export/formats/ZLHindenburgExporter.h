@@ -15,6 +15,13 @@ public:
     /// unreasonably large. Takes time in proportion to what it reads and writes, whatever the session holds.
     [[nodiscard]] ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override;
 
+    [[nodiscard]] QString reasonNothingIsInserted(const ZLExportInput& input) const override;
+
+    /// Seconds in single precision with three decimals, as "12.346".
+    [[nodiscard]] static QByteArray markerTime(const ZLChapter& chapter);
+    /// Whether a session has a place where markers can go.
+    [[nodiscard]] static bool takesMarkers(const QByteArray& session);
+
     /// A session larger than this many bytes is not written.
     static constexpr qsizetype MostSessionBytes = qsizetype(1) << 30;
 };

@@ -1,6 +1,8 @@
 #include "export/ui/ZLExportFlow.h"
 
 #include "document/ZLChapterDocument.h"
+#include "document/ui/ZLSaveFileDialog.h"
+#include "export/ZLSessionCopy.h"
 #include "export/formats/ZLExportAdvice.h"
 #include "export/ui/ZLExportAdviceView.h"
 #include "platform/ZLAtomicFile.h"
@@ -51,7 +53,7 @@ void ZLExportFlow::exportChapters(ZLChapterDocument* document, QWidget* window)
     connect(m_dialog, &QDialog::finished, this, &ZLExportFlow::dialogDidFinish);
     // The dialog goes with the window that it stands in front of; the flow has nothing to wait for then.
     connect(m_dialog, &QObject::destroyed, this, &QObject::deleteLater);
-    if (document && m_adviceView)
+    if (document)
         connect(document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLExportFlow::updateAdvice);
     m_dialog->show();
 }
@@ -64,29 +66,20 @@ QFileDialog* ZLExportFlow::dialog() const
 void ZLExportFlow::createDialog(const QString& displayName, QWidget* window)
 {
     const ZLExportFormat& format = m_exporterClass.format();
-    m_dialog = new QFileDialog(window, tr("Export to %1").arg(format.shownName()));
-    chooseKindOfDialog();
-    m_dialog->setNameFilter(u"%1 (*.%2)"_s.arg(format.shownName(), format.fileType));
-    if (format.dialogKind == ZLExportDialogKind::Open) {
-        m_dialog->setAcceptMode(QFileDialog::AcceptOpen);
-        m_dialog->setFileMode(QFileDialog::ExistingFile);
-    } else {
-        m_dialog->setAcceptMode(QFileDialog::AcceptSave);
-        m_dialog->setFileMode(QFileDialog::AnyFile);
-        m_dialog->setDefaultSuffix(format.fileType);
-        m_dialog->selectFile(ZLExporter::proposedFileName(displayName, format.fileType));
-    }
-    if (m_adviceView)
-        updateAdvice();
-}
-
-void ZLExportFlow::chooseKindOfDialog()
-{
-    const ZLExportFormat& format = m_exporterClass.format();
-    if (!format.hasOption() && ZLExportAdvice::lines(format.name, inputFor({})).isEmpty())
-        return;
+    const bool isRewriting = format.dialogKind == ZLExportDialogKind::Open;
+    const QString title = tr("Export to %1").arg(format.shownName());
+    m_dialog = isRewriting ? new QFileDialog(window, title)
+                           : static_cast<QFileDialog*>(new ZLSaveFileDialog(window, title, format.fileType));
     m_dialog->setOption(QFileDialog::DontUseNativeDialog);
+    m_dialog->setNameFilter(u"%1 (*.%2)"_s.arg(format.shownName(), format.fileType));
+    if (!m_folder.isEmpty())
+        m_dialog->setDirectory(m_folder);
+    if (isRewriting)
+        m_dialog->setFileMode(QFileDialog::ExistingFile);
+    else
+        m_dialog->selectFile(ZLExporter::proposedFileName(displayName, format.fileType));
     installAdditions();
+    updateAdvice();
 }
 
 void ZLExportFlow::installAdditions()
@@ -98,7 +91,8 @@ void ZLExportFlow::installAdditions()
     }
     m_adviceView = new ZLExportAdviceView(m_dialog);
     appendToDialog(*m_dialog, m_adviceView);
-    // A format may write the file's name into the file.
+    // A format may write the file's name into the file, or look at what the file holds.
+    connect(m_dialog, &QFileDialog::currentChanged, this, &ZLExportFlow::updateAdvice);
     if (const auto* nameEdit = m_dialog->findChild<QLineEdit*>(u"fileNameEdit"_s))
         connect(nameEdit, &QLineEdit::textChanged, this, &ZLExportFlow::updateAdvice);
 }
@@ -106,7 +100,11 @@ void ZLExportFlow::installAdditions()
 void ZLExportFlow::updateAdvice()
 {
     const QString path = m_dialog->selectedFiles().value(0);
-    m_adviceView->setLines(ZLExportAdvice::lines(m_exporterClass.format().name, inputFor(path)));
+    const ZLExportFormat& format = m_exporterClass.format();
+    ZLExportInput input = inputFor(path);
+    if (format.dialogKind == ZLExportDialogKind::Open)
+        input.existingBytes = m_session.bytesOf(path);
+    m_adviceView->setLines(ZLExportAdvice::lines(format.name, input));
 }
 
 void ZLExportFlow::dialogDidFinish(int result)
@@ -137,14 +135,26 @@ void ZLExportFlow::exportTo(const QString& path)
         return;
     }
     const auto bytes = existing ? exporter->exportedBytes(input) : existing;
-    const ZLStatus status = bytes ? ZLAtomicFile::write(path, bytes.value()) : ZLStatus(bytes.error());
-    if (status)
+    const ZLStatus status = bytes ? write(path, input, bytes.value()) : ZLStatus(bytes.error());
+    const QString nothing = exporter->reasonNothingIsInserted(input);
+    if (!status)
+        Q_EMIT exportDidFail(status.error().message);
+    else if (nothing.isEmpty())
         Q_EMIT exportDidFinish(path);
     else
-        Q_EMIT exportDidFail(status.error().message);
+        Q_EMIT exportDidInsertNothing(path, nothing);
     // Also after a failure: what stood there before may be what the user is after.
     if (format.afterwards == ZLExportAfterwards::OpenInTextEditor)
         m_openFile(path);
+}
+
+ZLStatus ZLExportFlow::write(const QString& path, const ZLExportInput& input, const QByteArray& bytes) const
+{
+    if (m_exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
+        if (const ZLStatus kept = ZLSessionCopy::keep(path, input.existingBytes); !kept)
+            return kept;
+    }
+    return ZLAtomicFile::write(path, bytes);
 }
 
 void ZLExportFlow::showAlert(const ZLExportAlert& alert) const

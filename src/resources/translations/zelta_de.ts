@@ -467,7 +467,8 @@
     <message>
         <source>Usage:
   zelta [--new] [FILE…]                open documents in windows, with --new a new one too
-  zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record starts the clock at once
+  zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record starts the clock at once;
+                                       a FILE that is missing is made when its name ends in .zelta
         --osc-port N                   listen on this UDP port in this run; 0 for any that is free
         --osc-send HOST:PORT           send the recorder&apos;s state there in this run; may be given several times
   zelta send ACTION [--osc-port N]     give the running recorder a command, by default the one of this user;
@@ -482,7 +483,8 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
 </source>
         <translation>Aufruf:
   zelta [--new] [DATEI…]               öffnet Dokumente in Fenstern, mit --new auch ein neues
-  zelta --headless [--record] [DATEI]  nimmt ohne Fenster auf, gesteuert über OSC; --record startet die Uhr sofort
+  zelta --headless [--record] [DATEI]  nimmt ohne Fenster auf, gesteuert über OSC; --record startet die Uhr sofort;
+                                       fehlt DATEI, wird sie angelegt, wenn ihr Name auf .zelta endet
         --osc-port N                   hört bei diesem Lauf auf diesen UDP-Port; 0 für irgendeinen freien
         --osc-send RECHNER:PORT        sendet den Stand bei diesem Lauf dorthin; auch mehrmals
   zelta send AKTION [--osc-port N]     gibt dem laufenden Rekorder einen Befehl, sonst dem dieses Benutzers;
@@ -644,6 +646,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>The export failed. %1</source>
         <translation>Der Export ist fehlgeschlagen. %1</translation>
     </message>
+    <message>
+        <source>No chapters were inserted into “%1”. %2</source>
+        <translation>In „%1“ wurden keine Kapitel eingefügt. %2</translation>
+    </message>
 </context>
 <context>
     <name>ZLEditMenu</name>
@@ -795,10 +801,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Alle Tags stehen in einer Zeile: In %1 steht ein Zeilenumbruch.</translation>
     </message>
     <message>
-        <source>YouTube needs a first chapter at 00:00, at least three, each ten seconds or longer: %1.</source>
-        <translation>YouTube braucht ein erstes Kapitel bei 00:00, mindestens drei, jedes zehn Sekunden oder länger: %1.</translation>
-    </message>
-    <message>
         <source>Times are whole seconds, and YouTube wants them to rise: %1 fall into the same second.</source>
         <translation>Zeiten sind ganze Sekunden, und YouTube will sie aufsteigend: In dieselbe Sekunde fallen %1.</translation>
     </message>
@@ -813,6 +815,26 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>A YouTube description holds 5000 bytes: these are %1.</source>
         <translation>Eine YouTube-Beschreibung fasst 5000 Bytes: Das hier sind %1.</translation>
+    </message>
+    <message>
+        <source>Listeners see chapters by their titles: there is none in %1.</source>
+        <translation>Hörer sehen Kapitel mit ihrem Titel: In %1 fehlt er.</translation>
+    </message>
+    <message>
+        <source>Control characters are shown as boxes or break the text: there is one in %1.</source>
+        <translation>Steuerzeichen erscheinen als Kästchen oder stören den Text: In %1 steht eines.</translation>
+    </message>
+    <message>
+        <source>A broken character will not be written: there is one in %1.</source>
+        <translation>Ein halbes Zeichen lässt sich nicht schreiben: In %1 steht eines.</translation>
+    </message>
+    <message>
+        <source>The session already has markers with the same time and name, which will come twice: %1.</source>
+        <translation>Die Session hat schon Marker mit gleicher Zeit und gleichem Namen, sie stehen dann doppelt da: %1.</translation>
+    </message>
+    <message>
+        <source>YouTube will ignore these chapters: %1.</source>
+        <translation>YouTube wird diese Kapitel übergehen: %1.</translation>
     </message>
 </context>
 <context>
@@ -841,24 +863,24 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>%1 (jeweils mit dem davor)</translation>
     </message>
     <message>
-        <source>chapter %1 is %2 s long</source>
-        <translation>Kapitel %1 ist %2 s lang</translation>
+        <source>chapter %1 is only %2 s long (10 s minimum)</source>
+        <translation>Kapitel %1 ist nur %2 s lang (mindestens 10 s)</translation>
     </message>
     <message>
-        <source>%1 are shorter</source>
-        <translation>%1 sind kürzer</translation>
+        <source>%1 are shorter than 10 s</source>
+        <translation>%1 sind kürzer als 10 s</translation>
     </message>
     <message>
-        <source>the first is at %1</source>
-        <translation>das erste liegt bei %1</translation>
+        <source>the first is at %1 (00:00 needed)</source>
+        <translation>das erste ist bei %1 (nötig ist 00:00)</translation>
     </message>
     <message>
-        <source>there is only one</source>
-        <translation>es gibt nur eines</translation>
+        <source>there is only 1 (3 minimum)</source>
+        <translation>es ist nur 1 (mindestens 3)</translation>
     </message>
     <message>
-        <source>there are only %1</source>
-        <translation>es gibt nur %1</translation>
+        <source>there are only %1 (3 minimum)</source>
+        <translation>es sind nur %1 (mindestens 3)</translation>
     </message>
 </context>
 <context>
@@ -1008,6 +1030,29 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Dismiss</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFileWords</name>
+    <message>
+        <source>The commands are export, formats, send and show; &quot;zelta --help&quot; explains them.</source>
+        <translation>Die Befehle sind export, formats, send und show; „zelta --help“ erklärt sie.</translation>
+    </message>
+    <message>
+        <source>Did you mean %1?</source>
+        <translation>War %1 gemeint?</translation>
+    </message>
+    <message>
+        <source>Did you mean %1 or %2?</source>
+        <translation>War %1 oder %2 gemeint?</translation>
+    </message>
+    <message>
+        <source>There is no file &quot;%1&quot;, and the name of a new one ends in .%2.</source>
+        <translation>Es gibt keine Datei „%1“, und der Name einer neuen endet auf .%2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither a file nor a command.</source>
+        <translation>„%1“ ist weder eine Datei noch ein Befehl.</translation>
     </message>
 </context>
 <context>
@@ -1243,6 +1288,14 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>also open: %1, %2</source>
         <translation>außerdem offen: %1, %2</translation>
     </message>
+    <message>
+        <source>new document: %1</source>
+        <translation>neues Dokument: %1</translation>
+    </message>
+    <message>
+        <source>%1 is read-only: what changes is kept, but cannot be written to it.</source>
+        <translation>%1 ist schreibgeschützt: Was sich ändert, wird aufbewahrt, kann aber nicht hineingeschrieben werden.</translation>
+    </message>
 </context>
 <context>
     <name>ZLHeadlessSavingReports</name>
@@ -1331,6 +1384,14 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>I couldn&apos;t find the Sessions tag. Please provide a well formatted Hindenburg File!</source>
         <translation>Das Sessions-Tag war nicht zu finden. Bitte eine wohlgeformte Hindenburg-Datei wählen!</translation>
+    </message>
+    <message>
+        <source>The session has no &lt;/Session&gt;.</source>
+        <translation>Die Session hat kein &lt;/Session&gt;.</translation>
+    </message>
+    <message>
+        <source>There are no enabled chapters.</source>
+        <translation>Es gibt keine aktiven Kapitel.</translation>
     </message>
 </context>
 <context>
@@ -2273,6 +2334,21 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
 </context>
 <context>
+    <name>ZLReadOnlyDisplay</name>
+    <message>
+        <source>“%1” is read-only. Changes are kept, but they cannot be saved to this file.</source>
+        <translation>„%1“ ist schreibgeschützt. Änderungen werden aufbewahrt, lassen sich aber nicht in dieser Datei speichern.</translation>
+    </message>
+    <message>
+        <source>Save As…</source>
+        <translation>Speichern unter&#xa0;…</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>ZLReaperMarkers</name>
     <message>
         <source>The times are in beats. Set REAPER&apos;s ruler to minutes and seconds and export the markers again.</source>
@@ -2547,6 +2623,18 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>Dismiss</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>There is a file “%1” already. Replace it?</source>
+        <translation>Es gibt schon eine Datei „%1“. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

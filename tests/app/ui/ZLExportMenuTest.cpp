@@ -143,3 +143,19 @@ TEST_F(ZLExportMenuTest, AFailureIsToldInTheBar)
     pressInBar(document, u"Dismiss"_s);
     EXPECT_EQ(barText(document), QString());
 }
+
+TEST_F(ZLExportMenuTest, ADialogStartsBesideTheDocumentAndThenWhereItsFormatWasLastWritten)
+{
+    QFile::remove(ZLStateFolder::path() + u"/export-folders.json"_s);
+    ASSERT_TRUE(QDir(filePath({})).mkpath(u"show"_s));
+    ASSERT_TRUE(QDir(filePath({})).mkpath(u"feed"_s));
+    ZLChapterDocument* document = openFile(storedFile(u"show/show.zelta"_s));
+    makeCurrent(document);
+    exportList(document);
+    EXPECT_EQ(dialogOf(document)->directory().path(), filePath(u"show"_s));
+    choose(dialogOf(document), filePath(u"feed/one.list"_s));
+    exportList(document);
+    EXPECT_EQ(dialogOf(document)->directory().path(), filePath(u"feed"_s));
+    dialogOf(document)->reject();
+    flush();
+}

@@ -22,6 +22,11 @@ protected:
         Q_EMIT menu->aboutToShow();
         return menu;
     }
+    bool canRevert(ZLChapterDocument* document)
+    {
+        Q_EMIT windowOf(document).findChild<QMenu*>(u"fileMenu"_s)->aboutToShow();
+        return action(document, u"revert"_s)->isEnabled();
+    }
     static QStringList textsOf(const QMenu* menu)
     {
         QStringList texts;
@@ -136,12 +141,39 @@ TEST_F(ZLFileMenuTest, RevertGoesBackToTheLastSaveAndCanBeUndone)
 TEST_F(ZLFileMenuTest, RevertRestsWhileTheClockRuns)
 {
     ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
-    QAction* revert = action(document, u"revert"_s);
-    EXPECT_TRUE(revert->isEnabled());
+    addChapter(document, u"Mine"_s);
+    EXPECT_TRUE(canRevert(document));
     document->recordButtonPressed();
-    EXPECT_FALSE(revert->isEnabled());
+    EXPECT_FALSE(canRevert(document));
     document->recordButtonPressed();
-    EXPECT_TRUE(revert->isEnabled());
+    EXPECT_TRUE(canRevert(document));
+}
+
+TEST_F(ZLFileMenuTest, RevertRestsWhereThereIsNothingToGoBackTo)
+{
+    ZLChapterDocument* untitled = newDocument();
+    addChapter(untitled, u"Mine"_s);
+    EXPECT_FALSE(canRevert(untitled));
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    EXPECT_FALSE(canRevert(document));
+    addChapter(document, u"Mine"_s);
+    writeNow(document);
+    EXPECT_TRUE(canRevert(document));
+    trigger(document, u"revert"_s);
+    EXPECT_FALSE(canRevert(document));
+}
+
+TEST_F(ZLFileMenuTest, EachFileThatCannotBeOpenedIsTold)
+{
+    ZLChapterDocument* document = newDocument();
+    for (const QString& name : { u"one.zelta"_s, u"two.zelta"_s, u"one.zelta"_s }) {
+        const QStringList problems = m_windows->openLater({ .files = { filePath(name) } });
+        ASSERT_EQ(problems.size(), 1);
+        EXPECT_TRUE(problems.first().startsWith(filePath(name)));
+    }
+    EXPECT_EQ(barText(document).count(u'\n'), 1) << qPrintable(barText(document));
+    EXPECT_TRUE(barText(document).contains("one.zelta"_L1));
+    EXPECT_TRUE(barText(document).contains("two.zelta"_L1));
 }
 
 TEST_F(ZLFileMenuTest, CloseClosesTheWindow)

@@ -18,6 +18,32 @@ TEST_F(ZLSavePanelTest, SavingAnUntitledDocumentAsksForAFile)
     EXPECT_EQ(windowOf(document).windowFilePath(), filePath(u"show.zelta"_s));
 }
 
+TEST_F(ZLSavePanelTest, ATypedNameGetsItsExtensionBehindAnyDot)
+{
+    ZLChapterDocument* document = newDocument();
+    addChapter(document, u"Mine"_s);
+    trigger(document, u"saveAs"_s);
+    choose(dialogOf(document), filePath(u"Episode 1.5"_s));
+    EXPECT_EQ(titlesInFile(filePath(u"Episode 1.5.zelta"_s)), QStringList { u"Mine"_s });
+    trigger(document, u"saveAs"_s);
+    choose(dialogOf(document), filePath(u"Other.Zelta"_s));
+    EXPECT_EQ(titlesInFile(filePath(u"Other.Zelta"_s)), QStringList { u"Mine"_s });
+}
+
+TEST_F(ZLSavePanelTest, AFileThatTheDialogDidNotAskAboutIsNotReplacedWithoutAQuestion)
+{
+    const QString path = storedFile(u"Episode 1.5.zelta"_s);
+    ZLChapterDocument* document = newDocument();
+    addChapter(document, u"Mine"_s);
+    trigger(document, u"saveAs"_s);
+    // As the desktop's own dialog does, which knows nothing of the extension.
+    Q_EMIT dialogOf(document)->fileSelected(filePath(u"Episode 1.5"_s));
+    EXPECT_EQ(titlesInFile(path), QStringList { u"Stored"_s });
+    EXPECT_TRUE(barText(document).contains("Episode 1.5.zelta"_L1));
+    pressInBar(document, u"Replace"_s);
+    EXPECT_EQ(titlesInFile(path), QStringList { u"Mine"_s });
+}
+
 TEST_F(ZLSavePanelTest, SavingATitledDocumentWritesAtOnce)
 {
     const QString path = storedFile(u"show.zelta"_s);

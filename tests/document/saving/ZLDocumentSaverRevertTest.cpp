@@ -41,14 +41,27 @@ TEST_F(ZLDocumentSaverRevertTest, RevertWithoutASaveGoesBackToTheOpening)
     EXPECT_FALSE(document.undoManager().canUndo()) << "going back to where it stands is no step";
 }
 
-TEST_F(ZLDocumentSaverRevertTest, RevertEmptiesAnUntitledDocument)
+TEST_F(ZLDocumentSaverRevertTest, AnUntitledDocumentHasNothingToGoBackTo)
 {
     const auto saver = untitledSaver();
     addChapter("One");
+    EXPECT_FALSE(saver->canRevert());
     EXPECT_TRUE(saver->revert());
-    EXPECT_EQ(document.chapterManager().count(), 0);
-    document.undoManager().undo();
     EXPECT_EQ(document.chapterManager().count(), 1);
+}
+
+TEST_F(ZLDocumentSaverRevertTest, WhatIsAsItWasSavedHasNothingToGoBackTo)
+{
+    addChapter("Stored");
+    const auto saver = titledSaver(filePath("show.zelta"));
+    EXPECT_FALSE(saver->canRevert());
+    addChapter("Two");
+    EXPECT_TRUE(saver->canRevert());
+    document.undoManager().undo();
+    EXPECT_FALSE(saver->canRevert()) << "it is as it was again";
+    document.undoManager().redo();
+    EXPECT_TRUE(saver->save());
+    EXPECT_FALSE(saver->canRevert());
 }
 
 TEST_F(ZLDocumentSaverRevertTest, RevertIsRefusedWhileTheClockRuns)

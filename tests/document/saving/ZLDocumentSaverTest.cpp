@@ -308,7 +308,8 @@ TEST_F(ZLDocumentSaverTest, SaveAsMovesAnUntitledDocumentToTheUsersFile)
 
 TEST_F(ZLDocumentSaverTest, AnExtensionOfTheUsersIsKept)
 {
-    EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"/a/b.chapters"_s), u"/a/b.chapters"_s);
+    EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"/a/Episode 1.5"_s), u"/a/Episode 1.5.zelta"_s);
+    EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"/a/b.Zelta"_s), u"/a/b.Zelta"_s);
     EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"/a.d/b"_s), u"/a.d/b.zelta"_s);
     EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"b"_s), QDir::currentPath() + u"/b.zelta"_s);
 }

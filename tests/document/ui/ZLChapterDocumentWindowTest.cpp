@@ -71,6 +71,20 @@ TEST_F(ZLChapterDocumentWindowTest, MovingAsksForMilliseconds)
     EXPECT_TRUE(QTest::qWaitFor([this] { return !moveDialog() && m_window->focusWidget() == &table(); }));
 }
 
+TEST_F(ZLChapterDocumentWindowTest, TheAgeOfTheLastChapterFollowsAMoveWhilePaused)
+{
+    record(90.0);
+    const auto chapter = addChapterAt(60.0);
+    const auto* age = bar().findChild<QLabel*>(u"ageLabel"_s);
+    ASSERT_EQ(age->text(), u"00:00:30"_s);
+    m_document.moveChaptersByMilliseconds(-5000.0F);
+    EXPECT_EQ(age->text(), u"00:00:35"_s);
+    m_document.undoManager().undo();
+    EXPECT_EQ(age->text(), u"00:00:30"_s);
+    m_document.updateChapterToTime(chapter, 10.0);
+    EXPECT_EQ(age->text(), u"00:01:20"_s);
+}
+
 TEST_F(ZLChapterDocumentWindowTest, CancellingAMoveChangesNothing)
 {
     const auto chapter = addChapterAt(3.0);

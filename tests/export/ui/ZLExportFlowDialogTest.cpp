@@ -1,6 +1,7 @@
 #include "ZLExportFlowFixture.h"
 
 #include "export/formats/ZLFinalCutExporter.h"
+#include "export/formats/ZLHindenburgExporter.h"
 #include "export/formats/ZLSimpleChaptersExporter.h"
 #include "export/formats/ZLYouTubeExporter.h"
 
@@ -21,7 +22,6 @@ TEST_F(ZLExportFlowDialogTest, ShowsASaveDialogThatBlocksNothing)
     EXPECT_EQ(dialog->nameFilters(), QStringList { u"Podlove Simple Chapters (*.psc)"_s });
     EXPECT_EQ(QFileInfo(dialog->selectedFiles().value(0)).fileName(), u"Episode 12.psc"_s);
     EXPECT_TRUE(dialog->findChildren<QCheckBox*>().isEmpty());
-    EXPECT_FALSE(dialog->testOption(QFileDialog::DontUseNativeDialog));
     EXPECT_FALSE(dialog->testOption(QFileDialog::ReadOnly)) << "folders can be created";
     press(QDialogButtonBox::Cancel);
     deleteFinished();
@@ -100,8 +100,8 @@ TEST_F(ZLExportFlowDialogTest, TellsInTheDialogWhatTheDestinationWillNotLike)
     ASSERT_NE(adviceView(), nullptr);
     EXPECT_TRUE(adviceView()->isVisible());
     EXPECT_EQ(advice(),
-        QStringList { u"YouTube needs a first chapter at 00:00, at least three, each ten seconds or longer: "
-                      "the first is at 00:05; there is only one."_s });
+        QStringList { u"YouTube will ignore these chapters: the first is at 00:05 (00:00 needed); there is only 1 (3 "
+                      "minimum)."_s });
     EXPECT_EQ(adviceView()->accessibleName(), advice().join(u'\n'));
 
     save(at(u"out.txt"_s));
@@ -112,13 +112,50 @@ TEST_F(ZLExportFlowDialogTest, TheAdviceFollowsTheDocument)
 {
     start<ZLYouTubeExporter>(m_document.get());
     addChapter(0, u"Start"_s);
-    EXPECT_TRUE(advice().value(0).endsWith("there are only 2; chapter 1 is 5 s long."_L1)) << qPrintable(advice()[0]);
+    EXPECT_TRUE(
+        advice().value(0).endsWith("there are only 2 (3 minimum); chapter 1 is only 5 s long (10 s minimum)."_L1))
+        << qPrintable(advice()[0]);
     addChapter(60, u"Later"_s);
-    EXPECT_TRUE(advice().value(0).endsWith("longer: chapter 1 is 5 s long."_L1)) << qPrintable(advice()[0]);
+    EXPECT_TRUE(advice().value(0).endsWith("chapters: chapter 1 is only 5 s long (10 s minimum)."_L1))
+        << qPrintable(advice()[0]);
     m_document->removeChapter(m_document->chapterManager().chapterAtIndex(1));
     addChapter(90, u"Last"_s);
     EXPECT_EQ(advice(), QStringList());
     EXPECT_FALSE(adviceView()->isVisible());
+    press(QDialogButtonBox::Cancel);
+    deleteFinished();
+}
+
+TEST_F(ZLExportFlowDialogTest, AllDialogsLookAlikeAndStartWhereTheyAreTold)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"feed"_s));
+    for (const ZLExporterClass& exporterClass : { ZLExporterClass::of<ZLFinalCutExporter>(),
+             ZLExporterClass::of<ZLHindenburgExporter>(), ZLExporterClass::of<ZLYouTubeExporter>() }) {
+        m_flow = new ZLExportFlow(exporterClass);
+        m_flow->setFolder(at(u"feed"_s));
+        m_flow->exportChapters(m_document.get());
+        EXPECT_TRUE(m_flow->dialog()->testOption(QFileDialog::DontUseNativeDialog));
+        EXPECT_NE(adviceView(), nullptr);
+        EXPECT_EQ(m_flow->dialog()->directory().path(), at(u"feed"_s));
+        press(QDialogButtonBox::Cancel);
+        deleteFinished();
+    }
+}
+
+TEST_F(ZLExportFlowDialogTest, TheAdviceFollowsTheSelectedSession)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"list.nhsx"_s), "a shopping list").isOk());
+    ASSERT_TRUE(ZLAtomicFile::write(
+        at(u"my.nhsx"_s), "<S><Markers><Marker Name=\"One &amp; only\" Time=\"5.000\"/></Markers></Session>")
+                    .isOk());
+    start<ZLHindenburgExporter>(m_document.get());
+    EXPECT_EQ(advice(), QStringList());
+    type(at(u"list.nhsx"_s));
+    EXPECT_EQ(advice(), QStringList { u"The session has no </Session>: there is no place for the markers."_s });
+    type(at(u"my.nhsx"_s));
+    EXPECT_EQ(advice(),
+        QStringList {
+            u"The session already has markers with the same time and name, which will come twice: chapter 1."_s });
     press(QDialogButtonBox::Cancel);
     deleteFinished();
 }

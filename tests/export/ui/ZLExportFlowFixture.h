@@ -92,6 +92,8 @@ protected:
     {
         QObject::connect(
             m_flow, &ZLExportFlow::exportDidFinish, m_flow, [this](const QString& path) { m_written.append(path); });
+        QObject::connect(m_flow, &ZLExportFlow::exportDidInsertNothing, m_flow,
+            [this](const QString&, const QString& reason) { m_nothingInserted.append(reason); });
         QObject::connect(
             m_flow, &ZLExportFlow::exportDidFail, m_flow, [this](const QString& reason) { m_failures.append(reason); });
     }
@@ -166,6 +168,7 @@ protected:
         std::make_unique<ZLChapterDocument>(ZLDocumentEnvironment { .hostClock = m_hostClock });
     QPointer<ZLExportFlow> m_flow;
     QStringList m_written;
+    QStringList m_nothingInserted;
     QStringList m_failures;
     QStringList m_opened;
 };

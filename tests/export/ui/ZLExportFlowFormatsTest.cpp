@@ -48,6 +48,29 @@ TEST_F(ZLExportFlowFormatsTest, PutsMarkersIntoASession)
     EXPECT_EQ(m_written, QStringList { at(u"my.nhsx"_s) });
 }
 
+TEST_F(ZLExportFlowFormatsTest, TheFormerSessionIsKeptBesideIt)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"my.nhsx"_s), "<S></Session>").isOk());
+    start<ZLHindenburgExporter>(m_document.get());
+    open(at(u"my.nhsx"_s));
+    EXPECT_EQ(contentsOf(u"my.nhsx.bak"_s), "<S></Session>");
+    EXPECT_EQ(filesInFolder(), (QStringList { u"my.nhsx"_s, u"my.nhsx.bak"_s }));
+}
+
+TEST_F(ZLExportFlowFormatsTest, SaysThatNothingWasInserted)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"my.nhsx"_s), "a shopping list").isOk());
+    start<ZLHindenburgExporter>(m_document.get());
+    open(at(u"my.nhsx"_s));
+    ASSERT_TRUE(ZLAtomicFile::write(at(u"my.nhsx"_s), "<S></Session>").isOk());
+    m_document->updateChapterToEnabledState(m_document->chapterManager().lastChapter(), false);
+    start<ZLHindenburgExporter>(m_document.get());
+    open(at(u"my.nhsx"_s));
+    EXPECT_EQ(
+        m_nothingInserted, (QStringList { u"The session has no </Session>."_s, u"There are no enabled chapters."_s }));
+    EXPECT_TRUE(m_written.isEmpty() && m_failures.isEmpty());
+}
+
 TEST_F(ZLExportFlowFormatsTest, AlertsWhereThereIsNoSession)
 {
     for (const QByteArray& unfit : { QByteArray(), QByteArray("</Session>"), QByteArray("\xff\xfe</Session>") }) {

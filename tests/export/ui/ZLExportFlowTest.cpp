@@ -49,6 +49,15 @@ TEST_F(ZLExportFlowTest, AppendsTheExtensionThatIsMissing)
     EXPECT_EQ(filesInFolder(), QStringList { u"out.psc"_s });
 }
 
+TEST_F(ZLExportFlowTest, AppendsTheExtensionBehindAnyDotButNotTwice)
+{
+    start<ZLSimpleChaptersExporter>(m_document.get());
+    save(at(u"Episode 1.5"_s));
+    start<ZLSimpleChaptersExporter>(m_document.get());
+    save(at(u"Other.PSC"_s));
+    EXPECT_EQ(filesInFolder(), (QStringList { u"Episode 1.5.psc"_s, u"Other.PSC"_s }));
+}
+
 TEST_F(ZLExportFlowTest, CancellingWritesAndReportsNothing)
 {
     start<ZLSimpleChaptersExporter>(m_document.get());

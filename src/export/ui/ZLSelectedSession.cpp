@@ -1,0 +1,20 @@
+#include "export/ui/ZLSelectedSession.h"
+
+#include "platform/ZLAtomicFile.h"
+
+#include <QFileInfo>
+
+QByteArray ZLSelectedSession::bytesOf(const QString& path)
+{
+    const QFileInfo file(path);
+    if (!file.isFile() || file.size() > MostBytes)
+        return {};
+    if (m_path == path && m_time == file.lastModified() && m_size == file.size())
+        return m_bytes;
+    const auto bytes = ZLAtomicFile::read(path);
+    m_path = path;
+    m_time = file.lastModified();
+    m_size = file.size();
+    m_bytes = bytes ? bytes.value() : QByteArray();
+    return m_bytes;
+}

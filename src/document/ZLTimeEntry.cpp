@@ -99,9 +99,11 @@ QDateTime ZLTimeEntry::dateFromText(const QString& text)
     const auto number = [&match](int group) { return match.captured(group).toInt(); };
     const int milliseconds = match.captured(4).leftJustified(3, u'0', true).toInt();
     const QTime time(number(1), number(2), number(3), milliseconds);
-    const QDateTime date(historicalDay(number(5), number(6), number(7)), time);
-    // An impossible time of a possible day would be taken as its midnight.
-    return time.isValid() && date.isValid() ? date : referenceDate();
+    const QDate day = historicalDay(number(5), number(6), number(7));
+    const QDateTime date(day, time);
+    // An impossible time of a possible day would be taken as its midnight, and one in an hour that the clocks skip as
+    // one of the hour beside it.
+    return date.isValid() && date.date() == day && date.time() == time ? date : referenceDate();
 }
 
 float ZLTimeEntry::millisecondsFromText(const QString& text)

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimeZone>
 #include <gtest/gtest.h>
 
 /// Documents on a state folder of the test's own, on which one process after another lives.
@@ -86,6 +87,6 @@ protected:
 
     QTemporaryDir temporary;
     std::shared_ptr<SettableClock> clock = std::make_shared<SettableClock>();
-    QDateTime wallClock = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000, Qt::UTC);
+    QDateTime wallClock = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000, QTimeZone::utc());
     std::unique_ptr<ZLDocumentController> controller;
 };

@@ -4,6 +4,7 @@
 #include "settings/ZLSettingsManager.h"
 
 #include <QTemporaryDir>
+#include <QTimeZone>
 #include <gtest/gtest.h>
 
 /// A recorder whose commands come from the test.
@@ -64,7 +65,7 @@ protected:
     QString path = temporary.filePath(QStringLiteral("show.zelta"));
     std::shared_ptr<SettableClock> clock = std::make_shared<SettableClock>();
     std::shared_ptr<SettableClock> bootClock = std::make_shared<SettableClock>();
-    QDateTime wallClock = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000, Qt::UTC);
+    QDateTime wallClock = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000, QTimeZone::utc());
     std::unique_ptr<ZLDocumentController> controller;
     std::unique_ptr<ZLHeadlessRecorder> recorder;
     ZLChapterDocument* document = nullptr;

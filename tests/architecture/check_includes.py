@@ -9,6 +9,7 @@ from pathlib import Path
 # Bottom to top. A folder may include itself and what stands before it.
 ORDER = [
     "platform",
+    "platform/bus",
     "platform/activity",
     "platform/dnssd",
     "platform/osc",

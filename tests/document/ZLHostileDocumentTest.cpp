@@ -1,6 +1,7 @@
 #include "document/ZLChapterDocument.h"
 #include "platform/archive/ZLKeyedArchiver.h"
 
+#include <QTimeZone>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -13,7 +14,7 @@ protected:
     static QVariantMap chapter(const QVariant& time, const QVariant& title = u"x"_s)
     {
         return { { ZLChapterKey::TimeStamp, time }, { ZLChapterKey::Title, title }, { ZLChapterKey::Link, u""_s },
-            { ZLChapterKey::Tags, u""_s }, { ZLChapterKey::Date, QDateTime::fromMSecsSinceEpoch(0, Qt::UTC) } };
+            { ZLChapterKey::Tags, u""_s }, { ZLChapterKey::Date, QDateTime::fromMSecsSinceEpoch(0, QTimeZone::utc()) } };
     }
 
     void read(const QVariantList& chapters, const QVariant& duration = 0.0)

@@ -60,7 +60,7 @@ class AccessibilityTest(unittest.TestCase):
     def window_titled(self, start):
         def look():
             for window in self.everything(self.application):
-                is_window = window.getRoleName() in ("frame", "dialog", "alert")
+                is_window = self.accessible.role_of(window) in ("frame", "dialog", "alert")
                 if is_window and window.name.startswith(start) and self.accessible.is_showing(window):
                     return window
             return None
@@ -73,11 +73,11 @@ class AccessibilityTest(unittest.TestCase):
     def check_names(self, window, least):
         """Everything of use in the window has a name; there are at least so many things."""
         seen = [
-            (node, node.getRoleName())
+            (node, self.accessible.role_of(node))
             for node in self.everything(window)
-            if node.getRoleName() in ROLES_WITH_A_NAME and self.accessible.is_showing(node)
+            if self.accessible.role_of(node) in ROLES_WITH_A_NAME and self.accessible.is_showing(node)
             # A frame inside a window is a mere border.
-            and (node.getRoleName() != "frame" or node.parent == self.application)
+            and (self.accessible.role_of(node) != "frame" or node.parent == self.application)
         ]
         nameless = [self.way_to(node) for node, _ in seen if not node.name and not self.label_of(node)]
         self.assertEqual(nameless, [], window.name)
@@ -91,11 +91,10 @@ class AccessibilityTest(unittest.TestCase):
                      if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY]
         return "".join(relation.getTarget(0).name for relation in relations)
 
-    @staticmethod
-    def way_to(node):
+    def way_to(self, node):
         way = []
-        while node is not None and node.getRoleName() != "application":
-            way.append(f"{node.getRoleName()} {node.name!r}")
+        while node is not None and self.accessible.role_of(node) != "application":
+            way.append(f"{self.accessible.role_of(node)} {node.name!r}")
             node = node.parent
         return " in ".join(way)
 
@@ -118,7 +117,7 @@ class AccessibilityTest(unittest.TestCase):
         self.assertLessEqual({"Pause", "Add", "Delete", "Templates", "Chapters", "Add Template"}, names)
 
     def test_every_menu_item(self):
-        items = [node for node in self.everything(self.frame) if node.getRoleName().endswith("menu item")]
+        items = [node for node in self.everything(self.frame) if self.accessible.role_of(node).endswith("menu item")]
         self.assertEqual([self.way_to(item) for item in items if not item.name], [])
         self.assertGreaterEqual(len(items), 45)
 
@@ -167,7 +166,7 @@ class AccessibilityTest(unittest.TestCase):
         self.desktop.press("Escape", "alt+f")
         menu = self.accessible.find(self.frame, "menu item", "Revert To")
         menu.queryAction().doAction(0)
-        items = wait_until(lambda: [node for node in self.everything(menu) if node.getRoleName() == "menu item"][1:],
+        items = wait_until(lambda: [node for node in self.everything(menu) if self.accessible.role_of(node) == "menu item"][1:],
                            "the former states")
         self.assertTrue(all(item.name for item in items))
         self.desktop.press("Escape", "Escape", "Escape")

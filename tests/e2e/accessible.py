@@ -15,10 +15,16 @@ def application(name="zelta"):
     return wait_until(find, f"the program {name} on the accessibility bus")
 
 
+def role_of(node):
+    """The role's name. Newer accessibility buses call a push button a button."""
+    name = node.getRoleName()
+    return "push button" if name == "button" else name
+
+
 def everything_below(node, roles_to_pass_by=()):
     """The node and all that stands below it, but for nodes of these roles and what stands below them."""
     try:
-        if node.getRoleName() in roles_to_pass_by:
+        if role_of(node) in roles_to_pass_by:
             return
     except Exception:  # The node went away.
         return
@@ -36,7 +42,7 @@ def find_all(root, role=None, name=None):
     found = []
     for node in everything_below(root):
         try:
-            if (role is None or node.getRoleName() == role) and (name is None or node.name == name):
+            if (role is None or role_of(node) == role) and (name is None or node.name == name):
                 found.append(node)
         except Exception:  # Gone meanwhile.
             continue

@@ -50,7 +50,7 @@ class Window:
         found = []
         for node in self.accessible.everything_below(self.frame, ROLES_WITHOUT_MESSAGES):
             try:
-                if node.getRoleName() == role and self.accessible.is_showing(node):
+                if self.accessible.role_of(node) == role and self.accessible.is_showing(node):
                     found.append((node.name, node))
             except Exception:  # Gone meanwhile.
                 continue

@@ -15,7 +15,8 @@ constexpr int busDeadlineMilliseconds = 15000;
 
 const QString busConfiguration = u"<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\" "
                                  "\"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">"
-                                 "<busconfig><type>session</type><listen>unix:dir=%1</listen><auth>EXTERNAL</auth>"
+                                 "<busconfig><type>session</type><listen>unix:dir=%1</listen>"
+                                 "<servicedir>%1</servicedir><auth>EXTERNAL</auth>"
                                  "<policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
                                  "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>"_s;
 
@@ -79,6 +80,16 @@ bool ZLPrivateBus::startMock(const QString& program, const QStringList& argument
     m_mock->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     startBusProcess(*m_mock, QStringLiteral(ZELTA_PYTHON), QStringList { program } + arguments);
     return m_mock->waitForReadyRead(busDeadlineMilliseconds) && m_mock->readLine().startsWith("ready");
+}
+
+void ZLPrivateBus::offerService(const QString& name, const QString& program)
+{
+    QFile service(m_folder.filePath(name + u".service"_s));
+    if (!service.open(QIODevice::WriteOnly))
+        qFatal("cannot offer a service: %s", qPrintable(service.errorString()));
+    service.write(u"[D-BUS Service]\nName=%1\nExec=%2 %3\n"_s.arg(name, QStringLiteral(ZELTA_PYTHON), program).toUtf8());
+    service.close();
+    call(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"ReloadConfig"_s);
 }
 
 void ZLPrivateBus::endMock()

@@ -10,7 +10,7 @@
 #include <memory>
 #include <optional>
 
-/// A message bus of the test's own, on which nothing is started by itself, with one mock of a service on it.
+/// A message bus of the test's own, with one mock of a service on it. It starts nothing but what it is offered.
 class ZLPrivateBus {
 public:
     ZLPrivateBus();
@@ -25,6 +25,8 @@ public:
     /// when it does not come up.
     [[nodiscard]] bool startMock(const QString& program, const QStringList& arguments = {});
     void endMock();
+    /// Lets the bus start the Python program when somebody wants this service; the bus's end ends it.
+    void offerService(const QString& name, const QString& program);
     /// Ends the bus itself.
     void end();
 

@@ -20,7 +20,7 @@ ZLRevertMenu::ZLRevertMenu(ZLDocumentController& controller, ZLChapterDocumentWi
 
 QString ZLRevertMenu::textFor(const ZLDocumentState& state, const QDateTime& now)
 {
-    const QDateTime time = state.time.toTimeSpec(now.timeSpec());
+    const QDateTime time = state.time.toTimeZone(now.timeZone());
     const QString clock = QLocale().toString(time.time(), QLocale::ShortFormat);
     const qint64 days = time.date().daysTo(now.date());
     QString moment = tr("%1 %2").arg(QLocale().toString(time.date(), QLocale::ShortFormat), clock);

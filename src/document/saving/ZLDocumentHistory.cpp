@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLoggingCategory>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <optional>
@@ -44,7 +45,7 @@ std::optional<ZLDocumentState> stateFromName(const QFileInfo& file)
     const QString name = file.completeBaseName();
     const QString timeText = name.left(stateTimeFormat.size());
     QDateTime time = QDateTime::fromString(timeText, stateTimeFormat);
-    time.setTimeSpec(Qt::UTC);
+    time.setTimeZone(QTimeZone::utc());
     const QStringList parts = name.mid(timeText.size()).split(u'-');
     bool isCount = false;
     const int chapterCount = parts.value(1).toInt(&isCount);

@@ -1,5 +1,6 @@
 #include "document/saving/ZLJournalChange.h"
 
+#include "platform/ZLUtcTime.h"
 #include "platform/archive/ZLKeyedArchiver.h"
 #include "platform/archive/ZLKeyedUnarchiver.h"
 
@@ -52,6 +53,6 @@ ZLResult<ZLJournalChange> ZLJournalChange::decoded(QByteArrayView bytes)
         .reading = map.value(u"Reading"_s).toDouble() };
     if (map.contains(u"RunningAt"_s))
         change.running = ZLInterruptedRecording { .reading = map.value(u"RunningFrom"_s).toDouble(),
-            .lastSeen = QDateTime::fromMSecsSinceEpoch(map.value(u"RunningAt"_s).toLongLong(), Qt::UTC) };
+            .lastSeen = ZLUtcTime::fromMilliseconds(map.value(u"RunningAt"_s).toLongLong()) };
     return change;
 }

@@ -1,5 +1,7 @@
 #include "platform/archive/ZLBinaryPropertyList.h"
 
+#include "platform/ZLUtcTime.h"
+
 #include <bit>
 #include <cmath>
 #include <cstring>
@@ -97,7 +99,7 @@ std::optional<QDateTime> ZLDateFromReferenceSeconds(double seconds)
     // Written so that what is not a number fails the comparison.
     if (!(std::abs(seconds) <= kFarthestReferenceSeconds))
         return std::nullopt;
-    return QDateTime::fromMSecsSinceEpoch(std::llround(seconds * 1000.0) + kReferenceDateMilliseconds, Qt::UTC);
+    return ZLUtcTime::fromMilliseconds(std::llround(seconds * 1000.0) + kReferenceDateMilliseconds);
 }
 
 std::optional<double> ZLReferenceSecondsFromDate(const QDateTime& date)

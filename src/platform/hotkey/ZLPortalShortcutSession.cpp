@@ -1,7 +1,9 @@
 #include "platform/hotkey/ZLPortalShortcutSession.h"
 
+#include "platform/bus/ZLBusCall.h"
+#include "platform/bus/ZLBusNameOwner.h"
+
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QLoggingCategory>
 
 #include <utility>
@@ -50,28 +52,31 @@ void ZLPortalShortcutSession::start()
         fail(FailureKind::Unavailable, tr("There is no session bus, so the desktop cannot be asked for shortcuts."));
         return;
     }
-    // A portal remembers who a caller is from its first call on, so the introduction has to come first. One that does
-    // not know this call finds out by itself, and its error serves as well to learn where the portal is.
-    QDBusMessage introduction =
-        QDBusMessage::createMethodCall(portalService, portalPath, registryInterface, u"Register"_s);
-    introduction.setArguments({ applicationId, QVariantMap() });
-    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(introduction), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, &ZLPortalShortcutSession::introduced);
+    ZLBusNameOwner::find(m_bus, portalService, ZLBusCall::usualPatienceMilliseconds, this,
+        [this](const ZLResult<QString>& portal) { introduce(portal); });
 }
 
-void ZLPortalShortcutSession::introduced(QDBusPendingCallWatcher* watcher)
+void ZLPortalShortcutSession::introduce(const ZLResult<QString>& portal)
 {
-    watcher->deleteLater();
-    const QDBusMessage reply = watcher->reply();
-    // Only an error of the bus itself, not one of a portal, comes from somewhere else than a unique name.
-    if (!reply.service().startsWith(u':')) {
-        qCInfo(portalSessionLog) << "no portal:" << reply.errorName() << reply.errorMessage();
+    if (!portal) {
+        qCInfo(portalSessionLog) << "no portal:" << portal.error().message;
         fail(FailureKind::Unavailable, tr("There is no desktop portal, so the desktop cannot be asked for shortcuts."));
         return;
     }
+    m_portal = portal.value();
+    // A portal remembers who a caller is from its first call on, so the introduction has to come first. One that does
+    // not know this call finds out by itself.
+    QDBusMessage introduction =
+        QDBusMessage::createMethodCall(m_portal, portalPath, registryInterface, u"Register"_s);
+    introduction.setArguments({ applicationId, QVariantMap() });
+    ZLBusCall::send(m_bus, introduction, ZLBusCall::usualPatienceMilliseconds, this,
+        [this](const QDBusMessage& reply) { introduced(reply); });
+}
+
+void ZLPortalShortcutSession::introduced(const QDBusMessage& reply)
+{
     if (reply.type() == QDBusMessage::ErrorMessage)
         qCInfo(portalSessionLog) << "application id not registered:" << reply.errorName() << reply.errorMessage();
-    m_portal = reply.service();
     m_phase = Phase::Asking;
     createSession();
 }

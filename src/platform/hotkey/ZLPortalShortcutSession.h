@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ZLResult.h"
 #include "platform/hotkey/ZLPortalRequest.h"
 #include "platform/hotkey/ZLPortalShortcut.h"
 
@@ -11,7 +12,6 @@
 #include <memory>
 
 class QDBusMessage;
-class QDBusPendingCallWatcher;
 
 /// One attempt to have a set of shortcuts bound by the GlobalShortcuts portal, and what came of it. A session binds
 /// only once, so another set is another session; destroying one ends it at the portal as well.
@@ -57,7 +57,8 @@ private Q_SLOTS:
     void receiveClosed(const QDBusMessage& message);
 
 private:
-    void introduced(QDBusPendingCallWatcher* watcher);
+    void introduce(const ZLResult<QString>& portal);
+    void introduced(const QDBusMessage& reply);
     void createSession();
     void sessionCreated(ZLPortalRequest::Outcome outcome, const QVariantMap& results);
     void bindShortcuts();

@@ -1,7 +1,7 @@
 #include "platform/notification/ZLNotificationServer.h"
 
-#include <QDBusPendingCall>
-#include <QDBusPendingCallWatcher>
+#include "platform/bus/ZLBusNameOwner.h"
+
 #include <QDBusServiceWatcher>
 #include <QLoggingCategory>
 
@@ -18,13 +18,9 @@ const QString notificationPath = u"/org/freedesktop/Notifications"_s;
 /// Long enough for the bus to start a server, and short enough that a late notification is still about something new.
 constexpr int notificationPatienceMilliseconds = 10000;
 
-void whenServerAnswered(const QDBusPendingCall& call, QObject* context, const ZLNotificationServer::Answer& answer)
+QDBusMessage callOfServer(const QString& server, const QString& method)
 {
-    auto* const watcher = new QDBusPendingCallWatcher(call, context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [answer](QDBusPendingCallWatcher* finished) {
-        finished->deleteLater();
-        answer(finished->reply());
-    });
+    return QDBusMessage::createMethodCall(server, notificationPath, notificationService, method);
 }
 
 }
@@ -49,33 +45,41 @@ ZLNotificationServer::ZLNotificationServer(const QDBusConnection& bus, QObject* 
 
 void ZLNotificationServer::find()
 {
-    // By its well-known name, so that the bus starts a server where the desktop leaves that to the first who needs it.
-    const QDBusMessage question = QDBusMessage::createMethodCall(
-        notificationService, notificationPath, notificationService, u"GetCapabilities"_s);
-    whenServerAnswered(m_bus.asyncCall(question, notificationPatienceMilliseconds), this,
-        [this](const QDBusMessage& answer) { receiveCapabilities(answer); });
+    ZLBusNameOwner::find(m_bus, notificationService, notificationPatienceMilliseconds, this,
+        [this](const ZLResult<QString>& owner) { askCapabilities(owner); });
 }
 
-void ZLNotificationServer::receiveCapabilities(const QDBusMessage& answer)
+void ZLNotificationServer::askCapabilities(const ZLResult<QString>& owner)
 {
-    if (answer.type() != QDBusMessage::ReplyMessage) {
-        qCDebug(notificationServerLog) << "no notification server:" << answer.errorMessage();
+    if (!owner) {
+        qCDebug(notificationServerLog) << "no notification server:" << owner.error().message;
         Q_EMIT isMissing();
         return;
     }
-    // The sender's unique name: signals of another program or of an earlier server are not taken for its own.
-    setOwner(answer.service());
+    // By its unique name: nobody else's capabilities are taken for its own, nor another program's signals later on.
+    ZLBusCall::send(m_bus, callOfServer(owner.value(), u"GetCapabilities"_s), notificationPatienceMilliseconds, this,
+        [this, server = owner.value()](const QDBusMessage& answer) { receiveCapabilities(server, answer); });
+}
+
+void ZLNotificationServer::receiveCapabilities(const QString& owner, const QDBusMessage& answer)
+{
+    if (answer.type() != QDBusMessage::ReplyMessage) {
+        qCDebug(notificationServerLog) << "the notification server is silent:" << answer.errorMessage();
+        Q_EMIT isMissing();
+        return;
+    }
+    setOwner(owner);
     m_capabilities = answer.arguments().value(0).toStringList();
     qCDebug(notificationServerLog) << "the server" << m_owner << "can" << m_capabilities;
     Q_EMIT wasFound();
 }
 
 void ZLNotificationServer::call(
-    const QString& method, const QVariantList& arguments, QObject* context, const Answer& answer) const
+    const QString& method, const QVariantList& arguments, QObject* context, const ZLBusCall::Answer& answer) const
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(m_owner, notificationPath, notificationService, method);
+    QDBusMessage message = callOfServer(m_owner, method);
     message.setArguments(arguments);
-    whenServerAnswered(m_bus.asyncCall(message, notificationPatienceMilliseconds), context, answer);
+    ZLBusCall::send(m_bus, message, notificationPatienceMilliseconds, context, answer);
 }
 
 void ZLNotificationServer::busWasLost()

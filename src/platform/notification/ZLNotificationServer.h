@@ -1,12 +1,13 @@
 #pragma once
 
+#include "platform/ZLResult.h"
+#include "platform/bus/ZLBusCall.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QObject>
 #include <QStringList>
 #include <QVariantList>
-
-#include <functional>
 
 /// The desktop's notification server, as the session bus knows it. It may come, go and be replaced at any time. It is
 /// looked for only when there is something to show, since asking for it may start it. Nothing here waits for an answer.
@@ -14,8 +15,6 @@ class ZLNotificationServer : public QObject {
     Q_OBJECT
 
 public:
-    using Answer = std::function<void(const QDBusMessage&)>;
-
     explicit ZLNotificationServer(const QDBusConnection& bus, QObject* parent = nullptr);
 
     [[nodiscard]] bool isKnown() const { return !m_owner.isEmpty(); }
@@ -25,7 +24,7 @@ public:
     /// Looks for the server and asks what it can do: wasFound or isMissing follows. To be called while none is known.
     void find();
     /// Calls a method of the known server. The answer, which may be an error, comes unless `context` goes before.
-    void call(const QString& method, const QVariantList& arguments, QObject* context, const Answer& answer) const;
+    void call(const QString& method, const QVariantList& arguments, QObject* context, const ZLBusCall::Answer& answer) const;
 
 Q_SIGNALS:
     void wasFound();
@@ -47,7 +46,8 @@ private Q_SLOTS:
     void busWasLost();
 
 private:
-    void receiveCapabilities(const QDBusMessage& answer);
+    void askCapabilities(const ZLResult<QString>& owner);
+    void receiveCapabilities(const QString& owner, const QDBusMessage& answer);
     void setOwner(const QString& owner);
     void forgetOwner();
     void listenTo(const QString& owner, bool listens);

@@ -3,6 +3,7 @@
 #include "document/ZLDocumentFile.h"
 #include "support/ZLChapterBuilders.h"
 
+#include <QTimeZone>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -128,7 +129,7 @@ TEST_F(ZLChapterListShadowTest, AnEditIsTheOneChapterAndTwoAreAllBetweenThem)
     expectSplice(0, 3, 3);
     list.chapterAtIndex(3)->setTags(u"tag"_s);
     expectSplice(3, 1, 1);
-    list.chapterAtIndex(3)->setRealDate(QDateTime::fromMSecsSinceEpoch(1, Qt::UTC));
+    list.chapterAtIndex(3)->setRealDate(QDateTime::fromMSecsSinceEpoch(1, QTimeZone::utc()));
     expectSplice(3, 1, 1);
 }
 

@@ -2,6 +2,7 @@
 
 #include "SavingFixture.h"
 
+#include <QTimeZone>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -40,7 +41,7 @@ protected:
         return status.st_mode & 0777;
     }
 
-    const QDateTime start = QDateTime(QDate(2024, 5, 3), QTime(14, 3), Qt::UTC);
+    const QDateTime start = QDateTime(QDate(2024, 5, 3), QTime(14, 3), QTimeZone::utc());
     ZLDocumentHistory history = ZLDocumentHistory::ofFile(recoveryFolder, filePath("show.zelta"));
 };
 

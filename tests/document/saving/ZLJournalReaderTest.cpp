@@ -3,6 +3,7 @@
 #include "document/saving/ZLJournalChange.h"
 #include "document/saving/ZLJournalRecord.h"
 
+#include <QTimeZone>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -130,7 +131,7 @@ TEST_F(ZLJournalReaderTest, WhatIsNoJournalIsRefusedInOneLine)
 
 TEST_F(ZLJournalReaderTest, TheLastWordOnTheClockCounts)
 {
-    const QDateTime moment = QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, Qt::UTC);
+    const QDateTime moment = QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, QTimeZone::utc());
     ZLJournalChange running { .reading = 9.0, .running = ZLInterruptedRecording { 9.0, moment } };
     add({ Kind::Change, running.encoded() });
     auto read = ZLJournalReader::read(bytes);

@@ -1,6 +1,7 @@
 #include "platform/archive/ZLBinaryPropertyListReader.h"
 #include "platform/archive/ZLBinaryPropertyListWriter.h"
 
+#include <QTimeZone>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -66,7 +67,7 @@ TEST(ZLBinaryPropertyList, ReadsEveryScalar)
     EXPECT_EQ(scalarOf("\x14\x01" + QByteArray(15, '\0')), std::nullopt);
     EXPECT_EQ(scalarOf(QByteArray("\x22\x3F\x80\0\0", 5)), QVariant(1.0F));
     EXPECT_EQ(scalarOf(QByteArray("\x23\x3F\xF0\0\0\0\0\0\0", 9)), QVariant(1.0));
-    EXPECT_EQ(scalarOf("\x33" + QByteArray(8, '\0')), QVariant(QDateTime(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC)));
+    EXPECT_EQ(scalarOf("\x33" + QByteArray(8, '\0')), QVariant(QDateTime(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc())));
     EXPECT_EQ(scalarOf("\x42xy"), QVariant(QByteArray("xy")));
     EXPECT_EQ(scalarOf("\x52xy"), QVariant(u"xy"_s));
     EXPECT_EQ(scalarOf("\x51\xE4"), QVariant(u"ä"_s));
@@ -162,7 +163,7 @@ TEST(ZLBinaryPropertyList, FindsWhatTheWriterPutInCollections)
     EXPECT_EQ(reader.valueFor(dictionary, "one"_L1).scalar(), QVariant(-1LL));
     EXPECT_EQ(reader.objectAt(reader.elementAt(dictionary, 1)).scalar(), QVariant(u"zwö"_s));
     EXPECT_EQ(reader.objectAt(reader.valueAt(dictionary, 1)).scalar(),
-        QVariant(QDateTime(QDate(2001, 1, 1), QTime(0, 0, 1, 500), Qt::UTC)));
+        QVariant(QDateTime(QDate(2001, 1, 1), QTime(0, 0, 1, 500), QTimeZone::utc())));
     EXPECT_EQ(reader.valueFor(dictionary, "two"_L1).kind, PropertyListKind::Invalid);
     EXPECT_EQ(reader.valueFor(array, "one"_L1).kind, PropertyListKind::Invalid);
 }

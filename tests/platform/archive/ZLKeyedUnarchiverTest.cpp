@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QElapsedTimer>
+#include <QTimeZone>
 #include <QtEndian>
 #include <gtest/gtest.h>
 
@@ -35,7 +36,7 @@ void expectValue(const QByteArray& data, const QVariant& expected)
 QByteArray smallArchive()
 {
     const QVariantMap chapter { { u"Title"_s, u"Grüße 🎙"_s }, { u"TimeStamp"_s, 1.5 }, { u"Enabled"_s, true },
-        { u"Date"_s, QDateTime(QDate(2026, 1, 1), QTime(0, 0), Qt::UTC) }, { u"Blob"_s, QByteArray("xy") } };
+        { u"Date"_s, QDateTime(QDate(2026, 1, 1), QTime(0, 0), QTimeZone::utc()) }, { u"Blob"_s, QByteArray("xy") } };
     return ZLKeyedArchiver::archivedData(
         QVariantMap { { u"Chapters"_s, QVariantList { chapter, chapter } }, { u"Duration"_s, -70'000 } });
 }

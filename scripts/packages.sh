@@ -40,6 +40,20 @@ zelta_missing_packages() {
   done
 }
 
+# Says before anything happens what will be installed and built, and about how long it takes. The build needs so many
+# minutes of one processor, 0 where there is none; ten packages and what they need take a minute or so. The names of the
+# packages follow when they are installed.
+zelta_announce() {
+  local build_minutes="$1" missing minutes deeds=()
+  shift
+  mapfile -t missing < <(zelta_missing_packages "$@")
+  [ "${#missing[@]}" -eq 0 ] || deeds+=("${#missing[@]} packages are installed, with what they need")
+  [ "$build_minutes" -eq 0 ] || deeds+=("Zelta is built")
+  [ "${#deeds[@]}" -gt 0 ] || return 0
+  minutes=$(((${#missing[@]} + 9) / 10 + (build_minutes + $(nproc) - 1) / $(nproc)))
+  echo "zelta: First ${deeds[0]}${deeds[1]:+, then ${deeds[1]}}. This takes about ${minutes} min, once."
+}
+
 # Installs what is missing of the named packages, or says in one line what to install and ends the script.
 zelta_require_packages() {
   if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
@@ -57,7 +71,7 @@ zelta_require_packages() {
     fi
     as_root=(sudo)
   fi
-  echo "zelta: installing ${missing[*]}"
+  echo "zelta: installing ${missing[*]}" >&2
   if ! { "${as_root[@]}" apt-get update -qq &&
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null; }; then
     echo "zelta: apt-get could not install: ${missing[*]}" >&2

@@ -4,6 +4,7 @@
 #include "document/ui/ZLMessageBar.h"
 
 #include <QLocale>
+#include <QTimeZone>
 
 using namespace Qt::StringLiterals;
 

@@ -16,7 +16,7 @@ zelta_test_packages=(
   ffmpeg mkvtoolnix cuetools python3-webvtt
   avahi-daemon iproute2
   pulseaudio pulseaudio-utils
-  xvfb openbox weston xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst
+  xvfb openbox weston sway wtype xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst
   python3-dbus python3-gi
   desktop-file-utils appstream lintian man-db groff
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0

@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
-"""A chapter that is added while another program is in front: the notification, its Reply button, and the panel for the title."""
+"""A chapter that is added while another program is in front: the notification, its Reply button, and the panel for the
+title, which comes by itself where there are no notifications."""
 
 import os
+import shutil
 import subprocess
 import sys
 import unittest
@@ -19,28 +21,38 @@ def dunst(*arguments):
 
 
 class NotificationTest(unittest.TestCase):
-    def setUp(self):
-        self.desktop = Desktop()
-        self.desktop.__enter__()
-        self.addCleanup(self.desktop.__exit__)
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = Desktop()
+        cls.desktop.__enter__()
+        cls.addClassCleanup(cls.desktop.__exit__)
         folder = Path(os.environ["XDG_CONFIG_HOME"]) / "zelta"
         folder.mkdir(parents=True)
         (folder / "zelta.conf").write_text(
             "[General]\nZLShowQuickEditSetting=true\nZLNewChapterOnStartSetting=false\n")
 
+    def start_process(self, *command, **options):
+        process = self.desktop.start(*command, **options)
+        self.addCleanup(process.wait, 10)
+        self.addCleanup(process.terminate)
+        return process
+
     def start_notifications(self):
-        self.desktop.start("dunst", "-conf", "/dev/null", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.start_process("dunst", "-conf", "/dev/null", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         wait_until(lambda: dunst("count", "displayed") == "0", "the notification server")
 
     def start(self):
         self.port = free_port()
-        self.process = self.desktop.start(PROGRAM, "--osc-port", self.port)
+        # What it keeps would be back at the next start.
+        self.addCleanup(shutil.rmtree, os.environ["XDG_STATE_HOME"])
+        self.start_process(PROGRAM, "--osc-port", self.port)
         import accessible  # The bindings look for their bus when they are imported.
 
         self.accessible = accessible
         self.program = accessible.application()
         self.table = accessible.find(accessible.find(self.program, "frame"), "table", "Chapters")
         self.other = OtherProgram()
+        self.addCleanup(self.other.reader.stop)
 
     def titles(self):
         return [row[4] for row in self.accessible.table_texts(self.table)]
@@ -53,10 +65,13 @@ class NotificationTest(unittest.TestCase):
         return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Chapter Title$"], capture_output=True,
                               text=True, check=False).stdout.split()
 
-    def open_panel(self):
-        wait_until(lambda: dunst("count", "displayed") == "1", "the notification")
-        dunst("action", "0")
-        return wait_until(self.panel_windows, "the panel")[0]
+    def check_panel_without_keyboard(self, attempt):
+        """What is typed still goes to the other program."""
+        panel = wait_until(self.panel_windows, "the panel")[0]
+        self.desktop.type("abc")
+        wait_until(lambda: self.other.has_got("abc" * attempt), f"the keys: {self.other.reader.lines}")
+        self.assertEqual(focused_window(), self.other.window)
+        return panel
 
     def click_into(self, panel):
         """Where its title field is. False when it has gone by itself before."""
@@ -69,38 +84,57 @@ class NotificationTest(unittest.TestCase):
         wait_until(lambda: focused_window() == panel or not self.panel_windows(), "the panel to have the keyboard")
         return focused_window() == panel
 
-    def open_panel_and_click_into_it(self):
+    def add_chapters_until_a_panel_is_clicked(self):
         """The panel waits five seconds for the click. A slow machine gets some more chances."""
         for attempt in range(1, 6):
+            wait_until(lambda: not self.panel_windows(), "the last panel to go")
             self.add_chapter(len(self.titles()) + 1)
-            panel = self.open_panel()
-            self.desktop.type("abc")
-            wait_until(lambda: self.other.has_got("abc" * attempt), f"the keys: {self.other.reader.lines}")
-            self.assertEqual(focused_window(), self.other.window)
+            panel = self.check_panel_without_keyboard(attempt)
             if self.click_into(panel):
                 return panel, attempt
         raise AssertionError("no panel could be clicked in time")
 
-    def test_without_a_notification_server_the_chapter_is_simply_added_and_with_one_its_title_can_be_typed(self):
+    def type_title(self, text):
+        field = self.accessible.find(self.program, "text", "Chapter title")
+        self.desktop.type(text)
+        wait_until(lambda: field.queryText().getText(0, -1) == text, "the title in the panel")
+        self.desktop.press("Return")
+        wait_until(lambda: self.titles()[-1] == text, "the title in the table")
+        wait_until(lambda: not self.panel_windows(), "the panel to go")
+        wait_until(lambda: focused_window() == self.other.window, "the other program to have the keyboard again")
+
+    def shown_notice(self, text):
+        self.accessible.press(self.accessible.find(self.program, "menu item", "Preferences…"))
+        window = self.accessible.find(self.program, "frame", "General")
+        return self.accessible.find(window, "label", text)
+
+    def test_without_a_notification_server_the_panel_comes_at_once_and_never_takes_the_keyboard(self):
+        self.start()
+        oscsend(self.port, "/zl/toggleRecording", "f", 1)
+        panel, attempts = self.add_chapters_until_a_panel_is_clicked()
+        self.check_that_it_floats(panel)
+        self.type_title("Interview")
+        self.desktop.type("def")
+        wait_until(lambda: self.other.has_got("abc" * attempts + "def"), f"the keys: {self.other.reader.lines}")
+        self.assertEqual(self.titles(), [""] * (attempts - 1) + ["Interview"])
+        self.shown_notice("There is no notification server: a small panel asks instead.")
+
+    def test_the_reply_button_opens_the_panel_and_gives_it_the_keyboard(self):
+        self.start_notifications()
         self.start()
         oscsend(self.port, "/zl/toggleRecording", "f", 1)
         self.add_chapter(1)
-        self.assertEqual(focused_window(), self.other.window)
-        self.start_notifications()
-        panel, attempts = self.open_panel_and_click_into_it()
+        wait_until(lambda: dunst("count", "displayed") == "1", "the notification")
+        self.desktop.type("abc")
+        wait_until(lambda: self.other.has_got("abc"), f"the keys: {self.other.reader.lines}")
+        self.assertEqual(self.panel_windows(), [])
+        dunst("action", "0")
+        panel = wait_until(self.panel_windows, "the panel")[0]
+        wait_until(lambda: focused_window() == panel, "the panel to have the keyboard")
         self.check_that_it_floats(panel)
-
-        field = self.accessible.find(self.program, "text", "Chapter title")
-        self.desktop.type("Interview")
-        wait_until(lambda: field.queryText().getText(0, -1) == "Interview", "the title in the panel")
-        self.desktop.press("Return")
-        wait_until(lambda: self.titles()[-1] == "Interview", "the title in the table")
-
-        wait_until(lambda: not self.panel_windows(), "the panel to go")
-        wait_until(lambda: focused_window() == self.other.window, "the other program to have the keyboard again")
+        self.type_title("Interview")
         self.desktop.type("def")
-        wait_until(lambda: self.other.has_got("abc" * attempts + "def"), f"the keys: {self.other.reader.lines}")
-        self.assertEqual(self.titles(), [""] * attempts + ["Interview"])
+        wait_until(lambda: self.other.has_got("abcdef"), f"the keys: {self.other.reader.lines}")
 
     def check_that_it_floats(self, panel):
         properties = subprocess.run(["xprop", "-id", panel, "_NET_WM_STATE", "_NET_WM_DESKTOP", "_NET_WM_WINDOW_TYPE"],

@@ -13,6 +13,8 @@ public:
     {
         Q_EMIT didActivateNotification(notification, activation);
     }
+    /// As where nothing shows notifications.
+    void refuse(const ZLUserNotification& notification) { Q_EMIT couldNotShowNotification(notification); }
     void reply(const ZLUserNotification& notification, const QString& text)
     {
         activate(notification, { ZLUserNotificationActivationType::Replied, text });

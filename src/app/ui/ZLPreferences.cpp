@@ -7,6 +7,7 @@
 #include "document/ui/menus/ZLEditMenu.h"
 #include "platform/sound/ZLSoundServer.h"
 #include "platform/window/ZLDesktopAnimations.h"
+#include "platform/window/ZLFloatingWindow.h"
 #include "settings/ZLSettingsManager.h"
 #include "settings/ui/ZLAboutViewController.h"
 #include "settings/ui/ZLGeneralPrefsViewController.h"
@@ -24,6 +25,14 @@ namespace {
 /// Places of the panes in the window; the gap before the last one counts.
 constexpr qsizetype shortcutPaneIndex = 1;
 constexpr qsizetype aboutPaneIndex = 3;
+
+/// What happens where nothing shows notifications.
+QString noticeWithoutNotifications()
+{
+    return ZLFloatingWindow::canAppearWithoutKeyboard()
+        ? ZLPreferences::tr("There is no notification server: a small panel asks instead.")
+        : ZLPreferences::tr("There is no notification server, so nothing asks for a title.");
+}
 
 /// What there is to say about one shortcut; empty when it simply works.
 QString noticeAboutHotKey(const ZLHotKey& hotKey)
@@ -106,7 +115,18 @@ std::unique_ptr<MASPreferencesViewController> ZLPreferences::makeGeneralPane()
         if (shown->isVisible())
             shown->fillOutputSelector();
     });
+    followNotificationServer(*pane);
     return pane;
+}
+
+void ZLPreferences::followNotificationServer(ZLGeneralPrefsViewController& pane)
+{
+    const auto update = [server = &m_notificationServer, shown = &pane] {
+        shown->setQuickEditNotice(server->isMissing() ? noticeWithoutNotifications()
+                                                      : tr("What you reply becomes the chapter’s title."));
+    };
+    connect(&m_notificationServer, &ZLNotificationServerPresence::didChange, &pane, update);
+    update();
 }
 
 std::unique_ptr<MASPreferencesViewController> ZLPreferences::makeShortcutPane()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/notification/ZLNotificationServerPresence.h"
 #include "settings/ui/MASPreferencesWindowController.h"
 
 #include <QObject>
@@ -9,6 +10,7 @@
 class ZLApplication;
 class ZLChapterDocumentWindow;
 class ZLDesktopAnimations;
+class ZLGeneralPrefsViewController;
 class ZLShortcutPrefsViewController;
 class ZLSoundServer;
 
@@ -36,6 +38,7 @@ private:
     void makePrefsController();
     [[nodiscard]] std::unique_ptr<MASPreferencesViewController> makeGeneralPane();
     [[nodiscard]] std::unique_ptr<MASPreferencesViewController> makeShortcutPane();
+    void followNotificationServer(ZLGeneralPrefsViewController& pane);
     void followHotKeys(ZLShortcutPrefsViewController& pane);
     void showSystemNotices(ZLShortcutPrefsViewController& pane) const;
     /// While a shortcut is recorded its keys have to reach the field, whatever they did before.
@@ -45,5 +48,6 @@ private:
     ZLApplication& m_application;
     ZLSoundServer& m_soundServer;
     std::unique_ptr<ZLDesktopAnimations> m_desktopAnimations;
+    ZLNotificationServerPresence m_notificationServer;
     std::unique_ptr<MASPreferencesWindowController> m_prefsController;
 };

@@ -2,11 +2,13 @@
 
 #include "document/ZLChapterDocument.h"
 #include "platform/window/ZLFloatingWindow.h"
+#include "platform/window/ZLKeyboardHandover.h"
 #include "ui_ZLQuickEditWindowController.h"
 
 #include <QCursor>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QMainWindow>
 #include <QMouseEvent>
 #include <QPropertyAnimation>
 #include <QScreen>
@@ -20,11 +22,12 @@ using namespace Qt::StringLiterals;
 ZLQuickEditWindowController::ZLQuickEditWindowController(ZLOneShotTimerStarter startTimer, QObject* parent)
     : QObject(parent)
     , m_startTimer(std::move(startTimer))
-    , m_window(std::make_unique<QFrame>(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint))
+    // Not a mere frame, which some versions of the toolkit do not tell a screen reader as a window.
+    , m_window(std::make_unique<QMainWindow>(nullptr, Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint))
     , m_ui(std::make_unique<Ui::ZLQuickEditWindowController>())
     , m_fade(new QPropertyAnimation(this, "opacity", this))
 {
-    m_ui->setupUi(static_cast<QFrame*>(m_window.get()));
+    m_ui->setupUi(m_window.get());
     m_window->setAttribute(Qt::WA_ShowWithoutActivating);
     m_window->setAttribute(Qt::WA_QuitOnClose, false);
     m_fade->setDuration(int(fadeDuration.count()));
@@ -49,6 +52,11 @@ void ZLQuickEditWindowController::connectParts()
     connect(new QShortcut(Qt::Key_Escape, m_window.get()), &QShortcut::activated, this, &Self::closeButtonPressed);
 }
 
+QWidget& ZLQuickEditWindowController::window()
+{
+    return *m_window;
+}
+
 void ZLQuickEditWindowController::setChapDoc(ZLChapterDocument* document)
 {
     m_chapDoc = document;
@@ -68,6 +76,25 @@ void ZLQuickEditWindowController::show()
     m_window->raise();
     fadeIn();
     m_ui->titleField->setFocus();
+    startHideTimer();
+}
+
+void ZLQuickEditWindowController::takeKeyboard(const QString& activationToken)
+{
+    ZLKeyboardHandover::giveTo(*m_window->windowHandle(), activationToken);
+}
+
+void ZLQuickEditWindowController::renew()
+{
+    m_window->raise();
+    if (!m_hideTimer)
+        return;
+    fadeIn();
+    startHideTimer();
+}
+
+void ZLQuickEditWindowController::startHideTimer()
+{
     m_hideTimer = m_startTimer(hideDelay, [this] { close(); });
 }
 
@@ -117,6 +144,11 @@ void ZLQuickEditWindowController::fadeDidFinish()
     // Closing the window hands the keyboard back: the window manager gives it to the window that had it before.
     if (m_fade->endValue().toDouble() == 0.0)
         m_window->close();
+}
+
+bool ZLQuickEditWindowController::isGoing() const
+{
+    return m_fade->state() == QAbstractAnimation::Running && m_fade->endValue().toDouble() == 0.0;
 }
 
 void ZLQuickEditWindowController::setOpacity(double opacity)

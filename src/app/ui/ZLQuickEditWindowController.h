@@ -9,6 +9,7 @@
 #include <chrono>
 #include <memory>
 
+class QMainWindow;
 class QPropertyAnimation;
 class QWidget;
 class ZLChapterDocument;
@@ -21,8 +22,8 @@ class ZLQuickEditWindowController;
 /// itself unless the user begins to work in it.
 ///
 /// It appears without the keyboard, so whatever is being typed elsewhere goes on. It is an ordinary window all the
-/// same, not one that refuses the keyboard: a click into it makes the window manager hand the keyboard over, and from
-/// then on it stays until the user is done.
+/// same, not one that refuses the keyboard: with a click into it, or where takeKeyboard() was asked for, the window
+/// manager hands the keyboard over, and from then on it stays until the user is done.
 class ZLQuickEditWindowController : public QObject {
     Q_OBJECT
     Q_PROPERTY(double opacity READ opacity WRITE setOpacity)
@@ -44,6 +45,11 @@ public:
     [[nodiscard]] ZLChapterDocument* chapDoc() const;
 
     void show();
+    /// Asks for the keyboard, since the user has pressed a button elsewhere that means this panel. The token is the one
+    /// that came with the press. Where the desktop refuses, nothing changes.
+    void takeKeyboard(const QString& activationToken);
+    /// Brings the panel to the front. One that will go away by itself stays as long as if it had been shown just now.
+    void renew();
     /// Fades the panel out and closes it then. A panel that is closed stays so.
     void close();
     void fadeIn();
@@ -51,9 +57,11 @@ public:
     void saveButtonPressed();
     void closeButtonPressed();
 
-    [[nodiscard]] QWidget& window() { return *m_window; }
+    [[nodiscard]] QWidget& window();
     /// Whether the panel will go away by itself.
     [[nodiscard]] bool hasHideTimer() const { return m_hideTimer != nullptr; }
+    /// Whether it fades out.
+    [[nodiscard]] bool isGoing() const;
     [[nodiscard]] double opacity() const { return m_opacity; }
     void setOpacity(double opacity);
 
@@ -65,6 +73,7 @@ Q_SIGNALS:
 
 private:
     void connectParts();
+    void startHideTimer();
     void windowDidLoad();
     void placeWindow();
     void controlTextDidChange(const QString& text);
@@ -73,7 +82,7 @@ private:
     void fadeDidFinish();
 
     ZLOneShotTimerStarter m_startTimer;
-    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<QMainWindow> m_window;
     std::unique_ptr<Ui::ZLQuickEditWindowController> m_ui;
     QPropertyAnimation* m_fade;
     ZLChapterPointer m_chapter;

@@ -2,6 +2,8 @@
 
 #include "app/ZLApplication.h"
 
+#include "platform/window/ZLFloatingWindow.h"
+
 #include <QWidget>
 
 #include <algorithm>
@@ -13,6 +15,8 @@ ZLQuickEdits::ZLQuickEdits(ZLApplication& application, ZLOneShotTimerStarter sta
 {
     connect(&application.userNotificationCenter(), &ZLUserNotificationCenter::didActivateNotification, this,
         &ZLQuickEdits::notificationWasActivated);
+    connect(&application.userNotificationCenter(), &ZLUserNotificationCenter::couldNotShowNotification, this,
+        &ZLQuickEdits::notificationCouldNotBeShown);
 }
 
 void ZLQuickEdits::notificationWasActivated(
@@ -22,16 +26,34 @@ void ZLQuickEdits::notificationWasActivated(
         return;
     const auto [document, chapter] = m_application.chapterOfNotification(notification);
     if (document)
-        openPanel(chapter, document);
+        openPanel(chapter, document).takeKeyboard(activation.activationToken);
 }
 
-void ZLQuickEdits::openPanel(const ZLChapterPointer& chapter, ZLChapterDocument* document)
+void ZLQuickEdits::notificationCouldNotBeShown(const ZLUserNotification& notification)
+{
+    const auto [document, chapter] = m_application.chapterOfNotification(notification);
+    // A title that lands in the middle of what is typed elsewhere is worse than a chapter without one.
+    if (!document || !ZLFloatingWindow::canAppearWithoutKeyboard())
+        return;
+    makeRoomForUnasked();
+    m_unasked.append(&openPanel(chapter, document));
+}
+
+void ZLQuickEdits::makeRoomForUnasked()
+{
+    // One that somebody works in is no longer counted.
+    m_unasked.removeIf([](const ZLQuickEditWindowController* panel) { return !panel->hasHideTimer(); });
+    while (m_unasked.size() >= maximumUnasked)
+        m_unasked.takeFirst()->close();
+}
+
+ZLQuickEditWindowController& ZLQuickEdits::openPanel(const ZLChapterPointer& chapter, ZLChapterDocument* document)
 {
     const auto open = std::find_if(m_panels.cbegin(), m_panels.cend(),
         [&chapter](const ZLQuickEditWindowController* panel) { return panel->chapter() == chapter; });
     if (open != m_panels.cend()) {
-        (*open)->window().raise();
-        return;
+        (*open)->renew();
+        return **open;
     }
     auto* panel = new ZLQuickEditWindowController(m_startTimer, this);
     m_panels.append(panel);
@@ -39,10 +61,12 @@ void ZLQuickEdits::openPanel(const ZLChapterPointer& chapter, ZLChapterDocument*
     panel->setChapter(chapter);
     panel->setChapDoc(document);
     panel->show();
+    return *panel;
 }
 
 void ZLQuickEdits::removePanel(ZLQuickEditWindowController* panel)
 {
+    m_unasked.removeOne(panel);
     if (m_panels.removeOne(panel))
         panel->deleteLater();
 }

@@ -6,6 +6,14 @@
 
 using namespace Qt::StringLiterals;
 
+QDBusMessage ZLBusCall::questionToBus(const QString& method, const QVariantList& arguments)
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, method);
+    question.setArguments(arguments);
+    return question;
+}
+
 void ZLBusCall::send(const QDBusConnection& bus, const QDBusMessage& message, int patienceMilliseconds,
     QObject* context, const Answer& answer)
 {

@@ -12,6 +12,9 @@ namespace ZLBusCall {
 
 using Answer = std::function<void(const QDBusMessage&)>;
 
+/// A call of the bus itself.
+[[nodiscard]] QDBusMessage questionToBus(const QString& method, const QVariantList& arguments);
+
 /// How long the bus library itself waits.
 constexpr int usualPatienceMilliseconds = -1;
 

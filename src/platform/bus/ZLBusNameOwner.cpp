@@ -6,14 +6,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QDBusMessage questionToBus(const QString& method, const QVariantList& arguments)
-{
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, method);
-    question.setArguments(arguments);
-    return question;
-}
-
 ZLResult<QString> ownerFromAnswer(const QDBusMessage& answer)
 {
     if (answer.type() != QDBusMessage::ReplyMessage)
@@ -27,7 +19,8 @@ void ZLBusNameOwner::find(const QDBusConnection& bus, const QString& service, in
     QObject* context, const Answer& answer)
 {
     const auto ask = [=](const ZLBusCall::Answer& receive) {
-        ZLBusCall::send(bus, questionToBus(u"GetNameOwner"_s, { service }), patienceMilliseconds, context, receive);
+        ZLBusCall::send(
+            bus, ZLBusCall::questionToBus(u"GetNameOwner"_s, { service }), patienceMilliseconds, context, receive);
     };
     const auto receiveStart = [ask, answer](const QDBusMessage& started) {
         if (started.type() == QDBusMessage::ReplyMessage)
@@ -41,7 +34,7 @@ void ZLBusNameOwner::find(const QDBusConnection& bus, const QString& service, in
             return;
         }
         constexpr uint noFlags = 0;
-        ZLBusCall::send(bus, questionToBus(u"StartServiceByName"_s, { service, noFlags }), patienceMilliseconds,
-            context, receiveStart);
+        ZLBusCall::send(bus, ZLBusCall::questionToBus(u"StartServiceByName"_s, { service, noFlags }),
+            patienceMilliseconds, context, receiveStart);
     });
 }

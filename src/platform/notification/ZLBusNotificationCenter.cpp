@@ -22,8 +22,10 @@ ZLBusNotificationCenter::ZLBusNotificationCenter(const QDBusConnection& bus)
     : m_server(bus)
 {
     connect(&m_server, &ZLNotificationServer::wasFound, this, &ZLBusNotificationCenter::deliverWaiting);
-    connect(&m_server, &ZLNotificationServer::isMissing, this, [this] { m_waiting.clear(); });
+    connect(&m_server, &ZLNotificationServer::isMissing, this, &ZLBusNotificationCenter::giveWaitingUp);
     connect(&m_server, &ZLNotificationServer::wasLost, this, &ZLBusNotificationCenter::serverWasLost);
+    connect(&m_server, &ZLNotificationServer::activationTokenWasGiven, this,
+        &ZLBusNotificationCenter::activationTokenWasGiven);
     connect(&m_server, &ZLNotificationServer::actionWasInvoked, this, &ZLBusNotificationCenter::actionWasInvoked);
     connect(&m_server, &ZLNotificationServer::notificationWasReplied, this,
         &ZLBusNotificationCenter::notificationWasReplied);
@@ -54,6 +56,13 @@ void ZLBusNotificationCenter::deliverWaiting()
     const QList<Waiting> waiting = std::exchange(m_waiting, {});
     for (const auto& [notification, attempt] : waiting)
         send(notification, attempt);
+}
+
+void ZLBusNotificationCenter::giveWaitingUp()
+{
+    const QList<Waiting> waiting = std::exchange(m_waiting, {});
+    for (const Waiting& lost : waiting)
+        Q_EMIT couldNotShowNotification(lost.notification);
 }
 
 void ZLBusNotificationCenter::send(const ZLUserNotification& notification, Attempt attempt)
@@ -104,11 +113,11 @@ void ZLBusNotificationCenter::oneAnswerLess()
         m_early.clear();
 }
 
-const ZLUserNotification* ZLBusNotificationCenter::notificationWithId(uint id) const
+ZLBusNotificationCenter::Delivered* ZLBusNotificationCenter::deliveredWithId(uint id)
 {
     const auto found = std::find_if(
-        m_delivered.cbegin(), m_delivered.cend(), [id](const Delivered& delivered) { return delivered.id == id; });
-    return found == m_delivered.cend() ? nullptr : &found->notification;
+        m_delivered.begin(), m_delivered.end(), [id](const Delivered& delivered) { return delivered.id == id; });
+    return found == m_delivered.end() ? nullptr : &*found;
 }
 
 void ZLBusNotificationCenter::forget(uint id)
@@ -125,26 +134,36 @@ void ZLBusNotificationCenter::serverWasLost()
     m_unanswered = 0;
 }
 
+void ZLBusNotificationCenter::activationTokenWasGiven(uint id, const QString& token)
+{
+    if (Delivered* known = deliveredWithId(id))
+        known->activationToken = token;
+    else
+        keepForAnswer(id, [this, id, token] { activationTokenWasGiven(id, token); });
+}
+
 void ZLBusNotificationCenter::actionWasInvoked(uint id, const QString& key)
 {
-    const ZLUserNotification* known = notificationWithId(id);
+    Delivered* known = deliveredWithId(id);
     if (!known) {
         keepForAnswer(id, [this, id, key] { actionWasInvoked(id, key); });
         return;
     }
-    const ZLUserNotification notification = *known;
+    const ZLUserNotification notification = known->notification;
+    // A token is good for one deed.
+    const QString token = std::exchange(known->activationToken, {});
     if (const auto type = ZLNotificationMessage::typeOfAction(notification, key))
-        Q_EMIT didActivateNotification(notification, { *type });
+        Q_EMIT didActivateNotification(notification, { *type, {}, token });
 }
 
 void ZLBusNotificationCenter::notificationWasReplied(uint id, const QString& text)
 {
-    const ZLUserNotification* known = notificationWithId(id);
+    const Delivered* known = deliveredWithId(id);
     if (!known)
         keepForAnswer(id, [this, id, text] { notificationWasReplied(id, text); });
-    if (!known || !known->hasReplyButton)
+    if (!known || !known->notification.hasReplyButton)
         return;
-    const ZLUserNotification notification = *known;
+    const ZLUserNotification notification = known->notification;
     // One notification is answered once.
     forget(id);
     Q_EMIT didActivateNotification(notification, { ZLUserNotificationActivationType::Replied, text });
@@ -155,7 +174,7 @@ void ZLBusNotificationCenter::notificationWasClosed(uint id, uint reason)
     // One whose time was over is kept in a list by many desktops, where it can still be answered.
     if (reason == closedBecauseExpired)
         return;
-    if (!notificationWithId(id))
+    if (!deliveredWithId(id))
         keepForAnswer(id, [this, id] { forget(id); });
     forget(id);
 }

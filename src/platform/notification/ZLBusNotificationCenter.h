@@ -9,7 +9,7 @@
 
 /// Delivers through the notification server on the session bus, whichever runs there, anew whenever it is replaced.
 /// Where it has reply fields the reply comes as ZLUserNotificationActivationType::Replied; where it has only buttons,
-/// the Reply button comes as ReplyButtonClicked; where none runs, nothing is shown.
+/// the Reply button comes as ReplyButtonClicked; where none runs, couldNotShowNotification follows.
 class ZLBusNotificationCenter final : public ZLUserNotificationCenter {
     Q_OBJECT
 
@@ -30,9 +30,11 @@ private:
     struct Delivered {
         uint id = 0;
         ZLUserNotification notification;
+        QString activationToken {};
     };
 
     void deliverWaiting();
+    void giveWaitingUp();
     void deliver(const ZLUserNotification& notification, Attempt attempt);
     void send(const ZLUserNotification& notification, Attempt attempt);
     void remember(const Delivered& delivered);
@@ -40,9 +42,10 @@ private:
     void keepForAnswer(uint id, const std::function<void()>& event);
     void oneAnswerLess();
     /// Null for a number that is not one of ours, or no longer.
-    [[nodiscard]] const ZLUserNotification* notificationWithId(uint id) const;
+    [[nodiscard]] Delivered* deliveredWithId(uint id);
     void forget(uint id);
     void serverWasLost();
+    void activationTokenWasGiven(uint id, const QString& token);
     void actionWasInvoked(uint id, const QString& key);
     void notificationWasReplied(uint id, const QString& text);
     void notificationWasClosed(uint id, uint reason);

@@ -109,6 +109,7 @@ void ZLNotificationServer::forgetOwner()
 void ZLNotificationServer::listenTo(const QString& owner, bool listens)
 {
     const std::pair<QString, const char*> signalsOfServer[] {
+        { u"ActivationToken"_s, SIGNAL(activationTokenWasGiven(uint, QString)) },
         { u"ActionInvoked"_s, SIGNAL(actionWasInvoked(uint, QString)) },
         { u"NotificationReplied"_s, SIGNAL(notificationWasReplied(uint, QString)) },
         { u"NotificationClosed"_s, SIGNAL(notificationWasClosed(uint, uint)) },

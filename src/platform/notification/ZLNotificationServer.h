@@ -36,6 +36,8 @@ Q_SIGNALS:
 
     /// @name What the known server says of its notifications, by the numbers that its Notify gave
     /// @{
+    /// The token is for the action or reply that follows.
+    void activationTokenWasGiven(uint id, const QString& token);
     void actionWasInvoked(uint id, const QString& key);
     void notificationWasReplied(uint id, const QString& text);
     /// `reason` is 1 for one that is no longer shown because its time was over, else it is gone for good.

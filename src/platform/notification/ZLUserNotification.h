@@ -32,6 +32,8 @@ struct ZLUserNotificationActivation {
     ZLUserNotificationActivationType type = ZLUserNotificationActivationType::ContentsClicked;
     /// Empty unless the type is Replied.
     QString response {};
+    /// With which the desktop lets the program take the keyboard because of it; empty where there is none.
+    QString activationToken {};
 
     bool operator==(const ZLUserNotificationActivation&) const = default;
 };

@@ -5,7 +5,7 @@
 #include <QObject>
 
 /// Delivers notifications through the desktop. Nothing here blocks or fails towards the caller: where a notification
-/// cannot be shown it is dropped.
+/// cannot be shown it is dropped, and those who have something instead are told.
 class ZLUserNotificationCenter : public QObject {
     Q_OBJECT
 
@@ -16,6 +16,8 @@ Q_SIGNALS:
     /// The user did something with a notification that was delivered before.
     void didActivateNotification(
         const ZLUserNotification& notification, const ZLUserNotificationActivation& activation);
+    /// The desktop has nothing that shows notifications.
+    void couldNotShowNotification(const ZLUserNotification& notification);
 };
 
 /// The back end for a program that shows no notifications.

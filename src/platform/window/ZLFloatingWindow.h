@@ -12,6 +12,10 @@ namespace ZLFloatingWindow {
 /// for it; a Wayland compositor decides by itself.
 void joinAllDesktops(QWindow& window);
 
+/// Whether a window can be shown while the keyboard surely stays where it is. On Wayland that is the compositor's to
+/// decide, and many give the keyboard to every new window.
+[[nodiscard]] bool canAppearWithoutKeyboard();
+
 /// Where the window goes: beside the pointer, so that the way to it is short, and never under it, so that a keyboard
 /// that follows the pointer stays where it is. All in the coordinates of one screen, whose free area is `available`.
 [[nodiscard]] QRect geometryBeside(const QPoint& pointer, const QSize& size, const QRect& available);

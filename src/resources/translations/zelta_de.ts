@@ -2309,6 +2309,18 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <source>%1 A key of the desktop&apos;s own settings can run “%2” instead.</source>
         <translation>%1 Stattdessen kann in den Einstellungen des Desktops eine Taste „%2“ ausführen.</translation>
     </message>
+    <message>
+        <source>There is no notification server: a small panel asks instead.</source>
+        <translation>Kein Benachrichtigungsdienst: Stattdessen fragt ein kleines Feld.</translation>
+    </message>
+    <message>
+        <source>There is no notification server, so nothing asks for a title.</source>
+        <translation>Kein Benachrichtigungsdienst, deshalb wird kein Titel erfragt.</translation>
+    </message>
+    <message>
+        <source>What you reply becomes the chapter’s title.</source>
+        <translation>Was du antwortest, wird der Titel des Kapitels.</translation>
+    </message>
 </context>
 <context>
     <name>ZLQuickEditWindowController</name>

@@ -134,3 +134,9 @@ void ZLGeneralPrefsViewController::fillOutputSelector()
     m_ui->outputSelector->setToolTip(
         listed ? QString() : tr("The desktop's sound server does not answer, so no beep can be heard."));
 }
+
+void ZLGeneralPrefsViewController::setQuickEditNotice(const QString& text)
+{
+    m_ui->quickEditNotice->setText(text);
+    m_ui->quickEditButton->setAccessibleDescription(text);
+}

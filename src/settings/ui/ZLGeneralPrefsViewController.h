@@ -43,6 +43,9 @@ public:
     void outputDidChange();
     /// Shows the outputs as they are now, and the stored one as selected.
     void fillOutputSelector();
+    /// Says in one line, below the choice to be asked for titles, what will happen. The pane is measured with the first
+    /// text and keeps the place.
+    void setQuickEditNotice(const QString& text);
 
 private:
     std::unique_ptr<Ui::ZLGeneralPrefsViewController> m_ui;

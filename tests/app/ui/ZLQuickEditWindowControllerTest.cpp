@@ -110,6 +110,31 @@ TEST_F(ZLQuickEditWindowControllerTest, LeftAloneItFadesOutAfterFiveSeconds)
     EXPECT_EQ(titles(), QStringList { u""_s });
 }
 
+TEST_F(ZLQuickEditWindowControllerTest, WantedOnceMoreItStaysFiveSecondsLonger)
+{
+    show();
+    m_timers.advance(4s);
+    m_controller.renew();
+    m_timers.advance(4999ms);
+    EXPECT_FALSE(m_controller.isGoing());
+    m_timers.advance(1ms);
+    EXPECT_TRUE(m_controller.isGoing());
+    m_controller.renew();
+    finishFading();
+    EXPECT_TRUE(isVisible()) << "it was about to go";
+    m_timers.advance(5s);
+    EXPECT_TRUE(isFadedOut());
+}
+
+TEST_F(ZLQuickEditWindowControllerTest, WantedOnceMoreWhileItIsWorkedInItStaysForGood)
+{
+    show();
+    makeKey();
+    m_controller.renew();
+    m_timers.advance(1h);
+    EXPECT_TRUE(isVisible());
+}
+
 TEST_F(ZLQuickEditWindowControllerTest, OnceItHasTheKeyboardItStays)
 {
     show();

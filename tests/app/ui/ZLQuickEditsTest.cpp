@@ -77,6 +77,37 @@ TEST_F(ZLQuickEditsTest, TheReplyButtonOpensAPanelForItsChapter)
     EXPECT_TRUE(quickEdits->panels().isEmpty());
 }
 
+TEST_F(ZLQuickEditsTest, WhereNothingShowsNotificationsThePanelComesAtOnceAndGoesByItself)
+{
+    center->refuse(center->delivered().at(1));
+    ASSERT_EQ(quickEdits->panels().size(), 1);
+    ZLQuickEditWindowController* panel = quickEdits->panels().constFirst();
+    EXPECT_EQ(panel->chapter(), document->chapterManager().chapterAtIndex(1));
+    EXPECT_TRUE(panel->window().isVisible());
+    EXPECT_TRUE(panel->hasHideTimer());
+}
+
+TEST_F(ZLQuickEditsTest, OfManyPanelsThatComeByThemselvesTheLastStay)
+{
+    const auto addAndRefuse = [this] {
+        clock->advance(1.0);
+        document->addChapterButtonPressed();
+        center->refuse(center->delivered().constLast());
+        return quickEdits->panels().constLast();
+    };
+    ZLQuickEditWindowController* used = addAndRefuse();
+    QEvent click(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&used->window(), &click);
+    ZLQuickEditWindowController* oldest = addAndRefuse();
+    for (int i = 0; i < 2; ++i)
+        addAndRefuse();
+    EXPECT_FALSE(oldest->isGoing());
+    ZLQuickEditWindowController* newest = addAndRefuse();
+    EXPECT_TRUE(oldest->isGoing());
+    EXPECT_FALSE(newest->isGoing());
+    EXPECT_FALSE(used->isGoing());
+}
+
 TEST_F(ZLQuickEditsTest, WhatIsBeingTypedForOneChapterIsNotLostToTheNext)
 {
     press(0);

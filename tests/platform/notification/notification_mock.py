@@ -43,6 +43,10 @@ class Server(dbus.service.Object):
         return dbus.UInt32(number)
 
     @dbus.service.signal(NAME, signature="us")
+    def ActivationToken(self, number, token):
+        pass
+
+    @dbus.service.signal(NAME, signature="us")
     def ActionInvoked(self, number, key):
         pass
 
@@ -72,6 +76,11 @@ class Server(dbus.service.Object):
 
     @dbus.service.method(CONTROL, in_signature="us")
     def Press(self, number, key):
+        self.ActionInvoked(number, key)
+
+    @dbus.service.method(CONTROL, in_signature="uss")
+    def PressWithToken(self, number, key, token):
+        self.ActivationToken(number, token)
         self.ActionInvoked(number, key)
 
     @dbus.service.method(CONTROL, in_signature="uu")

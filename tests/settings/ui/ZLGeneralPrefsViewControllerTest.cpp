@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -239,4 +240,12 @@ TEST_F(ZLGeneralPrefsViewControllerTest, AFontSizeWithAFractionIsShownWhole)
     const auto* edit = fontsizeField().findChild<QLineEdit*>();
     ASSERT_EQ(edit->text(), u"28.88 pt"_s);
     EXPECT_GE(edit->width(), edit->fontMetrics().horizontalAdvance(edit->text()));
+}
+
+TEST_F(ZLGeneralPrefsViewControllerTest, WhatComesOfTheQuestionForTitlesStandsBelowIt)
+{
+    m_pane.setQuickEditNotice(u"There is no notification server: a small panel asks instead."_s);
+    EXPECT_EQ(control<QLabel>(u"quickEditNotice"_s).text(),
+        u"There is no notification server: a small panel asks instead."_s);
+    EXPECT_EQ(box(u"quickEditButton"_s).accessibleDescription(), control<QLabel>(u"quickEditNotice"_s).text());
 }

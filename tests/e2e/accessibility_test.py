@@ -174,8 +174,9 @@ class AccessibilityTest(unittest.TestCase):
     def test_an_alert_about_a_wrong_time(self):
         self.press_item("Start Recording")
         wait_until(lambda: len(self.titles()) == 1 and not self.is_focused(self.table), "the first chapter")
-        self.desktop.press("shift+Tab")
+        self.desktop.press("Escape")
         cell = self.accessible.find(self.table, "table cell", "00:00:00.000")
+        self.desktop.double_click(*self.accessible.center(cell))
         wait_until(lambda: self.is_focused(cell), "the time to be open for typing")
         self.desktop.type("soon")
         self.desktop.press("Return")

@@ -25,7 +25,7 @@ _zelta() {
       compopt -o filenames -o default 2>/dev/null
       COMPREPLY=()
       return ;;
-    --osc-port | --osc-send)
+    --osc-port | --osc-send | --shift)
       COMPREPLY=()
       return ;;
   esac
@@ -35,14 +35,18 @@ _zelta() {
   elif [[ $cur == -* ]]; then
     case "$command" in
       export) _zelta_words < <(printf '%s\n' --format --option --output) ;;
+      write) _zelta_words < <(printf '%s\n' --shift --output) ;;
       show) _zelta_words < <(printf '%s\n' --json) ;;
       *) _zelta_words < <(printf '%s\n' --headless --record --new --osc-port --osc-send --help --version) ;;
     esac
   elif [[ $COMP_CWORD -eq 1 ]]; then
     _zelta_files
     local files=("${COMPREPLY[@]}")
-    _zelta_words < <(printf '%s\n' send formats export show)
+    _zelta_words < <(printf '%s\n' send formats export show write)
     COMPREPLY+=("${files[@]}")
+  elif [[ $command == write && $COMP_CWORD -gt 2 ]]; then
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -- "$cur")
   else
     _zelta_files
   fi

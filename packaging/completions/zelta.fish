@@ -1,12 +1,13 @@
 # Completion of zelta for fish.
 
-set -l commands send formats export show
+set -l commands send formats export show write
 set -l without_command "not __fish_seen_subcommand_from $commands"
 
 complete -c zelta -n "$without_command" -a send -d 'Give the running recorder a command'
 complete -c zelta -n "$without_command" -a formats -d 'List the export formats'
 complete -c zelta -n "$without_command" -a export -d 'Write the chapters for another program'
 complete -c zelta -n "$without_command" -a show -d 'Print the chapters'
+complete -c zelta -n "$without_command" -a write -d 'Put the chapters into audio files'
 complete -c zelta -n "$without_command" -l headless -d 'Record without a window'
 complete -c zelta -n "$without_command" -l record -d 'Start the clock at once'
 complete -c zelta -n "$without_command" -l new -d 'Open a new, empty document'
@@ -21,4 +22,6 @@ complete -c zelta -n '__fish_seen_subcommand_from export' -l format -x -a '(zelt
 complete -c zelta -n '__fish_seen_subcommand_from export' -l option -d "Tick the format's checkbox"
 complete -c zelta -n '__fish_seen_subcommand_from export' -l output -r -d 'File to write'
 complete -c zelta -n '__fish_seen_subcommand_from show' -l json -d 'For programs'
+complete -c zelta -n '__fish_seen_subcommand_from write' -l shift -x -d 'Seconds by which the chapters are later'
+complete -c zelta -n '__fish_seen_subcommand_from write' -l output -r -d 'File to write'
 complete -c zelta -n '__fish_seen_subcommand_from formats' -f

@@ -4,7 +4,9 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QLocale>
 
+#include <cmath>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -117,6 +119,33 @@ private:
         if (m_parser.isSet(u"json"_s))
             m_result.showForm = ZLShowForm::Json;
         return m_result.files.size() == 1 ? QString() : CommandLineTexts::tr("\"show\" needs exactly one file.");
+    }
+};
+
+class WriteReader final : public CommandReader {
+public:
+    WriteReader()
+        : CommandReader(ZLCommand::WriteChapters)
+    {
+        m_parser.addOptions({ { u"shift"_s, {}, u"seconds"_s }, { u"output"_s, {}, u"file"_s } });
+    }
+
+private:
+    QString fillIn() override
+    {
+        m_result.outputPath = m_parser.value(u"output"_s);
+        bool isNumber = true;
+        if (m_parser.isSet(u"shift"_s))
+            m_result.shift = QLocale::c().toDouble(m_parser.value(u"shift"_s), &isNumber);
+        if (!isNumber || !std::isfinite(m_result.shift))
+            return CommandLineTexts::tr("--shift needs a number of seconds, such as 12.5 or -3.");
+        if (m_result.files.size() < 2)
+            return CommandLineTexts::tr("\"write\" needs the file with the chapters and an audio file.");
+        if (m_parser.isSet(u"output"_s) && m_result.outputPath.isEmpty())
+            return CommandLineTexts::tr("The name of a file is empty.");
+        if (m_parser.isSet(u"output"_s) && m_result.files.size() > 2)
+            return CommandLineTexts::tr("--output goes with one audio file only.");
+        return {};
     }
 };
 
@@ -236,6 +265,8 @@ ZLResult<ZLCommandLine> ZLCommandLine::parse(const QStringList& arguments)
         return readCommand<ExportReader>(withoutWord);
     if (word == "show"_L1)
         return readCommand<ShowReader>(withoutWord);
+    if (word == "write"_L1)
+        return readCommand<WriteReader>(withoutWord);
     if (word == "send"_L1)
         return readCommand<SendReader>(withoutWord);
     return readCommand<StartReader>(arguments.isEmpty() ? QStringList { u"zelta"_s } : arguments);
@@ -262,7 +293,11 @@ QString ZLCommandLine::helpText()
         "  zelta export --format NAME [--option] --output OUT FILE\n"
         "                                       write the chapters of FILE to OUT; --option ticks "
         "the format's checkbox\n"
-        "  zelta show [--json] FILE             print the chapters of FILE\n"
+        "  zelta show [--json] FILE             print the chapters of FILE, a document or an audio file\n"
+        "  zelta write [--shift SECONDS] [--output OUT] FILE AUDIO…\n"
+        "                                       put the chapters of FILE into each audio file in place "
+        "of its own,\n"
+        "                                       with --output into a copy of the one that is given\n"
         "  zelta --help | --version\n"
         "\n"
         "Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as "

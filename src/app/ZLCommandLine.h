@@ -23,6 +23,7 @@ enum class ZLCommand {
     ListFormats,
     ExportFile,
     ShowFile,
+    WriteChapters,
     SendAction,
     PrintHelp,
     PrintVersion,
@@ -35,14 +36,18 @@ enum class ZLShowForm { Table, Json };
 /// What the user asked for when starting the program. Entries that the command has no use for keep their defaults.
 struct ZLCommandLine {
     ZLCommand command = ZLCommand::OpenWindows;
-    /// Any number for OpenWindows, at most one for RecordHeadless, exactly one for ExportFile and ShowFile.
+    /// Any number for OpenWindows, at most one for RecordHeadless, exactly one for ExportFile and ShowFile. For
+    /// WriteChapters the one with the chapters and then the audio files.
     QStringList files {};
     /// For OpenWindows: a new, empty document as well.
     bool wantsNewDocument = false;
     ZLHeadlessStart headlessStart = ZLHeadlessStart::Paused;
     QString formatName {};
     ZLExportOption exportOption = ZLExportOption::Off;
+    /// For ExportFile and WriteChapters; the latter replaces the audio file when it is empty.
     QString outputPath {};
+    /// For WriteChapters: how many seconds later the chapters stand in the audio file.
+    double shift = 0.0;
     ZLShowForm showForm = ZLShowForm::Table;
     /// For SendAction: the command word of an action, see ZLRemoteActions.
     QString action {};

@@ -2,10 +2,13 @@
 
 #include "app/ZLChapterListing.h"
 #include "app/ZLErrorLines.h"
+#include "app/ZLWriteCommand.h"
+#include "delivery/ZLMediaImport.h"
 #include "export/ZLSessionCopy.h"
 #include "export/formats/ZLExportAdvice.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLAtomicFile.h"
+#include "platform/media/file/ZLMediaFile.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -18,8 +21,11 @@ struct FileCommandTexts {
     Q_DECLARE_TR_FUNCTIONS(ZLFileCommands)
 };
 
+/// A document, or an audio file as one.
 ZLResult<ZLDocumentContents> readDocument(const QString& path)
 {
+    if (ZLMediaFile::isMediaFile(path))
+        return ZLMediaImport::read(path);
     const auto bytes = ZLAtomicFile::read(path);
     if (!bytes)
         return bytes.error();
@@ -67,6 +73,8 @@ int ZLFileCommands::run(const ZLCommandLine& commandLine)
         return exportFile(commandLine);
     case ZLCommand::ShowFile:
         return showFile(commandLine);
+    case ZLCommand::WriteChapters:
+        return writeChapters(commandLine);
     case ZLCommand::PrintVersion:
         return print(u"Zelta %1\n"_s.arg(QStringLiteral(ZELTA_VERSION)));
     case ZLCommand::PrintHelp:
@@ -161,6 +169,20 @@ int ZLFileCommands::showFile(const ZLCommandLine& commandLine)
         return print(ZLChapterListing::table(chapters, contents.duration));
     return print(
         QString::fromUtf8(ZLChapterListing::json(chapters, contents.duration, chaptersAsStored(contents.templates))));
+}
+
+int ZLFileCommands::writeChapters(const ZLCommandLine& commandLine)
+{
+    const QString& source = commandLine.files.constFirst();
+    const auto contents = readDocument(source);
+    if (!contents)
+        return fail(ZLExitStatus::Failed, contents.error().message);
+    if (isSameFile(source, commandLine.outputPath))
+        return fail(ZLExitStatus::Failed,
+            FileCommandTexts::tr("%1: the audio file would replace the chapters' own file.").arg(commandLine.outputPath));
+    ZLWriteCommand command(
+        [this](const QString& line) { return print(line); }, [this](const QString& line) { printErrorLine(line); });
+    return command.run(sortedChapters(contents.value().chapters), commandLine);
 }
 
 int ZLFileCommands::print(const QString& text)

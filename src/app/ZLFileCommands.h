@@ -23,6 +23,7 @@ private:
     [[nodiscard]] int listFormats();
     [[nodiscard]] int exportFile(const ZLCommandLine& commandLine);
     [[nodiscard]] int showFile(const ZLCommandLine& commandLine);
+    [[nodiscard]] int writeChapters(const ZLCommandLine& commandLine);
     [[nodiscard]] int print(const QString& text);
     [[nodiscard]] int fail(int status, const QString& message);
     void advise(const QStringList& lines);

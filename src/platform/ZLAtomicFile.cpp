@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QRandomGenerator>
 
 #include <algorithm>
@@ -10,8 +11,12 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/xattr.h>
 #include <unistd.h>
+
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -49,18 +54,77 @@ int syncDescriptor(int descriptor)
     return fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS ? 0 : errno;
 }
 
-int writeNewFile(const QByteArray& path, mode_t mode, const QByteArray& bytes)
-{
-    const int descriptor = open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-    if (descriptor < 0)
-        return errno;
-    int error = writeAll(descriptor, bytes);
-    if (error == 0)
-        error = syncDescriptor(descriptor);
-    if (close(descriptor) != 0 && error == 0)
-        error = errno;
-    return error;
-}
+/// The new file while it is written. Without a name it goes by itself with the process.
+class NewFile {
+public:
+    enum class Name { AtOnce, WhenWhole };
+
+    explicit NewFile(QByteArray name)
+        : m_name(std::move(name))
+    {
+    }
+    ~NewFile()
+    {
+        if (m_descriptor >= 0)
+            close(m_descriptor);
+        if (m_hasName)
+            unlink(m_name.constData());
+    }
+    Q_DISABLE_COPY_MOVE(NewFile)
+
+    [[nodiscard]] int descriptor() const { return m_descriptor; }
+    [[nodiscard]] const QByteArray& name() const { return m_name; }
+
+    int create(Name name, mode_t mode)
+    {
+        if (name == Name::WhenWhole && createWithoutName(mode))
+            return 0;
+        m_descriptor = open(m_name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        m_hasName = m_descriptor >= 0;
+        return m_hasName ? 0 : errno;
+    }
+
+    /// Syncs the bytes, gives the file its name if it has none, and closes it.
+    int finish()
+    {
+        int error = syncDescriptor(m_descriptor);
+        if (error == 0 && !m_hasName)
+            error =
+                linkat(AT_FDCWD, linkOfDescriptor().constData(), AT_FDCWD, m_name.constData(), AT_SYMLINK_FOLLOW) == 0
+                ? 0
+                : errno;
+        m_hasName = m_hasName || error == 0;
+        if (close(std::exchange(m_descriptor, -1)) != 0 && error == 0)
+            error = errno;
+        return error;
+    }
+
+    int takePlaceOf(const QByteArray& path)
+    {
+        if (std::rename(m_name.constData(), path.constData()) != 0)
+            return errno;
+        m_hasName = false;
+        return 0;
+    }
+
+private:
+    [[nodiscard]] QByteArray linkOfDescriptor() const { return "/proc/self/fd/" + QByteArray::number(m_descriptor); }
+
+    bool createWithoutName(mode_t mode)
+    {
+        const QByteArray folder = m_name.left(m_name.lastIndexOf('/') + 1);
+        m_descriptor = open(folder.constData(), O_WRONLY | O_TMPFILE | O_CLOEXEC, mode);
+        if (m_descriptor >= 0 && access(linkOfDescriptor().constData(), F_OK) == 0)
+            return true;
+        if (m_descriptor >= 0)
+            close(std::exchange(m_descriptor, -1));
+        return false;
+    }
+
+    QByteArray m_name;
+    int m_descriptor = -1;
+    bool m_hasName = false;
+};
 
 /// Whether the file there may be replaced, and which permissions it has.
 int lookAtOldFile(const QByteArray& path, struct stat& old)
@@ -91,23 +155,60 @@ int copyOwnerAndAttributes(const QByteArray& from, const struct stat& old, const
     return chmod(to.constData(), old.st_mode & 07777) == 0 ? 0 : errno;
 }
 
-int replaceFile(const QByteArray& path, const QByteArray& bytes)
+ZLStatus checkFreeSpace(const QByteArray& path, qint64 size)
 {
-    struct stat old { };
-    const int oldError = lookAtOldFile(path, old);
-    if (oldError != 0 && oldError != ENOENT)
-        return oldError;
-    const QByteArray temporary = path + '.' + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
-    int error = writeNewFile(temporary, oldError == 0 ? S_IRUSR | S_IWUSR : mode_t(0666), bytes);
-    if (error == EEXIST)
-        return error;
-    if (error == 0 && oldError == 0)
-        error = copyOwnerAndAttributes(path, old, temporary);
-    if (error == 0 && std::rename(temporary.constData(), path.constData()) != 0)
-        error = errno;
-    if (error != 0)
-        unlink(temporary.constData());
-    return error;
+    struct statvfs disk { };
+    const QByteArray folder = path.left(path.lastIndexOf('/') + 1);
+    if (size <= 0 || statvfs(folder.constData(), &disk) != 0)
+        return ZLDone {};
+    // By division, for the product can be larger than any number.
+    if (quint64(disk.f_bavail) >= (quint64(size) + disk.f_frsize - 1) / std::max<quint64>(disk.f_frsize, 1))
+        return ZLDone {};
+    return ZLError { QCoreApplication::translate("ZLAtomicFile", "%1 more are needed on this disk, %2 are free.")
+                         .arg(QLocale().formattedDataSize(size),
+                             QLocale().formattedDataSize(qint64(disk.f_bavail * disk.f_frsize))) };
+}
+
+ZLStatus statusOf(int error)
+{
+    return error == 0 ? ZLStatus(ZLDone {}) : ZLStatus(ZLError { qt_error_string(error) });
+}
+
+/// What has to hold before anything is written; tells the permissions of the new file.
+ZLStatus prepareReplacing(const QByteArray& path, qint64 size, std::optional<struct stat>& old)
+{
+    struct stat status { };
+    const int error = lookAtOldFile(path, status);
+    if (error != 0 && error != ENOENT)
+        return statusOf(error);
+    if (error == 0)
+        old = status;
+    return checkFreeSpace(path, size);
+}
+
+ZLStatus finishReplacing(
+    const QByteArray& path, const std::optional<struct stat>& old, NewFile& file, const ZLFileReplacement& replacement)
+{
+    if (const ZLStatus filled = replacement.fill(file.descriptor()); !filled)
+        return filled;
+    if (const int error = file.finish(); error != 0)
+        return statusOf(error);
+    if (const int error = old ? copyOwnerAndAttributes(path, *old, file.name()) : 0; error != 0)
+        return statusOf(error);
+    if (const ZLStatus permitted = replacement.permit(); !permitted)
+        return permitted;
+    return statusOf(file.takePlaceOf(path));
+}
+
+ZLStatus replaceFile(const QByteArray& path, const ZLFileReplacement& replacement, NewFile::Name name)
+{
+    std::optional<struct stat> old;
+    if (const ZLStatus ready = prepareReplacing(path, replacement.size, old); !ready)
+        return ready;
+    NewFile file(path + '.' + QByteArray::number(QRandomGenerator::system()->generate64(), 36));
+    if (const int error = file.create(name, old ? S_IRUSR | S_IWUSR : mode_t(0666)); error != 0)
+        return statusOf(error);
+    return finishReplacing(path, old, file, replacement);
 }
 
 /// The new name is in the folder for good only after this. By then the file is whole under either name, so that a
@@ -122,18 +223,31 @@ void syncFolderOf(const QString& path)
     close(descriptor);
 }
 
-}
-
-ZLStatus ZLAtomicFile::write(const QString& path, const QByteArray& bytes)
+ZLStatus replaceAt(const QString& path, const ZLFileReplacement& replacement, NewFile::Name name)
 {
     // A device or a pipe would be replaced by an ordinary file, /dev/null for everyone on the machine.
     if (const QFileInfo file(path); file.exists() && !file.isFile())
         return fileFailure(path, QCoreApplication::translate("ZLAtomicFile", "This is no ordinary file."));
-    const QString target = targetOfPath(path);
-    if (const int error = replaceFile(QFile::encodeName(target), bytes); error != 0)
-        return fileFailure(path, qt_error_string(error));
+    const QString target = QFileInfo(targetOfPath(path)).absoluteFilePath();
+    if (const ZLStatus replaced = replaceFile(QFile::encodeName(target), replacement, name); !replaced)
+        return fileFailure(path, replaced.error().message);
     syncFolderOf(target);
     return ZLDone {};
+}
+
+}
+
+ZLStatus ZLAtomicFile::write(const QString& path, const QByteArray& bytes)
+{
+    const ZLFileReplacement replacement { .fill = [&](int descriptor) {
+        return statusOf(writeAll(descriptor, bytes));
+    } };
+    return replaceAt(path, replacement, NewFile::Name::AtOnce);
+}
+
+ZLStatus ZLAtomicFile::replace(const QString& path, const ZLFileReplacement& replacement)
+{
+    return replaceAt(path, replacement, NewFile::Name::WhenWhole);
 }
 
 bool ZLAtomicFile::isReadOnly(const QString& path)

@@ -7,8 +7,9 @@ import unittest
 from pathlib import Path
 
 from desktop import wait_until
-from osc_peers import CannotFetch, NodeOsc, free_port
+from osc_peers import NodeOsc, free_port
 from osc_recorder import CLOCK, STATUS, OSCTestCase
+from peer_libraries import CannotFetch
 
 FOLDER = Path(sys.argv.pop(1))
 SKIPPED = 77

@@ -3,18 +3,15 @@ library. The library is fetched once into the build folder, in the version that 
 
 import json
 import os
-import re
-import shutil
 import socket
 import subprocess
 import threading
 from pathlib import Path
 
 from desktop import wait_until
+from peer_libraries import PeerLibraries
 
 SOURCE = Path(__file__).resolve().parent / "osc_peers"
-NETWORK_FAILURES = re.compile(
-    r"\b(ENOTFOUND|EAI_AGAIN|ECONNREFUSED|ECONNRESET|ETIMEDOUT|ENETUNREACH|EHOSTUNREACH|ENOTCACHED|ERR_SOCKET_TIMEOUT)\b")
 
 
 def free_port():
@@ -56,10 +53,6 @@ def start_reader(command, **options):
     return Reader(subprocess.Popen([str(part) for part in command], stdout=subprocess.PIPE, text=True, **options))
 
 
-class CannotFetch(Exception):
-    """There is no way to the library: no npm here, or no network."""
-
-
 class OscDump:
     """Messages as (address, types, value), for example ("/zl/isRecording", "T", "#T")."""
 
@@ -95,28 +88,7 @@ class NodeOsc:
     """The node-osc library; `folder` keeps it between runs."""
 
     def __init__(self, folder):
-        self.folder = Path(folder)
-        if not self._is_installed():
-            self._install()
-
-    def _is_installed(self):
-        done = self.folder / "installed-lock.json"
-        return done.exists() and done.read_bytes() == (SOURCE / "package-lock.json").read_bytes()
-
-    def _install(self):
-        shutil.rmtree(self.folder, ignore_errors=True)
-        shutil.copytree(SOURCE, self.folder)
-        if not shutil.which("npm") or not shutil.which("node"):
-            raise CannotFetch("npm and node are not installed")
-        command = ["npm", "ci", "--ignore-scripts", "--no-audit", "--no-fund", "--loglevel=error", "--fetch-retries=1",
-                   "--fetch-retry-mintimeout=1000", "--fetch-retry-maxtimeout=1000", "--fetch-timeout=20000",
-                   "--cache", str(self.folder / "cache")]
-        answer = subprocess.run(command, cwd=self.folder, check=False, timeout=240, capture_output=True, text=True)
-        if no_network := NETWORK_FAILURES.search(answer.stderr):
-            raise CannotFetch(f"npm cannot fetch the library ({no_network[0]})")
-        if answer.returncode != 0:
-            raise AssertionError(f"npm ci failed: {answer.stderr}")
-        shutil.copy(SOURCE / "package-lock.json", self.folder / "installed-lock.json")
+        self.folder = PeerLibraries(folder, SOURCE).folder
 
     def run(self, *arguments):
         subprocess.run(["node", str(SOURCE / "peer.js"), *map(str, arguments)], check=True, timeout=60,

@@ -126,3 +126,49 @@ TEST_F(ZLAtomicFileTest, AFullDeviceIsReportedAndTheOldFileStays)
         GTEST_SKIP() << "no device here that is always full";
     EXPECT_FALSE(ZLAtomicFile::write(u"/dev/full"_s, "x"));
 }
+
+TEST_F(ZLAtomicFileTest, ContentsThatAreMadeWhileTheyAreWrittenReplaceTheFile)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(path(), "old"));
+    const auto status = ZLAtomicFile::replace(path(), { .fill = [this](int descriptor) {
+        EXPECT_EQ(contents(), "old");
+        EXPECT_EQ(::write(descriptor, "new", 3), 3);
+        EXPECT_EQ(names(), QStringList({ u"show.zelta"_s })) << "a kill now would leave something behind";
+        return ZLStatus(ZLDone {});
+    } });
+    ASSERT_TRUE(status) << qPrintable(status.error().message);
+    EXPECT_EQ(contents(), "new");
+    EXPECT_EQ(names(), QStringList({ u"show.zelta"_s }));
+}
+
+TEST_F(ZLAtomicFileTest, AReplacementThatIsNotPermittedInTheEndLeavesTheOldFile)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(path(), "old"));
+    const auto fill = [](int descriptor) {
+        EXPECT_EQ(::write(descriptor, "new", 3), 3);
+        return ZLStatus(ZLDone {});
+    };
+    const auto refused =
+        ZLAtomicFile::replace(path(), { .fill = fill, .permit = [] { return ZLStatus(ZLError { u"no"_s }); } });
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().message, path() + u": no"_s);
+    const auto failed = ZLAtomicFile::replace(path(), { .fill = [](int) { return ZLStatus(ZLError { u"no"_s }); } });
+    EXPECT_FALSE(failed);
+    EXPECT_EQ(contents(), "old");
+    EXPECT_EQ(names(), QStringList({ u"show.zelta"_s }));
+}
+
+TEST_F(ZLAtomicFileTest, NothingIsWrittenWhereTheDiskIsTooSmall)
+{
+    bool isFilled = false;
+    const auto status = ZLAtomicFile::replace(path(),
+        { .fill =
+                [&](int) {
+                    isFilled = true;
+                    return ZLStatus(ZLDone {});
+                },
+            .size = qint64(1) << 60 });
+    EXPECT_FALSE(status);
+    EXPECT_FALSE(isFilled);
+    EXPECT_EQ(names(), QStringList());
+}

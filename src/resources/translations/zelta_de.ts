@@ -64,6 +64,10 @@
         <source>This is no ordinary file.</source>
         <translation>Das ist keine gewöhnliche Datei.</translation>
     </message>
+    <message>
+        <source>%1 more are needed on this disk, %2 are free.</source>
+        <translation>Auf diesem Datenträger werden noch %1 gebraucht, frei sind %2.</translation>
+    </message>
 </context>
 <context>
     <name>ZLAvahiServiceBrowser</name>
@@ -465,6 +469,18 @@
         <translation>--headless nimmt höchstens eine Datei auf.</translation>
     </message>
     <message>
+        <source>--shift needs a number of seconds, such as 12.5 or -3.</source>
+        <translation>--shift braucht eine Zahl von Sekunden, etwa 12.5 oder -3.</translation>
+    </message>
+    <message>
+        <source>&quot;write&quot; needs the file with the chapters and an audio file.</source>
+        <translation>„write“ braucht die Datei mit den Kapiteln und eine Audiodatei.</translation>
+    </message>
+    <message>
+        <source>--output goes with one audio file only.</source>
+        <translation>--output geht nur mit einer einzigen Audiodatei.</translation>
+    </message>
+    <message>
         <source>Usage:
   zelta [--new] [FILE…]                open documents in windows, with --new a new one too
   zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record starts the clock at once;
@@ -476,7 +492,10 @@
 %1  zelta formats                        list the export formats: name, tab, file type
   zelta export --format NAME [--option] --output OUT FILE
                                        write the chapters of FILE to OUT; --option ticks the format&apos;s checkbox
-  zelta show [--json] FILE             print the chapters of FILE
+  zelta show [--json] FILE             print the chapters of FILE, a document or an audio file
+  zelta write [--shift SECONDS] [--output OUT] FILE AUDIO…
+                                       put the chapters of FILE into each audio file in place of its own,
+                                       with --output into a copy of the one that is given
   zelta --help | --version
 
 Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as ./NAME.
@@ -492,7 +511,10 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
 %1  zelta formats                        zählt die Exportformate auf: Name, Tabulator, Dateityp
   zelta export --format NAME [--option] --output ZIEL DATEI
                                        schreibt die Kapitel von DATEI nach ZIEL; --option setzt das Häkchen des Formats
-  zelta show [--json] DATEI            gibt die Kapitel von DATEI aus
+  zelta show [--json] DATEI            gibt die Kapitel von DATEI aus, einem Dokument oder einer Audiodatei
+  zelta write [--shift SEKUNDEN] [--output ZIEL] DATEI AUDIO…
+                                       schreibt die Kapitel von DATEI in jede Audiodatei, anstelle der eigenen,
+                                       mit --output in eine Kopie der einen, die angegeben ist
   zelta --help | --version
 
 Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein Befehl heißt, wird als ./NAME angegeben.
@@ -519,6 +541,52 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>This track has no time and was left out.</source>
         <translation>Dieser Titel hat keine Zeit und wurde ausgelassen.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLDelivery</name>
+    <message>
+        <source>%1: no enabled chapter lies in this file, so nothing was written.</source>
+        <translation>%1: Kein eingeschaltetes Kapitel liegt in dieser Datei, deshalb wurde nichts geschrieben.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 chapters are in %3</source>
+        <translation>%1 von %2 Kapiteln sind in %3</translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliveryFindings</name>
+    <message>
+        <source>Chapters before the start of the file, left out: %1.</source>
+        <translation>Kapitel vor dem Anfang der Datei, weggelassen: %1.</translation>
+    </message>
+    <message>
+        <source>Chapters behind the end of the file, left out: %1.</source>
+        <translation>Kapitel hinter dem Ende der Datei, weggelassen: %1.</translation>
+    </message>
+    <message>
+        <source>%1 holds %2 chapters at most. Left out at the end: %3.</source>
+        <translation>%1 fasst höchstens %2 Kapitel. Am Ende weggelassen: %3.</translation>
+    </message>
+    <message>
+        <source>Chapters without a title, written with an empty one: %1.</source>
+        <translation>Kapitel ohne Titel, mit leerem Titel geschrieben: %1.</translation>
+    </message>
+    <message>
+        <source>Chapters at the time of the one before, of which a player may show only one; they are written in their order: %1.</source>
+        <translation>Kapitel zur selben Zeit wie das davor, von denen ein Abspielprogramm vielleicht nur eines zeigt; sie werden der Reihe nach geschrieben: %1.</translation>
+    </message>
+    <message>
+        <source>%1 holds no links. Links left out: %2.</source>
+        <translation>%1 fasst keine Links. Weggelassene Links: %2.</translation>
+    </message>
+    <message>
+        <source>Titles of more than %1 bytes, of which some players show only the beginning: %2.</source>
+        <translation>Titel mit mehr als %1 Bytes, von denen manche Abspielprogramme nur den Anfang zeigen: %2.</translation>
+    </message>
+    <message>
+        <source>Pictures of chapters in the file that are lost, since no new chapter stands at their time: %1.</source>
+        <translation>Bilder von Kapiteln in der Datei, die verloren gehen, weil zu ihrer Zeit kein neues Kapitel steht: %1.</translation>
     </message>
 </context>
 <context>
@@ -951,6 +1019,17 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLFLACFormat</name>
+    <message>
+        <source>The description at the beginning of this FLAC file is damaged.</source>
+        <translation>Die Beschreibung am Anfang dieser FLAC-Datei ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The tags would become larger than a FLAC file can hold.</source>
+        <translation>Die Tags würden größer, als eine FLAC-Datei fassen kann.</translation>
+    </message>
+</context>
+<context>
     <name>ZLFileCommands</name>
     <message>
         <source>The format &quot;%1&quot; has no option.</source>
@@ -971,6 +1050,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>The standard output could not be written.</source>
         <translation>Die Standardausgabe ließ sich nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>%1: the audio file would replace the chapters&apos; own file.</source>
+        <translation>%1: Die Audiodatei würde die Datei mit den Kapiteln ersetzen.</translation>
     </message>
 </context>
 <context>
@@ -1413,6 +1496,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLID3Tag</name>
+    <message>
+        <source>The tag at the beginning is larger than %1 MiB.</source>
+        <translation>Das Tag am Anfang ist größer als %1 MiB.</translation>
+    </message>
+    <message>
+        <source>The file ends inside the tag at its beginning.</source>
+        <translation>Die Datei endet in dem Tag an ihrem Anfang.</translation>
+    </message>
+    <message>
+        <source>The tag would become larger than a tag can be.</source>
+        <translation>Das Tag würde größer, als ein Tag sein kann.</translation>
+    </message>
+</context>
+<context>
     <name>ZLJSONValues</name>
     <message>
         <source>Chapter %1 has no time and was left out.</source>
@@ -1762,10 +1860,84 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLMP3Format</name>
+    <message>
+        <source>The ID3v2.2 tag becomes an ID3v2.3 tag, since the old one cannot hold chapters.</source>
+        <translation>Aus dem ID3v2.2-Tag wird ein ID3v2.3-Tag, weil das alte keine Kapitel fassen kann.</translation>
+    </message>
+    <message>
+        <source>Entries of the ID3v2.2 tag that are lost, since an ID3v2.3 tag has no place for them: %1.</source>
+        <translation>Einträge des ID3v2.2-Tags, die verloren gehen, weil ein ID3v2.3-Tag keinen Platz für sie hat: %1.</translation>
+    </message>
+    <message>
+        <source>There is no MP3 sound in this file.</source>
+        <translation>In dieser Datei ist kein MP3-Ton.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLMP4Atoms</name>
+    <message>
+        <source>The part &quot;%1&quot; of this file is damaged, or the file ends early.</source>
+        <translation>Der Teil „%1“ dieser Datei ist beschädigt, oder die Datei endet zu früh.</translation>
+    </message>
+    <message>
+        <source>This file has too many parts.</source>
+        <translation>Diese Datei hat zu viele Teile.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLMP4Movie</name>
+    <message>
+        <source>This file is fragmented, as for streaming. Chapters need an ordinary file, such as &quot;ffmpeg -i IN -c copy OUT&quot; makes of it.</source>
+        <translation>Diese Datei ist fragmentiert, wie zum Streamen. Kapitel brauchen eine gewöhnliche Datei, wie sie „ffmpeg -i IN -c copy OUT“ daraus macht.</translation>
+    </message>
+    <message>
+        <source>The description of this file is compressed, which Zelta does not write to.</source>
+        <translation>Die Beschreibung dieser Datei ist komprimiert, und in solche Dateien schreibt Zelta nicht.</translation>
+    </message>
+    <message>
+        <source>This file has too many tracks.</source>
+        <translation>Diese Datei hat zu viele Spuren.</translation>
+    </message>
+    <message>
+        <source>There is no description of the sound in this file.</source>
+        <translation>In dieser Datei fehlt die Beschreibung des Tons.</translation>
+    </message>
+    <message>
+        <source>There is no sound in this file.</source>
+        <translation>In dieser Datei ist kein Ton.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLMP4Rewriter</name>
+    <message>
+        <source>It is not clear where the last part of this file ends, so nothing can be put behind it.</source>
+        <translation>Es ist nicht klar, wo der letzte Teil dieser Datei endet, deshalb lässt sich nichts dahintersetzen.</translation>
+    </message>
+</context>
+<context>
     <name>ZLMatroskaChapters</name>
     <message>
         <source>Chapters without a time were left out: %1.</source>
         <translation>Kapitel ohne Zeit wurden ausgelassen: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLMediaFile</name>
+    <message>
+        <source>this is no audio file that Zelta can read: MP3, M4A or MP4, Ogg Vorbis, Opus, FLAC or WAV.</source>
+        <translation>Das ist keine Audiodatei, die Zelta lesen kann: MP3, M4A oder MP4, Ogg Vorbis, Opus, FLAC oder WAV.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLMediaSource</name>
+    <message>
+        <source>%1: this is no ordinary file.</source>
+        <translation>%1: Das ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the audio file meanwhile.</source>
+        <translation>Ein anderes Programm hat die Audiodatei inzwischen geändert.</translation>
     </message>
 </context>
 <context>
@@ -2248,6 +2420,43 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>Services found on the network</source>
         <translation>Im Netzwerk gefundene Dienste</translation>
+    </message>
+</context>
+<context>
+    <name>ZLOggFormat</name>
+    <message>
+        <source>The tags of this file are damaged.</source>
+        <translation>Die Tags dieser Datei sind beschädigt.</translation>
+    </message>
+    <message>
+        <source>This Ogg file is a chain of several streams, which Zelta does not write to.</source>
+        <translation>Diese Ogg-Datei ist eine Kette aus mehreren Strömen, und in solche schreibt Zelta nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLOggPages</name>
+    <message>
+        <source>The file ends early or cannot be read.</source>
+        <translation>Die Datei endet zu früh oder lässt sich nicht lesen.</translation>
+    </message>
+    <message>
+        <source>The description at the beginning of this Ogg file is damaged.</source>
+        <translation>Die Beschreibung am Anfang dieser Ogg-Datei ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>This Ogg file has more than one stream, which Zelta does not write to.</source>
+        <translation>Diese Ogg-Datei hat mehr als einen Strom, und in solche schreibt Zelta nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLPieceWriter</name>
+    <message>
+        <source>The writing was cancelled.</source>
+        <translation>Das Schreiben wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The file ends early or cannot be read.</source>
+        <translation>Die Datei endet zu früh oder lässt sich nicht lesen.</translation>
     </message>
 </context>
 <context>
@@ -3022,6 +3231,39 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>Show Relative Time</source>
         <translation>Relative Zeit zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>ZLVorbisComment</name>
+    <message>
+        <source>The tags of this file are damaged.</source>
+        <translation>Die Tags dieser Datei sind beschädigt.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLWaveChunks</name>
+    <message>
+        <source>This WAV file has too many parts.</source>
+        <translation>Diese WAV-Datei hat zu viele Teile.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLWaveFormat</name>
+    <message>
+        <source>There is no sound in this WAV file.</source>
+        <translation>In dieser WAV-Datei ist kein Ton.</translation>
+    </message>
+    <message>
+        <source>Notes and regions of the markers that are in the file now are lost.</source>
+        <translation>Notizen und Bereiche der Marker, die jetzt in der Datei sind, gehen verloren.</translation>
+    </message>
+    <message>
+        <source>The sizes in this WAV file are not those of its parts, as in a recording that was cut off. Open it in an audio editor and save it once.</source>
+        <translation>Die Größen in dieser WAV-Datei sind nicht die ihrer Teile, wie bei einer abgebrochenen Aufnahme. Öffne sie in einem Audioeditor und sichere sie einmal.</translation>
+    </message>
+    <message>
+        <source>The WAV file would become larger than 4 GiB, which its form cannot hold.</source>
+        <translation>Die WAV-Datei würde größer als 4 GiB, und das kann ihre Form nicht fassen.</translation>
     </message>
 </context>
 <context>

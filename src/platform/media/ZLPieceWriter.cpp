@@ -1,0 +1,110 @@
+#include "platform/media/ZLPieceWriter.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cerrno>
+#include <unistd.h>
+
+namespace {
+
+struct PieceWriterTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLPieceWriter)
+};
+
+/// As much as is copied between two looks at whether to go on.
+constexpr qint64 stepOfTheKernel = 16 * 1024 * 1024;
+constexpr qint64 stepThroughMemory = 1024 * 1024;
+
+ZLError systemFailure(int error)
+{
+    return ZLError { qt_error_string(error) };
+}
+
+/// Whether the kernel says that it cannot copy between these two files, rather than that something went wrong.
+bool isRefusal(int error)
+{
+    return error == EXDEV || error == ENOSYS || error == EINVAL || error == EOPNOTSUPP || error == EPERM;
+}
+
+}
+
+ZLPieceWriter::ZLPieceWriter(const ZLMediaSource& source, int descriptor, ZLWriteProgress& progress)
+    : m_source(source)
+    , m_descriptor(descriptor)
+    , m_progress(progress)
+{
+}
+
+ZLStatus ZLPieceWriter::write(const ZLFilePieces& pieces)
+{
+    m_progress.begin(pieces.size());
+    for (const ZLFilePiece& piece : pieces.pieces()) {
+        if (const ZLStatus written = writePiece(piece); !written)
+            return written;
+    }
+    return checkCancelled();
+}
+
+ZLStatus ZLPieceWriter::writePiece(const ZLFilePiece& piece)
+{
+    if (piece.make)
+        return piece.make([this](const QByteArray& bytes) { return writeBytes(bytes); });
+    return piece.isRange() ? copyRange(piece.offset, piece.size) : writeBytes(piece.bytes);
+}
+
+ZLStatus ZLPieceWriter::checkCancelled() const
+{
+    if (m_progress.isCancelled())
+        return ZLError { PieceWriterTexts::tr("The writing was cancelled.") };
+    return ZLDone {};
+}
+
+ZLStatus ZLPieceWriter::writeBytes(const QByteArray& bytes)
+{
+    if (const ZLStatus goesOn = checkCancelled(); !goesOn)
+        return goesOn;
+    for (qsizetype done = 0; done < bytes.size();) {
+        const ssize_t count = ::write(m_descriptor, bytes.constData() + done, size_t(bytes.size() - done));
+        if (count < 0 && errno != EINTR)
+            return systemFailure(errno);
+        done += std::max<ssize_t>(count, 0);
+    }
+    m_progress.advance(bytes.size());
+    return ZLDone {};
+}
+
+ZLStatus ZLPieceWriter::copyRange(qint64 offset, qint64 size)
+{
+    for (qint64 done = 0; done < size;) {
+        if (const ZLStatus goesOn = checkCancelled(); !goesOn)
+            return goesOn;
+        const auto count = copyStep(offset + done, size - done);
+        if (!count)
+            return count.error();
+        done += count.value();
+    }
+    return ZLDone {};
+}
+
+ZLResult<qint64> ZLPieceWriter::copyStep(qint64 offset, qint64 size)
+{
+    if (m_kernel == Kernel::Copies) {
+        loff_t from = offset;
+        const ssize_t count = copy_file_range(
+            m_source.descriptor(), &from, m_descriptor, nullptr, size_t(std::min(size, stepOfTheKernel)), 0);
+        if (count > 0) {
+            m_progress.advance(count);
+            return qint64(count);
+        }
+        if (count < 0 && !isRefusal(errno))
+            return systemFailure(errno);
+        // Some file systems answer 0 where they cannot copy, so the last word is that of an ordinary reading.
+        m_kernel = Kernel::CannotCopy;
+    }
+    const QByteArray bytes = m_source.read(offset, std::min(size, stepThroughMemory));
+    if (bytes.isEmpty())
+        return ZLError { PieceWriterTexts::tr("The file ends early or cannot be read.") };
+    const ZLStatus written = writeBytes(bytes);
+    return written ? ZLResult<qint64>(qint64(bytes.size())) : ZLResult<qint64>(written.error());
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/media/ZLFilePieces.h"
+#include "platform/media/ZLMediaSource.h"
+#include "platform/media/ZLWriteProgress.h"
+
+/// Writes the pieces of a new file. Stretches of the source are copied by the kernel where it can, and share their
+/// blocks where the file system can; otherwise they pass through one small buffer.
+class ZLPieceWriter {
+public:
+    ZLPieceWriter(const ZLMediaSource& source, int descriptor, ZLWriteProgress& progress);
+
+    [[nodiscard]] ZLStatus write(const ZLFilePieces& pieces);
+
+private:
+    enum class Kernel { Copies, CannotCopy };
+
+    [[nodiscard]] ZLStatus writePiece(const ZLFilePiece& piece);
+    [[nodiscard]] ZLStatus writeBytes(const QByteArray& bytes);
+    [[nodiscard]] ZLStatus copyRange(qint64 offset, qint64 size);
+    [[nodiscard]] ZLResult<qint64> copyStep(qint64 offset, qint64 size);
+    [[nodiscard]] ZLStatus checkCancelled() const;
+
+    const ZLMediaSource& m_source;
+    int m_descriptor;
+    ZLWriteProgress& m_progress;
+    Kernel m_kernel = Kernel::Copies;
+};

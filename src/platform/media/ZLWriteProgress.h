@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <atomic>
+
+/// How far the writing of a file is, and the wish to end it early. Any thread may read and cancel.
+class ZLWriteProgress {
+public:
+    void begin(qint64 total)
+    {
+        m_done = 0;
+        m_total = total;
+    }
+    void advance(qint64 bytes) { m_done += bytes; }
+    /// From 0 to 1.
+    [[nodiscard]] double fraction() const
+    {
+        const qint64 total = m_total;
+        return total > 0 ? double(m_done) / double(total) : 0.0;
+    }
+
+    void cancel() { m_isCancelled = true; }
+    [[nodiscard]] bool isCancelled() const { return m_isCancelled; }
+
+private:
+    std::atomic<qint64> m_done = 0;
+    std::atomic<qint64> m_total = 0;
+    std::atomic<bool> m_isCancelled = false;
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/media/mp3/ZLID3Tag.h"
+
+/// Frames of version 2.2, which have names of three letters, as frames of version 2.3.
+namespace ZLID3OldFrames {
+
+/// `lost` becomes the number of frames that version 2.3 has no name for.
+[[nodiscard]] QList<ZLID3Frame> converted(const QByteArray& body, int& lost);
+
+}

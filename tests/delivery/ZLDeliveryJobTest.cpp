@@ -1,0 +1,51 @@
+#include "ZLWaveFile.h"
+
+#include "delivery/ZLDeliveryJob.h"
+#include "support/ZLChapterBuilders.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+class ZLDeliveryJobTest : public testing::Test {
+protected:
+    ZLDeliveryPlan planFor(const QString& name) const
+    {
+        const QString path = m_folder.filePath(name);
+        EXPECT_TRUE(writeWaveFile(path, 10));
+        return ZLDeliveryPlan::make({ ZLTestChapters::chapterAt(1, u"Eins"_s) }, path, 0.0).value();
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(ZLDeliveryJobTest, AFailureDoesNotStopTheOthers)
+{
+    const QList<ZLDeliveryPlan> plans { planFor(u"a.wav"_s), planFor(u"b.wav"_s), planFor(u"c.wav"_s) };
+    ASSERT_TRUE(QFile::remove(plans.at(1).audioPath));
+    ZLDeliveryJob job(plans);
+    QSignalSpy ends(&job, &ZLDeliveryJob::didEndFile);
+    QSignalSpy finish(&job, &ZLDeliveryJob::didFinish);
+    job.start();
+    ASSERT_TRUE(finish.wait());
+    ASSERT_EQ(ends.size(), 3);
+    EXPECT_EQ(ends.at(0).at(2).toString(), u"1 of 1 chapters are in a.wav"_s);
+    EXPECT_FALSE(ends.at(1).at(1).toBool());
+    EXPECT_TRUE(ends.at(1).at(2).toString().startsWith(plans.at(1).audioPath));
+    EXPECT_TRUE(ends.at(2).at(1).toBool());
+    EXPECT_EQ(job.fraction(), 1.0);
+}
+
+TEST_F(ZLDeliveryJobTest, ACancelledJobLeavesTheFiles)
+{
+    const ZLDeliveryPlan plan = planFor(u"a.wav"_s);
+    ZLDeliveryJob job({ plan });
+    QSignalSpy finish(&job, &ZLDeliveryJob::didFinish);
+    job.cancel();
+    job.start();
+    ASSERT_TRUE(finish.wait());
+    EXPECT_TRUE(ZLDeliveryPlan::make({}, plan.audioPath, 0.0).value().now.chapters.isEmpty());
+}

@@ -1,5 +1,7 @@
 #include "app/ZLDocumentController.h"
 
+#include "platform/ZLBoundedFile.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
@@ -118,9 +120,6 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& p
 ZLStatus ZLDocumentController::saveDocumentAs(ZLChapterDocument* document, const QString& path)
 {
     const QString target = ZLDocumentSaver::pathWithExtension(path);
-    const ZLChapterDocument* holder = documentAtPath(target);
-    if (holder && holder != document)
-        return ZLError { tr("%1: The file is open as another document.").arg(target) };
     const ZLStatus saved = saverOf(document)->saveAs(target);
     if (saved)
         m_recentDocuments.add(target);
@@ -176,7 +175,7 @@ std::unique_ptr<ZLChapterDocument> ZLDocumentController::makeDocument() const
 
 ZLResult<ZLChapterDocument*> ZLDocumentController::openFile(const QString& path)
 {
-    const auto bytes = readFile(path);
+    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
     if (!bytes)
         return bytes.error();
     auto read = makeDocumentFrom(path, bytes.value());
@@ -186,14 +185,6 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openFile(const QString& path)
     document->setDisplayName(QFileInfo(path).fileName());
     auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, path, bytes.value());
     return adoptOpened({ std::move(document), std::move(saver) }, path);
-}
-
-ZLResult<QByteArray> ZLDocumentController::readFile(const QString& path)
-{
-    // A pipe or a device could keep the program waiting for ever.
-    if (const QFileInfo file(path); file.exists() && !file.isFile())
-        return ZLError { tr("%1: This is not a file.").arg(path) };
-    return ZLAtomicFile::read(path);
 }
 
 ZLResult<std::unique_ptr<ZLChapterDocument>> ZLDocumentController::makeDocumentFrom(

@@ -64,7 +64,7 @@ public:
     /// elsewhere. Returns what could not be opened, a sentence each.
     QStringList restoreKeptDocuments(const QStringList& fileNamesToLeaveOut = {});
 
-    /// ZLDocumentSaver::saveAs(), unless another open document has the file.
+    /// ZLDocumentSaver::saveAs(), remembered among the recent documents.
     ZLStatus saveDocumentAs(ZLChapterDocument* document, const QString& path);
     /// Refused while the document's clock runs, and with ZLClosing::Keep when it cannot be written. The last document
     /// stays in the memory of what was open, since closing it ends the program.
@@ -94,7 +94,6 @@ private:
 
     void tidyHistories() const;
     [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
-    [[nodiscard]] static ZLResult<QByteArray> readFile(const QString& path);
     [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> makeDocumentFrom(
         const QString& path, const QByteArray& bytes) const;
     [[nodiscard]] ZLResult<ZLChapterDocument*> createDocumentAt(const QString& path);

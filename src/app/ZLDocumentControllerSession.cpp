@@ -1,5 +1,7 @@
 #include "app/ZLDocumentController.h"
 
+#include "platform/ZLBoundedFile.h"
+
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QScopedValueRollback>
@@ -75,7 +77,7 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecoveryFile(const QStrin
         file->remove();
         return nothing;
     }
-    const auto bytes = readFile(path);
+    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document, ZLFileLinks::Refuse);
     if (!bytes)
         return bytes.error();
     auto read = makeDocumentFrom(path, bytes.value());
@@ -97,9 +99,11 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecovered(ZLRecoveredDocu
     const QString path = isUntitled ? recovered.file->path() : journal.filePath;
     if (ZLChapterDocument* open = isUntitled ? nullptr : documentAtPath(path))
         return open;
-    const auto bytes = readFile(path);
-    const bool isSuperseded = bytes && !bytes.value().isEmpty()
-        && (!journal.belongsTo(bytes.value()) || (!isUntitled && journal.isWhollyIn(bytes.value())));
+    const ZLFoundFile found = ZLBoundedFile::find(path, ZLFileBound::Document);
+    // A file that is too large to be read is another program's as well.
+    const bool isSuperseded = found.finding == ZLFileFinding::TooLarge
+        || (!found.bytes.isEmpty()
+            && (!journal.belongsTo(found.bytes) || (!isUntitled && journal.isWhollyIn(found.bytes))));
     if (isSuperseded) {
         std::optional<Entry> aside = makeEntrySetAside(recovered);
         // A titled document is read past its journal, which can wait until there is room for what is set aside.
@@ -117,8 +121,8 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecovered(ZLRecoveredDocu
     document->setInterruptedRecording(journal.interruption);
     if (!isUntitled)
         document->setDisplayName(QFileInfo(path).fileName());
-    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, std::move(recovered.file),
-        journal.filePath, bytes ? bytes.value() : QByteArray());
+    auto saver = std::make_unique<ZLDocumentSaver>(
+        *document, m_recoveryFolder, m_machinery, std::move(recovered.file), journal.filePath, found.bytes);
     return isUntitled ? adopt({ std::move(document), std::move(saver) })
                       : adoptOpened({ std::move(document), std::move(saver) }, path);
 }

@@ -2,16 +2,18 @@
 
 #include "app/ZLChapterListing.h"
 #include "app/ZLErrorLines.h"
+#include "app/ZLExportOutput.h"
 #include "app/ZLWriteCommand.h"
 #include "delivery/ZLMediaImport.h"
+#include "document/saving/ZLWriteProtection.h"
 #include "export/ZLSessionCopy.h"
 #include "export/formats/ZLExportAdvice.h"
 #include "model/ZLChapterManager.h"
-#include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
+#include "platform/ZLFileIdentity.h"
 #include "platform/media/file/ZLMediaFile.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +28,7 @@ ZLResult<ZLDocumentContents> readDocument(const QString& path)
 {
     if (ZLMediaFile::isMediaFile(path))
         return ZLMediaImport::read(path);
-    const auto bytes = ZLAtomicFile::read(path);
+    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
     if (!bytes)
         return bytes.error();
     auto contents = ZLDocumentFile::decode(bytes.value());
@@ -46,12 +48,6 @@ ZLChapterSequence chaptersAsStored(const QVariantList& dictionaries)
     manager.setWantsSortedChapters(false);
     manager.loadChapters(dictionaries);
     return manager.allChapters();
-}
-
-bool isSameFile(const QString& left, const QString& right)
-{
-    const QString path = QFileInfo(left).canonicalFilePath();
-    return !path.isEmpty() && path == QFileInfo(right).canonicalFilePath();
 }
 
 }
@@ -104,6 +100,10 @@ int ZLFileCommands::exportFile(const ZLCommandLine& commandLine)
     const auto exporterClass = exporterClassFor(commandLine);
     if (!exporterClass)
         return refuseUsage(exporterClass.error());
+    const bool needsFile = exporterClass.value().format().dialogKind == ZLExportDialogKind::Open;
+    if (needsFile && ZLExportOutput(commandLine.outputPath).isStandardOutput())
+        return refuseUsage({ FileCommandTexts::tr("\"%1\" rewrites a session, so --output needs its file.")
+                                 .arg(exporterClass.value().format().name) });
     const ZLStatus status = writeExport(exporterClass.value(), commandLine);
     return status ? ZLExitStatus::Done : fail(ZLExitStatus::Failed, status.error().message);
 }
@@ -128,21 +128,19 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
 {
     const QString& source = commandLine.files.constFirst();
     const QString& target = commandLine.outputPath;
+    const ZLExportOutput output(target);
     const auto contents = readDocument(source);
     if (!contents)
         return contents.error();
     // The chapters cannot be read back from an export, so it must not take the document's place.
-    if (isSameFile(source, target))
+    if (ZLFileIdentity::of(source) == ZLFileIdentity::of(target))
         return ZLError { FileCommandTexts::tr("%1: the export would replace the document itself.").arg(target) };
     ZLExportInput input { .chapters = sortedChapters(contents.value().chapters),
         .duration = contents.value().duration,
         .option = commandLine.exportOption,
-        .fileBaseName = ZLExporter::fileBaseName(target) };
+        .fileBaseName = ZLExporter::fileBaseName(output.isStandardOutput() ? source : target) };
     if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
-        // A pipe would keep the reading waiting.
-        if (const QFileInfo file(target); file.exists() && !file.isFile())
-            return ZLError { FileCommandTexts::tr("%1: this is no ordinary file.").arg(target) };
-        auto existing = ZLAtomicFile::read(target);
+        auto existing = ZLBoundedFile::read(target, ZLFileBound::Document);
         if (!existing)
             return existing.error();
         input.existingBytes = std::move(existing).value();
@@ -152,10 +150,12 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
         return ZLError { u"%1: %2"_s.arg(target, bytes.error().message) };
     advise(ZLExportAdvice::lines(exporterClass.format().name, input));
     if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
+        if (const ZLStatus allowed = ZLWriteProtection::check(target); !allowed)
+            return allowed;
         if (const ZLStatus kept = ZLSessionCopy::keep(target, input.existingBytes); !kept)
             return kept;
     }
-    return ZLAtomicFile::write(target, bytes.value());
+    return output.write(bytes.value());
 }
 
 int ZLFileCommands::showFile(const ZLCommandLine& commandLine)

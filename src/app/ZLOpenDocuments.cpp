@@ -1,6 +1,7 @@
 #include "app/ZLOpenDocuments.h"
 
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -34,7 +35,7 @@ QByteArray sessionToJson(const QList<ZLOpenDocumentEntry>& entries)
 
 void writeSession(const QString& path, const QByteArray& json)
 {
-    if (const ZLStatus written = ZLAtomicFile::write(path, json); !written)
+    if (const ZLStatus written = ZLAtomicFile::writeForOwner(path, json); !written)
         qCWarning(openDocumentsLog) << "cannot remember the open documents:" << written.error().message;
 }
 
@@ -57,7 +58,7 @@ ZLOpenDocuments::ZLOpenDocuments(const QString& stateFolder, Executor executor)
 
 QList<ZLOpenDocumentEntry> ZLOpenDocuments::load() const
 {
-    const auto json = ZLAtomicFile::read(m_path);
+    const auto json = ZLBoundedFile::read(m_path, ZLFileBound::List, ZLFileLinks::Refuse);
     if (!isOwner() || !json)
         return {};
     QList<ZLOpenDocumentEntry> entries;

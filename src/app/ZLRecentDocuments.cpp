@@ -1,6 +1,7 @@
 #include "app/ZLRecentDocuments.h"
 
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -47,7 +48,7 @@ void ZLRecentDocuments::clear()
 QStringList ZLRecentDocuments::storedPaths() const
 {
     QStringList paths;
-    if (const auto json = ZLAtomicFile::read(m_path)) {
+    if (const auto json = ZLBoundedFile::read(m_path, ZLFileBound::List, ZLFileLinks::Refuse)) {
         const QJsonArray stored = QJsonDocument::fromJson(json.value()).array();
         for (const auto& path : stored)
             paths.append(path.toString());
@@ -60,7 +61,7 @@ void ZLRecentDocuments::store(const QStringList& paths)
 {
     QDir().mkpath(m_stateFolder);
     const QByteArray json = QJsonDocument(QJsonArray::fromStringList(paths)).toJson();
-    if (const ZLStatus written = ZLAtomicFile::write(m_path, json); !written)
+    if (const ZLStatus written = ZLAtomicFile::writeForOwner(m_path, json); !written)
         qCWarning(recentDocumentsLog) << "cannot remember recent documents:" << written.error().message;
     Q_EMIT didChange();
 }

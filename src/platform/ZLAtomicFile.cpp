@@ -1,5 +1,7 @@
 #include "platform/ZLAtomicFile.h"
 
+#include "platform/ZLBoundedFile.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -19,6 +21,8 @@
 #include <utility>
 
 namespace {
+
+constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;
 
 ZLError fileFailure(const QString& path, const QString& reason)
 {
@@ -174,6 +178,11 @@ ZLStatus statusOf(int error)
     return error == 0 ? ZLStatus(ZLDone {}) : ZLStatus(ZLError { qt_error_string(error) });
 }
 
+std::function<ZLStatus(int)> fillWith(const QByteArray& bytes)
+{
+    return [bytes](int descriptor) { return statusOf(writeAll(descriptor, bytes)); };
+}
+
 /// What has to hold before anything is written; tells the permissions of the new file.
 ZLStatus prepareReplacing(const QByteArray& path, qint64 size, std::optional<struct stat>& old)
 {
@@ -200,13 +209,20 @@ ZLStatus finishReplacing(
     return statusOf(file.takePlaceOf(path));
 }
 
+/// A name that nobody has, in the same folder. It is short, since the name of the file may be as long as names can be.
+QByteArray temporaryPathBeside(const QByteArray& path)
+{
+    const QByteArray folder = path.first(path.lastIndexOf('/') + 1);
+    return folder + ".zelta-" + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
+}
+
 ZLStatus replaceFile(const QByteArray& path, const ZLFileReplacement& replacement, NewFile::Name name)
 {
     std::optional<struct stat> old;
     if (const ZLStatus ready = prepareReplacing(path, replacement.size, old); !ready)
         return ready;
-    NewFile file(path + '.' + QByteArray::number(QRandomGenerator::system()->generate64(), 36));
-    if (const int error = file.create(name, old ? S_IRUSR | S_IWUSR : mode_t(0666)); error != 0)
+    NewFile file(temporaryPathBeside(path));
+    if (const int error = file.create(name, old ? ownerOnly : mode_t(0666)); error != 0)
         return statusOf(error);
     return finishReplacing(path, old, file, replacement);
 }
@@ -226,8 +242,9 @@ void syncFolderOf(const QString& path)
 ZLStatus replaceAt(const QString& path, const ZLFileReplacement& replacement, NewFile::Name name)
 {
     // A device or a pipe would be replaced by an ordinary file, /dev/null for everyone on the machine.
-    if (const QFileInfo file(path); file.exists() && !file.isFile())
-        return fileFailure(path, QCoreApplication::translate("ZLAtomicFile", "This is no ordinary file."));
+    struct stat old { };
+    if (stat(QFile::encodeName(path).constData(), &old) == 0 && !S_ISREG(old.st_mode))
+        return fileFailure(path, ZLBoundedFile::whyNoOrdinaryFile(old.st_mode));
     const QString target = QFileInfo(targetOfPath(path)).absoluteFilePath();
     if (const ZLStatus replaced = replaceFile(QFile::encodeName(target), replacement, name); !replaced)
         return fileFailure(path, replaced.error().message);
@@ -239,10 +256,7 @@ ZLStatus replaceAt(const QString& path, const ZLFileReplacement& replacement, Ne
 
 ZLStatus ZLAtomicFile::write(const QString& path, const QByteArray& bytes)
 {
-    const ZLFileReplacement replacement { .fill = [&](int descriptor) {
-        return statusOf(writeAll(descriptor, bytes));
-    } };
-    return replaceAt(path, replacement, NewFile::Name::AtOnce);
+    return replaceAt(path, { .fill = fillWith(bytes) }, NewFile::Name::AtOnce);
 }
 
 ZLStatus ZLAtomicFile::replace(const QString& path, const ZLFileReplacement& replacement)
@@ -259,13 +273,16 @@ bool ZLAtomicFile::isReadOnly(const QString& path)
         && (access(file.constData(), W_OK) != 0 || access(folder.constData(), W_OK) != 0);
 }
 
-ZLResult<QByteArray> ZLAtomicFile::read(const QString& path)
+ZLStatus ZLAtomicFile::writeForOwner(const QString& path, const QByteArray& bytes)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fileFailure(path, file.errorString());
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return fileFailure(path, file.errorString());
-    return bytes;
+    const QByteArray target = QFile::encodeName(path);
+    const ZLFileReplacement replacement { .fill = fillWith(bytes) };
+    NewFile file(temporaryPathBeside(target));
+    const int error = file.create(NewFile::Name::AtOnce, ownerOnly);
+    const ZLStatus written =
+        error == 0 ? finishReplacing(target, std::nullopt, file, replacement) : statusOf(error);
+    if (!written)
+        return fileFailure(path, written.error().message);
+    syncFolderOf(path);
+    return ZLDone {};
 }

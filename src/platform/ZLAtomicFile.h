@@ -32,7 +32,8 @@ namespace ZLAtomicFile {
 /// Whether there is a file at `path` that write() may not replace, by its rights, its folder's or the disk's.
 [[nodiscard]] bool isReadOnly(const QString& path);
 
-/// The whole contents of the file at `path`.
-[[nodiscard]] ZLResult<QByteArray> read(const QString& path);
+/// The same for a file of the program's own: from its first byte it is for its user alone, and it takes the place of
+/// whatever stands there, also of a link.
+[[nodiscard]] ZLStatus writeForOwner(const QString& path, const QByteArray& bytes);
 
 }

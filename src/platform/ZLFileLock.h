@@ -12,10 +12,16 @@
 class ZLFileLock {
 public:
     /// The lock on `path`, whose file is made when it is missing and removed when the lock is given up. A null pointer
-    /// when somebody else holds it; an error when the file cannot be made.
+    /// when somebody else holds it; an error when the file cannot be made, and when something else stands there: a
+    /// link, a pipe, a device or a folder.
     [[nodiscard]] static ZLResult<std::unique_ptr<ZLFileLock>> tryLock(const QString& path);
+    /// Whether somebody holds the lock on `path` at this moment. Makes no file.
+    [[nodiscard]] static bool isHeld(const QString& path);
     ~ZLFileLock();
     Q_DISABLE_COPY_MOVE(ZLFileLock)
+
+    /// Puts `bytes` into the file, for others to read. That it fails is no matter for the lock.
+    void write(const QByteArray& bytes) const;
 
 private:
     ZLFileLock(const QByteArray& nativePath, int descriptor)

@@ -2,7 +2,7 @@
 
 #include "app/ZLActionRouting.h"
 #include "export/ZLExporter.h"
-#include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 #include "remote/ZLRecordingHotKeyCenter.h"
 #include "settings/ZLSettingsManager.h"
 #include "support/ZLChapterBuilders.h"
@@ -104,10 +104,10 @@ TEST_F(ZLApplicationTest, EverythingIsSavedWhenTheSystemShutsDown)
     const auto document = application.documentController().openDocument(path, ZLMissingFile::Create);
     ASSERT_TRUE(document);
     document.value()->recordButtonPressed();
-    const QByteArray before = ZLAtomicFile::read(path).value();
+    const QByteArray before = ZLBoundedFile::read(path, ZLFileBound::Document).value();
     document.value()->addChapterButtonPressed();
     Q_EMIT system->systemWillShutDown();
-    EXPECT_NE(ZLAtomicFile::read(path).value(), before);
+    EXPECT_NE(ZLBoundedFile::read(path, ZLFileBound::Document).value(), before);
     EXPECT_EQ(application.documentController().saverOf(document.value())->state(), ZLSavingState::Saved);
 }
 

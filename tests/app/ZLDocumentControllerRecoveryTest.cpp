@@ -1,5 +1,7 @@
 #include "app/ZLDocumentControllerFixture.h"
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 class ZLDocumentControllerRecoveryTest : public ZLDocumentControllerFixture { };
@@ -184,4 +186,48 @@ TEST_F(ZLDocumentControllerRecoveryTest, AJournalThatIsNoneStandsInNobodysWay)
     EXPECT_EQ(controller->restoreSession(), QStringList());
     EXPECT_EQ(openDocuments(), QStringList { u"Untitled:"_s });
     EXPECT_TRUE(QFile::exists(journal + u".unreadable"_s));
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AJournalThatIsTooLargeStandsInNobodysWay)
+{
+    const QString path = storedFile("show.zelta");
+    ASSERT_TRUE(ZLRecoveryFolder(filePath("state/recovery")).prepare());
+    QFile journal(filePath("state/recovery/a.zelta.journal"));
+    ASSERT_TRUE(journal.open(QIODevice::WriteOnly) && journal.resize(qint64(1000) * 1000 * 1000 * 1000));
+    EXPECT_EQ(controller->restoreSession(), QStringList());
+    EXPECT_TRUE(QFile::exists(journal.fileName() + u".unreadable"_s));
+    EXPECT_EQ(open(path)->chapterManager().count(), 1);
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AFileThatWasReplacedByAHugeOneIsLeftAloneAndWhatIsNewerIsBackBesideIt)
+{
+    const QString path = storedFile("show.zelta");
+    addChapter(*open(path), "Marked live");
+    start();
+    constexpr qint64 hugeSize = qint64(1000) * 1000 * 1000 * 1000;
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(hugeSize));
+    EXPECT_EQ(controller->restoreSession(), QStringList { path + u": The file is larger than 512 MiB."_s });
+    EXPECT_EQ(openDocuments(), QStringList { u"show.zelta (recovered):Stored"_s });
+    EXPECT_EQ(controller->documents().first()->chapterManager().count(), 2);
+    EXPECT_EQ(controller->saveAllNow(), QStringList());
+    EXPECT_EQ(QFileInfo(path).size(), hugeSize);
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, ListsThatAreTooLargeOrPipesAreNoLists)
+{
+    controller.reset();
+    QFile session(filePath("state/session.json"));
+    ASSERT_TRUE(session.open(QIODevice::WriteOnly) && session.resize(qint64(1000) * 1000 * 1000 * 1000));
+    const QString recent = filePath("state/recent.json");
+    ASSERT_EQ(mkfifo(QFile::encodeName(recent).constData(), 0600), 0);
+    start();
+    EXPECT_EQ(controller->restoreSession(), QStringList());
+    EXPECT_EQ(controller->recentDocuments().paths(), QStringList());
+    const QString path = storedFile("show.zelta");
+    open(path);
+    EXPECT_EQ(controller->recentDocuments().paths(), QStringList { path }) << "a new list takes their place";
+    start();
+    EXPECT_EQ(controller->restoreSession(), QStringList());
+    EXPECT_EQ(openDocuments(), QStringList { u"show.zelta:Stored"_s });
 }

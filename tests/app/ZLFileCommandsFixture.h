@@ -4,6 +4,7 @@
 
 #include "export/formats/ZLRegisterExporters.h"
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -102,7 +103,7 @@ protected:
     QString at(const QString& name) const { return m_folder.filePath(name); }
     QByteArray contentsOf(const QString& path) const
     {
-        const auto bytes = ZLAtomicFile::read(path);
+        const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
         return bytes ? bytes.value() : "no file " + path.toUtf8();
     }
     QStringList filesInFolder() const

@@ -1,6 +1,11 @@
 #include "ZLFileCommandsFixture.h"
 
+#include "document/saving/ZLDocumentLock.h"
+
+#include <algorithm>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 class ZLFileCommandsTest : public ZLFileCommandsFixture { };
 
@@ -177,20 +182,51 @@ TEST_F(ZLFileCommandsTest, ExportFailsWithoutATrace)
     expectFailure(1, { u"export"_s, u"--format"_s, podlove, u"--output"_s, at(u"out.psc"_s), m_folder.path() });
 }
 
-TEST_F(ZLFileCommandsTest, ExportNeverReplacesTheDocumentOrAPipe)
+TEST_F(ZLFileCommandsTest, ExportNeverReplacesTheDocument)
 {
     store({ storedChapter(1, u"A"_s) });
     const QByteArray before = contentsOf(m_file);
     ASSERT_TRUE(QFile::link(m_file, at(u"link.psc"_s)));
-    const QByteArray pipe = QFile::encodeName(at(u"pipe"_s));
-    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    const QByteArray hardLink = QFile::encodeName(at(u"hard.psc"_s));
+    ASSERT_EQ(link(QFile::encodeName(m_file).constData(), hardLink.constData()), 0);
 
     expectFailure(1, exportTo(m_file, u"Podlove Simple Chapters"_s));
     expectFailure(1, exportTo(at(u"link.psc"_s), u"Podlove Simple Chapters"_s));
-    expectFailure(1, exportTo(at(u"pipe"_s), u"Podlove Simple Chapters"_s));
+    expectFailure(1, exportTo(at(u"hard.psc"_s), u"Podlove Simple Chapters"_s));
 
     EXPECT_EQ(contentsOf(m_file), before);
+}
+
+TEST_F(ZLFileCommandsTest, ExportReplacesNoDocumentThatIsOpen)
+{
+    store({ storedChapter(1, u"A"_s) });
+    const QString open = at(u"open.zelta"_s);
+    ASSERT_TRUE(ZLAtomicFile::write(open, "open").isOk());
+    const ZLDocumentLock lock(open);
+    expectFailure(1, exportTo(open, u"Podlove Simple Chapters"_s));
+    EXPECT_EQ(m_err, u"zelta: "_s + open + u": Zelta itself uses this file, so nothing else is written over it.\n"_s);
+    EXPECT_EQ(contentsOf(open), "open");
+}
+
+TEST_F(ZLFileCommandsTest, ExportWritesIntoAPipeAndLeavesItOne)
+{
+    store({ storedChapter(1, u"A"_s) });
+    const QByteArray pipe = QFile::encodeName(at(u"pipe"_s));
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    const int reader = ::open(pipe.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    EXPECT_EQ(run(exportTo(at(u"pipe"_s), u"Markdown"_s)), 0);
+    QByteArray bytes(100, '\0');
+    bytes.truncate(std::max<ssize_t>(read(reader, bytes.data(), size_t(bytes.size())), 0));
+    close(reader);
+    EXPECT_EQ(bytes, u"*   00:00:01 – A\n"_s.toUtf8());
     EXPECT_FALSE(QFileInfo(at(u"pipe"_s)).isFile());
+}
+
+TEST_F(ZLFileCommandsTest, ASessionIsNotRewrittenOnTheStandardOutput)
+{
+    store({ storedChapter(1, u"A"_s) });
+    expectFailure(2, exportTo(u"-"_s, u"Hindenburg"_s));
+    expectFailure(2, exportTo(u"/dev/stdout"_s, u"In place"_s));
 }
 
 TEST_F(ZLFileCommandsTest, TellsWhenTheOutputCannotBeWritten)

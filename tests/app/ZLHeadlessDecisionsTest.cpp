@@ -1,4 +1,5 @@
 #include "app/ZLHeadlessRecorderFixture.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -38,7 +39,7 @@ protected:
 
     static QStringList titlesIn(const QString& file)
     {
-        const auto bytes = ZLAtomicFile::read(file);
+        const auto bytes = ZLBoundedFile::read(file, ZLFileBound::Document);
         ZLChapterDocument document({});
         EXPECT_TRUE(bytes && document.readFromData(bytes.value())) << qPrintable(file);
         return titlesOf(document);

@@ -1,4 +1,5 @@
 #include "app/ZLHeadlessRecorderFixture.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -252,7 +253,7 @@ protected:
 
     ZLDocumentContents contentsOf(const QString& file) const
     {
-        const auto bytes = ZLAtomicFile::read(file);
+        const auto bytes = ZLBoundedFile::read(file, ZLFileBound::Document);
         const auto decoded = ZLDocumentFile::decode(bytes ? bytes.value() : QByteArray());
         EXPECT_TRUE(decoded) << qPrintable(file);
         return decoded ? decoded.value() : ZLDocumentContents {};

@@ -1,7 +1,7 @@
 // Every format against files that are kept: one folder a case below tests/data/export/<format>/, with the document, the
 // expected file and, for a format that rewrites a file, the file before.
 #include "export/ZLExportCase.h"
-#include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QDir>
 #include <QMap>
@@ -59,7 +59,7 @@ std::vector<ZLGoldenCase> allGoldenCases()
 
 QByteArray goldenFile(const QString& path)
 {
-    const auto bytes = ZLAtomicFile::read(path);
+    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
     EXPECT_TRUE(bytes.isOk()) << qPrintable(bytes.error().message);
     return bytes ? bytes.value() : QByteArray();
 }

@@ -1,4 +1,5 @@
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,7 +18,7 @@ protected:
     [[nodiscard]] QString path(const QString& name = u"show.zelta"_s) const { return m_folder.filePath(name); }
     [[nodiscard]] QByteArray contents(const QString& name = u"show.zelta"_s) const
     {
-        return ZLAtomicFile::read(path(name)).value();
+        return ZLBoundedFile::read(path(name), ZLFileBound::Document).value();
     }
     [[nodiscard]] QStringList names() const
     {
@@ -106,7 +107,7 @@ TEST_F(ZLAtomicFileTest, AFailureNamesTheFile)
     const auto status = ZLAtomicFile::write(missing, "x");
     ASSERT_FALSE(status.isOk());
     EXPECT_TRUE(status.error().message.contains(missing)) << qPrintable(status.error().message);
-    const auto bytes = ZLAtomicFile::read(path());
+    const auto bytes = ZLBoundedFile::read(path(), ZLFileBound::Document);
     ASSERT_FALSE(bytes.isOk());
     EXPECT_TRUE(bytes.error().message.contains(path())) << qPrintable(bytes.error().message);
 }
@@ -115,7 +116,7 @@ TEST_F(ZLAtomicFileTest, AFolderIsNeitherReadNorReplaced)
 {
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder"_s));
     EXPECT_FALSE(ZLAtomicFile::write(path(u"folder"_s), "x"));
-    EXPECT_FALSE(ZLAtomicFile::read(path(u"folder"_s)));
+    EXPECT_FALSE(ZLBoundedFile::read(path(u"folder"_s), ZLFileBound::Document));
     EXPECT_TRUE(QFileInfo(path(u"folder"_s)).isDir());
     EXPECT_EQ(names(), QStringList({ u"folder"_s }));
 }

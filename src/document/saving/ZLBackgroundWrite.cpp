@@ -1,9 +1,31 @@
 #include "document/saving/ZLBackgroundWrite.h"
 
-#include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QCoreApplication>
 #include <QFile>
+
+namespace {
+
+/// Whether the file holds what it held last, or is gone. What cannot be read might be another program's.
+bool mayBeReplaced(const ZLFoundFile& found, const ZLWriteOrder& order)
+{
+    return found.finding == ZLFileFinding::Missing
+        || (found.finding == ZLFileFinding::Read && ZLJournalRecords::digestOf(found.bytes) == order.expectedDigest);
+}
+
+/// A file that may be written over if the user says so, as a pipe or a device may not.
+bool isOfAnotherProgram(const ZLFoundFile& found)
+{
+    return found.finding == ZLFileFinding::Read || found.finding == ZLFileFinding::TooLarge;
+}
+
+ZLError conflictError(const QString& path)
+{
+    return { QCoreApplication::translate("ZLBackgroundWrite", "%1: Another program changed the file.").arg(path) };
+}
+
+}
 
 void ZLBackgroundWrite::run(const std::function<void()>& didWrite)
 {
@@ -34,12 +56,10 @@ ZLWriteOutcome ZLBackgroundWrite::carryOut(const ZLWriteOrder& order, const ZLFi
 {
     ZLWriteOutcome outcome { .digest = ZLJournalRecords::digestOf(order.bytes) };
     if (!order.expectedDigest.isEmpty()) {
-        const auto found = ZLAtomicFile::read(order.path);
-        if (found && ZLJournalRecords::digestOf(found.value()) != order.expectedDigest) {
-            outcome.status =
-                ZLError { QCoreApplication::translate("ZLBackgroundWrite", "%1: Another program changed the file.")
-                              .arg(order.path) };
-            outcome.isConflict = true;
+        if (const ZLFoundFile found = ZLBoundedFile::find(order.path, ZLFileBound::Document);
+            !mayBeReplaced(found, order)) {
+            outcome.isConflict = isOfAnotherProgram(found);
+            outcome.status = outcome.isConflict ? conflictError(order.path) : found.error;
             return outcome;
         }
     }

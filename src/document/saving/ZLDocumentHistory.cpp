@@ -2,6 +2,7 @@
 
 #include "document/saving/ZLJournalRecord.h"
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,8 +26,6 @@ const QString historiesFolderName = QStringLiteral("states");
 const QString documentNoteName = QStringLiteral("document");
 const QString stateTimeFormat = QStringLiteral("yyyyMMdd-HHmmsszzz");
 constexpr qsizetype shortDigestLength = 16;
-/// Far above what a document of this program comes to.
-constexpr qint64 largestState = 256 * 1024 * 1024;
 
 QString shortDigest(QByteArrayView bytes)
 {
@@ -68,11 +67,14 @@ QList<ZLDocumentState> namedStates(const QString& folderPath)
     return states;
 }
 
+ZLResult<QByteArray> readState(const ZLDocumentState& state)
+{
+    return ZLBoundedFile::read(state.path, ZLFileBound::Document, ZLFileLinks::Refuse);
+}
+
 bool isWholeState(const ZLDocumentState& state)
 {
-    if (QFileInfo(state.path).size() > largestState)
-        return false;
-    const auto bytes = ZLAtomicFile::read(state.path);
+    const auto bytes = readState(state);
     return bytes && QFileInfo(state.path).completeBaseName().endsWith(u'-' + shortDigest(bytes.value()));
 }
 
@@ -107,14 +109,6 @@ ZLStatus prepareFolder(const QString& path)
     return ZLDone {};
 }
 
-ZLStatus writeForOwner(const QString& path, const QByteArray& bytes)
-{
-    const ZLStatus written = ZLAtomicFile::write(path, bytes);
-    if (written)
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
-    return written;
-}
-
 }
 
 ZLDocumentHistory::ZLDocumentHistory(const ZLRecoveryFolder& folder, const QString& name, const QString& documentPath)
@@ -145,7 +139,7 @@ QList<ZLDocumentState> ZLDocumentHistory::states() const
 
 ZLResult<ZLDocumentContents> ZLDocumentHistory::contentsOf(const ZLDocumentState& state)
 {
-    const auto bytes = ZLAtomicFile::read(state.path);
+    const auto bytes = readState(state);
     if (!bytes)
         return bytes.error();
     auto contents = ZLDocumentFile::decode(bytes.value());
@@ -169,8 +163,8 @@ ZLStateKeeping ZLDocumentHistory::keep(
         return ZLStateKeeping::NothingNew;
     ZLStatus written = prepare();
     if (written)
-        written =
-            writeForOwner(m_folderPath + u'/' + stateFileName(time, contents.value().chapters.size(), bytes), bytes);
+        written = ZLAtomicFile::writeForOwner(
+            m_folderPath + u'/' + stateFileName(time, contents.value().chapters.size(), bytes), bytes);
     if (!written) {
         qCWarning(historyLog) << "no former state kept:" << written.error().message;
         return ZLStateKeeping::Failed;
@@ -188,7 +182,8 @@ ZLStatus ZLDocumentHistory::prepare() const
     if (const ZLStatus prepared = prepareFolder(m_folderPath); !prepared)
         return prepared;
     const QString notePath = m_folderPath + u'/' + documentNoteName;
-    return QFile::exists(notePath) ? ZLStatus(ZLDone {}) : writeForOwner(notePath, m_documentPath.toUtf8());
+    return QFile::exists(notePath) ? ZLStatus(ZLDone {})
+                                   : ZLAtomicFile::writeForOwner(notePath, m_documentPath.toUtf8());
 }
 
 void ZLDocumentHistory::dropSuperfluous() const
@@ -227,7 +222,8 @@ void ZLDocumentHistory::removeForgotten(const ZLRecoveryFolder& folder, const QD
         // The document is looked for last: it may lie where looking takes long.
         if (newest.daysTo(now) <= DaysKept)
             continue;
-        const auto documentPath = ZLAtomicFile::read(entry.filePath() + u'/' + documentNoteName);
+        const auto documentPath =
+            ZLBoundedFile::read(entry.filePath() + u'/' + documentNoteName, ZLFileBound::List, ZLFileLinks::Refuse);
         if (!documentPath || !QFile::exists(QString::fromUtf8(documentPath.value())))
             QDir(entry.filePath()).removeRecursively();
     }

@@ -1,6 +1,9 @@
 #include "document/saving/ZLDocumentLock.h"
 
+#include "platform/ZLBoundedFile.h"
+
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QSysInfo>
@@ -9,14 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The lines of a lock file: machine, process. Whoever wrote it is not to be trusted with more than one line's space.
+/// The lines of a lock file: machine, process. A file that is too large for one is somebody else's, whose name it does
+/// not tell.
 QStringList linesOfLockFile(const QString& path)
 {
-    constexpr qint64 longestLockFile = 400;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(file.read(longestLockFile)).split(u'\n', Qt::SkipEmptyParts);
+    const ZLFoundFile found = ZLBoundedFile::find(path, ZLFileBound::Lock, ZLFileLinks::Refuse);
+    if (found.finding == ZLFileFinding::TooLarge)
+        return { QString() };
+    return QString::fromUtf8(found.bytes).split(u'\n', Qt::SkipEmptyParts);
 }
 
 QString describeHolder(const QStringList& lines)
@@ -26,16 +29,26 @@ QString describeHolder(const QStringList& lines)
     return QCoreApplication::translate("ZLDocumentLock", "%1, process %2").arg(lines.at(0), lines.at(1));
 }
 
-void writeHolder(const QString& path)
+/// A name as long as names can be leaves no room for more.
+QString lockNameFor(const QString& name)
 {
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        file.write(u"%1\n%2\n"_s.arg(QSysInfo::machineHostName()).arg(QCoreApplication::applicationPid()).toUtf8());
+    constexpr qsizetype longestName = 255;
+    const QString lockName = u".%1.lock"_s.arg(name);
+    if (QFile::encodeName(lockName).size() <= longestName)
+        return lockName;
+    const QByteArray digest = QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha256).toHex();
+    return u".%1.lock"_s.arg(QLatin1StringView(digest));
+}
+
+QByteArray thisHolder()
+{
+    return u"%1\n%2\n"_s.arg(QSysInfo::machineHostName()).arg(QCoreApplication::applicationPid()).toUtf8();
 }
 
 }
 
 ZLDocumentLock::ZLDocumentLock(const QString& documentPath)
+    : m_note(documentPath)
 {
     const QString path = lockPath(documentPath);
     const QStringList lines = linesOfLockFile(path);
@@ -49,7 +62,7 @@ ZLDocumentLock::ZLDocumentLock(const QString& documentPath)
         return;
     m_lock = std::move(lock).value();
     if (m_lock)
-        writeHolder(path);
+        m_lock->write(thisHolder());
     else
         m_otherHolder = describeHolder(lines);
 }
@@ -58,5 +71,5 @@ QString ZLDocumentLock::lockPath(const QString& documentPath)
 {
     const QFileInfo file(documentPath);
     const QFileInfo target(file.exists() ? file.canonicalFilePath() : documentPath);
-    return u"%1/.%2.lock"_s.arg(target.path(), target.fileName());
+    return u"%1/%2"_s.arg(target.path(), lockNameFor(target.fileName()));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/saving/ZLOpenFileNote.h"
 #include "platform/ZLFileLock.h"
 
 #include <QString>
@@ -17,9 +18,12 @@ public:
 
     /// "studio-2, process 1234"; empty when nobody else has the file open.
     [[nodiscard]] const QString& otherHolder() const { return m_otherHolder; }
+    /// That it is open here, with or without a lock file.
+    [[nodiscard]] const ZLOpenFileNote& note() const { return m_note; }
     [[nodiscard]] static QString lockPath(const QString& documentPath);
 
 private:
+    ZLOpenFileNote m_note;
     std::unique_ptr<ZLFileLock> m_lock;
     QString m_otherHolder;
 };

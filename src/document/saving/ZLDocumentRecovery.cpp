@@ -1,7 +1,7 @@
 #include "document/saving/ZLDocumentRecovery.h"
 
 #include "document/saving/ZLJournalRecord.h"
-#include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QFile>
 #include <QLoggingCategory>
@@ -16,10 +16,8 @@ Q_LOGGING_CATEGORY(recoveryLog, "zelta.document.recovery", QtInfoMsg)
 QString pathInJournal(const QString& journalPath)
 {
     constexpr qint64 longestBeginning = 64 * 1024;
-    QFile file(journalPath);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const auto decoded = ZLJournalRecords::decoded(file.read(longestBeginning));
+    const ZLFoundFile found = ZLBoundedFile::findBeginning(journalPath, longestBeginning, ZLFileLinks::Refuse);
+    const auto decoded = ZLJournalRecords::decoded(found.bytes);
     if (decoded.records.isEmpty() || decoded.records.first().kind != ZLJournalRecord::Kind::Origin)
         return {};
     return QString::fromUtf8(decoded.records.first().payload);
@@ -29,10 +27,11 @@ QString pathInJournal(const QString& journalPath)
 
 std::optional<ZLRecoveredDocument> ZLDocumentRecovery::read(std::unique_ptr<ZLRecoveryFile>& file)
 {
-    const auto bytes = ZLAtomicFile::read(file->journalPath());
-    if (!bytes)
+    const ZLFoundFile found = ZLBoundedFile::find(file->journalPath(), ZLFileBound::Document, ZLFileLinks::Refuse);
+    if (found.finding == ZLFileFinding::Missing || found.finding == ZLFileFinding::Unreadable)
         return std::nullopt;
-    auto journal = ZLJournalReader::read(bytes.value());
+    auto journal = found.finding == ZLFileFinding::Read ? ZLJournalReader::read(found.bytes)
+                                                        : ZLResult<ZLJournaledDocument>(found.error);
     if (!journal) {
         qCWarning(recoveryLog) << file->journalPath() << journal.error().message;
         QFile::rename(file->journalPath(), file->journalPath() + u".unreadable"_s);

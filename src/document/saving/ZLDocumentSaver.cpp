@@ -2,6 +2,7 @@
 
 #include "document/saving/ZLNewIdentifiers.h"
 #include "platform/ZLFileExtension.h"
+#include "document/saving/ZLWriteProtection.h"
 
 #include <QDir>
 #include <QFile>
@@ -147,6 +148,8 @@ ZLStatus ZLDocumentSaver::saveAs(const QString& path)
 {
     settleBackgroundWrite();
     const ZLWriteOrder order { .path = pathWithExtension(path), .bytes = currentBytes(), .revision = m_revision };
+    if (const ZLStatus allowed = ZLWriteProtection::check(order.path, m_lock ? &m_lock->note() : nullptr); !allowed)
+        return allowed;
     const ZLWriteOutcome written = ZLBackgroundWrite::carryOut(order, m_machinery.writeFile);
     if (!written) {
         if (m_revision != m_savedRevision && !plannedDelay())

@@ -1,5 +1,7 @@
 #include "document/saving/ZLDocumentSaver.h"
 
+#include "platform/ZLBoundedFile.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -48,7 +50,7 @@ ZLStatus ZLDocumentSaver::keepMine()
     if (m_state != ZLSavingState::Conflict)
         return ZLDone {};
     // Once: what comes there after this moment is again nobody's to overwrite.
-    const auto theirs = ZLAtomicFile::read(m_path);
+    const auto theirs = ZLBoundedFile::read(m_path, ZLFileBound::Document);
     m_fileDigest = theirs ? ZLJournalRecords::digestOf(theirs.value()) : QByteArray();
     // What is overwritten on purpose is a state to go back to all the same.
     m_bytesOnDisk = theirs ? theirs.value() : QByteArray();
@@ -62,7 +64,7 @@ ZLStatus ZLDocumentSaver::takeTheirs()
 {
     if (m_state != ZLSavingState::Conflict)
         return ZLDone {};
-    const auto theirs = ZLAtomicFile::read(m_path);
+    const auto theirs = ZLBoundedFile::read(m_path, ZLFileBound::Document);
     if (!theirs)
         return theirs.error();
     const auto contents = ZLDocumentFile::decode(theirs.value());

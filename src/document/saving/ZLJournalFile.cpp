@@ -227,7 +227,8 @@ void ZLJournalFile::performAppend(const ZLJournalRecord& record)
 
 ZLJournalFile::DescriptorPointer ZLJournalFile::makeSuccessor(const QList<ZLJournalRecord>& records)
 {
-    const int number = open(successorPath().constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    const int number =
+        open(successorPath().constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
     if (number < 0) {
         noteFailure(errno);
         return nullptr;

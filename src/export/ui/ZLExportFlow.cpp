@@ -3,9 +3,11 @@
 #include "document/ZLChapterDocument.h"
 #include "document/ui/ZLSaveFileDialog.h"
 #include "export/ZLSessionCopy.h"
+#include "document/saving/ZLWriteProtection.h"
 #include "export/formats/ZLExportAdvice.h"
 #include "export/ui/ZLExportAdviceView.h"
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QCheckBox>
 #include <QDesktopServices>
@@ -122,12 +124,16 @@ void ZLExportFlow::dialogDidFinish(int result)
 
 void ZLExportFlow::exportTo(const QString& path)
 {
+    if (const ZLStatus allowed = ZLWriteProtection::check(path); !allowed) {
+        Q_EMIT exportDidFail(allowed.error().message);
+        return;
+    }
     const ZLExportFormat& format = m_exporterClass.format();
     const auto exporter = m_exporterClass.create();
     ZLExportInput input = inputFor(path);
     ZLResult<QByteArray> existing = QByteArray();
     if (format.dialogKind == ZLExportDialogKind::Open)
-        existing = ZLAtomicFile::read(path);
+        existing = ZLBoundedFile::read(path, ZLFileBound::Document);
     if (existing)
         input.existingBytes = std::move(existing).value();
     if (const auto alert = exporter->alertFor(input)) {

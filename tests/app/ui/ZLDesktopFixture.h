@@ -5,6 +5,7 @@
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
+#include "platform/ZLBoundedFile.h"
 #include "support/ZLChapterBuilders.h"
 #include "support/ZLFakeHostClock.h"
 #include "support/ZLTemporarySettings.h"
@@ -82,7 +83,7 @@ protected:
     QStringList titlesInFile(const QString& path)
     {
         ZLChapterDocument document(setup().environment);
-        const auto bytes = ZLAtomicFile::read(path);
+        const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
         EXPECT_TRUE(bytes && document.readFromData(bytes.value()));
         return titles(&document);
     }

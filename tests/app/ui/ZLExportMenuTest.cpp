@@ -54,7 +54,7 @@ protected:
     void exportList(ZLChapterDocument* document) { menuOf(document)->actions().first()->trigger(); }
     [[nodiscard]] QByteArray contentsOf(const QString& name) const
     {
-        const auto bytes = ZLAtomicFile::read(filePath(name));
+        const auto bytes = ZLBoundedFile::read(filePath(name), ZLFileBound::Document);
         return bytes ? bytes.value() : "no file";
     }
 };
@@ -122,6 +122,27 @@ TEST_F(ZLExportMenuTest, TheMessageComesInTheWindowThatWasExported)
     choose(dialog, filePath(u"mine.list"_s));
     EXPECT_EQ(passingMessage(first), u"Exported mine.list."_s);
     EXPECT_EQ(passingMessage(second), QString());
+}
+
+TEST_F(ZLExportMenuTest, AnExportReplacesNoOpenDocumentByWhateverPath)
+{
+    const QString path = storedFile(u"show.zelta"_s);
+    ZLChapterDocument* document = openFile(path);
+    makeCurrent(document);
+    ASSERT_TRUE(QFile::link(path, filePath(u"link.list"_s)));
+    ASSERT_TRUE(QDir().mkdir(filePath(u"folder"_s)));
+    for (const QString& target : { path, filePath(u"link.list"_s), filePath(u"folder/../show.zelta"_s) }) {
+        exportList(document);
+        QFileDialog* dialog = dialogOf(document);
+        dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->clearFocus();
+        dialog->setDirectory(QFileInfo(target).path());
+        dialog->selectFile(target);
+        Q_EMIT dialog->finished(QDialog::Accepted);
+        flush();
+        EXPECT_TRUE(barText(document).contains("Zelta itself uses this file"_L1)) << qPrintable(barText(document));
+        EXPECT_EQ(titlesInFile(path), QStringList { u"Stored"_s });
+        pressInBar(document, u"Dismiss"_s);
+    }
 }
 
 TEST_F(ZLExportMenuTest, AFailureIsToldInTheBar)

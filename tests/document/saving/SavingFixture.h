@@ -2,6 +2,7 @@
 
 #include "document/saving/ZLDocumentSaver.h"
 #include "document/saving/ZLJournalReader.h"
+#include "platform/ZLBoundedFile.h"
 #include "support/ZLTemporarySettings.h"
 
 #include <QCoreApplication>
@@ -83,7 +84,7 @@ protected:
     /// Titles in the file at `path`; a single "?" for one that is no document.
     static QStringList titlesIn(const QString& path)
     {
-        const auto bytes = ZLAtomicFile::read(path);
+        const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
         const auto contents = ZLDocumentFile::decode(bytes ? bytes.value() : QByteArray());
         if (!contents)
             return { QStringLiteral("?") };
@@ -98,7 +99,7 @@ protected:
     {
         const QStringList files = recoveryFolder.journaledFiles();
         EXPECT_EQ(files.size(), 1);
-        const auto bytes = ZLAtomicFile::read(files.value(0) + ZLRecoveryFile::JournalSuffix);
+        const auto bytes = ZLBoundedFile::read(files.value(0) + ZLRecoveryFile::JournalSuffix, ZLFileBound::Document);
         const auto read = ZLJournalReader::read(bytes ? bytes.value() : QByteArray());
         EXPECT_TRUE(read) << qPrintable(read.error().message);
         return read ? read.value() : ZLJournaledDocument();
@@ -115,7 +116,7 @@ protected:
 
     static double durationIn(const QString& path)
     {
-        const auto bytes = ZLAtomicFile::read(path);
+        const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
         const auto contents = ZLDocumentFile::decode(bytes ? bytes.value() : QByteArray());
         return contents ? contents.value().duration : -1.0;
     }

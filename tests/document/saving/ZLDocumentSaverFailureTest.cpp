@@ -82,7 +82,7 @@ TEST_F(ZLDocumentSaverFailureTest, AFullDiskLeavesTheOldFileWhole)
     const QString path = filePath("show.zelta");
     addChapter("Old");
     const auto saver = titledSaver(path);
-    const auto before = ZLAtomicFile::read(path);
+    const auto before = ZLBoundedFile::read(path, ZLFileBound::Document);
     ASSERT_TRUE(before);
     for (int index = 0; index < 100; ++index)
         addChapter("A title that needs room");
@@ -94,7 +94,7 @@ TEST_F(ZLDocumentSaverFailureTest, AFullDiskLeavesTheOldFileWhole)
     ASSERT_FALSE(saved);
     EXPECT_TRUE(saved.error().message.startsWith(path)) << qPrintable(saved.error().message);
     EXPECT_EQ(saver->state(), ZLSavingState::Failed);
-    const auto after = ZLAtomicFile::read(path);
+    const auto after = ZLBoundedFile::read(path, ZLFileBound::Document);
     ASSERT_TRUE(after);
     EXPECT_EQ(after.value(), before.value());
     EXPECT_EQ(QDir(temporary.path()).entryList(QDir::Files), QStringList { u"show.zelta"_s }) << "nothing half-written";

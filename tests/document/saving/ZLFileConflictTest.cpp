@@ -121,7 +121,7 @@ TEST_F(ZLFileConflictTest, KeepBothGoesOnInANewFileBesideIt)
 TEST_F(ZLFileConflictTest, AFileWithTheSameBytesIsNoConflict)
 {
     const auto saver = titledSaver(path);
-    const auto bytes = ZLAtomicFile::read(path);
+    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
     ASSERT_TRUE(QFile::remove(path));
     ASSERT_TRUE(ZLAtomicFile::write(path, bytes.value()));
     addChapter("Mine");

@@ -21,7 +21,8 @@ protected:
 
     qsizetype recordCount() const
     {
-        const auto bytes = ZLAtomicFile::read(recoveryFolder.journaledFiles().value(0) + ZLRecoveryFile::JournalSuffix);
+        const auto bytes = ZLBoundedFile::read(
+            recoveryFolder.journaledFiles().value(0) + ZLRecoveryFile::JournalSuffix, ZLFileBound::Document);
         return bytes ? ZLJournalRecords::decoded(bytes.value()).records.size() : -1;
     }
 

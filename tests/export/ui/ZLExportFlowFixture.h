@@ -4,7 +4,7 @@
 
 #include "document/ZLChapterDocument.h"
 #include "export/ui/ZLExportAdviceView.h"
-#include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 #include "support/ZLFakeHostClock.h"
 
 #include <QApplication>
@@ -153,7 +153,7 @@ protected:
     QString at(const QString& name) const { return m_folder.filePath(name); }
     QByteArray contentsOf(const QString& name) const
     {
-        const auto bytes = ZLAtomicFile::read(at(name));
+        const auto bytes = ZLBoundedFile::read(at(name), ZLFileBound::Document);
         return bytes ? bytes.value() : "no file " + name.toUtf8();
     }
     QStringList filesInFolder() const

@@ -1,5 +1,7 @@
 #include "app/ZLErrorLines.h"
 
+#include "platform/ZLShownText.h"
+
 #include <QTextStream>
 
 #include <cstdio>
@@ -7,12 +9,7 @@
 QString ZLErrorLines::line(const QString& message)
 {
     // A file name may hold line breaks and worse, and still the reason is one line.
-    QString line = message;
-    for (QChar& character : line) {
-        if (character.category() == QChar::Other_Control)
-            character = u' ';
-    }
-    return QStringLiteral("zelta: ") + line + u'\n';
+    return QStringLiteral("zelta: ") + ZLShownText::asOneLine(message) + u'\n';
 }
 
 void ZLErrorLines::print(const QStringList& messages)

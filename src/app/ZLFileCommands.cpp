@@ -150,8 +150,10 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
         return ZLError { u"%1: %2"_s.arg(target, bytes.error().message) };
     advise(ZLExportAdvice::lines(exporterClass.format().name, input));
     if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
-        if (const ZLStatus allowed = ZLWriteProtection::check(target); !allowed)
-            return allowed;
+        for (const QString& path : { target, ZLSessionCopy::pathFor(target) }) {
+            if (const ZLStatus allowed = ZLWriteProtection::check(path); !allowed)
+                return allowed;
+        }
         if (const ZLStatus kept = ZLSessionCopy::keep(target, input.existingBytes); !kept)
             return kept;
     }

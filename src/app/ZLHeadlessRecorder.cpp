@@ -4,6 +4,7 @@
 #include "app/ZLChapterChanges.h"
 #include "app/ZLHeadlessSavingReports.h"
 #include "platform/ZLLineReader.h"
+#include "platform/ZLShownText.h"
 #include "platform/ZLSignalWatcher.h"
 #include "remote/ZLOSCController.h"
 
@@ -22,25 +23,15 @@ namespace {
 void writeLineTo(std::FILE* stream, const QString& line)
 {
     // What nobody can read any more is no reason to stop.
-    std::fprintf(stream, "%s\n", qUtf8Printable(line));
+    std::fprintf(stream, "%s\n", qUtf8Printable(ZLShownText::asOneLine(line)));
     std::fflush(stream);
-}
-
-/// A title as it fits into one line.
-QString titleForLine(QString title)
-{
-    for (QChar& character : title) {
-        if (character.category() == QChar::Other_Control)
-            character = u' ';
-    }
-    return title;
 }
 
 /// `chapter 3 at 00:01:05.300 "News"`
 QString describeChapter(qsizetype index, const ZLChapter& chapter)
 {
     return ZLHeadlessRecorder::tr("chapter %1 at %2 \"%3\"")
-        .arg(QString::number(index + 1), chapter.timeString(), titleForLine(chapter.title()));
+        .arg(QString::number(index + 1), chapter.timeString(), ZLShownText::asOneLine(chapter.title()));
 }
 
 }
@@ -132,7 +123,8 @@ void ZLHeadlessRecorder::handleLine(const QString& line)
     const auto& table = commands();
     const auto found = std::ranges::find(table, name, &Command::name);
     if (found == table.end()) {
-        m_streams.complain(tr("Unknown command \"%1\"; \"help\" lists the commands.").arg(titleForLine(name)));
+        m_streams.complain(
+            tr("Unknown command \"%1\"; \"help\" lists the commands.").arg(ZLShownText::asOneLine(name)));
         return;
     }
     m_hasPrinted = false;

@@ -1,5 +1,7 @@
 #include "app/ZLHeadlessSavingReports.h"
 
+#include "platform/ZLShownText.h"
+
 #include <utility>
 
 ZLHeadlessSavingReports::ZLHeadlessSavingReports(ZLDocumentController& controller, Complain complain, QObject* parent)
@@ -62,12 +64,11 @@ void ZLHeadlessSavingReports::reportFile(const ZLChapterDocument& document, cons
         m_complain(describeFailure(document, saver));
 }
 
-QString ZLHeadlessSavingReports::describeFailure(
-    const ZLChapterDocument& document, const ZLDocumentSaver& saver) const
+QString ZLHeadlessSavingReports::describeFailure(const ZLChapterDocument& document, const ZLDocumentSaver& saver) const
 {
     const QString failure = saver.failureText();
     if (saver.state() != ZLSavingState::Conflict)
-        return tr("Cannot save: %1. Trying again until it works.").arg(failure);
+        return tr("Cannot save: %1. Trying again until it works.").arg(ZLShownText::withoutFullStop(failure));
     if (&document != m_document)
         return tr("Cannot save: %1 Nothing is written there until you decide in a window.").arg(failure);
     return tr("Cannot save: %1 \"mine\" writes over it, \"theirs\" takes it over, \"both\" goes on in a new file.")
@@ -84,7 +85,7 @@ void ZLHeadlessSavingReports::reportRecovery()
     else
         m_complain(tr("The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying "
                       "again until it works.")
-                       .arg(failure));
+                       .arg(ZLShownText::withoutFullStop(failure)));
 }
 
 QString ZLHeadlessSavingReports::recoveryFailure() const

@@ -2,8 +2,8 @@
 
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLPrivateFolder.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -48,7 +48,8 @@ ZLOpenDocuments::ZLOpenDocuments(const QString& stateFolder, Executor executor)
     m_worker.setMaxThreadCount(1);
     if (!m_executor)
         m_executor = [this](std::function<void()> task) { m_worker.start(std::move(task)); };
-    QDir().mkpath(stateFolder);
+    if (const ZLStatus prepared = ZLPrivateFolder::prepare(stateFolder); !prepared)
+        qCWarning(openDocumentsLog) << prepared.error().message;
     auto lock = ZLFileLock::tryLock(m_path + u".lock"_s);
     if (lock)
         m_lock = std::move(lock).value();

@@ -2,8 +2,8 @@
 
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLPrivateFolder.h"
 
-#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -59,9 +59,11 @@ QStringList ZLRecentDocuments::storedPaths() const
 
 void ZLRecentDocuments::store(const QStringList& paths)
 {
-    QDir().mkpath(m_stateFolder);
     const QByteArray json = QJsonDocument(QJsonArray::fromStringList(paths)).toJson();
-    if (const ZLStatus written = ZLAtomicFile::writeForOwner(m_path, json); !written)
+    ZLStatus written = ZLPrivateFolder::prepare(m_stateFolder);
+    if (written)
+        written = ZLAtomicFile::writeForOwner(m_path, json);
+    if (!written)
         qCWarning(recentDocumentsLog) << "cannot remember recent documents:" << written.error().message;
     Q_EMIT didChange();
 }

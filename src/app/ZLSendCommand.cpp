@@ -1,5 +1,6 @@
 #include "app/ZLSendCommand.h"
 
+#include "platform/ZLShownText.h"
 #include "platform/osc/ZLOSCCodec.h"
 #include "remote/ZLCommandSocket.h"
 #include "remote/ZLRemoteActions.h"
@@ -38,9 +39,9 @@ int ZLSendCommand::run(const ZLCommandLine& commandLine)
     const ZLResult<QString> outcome =
         commandLine.oscPort ? sendToPort(message, *commandLine.oscPort) : ZLCommandSocket::send(message);
     if (!outcome) {
-        m_err << u"zelta: %1\n"_s.arg(outcome.error().message) << Qt::flush;
+        m_err << u"zelta: %1\n"_s.arg(ZLShownText::asOneLine(outcome.error().message)) << Qt::flush;
         return ZLExitStatus::Failed;
     }
-    m_out << u"%1: %2\n"_s.arg(commandLine.action, outcome.value()) << Qt::flush;
+    m_out << u"%1: %2\n"_s.arg(commandLine.action, ZLShownText::asOneLine(outcome.value())) << Qt::flush;
     return ZLExitStatus::Done;
 }

@@ -7,18 +7,27 @@
 #include <QCoreApplication>
 #include <QVariantMap>
 
+#include <cmath>
+
 namespace {
 
 const QString chaptersKey = QStringLiteral("Chapters");
 const QString durationKey = QStringLiteral("Duration");
 const QString templatesKey = QStringLiteral("Templates");
 
+/// A clock that stood at infinity, or at no number, would give every mark that time.
+double readingIn(const QVariant& stored)
+{
+    const double seconds = ZLStoredValue::number(stored);
+    return std::isfinite(seconds) ? seconds : 0.0;
+}
+
 template <typename Dictionary>
 ZLDocumentContents contentsIn(const Dictionary& entries)
 {
     return {
         .chapters = entries.value(chaptersKey).toList(),
-        .duration = ZLStoredValue::number(entries.value(durationKey)),
+        .duration = readingIn(entries.value(durationKey)),
         .templates = entries.value(templatesKey).toList(),
     };
 }

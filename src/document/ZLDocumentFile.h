@@ -25,8 +25,8 @@ inline const QString MimeType = QStringLiteral("application/x-zelta-chapters");
 
 [[nodiscard]] QByteArray encode(const ZLDocumentContents& contents);
 
-/// Missing entries read as empty or 0, values of another type as what they can be read as. Fails only for bytes that
-/// are no keyed archive of a dictionary.
+/// Missing entries, and a duration that is no finite number, read as empty or 0, values of another type as what they
+/// can be read as. Fails only for bytes that are no keyed archive of a dictionary.
 [[nodiscard]] ZLResult<ZLDocumentContents> decode(QByteArrayView bytes, ZLDictionaryForm form = ZLDictionaryForm::Map);
 
 }

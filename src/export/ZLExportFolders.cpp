@@ -1,6 +1,8 @@
 #include "export/ZLExportFolders.h"
 
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
+#include "platform/ZLPrivateFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -14,7 +16,7 @@ namespace {
 
 QJsonObject storedFolders(const QString& path)
 {
-    const auto json = ZLAtomicFile::read(path);
+    const auto json = ZLBoundedFile::read(path, ZLFileBound::List, ZLFileLinks::Refuse);
     return json ? QJsonDocument::fromJson(json.value()).object() : QJsonObject();
 }
 
@@ -43,6 +45,6 @@ void ZLExportFolders::remember(const QString& formatName, const QString& path) c
     // Read anew each time: another process may have written something meanwhile.
     QJsonObject folders = storedFolders(m_path);
     folders.insert(formatName, QFileInfo(path).absolutePath());
-    QDir().mkpath(m_stateFolder);
-    (void)ZLAtomicFile::write(m_path, QJsonDocument(folders).toJson());
+    if (ZLPrivateFolder::prepare(m_stateFolder))
+        (void)ZLAtomicFile::writeForOwner(m_path, QJsonDocument(folders).toJson());
 }

@@ -1,6 +1,7 @@
 #include "platform/ZLAtomicFile.h"
 
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLFileName.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -241,6 +242,8 @@ void syncFolderOf(const QString& path)
 
 ZLStatus replaceAt(const QString& path, const ZLFileReplacement& replacement, NewFile::Name name)
 {
+    if (const QString unfitName = ZLFileName::refusal(path); !unfitName.isEmpty())
+        return fileFailure(path, unfitName);
     // A device or a pipe would be replaced by an ordinary file, /dev/null for everyone on the machine.
     struct stat old { };
     if (stat(QFile::encodeName(path).constData(), &old) == 0 && !S_ISREG(old.st_mode))

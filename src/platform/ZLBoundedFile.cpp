@@ -1,5 +1,7 @@
 #include "platform/ZLBoundedFile.h"
 
+#include "platform/ZLFileName.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QLocale>
@@ -23,8 +25,10 @@ ZLFoundFile refusal(ZLFileFinding finding, const QString& path, const QString& r
 ZLFoundFile failureToOpen(const QString& path, int error)
 {
     switch (error) {
-    case ENOENT:
-        return refusal(ZLFileFinding::Missing, path, qt_error_string(error));
+    case ENOENT: {
+        const QString unfitName = ZLFileName::refusal(path);
+        return refusal(ZLFileFinding::Missing, path, unfitName.isEmpty() ? qt_error_string(error) : unfitName);
+    }
     case ELOOP:
         return refusal(ZLFileFinding::NoOrdinaryFile, path,
             BoundedFileTexts::tr("This is a symbolic link, which is not followed here."));

@@ -18,4 +18,20 @@ inline constexpr qsizetype MostCharacters = 2000;
     return text.first(MostCharacters - (isSplit ? 1 : 0)) + QChar(0x2026);
 }
 
+/// A blank for each control character: the name of a file may hold line breaks, and orders to the terminal.
+[[nodiscard]] inline QString asOneLine(QString text)
+{
+    for (QChar& character : text) {
+        if (character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    return text;
+}
+
+/// A reason that goes into a longer sentence, which has a full stop of its own.
+[[nodiscard]] inline QString withoutFullStop(const QString& reason)
+{
+    return reason.endsWith(u'.') ? reason.chopped(1) : reason;
+}
+
 }

@@ -1,12 +1,12 @@
 #include "remote/ZLCommandSocket.h"
 
+#include "platform/ZLPrivateFolder.h"
 #include "platform/ZLSocketPath.h"
 #include "platform/ZLStateFolder.h"
 #include "platform/osc/ZLOSCCodec.h"
 
 #include <QDataStream>
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QFileInfo>
 #include <QLocalSocket>
 #include <QLoggingCategory>
@@ -69,7 +69,7 @@ ZLResult<QString> ZLCommandSocket::send(const ZLOSCMessage& message, const QStri
 
 void ZLCommandSocket::listenIfNobodyDoes()
 {
-    QDir().mkpath(QFileInfo(m_path).path());
+    (void)ZLPrivateFolder::prepare(QFileInfo(m_path).path());
     ZLResult<std::unique_ptr<ZLFileLock>> lock = ZLFileLock::tryLock(lockPath(m_path));
     if (lock && lock.value()) {
         m_lock = std::move(lock).value();

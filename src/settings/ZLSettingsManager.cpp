@@ -1,7 +1,8 @@
 #include "settings/ZLSettingsManager.h"
 
+#include "settings/ZLSettingsFile.h"
+
 #include <QHash>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QVariant>
 
@@ -15,7 +16,7 @@ namespace {
 
 /// The persistent values and, behind them, the registered fallbacks.
 struct SettingsStore {
-    std::unique_ptr<QSettings> persistent;
+    std::unique_ptr<ZLSettingsFile> persistent;
     QHash<QString, QVariant> registered;
 };
 
@@ -29,7 +30,7 @@ SettingsStore& settingsStore()
     static SettingsStore store;
     if (!store.persistent) {
         const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-        store.persistent = std::make_unique<QSettings>(folder + "/zelta/zelta.conf"_L1, QSettings::IniFormat);
+        store.persistent = std::make_unique<ZLSettingsFile>(folder + "/zelta/zelta.conf"_L1);
     }
     return store;
 }
@@ -43,26 +44,36 @@ QString nameInFile(const QString& key)
 QVariant settingFor(const QString& key)
 {
     const SettingsStore& store = settingsStore();
-    return store.persistent->value(nameInFile(key), store.registered.value(key));
+    const QVariant stored = store.persistent->value(nameInFile(key));
+    return stored.isValid() ? stored : store.registered.value(key);
+}
+
+/// Also what a person types. What is no truth value counts as not stored.
+bool booleanFor(const QString& key)
+{
+    static const QStringList yes { u"true"_s, u"yes"_s, u"on"_s, u"1"_s };
+    static const QStringList no { u"false"_s, u"no"_s, u"off"_s, u"0"_s };
+    const QString stored = settingFor(key).toString().trimmed().toLower();
+    if (yes.contains(stored) || no.contains(stored))
+        return yes.contains(stored);
+    return settingsStore().registered.value(key).toBool();
 }
 
 void storeSetting(const QString& key, const QVariant& value)
 {
     settingsStore().persistent->setValue(nameInFile(key), value);
-    settingsStore().persistent->sync();
 }
 
 void removeSetting(const QString& key)
 {
     settingsStore().persistent->remove(nameInFile(key));
-    settingsStore().persistent->sync();
 }
 
 }
 
 void ZLSettingsManager::useFile(const QString& path)
 {
-    settingsStore().persistent = std::make_unique<QSettings>(path, QSettings::IniFormat);
+    settingsStore().persistent = std::make_unique<ZLSettingsFile>(path);
 }
 
 ZLSettingsNotifications& ZLSettingsManager::notifications()
@@ -84,7 +95,7 @@ void ZLSettingsManager::registerDefaults(float systemFontSize)
 
 bool ZLSettingsManager::createNewChapterOnStart()
 {
-    return settingFor(ZLSettingKey::NewChapterOnStart).toBool();
+    return booleanFor(ZLSettingKey::NewChapterOnStart);
 }
 
 void ZLSettingsManager::setCreateNewChapterOnStart(bool enabled)
@@ -94,7 +105,7 @@ void ZLSettingsManager::setCreateNewChapterOnStart(bool enabled)
 
 bool ZLSettingsManager::createNewChapterAfterPause()
 {
-    return settingFor(ZLSettingKey::NewChapterAfterPause).toBool();
+    return booleanFor(ZLSettingKey::NewChapterAfterPause);
 }
 
 void ZLSettingsManager::setCreateNewChapterAfterPause(bool enabled)
@@ -104,7 +115,7 @@ void ZLSettingsManager::setCreateNewChapterAfterPause(bool enabled)
 
 bool ZLSettingsManager::playSoundBeforeRecording()
 {
-    return settingFor(ZLSettingKey::PlaySoundBeforeRecording).toBool();
+    return booleanFor(ZLSettingKey::PlaySoundBeforeRecording);
 }
 
 void ZLSettingsManager::setPlaySoundBeforeRecording(bool enabled)
@@ -126,7 +137,7 @@ void ZLSettingsManager::setFontSize(float points)
 
 bool ZLSettingsManager::globalHotkeys()
 {
-    return settingFor(ZLSettingKey::GlobalHotkeys).toBool();
+    return booleanFor(ZLSettingKey::GlobalHotkeys);
 }
 
 void ZLSettingsManager::setGlobalHotkeys(bool enabled)
@@ -150,7 +161,7 @@ void ZLSettingsManager::setAudioOutputDevice(const QString& identifier)
 
 bool ZLSettingsManager::showAbsoluteTime()
 {
-    return settingFor(ZLSettingKey::ShowAbsoluteTime).toBool();
+    return booleanFor(ZLSettingKey::ShowAbsoluteTime);
 }
 
 void ZLSettingsManager::setShowAbsoluteTime(bool enabled)
@@ -161,7 +172,7 @@ void ZLSettingsManager::setShowAbsoluteTime(bool enabled)
 
 bool ZLSettingsManager::showQuickEdit()
 {
-    return settingFor(ZLSettingKey::ShowQuickEdit).toBool();
+    return booleanFor(ZLSettingKey::ShowQuickEdit);
 }
 
 void ZLSettingsManager::setShowQuickEdit(bool enabled)
@@ -228,7 +239,7 @@ void ZLSettingsManager::setOSCOutputs(const QList<ZLOSCDestination>& outputs)
 
 bool ZLSettingsManager::oscAnswersSenders()
 {
-    return settingFor(ZLSettingKey::OSCAnswerSenders).toBool();
+    return booleanFor(ZLSettingKey::OSCAnswerSenders);
 }
 
 void ZLSettingsManager::setOSCAnswersSenders(bool enabled)

@@ -231,3 +231,20 @@ TEST_F(ZLDocumentControllerRecoveryTest, ListsThatAreTooLargeOrPipesAreNoLists)
     EXPECT_EQ(controller->restoreSession(), QStringList());
     EXPECT_EQ(openDocuments(), QStringList { u"show.zelta:Stored"_s });
 }
+
+TEST_F(ZLDocumentControllerRecoveryTest, WhatTheProgramRemembersIsForItsUserAlone)
+{
+    controller.reset();
+    const QByteArray state = QFile::encodeName(filePath("state"));
+    ASSERT_EQ(chmod(state.constData(), 0755), 0);
+    start();
+    open(storedFile("show.zelta"));
+    const auto modeOf = [this](const char* name) {
+        struct stat status { };
+        EXPECT_EQ(stat(QFile::encodeName(filePath(name)).constData(), &status), 0) << name;
+        return status.st_mode & 07777;
+    };
+    EXPECT_EQ(modeOf("state"), mode_t(0700));
+    EXPECT_EQ(modeOf("state/session.json"), mode_t(0600));
+    EXPECT_EQ(modeOf("state/recent.json"), mode_t(0600));
+}

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 using ZLTestChapters::chapterAt;
 
@@ -81,4 +83,13 @@ TEST(ZLDocumentFileTest, BytesThatAreNoDocumentAreRefusedWithAReason)
         ASSERT_FALSE(contents.isOk()) << bytes.size() << " bytes";
         EXPECT_FALSE(contents.error().message.isEmpty());
     }
+}
+
+TEST(ZLDocumentFileTest, ADurationThatIsNoFiniteNumberCountsAsNone)
+{
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    const double noNumber = std::numeric_limits<double>::quiet_NaN();
+    for (const QVariant& stored : { QVariant(infinite), QVariant(-infinite), QVariant(noNumber), QVariant(u"1e999"_s) })
+        EXPECT_EQ(decoded(QVariantMap { { u"Duration"_s, stored } }).duration, 0.0) << qPrintable(stored.toString());
+    EXPECT_EQ(decoded(QVariantMap { { u"Duration"_s, 65.5 } }).duration, 65.5);
 }

@@ -173,3 +173,32 @@ TEST_F(ZLAtomicFileTest, NothingIsWrittenWhereTheDiskIsTooSmall)
     EXPECT_FALSE(isFilled);
     EXPECT_EQ(names(), QStringList());
 }
+
+TEST_F(ZLAtomicFileTest, NamesAsLongAsNamesCanBeAreWritten)
+{
+    for (const qsizetype length : { 246, 249, 250, 255 }) {
+        const QString name(length, u'n');
+        EXPECT_TRUE(ZLAtomicFile::write(path(name), "one")) << length;
+        EXPECT_TRUE(ZLAtomicFile::write(path(name), "two")) << length;
+        EXPECT_EQ(contents(name), "two");
+    }
+    EXPECT_EQ(names().size(), 4);
+}
+
+TEST_F(ZLAtomicFileTest, ANameThatWasNotUtf8MakesNoFile)
+{
+    EXPECT_FALSE(ZLAtomicFile::write(path(u"caf\uFFFD.zelta"_s), "x"));
+    EXPECT_EQ(names(), QStringList());
+}
+
+TEST_F(ZLAtomicFileTest, AFileOfTheProgramsOwnIsForItsUserAloneAndTakesThePlaceOfALink)
+{
+    EXPECT_TRUE(ZLAtomicFile::write(path(), "precious"));
+    ASSERT_TRUE(QFile::link(path(), path(u"own"_s)));
+    EXPECT_TRUE(ZLAtomicFile::writeForOwner(path(u"own"_s), "own"));
+    EXPECT_EQ(contents(), "precious");
+    EXPECT_EQ(contents(u"own"_s), "own");
+    struct stat status { };
+    ASSERT_EQ(lstat(QFile::encodeName(path(u"own"_s)).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & (S_IFMT | 07777), mode_t(S_IFREG | 0600));
+}

@@ -122,3 +122,13 @@ TEST_F(ZLBoundedFileTest, ALinkIsFollowedOnlyWhereItMayBe)
     EXPECT_EQ(found.error.message, path() + u": This is a symbolic link, which is not followed here."_s);
     EXPECT_TRUE(found.bytes.isEmpty());
 }
+
+TEST_F(ZLBoundedFileTest, ANameThatWasNotUtf8IsTold)
+{
+    const QString unfit = m_folder.filePath(u"caf\uFFFD.zelta"_s);
+    const ZLFoundFile found = ZLBoundedFile::find(unfit, ZLFileBound::Document);
+    EXPECT_EQ(found.finding, ZLFileFinding::Missing);
+    EXPECT_EQ(found.error.message, unfit + u": The name is not UTF-8 text. Rename the file."_s);
+    write("its real name", u"caf\uFFFD.zelta"_s);
+    EXPECT_EQ(ZLBoundedFile::find(unfit, ZLFileBound::Document).bytes, "its real name");
+}

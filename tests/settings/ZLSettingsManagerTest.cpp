@@ -213,3 +213,22 @@ TEST_F(ZLSettingsManagerTest, ValuesThatSomebodyTypedIntoTheFileAreRead)
     EXPECT_TRUE(Manager::showQuickEdit());
     EXPECT_EQ(Manager::keyComboForKey(ZLKeyComboKey::NewChapter), std::nullopt) << "not the bare key of code 0";
 }
+
+TEST_F(ZLSettingsManagerTest, TruthValuesThatSomebodyTypedAreRead)
+{
+    const auto readAs = [this](const char* text) {
+        QFile file(m_settings.path());
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(
+            QByteArray("[General]\nZLNewChapterOnStartSetting=") + text + "\nZLShowQuickEditSetting=" + text + '\n');
+        file.close();
+        m_settings.relaunch();
+        return std::pair(Manager::createNewChapterOnStart(), Manager::showQuickEdit());
+    };
+    for (const char* text : { "no", "off", "false", "0", "No", "OFF", "False", " no " })
+        EXPECT_EQ(readAs(text), std::pair(false, false)) << text;
+    for (const char* text : { "yes", "on", "true", "1", "Yes", "ON", "True" })
+        EXPECT_EQ(readAs(text), std::pair(true, true)) << text;
+    for (const char* text : { "", "perhaps", "2", "-1", "nonsense", "yes, no", "@Invalid()", "@Variant(\\0)" })
+        EXPECT_EQ(readAs(text), std::pair(true, false)) << text << " is none, so the default holds";
+}

@@ -3,6 +3,7 @@
 #include "document/saving/ZLJournalRecord.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLPrivateFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -99,16 +99,6 @@ qsizetype leastMissedState(const QList<ZLDocumentState>& states)
     return found;
 }
 
-ZLStatus prepareFolder(const QString& path)
-{
-    const QByteArray nativePath = QFile::encodeName(path);
-    if (mkdir(nativePath.constData(), 0700) != 0 && errno != EEXIST)
-        return ZLError { u"%1: %2"_s.arg(path, qt_error_string(errno)) };
-    if (chmod(nativePath.constData(), 0700) != 0)
-        return ZLError { u"%1: %2"_s.arg(path, qt_error_string(errno)) };
-    return ZLDone {};
-}
-
 }
 
 ZLDocumentHistory::ZLDocumentHistory(const ZLRecoveryFolder& folder, const QString& name, const QString& documentPath)
@@ -177,9 +167,9 @@ ZLStatus ZLDocumentHistory::prepare() const
 {
     if (const ZLStatus prepared = ZLRecoveryFolder(m_recoveryPath).prepare(); !prepared)
         return prepared;
-    if (const ZLStatus prepared = prepareFolder(QFileInfo(m_folderPath).path()); !prepared)
+    if (const ZLStatus prepared = ZLPrivateFolder::prepare(QFileInfo(m_folderPath).path()); !prepared)
         return prepared;
-    if (const ZLStatus prepared = prepareFolder(m_folderPath); !prepared)
+    if (const ZLStatus prepared = ZLPrivateFolder::prepare(m_folderPath); !prepared)
         return prepared;
     const QString notePath = m_folderPath + u'/' + documentNoteName;
     return QFile::exists(notePath) ? ZLStatus(ZLDone {})

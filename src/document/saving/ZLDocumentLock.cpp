@@ -26,7 +26,10 @@ QString describeHolder(const QStringList& lines)
 {
     if (lines.size() < 2)
         return QCoreApplication::translate("ZLDocumentLock", "another program");
-    return QCoreApplication::translate("ZLDocumentLock", "%1, process %2").arg(lines.at(0), lines.at(1));
+    // Whoever wrote it is not to be trusted with more than one line's space.
+    constexpr qsizetype longestWord = 100;
+    return QCoreApplication::translate("ZLDocumentLock", "%1, process %2")
+        .arg(lines.at(0).left(longestWord), lines.at(1).left(longestWord));
 }
 
 /// A name as long as names can be leaves no room for more.

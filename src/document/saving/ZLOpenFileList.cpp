@@ -2,6 +2,7 @@
 
 #include "document/saving/ZLOpenFileNote.h"
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLPrivateFolder.h"
 #include "platform/ZLStateFolder.h"
 
 #include <QDir>
@@ -99,7 +100,10 @@ void ZLOpenFileList::publish()
 void ZLOpenFileList::takeListFile()
 {
     m_listFile.reset();
-    QDir().mkpath(openListsFolder());
+    for (const QString& folder : { ZLStateFolder::path(), openListsFolder() }) {
+        if (const ZLStatus prepared = ZLPrivateFolder::prepare(folder); !prepared)
+            qCWarning(openFilesLog) << prepared.error().message;
+    }
     // A reader may take a list that is just being made for that of a dead process: then another name is tried.
     for (int attempt = 0; attempt < 10 && !m_listFile; ++attempt) {
         m_listPath =

@@ -1,14 +1,12 @@
 #include "document/saving/ZLRecoveryFolder.h"
 
 #include "document/ZLDocumentFile.h"
+#include "platform/ZLPrivateFolder.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
-
-#include <cerrno>
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -52,15 +50,7 @@ void ZLRecoveryFile::removeJournal()
 
 ZLStatus ZLRecoveryFolder::prepare() const
 {
-    const QByteArray nativePath = QFile::encodeName(m_path);
-    // Whatever keeps the parents from being made, the next call says it.
-    QDir().mkpath(QFileInfo(m_path).absolutePath());
-    if (mkdir(nativePath.constData(), 0700) != 0 && (errno != EEXIST || !QFileInfo(m_path).isDir()))
-        return ZLError { u"%1: %2"_s.arg(m_path, qt_error_string(errno == EEXIST ? ENOTDIR : errno)) };
-    // The folder may stem from a copied home with wider permissions.
-    if (chmod(nativePath.constData(), 0700) != 0)
-        return ZLError { u"%1: %2"_s.arg(m_path, qt_error_string(errno)) };
-    return ZLDone {};
+    return ZLPrivateFolder::prepare(m_path);
 }
 
 ZLResult<std::unique_ptr<ZLRecoveryFile>> ZLRecoveryFolder::createFile() const

@@ -1,7 +1,7 @@
 #include "document/ui/ZLWindowStateStore.h"
 
-#include <QDir>
-#include <QSettings>
+#include "platform/ZLStateFolder.h"
+#include "settings/ZLSettingsFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,16 +20,13 @@ ZLWindowStateStore::ZLWindowStateStore(const QString& path)
 
 QString ZLWindowStateStore::standardPath()
 {
-    const QString configured = qEnvironmentVariable("XDG_STATE_HOME");
-    // The XDG rules ask for relative folders to be ignored.
-    const QString folder = QDir::isAbsolutePath(configured) ? configured : QDir::homePath() + "/.local/state"_L1;
-    return folder + "/zelta/window.ini"_L1;
+    return ZLStateFolder::path() + "/window.ini"_L1;
 }
 
 std::optional<ZLWindowState> ZLWindowStateStore::load() const
 {
-    const QSettings file(m_path, QSettings::IniFormat);
-    if (!file.contains(geometryKey))
+    const ZLSettingsFile file(m_path, ZLFileLinks::Refuse);
+    if (!file.value(geometryKey).isValid())
         return std::nullopt;
     return ZLWindowState {
         .geometry = file.value(geometryKey).toByteArray(),
@@ -40,8 +37,7 @@ std::optional<ZLWindowState> ZLWindowStateStore::load() const
 
 void ZLWindowStateStore::save(const ZLWindowState& state) const
 {
-    QSettings file(m_path, QSettings::IniFormat);
-    file.setValue(geometryKey, state.geometry);
-    file.setValue(panelsKey, state.panels);
-    file.setValue(titleShareKey, state.titleShare);
+    ZLSettingsFile file(m_path, ZLFileLinks::Refuse);
+    file.setValues(
+        { { geometryKey, state.geometry }, { panelsKey, state.panels }, { titleShareKey, state.titleShare } });
 }

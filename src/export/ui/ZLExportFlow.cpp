@@ -157,6 +157,8 @@ void ZLExportFlow::exportTo(const QString& path)
 ZLStatus ZLExportFlow::write(const QString& path, const ZLExportInput& input, const QByteArray& bytes) const
 {
     if (m_exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
+        if (const ZLStatus allowed = ZLWriteProtection::check(ZLSessionCopy::pathFor(path)); !allowed)
+            return allowed;
         if (const ZLStatus kept = ZLSessionCopy::keep(path, input.existingBytes); !kept)
             return kept;
     }

@@ -1,6 +1,6 @@
 #include "export/ui/ZLSelectedSession.h"
 
-#include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QFileInfo>
 
@@ -11,7 +11,7 @@ QByteArray ZLSelectedSession::bytesOf(const QString& path)
         return {};
     if (m_path == path && m_time == file.lastModified() && m_size == file.size())
         return m_bytes;
-    const auto bytes = ZLAtomicFile::read(path);
+    const auto bytes = ZLBoundedFile::read(path, MostBytes);
     m_path = path;
     m_time = file.lastModified();
     m_size = file.size();

@@ -35,7 +35,7 @@ protected:
 
     QVariantMap chapterInFile() const
     {
-        const auto bytes = ZLAtomicFile::read(filePath("show.zelta"));
+        const auto bytes = ZLBoundedFile::read(filePath("show.zelta"), ZLFileBound::Document);
         const auto contents = ZLDocumentFile::decode(bytes ? bytes.value() : QByteArray());
         return contents ? contents.value().chapters.value(0).toMap() : QVariantMap();
     }

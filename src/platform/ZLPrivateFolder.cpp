@@ -1,0 +1,23 @@
+#include "platform/ZLPrivateFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <sys/stat.h>
+
+ZLStatus ZLPrivateFolder::prepare(const QString& path)
+{
+    const auto failure = [&path](int error) {
+        return ZLError { QStringLiteral("%1: %2").arg(path, qt_error_string(error)) };
+    };
+    const QByteArray nativePath = QFile::encodeName(path);
+    // Whatever keeps the parents from being made, the next call says it.
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    if (mkdir(nativePath.constData(), S_IRWXU) != 0 && (errno != EEXIST || !QFileInfo(path).isDir()))
+        return failure(errno == EEXIST ? ENOTDIR : errno);
+    if (chmod(nativePath.constData(), S_IRWXU) != 0)
+        return failure(errno);
+    return ZLDone {};
+}

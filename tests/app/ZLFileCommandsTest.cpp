@@ -218,7 +218,7 @@ TEST_F(ZLFileCommandsTest, ExportWritesIntoAPipeAndLeavesItOne)
     QByteArray bytes(100, '\0');
     bytes.truncate(std::max<ssize_t>(read(reader, bytes.data(), size_t(bytes.size())), 0));
     close(reader);
-    EXPECT_EQ(bytes, u"*   00:00:01 – A\n"_s.toUtf8());
+    EXPECT_EQ(bytes, "*   A\n");
     EXPECT_FALSE(QFileInfo(at(u"pipe"_s)).isFile());
 }
 

@@ -108,8 +108,7 @@ TEST_F(ZLShowCommandTest, JsonIsValidWhateverTheDocumentHolds)
     EXPECT_EQ(run({ u"show"_s, u"--json"_s, m_file }), 0);
 
     const QJsonObject document = readByAnotherParser(m_out);
-    EXPECT_TRUE(document.contains("duration"_L1));
-    EXPECT_TRUE(document.value("duration"_L1).isNull());
+    EXPECT_EQ(document.value("duration"_L1), QJsonValue(0.0)) << "a duration without end is none";
     const QJsonArray chapters = document.value("chapters"_L1).toArray();
     ASSERT_EQ(chapters.size(), 6);
     int nulls = 0;

@@ -4,6 +4,7 @@
 
 #include "document/ZLChapterDocument.h"
 #include "export/ui/ZLExportAdviceView.h"
+#include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
 #include "support/ZLFakeHostClock.h"
 

@@ -1116,6 +1116,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLFileName</name>
+    <message>
+        <source>The name is not UTF-8 text. Rename the file.</source>
+        <translation>Der Name ist kein UTF-8-Text. Benenne die Datei um.</translation>
+    </message>
+</context>
+<context>
     <name>ZLFileWords</name>
     <message>
         <source>The commands are export, formats, send and show; &quot;zelta --help&quot; explains them.</source>

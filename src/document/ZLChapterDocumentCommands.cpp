@@ -26,15 +26,6 @@ bool isSameTextObject(const QString& left, const QString& right)
     return left.constData() == right.constData() && left.size() == right.size() && left.isNull() == right.isNull();
 }
 
-QDateTime movedBySeconds(const QDateTime& date, double seconds)
-{
-    constexpr double longestMove = 9.0e15; // Milliseconds that dates can be moved by without overflow.
-    const double milliseconds = seconds * 1000.0;
-    if (!(std::abs(milliseconds) < longestMove))
-        return date;
-    return date.addMSecs(std::llround(milliseconds));
-}
-
 }
 
 void ZLChapterDocument::addChapterButtonPressed()
@@ -198,7 +189,7 @@ void ZLChapterDocument::updateChapterToTime(ZLChapterPointer chapter, double sec
     chapter->setTimeStamp(seconds);
     if (seconds < 0.0)
         updateChapterToEnabledState(chapter, false);
-    chapter->setRealDate(movedBySeconds(chapter->realDate(), seconds - oldTime));
+    chapter->moveDate(seconds - oldTime);
     updateEverything();
 }
 

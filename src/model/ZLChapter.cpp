@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -53,6 +54,8 @@ ZLChapter::ZLChapter(std::in_place_t, const Dictionary& dictionary)
     , m_realDate(dictionary.value(ZLChapterKey::Date).toDateTime())
     , m_uuid(ZLStoredValue::text(dictionary.value(ZLChapterKey::UUID)))
 {
+    if (const auto date = ZLArchivedDate::in(dictionary.value(ZLChapterKey::Date)))
+        setDateAsRead(*date);
     if (m_uuid.isNull())
         m_uuid = generateUUID();
 }
@@ -124,7 +127,27 @@ void ZLChapter::setTags(const QString& tags)
 void ZLChapter::setRealDate(const QDateTime& date)
 {
     m_realDate = date;
+    m_dateAsRead.reset();
     noteChange();
+}
+
+void ZLChapter::moveDate(double seconds)
+{
+    constexpr double longestMove = 9.0e15; // Milliseconds that dates can be moved by without overflow.
+    const double milliseconds = seconds * 1000.0;
+    if (!(std::abs(milliseconds) < longestMove))
+        return;
+    if (m_dateAsRead)
+        setDateAsRead({ m_dateAsRead->referenceSeconds + seconds });
+    else
+        m_realDate = m_realDate.addMSecs(std::llround(milliseconds));
+    noteChange();
+}
+
+void ZLChapter::setDateAsRead(const ZLArchivedDate& date)
+{
+    m_dateAsRead = date;
+    m_realDate = date.toDateTime().value_or(distantPast());
 }
 
 void ZLChapter::setUuid(const QString& uuid)
@@ -180,7 +203,7 @@ QVariant ZLChapter::entryAt(std::size_t place) const
     case 4:
         return m_tags;
     case 5:
-        return m_realDate;
+        return m_dateAsRead ? QVariant::fromValue(*m_dateAsRead) : QVariant(m_realDate);
     default:
         return m_uuid;
     }

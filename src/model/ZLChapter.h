@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/archive/ZLArchivedDate.h"
 #include "platform/archive/ZLArchivedDictionary.h"
 
 #include <QDateTime>
@@ -8,6 +9,7 @@
 #include <QVariantMap>
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 class ZLChapter;
@@ -63,6 +65,11 @@ public:
     /// Wall-clock moment at which the chapter was set: distantPast() when it is not known, null when absent.
     [[nodiscard]] const QDateTime& realDate() const { return m_realDate; }
     void setRealDate(const QDateTime& date);
+    /// The date as it was read, while it is what no QDateTime says. realDate() is then near to it, or distantPast() when
+    /// it is too far away, and what is stored is this.
+    [[nodiscard]] const std::optional<ZLArchivedDate>& dateAsRead() const { return m_dateAsRead; }
+    /// Moves the date, later for positive `seconds`.
+    void moveDate(double seconds);
 
     [[nodiscard]] const QString& uuid() const { return m_uuid; }
     void setUuid(const QString& uuid);
@@ -92,6 +99,7 @@ private:
     [[nodiscard]] QVariant entryAt(std::size_t place) const;
     /// How many entries there are before the first null value.
     [[nodiscard]] std::size_t entryCount() const;
+    void setDateAsRead(const ZLArchivedDate& date);
     void noteChange() const;
 
     double m_timeStamp = 0.0;
@@ -100,6 +108,7 @@ private:
     QString m_link = QStringLiteral("");
     QString m_tags = QStringLiteral("");
     QDateTime m_realDate = distantPast();
+    std::optional<ZLArchivedDate> m_dateAsRead;
     QString m_uuid = generateUUID();
 
     /// In how many lists this chapter stands; a change outside of all lists concerns none of them.

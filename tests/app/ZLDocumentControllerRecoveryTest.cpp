@@ -138,12 +138,26 @@ TEST_F(ZLDocumentControllerRecoveryTest, ATemplateWithTheIdentifierOfAChapterIsB
     const QVariantMap both { { ZLChapterKey::TimeStamp, 3.0 }, { ZLChapterKey::Enabled, true },
         { ZLChapterKey::Title, u"Both"_s }, { ZLChapterKey::Link, QString() }, { ZLChapterKey::Tags, QString() },
         { ZLChapterKey::Date, wallClock }, { ZLChapterKey::UUID, u"1"_s } };
-    ASSERT_TRUE(ZLAtomicFile::write(path, ZLDocumentFile::encode({ .chapters = { both }, .templates = { both } })));
+    ASSERT_TRUE(ZLAtomicFile::write(path, ZLDocumentFile::encode({ .chapters = { both }, .duration = 0.0, .templates = { both } })));
     addChapter(*open(path), "Marked live");
     start();
     ZLChapterDocument* document = open(path);
     EXPECT_EQ(document->chapterManager().count(), 2);
     EXPECT_EQ(document->templateViewController().chapterManager().count(), 1);
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, DatesAreBackUnchangedAfterAKill)
+{
+    const QString path = filePath("show.zelta");
+    QVariantMap chapter = ZLChapter().dictionaryRepresentation();
+    chapter.insert(ZLChapterKey::Date, QVariant::fromValue(ZLArchivedDate { 700'000'000.123'456 }));
+    ASSERT_TRUE(ZLAtomicFile::write(path, ZLDocumentFile::encode({ .chapters = { chapter }, .duration = 0.0, .templates = {} })));
+    ZLChapterDocument* document = open(path);
+    document->updateChapterToTitle(document->chapterManager().chapterAtIndex(0), u"Edited"_s);
+    start();
+    document = open(path);
+    EXPECT_EQ(document->chapterManager().chapterAtIndex(0)->title(), u"Edited"_s);
+    EXPECT_EQ(document->chapterManager().chapterAtIndex(0)->dateAsRead(), ZLArchivedDate { 700'000'000.123'456 });
 }
 
 TEST_F(ZLDocumentControllerRecoveryTest, AFileThatIsOutOfReachAtTheStartIsBackFromTheJournalAndWrittenLater)

@@ -1,5 +1,7 @@
 #include "document/ZLDocumentFile.h"
 
+#include "document/ZLChapterDocument.h"
+#include "platform/archive/ZLArchivedDate.h"
 #include "platform/archive/ZLKeyedArchiver.h"
 #include "platform/archive/ZLKeyedUnarchiver.h"
 #include "support/ZLChapterBuilders.h"
@@ -92,4 +94,23 @@ TEST(ZLDocumentFileTest, ADurationThatIsNoFiniteNumberCountsAsNone)
     for (const QVariant& stored : { QVariant(infinite), QVariant(-infinite), QVariant(noNumber), QVariant(u"1e999"_s) })
         EXPECT_EQ(decoded(QVariantMap { { u"Duration"_s, stored } }).duration, 0.0) << qPrintable(stored.toString());
     EXPECT_EQ(decoded(QVariantMap { { u"Duration"_s, 65.5 } }).duration, 65.5);
+}
+
+TEST(ZLDocumentFileTest, DatesGoThroughUnchangedWhenAChapterIsEdited)
+{
+    QVariantList chapters;
+    for (const double seconds : { 700'000'000.123'456, 3e12, -3e12, 700'000'000.25 }) {
+        QVariantMap chapter = chapterAt(double(chapters.size()))->dictionaryRepresentation();
+        chapter.insert(ZLChapterKey::Date, ZLArchivedDate::value(seconds));
+        chapters.append(chapter);
+    }
+    ZLChapterDocument document({});
+    ASSERT_TRUE(document.readFromData(ZLDocumentFile::encode({ .chapters = chapters, .duration = 9.0, .templates = {} })));
+    document.updateChapterToTitle(document.chapterManager().chapterAtIndex(0), u"Edited"_s);
+    const auto written = ZLDocumentFile::decode(document.dataOfType());
+    ASSERT_TRUE(written.isOk());
+    QVariantMap edited = chapters.at(0).toMap();
+    edited.insert(ZLChapterKey::Title, u"Edited"_s);
+    chapters[0] = edited;
+    EXPECT_EQ(written.value().chapters, chapters);
 }

@@ -184,3 +184,31 @@ TEST(ZLChapterTest, TimesThatNoIntegerHoldsStillHaveATextThatEndsLikeATime)
         EXPECT_TRUE(durationForm.match(chapterAt(0.0)->durationToTimestamp(seconds)).hasMatch()) << seconds;
     }
 }
+
+TEST(ZLChapterTest, ADateThatNoQDateTimeSaysIsKeptAsItIs)
+{
+    for (const double seconds : { 700'000'000.123'456, 2e12, -2e12, std::numeric_limits<double>::infinity() }) {
+        QVariantMap dictionary = completeDictionary();
+        dictionary.insert(ZLChapterKey::Date, QVariant::fromValue(ZLArchivedDate { seconds }));
+        ZLChapter chapter(dictionary);
+        chapter.setTitle(u"Edited"_s);
+        dictionary.insert(ZLChapterKey::Title, u"Edited"_s);
+        EXPECT_EQ(chapter.dictionaryRepresentation(), dictionary) << seconds;
+        EXPECT_TRUE(chapter.realDate().isValid()) << seconds;
+    }
+}
+
+TEST(ZLChapterTest, ADateThatIsMovedKeepsItsMicroseconds)
+{
+    QVariantMap dictionary = completeDictionary();
+    dictionary.insert(ZLChapterKey::Date, QVariant::fromValue(ZLArchivedDate { 700'000'000.123'456 }));
+    ZLChapter chapter(dictionary);
+    const QDateTime before = chapter.realDate();
+    chapter.moveDate(1.5);
+    EXPECT_EQ(before.msecsTo(chapter.realDate()), 1500);
+    ASSERT_TRUE(chapter.dateAsRead());
+    EXPECT_NEAR(chapter.dateAsRead()->referenceSeconds, 700'000'001.623'456, 1e-6);
+    chapter.setRealDate(before);
+    EXPECT_FALSE(chapter.dateAsRead()) << "a new date takes its place";
+    EXPECT_EQ(chapter.dictionaryRepresentation().value(ZLChapterKey::Date), QVariant(before));
+}

@@ -26,7 +26,7 @@ ZLChapterListShadow::ZLChapterListShadow(const ZLChapterManager& chapters)
 ZLChapterListShadow::Entry ZLChapterListShadow::Entry::of(const ZLChapter& chapter)
 {
     return { chapter.timeStamp(), chapter.isEnabled(), chapter.title(), chapter.link(), chapter.tags(),
-        chapter.realDate(), chapter.uuid() };
+        chapter.realDate(), chapter.dateAsRead(), chapter.uuid() };
 }
 
 bool ZLChapterListShadow::Entry::matches(const ZLChapter& chapter) const
@@ -34,7 +34,8 @@ bool ZLChapterListShadow::Entry::matches(const ZLChapter& chapter) const
     // By bits: a time that is no number is not equal to itself.
     return std::bit_cast<quint64>(timeStamp) == std::bit_cast<quint64>(chapter.timeStamp())
         && isEnabled == chapter.isEnabled() && isSameText(title, chapter.title()) && isSameText(link, chapter.link())
-        && isSameText(tags, chapter.tags()) && isSameText(uuid, chapter.uuid()) && realDate == chapter.realDate();
+        && isSameText(tags, chapter.tags()) && isSameText(uuid, chapter.uuid()) && realDate == chapter.realDate()
+        && dateAsRead == chapter.dateAsRead();
 }
 
 std::optional<ZLJournalSplice> ZLChapterListShadow::takeDifference()

@@ -29,6 +29,7 @@ private:
         QString link;
         QString tags;
         QDateTime realDate;
+        std::optional<ZLArchivedDate> dateAsRead;
         QString uuid;
 
         [[nodiscard]] static Entry of(const ZLChapter& chapter);

@@ -1,5 +1,6 @@
 #include "platform/archive/ZLArchiveDecoder.h"
 
+#include "platform/archive/ZLArchivedDate.h"
 #include "platform/archive/ZLKeyedUnarchiver.h"
 
 #include <QCoreApplication>
@@ -337,9 +338,7 @@ bool ZLArchiveDecoder::convertDate(const ZLArchivedRecord& record, Node& node)
     const ArchivedObject time = objectIn(record, Field::Time);
     if (time.kind != PropertyListKind::Real && time.kind != PropertyListKind::Integer)
         return fail(kArchiveIsDamaged);
-    const std::optional<QDateTime> date = ZLDateFromReferenceSeconds(time.scalar().value_or(QVariant()).toDouble());
-    if (date)
-        node.value = *date;
+    node.value = ZLArchivedDate::value(time.scalar().value_or(QVariant()).toDouble());
     return true;
 }
 

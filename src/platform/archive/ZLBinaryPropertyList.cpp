@@ -1,6 +1,7 @@
 #include "platform/archive/ZLBinaryPropertyList.h"
 
 #include "platform/ZLUtcTime.h"
+#include "platform/archive/ZLArchivedDate.h"
 
 #include <bit>
 #include <cmath>
@@ -34,12 +35,6 @@ double realValue(const uchar* bytes, quint64 size)
     if (size == 4)
         return double(std::bit_cast<float>(qFromBigEndian<quint32>(bytes)));
     return std::bit_cast<double>(qFromBigEndian<quint64>(bytes));
-}
-
-QVariant dateValue(double seconds)
-{
-    const std::optional<QDateTime> date = ZLDateFromReferenceSeconds(seconds);
-    return date ? QVariant(*date) : QVariant();
 }
 
 QString utf16Value(const uchar* bytes, quint64 units)
@@ -77,7 +72,7 @@ std::optional<QVariant> ZLBinaryPropertyListObject::scalar() const
     case Kind::Real:
         return count == 4 ? QVariant(float(realValue(payload, 4))) : QVariant(realValue(payload, count));
     case Kind::Date:
-        return dateValue(realValue(payload, count));
+        return ZLArchivedDate::value(realValue(payload, count));
     case Kind::Data:
         return QVariant(QByteArray(reinterpret_cast<const char*>(payload), qsizetype(count)));
     case Kind::Latin1Text:

@@ -66,9 +66,9 @@ struct ZLBinaryPropertyListObject {
     {
         return kind == Kind::Uid ? std::optional(ZLReadBigEndian(payload, count)) : std::nullopt;
     }
-    /// The value of a number (bool, qlonglong, ulonglong above its range, float, double), a date (QDateTime, UTC), data
-    /// (QByteArray), text (QString) or null (invalid QVariant); a date out of range is null. Nothing for a collection,
-    /// a UID and an integer of more than 64 bits.
+    /// The value of a number (bool, qlonglong, ulonglong above its range, float, double), a date (QDateTime, UTC, or
+    /// ZLArchivedDate), data (QByteArray), text (QString) or null (invalid QVariant). Nothing for a collection, a UID and
+    /// an integer of more than 64 bits.
     std::optional<QVariant> scalar() const;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/archive/ZLKeyedArchiver.h"
 
+#include "platform/archive/ZLArchivedDate.h"
 #include "platform/archive/ZLArchivedDictionary.h"
 #include "platform/archive/ZLBinaryPropertyList.h"
 #include "platform/archive/ZLBinaryPropertyListWriter.h"
@@ -42,7 +43,7 @@ private:
     Place placeOf(const QVariant& value, int depth);
     Place placeOfText(const QString& text);
     Place placeOfBoolean(bool value);
-    Place placeOfDate(const QDateTime& date);
+    Place placeOfDate(double referenceSeconds);
     Place placeOfNull();
     Place placeOfList(const QVariantList& list, int depth);
     Place placeOfMap(const QVariantMap& map, int depth);
@@ -115,7 +116,9 @@ ArchiveEncoder::Place ArchiveEncoder::placeOf(const QVariant& value, int depth)
     case QMetaType::QByteArray:
         return newPlace(m_writer.addData(value.toByteArray()));
     case QMetaType::QDateTime:
-        return placeOfDate(value.toDateTime());
+        if (const auto seconds = ZLReferenceSecondsFromDate(value.toDateTime()))
+            return placeOfDate(*seconds);
+        return placeOfNull();
     case QMetaType::Bool:
         return placeOfBoolean(value.toBool());
     case QMetaType::Float:
@@ -135,6 +138,8 @@ ArchiveEncoder::Place ArchiveEncoder::placeOf(const QVariant& value, int depth)
     default:
         break;
     }
+    if (const auto date = ZLArchivedDate::in(value))
+        return placeOfDate(date->referenceSeconds);
     const auto* dictionary = ZLArchivedDictionary::in(value);
     return dictionary ? placeOfDictionary(*dictionary, depth) : placeOfNull();
 }
@@ -162,13 +167,10 @@ ArchiveEncoder::Place ArchiveEncoder::placeOfBoolean(bool value)
     return place;
 }
 
-ArchiveEncoder::Place ArchiveEncoder::placeOfDate(const QDateTime& date)
+ArchiveEncoder::Place ArchiveEncoder::placeOfDate(double referenceSeconds)
 {
-    const std::optional<double> seconds = ZLReferenceSecondsFromDate(date);
-    if (!seconds)
-        return placeOfNull();
     const Place place = newPlace();
-    m_objects[place.uid] = dictionary({ { m_words[TimeWord], m_writer.addReal(*seconds) },
+    m_objects[place.uid] = dictionary({ { m_words[TimeWord], m_writer.addReal(referenceSeconds) },
         { m_words[ClassWord], placeOfClass(DateClass).reference } });
     return place;
 }

@@ -1,3 +1,4 @@
+#include "platform/archive/ZLArchivedDate.h"
 #include "platform/archive/ZLBinaryPropertyListReader.h"
 #include "platform/archive/ZLBinaryPropertyListWriter.h"
 
@@ -74,11 +75,14 @@ TEST(ZLBinaryPropertyList, ReadsEveryScalar)
     EXPECT_EQ(scalarOf(QByteArray("\x61\x65\xE5", 3)), QVariant(u"日"_s));
 }
 
-TEST(ZLBinaryPropertyList, ReadsDatesThatAreNoneAsNull)
+TEST(ZLBinaryPropertyList, KeepsDatesAsTheyAreThatNoQDateTimeSays)
 {
-    EXPECT_EQ(scalarOf("\x33\x7F\xF8" + QByteArray(6, '\0')), QVariant());
-    EXPECT_EQ(scalarOf("\x33\x7F\xF0" + QByteArray(6, '\0')), QVariant());
-    EXPECT_EQ(scalarOf("\x33\xFF\xEF" + QByteArray(6, '\xFF')), QVariant());
+    const auto dateOf = [](const QByteArray& object) {
+        return ZLArchivedDate::in(scalarOf(object).value_or(QVariant())).value_or(ZLArchivedDate());
+    };
+    EXPECT_TRUE(std::isnan(dateOf("\x33\x7F\xF8" + QByteArray(6, '\0')).referenceSeconds));
+    EXPECT_EQ(dateOf("\x33\x7F\xF0" + QByteArray(6, '\0')).referenceSeconds, std::numeric_limits<double>::infinity());
+    EXPECT_EQ(dateOf("\x33\xFF\xEF" + QByteArray(6, '\xFF')).referenceSeconds, std::numeric_limits<double>::lowest());
 }
 
 TEST(ZLBinaryPropertyList, RefusesObjectsThatDoNotFit)

@@ -1,6 +1,7 @@
 #include "platform/archive/ZLKeyedUnarchiver.h"
 
 #include "platform/archive/KeyedArchiveBuilder.h"
+#include "platform/archive/ZLArchivedDate.h"
 #include "platform/archive/ZLKeyedArchiver.h"
 
 #include <QDateTime>
@@ -176,12 +177,15 @@ TEST(ZLKeyedUnarchiver, ReadsAnUnknownClassAsNull)
     expectValue(archiveOfRecord("NSNull"_L1, "Field"_L1, number), QVariant());
 }
 
-TEST(ZLKeyedUnarchiver, ReadsDatesThatAreNoneAsNull)
+TEST(ZLKeyedUnarchiver, KeepsDatesAsTheyAreThatNoQDateTimeSays)
 {
-    for (const double seconds : { std::nan(""), 1e300, -1e13, double(INFINITY) }) {
-        expectValue(archiveOfRecord("NSDate"_L1, "NS.time"_L1,
-                        [seconds](KeyedArchiveBuilder& builder) { return builder.list.addReal(seconds); }),
-            QVariant());
+    for (const double seconds : { std::nan(""), 1e300, -1e13, double(INFINITY), 700'000'000.123'456 }) {
+        const QByteArray archive = archiveOfRecord("NSDate"_L1, "NS.time"_L1,
+            [seconds](KeyedArchiveBuilder& builder) { return builder.list.addReal(seconds); });
+        expectValue(archive, QVariant::fromValue(ZLArchivedDate { seconds }));
+        const ZLResult<QVariant> date = ZLKeyedUnarchiver::unarchivedRoot(archive);
+        ASSERT_TRUE(date.isOk());
+        expectValue(ZLKeyedArchiver::archivedData(date.value()), date.value());
     }
 }
 

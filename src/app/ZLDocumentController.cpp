@@ -49,7 +49,14 @@ ZLDocumentController::ZLDocumentController(ZLDocumentControllerSetup setup, QObj
     tidyHistories();
 }
 
-ZLDocumentController::~ZLDocumentController() = default;
+ZLDocumentController::~ZLDocumentController()
+{
+    // All of them out of one account, however many documents there are.
+    const QDeadlineTimer deadline = m_endDeadline.isForever() ? QDeadlineTimer(ZLDocumentSaver::EndPatience) : m_endDeadline;
+    for (const Entry& entry : m_entries)
+        entry.saver->end(deadline);
+    m_openDocuments.end(deadline);
+}
 
 void ZLDocumentController::tidyHistories() const
 {
@@ -152,9 +159,13 @@ ZLStatus ZLDocumentController::closeDocument(ZLChapterDocument* document, ZLClos
 
 QStringList ZLDocumentController::saveAllNow()
 {
+    // Each on its own way at first, so that a disk that hangs takes nobody else's time.
+    for (const Entry& entry : m_entries)
+        entry.saver->writeNewestState();
+    m_endDeadline = QDeadlineTimer(ZLDocumentSaver::EndPatience);
     QStringList failures;
     for (const Entry& entry : m_entries) {
-        if (const ZLStatus saved = entry.saver->saveNow(); !saved)
+        if (const ZLStatus saved = entry.saver->saveNow(m_endDeadline); !saved)
             failures.append(saved.error().message);
     }
     return failures;

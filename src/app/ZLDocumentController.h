@@ -6,6 +6,7 @@
 #include "document/saving/ZLDocumentSaver.h"
 #include "platform/ZLStateFolder.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QStringList>
 
@@ -40,7 +41,8 @@ class ZLDocumentController : public QObject {
 
 public:
     explicit ZLDocumentController(ZLDocumentControllerSetup setup, QObject* parent = nullptr);
-    /// Writes nothing any more; whoever ends the program in order calls saveAllNow() before.
+    /// Writes nothing any more; whoever ends the program in order calls saveAllNow() before. Both together wait for
+    /// disks that do not answer no longer than ZLDocumentSaver::EndPatience.
     ~ZLDocumentController() override;
 
     [[nodiscard]] QList<ZLChapterDocument*> documents() const;
@@ -70,7 +72,7 @@ public:
     /// stays in the memory of what was open, since closing it ends the program.
     ZLStatus closeDocument(ZLChapterDocument* document, ZLClosing closing);
 
-    /// Writes all documents; returns what failed, a sentence each.
+    /// Writes all documents, side by side; returns what failed, a sentence each.
     QStringList saveAllNow();
     [[nodiscard]] bool canTerminate() const;
     /// To be called before the windows are closed one after the other because the program ends: what is open now will
@@ -119,4 +121,6 @@ private:
     std::vector<Entry> m_entries;
     ZLChapterDocument* m_currentDocument = nullptr;
     bool m_isSessionKept = false;
+    /// Of the last saveAllNow().
+    QDeadlineTimer m_endDeadline { QDeadlineTimer::Forever };
 };

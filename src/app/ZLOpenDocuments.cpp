@@ -1,5 +1,6 @@
 #include "app/ZLOpenDocuments.h"
 
+#include "platform/ZLAbandonedWork.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
 #include "platform/ZLPrivateFolder.h"
@@ -45,9 +46,9 @@ ZLOpenDocuments::ZLOpenDocuments(const QString& stateFolder, Executor executor)
     : m_path(stateFolder + u"/session.json"_s)
     , m_executor(std::move(executor))
 {
-    m_worker.setMaxThreadCount(1);
+    m_worker->setMaxThreadCount(1);
     if (!m_executor)
-        m_executor = [this](std::function<void()> task) { m_worker.start(std::move(task)); };
+        m_executor = [worker = m_worker.get()](std::function<void()> task) { worker->start(std::move(task)); };
     if (const ZLStatus prepared = ZLPrivateFolder::prepare(stateFolder); !prepared)
         qCWarning(openDocumentsLog) << prepared.error().message;
     auto lock = ZLFileLock::tryLock(m_path + u".lock"_s);
@@ -80,4 +81,10 @@ void ZLOpenDocuments::store(const QList<ZLOpenDocumentEntry>& entries)
 {
     if (isOwner())
         m_executor([path = m_path, json = sessionToJson(entries)] { writeSession(path, json); });
+}
+
+void ZLOpenDocuments::end(QDeadlineTimer deadline)
+{
+    if (!m_worker->waitForDone(int(deadline.remainingTime())))
+        ZLAbandonedWork::keep(m_worker);
 }

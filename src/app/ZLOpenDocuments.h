@@ -2,6 +2,7 @@
 
 #include "platform/ZLFileLock.h"
 
+#include <QDeadlineTimer>
 #include <QList>
 #include <QString>
 #include <QThreadPool>
@@ -36,11 +37,12 @@ public:
     [[nodiscard]] QList<ZLOpenDocumentEntry> load() const;
     /// Does not wait for the disk.
     void store(const QList<ZLOpenDocumentEntry>& entries);
+    /// Waits for what was stored, until `deadline`. Nothing may be stored afterwards.
+    void end(QDeadlineTimer deadline);
 
 private:
     QString m_path;
     std::unique_ptr<ZLFileLock> m_lock;
     Executor m_executor;
-    /// Last, so that its end waits for the writes before anything else goes.
-    QThreadPool m_worker;
+    std::shared_ptr<QThreadPool> m_worker = std::make_shared<QThreadPool>();
 };

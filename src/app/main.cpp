@@ -9,6 +9,7 @@
 #include "app/ui/ZLDesktop.h"
 #include "app/ui/ZLDesktopApplication.h"
 #include "export/formats/ZLRegisterExporters.h"
+#include "platform/ZLAbandonedWork.h"
 #include "platform/activity/ZLBootClock.h"
 #include "platform/dnssd/ZLAvahiServicePublisher.h"
 #include "resources/translations/ZLTranslation.h"
@@ -74,6 +75,7 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
     ZLHeadlessRecorder recorder(application.documentController(), ZLHeadlessStreams::standard());
     recorder.showRemoteControl(application.oscController());
     QObject::connect(&recorder, &ZLHeadlessRecorder::didFinish, &events, &QCoreApplication::exit, Qt::QueuedConnection);
+    QObject::connect(&events, &QCoreApplication::aboutToQuit, &ZLAbandonedWork::endProcessSoon);
     const auto file = commandLine.files.isEmpty() ? std::nullopt : std::optional(commandLine.files.first());
     if (const ZLStatus started = recorder.start(file, commandLine.headlessStart, ZLFileWords::missingFile(commandLine));
         !started) {
@@ -110,6 +112,7 @@ int runWithWindows(int& argc, char** argv, const ZLCommandLine& commandLine)
     }
     ZLDesktopApplication events(argc, argv);
     const ZLTranslation translation;
+    QObject::connect(&events, &QCoreApplication::aboutToQuit, &ZLAbandonedWork::endProcessSoon);
     ZLDesktop desktop(events, commandLine);
     return desktop.run(request);
 }
@@ -135,8 +138,7 @@ int main(int argc, char** argv)
         return runFileCommand(argc, argv, arguments);
     if (commandLine.value().command == ZLCommand::SendAction)
         return runSendCommand(argc, argv, commandLine.value());
-    if (commandLine.value().command == ZLCommand::RecordHeadless)
-        return runHeadless(argc, argv, commandLine.value());
-    return hasDisplay() ? runWithWindows(argc, argv, commandLine.value())
-                        : runHeadless(argc, argv, commandLine.value());
+    const bool hasWindows = commandLine.value().command != ZLCommand::RecordHeadless && hasDisplay();
+    return ZLAbandonedWork::exitStatus(hasWindows ? runWithWindows(argc, argv, commandLine.value())
+                                                  : runHeadless(argc, argv, commandLine.value()));
 }

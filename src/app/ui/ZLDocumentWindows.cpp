@@ -22,6 +22,8 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -133,8 +135,11 @@ void ZLDocumentWindows::quitAtOnce()
         window->saveWindowState();
     }
     m_controller.keepSessionAsItIs();
-    m_controller.saveAllNow();
-    QCoreApplication::exit();
+    // The windows go now, so that no bar can tell it.
+    const QStringList problems = m_controller.saveAllNow();
+    for (const QString& problem : problems)
+        std::fprintf(stderr, "%s\n", qUtf8Printable(tr("Cannot save: %1").arg(problem)));
+    QCoreApplication::exit(problems.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
 bool ZLDocumentWindows::prepareForLogOut()

@@ -1,9 +1,12 @@
 #include "document/saving/ZLBackgroundWrite.h"
 
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLRemainingTime.h"
 
 #include <QCoreApplication>
 #include <QFile>
+
+#include <utility>
 
 namespace {
 
@@ -35,21 +38,43 @@ void ZLBackgroundWrite::run(const std::function<void()>& didWrite)
             return;
         m_progress = Progress::Running;
     }
-    m_outcome = carryOut(m_order, m_writer);
-    // Whoever waits may destroy what the call reaches as soon as the write is done.
-    didWrite();
+    ZLWriteOutcome outcome = carryOut(m_order, m_writer);
     const std::lock_guard lock(m_mutex);
+    if (m_progress == Progress::Abandoned)
+        return;
+    m_outcome = std::move(outcome);
+    // Whoever waits may destroy what the call reaches as soon as the write is over.
+    didWrite();
     m_progress = Progress::Done;
     m_progressDidChange.notify_all();
 }
 
-bool ZLBackgroundWrite::cancelOrWait()
+void ZLBackgroundWrite::callOff()
 {
-    std::unique_lock lock(m_mutex);
+    const std::lock_guard lock(m_mutex);
     if (m_progress == Progress::Waiting)
         m_progress = Progress::CalledOff;
-    m_progressDidChange.wait(lock, [this] { return m_progress != Progress::Running; });
+}
+
+bool ZLBackgroundWrite::waitForEnd(QDeadlineTimer deadline)
+{
+    std::unique_lock lock(m_mutex);
+    return m_progressDidChange.wait_for(lock, ZLRemainingTime(deadline), [this] { return isOver(); });
+}
+
+bool ZLBackgroundWrite::wasCarriedOut() const
+{
+    const std::lock_guard lock(m_mutex);
     return m_progress == Progress::Done;
+}
+
+bool ZLBackgroundWrite::abandon()
+{
+    const std::lock_guard lock(m_mutex);
+    const bool isUnderWay = m_progress == Progress::Running;
+    if (!isOver())
+        m_progress = isUnderWay ? Progress::Abandoned : Progress::CalledOff;
+    return isUnderWay;
 }
 
 ZLWriteOutcome ZLBackgroundWrite::carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer)
@@ -65,12 +90,13 @@ ZLWriteOutcome ZLBackgroundWrite::carryOut(const ZLWriteOrder& order, const ZLFi
     }
     if (order.journal) {
         order.journal->append({ ZLJournalRecord::Kind::KnownFile, outcome.digest }, ZLJournalFile::Sync::AtOnce);
-        order.journal->waitUntilSynced();
+        // Without the digest there, a power cut would make the file look like another program's, and nothing more.
+        order.journal->waitUntilSynced(LongestWaitForJournal);
     }
     outcome.status = writer(order.path, order.bytes);
     if (outcome && order.isForOwnerOnly)
         QFile::setPermissions(order.path, QFile::ReadOwner | QFile::WriteOwner);
     if (const auto& former = order.formerState; outcome && former)
-        outcome.keeping = former->history.keep(former->bytes, former->time, order.bytes);
+        outcome.keeping = order.stateKeeper->keep(*former, order.bytes);
     return outcome;
 }

@@ -1,24 +1,17 @@
 #pragma once
 
-#include "document/saving/ZLDocumentHistory.h"
 #include "document/saving/ZLJournalFile.h"
+#include "document/saving/ZLStateKeeper.h"
 #include "platform/ZLResult.h"
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 #include <QString>
 
 #include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <optional>
-
-/// What a write takes the place of, to be kept among the former states of the document.
-struct ZLFormerState {
-    ZLDocumentHistory history;
-    QByteArray bytes;
-    /// Since when the document was like that.
-    QDateTime time;
-};
 
 /// What is to be on the disk, and where.
 struct ZLWriteOrder {
@@ -30,8 +23,9 @@ struct ZLWriteOrder {
     std::shared_ptr<ZLJournalFile> journal = {};
     /// For recovery files, which are nobody else's business.
     bool isForOwnerOnly = false;
-    /// Kept once the file is written.
+    /// Kept once the file is written, by the keeper, which may be null where there is no state.
     std::optional<ZLFormerState> formerState = {};
+    std::shared_ptr<ZLStateKeeper> stateKeeper = {};
     /// The state of the document that the bytes show.
     quint64 revision = 0;
 };
@@ -52,7 +46,8 @@ struct ZLWriteOutcome {
 /// How bytes come into a file.
 using ZLFileWriter = std::function<ZLStatus(const QString& path, const QByteArray& bytes)>;
 
-/// One write that a worker thread carries out, unless the main thread calls it off before it has begun.
+/// One write that a worker thread carries out, unless the main thread calls it off before it has begun. While it hangs,
+/// the main thread may abandon it.
 class ZLBackgroundWrite {
 public:
     ZLBackgroundWrite(ZLWriteOrder order, ZLFileWriter writer)
@@ -63,24 +58,33 @@ public:
 
     [[nodiscard]] const ZLWriteOrder& order() const { return m_order; }
 
-    /// Writes, then calls `didWrite`, both on the calling thread. Whoever waits goes on only after that. Does nothing
-    /// when the write was called off.
+    /// Writes, then calls `didWrite`, both on the calling thread. Does nothing when the write was called off, and calls
+    /// nobody when it was abandoned.
     void run(const std::function<void()>& didWrite);
-    /// Calls the write off, or waits for its end if it has begun. Returns whether it was carried out.
-    bool cancelOrWait();
-    /// The outcome; only to be asked for after the write was carried out.
+    /// Keeps a write that has not begun from beginning.
+    void callOff();
+    /// Returns false when the write is not over before `deadline`.
+    bool waitForEnd(QDeadlineTimer deadline);
+    /// Whether it was, once it is over; only then there is an outcome.
+    [[nodiscard]] bool wasCarriedOut() const;
     [[nodiscard]] const ZLWriteOutcome& outcome() const { return m_outcome; }
+    /// Makes a write that is under way tell nobody of its end. Returns whether it is.
+    bool abandon();
 
-    /// Carries an order out at once.
-    [[nodiscard]] static ZLWriteOutcome carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer);
+    /// How long a write waits for the journal to have its digest: the two roads to the disk do not wait for each other
+    /// without a bound.
+    static constexpr std::chrono::milliseconds LongestWaitForJournal { 1000 };
 
 private:
-    enum class Progress { Waiting, Running, Done, CalledOff };
+    enum class Progress { Waiting, Running, Abandoned, Done, CalledOff };
+
+    [[nodiscard]] static ZLWriteOutcome carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer);
+    [[nodiscard]] bool isOver() const { return m_progress == Progress::Done || m_progress == Progress::CalledOff; }
 
     const ZLWriteOrder m_order;
     const ZLFileWriter m_writer;
     ZLWriteOutcome m_outcome;
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::condition_variable m_progressDidChange;
     Progress m_progress = Progress::Waiting;
 };

@@ -12,6 +12,7 @@ ZLDocumentJournal::ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk 
     connect(&m_tickTimer, &QTimer::timeout, this, &ZLDocumentJournal::noteReading);
     connect(&document, &ZLChapterDocument::recordingStateDidChange, this, &ZLDocumentJournal::followClock);
     followClock();
+    rememberDocument();
 }
 
 void ZLDocumentJournal::begin(
@@ -31,9 +32,17 @@ void ZLDocumentJournal::tidy(const QByteArray& fileDigest)
     beginFile(fileDigest, m_document.dataOfType());
 }
 
-void ZLDocumentJournal::end()
+bool ZLDocumentJournal::end(QDeadlineTimer deadline)
 {
-    m_file.reset();
+    return !m_file || ZLJournalFile::leave(std::exchange(m_file, nullptr), deadline);
+}
+
+bool ZLDocumentJournal::noticeChange()
+{
+    const bool areChaptersOther = m_chapters.takeDifference().has_value();
+    const bool areTemplatesOther = m_templates.takeDifference().has_value();
+    const ClockState clock = clockState();
+    return std::exchange(m_clock, clock) != clock || areChaptersOther || areTemplatesOther;
 }
 
 void ZLDocumentJournal::note()
@@ -79,9 +88,7 @@ void ZLDocumentJournal::noteReading()
 
 void ZLDocumentJournal::rememberDocument()
 {
-    (void)m_chapters.takeDifference();
-    (void)m_templates.takeDifference();
-    m_clock = clockState();
+    (void)noticeChange();
 }
 
 ZLJournalChange ZLDocumentJournal::readingNow() const

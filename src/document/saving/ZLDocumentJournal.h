@@ -27,15 +27,22 @@ public:
     [[nodiscard]] const std::shared_ptr<ZLJournalFile>& file() const { return m_file; }
     /// Which folder does not take the journal and why; empty while it does, and while none is begun.
     [[nodiscard]] QString failureText() const { return m_file ? m_file->failureText() : QString(); }
+    /// Whether changes are not handed over yet that somebody waited for.
+    [[nodiscard]] bool isLagging() const { return m_file && m_file->isLagging(); }
+    [[nodiscard]] ZLProgress progress() const { return m_file ? m_file->progress() : ZLProgress(); }
     /// Begins the journal at `journalPath`. `snapshot` is the document as it is now, `filePath` the user's file, empty
     /// for none, and `fileDigest` that of what it holds, empty for nothing.
     void begin(
         const QString& journalPath, const QString& filePath, const QByteArray& fileDigest, const QByteArray& snapshot);
     /// Begins it anew, from a new snapshot, when it is broken or has outgrown the last one several times.
     void tidy(const QByteArray& fileDigest);
-    /// Stops journaling and leaves the file as it is.
-    void end();
+    /// Stops journaling and leaves the file as it is. Returns false when its disk does not take everything before
+    /// `deadline`.
+    bool end(QDeadlineTimer deadline);
 
+    /// Whether the document differs from what it was at the last call, or at the beginning. To be asked while no file is
+    /// begun.
+    [[nodiscard]] bool noticeChange();
     /// Journals what differs from the last record, and waits until the kernel has it.
     void note();
     /// Journals the reading of a running clock; without waiting.

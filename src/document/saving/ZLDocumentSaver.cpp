@@ -27,6 +27,9 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     , m_machinery(std::move(machinery))
     , m_path(path)
     , m_journal(document, m_machinery.journalDisk)
+    , m_writer(m_machinery.writeFile, m_machinery.executor)
+    , m_diskWatch(
+          m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
 {
     if (!isUntitled()) {
         m_bytesOnDisk = currentBytes();
@@ -44,6 +47,9 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     , m_machinery(std::move(machinery))
     , m_recoveryFile(std::move(recoveryFile))
     , m_journal(document, m_machinery.journalDisk)
+    , m_writer(m_machinery.writeFile, m_machinery.executor)
+    , m_diskWatch(
+          m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
 {
     m_bytesOnDisk = currentBytes();
     m_fileDigest = ZLJournalRecords::digestOf(m_bytesOnDisk);
@@ -60,6 +66,9 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     , m_path(path)
     , m_recoveryFile(std::move(recoveryFile))
     , m_journal(document, m_machinery.journalDisk)
+    , m_writer(m_machinery.writeFile, m_machinery.executor)
+    , m_diskWatch(
+          m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
     , m_bytesOnDisk(fileBytes)
     , m_revertBytes(fileBytes)
 {
@@ -73,10 +82,19 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
 
 ZLDocumentSaver::~ZLDocumentSaver()
 {
-    if (m_backgroundWrite)
-        m_backgroundWrite->cancelOrWait();
-    m_journal.end();
-    if (m_recoveryFile && !isJournalStillNeeded())
+    end(QDeadlineTimer(CommandPatience));
+}
+
+void ZLDocumentSaver::end(QDeadlineTimer deadline)
+{
+    if (std::exchange(m_hasEnded, true))
+        return;
+    m_writer.disconnect(this);
+    if (!m_isWriteGivenUp)
+        (void)m_writer.settle(deadline);
+    m_writer.abandon();
+    const bool isJournalWhole = m_journal.end(m_diskWatch.isJournalHanging() ? QDeadlineTimer() : deadline);
+    if (m_recoveryFile && isJournalWhole && !isJournalStillNeeded())
         m_recoveryFile->removeJournal();
     // Nobody could ever come back to an untitled document of which nothing is kept.
     if (isUntitled() && !m_recoveryFile && m_history)
@@ -106,11 +124,12 @@ std::optional<int> ZLDocumentSaver::plannedDelay() const
     return m_writeTimer.isActive() ? std::optional(m_writeTimer.interval()) : std::nullopt;
 }
 
-ZLStatus ZLDocumentSaver::saveNow()
+ZLStatus ZLDocumentSaver::saveNow(QDeadlineTimer deadline)
 {
     if (m_isDiscarded)
         return ZLDone {};
-    settleBackgroundWrite();
+    if (!settleWrite(deadline))
+        return noteHangingFile();
     dropPlannedWrite();
     if (m_state == ZLSavingState::Conflict)
         return ZLError { m_failureText };
@@ -124,11 +143,12 @@ ZLStatus ZLDocumentSaver::saveNow()
         noteFailure(order.error());
         return order.error();
     }
-    ZLWriteOutcome outcome { .digest = m_fileDigest };
-    if (!isOnDisk(order.value()))
-        outcome = ZLBackgroundWrite::carryOut(order.value(), m_machinery.writeFile);
-    noteOutcome(order.value(), outcome);
-    return outcome.status;
+    if (isOnDisk(order.value())) {
+        noteSuccess(order.value(), m_fileDigest);
+        return ZLDone {};
+    }
+    const auto outcome = m_writer.write(std::move(order).value(), deadline);
+    return outcome ? outcome->status : noteHangingFile();
 }
 
 ZLStatus ZLDocumentSaver::save()
@@ -146,16 +166,22 @@ ZLStatus ZLDocumentSaver::save()
 
 ZLStatus ZLDocumentSaver::saveAs(const QString& path)
 {
-    settleBackgroundWrite();
-    const ZLWriteOrder order { .path = pathWithExtension(path), .bytes = currentBytes(), .revision = m_revision };
+    const QString target = pathWithExtension(path);
+    if (!settleWrite(commandDeadline()) && target == m_path)
+        return noteHangingFile();
+    const ZLWriteOrder order { .path = target, .bytes = currentBytes(), .revision = m_revision };
     if (const ZLStatus allowed = ZLWriteProtection::check(order.path, m_lock ? &m_lock->note() : nullptr); !allowed)
         return allowed;
-    const ZLWriteOutcome written = ZLBackgroundWrite::carryOut(order, m_machinery.writeFile);
-    if (!written) {
-        if (m_revision != m_savedRevision && !plannedDelay())
+    ZLDocumentWriter targetWriter(m_machinery.writeFile);
+    const auto written = targetWriter.write(order, QDeadlineTimer(CommandPatience));
+    if (!written || !*written) {
+        if (m_revision != m_savedRevision && !plannedDelay() && !m_writer.isUnderWay())
             planWrite();
-        return written.status;
+        return written ? written->status : ZLStatus(silentDisk(target));
     }
+    // What hangs where the document was has nothing to do with it any more.
+    m_writer.abandon();
+    m_isWriteGivenUp = false;
     qCDebug(documentSaveLog) << "document moves to" << order.path;
     dropPlannedWrite();
     m_path = order.path;
@@ -164,7 +190,7 @@ ZLStatus ZLDocumentSaver::saveAs(const QString& path)
     removeRecoveryFile();
     followLocation();
     m_revertBytes = order.bytes;
-    noteSuccess(order, written.digest);
+    noteSuccess(order, written->digest);
     journalNow();
     m_document.setDisplayName(QFileInfo(m_path).fileName());
     Q_EMIT locationDidChange();
@@ -173,7 +199,8 @@ ZLStatus ZLDocumentSaver::saveAs(const QString& path)
 
 void ZLDocumentSaver::discard()
 {
-    settleBackgroundWrite();
+    if (!settleWrite(commandDeadline()))
+        m_writer.abandon();
     dropPlannedWrite();
     m_readingTimer.stop();
     m_isDiscarded = true;
@@ -190,7 +217,7 @@ QString ZLDocumentSaver::pathWithExtension(const QString& path)
 void ZLDocumentSaver::writeNewestState()
 {
     // The end of a write under way looks for newer changes itself.
-    if (m_isDiscarded || m_backgroundWrite || m_state == ZLSavingState::Conflict)
+    if (m_isDiscarded || m_writer.isUnderWay() || m_state == ZLSavingState::Conflict)
         return;
     dropPlannedWrite();
     if (keepNothingOfEmptyDocument())
@@ -213,15 +240,13 @@ void ZLDocumentSaver::watchDocument()
         m_lock = std::make_unique<ZLDocumentLock>(m_path);
     followLocation();
     m_timeOfBytes = timeOfFile(isUntitled() ? recoveryPath() : m_path);
-    m_worker.setMaxThreadCount(1);
-    if (!m_machinery.executor)
-        m_machinery.executor = [this](std::function<void()> task) { m_worker.start(std::move(task)); };
     m_writeTimer.setSingleShot(true);
     m_readingTimer.setInterval(ReadingInterval);
     m_journalTimer.setInterval(RetryInterval);
     connect(&m_writeTimer, &QTimer::timeout, this, &ZLDocumentSaver::writeNewestState);
     connect(&m_readingTimer, &QTimer::timeout, this, &ZLDocumentSaver::writeNewestState);
     connect(&m_journalTimer, &QTimer::timeout, this, &ZLDocumentSaver::retryJournal);
+    followWriter();
     connect(&m_document, &ZLChapterDocument::contentsDidChange, this, &ZLDocumentSaver::noteChange);
     connect(&m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLDocumentSaver::followClock);
     // This connection is the first one, so that nobody is told of what could still be lost.
@@ -231,14 +256,30 @@ void ZLDocumentSaver::watchDocument()
 
 void ZLDocumentSaver::journalNow()
 {
-    if (m_isDiscarded || (isUntitled() && !hasContent()))
+    if (m_isDiscarded || (isUntitled() && !hasContent()) || !isJournalDue())
         return;
-    if (!m_journal.isBegun() || !m_recoveryFile || !m_recoveryFile->isStillHeld())
+    // A disk that does not answer is not asked anything else either.
+    const bool isHeld = m_recoveryFile && (m_journal.isLagging() || m_recoveryFile->isStillHeld());
+    if (!m_journal.isBegun() || !isHeld)
         beginJournal();
     else
         m_journal.note();
     if (m_journal.isBegun())
-        noteRecoveryFailure(m_journal.failureText());
+        noteRecoveryFailure(journalFailure());
+    m_diskWatch.begin();
+}
+
+bool ZLDocumentSaver::isJournalDue()
+{
+    // Looked at each time, since looking remembers. A document that was only opened takes no journal.
+    const bool hasChanged = !m_journal.isBegun() && m_journal.noticeChange();
+    m_isJournalDue = m_isJournalDue || hasChanged || m_document.isRecording() || m_document.interruptedRecording();
+    return m_isJournalDue;
+}
+
+QString ZLDocumentSaver::journalFailure() const
+{
+    return m_diskWatch.isJournalHanging() ? silentDisk(m_recoveryFolder.path()).message : m_journal.failureText();
 }
 
 void ZLDocumentSaver::retryJournal()
@@ -253,6 +294,7 @@ void ZLDocumentSaver::retryJournal()
 
 void ZLDocumentSaver::beginJournal()
 {
+    m_isJournalDue = true;
     if (const ZLStatus ensured = ensureRecoveryFile(); !ensured) {
         noteRecoveryFailure(ensured.error().message);
         return;
@@ -299,7 +341,7 @@ ZLStatus ZLDocumentSaver::ensureRecoveryFile()
     // When the folder was taken away, the lock went with it: both are made anew.
     if (m_recoveryFile && m_recoveryFile->isStillHeld())
         return ZLDone {};
-    m_journal.end();
+    m_journal.end(journalDeadline());
     m_recoveryFile.reset();
     auto file = m_recoveryFolder.createFile();
     if (!file)
@@ -316,7 +358,10 @@ void ZLDocumentSaver::removeRecoveryFile()
     noteRecoveryFailure({});
     if (!m_recoveryFile)
         return;
-    m_journal.end();
+    m_journal.end(journalDeadline());
+    // What the document is now needs none; what it becomes does.
+    (void)m_journal.noticeChange();
+    m_isJournalDue = false;
     m_recoveryFile->remove();
     m_recoveryFile.reset();
     if (isUntitled())

@@ -1,15 +1,16 @@
 #pragma once
 
 #include "document/ZLChapterDocument.h"
-#include "document/saving/ZLBackgroundWrite.h"
+#include "document/saving/ZLDiskWatch.h"
 #include "document/saving/ZLDocumentJournal.h"
 #include "document/saving/ZLDocumentLock.h"
+#include "document/saving/ZLDocumentWriter.h"
 #include "document/saving/ZLRecoveryFolder.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLHostClock.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
-#include <QThreadPool>
 #include <QTimer>
 
 #include <functional>
@@ -20,7 +21,7 @@ enum class ZLSavingState {
     Saved, ///< Everything is on the disk, or there is nothing to keep.
     Waiting, ///< There are changes; they are written within a second.
     Saving, ///< A write is under way.
-    Failed, ///< The last write failed; it is tried again and again. See failureText().
+    Failed, ///< The last write failed and is tried again and again, or it hangs. See failureText().
     Conflict, ///< Another program changed the user's file: nothing is written until somebody decides.
 };
 
@@ -48,6 +49,8 @@ public:
     static constexpr int RetryInterval = 2000;
     static constexpr int ReadingInterval = 5000; ///< How often the reading of a running clock is stored.
     static constexpr int StateInterval = 60'000; ///< At least between two states that are kept.
+    static constexpr int CommandPatience = 3000; ///< How long a command waits for a disk that does not answer.
+    static constexpr int EndPatience = 5000; ///< The same at the end of the program.
     /// @}
 
     /// Looks after `document`, which holds what is on the disk at this moment and has to outlive the saver, as has
@@ -62,8 +65,11 @@ public:
     /// holds `fileBytes`, if it can be read.
     ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery,
         std::unique_ptr<ZLRecoveryFile> recoveryFile, const QString& path, const QByteArray& fileBytes);
-    /// Waits for a write under way but starts none: whoever ends a document calls saveNow() before.
+    /// Ends as end() does, with the patience of a command.
     ~ZLDocumentSaver() override;
+    /// Waits until `deadline` for what is under way but starts nothing: whoever ends a document calls saveNow() before.
+    /// Only the destructor may follow.
+    void end(QDeadlineTimer deadline);
 
     [[nodiscard]] bool isUntitled() const { return m_path.isEmpty(); }
     /// The user's file; empty for an untitled document.
@@ -87,8 +93,11 @@ public:
     [[nodiscard]] std::optional<int> plannedDelay() const;
 
     /// Writes the newest state before it returns, a running clock with its reading. Success also when there was
-    /// nothing to write. After a failure the saver goes on trying.
-    ZLStatus saveNow();
+    /// nothing to write. After a failure the saver goes on trying. A disk that does not answer before `deadline` is a
+    /// failure; the write goes on, and as long as it does nobody waits for it again.
+    ZLStatus saveNow(QDeadlineTimer deadline);
+    /// With the patience of a command.
+    ZLStatus saveNow() { return saveNow(commandDeadline()); }
     /// The user's own save of a titled document, which revert() goes back to. It also writes the UUIDs that chapters of
     /// the file lack, although nothing else is new.
     ZLStatus save();
@@ -136,7 +145,9 @@ Q_SIGNALS:
 private:
     void watchDocument();
     void journalNow();
+    [[nodiscard]] bool isJournalDue();
     void beginJournal();
+    [[nodiscard]] QString journalFailure() const;
     void noteRecoveryFailure(const QString& text);
     void noteChange();
     void planWrite();
@@ -151,8 +162,14 @@ private:
     void followLocation();
     [[nodiscard]] QDateTime timeOfFile(const QString& path) const;
     void startBackgroundWrite(ZLWriteOrder order);
-    void finishBackgroundWrite(const std::shared_ptr<ZLBackgroundWrite>& write);
-    void settleBackgroundWrite();
+    [[nodiscard]] bool settleWrite(QDeadlineTimer deadline);
+    [[nodiscard]] QDeadlineTimer commandDeadline() const;
+    [[nodiscard]] QDeadlineTimer journalDeadline() const;
+    [[nodiscard]] static ZLError silentDisk(const QString& path);
+    ZLStatus noteHangingFile();
+    ZLError tellHangingFile();
+    void noteHangingDisks();
+    void followWriter();
     void noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome);
     [[nodiscard]] bool keepNothingOfEmptyDocument();
     void noteSuccess(const ZLWriteOrder& order, const QByteArray& digest);
@@ -165,7 +182,6 @@ private:
     ZLChapterDocument& m_document;
     const ZLRecoveryFolder& m_recoveryFolder;
     ZLSavingMachinery m_machinery;
-    QThreadPool m_worker;
     QTimer m_writeTimer;
     QTimer m_readingTimer { this };
     QTimer m_journalTimer { this };
@@ -178,7 +194,9 @@ private:
     std::unique_ptr<ZLDocumentLock> m_lock;
     /// Of what the document's file holds, as far as this program knows; empty when it holds nothing.
     QByteArray m_fileDigest;
-    std::shared_ptr<ZLBackgroundWrite> m_backgroundWrite;
+    ZLDocumentWriter m_writer;
+    ZLDiskWatch m_diskWatch;
+    const std::shared_ptr<ZLStateKeeper> m_stateKeeper = std::make_shared<ZLStateKeeper>();
     QByteArray m_bytesOnDisk;
     /// What was read when the document was opened, until it is written for the first time.
     QByteArray m_openedBytes;
@@ -195,5 +213,10 @@ private:
     ZLSavingState m_state = ZLSavingState::Saved;
     QString m_failureText;
     QString m_recoveryFailureText;
+    /// Somebody waited in vain for the write that is under way.
+    bool m_isWriteGivenUp = false;
+    /// Something changed that only a journal would hold.
+    bool m_isJournalDue = false;
     bool m_isDiscarded = false;
+    bool m_hasEnded = false;
 };

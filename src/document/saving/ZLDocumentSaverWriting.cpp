@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(documentWriteLog, "zelta.document.write", QtInfoMsg)
@@ -18,7 +20,9 @@ void ZLDocumentSaver::planWrite()
     if (!m_firstUnsavedChange)
         m_firstUnsavedChange = now;
     const double waited = (now - *m_firstUnsavedChange) * 1000.0;
-    m_writeTimer.start(std::clamp(LongestWait - int(std::min(waited, double(LongestWait))), 0, QuietTime));
+    const int quietTime = std::clamp(LongestWait - int(std::min(waited, double(LongestWait))), 0, QuietTime);
+    // What no journal holds goes to the file at once.
+    m_writeTimer.start(m_journal.isLagging() || !m_recoveryFailureText.isEmpty() ? 0 : quietTime);
 }
 
 void ZLDocumentSaver::dropPlannedWrite()
@@ -43,6 +47,7 @@ ZLResult<ZLWriteOrder> ZLDocumentSaver::makeOrder()
         order.expectedDigest.clear();
     }
     order.formerState = stateToKeep();
+    order.stateKeeper = m_stateKeeper;
     return order;
 }
 
@@ -63,38 +68,68 @@ bool ZLDocumentSaver::isOnDisk(const ZLWriteOrder& order) const
 void ZLDocumentSaver::startBackgroundWrite(ZLWriteOrder order)
 {
     qCDebug(documentWriteLog) << "writing" << order.bytes.size() << "bytes to" << order.path;
-    const auto write = std::make_shared<ZLBackgroundWrite>(std::move(order), m_machinery.writeFile);
-    m_backgroundWrite = write;
     if (m_state != ZLSavingState::Failed)
         setState(ZLSavingState::Saving);
-    m_machinery.executor([this, write] {
-        // The object is reached only for a write that was not called off, and its end waits for this.
-        write->run([this, write] {
-            QMetaObject::invokeMethod(
-                this, [this, write] { finishBackgroundWrite(write); }, Qt::QueuedConnection);
-        });
+    m_writer.start(std::move(order));
+    m_diskWatch.begin();
+}
+
+void ZLDocumentSaver::followWriter()
+{
+    connect(&m_writer, &ZLDocumentWriter::didWrite, this, &ZLDocumentSaver::noteOutcome);
+    connect(&m_writer, &ZLDocumentWriter::didFinishByItself, this, [this] {
+        if (m_revision != m_savedRevision && !plannedDelay())
+            writeNewestState();
     });
+    connect(&m_diskWatch, &ZLDiskWatch::didChange, this, &ZLDocumentSaver::noteHangingDisks);
 }
 
-void ZLDocumentSaver::finishBackgroundWrite(const std::shared_ptr<ZLBackgroundWrite>& write)
+bool ZLDocumentSaver::settleWrite(QDeadlineTimer deadline)
 {
-    // Somebody who could not wait may have settled it before.
-    if (write != m_backgroundWrite)
-        return;
-    settleBackgroundWrite();
-    if (m_revision != m_savedRevision && !plannedDelay())
-        writeNewestState();
+    return m_writer.settle(m_isWriteGivenUp ? QDeadlineTimer() : deadline);
 }
 
-void ZLDocumentSaver::settleBackgroundWrite()
+QDeadlineTimer ZLDocumentSaver::commandDeadline() const
 {
-    const auto write = std::exchange(m_backgroundWrite, nullptr);
-    if (write && write->cancelOrWait())
-        noteOutcome(write->order(), write->outcome());
+    return m_diskWatch.isFileHanging() ? QDeadlineTimer() : QDeadlineTimer(CommandPatience);
+}
+
+QDeadlineTimer ZLDocumentSaver::journalDeadline() const
+{
+    return m_journal.isLagging() ? QDeadlineTimer() : QDeadlineTimer(CommandPatience);
+}
+
+ZLError ZLDocumentSaver::silentDisk(const QString& path)
+{
+    return ZLError { u"%1: %2"_s.arg(path, tr("The disk does not answer")) };
+}
+
+ZLStatus ZLDocumentSaver::noteHangingFile()
+{
+    m_isWriteGivenUp = true;
+    m_diskWatch.begin();
+    return tellHangingFile();
+}
+
+ZLError ZLDocumentSaver::tellHangingFile()
+{
+    const ZLError error = silentDisk(isUntitled() ? m_recoveryFolder.path() : m_path);
+    m_document.setDocumentEdited(true);
+    setState(ZLSavingState::Failed, error.message);
+    return error;
+}
+
+void ZLDocumentSaver::noteHangingDisks()
+{
+    if (m_diskWatch.isFileHanging())
+        tellHangingFile();
+    if (m_journal.isBegun())
+        noteRecoveryFailure(journalFailure());
 }
 
 void ZLDocumentSaver::noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome)
 {
+    m_isWriteGivenUp = false;
     // A full disk is not asked more often than one that takes the state.
     if (outcome.keeping != ZLStateKeeping::NothingNew)
         m_lastStateKept = m_machinery.clock->now();

@@ -1,5 +1,8 @@
 #include "document/saving/ZLJournalFile.h"
 
+#include "platform/ZLAbandonedWork.h"
+#include "platform/ZLRemainingTime.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QLoggingCategory>
@@ -80,12 +83,39 @@ ZLJournalFile::ZLJournalFile(const QString& path, ZLJournalDisk disk)
 
 ZLJournalFile::~ZLJournalFile()
 {
+    (void)finish(QDeadlineTimer(QDeadlineTimer::Forever));
+}
+
+bool ZLJournalFile::finish(QDeadlineTimer deadline)
+{
+    post([] {}, Sync::AtOnce);
+    {
+        std::unique_lock lock(m_mutex);
+        const auto isSynced = [this, wanted = m_postedCount] { return m_syncedCount >= wanted; };
+        if (!m_progress.wait_for(lock, ZLRemainingTime(deadline), isSynced))
+            return false;
+    }
     // Each of them may give the other one work: a successor is made by one and installed by the other.
-    waitUntilSynced();
-    m_writer.waitForDone();
-    m_syncer.waitForDone();
-    m_writer.waitForDone();
-    m_syncer.waitForDone();
+    for (int round = 0; round < 2; ++round) {
+        for (QThreadPool* thread : { &m_writer, &m_syncer }) {
+            if (!thread->waitForDone(deadline.isForever() ? -1 : int(deadline.remainingTime())))
+                return false;
+        }
+    }
+    return true;
+}
+
+bool ZLJournalFile::leave(std::shared_ptr<ZLJournalFile> file, QDeadlineTimer deadline)
+{
+    if (file->finish(deadline))
+        return true;
+    qCWarning(journalLog) << "the disk of" << file->m_nativePath << "does not answer, so its journal is left to itself";
+    {
+        const std::lock_guard lock(file->m_mutex);
+        file->m_isLeft = true;
+    }
+    ZLAbandonedWork::keep(std::move(file));
+    return false;
 }
 
 void ZLJournalFile::begin(QList<ZLJournalRecord> records)
@@ -100,20 +130,38 @@ void ZLJournalFile::append(ZLJournalRecord record, Sync sync)
 
 bool ZLJournalFile::waitUntilHandedOver(std::chrono::milliseconds limit)
 {
-    std::unique_lock lock(m_mutex);
-    const auto isHandedOver = [this, wanted = m_postedCount] { return m_writtenCount >= wanted; };
-    const bool wasLagging = m_isLagging;
-    m_isLagging = wasLagging ? !isHandedOver() : !m_progress.wait_for(lock, limit, isHandedOver);
-    if (m_isLagging && !wasLagging)
-        qCWarning(journalLog) << "the disk of" << m_nativePath << "does not answer";
-    return !m_isLagging;
+    return waitFor(m_writtenCount, m_missedHandOver, limit);
 }
 
-void ZLJournalFile::waitUntilSynced()
+bool ZLJournalFile::waitUntilSynced(std::chrono::milliseconds limit)
 {
-    requestSync();
+    post([] {}, Sync::AtOnce);
+    return waitFor(m_syncedCount, m_missedSync, limit);
+}
+
+bool ZLJournalFile::waitFor(const quint64& count, Missed& missed, std::chrono::milliseconds limit)
+{
     std::unique_lock lock(m_mutex);
-    m_progress.wait(lock, [this, wanted = m_postedCount] { return m_syncedCount >= wanted; });
+    if (missed && count < *missed)
+        return false;
+    const quint64 wanted = m_postedCount;
+    const bool hasCome = m_progress.wait_for(lock, limit, [&] { return count >= wanted; });
+    missed = hasCome ? Missed() : wanted;
+    if (!hasCome)
+        qCWarning(journalLog) << "the disk of" << m_nativePath << "is slow";
+    return hasCome;
+}
+
+bool ZLJournalFile::isLagging() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_missedHandOver && m_writtenCount < *m_missedHandOver;
+}
+
+ZLProgress ZLJournalFile::progress() const
+{
+    const std::lock_guard lock(m_mutex);
+    return { .isAwaited = m_syncedCount < m_awaitedCount, .reached = m_syncedCount };
 }
 
 bool ZLJournalFile::isBroken() const
@@ -142,9 +190,12 @@ void ZLJournalFile::post(std::function<void()> task, Sync sync)
     {
         const std::lock_guard lock(m_mutex);
         ++m_postedCount;
+        if (sync == Sync::AtOnce)
+            m_awaitedCount = m_postedCount;
     }
     m_writer.start([this, task = std::move(task), sync] {
-        task();
+        if (!isLeft())
+            task();
         noteWritten();
         if (sync == Sync::AtOnce)
             startSync();
@@ -168,12 +219,6 @@ void ZLJournalFile::startSync()
             return;
     }
     m_syncer.start([this] { syncNow(); });
-}
-
-void ZLJournalFile::requestSync()
-{
-    // The sync has to come after the write; so the writing thread asks for it.
-    m_writer.start([this] { startSync(); });
 }
 
 void ZLJournalFile::syncNow()
@@ -203,7 +248,7 @@ void ZLJournalFile::performBegin(const QList<ZLJournalRecord>& records)
         return;
     m_recordsForSuccessor.clear();
     m_syncer.start([this, records] {
-        const DescriptorPointer successor = makeSuccessor(records);
+        const DescriptorPointer successor = isLeft() ? nullptr : makeSuccessor(records);
         const auto takeOver = [this, successor] {
             if (successor)
                 install(successor);
@@ -268,6 +313,12 @@ void ZLJournalFile::install(const DescriptorPointer& successor)
     }
     noteSize();
     m_syncer.start([path = m_nativePath] { syncFolderOfJournal(path); });
+}
+
+bool ZLJournalFile::isLeft() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_isLeft;
 }
 
 void ZLJournalFile::noteSize()

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "document/saving/ZLJournalRecord.h"
+#include "document/saving/ZLStandstill.h"
 
+#include <QDeadlineTimer>
 #include <QString>
 #include <QThreadPool>
 
@@ -10,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -30,9 +33,13 @@ public:
     enum class Sync { AtOnce, WithTheNext };
 
     explicit ZLJournalFile(const QString& path, ZLJournalDisk disk = {});
-    /// Waits until everything is written and synced.
+    /// Waits until everything is written and synced, however long that lasts; see leave().
     ~ZLJournalFile();
     Q_DISABLE_COPY_MOVE(ZLJournalFile)
+
+    /// Gives the file up. What it holds is on the disk then, or when `deadline` comes before that, it is left to itself
+    /// with what it has not written yet; false is returned in this case.
+    static bool leave(std::shared_ptr<ZLJournalFile> file, QDeadlineTimer deadline);
 
     /// Begins the file anew. What stands under its name is replaced when the new one is synced, so that at each moment
     /// one of both is whole.
@@ -40,10 +47,14 @@ public:
     void append(ZLJournalRecord record, Sync sync);
 
     /// Waits until the kernel has everything that was appended, so that a kill of the process cannot lose it. Returns
-    /// false when that lasts too long; then nobody waits again until the disk has caught up.
+    /// false when that lasts longer than `limit`; then nobody waits again until that has come.
     bool waitUntilHandedOver(std::chrono::milliseconds limit);
-    /// Waits until everything appended up to now is on the disk.
-    void waitUntilSynced();
+    /// The same until everything is on the disk.
+    bool waitUntilSynced(std::chrono::milliseconds limit);
+    /// Whether something is not handed over that was waited for in vain.
+    [[nodiscard]] bool isLagging() const;
+    /// How far the syncing has come that was asked for.
+    [[nodiscard]] ZLProgress progress() const;
 
     /// Whether records are being lost because the file cannot be written. begin() tries anew.
     [[nodiscard]] bool isBroken() const;
@@ -55,15 +66,20 @@ private:
     struct Descriptor;
     using DescriptorPointer = std::shared_ptr<Descriptor>;
 
+    /// What somebody waited for in vain.
+    using Missed = std::optional<quint64>;
+
     void post(std::function<void()> task, Sync sync);
+    bool waitFor(const quint64& count, Missed& missed, std::chrono::milliseconds limit);
+    [[nodiscard]] bool finish(QDeadlineTimer deadline);
     void noteWritten();
     void startSync();
-    void requestSync();
     void syncNow();
     void performBegin(const QList<ZLJournalRecord>& records);
     void performAppend(const ZLJournalRecord& record);
     [[nodiscard]] DescriptorPointer makeSuccessor(const QList<ZLJournalRecord>& records);
     void install(const DescriptorPointer& successor);
+    [[nodiscard]] bool isLeft() const;
     void noteSize();
     void noteFailure(int error);
     [[nodiscard]] QByteArray successorPath() const { return m_nativePath + ".new"; }
@@ -76,8 +92,13 @@ private:
     quint64 m_postedCount = 0;
     quint64 m_writtenCount = 0;
     quint64 m_syncedCount = 0;
+    /// How much of what was posted is to be synced at once.
+    quint64 m_awaitedCount = 0;
+    Missed m_missedHandOver;
+    Missed m_missedSync;
     bool m_isSyncDue = false;
-    bool m_isLagging = false;
+    /// Nothing is begun any more.
+    bool m_isLeft = false;
     int m_error = 0;
     qint64 m_size = 0;
     /// Replaced by the writing thread alone.

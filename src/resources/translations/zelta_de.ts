@@ -644,6 +644,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>The clock is running. Pause the recording before you revert.</source>
         <translation>Die Uhr läuft. Vor dem Zurücksetzen bitte die Aufnahme pausieren.</translation>
     </message>
+    <message>
+        <source>The disk does not answer</source>
+        <translation>Die Platte antwortet nicht</translation>
+    </message>
 </context>
 <context>
     <name>ZLDocumentToolbar</name>
@@ -717,6 +721,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>No chapters were inserted into “%1”. %2</source>
         <translation>In „%1“ wurden keine Kapitel eingefügt. %2</translation>
+    </message>
+    <message>
+        <source>Cannot save: %1</source>
+        <translation>Speichern nicht möglich: %1</translation>
     </message>
 </context>
 <context>

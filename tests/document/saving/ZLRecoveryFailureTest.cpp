@@ -105,7 +105,34 @@ TEST_F(ZLRecoveryFailureTest, AnUntitledDocumentThatCannotBeKeptIsToldAndForgott
 TEST_F(ZLRecoveryFailureTest, WhereNothingChangedThereIsNoJournal)
 {
     const auto saver = titledSaver(filePath("show.zelta"));
+    document.informControllers();
+    EXPECT_EQ(recoveryFolder.journaledFiles(), QStringList()) << "telling the state is no change";
     EXPECT_TRUE(saver->saveNow());
     writeAndSettle(*saver);
     EXPECT_EQ(recoveryFolder.journaledFiles(), QStringList());
+}
+
+TEST_F(ZLRecoveryFailureTest, ADocumentThatWasEmptyAndIsAsBeforeHasItsJournalAgain)
+{
+    const auto saver = untitledSaver();
+    addChapter("One");
+    writeAndSettle(*saver);
+    document.undoManager().undo();
+    writeAndSettle(*saver);
+    EXPECT_EQ(recoveryFolder.journaledFiles(), QStringList()) << "nothing to lose";
+    document.undoManager().redo();
+    EXPECT_EQ(journaledTitles(), QStringList { u"One"_s });
+}
+
+TEST_F(ZLRecoveryFailureTest, ADocumentThatWasSavedUnderAnotherNameHasAJournalAsSoonAsItChanges)
+{
+    const auto saver = untitledSaver();
+    addChapter("One");
+    ASSERT_TRUE(saver->saveAs(filePath("show.zelta")));
+    EXPECT_EQ(recoveryFolder.journaledFiles(), QStringList());
+    addChapter("Two");
+    EXPECT_EQ(journaledTitles(), (QStringList { u"One"_s, u"Two"_s }));
+    document.startRecordingWithTime(clock->seconds);
+    ASSERT_TRUE(saver->saveAs(filePath("other.zelta")));
+    EXPECT_TRUE(journaled().interruption) << "a running clock changes at any time";
 }

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
+#include <QSet>
 #include <QThreadPool>
 
 #include <algorithm>
@@ -245,12 +246,11 @@ ZLChapterDocument* ZLDocumentController::transientDocument() const
 
 QString ZLDocumentController::unusedUntitledName() const
 {
-    const auto isUsed = [this](const QString& name) {
-        return std::any_of(m_entries.begin(), m_entries.end(),
-            [&name](const Entry& entry) { return entry.document->displayName() == name; });
-    };
+    QSet<QString> used;
+    for (const Entry& entry : m_entries)
+        used.insert(entry.document->displayName());
     QString name = tr("Untitled");
-    for (int number = 2; isUsed(name); ++number)
+    for (int number = 2; used.contains(name); ++number)
         name = tr("Untitled %1").arg(number);
     return name;
 }

@@ -19,7 +19,10 @@ void ZLHeadlessSavingReports::begin(const ZLChapterDocument* document)
         watch(each);
     connect(&m_controller, &ZLDocumentController::didOpenDocument, this, &ZLHeadlessSavingReports::watch);
     connect(&m_controller, &ZLDocumentController::didCloseDocument, this,
-        [this](const ZLChapterDocument* closed) { m_failures.erase(closed); });
+        [this](const ZLChapterDocument* closed) {
+            m_failures.erase(closed);
+            m_recoveryFailures.erase(closed);
+        });
 }
 
 QString ZLHeadlessSavingReports::nameOf(const ZLChapterDocument& document, const ZLDocumentSaver& saver)
@@ -47,7 +50,7 @@ void ZLHeadlessSavingReports::watch(const ZLChapterDocument* document)
     const ZLDocumentSaver* saver = m_controller.saverOf(document);
     const auto report = [this, document, saver] {
         reportFile(*document, *saver);
-        reportRecovery();
+        reportRecovery(*document, *saver);
     };
     connect(saver, &ZLDocumentSaver::stateDidChange, this, report);
     report();
@@ -75,9 +78,14 @@ QString ZLHeadlessSavingReports::describeFailure(const ZLChapterDocument& docume
         .arg(failure);
 }
 
-void ZLHeadlessSavingReports::reportRecovery()
+void ZLHeadlessSavingReports::reportRecovery(const ZLChapterDocument& document, const ZLDocumentSaver& saver)
 {
-    const QString failure = recoveryFailure();
+    if (saver.recoveryFailureText().isEmpty())
+        m_recoveryFailures.erase(&document);
+    else
+        m_recoveryFailures[&document] = saver.recoveryFailureText();
+    // The folder is one for all of them, and is told of once.
+    const QString failure = m_recoveryFailures.empty() ? QString() : m_recoveryFailures.begin()->second;
     if (std::exchange(m_recoveryFailure, failure) == failure)
         return;
     if (failure.isEmpty())
@@ -86,14 +94,4 @@ void ZLHeadlessSavingReports::reportRecovery()
         m_complain(tr("The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying "
                       "again until it works.")
                        .arg(ZLShownText::withoutFullStop(failure)));
-}
-
-QString ZLHeadlessSavingReports::recoveryFailure() const
-{
-    const auto documents = m_controller.documents();
-    for (const ZLChapterDocument* document : documents) {
-        if (const QString failure = m_controller.saverOf(document)->recoveryFailureText(); !failure.isEmpty())
-            return failure;
-    }
-    return {};
 }

@@ -30,14 +30,15 @@ public:
 private:
     void watch(const ZLChapterDocument* document);
     void reportFile(const ZLChapterDocument& document, const ZLDocumentSaver& saver);
-    void reportRecovery();
+    void reportRecovery(const ZLChapterDocument& document, const ZLDocumentSaver& saver);
     [[nodiscard]] QString describeFailure(const ZLChapterDocument& document, const ZLDocumentSaver& saver) const;
-    [[nodiscard]] QString recoveryFailure() const;
 
     ZLDocumentController& m_controller;
     const Complain m_complain;
     const ZLChapterDocument* m_document = nullptr;
     /// What was told last of each document whose file cannot be written.
     std::map<const ZLChapterDocument*, QString> m_failures;
+    /// The documents whose journal cannot be written, and why.
+    std::map<const ZLChapterDocument*, QString> m_recoveryFailures;
     QString m_recoveryFailure;
 };

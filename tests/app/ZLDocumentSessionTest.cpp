@@ -149,3 +149,21 @@ TEST_F(ZLDocumentSessionTest, TwoProcessesAtOnceDoNotTakeEachOthersDocuments)
     start().restoreSession();
     EXPECT_EQ(openDocuments(), (QStringList { u"Untitled:News"_s, u"show.zelta:Stored"_s, u"Untitled 2:Other"_s }));
 }
+
+TEST_F(ZLDocumentSessionTest, EachDocumentThatWasKeptTakesNoMoreThanTwoDescriptors)
+{
+    constexpr int documentCount = 50;
+    const auto descriptors = [] { return QDir(u"/proc/self/fd"_s).entryList(QDir::NoFilter).size(); };
+    ASSERT_TRUE(ZLRecoveryFolder(filePath("state/recovery")).prepare());
+    ZLChapterDocument kept(setup().environment);
+    addChapter(kept, "Kept");
+    for (int number = 0; number < documentCount; ++number) {
+        const QString path = filePath("state/recovery") + u"/20261101-000000-%1.zelta"_s.arg(number);
+        ASSERT_TRUE(ZLAtomicFile::write(path, kept.dataOfType()));
+    }
+    const auto before = descriptors();
+    EXPECT_EQ(controller->restoreSession(), QStringList());
+    EXPECT_EQ(controller->documents().size(), documentCount);
+    EXPECT_LE(descriptors() - before, 2 * documentCount);
+    EXPECT_EQ(ZLRecoveryFolder(filePath("state/recovery")).journaledFiles(), QStringList()) << "nothing changed";
+}

@@ -23,7 +23,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -139,7 +138,7 @@ void ZLDocumentWindows::quitAtOnce()
     const QStringList problems = m_controller.saveAllNow();
     for (const QString& problem : problems)
         std::fprintf(stderr, "%s\n", qUtf8Printable(tr("Cannot save: %1").arg(problem)));
-    QCoreApplication::exit(problems.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE);
+    QCoreApplication::exit();
 }
 
 bool ZLDocumentWindows::prepareForLogOut()

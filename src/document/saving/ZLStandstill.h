@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <optional>
 
 /// How far something has come that somebody waits for.
@@ -15,22 +16,22 @@ struct ZLProgress {
 class ZLStandstill {
 public:
     static constexpr double LongestSilence = 3.0; ///< Seconds.
+    /// What one look adds at most: while nobody could look, as in a program that was stopped, nothing was waited for.
+    static constexpr double LongestStep = 1.0;
 
     /// Returns whether it hangs. `now` is in seconds.
     bool look(const ZLProgress& progress, double now)
     {
-        if (!progress.isAwaited) {
-            m_since.reset();
-        } else if (!m_since || progress.reached != m_reached) {
-            m_since = now;
-            m_reached = progress.reached;
-        }
-        return isHanging(now);
+        const bool standsStill = progress.isAwaited && m_lastLook && progress.reached == m_reached;
+        m_silence = standsStill ? m_silence + std::min(now - *m_lastLook, LongestStep) : 0.0;
+        m_lastLook = progress.isAwaited ? std::optional(now) : std::nullopt;
+        m_reached = progress.reached;
+        return m_silence >= LongestSilence;
     }
 
 private:
-    [[nodiscard]] bool isHanging(double now) const { return m_since && now - *m_since >= LongestSilence; }
-
     quint64 m_reached = 0;
-    std::optional<double> m_since;
+    double m_silence = 0.0;
+    /// Absent while nothing is awaited.
+    std::optional<double> m_lastLook;
 };

@@ -1,6 +1,7 @@
 #include "document/saving/ZLStateKeeper.h"
 
 #include "SavingFixture.h"
+#include "platform/ZLUtcTime.h"
 
 #include <semaphore>
 
@@ -10,7 +11,7 @@ protected:
     {
         return { .history = ZLDocumentHistory::ofFile(recoveryFolder, filePath("show.zelta")),
             .bytes = bytesWithAChapter(),
-            .time = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000, Qt::UTC) };
+            .time = ZLUtcTime::fromMilliseconds(1'700'000'000'000) };
     }
     static QByteArray bytesWithAChapter()
     {

@@ -264,7 +264,6 @@ void ZLHeadlessRecorder::setTitle(const QString& title)
     if (!chapter)
         return;
     m_document->updateChapterToTitle(chapter, title);
-    m_document->informControllers();
     print(describeChapter(row, *chapter));
 }
 

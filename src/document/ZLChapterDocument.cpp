@@ -198,6 +198,12 @@ void ZLChapterDocument::replaceContents(
     informControllers();
 }
 
+void ZLChapterDocument::announceEditedChapters()
+{
+    updateEverything();
+    informControllers();
+}
+
 void ZLChapterDocument::noteChange()
 {
     setDocumentEdited(true);

@@ -203,6 +203,7 @@ private:
     void updateInterfaceForNewChapter(const ZLChapterPointer& chapter);
     /// Those that are in this state already are left out; without any other there is no step.
     void setEnabledStates(const ZLChapterSequence& chapters, bool enabled);
+    void announceEditedChapters();
     void editSelectedRow(const QString& columnIdentifier);
     void selectRow(int row);
     void selectSomeRow();

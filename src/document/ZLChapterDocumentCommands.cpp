@@ -144,7 +144,7 @@ void ZLChapterDocument::moveChaptersByMilliseconds(float milliseconds)
     }
     // All of them in one step: refreshing once a chapter would make a long list crawl.
     setEnabledStates(beforeStart, false);
-    updateEverything();
+    announceEditedChapters();
     m_undoManager.registerStep([this, milliseconds] { moveChaptersByMilliseconds(-milliseconds); });
     m_undoManager.setActionName(moveChaptersActionName);
 }
@@ -163,7 +163,7 @@ void ZLChapterDocument::updateChapterToTitle(ZLChapterPointer chapter, const QSt
     m_undoManager.registerStep([this, chapter, oldTitle] { updateChapterToTitle(chapter, oldTitle); });
     m_undoManager.setActionName(changeTitleActionName);
     chapter->setTitle(title);
-    updateEverything();
+    announceEditedChapters();
 }
 
 void ZLChapterDocument::updateChapterToLink(ZLChapterPointer chapter, const QString& link)
@@ -175,7 +175,7 @@ void ZLChapterDocument::updateChapterToLink(ZLChapterPointer chapter, const QStr
     m_undoManager.registerStep([this, chapter, oldLink] { updateChapterToLink(chapter, oldLink); });
     m_undoManager.setActionName(changeLinkActionName);
     chapter->setLink(link);
-    updateEverything();
+    announceEditedChapters();
 }
 
 void ZLChapterDocument::updateChapterToTime(ZLChapterPointer chapter, double seconds)
@@ -190,7 +190,7 @@ void ZLChapterDocument::updateChapterToTime(ZLChapterPointer chapter, double sec
     if (seconds < 0.0)
         updateChapterToEnabledState(chapter, false);
     chapter->moveDate(seconds - oldTime);
-    updateEverything();
+    announceEditedChapters();
 }
 
 void ZLChapterDocument::showAbsoluteTimePressed()
@@ -257,7 +257,7 @@ void ZLChapterDocument::setEnabledStates(const ZLChapterSequence& chapters, bool
     m_undoManager.setActionName(changeEnabledActionName);
     for (const auto& chapter : std::as_const(changing))
         chapter->setEnabled(enabled);
-    updateEverything();
+    announceEditedChapters();
 }
 
 void ZLChapterDocument::editSelectedRow(const QString& columnIdentifier)

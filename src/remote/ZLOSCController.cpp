@@ -49,6 +49,7 @@ QString titleOfSelectedChapter(ZLChapterManager& chapters, int row)
 ZLOSCController::ZLOSCController(ZLRemoteControllerDelegate* delegate, ZLOSCControllerSetup setup, QObject* parent)
     : ZLRemoteController(delegate, parent)
     , m_setup(std::move(setup))
+    , m_unsentMessages({ isRecordingAddress, lastChapterTitleAddress, selectedChapterTitleAddress })
     , m_manager(inPortLabelBase())
     , m_answeredSenders(m_manager)
 {
@@ -187,8 +188,11 @@ void ZLOSCController::sendMessage(const ZLOSCMessage& message, ZLOSCOutPort& por
 {
     // First of all, since somebody may be waiting for the answer.
     const bool wasSent = port.sendThisMessage(message);
+    const QString outcome = ZLOSCLogTexts::outcomeOfSending(wasSent, port);
+    if (!m_unsentMessages.note(port, message.address(), wasSent ? QString() : outcome))
+        return;
     ZLOSCLogEntry entry = ZLOSCLogTexts::entryFor(message, ZLOSCLogEntry::Direction::Out, port.label());
-    entry.outcome = ZLOSCLogTexts::outcomeOfSending(wasSent, port);
+    entry.outcome = outcome;
     entry.isProblem = !wasSent;
     m_log.append(entry);
 }
@@ -200,8 +204,24 @@ void ZLOSCController::sendWholeState(ZLOSCOutPort* port)
         sendMessage(message, *port);
 }
 
+void ZLOSCController::sendWhatOutputsLack()
+{
+    const QList<ZLOSCMessage> messages = statusMessages();
+    const ZLOSCOutPortArray& outputs = m_manager.outPortArray();
+    outputs.rdlock();
+    for (ZLOSCOutPort* port : outputs.ports()) {
+        const QStringList lacked = m_unsentMessages.lackedBy(port);
+        for (const ZLOSCMessage& message : messages) {
+            if (lacked.contains(message.address()))
+                sendMessage(message, *port);
+        }
+    }
+    outputs.unlock();
+}
+
 void ZLOSCController::connectManager()
 {
+    connect(&m_unsentMessages, &ZLOSCUnsentMessages::retryIsDue, this, &ZLOSCController::sendWhatOutputsLack);
     connect(&m_manager, &ZLOSCManager::receivedOSCMessage, this, &ZLOSCController::receivedOSCMessage);
     connect(&m_manager, &ZLOSCManager::droppedOSCDatagram, this, &ZLOSCController::logDropped);
     connect(&m_manager, &ZLOSCManager::outputDidBecomeReady, this, [this](ZLOSCOutPort* port) {

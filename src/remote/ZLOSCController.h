@@ -3,6 +3,7 @@
 #include "platform/osc/ZLOSCManager.h"
 #include "remote/ZLOSCAnsweredSenders.h"
 #include "remote/ZLOSCLog.h"
+#include "remote/ZLOSCUnsentMessages.h"
 #include "remote/ZLRemoteController.h"
 #include "settings/ZLSettingsManager.h"
 
@@ -41,6 +42,7 @@ public:
     /// Every second.
     [[nodiscard]] QTimer& displayTimer() { return m_displayTimer; }
     [[nodiscard]] ZLOSCLog& log() { return m_log; }
+    [[nodiscard]] ZLOSCUnsentMessages& unsentMessages() { return m_unsentMessages; }
     /// The outputs in force, without those to answered senders.
     [[nodiscard]] QList<ZLOSCDestination> outputs() const;
     /// The outputs that exist only because somebody sent a command, among those of the manager.
@@ -74,6 +76,7 @@ private:
     [[nodiscard]] QList<ZLOSCMessage> timeMessages() const;
     void sendMessage(const ZLOSCMessage& message, ZLOSCOutPort& port);
     void sendWholeState(ZLOSCOutPort* port);
+    void sendWhatOutputsLack();
 
     void connectManager();
     void followSettings();
@@ -86,6 +89,8 @@ private:
 
     ZLOSCControllerSetup m_setup;
     ZLOSCLog m_log;
+    /// Before the outputs, which go later.
+    ZLOSCUnsentMessages m_unsentMessages;
     ZLOSCManager m_manager;
     ZLOSCAnsweredSenders m_answeredSenders;
     QList<ZLOSCOutPort*> m_configuredOutputs;

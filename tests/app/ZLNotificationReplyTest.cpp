@@ -6,6 +6,7 @@
 #include "support/ZLRecordingNotificationCenter.h"
 #include "support/ZLTemporarySettings.h"
 
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -57,6 +58,13 @@ TEST_F(ZLNotificationReplyTest, TheReplyBecomesTheTitleAsOneUndoableStep)
     EXPECT_EQ(second->undoManager().undoActionName(), u"Change Title"_s);
     second->undoManager().undo();
     EXPECT_EQ(title(), u""_s);
+}
+
+TEST_F(ZLNotificationReplyTest, TheReplyIsToldToSurfacesOnce)
+{
+    const QSignalSpy told(second, &ZLChapterDocument::controllersShouldBeInformed);
+    center->reply(notification(), u"Interview"_s);
+    EXPECT_EQ(told.size(), 1);
 }
 
 TEST_F(ZLNotificationReplyTest, OfTwoDocumentsWithTheChapterTheFirstTakesIt)

@@ -1,4 +1,5 @@
 #include "remote/ZLOSCControllerFixture.h"
+#include "support/ZLNoMoreDescriptors.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +17,9 @@ protected:
         m_document.recordButtonPressed();
         return news(m_peer).value(0);
     }
+
+    /// As if two seconds had passed since a message could not be sent.
+    void retry() { QMetaObject::invokeMethod(&m_controller->unsentMessages().retryTimer(), "timeout"); }
 
     LoopbackPeer m_peer;
 };
@@ -210,4 +214,111 @@ TEST_F(ZLOSCControllerStatusTest, WithoutOutputsNothingIsSentAndNothingReported)
     tick();
     EXPECT_TRUE(m_controller->manager().outPortArray().ports().isEmpty());
     EXPECT_EQ(loggedOutcomes(), QStringList());
+}
+
+TEST_F(ZLOSCControllerStatusTest, UndoAndRedoOfATitleAndOfATimeAreToldOnceEach)
+{
+    const ZLChapterPointer first = addChapterAt(1, u"Intro"_s);
+    addChapterAt(2, u"News"_s);
+    m_document.updateChapterToTitle(first, u"Welcome"_s);
+    m_document.updateChapterToTime(first, 3);
+    addOutput(m_peer);
+    (void)news(m_peer);
+    const auto titlesTold = [this] {
+        const QStringList told = news(m_peer);
+        return told.size() == 3 ? told.sliced(1).join(u' ') : told.join(u'|');
+    };
+    history().undo();
+    EXPECT_EQ(titlesTold(), u"/zl/lastChapterTitle \"News\" /zl/selectedChapterTitle \"News\""_s);
+    select(0);
+    (void)news(m_peer);
+    history().undo();
+    EXPECT_EQ(titlesTold(), u"/zl/lastChapterTitle \"News\" /zl/selectedChapterTitle \"Intro\""_s);
+    history().redo();
+    EXPECT_EQ(titlesTold(), u"/zl/lastChapterTitle \"News\" /zl/selectedChapterTitle \"Welcome\""_s);
+    history().redo();
+    EXPECT_EQ(titlesTold(), u"/zl/lastChapterTitle \"Welcome\" /zl/selectedChapterTitle \"Welcome\""_s);
+}
+
+TEST_F(ZLOSCControllerStatusTest, ATitleThatIsSetFromElsewhereIsToldOnce)
+{
+    const ZLChapterPointer chapter = addChapterAt(1);
+    addOutput(m_peer);
+    (void)news(m_peer);
+    m_document.updateChapterToTitle(chapter, u"Interview"_s);
+    EXPECT_EQ(news(m_peer),
+        (QStringList { u"/zl/isRecording false"_s, u"/zl/lastChapterTitle \"Interview\""_s,
+            u"/zl/selectedChapterTitle \"Interview\""_s }));
+}
+
+TEST_F(ZLOSCControllerStatusTest, WhatCouldNotBeSentIsTriedAgainEveryTwoSecondsUntilItGoesOut)
+{
+    EXPECT_EQ(m_controller->unsentMessages().retryTimer().interval(), 2000);
+    EXPECT_FALSE(m_controller->unsentMessages().retryTimer().isActive());
+    {
+        const ZLNoMoreDescriptors withoutSockets;
+        addOutput(m_peer);
+        EXPECT_TRUE(m_controller->unsentMessages().retryTimer().isActive());
+        retry();
+        m_document.addChapter(ZLTestChapters::chapterAt(1, u"Intro"_s));
+        EXPECT_TRUE(m_controller->unsentMessages().retryTimer().isActive());
+        EXPECT_EQ(news(m_peer), QStringList());
+    }
+    retry();
+    EXPECT_EQ(news(m_peer),
+        (QStringList { u"/zl/isRecording false"_s, u"/zl/lastChapterTitle \"Intro\""_s,
+            u"/zl/selectedChapterTitle \"Intro\""_s }));
+    EXPECT_FALSE(m_controller->unsentMessages().retryTimer().isActive());
+    retry();
+    EXPECT_EQ(news(m_peer), QStringList());
+}
+
+TEST_F(ZLOSCControllerStatusTest, WhileRecordingTheClockGoesOutAtTheNextSecondAndTheRestAtTheNextAttempt)
+{
+    m_document.recordButtonPressed();
+    {
+        const ZLNoMoreDescriptors withoutSockets;
+        addOutput(m_peer);
+        tick();
+    }
+    tick();
+    EXPECT_EQ(news(m_peer), (QStringList { u"/zl/currentTime \"00:00:00\""_s, u"/zl/currentChapterDuration \"\""_s }));
+    EXPECT_TRUE(m_controller->unsentMessages().retryTimer().isActive());
+    retry();
+    EXPECT_EQ(news(m_peer).value(0), u"/zl/isRecording true"_s);
+    EXPECT_FALSE(m_controller->unsentMessages().retryTimer().isActive());
+}
+
+TEST_F(ZLOSCControllerStatusTest, TheLogIsToldOfAFailureOnceAndWhenItIsOver)
+{
+    {
+        const ZLNoMoreDescriptors withoutSockets;
+        addOutput(m_peer);
+        for (int attempt = 0; attempt < 5; ++attempt) {
+            retry();
+            press(u"/zl/unknown"_s);
+            m_controller->log().flush();
+        }
+    }
+    const auto countOf = [this](const QString& beginning) {
+        int count = 0;
+        for (const ZLOSCLogEntry& entry : m_controller->log().entries())
+            count += entry.outcome.startsWith(beginning) ? entry.count : 0;
+        return count;
+    };
+    EXPECT_EQ(countOf(u"not sent"_s), 3) << "one for each message";
+    retry();
+    m_controller->log().flush();
+    EXPECT_EQ(countOf(u"sent"_s), 3);
+    EXPECT_EQ(countOf(u"not sent"_s), 3);
+}
+
+TEST_F(ZLOSCControllerStatusTest, AnOutputThatIsTakenAwayIsNotTriedAgain)
+{
+    const ZLNoMoreDescriptors withoutSockets;
+    addOutput(m_peer);
+    ASSERT_TRUE(m_controller->unsentMessages().retryTimer().isActive());
+    ZLSettingsManager::setOSCOutputs({});
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(m_controller->unsentMessages().retryTimer().isActive());
 }

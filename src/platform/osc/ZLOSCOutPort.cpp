@@ -22,17 +22,16 @@ QHostAddress preferredAddress(const QList<QHostAddress>& addresses)
 }
 
 ZLOSCOutPort::ZLOSCOutPort(
-    QString label, QString host, quint16 port, QObject* parent, Resolver resolver, int firstRetryMilliseconds)
+    QString label, QString host, quint16 port, QObject* parent, Resolver resolver, int retryMilliseconds)
     : QObject(parent)
     , m_label(std::move(label))
     , m_host(std::move(host))
     , m_port(port)
     , m_resolver(std::move(resolver))
-    , m_firstRetryMilliseconds(firstRetryMilliseconds)
-    , m_retryMilliseconds(firstRetryMilliseconds)
+    , m_retryMilliseconds(retryMilliseconds)
 {
-    m_timer.setSingleShot(true);
-    connect(&m_timer, &QTimer::timeout, this, &ZLOSCOutPort::resolve);
+    m_resolveTimer.setSingleShot(true);
+    connect(&m_resolveTimer, &QTimer::timeout, this, &ZLOSCOutPort::resolve);
     resolve();
 }
 
@@ -40,19 +39,19 @@ ZLOSCOutPort::~ZLOSCOutPort() = default;
 
 bool ZLOSCOutPort::sendThisMessage(const ZLOSCMessage& message)
 {
-    if (m_state != State::Ready)
+    if (m_address.isNull())
         return false;
     const ZLResult<QByteArray> datagram = ZLOSCCodec::encode(message);
     if (!datagram)
         return false;
-    if (m_socket->writeDatagram(datagram.value(), m_address, m_port) >= 0) {
-        m_retryMilliseconds = m_firstRetryMilliseconds;
-        return true;
-    }
-    // A full send buffer says nothing about the other side: only this one message is lost.
-    if (m_socket->error() != QAbstractSocket::TemporaryError)
-        fail(m_socket->errorString());
-    return false;
+    if (!m_socket)
+        m_socket = std::make_unique<QUdpSocket>();
+    const bool wasSent = m_socket->writeDatagram(datagram.value(), m_address, m_port) >= 0;
+    if (wasSent)
+        noteSent();
+    else
+        noteUnsent();
+    return wasSent;
 }
 
 void ZLOSCOutPort::resolveWithSystem(const QString& name, QObject* context, std::function<void(const QHostInfo&)> done)
@@ -64,11 +63,11 @@ void ZLOSCOutPort::resolve()
 {
     const QString host = m_host.trimmed();
     if (host.isEmpty() || m_port == 0) {
-        fail(tr("The host or the port is missing."));
+        enter(State::Failed, tr("The host or the port is missing."));
         return;
     }
     if (const std::optional<ZLOSCNetwork> literal = host.contains(u'/') ? std::nullopt : ZLOSCNetwork::fromText(host)) {
-        becomeReady(literal->address);
+        sendTo(literal->address);
         return;
     }
     m_resolver(host, this, [this](const QHostInfo& result) { handleLookup(result); });
@@ -77,41 +76,49 @@ void ZLOSCOutPort::resolve()
 void ZLOSCOutPort::handleLookup(const QHostInfo& result)
 {
     const QHostAddress address = preferredAddress(result.addresses());
-    if (!address.isNull()) {
-        becomeReady(address);
-        m_timer.start(renewalMilliseconds);
-    } else if (m_state == State::Ready) {
-        // The name server is away for a moment; the address known so far may well be right.
-        m_timer.start(renewalMilliseconds);
-    } else {
-        fail(result.errorString());
-    }
+    // When the name server is away for a moment, the address known so far may well be right.
+    if (!address.isNull())
+        sendTo(address);
+    else if (m_address.isNull())
+        enter(State::Failed, result.errorString());
+    m_resolveTimer.start(m_state == State::Failed ? m_retryMilliseconds : renewalMilliseconds);
 }
 
-void ZLOSCOutPort::becomeReady(const QHostAddress& address)
+void ZLOSCOutPort::sendTo(const QHostAddress& address)
 {
-    if (m_state == State::Ready && m_address == address)
+    if (m_address == address)
         return;
-    if (!m_socket || m_address != address)
-        m_socket = std::make_unique<QUdpSocket>();
+    m_socket.reset();
     m_address = address;
-    m_state = State::Ready;
-    m_failure.clear();
-    announceState();
+    enter(State::Ready);
     QMetaObject::invokeMethod(this, &ZLOSCOutPort::didBecomeReady, Qt::QueuedConnection);
 }
 
-void ZLOSCOutPort::fail(const QString& reason)
+void ZLOSCOutPort::noteSent()
 {
-    m_state = State::Failed;
-    m_failure = reason;
-    announceState();
-    m_timer.start(m_retryMilliseconds);
-    m_retryMilliseconds = qMin(m_retryMilliseconds * 2, longestRetryMilliseconds);
+    if (m_state == State::Failed)
+        enter(State::Ready);
 }
 
-/// Later, because this may happen within a send loop, whose lock a listener could wait for.
-void ZLOSCOutPort::announceState()
+void ZLOSCOutPort::noteUnsent()
 {
+    // A full send buffer says nothing about the other side: only this one message is lost.
+    if (m_socket->error() == QAbstractSocket::TemporaryError)
+        return;
+    enter(State::Failed, m_socket->errorString());
+    // Another one next time, in case that it is the socket that is broken.
+    m_socket.reset();
+    // A name may lead elsewhere now. While it waits for its renewal, it need not wait that long.
+    if (m_resolveTimer.isActive() && m_resolveTimer.interval() > m_retryMilliseconds)
+        m_resolveTimer.start(m_retryMilliseconds);
+}
+
+/// Announced later, because this may happen within a send loop, whose lock a listener could wait for.
+void ZLOSCOutPort::enter(State state, const QString& failure)
+{
+    if (m_state == state && m_failure == failure)
+        return;
+    m_state = state;
+    m_failure = failure;
     QMetaObject::invokeMethod(this, &ZLOSCOutPort::stateDidChange, Qt::QueuedConnection);
 }

@@ -158,9 +158,11 @@ TEST_F(ZLQuickEditWindowControllerTest, SaveIsPossibleAsSoonAsThereIsACharacter)
 TEST_F(ZLQuickEditWindowControllerTest, SaveSetsTheTitleAsOneUndoableStepAndCloses)
 {
     show();
+    const QSignalSpy told(&m_document, &ZLChapterDocument::controllersShouldBeInformed);
     QTest::keyClicks(titleField(), u"Interview"_s);
     QTest::mouseClick(saveButton(), Qt::LeftButton);
     EXPECT_EQ(titles(), QStringList { u"Interview"_s });
+    EXPECT_EQ(told.size(), 1) << "surfaces hear of it";
     EXPECT_EQ(history().undoActionName(), u"Change Title"_s);
     EXPECT_TRUE(isFadedOut());
     history().undo();

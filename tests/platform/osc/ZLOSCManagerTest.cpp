@@ -1,6 +1,7 @@
 #include "platform/osc/ZLOSCManager.h"
 
 #include "LoopbackPeer.h"
+#include "support/ZLNoMoreDescriptors.h"
 
 #include <QHostInfo>
 #include <gtest/gtest.h>
@@ -228,18 +229,50 @@ TEST(ZLOSCOutPort, aNameThatFailedIsTriedAgainByItself)
     EXPECT_EQ(states.last(), ZLOSCOutPort::State::Ready);
 }
 
-TEST(ZLOSCOutPort, anAddressThatCannotBeSentToFailsAndIsTriedAgain)
+TEST(ZLOSCOutPort, anAddressThatCannotBeSentToFailsWithAReason)
 {
     // Loopback has no link-local neighbours, so that the system refuses to send.
-    ZLOSCOutPort output(u"nowhere"_s, u"fe80::1%lo"_s, 9, nullptr, &ZLOSCOutPort::resolveWithSystem, 1);
-    int ready = 0;
-    QObject::connect(&output, &ZLOSCOutPort::didBecomeReady, &output, [&] { ++ready; });
-    ASSERT_TRUE(waitUntil([&] { return ready == 1; }));
+    ZLOSCOutPort output(u"nowhere"_s, u"fe80::1%lo"_s, 9);
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        EXPECT_FALSE(output.sendThisMessage(ZLOSCMessage(u"/a"_s)));
+        EXPECT_EQ(output.state(), ZLOSCOutPort::State::Failed);
+        EXPECT_FALSE(output.failure().isEmpty());
+    }
+}
+
+TEST(ZLOSCOutPort, afterAFailureTheNextMessageThatCanBeSentIsSent)
+{
+    LoopbackPeer peer;
+    ZLOSCOutPort output(u"back"_s, u"127.0.0.1"_s, peer.port());
+    {
+        const ZLNoMoreDescriptors withoutSockets;
+        for (int attempt = 0; attempt < 5; ++attempt)
+            EXPECT_FALSE(output.sendThisMessage(ZLOSCMessage(u"/lost"_s)));
+        EXPECT_EQ(output.state(), ZLOSCOutPort::State::Failed);
+    }
+    EXPECT_TRUE(output.sendThisMessage(ZLOSCMessage(u"/back"_s)));
+    EXPECT_EQ(output.state(), ZLOSCOutPort::State::Ready);
+    EXPECT_EQ(output.failure(), QString());
+    ASSERT_TRUE(waitUntil([&] { return peer.received().size() == 1; }));
+    EXPECT_EQ(peer.received().first().address(), u"/back"_s);
+}
+
+TEST(ZLOSCOutPort, aNameThatCannotBeSentToIsResolvedAgainSoonAndMayLeadElsewhere)
+{
+    HeldResolver resolver;
+    LoopbackPeer peer;
+    ZLOSCOutPort output(u"named"_s, u"studio.local"_s, peer.port(), nullptr, resolver.function(), 1);
+    resolver.answer({ u"fe80::1%lo"_s });
+    EXPECT_EQ(output.state(), ZLOSCOutPort::State::Ready);
     EXPECT_FALSE(output.sendThisMessage(ZLOSCMessage(u"/a"_s)));
+    ASSERT_TRUE(waitUntil([&] { return resolver.isAsked(); }));
+    resolver.answer({});
     EXPECT_EQ(output.state(), ZLOSCOutPort::State::Failed);
-    EXPECT_FALSE(output.failure().isEmpty());
-    EXPECT_FALSE(output.sendThisMessage(ZLOSCMessage(u"/a"_s)));
-    ASSERT_TRUE(waitUntil([&] { return ready == 2; }));
+    ASSERT_TRUE(waitUntil([&] { return resolver.isAsked(); })) << "and again, as long as nothing can be sent";
+    resolver.answer({ u"127.0.0.1"_s });
+    EXPECT_EQ(output.state(), ZLOSCOutPort::State::Ready);
+    EXPECT_TRUE(output.sendThisMessage(ZLOSCMessage(u"/b"_s)));
+    EXPECT_TRUE(waitUntil([&] { return peer.received().size() == 1; }));
 }
 
 TEST(ZLOSCOutPort, withoutAHostOrAPortItSaysSo)

@@ -120,6 +120,8 @@ public:
 
     /// @name What a window shows
     /// @{
+    /// Whether the command that is being carried out came from outside: it must not disturb who types in the window.
+    [[nodiscard]] bool isCommandFromOutside() const { return m_environment.isCommandFromOutside(); }
     /// "00:01:05.3": the clock, truncated to tenths.
     [[nodiscard]] QString clockText() const;
     /// "00:01:05": time since the latest chapter; empty when there is none.
@@ -173,6 +175,8 @@ Q_SIGNALS:
     void invalidTimestampEntered();
     /// A chapter is about to come or go: what is being typed somewhere should be written now, as a step of its own.
     void typedTextShouldBeCommitted();
+    /// A time that is being typed in this row has nothing to be written to any more.
+    void chapterIsAboutToGo(int row);
     void controllersShouldBeInformed();
     /// The file form changed: it is worth saving. Never in the middle of a command.
     void contentsDidChange();
@@ -198,6 +202,7 @@ private:
 
     void _realAddChapter(const ZLChapterPointer& chapter);
     void _realRemoveChapter(const ZLChapterPointer& chapter);
+    void announceGoing(const ZLChapterPointer& chapter);
     void stampWithClock(ZLChapter& chapter) const;
     void notifyOfNewChapter();
     void updateInterfaceForNewChapter(const ZLChapterPointer& chapter);

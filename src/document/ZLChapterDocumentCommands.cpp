@@ -62,6 +62,7 @@ void ZLChapterDocument::addFirstChapterFromTemplates()
 
 void ZLChapterDocument::readdFirstChapterToTemplates(ZLChapterPointer chapter)
 {
+    announceGoing(chapter);
     const ZLUndoGroup group(m_undoManager);
     m_templateViewController.chapterManager().insertChapterAtIndex(chapter, 0);
     _realRemoveChapter(chapter);
@@ -100,6 +101,7 @@ void ZLChapterDocument::deleteLastChapter()
 
 void ZLChapterDocument::removeChapter(ZLChapterPointer chapter)
 {
+    announceGoing(chapter);
     Q_EMIT typedTextShouldBeCommitted();
     const ZLUndoGroup group(m_undoManager);
     _realRemoveChapter(chapter);
@@ -216,6 +218,12 @@ void ZLChapterDocument::_realRemoveChapter(const ZLChapterPointer& chapter)
         selectRow(wanted);
     else if (selectedRow() < 0) // Otherwise one past the end: the selection stays where it was.
         selectRow(int(m_chapterManager.count()) - 1);
+}
+
+void ZLChapterDocument::announceGoing(const ZLChapterPointer& chapter)
+{
+    if (const auto index = m_chapterManager.indexOfChapter(chapter))
+        Q_EMIT chapterIsAboutToGo(int(*index));
 }
 
 void ZLChapterDocument::stampWithClock(ZLChapter& chapter) const

@@ -21,6 +21,8 @@ struct ZLDocumentEnvironment {
     std::function<bool()> isApplicationActive = [] { return false; };
     /// Whether Alt is held in the event that is being handled.
     std::function<bool()> isOptionKeyHeld = [] { return false; };
+    /// Whether the command that is being carried out came from outside the windows.
+    std::function<bool()> isCommandFromOutside = [] { return false; };
     /// Makes the sound with this resource name.
     std::function<std::unique_ptr<ZLSound>(const QString& name)> soundNamed = [](const QString&) {
         return std::make_unique<ZLSilentSound>();

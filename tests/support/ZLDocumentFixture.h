@@ -25,6 +25,7 @@ protected:
             .wallClock = [this] { return m_wallClock; },
             .isApplicationActive = [this] { return m_isApplicationActive; },
             .isOptionKeyHeld = [this] { return m_isOptionKeyHeld; },
+            .isCommandFromOutside = [this] { return m_isCommandFromOutside; },
             .soundNamed = [this](const QString& name) { return makeSound(name); },
             .notificationCenter = m_notificationCenter,
         };
@@ -77,6 +78,7 @@ protected:
     QDateTime m_wallClock { QDate(2024, 5, 1), QTime(14, 3, 7, 250), QTimeZone::utc() };
     bool m_isApplicationActive = false;
     bool m_isOptionKeyHeld = false;
+    bool m_isCommandFromOutside = false;
     std::shared_ptr<ZLRecordingNotificationCenter> m_notificationCenter =
         std::make_shared<ZLRecordingNotificationCenter>();
     /// The latest sound that the document asked for, and the names of all of them.

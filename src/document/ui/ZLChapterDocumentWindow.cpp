@@ -3,6 +3,7 @@
 #include "document/ZLChapterDocument.h"
 #include "document/ui/ZLDrawerSlide.h"
 #include "document/ui/ZLMoveChaptersDialog.h"
+#include "document/ui/ZLWindowTyping.h"
 #include "document/ui/menus/ZLActionHelp.h"
 #include "document/ui/menus/ZLChapterContextMenu.h"
 #include "document/ui/menus/ZLEditMenu.h"
@@ -16,7 +17,6 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QDesktopServices>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -53,6 +53,7 @@ ZLChapterDocumentWindow::ZLChapterDocumentWindow(
     m_editMenu = new ZLEditMenu(*menuBar(), document, *m_ui->tableView);
     m_recordingMenu = new ZLRecordingMenu(*menuBar(), document);
     m_viewMenu = new ZLViewMenu(*menuBar());
+    m_typing = new ZLWindowTyping(document, *m_ui->tableView, *m_ui->templateDrawer, this);
     buildDrawer();
     connectDocument();
     connectToolbar();
@@ -112,11 +113,7 @@ bool ZLChapterDocumentWindow::isDrawerOpen() const
 
 void ZLChapterDocumentWindow::commitTypedText()
 {
-    m_ui->tableView->commitTypedText();
-    // A field in the drawer writes its text when the keyboard leaves it.
-    QWidget* focused = focusWidget();
-    if (qobject_cast<QLineEdit*>(focused) && m_ui->templateDrawer->isAncestorOf(focused))
-        m_ui->tableView->setFocus();
+    m_typing->commit();
 }
 
 void ZLChapterDocumentWindow::saveWindowState() const
@@ -184,9 +181,6 @@ void ZLChapterDocumentWindow::connectDocument()
     connect(
         &m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLChapterDocumentWindow::updateRecordingState);
     connect(&m_document, &ZLChapterDocument::addButtonDidUpdate, this, &ZLChapterDocumentWindow::updateAddButton);
-    connect(&m_document, &ZLChapterDocument::wantsEditing, m_ui->tableView, &ZLChapterTableView::beginEditing);
-    connect(
-        &m_document, &ZLChapterDocument::typedTextShouldBeCommitted, this, &ZLChapterDocumentWindow::commitTypedText);
     connect(&m_document, &ZLChapterDocument::invalidTimestampEntered, this,
         &ZLChapterDocumentWindow::showInvalidTimestampAlert);
     connect(&m_document, &ZLChapterDocument::editedStateDidChange, this, &ZLChapterDocumentWindow::updateTitle);

@@ -17,6 +17,7 @@ class ZLMessageBar;
 class ZLRecordingMenu;
 class ZLStatusLine;
 class ZLViewMenu;
+class ZLWindowTyping;
 
 namespace Ui {
 class ZLChapterDocument;
@@ -96,6 +97,7 @@ private:
     ZLEditMenu* m_editMenu;
     ZLRecordingMenu* m_recordingMenu;
     ZLViewMenu* m_viewMenu;
+    ZLWindowTyping* m_typing;
     ZLDrawerSlide* m_drawerSlide = nullptr;
     ZLWindowStateStore m_stateStore;
     std::function<bool()> m_closeGuard;

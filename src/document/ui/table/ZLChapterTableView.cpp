@@ -1,6 +1,7 @@
 #include "document/ui/table/ZLChapterTableView.h"
 
 #include "document/ZLChapterDocument.h"
+#include "document/ZLTimeEntry.h"
 #include "document/ui/table/ZLChapterCellDelegate.h"
 #include "document/ui/table/ZLChapterColumnLayout.h"
 #include "document/ui/table/ZLChapterTableHeader.h"
@@ -16,6 +17,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPersistentModelIndex>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -69,6 +71,8 @@ void ZLChapterTableView::configure()
 
 void ZLChapterTableView::showDocument(ZLChapterDocument& document)
 {
+    m_document = &document;
+    connect(&document, &ZLChapterDocument::chapterIsAboutToGo, this, &ZLChapterTableView::dropTimeTypedInRow);
     setModel(&document.tableModel());
     const QItemSelectionModel* unused = selectionModel();
     setSelectionModel(&document.selectionModel());
@@ -125,6 +129,16 @@ bool ZLChapterTableView::isEditing() const
     return m_delegate->openIndex().isValid();
 }
 
+bool ZLChapterTableView::isEditingTime() const
+{
+    return isEditing() && m_delegate->openIndex().column() == ZLChapterTableModel::TimeColumn;
+}
+
+QLineEdit* ZLChapterTableView::openField() const
+{
+    return m_delegate->openField();
+}
+
 void ZLChapterTableView::setFontSize()
 {
     QFont systemFont = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
@@ -149,8 +163,26 @@ QUrl ZLChapterTableView::addressOfLink(const QString& text)
     return address;
 }
 
+void ZLChapterTableView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    const QScopedValueRollback keeping(m_isFieldKept, isEditingTime() && m_document->isCommandFromOutside());
+    const bool scrolls = hasAutoScroll();
+    // The row in which somebody types stays where it is.
+    setAutoScroll(scrolls && !m_isFieldKept);
+    QTableView::currentChanged(current, previous);
+    setAutoScroll(scrolls);
+}
+
+void ZLChapterTableView::commitData(QWidget* editor)
+{
+    if (!m_isFieldKept)
+        QTableView::commitData(editor);
+}
+
 void ZLChapterTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
+    if (m_isFieldKept)
+        return;
     const bool goesOn = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     const QModelIndex start = m_delegate->openIndex();
     QTableView::closeEditor(editor, goesOn ? QAbstractItemDelegate::NoHint : hint);
@@ -235,6 +267,16 @@ void ZLChapterTableView::dropTypedText()
     // Closing the field must not write into a chapter that is on its way out.
     field->setModified(false);
     closeEditor(field, QAbstractItemDelegate::NoHint);
+}
+
+void ZLChapterTableView::dropTimeTypedInRow(int row)
+{
+    if (!isEditingTime() || m_delegate->openIndex().row() != row)
+        return;
+    // A command of the window's own writes what is a time.
+    const bool isFinished = ZLSettingsManager::showAbsoluteTime() || ZLTimeEntry::secondsFromText(openField()->text());
+    if (m_document->isCommandFromOutside() || !isFinished)
+        dropTypedText();
 }
 
 void ZLChapterTableView::editSelectedCell()

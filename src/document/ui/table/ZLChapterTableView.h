@@ -3,6 +3,7 @@
 #include <QTableView>
 #include <QUrl>
 
+class QLineEdit;
 class ZLChapterCellDelegate;
 class ZLChapterColumnLayout;
 class ZLChapterDocument;
@@ -25,6 +26,9 @@ public:
     /// Writes what is being typed and gives the keyboard back to the table.
     void finishEditing();
     [[nodiscard]] bool isEditing() const;
+    [[nodiscard]] bool isEditingTime() const;
+    /// The field that is open for typing, or null.
+    [[nodiscard]] QLineEdit* openField() const;
 
     /// Applies the font size setting: rows are four points higher than the font.
     void setFontSize();
@@ -43,6 +47,8 @@ Q_SIGNALS:
     void contextMenuRequested(const QPoint& place);
 
 protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void commitData(QWidget* editor) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event) const override;
@@ -56,11 +62,16 @@ protected:
 private:
     void configure();
     void dropTypedText();
+    /// A time that nobody has finished is dropped with its row.
+    void dropTimeTypedInRow(int row);
     void editSelectedCell();
     void updateEmptyState();
     /// The next title or link; times are passed by.
     [[nodiscard]] QModelIndex textCellFrom(const QModelIndex& start, int step) const;
 
+    const ZLChapterDocument* m_document = nullptr;
     ZLChapterCellDelegate* m_delegate;
+    /// While another row is selected by a command that must not disturb who types a time.
+    bool m_isFieldKept = false;
     ZLChapterColumnLayout* m_columnLayout = nullptr;
 };

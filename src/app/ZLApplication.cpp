@@ -1,6 +1,5 @@
 #include "app/ZLApplication.h"
 
-#include "app/ZLActionRouting.h"
 #include "export/formats/ZLRegisterExporters.h"
 #include "settings/ZLSettingsManager.h"
 
@@ -10,14 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// For the initialiser list: the defaults have to stand before the first member reads a setting.
-ZLDocumentControllerSetup afterRegistering(ZLDocumentControllerSetup setup, float systemFontSize)
-{
-    ZLSettingsManager::registerDefaults(systemFontSize);
-    ZLRegisterExporters();
-    return setup;
-}
-
 /// How the log calls whoever uses the command socket.
 const QString commandSocketPeer = QStringLiteral("zelta send");
 
@@ -25,17 +16,12 @@ const QString commandSocketPeer = QStringLiteral("zelta send");
 
 ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSize, ZLRemoteSetup remote)
     : m_notificationCenter(setup.environment.notificationCenter)
-    , m_documentController(afterRegistering(std::move(setup), systemFontSize))
+    , m_documentController(prepared(std::move(setup), systemFontSize))
     , m_hotKeyCenter(remote.hotKeyCenter)
 {
     if (m_hotKeyCenter && ZLSettingsManager::globalHotkeys())
         createHotkeyController();
-    m_oscController = std::make_unique<ZLOSCController>(this,
-        ZLOSCControllerSetup {
-            .currentDocument = [this] { return m_documentController.currentOrLastDocument(); },
-            .inputPort = remote.oscPort,
-            .outputs = std::move(remote.oscOutputs),
-        });
+    m_oscController = std::make_unique<ZLOSCController>(this, oscSetup(remote));
     if (remote.oscPublisher)
         m_oscAnnouncement =
             std::make_unique<ZLOSCAnnouncement>(m_oscController->inPort(), std::move(remote.oscPublisher));
@@ -59,6 +45,28 @@ ZLApplication::~ZLApplication()
         document->disconnect(this);
 }
 
+/// The defaults have to stand before the first member reads a setting.
+ZLDocumentControllerSetup ZLApplication::prepared(ZLDocumentControllerSetup setup, float systemFontSize)
+{
+    ZLSettingsManager::registerDefaults(systemFontSize);
+    ZLRegisterExporters();
+    setup.environment.isOptionKeyHeld = [this, isHeldOnKeyboard = setup.environment.isOptionKeyHeld] {
+        return m_commandKeys.hasOptionKey ? *m_commandKeys.hasOptionKey : isHeldOnKeyboard();
+    };
+    setup.environment.isCommandFromOutside = [this] { return m_outsideCommands.isCommandUnderWay(); };
+    return setup;
+}
+
+ZLOSCControllerSetup ZLApplication::oscSetup(const ZLRemoteSetup& remote)
+{
+    return {
+        .currentDocument = [this] { return m_outsideCommands.target(); },
+        .recordingBeside = [this] { return m_outsideCommands.recordingBesideTarget().value(0); },
+        .inputPort = remote.oscPort,
+        .outputs = remote.oscOutputs,
+    };
+}
+
 const ZLServicePublisher* ZLApplication::oscPublisher() const
 {
     return m_oscAnnouncement ? &m_oscAnnouncement->publisher() : nullptr;
@@ -69,12 +77,9 @@ std::optional<ZLHotKey> ZLApplication::hotKeyForSettingsKey(const QString& setti
     return m_hotkeyController ? m_hotkeyController->hotKeyForSettingsKey(settingsKey) : std::nullopt;
 }
 
-void ZLApplication::remoteControllerReceivedAction(ZLRemoteController&, const QString& action)
+void ZLApplication::remoteControllerReceivedAction(ZLRemoteController& controller, const QString& action)
 {
-    ZLChapterDocument* document = m_documentController.currentOrLastDocument();
-    const ZLActionRouting::Operation operation = ZLActionRouting::operationForAction(action);
-    if (document && operation)
-        (document->*operation)();
+    m_outsideCommands.perform(action, controller.source());
 }
 
 void ZLApplication::userNotificationCenterDidActivateNotification(
@@ -144,6 +149,8 @@ void ZLApplication::followDocuments()
             &ZLApplication::informControllersOfDocumentChange);
         connect(document, &ZLChapterDocument::recordingStateDidChange, this, &ZLApplication::updateActivity);
     });
+    connect(
+        &m_outsideCommands, &ZLOutsideCommands::pinDidChange, this, &ZLApplication::informControllersOfDocumentChange);
     // Commands act on another document now, so another state is to be shown.
     connect(&m_documentController, &ZLDocumentController::currentDocumentDidChange, this,
         &ZLApplication::informControllersOfDocumentChange);

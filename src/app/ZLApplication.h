@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ZLDocumentController.h"
+#include "app/ZLOutsideCommands.h"
 #include "platform/activity/ZLProcessActivity.h"
 #include "remote/ZLCommandSocket.h"
 #include "remote/ZLHotkeyController.h"
@@ -43,6 +44,10 @@ public:
     static constexpr float StandardFontSize = 10.0F;
 
     [[nodiscard]] ZLDocumentController& documentController() { return m_documentController; }
+    /// Which document commands from outside reach, and what becomes of them.
+    [[nodiscard]] ZLOutsideCommands& outsideCommands() { return m_outsideCommands; }
+    /// What a shortcut says of its keys while it is carried out.
+    [[nodiscard]] ZLCommandKeys& commandKeys() { return m_commandKeys; }
     /// Present exactly while global hot keys are on and there is a centre for them.
     [[nodiscard]] ZLHotkeyController* hotkeyController() const { return m_hotkeyController.get(); }
     [[nodiscard]] ZLOSCController& oscController() { return *m_oscController; }
@@ -54,7 +59,7 @@ public:
     /// global hot keys are off. It follows hotKeysDidChange.
     [[nodiscard]] std::optional<ZLHotKey> hotKeyForSettingsKey(const QString& settingsKey) const;
 
-    /// Carries the action out on the current or else the first document.
+    /// Carries the action out on the document that commands from outside reach.
     void remoteControllerReceivedAction(ZLRemoteController& controller, const QString& action) override;
     /// Lets the OSC controller send the new state.
     void informControllersOfDocumentChange() { m_oscController->sendUpdatesStatusInformation(); }
@@ -76,6 +81,8 @@ Q_SIGNALS:
     void hotKeysDidChange();
 
 private:
+    [[nodiscard]] ZLDocumentControllerSetup prepared(ZLDocumentControllerSetup setup, float systemFontSize);
+    [[nodiscard]] ZLOSCControllerSetup oscSetup(const ZLRemoteSetup& remote);
     void createHotkeyController();
     void globalHotkeysDidChange();
     void followDocuments();
@@ -84,7 +91,9 @@ private:
     void updateActivity();
 
     std::shared_ptr<ZLUserNotificationCenter> m_notificationCenter;
+    ZLCommandKeys m_commandKeys;
     ZLDocumentController m_documentController;
+    ZLOutsideCommands m_outsideCommands { m_documentController, m_commandKeys };
     ZLHotKeyCenter* m_hotKeyCenter;
     std::unique_ptr<ZLHotkeyController> m_hotkeyController;
     std::unique_ptr<ZLOSCController> m_oscController;

@@ -96,8 +96,13 @@ void ZLDocumentController::setCurrentDocument(ZLChapterDocument* document)
 
 ZLChapterDocument* ZLDocumentController::currentOrLastDocument() const
 {
-    if (m_currentDocument)
-        return m_currentDocument;
+    return m_currentDocument ? m_currentDocument : firstDocument();
+}
+
+ZLChapterDocument* ZLDocumentController::firstDocument() const
+{
+    if (!m_askedFor.isEmpty())
+        return m_askedFor.constFirst();
     return m_entries.empty() ? nullptr : m_entries.front().document.get();
 }
 
@@ -111,8 +116,10 @@ ZLChapterDocument* ZLDocumentController::newDocument()
 ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& path, ZLMissingFile missingFile)
 {
     const QString absolutePath = absoluteDocumentPath(path);
-    if (ZLChapterDocument* open = documentAtPath(absolutePath))
+    if (ZLChapterDocument* open = documentAtPath(absolutePath)) {
+        noteAskedFor(open);
         return open;
+    }
     qCDebug(documentControllerLog) << "opening" << absolutePath;
     auto recovered = ZLDocumentRecovery::claimJournal(
         m_recoveryFolder, [&](const QString& journaledPath) { return isSameFile(journaledPath, absolutePath); });
@@ -260,15 +267,23 @@ ZLChapterDocument* ZLDocumentController::adopt(Entry entry)
     ZLChapterDocument* document = entry.document.get();
     connect(entry.saver.get(), &ZLDocumentSaver::locationDidChange, this, &ZLDocumentController::rememberSession);
     m_entries.push_back(std::move(entry));
+    noteAskedFor(document);
     rememberSession();
     Q_EMIT didOpenDocument(document);
     document->informControllers();
     return document;
 }
 
+void ZLDocumentController::noteAskedFor(ZLChapterDocument* document)
+{
+    if (!m_isBringingBack && !m_askedFor.contains(document))
+        m_askedFor.append(document);
+}
+
 void ZLDocumentController::release(ZLChapterDocument* document)
 {
     Q_EMIT willCloseDocument(document);
+    m_askedFor.removeOne(document);
     if (m_currentDocument == document)
         setCurrentDocument(nullptr);
     const auto found = std::find_if(m_entries.begin(), m_entries.end(),

@@ -51,9 +51,11 @@ public:
     /// The document whose window is the main one; null when there is none.
     [[nodiscard]] ZLChapterDocument* currentDocument() const { return m_currentDocument; }
     void setCurrentDocument(ZLChapterDocument* document);
-    /// The document that commands from outside act on: the current one, else the one that was opened first among those
-    /// still open, else null.
+    /// The current document, else the one that was opened first among those still open, else null. What the program
+    /// itself brought back comes after all that was opened or made since.
     [[nodiscard]] ZLChapterDocument* currentOrLastDocument() const;
+    /// The same while there is no current document.
+    [[nodiscard]] ZLChapterDocument* firstDocument() const;
 
     ZLChapterDocument* newDocument();
     /// The document in the file at `path`, which may be open already. It takes the place of currentOrLastDocument() if
@@ -96,6 +98,8 @@ private:
 
     void tidyHistories() const;
     [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
+    /// A person has opened or made the document in this run.
+    void noteAskedFor(ZLChapterDocument* document);
     [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> makeDocumentFrom(
         const QString& path, const QByteArray& bytes) const;
     [[nodiscard]] ZLResult<ZLChapterDocument*> createDocumentAt(const QString& path);
@@ -119,6 +123,9 @@ private:
     ZLOpenDocuments m_openDocuments;
     ZLRecentDocuments m_recentDocuments;
     std::vector<Entry> m_entries;
+    /// Those of the open documents that were not brought back, in the order in which they were asked for.
+    QList<ZLChapterDocument*> m_askedFor;
+    bool m_isBringingBack = false;
     ZLChapterDocument* m_currentDocument = nullptr;
     bool m_isSessionKept = false;
     /// Of the last saveAllNow().

@@ -22,6 +22,7 @@ QStringList ZLDocumentController::restoreSession()
     {
         // Until everything is open again, the memory of it must not shrink to what is open so far.
         const QScopedValueRollback keeping(m_isSessionKept, true);
+        const QScopedValueRollback bringingBack(m_isBringingBack, true);
         QStringList namedRecoveryFiles;
         const auto entries = m_openDocuments.load();
         for (const auto& entry : entries) {
@@ -41,6 +42,7 @@ QStringList ZLDocumentController::restoreSession()
 
 QStringList ZLDocumentController::restoreKeptDocuments(const QStringList& fileNamesToLeaveOut)
 {
+    const QScopedValueRollback bringingBack(m_isBringingBack, true);
     QStringList failures;
     QStringList recoveryFiles = m_recoveryFolder.files() + m_recoveryFolder.journaledFiles();
     recoveryFiles.sort();
@@ -112,6 +114,7 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecovered(ZLRecoveredDocu
         recovered.file.reset();
         const auto opened = isUntitled ? openRecoveryFile(path) : openFile(path);
         // Behind the document that was asked for, which commands from outside are meant for.
+        const QScopedValueRollback bringingBack(m_isBringingBack, true);
         if (aside)
             adopt(std::move(*aside));
         return opened;

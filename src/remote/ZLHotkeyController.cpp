@@ -35,8 +35,13 @@ void ZLHotkeyController::setupHotkeys()
 void ZLHotkeyController::hotkeyAction(const QString& identifier)
 {
     // A desktop gives back the text only; the delegate wants the published constant.
-    if (const ZLRemoteAction* row = ZLRemoteActions::withIdentifier(identifier))
-        deliverAction(row->identifier);
+    const ZLRemoteAction* row = ZLRemoteActions::withIdentifier(identifier);
+    if (!row)
+        return;
+    const QList<ZLHotKey> hotKeys = m_center.allHotKeys();
+    const auto pressed = std::ranges::find(hotKeys, identifier, &ZLHotKey::identifier);
+    const bool hasOptionKey = pressed != hotKeys.end() && pressed->containsOptionKey();
+    deliverAction(row->identifier, { .origin = ZLRemoteOrigin::Shortcut, .hasOptionKey = hasOptionKey });
 }
 
 QString ZLHotkeyController::actionForSettingsKey(const QString& settingsKey)

@@ -91,7 +91,7 @@ void ZLOSCController::receivedOSCMessage(const ZLOSCReceivedMessage& received)
             this, [this, received] { receivedOSCMessage(received); }, Qt::QueuedConnection);
         return;
     }
-    const Result result = carryOut(received.message);
+    const Result result = carryOut(received.message, ZLRemoteOrigin::OSC);
     // Later, since the sender may be waiting for the answer.
     logReceived(received.message, received.peer.text(), received.receivedAt, result);
     if (ZLSettingsManager::oscAnswersSenders())
@@ -101,22 +101,22 @@ void ZLOSCController::receivedOSCMessage(const ZLOSCReceivedMessage& received)
 QString ZLOSCController::performMessage(const ZLOSCMessage& message, const QString& peer)
 {
     const qint64 receivedAt = QDateTime::currentMSecsSinceEpoch();
-    const Result result = carryOut(message);
+    const Result result = carryOut(message, ZLRemoteOrigin::CommandSocket);
     logReceived(message, peer, receivedAt, result);
     return result.outcome;
 }
 
-ZLOSCController::Result ZLOSCController::carryOut(const ZLOSCMessage& message)
+ZLOSCController::Result ZLOSCController::carryOut(const ZLOSCMessage& message, ZLRemoteOrigin origin)
 {
     if (!isCommand(message))
         return { .outcome = ZLOSCLogTexts::reasonToIgnore(message), .isProblem = true };
     const ZLRemoteAction* action = ZLRemoteActions::withIdentifier(*actionForOSCKey(message.address()));
-    const ZLRemoteOutcome outcome(currentDocument());
+    const ZLRemoteOutcome outcome(currentDocument(), m_setup.recordingBeside ? m_setup.recordingBeside() : nullptr);
     if (delegate()) {
         qCInfo(oscLog, "%s", "-[ZLOSCController receivedOSCMessage:]");
         qCInfo(oscLog, "m: %s", qUtf8Printable(message.description()));
     }
-    deliverAction(action->identifier);
+    deliverAction(action->identifier, { .origin = origin });
     return { .outcome = outcome.description(*action), .isProblem = !outcome.hadEffect() };
 }
 

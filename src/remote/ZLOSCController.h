@@ -19,6 +19,8 @@ class ZLChapterDocument;
 struct ZLOSCControllerSetup {
     /// The document that commands act on at the moment, null when there is none. When empty, there never is one.
     std::function<ZLChapterDocument*()> currentDocument {};
+    /// A document that records while commands act on another one, null when there is none. When empty, there never is.
+    std::function<ZLChapterDocument*()> recordingBeside {};
     /// Measures how long an answered sender has been silent.
     std::shared_ptr<const ZLHostClock> hostClock = std::make_shared<ZLSteadyHostClock>();
     /// For this run, instead of the stored settings, until the user changes the setting. Port 0 lets the system choose;
@@ -69,7 +71,7 @@ private:
         bool isProblem = false;
     };
 
-    [[nodiscard]] Result carryOut(const ZLOSCMessage& message);
+    [[nodiscard]] Result carryOut(const ZLOSCMessage& message, ZLRemoteOrigin origin);
     void logReceived(const ZLOSCMessage& message, const QString& peer, qint64 receivedAt, const Result& result);
     [[nodiscard]] ZLChapterDocument* currentDocument() const;
     [[nodiscard]] QList<ZLOSCMessage> statusMessages() const;

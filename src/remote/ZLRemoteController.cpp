@@ -13,8 +13,9 @@ ZLRemoteController::~ZLRemoteController()
     setDelegate(nullptr);
 }
 
-void ZLRemoteController::deliverAction(const QString& action)
+void ZLRemoteController::deliverAction(const QString& action, const ZLRemoteSource& source)
 {
+    m_source = source;
     if (m_delegate && !action.isEmpty())
         m_delegate->remoteControllerReceivedAction(*this, action);
 }

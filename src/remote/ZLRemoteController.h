@@ -1,6 +1,7 @@
 #pragma once
 
 #include "remote/ZLRemoteActions.h"
+#include "remote/ZLRemoteSource.h"
 
 #include <QObject>
 
@@ -28,10 +29,14 @@ public:
     [[nodiscard]] ZLRemoteControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(ZLRemoteControllerDelegate* delegate) { m_delegate = delegate; }
 
+    /// Of the action that is being delivered.
+    [[nodiscard]] const ZLRemoteSource& source() const { return m_source; }
+
 protected:
     /// Does nothing without a delegate or with an empty action.
-    void deliverAction(const QString& action);
+    void deliverAction(const QString& action, const ZLRemoteSource& source = {});
 
 private:
     ZLRemoteControllerDelegate* m_delegate;
+    ZLRemoteSource m_source;
 };

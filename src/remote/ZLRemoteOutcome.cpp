@@ -12,8 +12,9 @@ struct OutcomeTexts {
 
 }
 
-ZLRemoteOutcome::ZLRemoteOutcome(ZLChapterDocument* document)
+ZLRemoteOutcome::ZLRemoteOutcome(ZLChapterDocument* document, ZLChapterDocument* recordingBeside)
     : m_document(document)
+    , m_recordingBeside(recordingBeside)
 {
     if (!document)
         return;
@@ -30,6 +31,11 @@ bool ZLRemoteOutcome::hadEffect() const
             || m_document->chapterManager().count() != m_chapterCount || m_document->selectedRow() != m_selectedRow);
 }
 
+bool ZLRemoteOutcome::hasAddedChapter() const
+{
+    return m_document && m_document->chapterManager().count() > m_chapterCount;
+}
+
 QString ZLRemoteOutcome::description(const ZLRemoteAction& action) const
 {
     if (!m_document)
@@ -43,5 +49,13 @@ QString ZLRemoteOutcome::description(const ZLRemoteAction& action) const
         return count > m_chapterCount ? OutcomeTexts::tr("added a chapter") : OutcomeTexts::tr("removed a chapter");
     if (m_document->selectedRow() != m_selectedRow)
         return OutcomeTexts::tr("selected chapter %1").arg(m_document->selectedRow() + 1);
-    return OutcomeTexts::tr("did nothing: %1").arg(action.obstacle());
+    return descriptionOfNothing(action);
+}
+
+QString ZLRemoteOutcome::descriptionOfNothing(const ZLRemoteAction& action) const
+{
+    if (!m_recordingBeside)
+        return OutcomeTexts::tr("did nothing: %1").arg(action.obstacle());
+    return OutcomeTexts::tr("did nothing in “%1”: %2; “%3” is recording")
+        .arg(m_document->displayName(), action.obstacle(), m_recordingBeside->displayName());
 }

@@ -167,3 +167,35 @@ TEST_F(ZLDocumentSessionTest, EachDocumentThatWasKeptTakesNoMoreThanTwoDescripto
     EXPECT_LE(descriptors() - before, 2 * documentCount);
     EXPECT_EQ(ZLRecoveryFolder(filePath("state/recovery")).journaledFiles(), QStringList()) << "nothing changed";
 }
+
+TEST_F(ZLDocumentSessionTest, WhatIsBroughtBackComesAfterWhatIsAskedForInThisRun)
+{
+    open(storedFile("last week.zelta"));
+    open(storedFile("older.zelta"));
+    start().restoreSession();
+    EXPECT_EQ(controller->currentOrLastDocument()->displayName(), u"last week.zelta"_s) << "there is no other";
+    const ZLChapterDocument* today = open(storedFile("today.zelta"));
+    EXPECT_EQ(controller->currentOrLastDocument(), today);
+    ZLChapterDocument* made = controller->newDocument();
+    EXPECT_EQ(controller->currentOrLastDocument(), today) << "the first of this run";
+    open(filePath("older.zelta"));
+    ASSERT_TRUE(controller->closeDocument(open(filePath("today.zelta")), ZLClosing::Keep));
+    EXPECT_EQ(controller->currentOrLastDocument(), made);
+    ASSERT_TRUE(controller->closeDocument(made, ZLClosing::Discard));
+    EXPECT_EQ(controller->currentOrLastDocument()->displayName(), u"older.zelta"_s) << "it was asked for, too";
+    controller->setCurrentDocument(controller->documents().constFirst());
+    EXPECT_EQ(controller->currentOrLastDocument()->displayName(), u"last week.zelta"_s) << "it is in front";
+}
+
+TEST_F(ZLDocumentSessionTest, AFileThatIsAskedForComesBeforeWhatWasKeptAside)
+{
+    ZLChapterDocument* untitled = controller->newDocument();
+    addChapter(*untitled, "News");
+    write(untitled);
+    const QString path = storedFile("today.zelta");
+    start();
+    controller->restoreKeptDocuments();
+    const ZLChapterDocument* today = open(path);
+    ASSERT_EQ(controller->documents().size(), 2);
+    EXPECT_EQ(controller->currentOrLastDocument(), today);
+}

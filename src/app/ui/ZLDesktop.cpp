@@ -32,7 +32,10 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
           { m_hotKeyCenter.get(), commandLine.oscPort, commandLine.oscOutputs,
               std::make_unique<ZLAvahiServicePublisher>(), ZLProcessActivity::create() })
     , m_windows(m_application.documentController())
+    , m_keyEquivalents(m_application.documentController(), m_application.commandKeys())
     , m_remoteStatus(m_application)
+    , m_outsideTarget(m_application)
+    , m_outsideNews(m_application.outsideCommands(), m_windows)
     , m_oscConnections(m_application)
     , m_preferences(m_application, m_sounds.server())
     , m_shortcutList(m_application)
@@ -73,6 +76,8 @@ void ZLDesktop::equipWindow(ZLChapterDocument* document)
     ZLChapterDocumentWindow* window = m_windows.windowOf(document);
     m_preferences.addWindow(*window);
     m_menuShortcuts.addWindow(*window);
+    m_keyEquivalents.addWindow(*window);
     m_remoteStatus.addStatusLine(window->statusLine());
     m_oscConnections.addWindow(*window);
+    m_outsideTarget.addWindow(*window);
 }

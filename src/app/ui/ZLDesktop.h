@@ -5,8 +5,11 @@
 #include "app/ZLCommandLine.h"
 #include "app/ZLRunningInstance.h"
 #include "app/ui/ZLDocumentWindows.h"
+#include "app/ui/ZLKeyEquivalents.h"
 #include "app/ui/ZLMenuShortcuts.h"
 #include "app/ui/ZLOSCConnections.h"
+#include "app/ui/ZLOutsideNewsDisplay.h"
+#include "app/ui/ZLOutsideTargetDisplay.h"
 #include "app/ui/ZLPreferences.h"
 #include "app/ui/ZLQuickEdits.h"
 #include "app/ui/ZLRemoteStatusDisplay.h"
@@ -38,7 +41,10 @@ private:
     ZLApplication m_application;
     ZLDocumentWindows m_windows;
     ZLMenuShortcuts m_menuShortcuts;
+    ZLKeyEquivalents m_keyEquivalents;
     ZLRemoteStatusDisplay m_remoteStatus;
+    ZLOutsideTargetDisplay m_outsideTarget;
+    ZLOutsideNewsDisplay m_outsideNews;
     ZLOSCConnections m_oscConnections;
     ZLPreferences m_preferences;
     ZLShortcutListDisplay m_shortcutList;

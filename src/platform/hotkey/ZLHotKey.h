@@ -30,6 +30,9 @@ struct ZLHotKey {
 
     bool operator==(const ZLHotKey&) const = default;
 
+    /// Whether Alt is among its keys: those that the desktop names, where it lets the user choose.
+    [[nodiscard]] bool containsOptionKey() const;
+
     /// A hot key, not yet registered, from a recorded shortcut. Missing entries read as 0 and are not rejected.
     [[nodiscard]] static ZLHotKey hotKeyWithIdentifier(const QString& identifier, const QVariantMap& shortcut);
 };

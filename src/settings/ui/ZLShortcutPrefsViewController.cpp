@@ -119,8 +119,21 @@ QString ZLShortcutPrefsViewController::settingsKeyOf(const ZLShortcutRecorder& r
 
 void ZLShortcutPrefsViewController::updateNotices()
 {
-    for (const Row& row : std::as_const(m_rows))
-        row.recorder->setNotice(noticeFor(row));
+    for (const Row& row : std::as_const(m_rows)) {
+        if (const QString notice = noticeFor(row); !notice.isEmpty())
+            row.recorder->setNotice(notice);
+        else
+            row.recorder->setNotice(remarkFor(row), ZLShortcutRecorder::Notice::Remark);
+    }
+}
+
+QString ZLShortcutPrefsViewController::remarkFor(const Row& row)
+{
+    const auto combo = row.recorder->keyCombo();
+    const bool makesChapters =
+        row.settingsKey == ZLKeyComboKey::ToggleRecording || row.settingsKey == ZLKeyComboKey::NewChapter;
+    const bool hasOptionKey = combo && combo->modifiers & ZLHotKeyModifier::option;
+    return makesChapters && hasOptionKey ? tr("With Alt: adds a blank chapter") : QString();
 }
 
 QString ZLShortcutPrefsViewController::noticeFor(const Row& row) const

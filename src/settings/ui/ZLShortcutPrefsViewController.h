@@ -54,7 +54,9 @@ private:
     void addRow(ZLShortcutRecorder* recorder, const QString& settingsKey);
     [[nodiscard]] QString settingsKeyOf(const ZLShortcutRecorder& recorder) const;
     void updateNotices();
+    /// What stands in the way of the shortcut.
     [[nodiscard]] QString noticeFor(const Row& row) const;
+    [[nodiscard]] static QString remarkFor(const Row& row);
 
     std::unique_ptr<Ui::ZLShortcutPrefsViewController> m_ui;
     QList<Row> m_rows;

@@ -75,10 +75,11 @@ void ZLShortcutRecorder::setKeyboardLayout(const ZLKeyboardLayout& layout)
     m_field->setKeyboardLayout(layout);
 }
 
-void ZLShortcutRecorder::setNotice(const QString& text)
+void ZLShortcutRecorder::setNotice(const QString& text, Notice kind)
 {
     m_notice = text;
-    showNoticeText(text);
+    m_noticeKind = kind;
+    showNoticeText(text, kind);
 }
 
 QString ZLShortcutRecorder::notice() const
@@ -114,19 +115,20 @@ void ZLShortcutRecorder::updateClearButton()
 
 void ZLShortcutRecorder::showHint(const QString& hint)
 {
-    showNoticeText(hint);
+    showNoticeText(hint, Notice::Warning);
     QAccessibleEvent alert(m_noticeLabel, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
 
 void ZLShortcutRecorder::removeHint()
 {
-    showNoticeText(m_notice);
+    showNoticeText(m_notice, m_noticeKind);
 }
 
-void ZLShortcutRecorder::showNoticeText(const QString& text)
+void ZLShortcutRecorder::showNoticeText(const QString& text, Notice kind)
 {
-    const QIcon icon = style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this);
+    const auto symbol = kind == Notice::Warning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
+    const QIcon icon = style()->standardIcon(symbol, nullptr, this);
     m_noticeIcon->setPixmap(text.isEmpty() ? QPixmap() : icon.pixmap(m_noticeIcon->width()));
     m_noticeLabel->setText(text);
     m_field->setAccessibleDescription(text);

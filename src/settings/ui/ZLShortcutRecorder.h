@@ -28,8 +28,12 @@ public:
     void setTitle(const QString& title);
     void setKeyboardLayout(const ZLKeyboardLayout& layout);
 
+    enum class Notice {
+        Warning, ///< Something is wrong.
+        Remark, ///< Something is worth knowing.
+    };
     /// A sentence beside the field, until the next one or the next recording; empty for none.
-    void setNotice(const QString& text);
+    void setNotice(const QString& text, Notice kind = Notice::Warning);
     [[nodiscard]] QString notice() const;
 
     [[nodiscard]] bool isRecording() const;
@@ -46,7 +50,7 @@ private:
     void updateClearButton();
     void showHint(const QString& hint);
     void removeHint();
-    void showNoticeText(const QString& text);
+    void showNoticeText(const QString& text, Notice kind);
 
     ZLShortcutField* m_field;
     QToolButton* m_clearButton;
@@ -55,5 +59,6 @@ private:
     QString m_title;
     /// What stands there when there is no hint.
     QString m_notice;
+    Notice m_noticeKind = Notice::Warning;
     std::optional<QVariantMap> m_objectValue;
 };

@@ -195,3 +195,17 @@ TEST_F(ZLShortcutPrefsViewControllerTest, TheKeyboardReachesEveryControlInOrder)
     }
     EXPECT_EQ(reached, m_names + QStringList { u"globalButton"_s });
 }
+
+TEST_F(ZLShortcutPrefsViewControllerTest, KeysWithAltForWhatMakesChaptersSayWhatAltDoes)
+{
+    for (const QString& name : m_names)
+        record(name, Qt::Key(Qt::Key_F2 + m_names.indexOf(name)), Qt::AltModifier | Qt::ControlModifier);
+    for (const QString& name : m_names) {
+        const bool makesChapters = name == u"toggleControl"_s || name == u"createChapterControl"_s;
+        EXPECT_EQ(recorder(name).notice(), makesChapters ? u"With Alt: adds a blank chapter"_s : QString());
+    }
+    record(u"toggleControl"_s, Qt::Key_F6, Qt::ControlModifier);
+    EXPECT_EQ(recorder(u"toggleControl"_s).notice(), QString());
+    m_pane.setSystemNotices({ { ZLKeyComboKey::NewChapter, u"Another program has it."_s } }, {});
+    EXPECT_EQ(recorder(u"createChapterControl"_s).notice(), u"Another program has it."_s) << "that is more urgent";
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "remote/ZLRemoteActions.h"
+#include "remote/ZLRemoteSource.h"
+
+#include <QObject>
+
+class ZLChapterDocument;
+class ZLDocumentWindows;
+class ZLOutsideCommands;
+
+/// Tells in the windows what commands from outside did: the chapter that came, in the status line of its window, and a
+/// command that could do nothing, in a bar of each other window that records meanwhile.
+class ZLOutsideNewsDisplay : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both have to outlive the object.
+    ZLOutsideNewsDisplay(ZLOutsideCommands& commands, ZLDocumentWindows& windows, QObject* parent = nullptr);
+
+private:
+    void tellOfChapter(ZLChapterDocument* document, const ZLRemoteSource& source) const;
+    void tellOfNothing(ZLChapterDocument* document, const ZLRemoteAction& action, const ZLRemoteSource& source);
+
+    ZLOutsideCommands& m_commands;
+    ZLDocumentWindows& m_windows;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// By which way a command from outside came.
+enum class ZLRemoteOrigin { OSC, CommandSocket, Shortcut };
+
+/// What is known of whoever gave a command from outside.
+struct ZLRemoteSource {
+    ZLRemoteOrigin origin = ZLRemoteOrigin::OSC;
+    /// Whether Alt is among the keys that gave the command; absent when no keys gave it.
+    std::optional<bool> hasOptionKey {};
+
+    /// "OSC", "zelta send" or "a system-wide shortcut"
+    [[nodiscard]] QString name() const;
+};

@@ -57,14 +57,15 @@ void ZLWindowTyping::rememberTypingIntoFirstTemplate()
 {
     QLineEdit* field = fieldInDrawer();
     const auto* list = m_drawer.findChild<QAbstractItemView*>();
-    const QModelIndex index = field && list ? list->indexAt(field->geometry().center()) : QModelIndex();
-    if (!index.isValid() || index.row() != 0)
+    const QAbstractItemModel& templates = m_document.templateViewController().tableModel();
+    const auto isTypedInto = [&](int column) { return list->indexWidget(templates.index(0, column)) == field; };
+    const bool isTitle = field && list && isTypedInto(ZLTemplatesTableModel::TitleColumn);
+    if (!isTitle && !(field && list && isTypedInto(ZLTemplatesTableModel::LinkColumn)))
         return;
     // What is there so far goes along if the template becomes a chapter now.
     Q_EMIT list->itemDelegate()->commitData(field);
     m_typedTemplate = m_document.templateViewController().chapterManager().chapterAtIndex(0);
-    m_typedColumn = index.column() == ZLTemplatesTableModel::LinkColumn ? ZLChapterTableModel::LinkColumn
-                                                                        : ZLChapterTableModel::TitleColumn;
+    m_typedColumn = isTitle ? ZLChapterTableModel::TitleColumn : ZLChapterTableModel::LinkColumn;
     m_typedPosition = field->cursorPosition();
 }
 

@@ -49,11 +49,12 @@ protected:
         ASSERT_NE(field(), nullptr);
         ASSERT_TRUE(list->isAncestorOf(field()));
     }
-    /// A field in the drawer ends at the next turn of the event loop.
+    /// A field in the drawer moves with its row, and ends, at the next turn of the event loop.
     void pressReturnInDrawer()
     {
+        QCoreApplication::processEvents();
         press(Qt::Key_Return);
-        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
     }
     [[nodiscard]] QStringList templateTitles() { return ZLTestChapters::titles(templates().allChapters()); }
     [[nodiscard]] bool hasAlert() { return m_window->findChild<QMessageBox*>() != nullptr; }
@@ -152,21 +153,24 @@ TEST_F(ZLWindowTypingTest, TypingIntoATemplateGoesOnUndisturbed)
     type(u" more"_s);
     EXPECT_EQ(chapters().count(), 3) << "the key was meant for the text";
     pressReturnInDrawer();
-    EXPECT_EQ(templateTitles(), (QStringList { u"Two and more"_s, u"Three"_s }));
+    EXPECT_EQ(templateTitles().first(), u"Two and more"_s);
+    EXPECT_FALSE(templateTitles().contains(u"Two and"_s));
 }
 
 TEST_F(ZLWindowTypingTest, WhoTypesIntoTheTemplateThatBecomesTheChapterGoesOnThere)
 {
-    typeIntoTemplate(0, u"Intro "_s);
+    typeIntoTemplate(1, u"Intro "_s);
     markFromOutside();
-    EXPECT_EQ(titles().last(), u"Intro "_s);
+    EXPECT_EQ(titles().last(), u"One"_s);
+    markFromOutside();
+    EXPECT_EQ(titles().last(), u"Intro "_s) << "its row has become the first meanwhile";
     EXPECT_TRUE(table().isEditing());
     press(Qt::Key_Delete);
     type(u"and more"_s);
     press(Qt::Key_Return);
     EXPECT_EQ(titles().last(), u"Intro and more"_s);
-    EXPECT_EQ(chapters().count(), 3);
-    EXPECT_EQ(templateTitles(), (QStringList { u"Two"_s, u"Three"_s }));
+    EXPECT_EQ(chapters().count(), 4);
+    EXPECT_EQ(templateTitles(), QStringList { u"Three"_s });
 }
 
 TEST_F(ZLWindowTypingTest, ABlankChapterFromOutsideLeavesTheFirstTemplateBeingTyped)

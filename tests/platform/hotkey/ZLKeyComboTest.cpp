@@ -81,3 +81,18 @@ TEST(ZLHotKey, ReadsEntriesThatCameBackFromSettingsAsText)
         ZLHotKey::hotKeyWithIdentifier(u"act"_s, { { u"keyCode"_s, u"-1"_s }, { u"modifierFlags"_s, u"1179648"_s } });
     EXPECT_EQ(hotKey.keyCombo, (ZLKeyCombo { -1, 0x300 }));
 }
+
+TEST(ZLHotKey, AltIsAmongItsKeysAsRecordedOrAsTheDesktopNamesThem)
+{
+    ZLHotKey hotKey;
+    hotKey.keyCombo = { 46, ZLHotKeyModifier::control };
+    EXPECT_FALSE(hotKey.containsOptionKey());
+    hotKey.keyCombo.modifiers |= ZLHotKeyModifier::option;
+    EXPECT_TRUE(hotKey.containsOptionKey());
+    hotKey.desktopTrigger = u"Press F12"_s;
+    EXPECT_FALSE(hotKey.containsOptionKey()) << "the user has chosen other keys";
+    hotKey.desktopTrigger = u"Press CTRL+ALT+m"_s;
+    EXPECT_TRUE(hotKey.containsOptionKey());
+    hotKey.desktopTrigger = u"Press <Control>Halt"_s;
+    EXPECT_FALSE(hotKey.containsOptionKey());
+}

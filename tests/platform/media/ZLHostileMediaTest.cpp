@@ -16,6 +16,15 @@ TEST_F(ZLHostileMediaTest, ChaptersInsideOfChaptersAreNotFollowed)
     EXPECT_TRUE(write(path, m_chapters));
 }
 
+TEST_F(ZLHostileMediaTest, MoreEntriesThanAnyTagHasAreRefused)
+{
+    const QByteArray bytes = id3Tag(3, frameOfVersion3("TXXX", {}).repeated(100'000)) + mp3Sound();
+    const QString path = store(bytes);
+    EXPECT_FALSE(ZLMediaFile::read(path));
+    EXPECT_FALSE(write(path, m_chapters));
+    EXPECT_EQ(contentsOf(path), bytes);
+}
+
 TEST_F(ZLHostileMediaTest, PackedFramesInsideOfChaptersAreNotUnpacked)
 {
     QByteArray packed = frameOfVersion3("APIC", QByteArray("\0\0\0\xFFjunk", 8));

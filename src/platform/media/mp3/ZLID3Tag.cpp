@@ -16,7 +16,9 @@ struct TagTexts {
 };
 
 constexpr qsizetype tagHeader = 10;
-constexpr qint64 largestTag = 0x0FFFFFFF;
+/// What is written has to be read again.
+constexpr qint64 largestTag = ZLMediaSource::largestReading;
+constexpr qsizetype mostFrames = 20'000;
 
 enum HeaderFlag : uchar { Unsynchronised = 0x80, ExtendedHeader = 0x40, Experimental = 0x20, Footer = 0x10 };
 constexpr uchar FrameUnsynchronised = 0x02;
@@ -131,6 +133,8 @@ ZLResult<ZLID3Tag> ZLID3Tag::readAt(const ZLMediaSource& source, qint64 offset)
         body = body.sliced(extendedHeaderSize(body, tag.m_version));
     qsizetype end = 0;
     tag.m_frames = splitFrames(body, tag.m_version, end);
+    if (tag.m_frames.size() == mostFrames)
+        return ZLError { TagTexts::tr("The tag at the beginning has too many entries.") };
     tag.m_remainder = withoutPadding(body.sliced(end));
     if (tag.m_version == 4 && (flags & Unsynchronised))
         markUnsynchronised(tag.m_frames);
@@ -140,7 +144,7 @@ ZLResult<ZLID3Tag> ZLID3Tag::readAt(const ZLMediaSource& source, qint64 offset)
 QList<ZLID3Frame> ZLID3Tag::splitFrames(const QByteArray& bytes, int version, qsizetype& end)
 {
     QList<ZLID3Frame> frames;
-    for (end = 0; end + tagHeader <= bytes.size();) {
+    for (end = 0; end + tagHeader <= bytes.size() && frames.size() < mostFrames;) {
         const QByteArray id = bytes.mid(end, 4);
         const qsizetype size = tagHeader + frameSize(bytes, end, version);
         if (!isFrameId(id) || size > bytes.size() - end)
@@ -171,7 +175,7 @@ ZLResult<QByteArray> ZLID3Tag::bytes() const
     const qint64 needed = tagHeader + frames.size() + m_remainder.size();
     const qint64 size = ZLPadding::paddedSize(needed, m_formerSize);
     if (size > largestTag)
-        return ZLError { TagTexts::tr("The tag would become larger than a tag can be.") };
+        return ZLError { TagTexts::tr("The tag would become larger than %1 MiB.").arg(largestTag / 1024 / 1024) };
     // What could not be read stands last: padding behind it could complete a frame that was cut off.
     return header(size - tagHeader) + frames + QByteArray(qsizetype(size - needed), '\0') + m_remainder;
 }

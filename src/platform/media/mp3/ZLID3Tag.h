@@ -43,7 +43,8 @@ public:
     /// too large.
     [[nodiscard]] ZLResult<QByteArray> bytes() const;
 
-    /// The frames in `bytes`, which stand behind a header of version 3 or 4; `end` is where they end.
+    /// The frames in `bytes`, which stand behind a header of version 3 or 4; `end` is where they end. A tag with
+    /// thousands of them is not read to its end.
     [[nodiscard]] static QList<ZLID3Frame> splitFrames(const QByteArray& bytes, int version, qsizetype& end);
 
     /// A size in four bytes of seven bits, as headers of tags and of frames in version 2.4 have it.

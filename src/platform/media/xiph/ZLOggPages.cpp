@@ -222,12 +222,13 @@ std::optional<qint64> ZLOggPages::lastPosition(const ZLMediaSource& source, quin
     const qint64 begin = std::max(source.size() - lookBackLength, qint64(0));
     const QByteArray bytes = source.read(begin, lookBackLength);
     qsizetype at = bytes.lastIndexOf("OggS");
-    for (int tries = 0; at >= 0 && tries < mostTries; ++tries, at = at > 0 ? bytes.lastIndexOf("OggS", at - 1) : -1) {
+    for (int tries = 0; at >= 0 && tries != mostTries; ++tries) {
         const auto page = intactPageIn(bytes, at);
         if (page && page->stream != stream)
             return std::nullopt;
         if (page && page->position >= 0)
             return page->position;
+        at = at > 0 ? bytes.lastIndexOf("OggS", at - 1) : -1;
     }
     return std::nullopt;
 }

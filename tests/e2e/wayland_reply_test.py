@@ -126,9 +126,11 @@ class WaylandReplyTest(unittest.TestCase):
 
         self.accessible = accessible
         self.program = accessible.application()
-        self.table = accessible.find(accessible.find(self.program, "frame"), "table", "Chapters")
+        frame = accessible.find(self.program, "frame")
+        self.table = accessible.find(frame, "table", "Chapters")
         self.other = OtherProgram()
         self.addCleanup(self.other.reader.stop)
+        wait_until(lambda: not accessible.is_active(frame), "the recorder to know that another program is in front")
         oscsend(self.port, "/zl/toggleRecording", "f", 1)
         oscsend(self.port, "/zl/newChapter", "f", 1)
         wait_until(lambda: len(self.titles()) == 1, "the chapter")

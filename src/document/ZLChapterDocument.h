@@ -172,7 +172,8 @@ Q_SIGNALS:
     void addButtonDidUpdate();
     /// The cell should be scrolled into view and opened for typing, with its text selected.
     void wantsEditing(const QModelIndex& index);
-    void invalidTimestampEntered();
+    /// What was typed as the time of this chapter is none.
+    void invalidTimestampEntered(const ZLChapterPointer& chapter, const QString& text);
     /// A chapter is about to come or go: what is being typed somewhere should be written now, as a step of its own.
     void typedTextShouldBeCommitted();
     /// A time that is being typed in this row has nothing to be written to any more.

@@ -263,7 +263,7 @@ bool ZLChapterTableModel::editTime(const ZLChapterPointer& chapter, const QStrin
     }
     const auto seconds = ZLTimeEntry::secondsFromText(text);
     if (!seconds) {
-        Q_EMIT m_document.invalidTimestampEntered();
+        Q_EMIT m_document.invalidTimestampEntered(chapter, text);
         return false;
     }
     m_document.updateChapterToTime(chapter, *seconds);

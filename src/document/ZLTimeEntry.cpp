@@ -3,6 +3,7 @@
 #include "model/ZLStoredValue.h"
 
 #include <QCalendar>
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTimeZone>
@@ -58,6 +59,16 @@ QDateTime referenceDate()
     return QDateTime(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc());
 }
 
+}
+
+QString ZLTimeEntry::form()
+{
+    return QCoreApplication::translate("ZLTimeEntry", "HH:MM:SS.mmm");
+}
+
+QString ZLTimeEntry::dateForm()
+{
+    return QCoreApplication::translate("ZLTimeEntry", "HH:MM:SS.mmm YYYY-MM-DD");
 }
 
 std::optional<double> ZLTimeEntry::secondsFromText(const QString& text)

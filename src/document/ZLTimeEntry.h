@@ -8,6 +8,11 @@
 /// Reads the times that a person types.
 namespace ZLTimeEntry {
 
+/// How a time is typed, for a person.
+[[nodiscard]] QString form();
+/// The same for a wall-clock time.
+[[nodiscard]] QString dateForm();
+
 /// Seconds from "[-]hours:minutes:seconds.milliseconds", or nothing when the text has another shape. Digits are read
 /// leniently: anything unreadable is 0, and minutes and seconds may exceed 59. The piece after the point counts
 /// milliseconds and is no decimal fraction.

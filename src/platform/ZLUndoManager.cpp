@@ -1,5 +1,7 @@
 #include "platform/ZLUndoManager.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 ZLUndoManager::ZLUndoManager(QObject* parent)
@@ -72,9 +74,13 @@ void ZLUndoManager::endGroup()
 void ZLUndoManager::registerOpenGroup()
 {
     Group group = std::exchange(m_openGroup, {});
+    const bool joins = std::exchange(m_joinsLastGroup, false) && m_activity == Activity::None && canUndo();
     if (group.steps.empty())
         return;
-    receivingHistory().push_back(std::move(group));
+    if (joins)
+        std::move(group.steps.begin(), group.steps.end(), std::back_inserter(m_undoHistory.back().steps));
+    else
+        receivingHistory().push_back(std::move(group));
     // While undoing or redoing the change is announced once, when the whole group is done.
     if (m_activity != Activity::None)
         return;

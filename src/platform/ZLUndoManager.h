@@ -23,6 +23,9 @@ public:
     /// Names the open group, or outside one the group that was registered last. The last name set wins.
     void setActionName(const QString& name);
 
+    /// Makes the open group a part of the group that undo() would take next, instead of one of its own.
+    void joinLastGroup() { m_joinsLastGroup = true; }
+
     /// Undoes or redoes one whole group. Ignored when there is none, inside an open group, and while undoing or
     /// redoing.
     void undo();
@@ -66,6 +69,7 @@ private:
     History m_undoHistory;
     History m_redoHistory;
     Group m_openGroup;
+    bool m_joinsLastGroup = false;
     int m_groupDepth = 0;
     Activity m_activity = Activity::None;
 };

@@ -8,6 +8,9 @@ namespace {
 
 constexpr QStringView HeadingMark = u"- ";
 
+/// Digits of an entry's number at most; a longer one is more likely a year.
+constexpr qsizetype LongestNumber = 3;
+
 /// How many characters stand before the dot of the top-level domain, at least and at most.
 constexpr qsizetype ShortestHost = 2;
 constexpr qsizetype LongestHost = 256;
@@ -61,6 +64,56 @@ std::optional<qsizetype> endOfTopLevelDomain(QStringView text, qsizetype dot)
     return end;
 }
 
+/// What stands behind the mark of a list's entry; nothing for a line without one.
+std::optional<QStringView> topicBehindMark(QStringView line)
+{
+    const QStringView entry = line.trimmed();
+    const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
+    const qsizetype digits = std::find_if_not(entry.cbegin(), entry.cend(), isDigit) - entry.cbegin();
+    const QStringView marks = digits > 0 ? QStringView(u".)") : QStringView(u"*•‣◦–—+-");
+    const qsizetype length = digits + 1;
+    if (digits > LongestNumber || length >= entry.size() || !marks.contains(entry.at(digits))
+        || !entry.at(length).isSpace())
+        return std::nullopt;
+    return entry.sliced(length).trimmed();
+}
+
+bool hasMarkedLine(QStringView plainText)
+{
+    for (const QStringView line : qTokenize(plainText, u'\n')) {
+        if (topicBehindMark(line))
+            return true;
+    }
+    return false;
+}
+
+/// A link alone belongs to the line before.
+std::optional<QStringView> topicOfPlainLine(QStringView line)
+{
+    const QStringView topic = line.trimmed();
+    if (topic.isEmpty() || ZLOutlineImport::linkInString(topic) == topic)
+        return std::nullopt;
+    return topic;
+}
+
+/// One chapter for each line in which `titleIn` finds a title. The first link from there on is its own.
+template <typename TitleIn>
+ZLChapterSequence chaptersIn(QStringView plainText, TitleIn titleIn)
+{
+    ZLChapterSequence chapters;
+    for (const QStringView line : qTokenize(plainText, u'\n')) {
+        if (const std::optional<QStringView> title = titleIn(line)) {
+            chapters.append(std::make_shared<ZLChapter>());
+            chapters.last()->setTitle(title->toString());
+        }
+        if (chapters.isEmpty() || !chapters.last()->link().isEmpty())
+            continue;
+        if (const auto link = ZLOutlineImport::linkInString(line))
+            chapters.last()->setLink(*link);
+    }
+    return chapters;
+}
+
 /// The link in `run`, which consists of link characters only, all of them that stand together in `text` from `begin`.
 /// The leftmost host wins, and of its top-level domains the last one within reach.
 std::optional<QStringView> linkInRun(QStringView text, qsizetype begin, qsizetype end)
@@ -102,16 +155,13 @@ std::optional<QString> ZLOutlineImport::linkInString(QStringView text)
 
 ZLChapterSequence ZLOutlineImport::chaptersInText(QStringView plainText)
 {
-    ZLChapterSequence chapters;
-    for (const QStringView line : qTokenize(plainText, u'\n')) {
-        if (line.size() > HeadingMark.size() && line.startsWith(HeadingMark)) {
-            chapters.append(std::make_shared<ZLChapter>());
-            chapters.last()->setTitle(line.sliced(HeadingMark.size()).toString());
-        }
-        if (chapters.isEmpty() || !chapters.last()->link().isEmpty())
-            continue;
-        if (const auto link = linkInString(line))
-            chapters.last()->setLink(*link);
-    }
-    return chapters;
+    return chaptersIn(plainText, [](QStringView line) -> std::optional<QStringView> {
+        const bool isHeading = line.size() > HeadingMark.size() && line.startsWith(HeadingMark);
+        return isHeading ? std::optional(line.sliced(HeadingMark.size())) : std::nullopt;
+    });
+}
+
+ZLChapterSequence ZLOutlineImport::chaptersInTopicLines(QStringView plainText)
+{
+    return chaptersIn(plainText, hasMarkedLine(plainText) ? topicBehindMark : topicOfPlainLine);
 }

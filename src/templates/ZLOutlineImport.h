@@ -14,6 +14,11 @@ namespace ZLOutlineImport {
 /// first one found in the heading line or in the lines below it. Lines before the first heading are no chapter's.
 [[nodiscard]] ZLChapterSequence chaptersInText(QStringView plainText);
 
+/// The chapters of a text without such headings, by the lines that look like topics: those that begin with another mark
+/// ("*", "•", "1." and the like, also indented), or, where no line has one, each line that is more than a link. Marks
+/// and blanks at both ends are no part of the title.
+[[nodiscard]] ZLChapterSequence chaptersInTopicLines(QStringView plainText);
+
 /// The first web link in `text`, or nothing: a host name with a top-level domain of two to four letters, with all that
 /// precedes it without a gap (a scheme, a user; up to 256 characters) and the path that follows it. It is the first
 /// match of the regular expression, regardless of case,

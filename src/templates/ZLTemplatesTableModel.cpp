@@ -37,6 +37,12 @@ ZLTemplatesTableModel::ZLTemplatesTableModel(ZLChapterManager& chapterManager, Q
     followChapters();
 }
 
+void ZLTemplatesTableModel::reload()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+}
+
 int ZLTemplatesTableModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : int(m_chapterManager.count());

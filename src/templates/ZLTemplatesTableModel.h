@@ -15,6 +15,9 @@ public:
     /// `chapterManager` has to outlive the model.
     explicit ZLTemplatesTableModel(ZLChapterManager& chapterManager, QObject* parent = nullptr);
 
+    /// Announces that every cell may show something else.
+    void reload();
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;

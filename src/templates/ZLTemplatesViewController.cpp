@@ -11,6 +11,14 @@ const QString removeTemplateActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLCha
 const QString importTemplatesActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Import Templates"));
 const QString moveTemplateActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Move Template"));
 
+ZLChapterSequence chaptersIn(const QStringList& plainTexts, ZLChapterSequence (*chaptersInText)(QStringView))
+{
+    ZLChapterSequence chapters;
+    for (const QString& text : plainTexts)
+        chapters.append(chaptersInText(text));
+    return chapters;
+}
+
 }
 
 ZLTemplatesViewController::ZLTemplatesViewController(
@@ -89,13 +97,20 @@ void ZLTemplatesViewController::removeChapterButtonPressed()
 
 void ZLTemplatesViewController::importFromPasteboard(const QStringList& plainTexts)
 {
-    ZLChapterSequence imported;
-    for (const QString& text : plainTexts)
-        imported.append(ZLOutlineImport::chaptersInText(text));
-    tellDelegateBefore();
-    if (!imported.isEmpty())
-        insertTemplates(imported, m_chapterManager.count(), importTemplatesActionName);
-    tellDelegate();
+    const ZLChapterSequence imported = chaptersIn(plainTexts, ZLOutlineImport::chaptersInText);
+    appendImported(imported);
+    if (imported.isEmpty())
+        Q_EMIT didImportNothing(plainTexts);
+}
+
+void ZLTemplatesViewController::importTopicLines(const QStringList& plainTexts)
+{
+    appendImported(chaptersIn(plainTexts, ZLOutlineImport::chaptersInTopicLines));
+}
+
+qsizetype ZLTemplatesViewController::countOfTopicLines(const QStringList& plainTexts)
+{
+    return chaptersIn(plainTexts, ZLOutlineImport::chaptersInTopicLines).size();
 }
 
 void ZLTemplatesViewController::moveTemplate(qsizetype row, qsizetype gap)
@@ -107,6 +122,16 @@ void ZLTemplatesViewController::moveTemplate(qsizetype row, qsizetype gap)
     // Taking the template out moves the rows behind it up by one.
     relocateTemplate(chapter, row < gap ? gap - 1 : gap);
     tellDelegate();
+}
+
+void ZLTemplatesViewController::appendImported(const ZLChapterSequence& imported)
+{
+    tellDelegateBefore();
+    if (!imported.isEmpty())
+        insertTemplates(imported, m_chapterManager.count(), importTemplatesActionName);
+    tellDelegate();
+    if (!imported.isEmpty())
+        Q_EMIT didImport(imported.size());
 }
 
 void ZLTemplatesViewController::insertTemplates(

@@ -55,11 +55,17 @@ public:
     /// Appends the chapters of the outlines in `plainTexts`, the texts that the clipboard holds. The delegate
     /// is told even when there are none, which is no step.
     void importFromPasteboard(const QStringList& plainTexts);
+    /// The same with the lines of texts that are no outline but look like topics.
+    void importTopicLines(const QStringList& plainTexts);
+    [[nodiscard]] static qsizetype countOfTopicLines(const QStringList& plainTexts);
     /// Moves the template at `row` to the gap before `gap` (0 … count) and selects it; any other row or gap
     /// changes nothing.
     void moveTemplate(qsizetype row, qsizetype gap);
 
 Q_SIGNALS:
+    /// So many templates came.
+    void didImport(qsizetype count);
+    void didImportNothing(const QStringList& plainTexts);
     /// The cell should be opened for typing, with its text selected.
     void wantsEditing(const QModelIndex& index);
     /// A title or a link was edited in the table. The delegate is not told: such an edit alone does not mark the
@@ -67,6 +73,7 @@ Q_SIGNALS:
     void templateDidChangeInPlace();
 
 private:
+    void appendImported(const ZLChapterSequence& imported);
     void insertTemplates(const ZLChapterSequence& templates, qsizetype row, const QString& actionName);
     void removeTemplates(const ZLChapterSequence& templates, qsizetype row, const QString& actionName);
     void relocateTemplate(const ZLChapterPointer& chapter, qsizetype row);

@@ -135,6 +135,60 @@ class EditingTest(unittest.TestCase):
 
         wait_until(lambda: clipboard() == "example.org/news", "the link in the clipboard")
 
+    def showing(self, role, name):
+        # Dialogs stand beside the window.
+        return [node for node in self.window.accessible.find_all(self.window.frame.parent, role, name)
+                if self.window.accessible.is_showing(node)]
+
+    def times(self):
+        table = self.list_named("Chapters")
+        return [row[2] for row in self.window.accessible.table_texts(table)]
+
+    def wait_for_time(self, row, text):
+        wait_until(lambda: self.times()[row] == text, f"{text} in row {row}, not {self.times()}")
+
+    def test_a_chapter_is_set_later_and_moved(self):
+        self.start()
+        self.record_three_chapters()
+        self.press("Home", "ctrl+i")
+        wait_until(lambda: self.showing("dialog", "Insert Chapter"), "the dialog")
+        self.desktop.type("01:00:00.000")
+        self.press("Return")
+        wait_until(lambda: len(self.window.titles()) == 4, "the chapter")
+        self.desktop.type("later")
+        self.press("Return")
+        self.wait_for_titles("one", "two", "three", "later")
+        self.press("alt+Right", "alt+Right", "alt+shift+Left")
+        self.wait_for_time(3, "00:59:59.200")
+        self.press("ctrl+z")
+        self.wait_for_time(3, "01:00:00.000")
+
+    def test_a_rejected_time_is_open_again(self):
+        self.start()
+        self.record_three_chapters()
+        cell = self.list_named("Chapters").queryTable().getAccessibleAt(1, 2)
+        box = cell.queryComponent().getExtents(self.window.accessible.pyatspi.DESKTOP_COORDS)
+        self.desktop.double_click(box.x + box.width // 2, box.y + box.height // 2)
+        wait_until(lambda: self.showing("label", "HH:MM:SS.mmm"), "the form of a time")
+        self.desktop.type("1:2")
+        self.press("Return")
+        wait_until(lambda: self.showing("label", "Invalid Timestamp"), "the alert")
+        self.press("Return")
+        wait_until(lambda: not self.showing("label", "Invalid Timestamp"), "the alert to go")
+        wait_until(lambda: self.showing("text", "Time of chapter 2"), "the field")
+        # What is typed now takes the place of the selected text.
+        self.desktop.type("01:00:00.000")
+        self.press("Return")
+        self.wait_for_titles("one", "three", "two")
+
+    def test_lines_that_look_like_topics_are_offered(self):
+        self.start()
+        self.desktop.set_clipboard("* Intro\n* News\n")
+        self.press("ctrl+shift+v")
+        offer = self.window.accessible.find(self.window.frame, "push button", "Import the 2 Lines")
+        self.window.accessible.press(offer)
+        self.wait_for_templates("Intro", "News")
+
     def row_box(self, row):
         cell = self.list_named("Templates").queryTable().getAccessibleAt(row, 0)
         return cell.queryComponent().getExtents(self.window.accessible.pyatspi.DESKTOP_COORDS)

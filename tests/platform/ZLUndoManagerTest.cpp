@@ -29,6 +29,33 @@ protected:
     QStringList m_trace;
 };
 
+TEST_F(ZLUndoManagerTest, AGroupThatJoinsTheLastOneIsUndoneAndRedoneWithIt)
+{
+    set(1, u"first"_s);
+    set(2, u"second"_s);
+    const QSignalSpy changes(&m_manager, &ZLUndoManager::historyDidChange);
+    {
+        const ZLUndoGroup group(m_manager);
+        set(3, u"third"_s);
+        m_manager.joinLastGroup();
+    }
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_EQ(m_manager.undoActionName(), u"second"_s);
+    m_manager.undo();
+    EXPECT_EQ(m_value, 1);
+    m_manager.redo();
+    EXPECT_EQ(m_value, 3);
+    m_manager.undo();
+    m_manager.undo();
+    {
+        const ZLUndoGroup group(m_manager);
+        set(4, u"fourth"_s);
+        m_manager.joinLastGroup();
+    }
+    EXPECT_EQ(m_manager.undoActionName(), u"fourth"_s) << "there is none to join";
+    EXPECT_FALSE(m_manager.canRedo());
+}
+
 TEST_F(ZLUndoManagerTest, AnEmptyHistoryOffersNothing)
 {
     EXPECT_FALSE(m_manager.canUndo());

@@ -187,3 +187,36 @@ TEST(ZLOutlineImportTest, BrokenSurrogatesAreText)
     EXPECT_EQ(linkIn(high + u"example.com/"_s + high), u"example.com/"_s);
     EXPECT_EQ(importedTitles(u"- "_s + high), QStringList(high));
 }
+
+namespace {
+
+QStringList topicTitles(QStringView text)
+{
+    QStringList titles;
+    for (const ZLChapterPointer& chapter : ZLOutlineImport::chaptersInTopicLines(text))
+        titles.append(chapter->title());
+    return titles;
+}
+
+}
+
+TEST(ZLOutlineImportTopicsTest, LinesWithOtherMarksAreTopicsAndTheRestGivesLinks)
+{
+    EXPECT_EQ(topicTitles(u"* Intro\n* News \r\n"), (QStringList { u"Intro"_s, u"News"_s }));
+    EXPECT_EQ(topicTitles(u"• Intro\n  ◦ detail\n"), (QStringList { u"Intro"_s, u"detail"_s }));
+    EXPECT_EQ(topicTitles(u"Episode 12\n1. Intro\n10) News\n"), (QStringList { u"Intro"_s, u"News"_s }));
+    EXPECT_EQ(topicTitles(u"  - indented"), QStringList(u"indented"_s));
+    const ZLChapterSequence chapters = ZLOutlineImport::chaptersInTopicLines(u"* Intro\nsee example.org\n* News");
+    ASSERT_EQ(chapters.size(), 2);
+    EXPECT_EQ(chapters.first()->link(), u"example.org"_s);
+}
+
+TEST(ZLOutlineImportTopicsTest, WithoutAnyMarkEachLineIsATopic)
+{
+    EXPECT_EQ(topicTitles(u"Intro\n\n  2024. A year\n*no blank\n"),
+        (QStringList { u"Intro"_s, u"2024. A year"_s, u"*no blank"_s }));
+    const ZLChapterSequence chapters = ZLOutlineImport::chaptersInTopicLines(u"Intro\nhttps://example.org/a\nNews");
+    ASSERT_EQ(chapters.size(), 2);
+    EXPECT_EQ(chapters.first()->link(), u"https://example.org/a"_s);
+    EXPECT_EQ(topicTitles(u" \n\r\n"), QStringList());
+}

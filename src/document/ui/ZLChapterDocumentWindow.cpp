@@ -2,10 +2,12 @@
 
 #include "document/ZLChapterDocument.h"
 #include "document/ui/ZLDrawerSlide.h"
+#include "document/ui/ZLImportNews.h"
 #include "document/ui/ZLMoveChaptersDialog.h"
 #include "document/ui/ZLWindowTyping.h"
 #include "document/ui/menus/ZLActionHelp.h"
 #include "document/ui/menus/ZLChapterContextMenu.h"
+#include "document/ui/menus/ZLChapterEditItems.h"
 #include "document/ui/menus/ZLEditMenu.h"
 #include "document/ui/menus/ZLRecordingMenu.h"
 #include "document/ui/menus/ZLViewMenu.h"
@@ -54,6 +56,7 @@ ZLChapterDocumentWindow::ZLChapterDocumentWindow(
     m_recordingMenu = new ZLRecordingMenu(*menuBar(), document);
     m_viewMenu = new ZLViewMenu(*menuBar());
     m_typing = new ZLWindowTyping(document, *m_ui->tableView, *m_ui->templateDrawer, this);
+    addEditItems();
     buildDrawer();
     connectDocument();
     connectToolbar();
@@ -234,6 +237,8 @@ void ZLChapterDocumentWindow::connectStatusLine()
 {
     connect(m_ui->statusLine, &ZLStatusLine::nextTemplateClicked, this, &ZLChapterDocumentWindow::openDrawerWithFocus);
     connect(m_ui->messageBar, &ZLMessageBar::keyboardReturned, this, &ZLChapterDocumentWindow::returnFocusToTable);
+    connect(m_ui->tableView, &ZLChapterTableView::timeFormDidChange, m_ui->statusLine, &ZLStatusLine::setHint);
+    new ZLImportNews(m_document.templateViewController(), *m_ui->statusLine, this);
     connect(m_ui->tableView, &ZLChapterTableView::linkActivated, this, &QDesktopServices::openUrl);
     const QAbstractItemModel& templates = m_document.templateViewController().tableModel();
     for (const auto signal : { &QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved })
@@ -348,7 +353,16 @@ void ZLChapterDocumentWindow::addBlankChapter()
         m_document.addNewBlankChapter();
 }
 
-void ZLChapterDocumentWindow::showInvalidTimestampAlert()
+void ZLChapterDocumentWindow::addEditItems()
+{
+    const auto* items = new ZLChapterEditItems(*m_editMenu->menu(), m_document, *this);
+    connect(items, &ZLChapterEditItems::typedTextShouldBeCommitted, this, &ZLChapterDocumentWindow::commitTypedText);
+    connect(items, &ZLChapterEditItems::dialogDidClose, this, &ZLChapterDocumentWindow::returnFocusToTable);
+    connect(items, &ZLChapterEditItems::hasNews, m_ui->statusLine,
+        [this](const QString& text) { m_ui->statusLine->showPassingMessage(text); });
+}
+
+void ZLChapterDocumentWindow::showInvalidTimestampAlert(const ZLChapterPointer& chapter, const QString& text)
 {
     if (findChild<QMessageBox*>(invalidTimestampAlertName))
         return;
@@ -358,7 +372,14 @@ void ZLChapterDocumentWindow::showInvalidTimestampAlert()
     alert->setInformativeText(tr("The timestamp you have entered is not valid!"));
     alert->addButton(tr("OK"), QMessageBox::AcceptRole);
     alert->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert, &QDialog::finished, this, &ZLChapterDocumentWindow::returnFocusToTable);
+    connect(alert, &QDialog::finished, this, [this, chapter, text] {
+        const auto row = m_document.chapterManager().indexOfChapter(chapter);
+        if (row)
+            m_ui->tableView->beginEditingAgain(
+                m_document.tableModel().index(int(*row), ZLChapterTableModel::TimeColumn), text);
+        else
+            returnFocusToTable();
+    });
     // Not exec(): the recording goes on, and so does everything that a remote control asks for.
     alert->open();
 }

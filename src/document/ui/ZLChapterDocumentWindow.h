@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ui/ZLWindowStateStore.h"
+#include "model/ZLChapter.h"
 
 #include <QMainWindow>
 #include <QStringList>
@@ -88,7 +89,8 @@ private:
     void openDrawerWithFocus();
     void drawerDidToggle();
     void addBlankChapter();
-    void showInvalidTimestampAlert();
+    void showInvalidTimestampAlert(const ZLChapterPointer& chapter, const QString& text);
+    void addEditItems();
     void showMoveChaptersDialog();
     void returnFocusToTable();
 

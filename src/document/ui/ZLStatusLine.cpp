@@ -21,6 +21,7 @@ const QString savePartName = QStringLiteral("saveStatus");
 ZLStatusLine::ZLStatusLine(QWidget* parent)
     : QStatusBar(parent)
     , m_nextTemplate(addFlatButton(u"nextTemplate"_s))
+    , m_hint(new QLabel(this))
     , m_message(new QLabel(this))
     , m_messageButton(addFlatButton(u"passingMessageButton"_s))
     , m_passingMilliseconds(passingMillisecondsAtFirst)
@@ -30,12 +31,16 @@ ZLStatusLine::ZLStatusLine(QWidget* parent)
     m_message->setObjectName(u"passingMessage"_s);
     m_message->setTextFormat(Qt::PlainText);
     m_message->setMinimumWidth(1);
+    m_hint->setObjectName(u"hint"_s);
+    m_hint->setTextFormat(Qt::PlainText);
     auto* left = new QWidget(this);
     auto* layout = new QHBoxLayout(left);
     layout->setContentsMargins(0, 0, 0, 0);
     // A message begins where the text of the button begins whose place it takes.
     m_message->setIndent(style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, m_nextTemplate));
     layout->addWidget(m_nextTemplate);
+    m_hint->setIndent(m_message->indent());
+    layout->addWidget(m_hint);
     layout->addWidget(m_message);
     layout->addWidget(m_messageButton);
     layout->addStretch(1);
@@ -99,6 +104,7 @@ void ZLStatusLine::showPassingMessage(
     m_message->setText(text);
     m_messageButton->setText(actionText);
     m_nextTemplate->hide();
+    m_hint->hide();
     m_message->show();
     m_messageButton->setVisible(!actionText.isEmpty());
     // Somebody who wants to press the button needs the time to get there.
@@ -113,7 +119,25 @@ void ZLStatusLine::hidePassingMessage()
     m_message->clear();
     m_message->hide();
     m_messageButton->hide();
-    m_nextTemplate->show();
+    showHintOrTemplate();
+}
+
+void ZLStatusLine::setHint(const QString& text)
+{
+    m_hint->setText(text);
+    if (passingMessage().isEmpty())
+        showHintOrTemplate();
+}
+
+QString ZLStatusLine::hint() const
+{
+    return m_hint->text();
+}
+
+void ZLStatusLine::showHintOrTemplate()
+{
+    m_hint->setVisible(!hint().isEmpty());
+    m_nextTemplate->setVisible(hint().isEmpty());
 }
 
 QString ZLStatusLine::passingMessage() const

@@ -31,6 +31,9 @@ public:
     void showPassingMessage(
         const QString& text, const QString& actionText = {}, const std::function<void()>& action = {});
     void hidePassingMessage();
+    /// Stands in place of the next template as long as it is not empty and no passing message is shown.
+    void setHint(const QString& text);
+    [[nodiscard]] QString hint() const;
     /// Empty while none is shown.
     [[nodiscard]] QString passingMessage() const;
     /// Milliseconds that a message without a button stays; one with a button stays twice as long.
@@ -44,8 +47,10 @@ Q_SIGNALS:
 private:
     QToolButton* addFlatButton(const QString& name);
     void announcePassingMessage();
+    void showHintOrTemplate();
 
     QToolButton* m_nextTemplate;
+    QLabel* m_hint;
     QLabel* m_message;
     QToolButton* m_messageButton;
     std::function<void()> m_messageAction;

@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDialogButtonBox>
 #include <QDockWidget>
 #include <QHeaderView>
 #include <QLabel>
@@ -46,7 +47,7 @@ TEST_F(ZLChapterDocumentWindowTest, AnUnreadableTimeShowsAnAlertAndChangesNothin
     EXPECT_DOUBLE_EQ(chapter->timeStamp(), 10.0);
     EXPECT_EQ(m_window->findChildren<QMessageBox*>().size(), 1);
     QTest::mouseClick(alert()->buttons().first(), Qt::LeftButton);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !alert() && m_window->focusWidget() == &table(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !alert() && field(); }));
 }
 
 TEST_F(ZLChapterDocumentWindowTest, MovingAsksForMilliseconds)
@@ -258,6 +259,121 @@ TEST_F(ZLChapterDocumentWindowTest, TheMenuOfAChapterOpensAndCopiesItsLink)
     action(u"openLink"_s)->trigger();
     ASSERT_EQ(opened.count(), 1);
     EXPECT_EQ(opened.at(0).at(0).toUrl(), QUrl(u"https://example.org/news"_s));
+}
+
+TEST_F(ZLChapterDocumentWindowTest, AnImportSaysWhatItBrought)
+{
+    const auto importText = [this](const QString& text) {
+        QGuiApplication::clipboard()->setText(text);
+        action(u"importTemplates"_s)->trigger();
+        return m_window->statusLine().passingMessage();
+    };
+    auto* button = m_window->statusLine().findChild<QToolButton*>(u"passingMessageButton"_s);
+    EXPECT_EQ(importText(u"- a\n- b\n- c"_s), u"3 templates imported"_s);
+    EXPECT_EQ(importText(u"- d"_s), u"1 template imported"_s);
+    EXPECT_FALSE(button->isVisible());
+    EXPECT_EQ(importText(u""_s), u"No line begins with “- ”"_s);
+    EXPECT_FALSE(button->isVisible()) << "there is nothing to offer";
+    EXPECT_EQ(importText(u"* e\n* f"_s), u"No line begins with “- ”"_s);
+    EXPECT_EQ(templates().count(), 4);
+    ASSERT_TRUE(button->isVisible());
+    EXPECT_EQ(button->text(), u"Import the 2 Lines"_s);
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(templates().count(), 6);
+    EXPECT_EQ(templates().chapterAtIndex(5)->title(), u"f"_s);
+    EXPECT_EQ(m_window->statusLine().passingMessage(), u"2 templates imported"_s);
+    EXPECT_EQ(history().undoActionName(), u"Import Templates"_s);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, AChapterIsInsertedAtATypedTime)
+{
+    addChapterAt(10.0, u"One"_s);
+    addChapterAt(30.0, u"Two"_s);
+    table().finishEditing();
+    select(0);
+    action(u"insertChapter"_s)->trigger();
+    auto* dialog = m_window->findChild<QDialog*>(u"insertChapterDialog"_s);
+    ASSERT_TRUE(dialog);
+    auto* time = dialog->findChild<QLineEdit*>();
+    auto* insert = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    EXPECT_EQ(time->text(), u"00:00:20.000"_s);
+    EXPECT_EQ(time->selectedText(), time->text());
+    time->setText(u"soon"_s);
+    EXPECT_FALSE(insert->isEnabled());
+    time->setText(u"00:00:15.500"_s);
+    ASSERT_TRUE(insert->isEnabled());
+    insert->click();
+    EXPECT_EQ(times(), (QList<double> { 10.0, 15.5, 30.0 }));
+    EXPECT_EQ(history().undoActionName(), u"Create Chapter"_s);
+    EXPECT_EQ(table().currentIndex(), titleCell(1));
+    EXPECT_TRUE(table().isEditing());
+}
+
+TEST_F(ZLChapterDocumentWindowTest, AltWithAnArrowMovesTheSelectedChapter)
+{
+    EXPECT_FALSE(action(u"moveEarlier"_s)->isEnabled());
+    const auto chapter = addChapterAt(10.0);
+    table().finishEditing();
+    press(Qt::Key_Right, Qt::AltModifier);
+    press(Qt::Key_Right, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_DOUBLE_EQ(chapter->timeStamp(), 11.1);
+    press(Qt::Key_Left, Qt::AltModifier | Qt::ShiftModifier);
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_DOUBLE_EQ(chapter->timeStamp(), 10.0);
+    EXPECT_EQ(history().undoActionName(), u"Change Time"_s);
+    history().undo();
+    EXPECT_EQ(history().undoActionName(), u"Create Chapter"_s) << "quick presses are one step";
+}
+
+TEST_F(ZLChapterDocumentWindowTest, TitlesAreTidiedTogetherWithWhatIsBeingTyped)
+{
+    addChapterAt(1.0, u"News\r"_s);
+    addChapterAt(2.0);
+    table().beginEditing(titleCell(1));
+    type(u" Mail"_s);
+    action(u"tidyTitles"_s)->trigger();
+    EXPECT_EQ(titles(), (QStringList { u"News"_s, u"Mail"_s }));
+    EXPECT_EQ(m_window->statusLine().passingMessage(), u"2 chapters tidied"_s);
+    action(u"tidyTitles"_s)->trigger();
+    EXPECT_EQ(m_window->statusLine().passingMessage(), u"All titles are tidy."_s);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, TheFormOfATimeIsShownWhileOneIsTyped)
+{
+    addChapterAt(10.0);
+    table().beginEditing(timeCell(0));
+    EXPECT_EQ(m_window->statusLine().hint(), u"HH:MM:SS.mmm"_s);
+    EXPECT_TRUE(m_window->statusLine().findChild<QLabel*>(u"hint"_s)->isVisible());
+    EXPECT_EQ(field()->toolTip(), u"HH:MM:SS.mmm"_s);
+    table().beginEditing(titleCell(0));
+    EXPECT_EQ(m_window->statusLine().hint(), QString());
+    table().finishEditing();
+    ZLSettingsManager::setShowAbsoluteTime(true);
+    table().beginEditing(timeCell(0));
+    EXPECT_EQ(m_window->statusLine().hint(), u"HH:MM:SS.mmm YYYY-MM-DD"_s);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(m_window->statusLine().hint(), QString());
+    ZLSettingsManager::setShowAbsoluteTime(false);
+}
+
+TEST_F(ZLChapterDocumentWindowTest, ARejectedTimeIsOpenAgainWithWhatWasTypedSelected)
+{
+    const auto chapter = addChapterAt(10.0);
+    editTo(timeCell(0), u"1:2"_s);
+    ASSERT_TRUE(alert());
+    alert()->buttons().first()->click();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !alert() && field(); }));
+    ASSERT_TRUE(field());
+    EXPECT_EQ(field()->text(), u"1:2"_s);
+    EXPECT_EQ(field()->selectedText(), u"1:2"_s);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(alert()) << "what was typed is still none";
+    alert()->buttons().first()->click();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !alert() && field(); }));
+    type(u"00:00:12.000"_s);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(alert());
+    EXPECT_EQ(chapter->timeStamp(), 12.0);
 }
 
 TEST_F(ZLChapterDocumentWindowTest, ImportedTemplatesAreSeen)

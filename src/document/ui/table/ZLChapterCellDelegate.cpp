@@ -28,13 +28,16 @@ QWidget* ZLChapterCellDelegate::createEditor(
     field->setAlignment(ZLChapterTableHeader::alignmentOf(index.column()));
     m_openField = field;
     m_openIndex = index;
+    Q_EMIT fieldDidOpen(index.column());
     return field;
 }
 
 void ZLChapterCellDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const
 {
-    if (editor == m_openField)
+    if (editor == m_openField) {
         m_openField = nullptr;
+        Q_EMIT fieldDidClose();
+    }
     ZLTextCellDelegate::destroyEditor(editor, index);
 }
 

@@ -67,6 +67,8 @@ void ZLChapterTableView::configure()
     setWordWrap(false);
     setFrameShape(NoFrame);
     setHorizontalScrollMode(ScrollPerPixel);
+    connect(m_delegate, &ZLChapterCellDelegate::fieldDidOpen, this, &ZLChapterTableView::showTimeForm);
+    connect(m_delegate, &ZLChapterCellDelegate::fieldDidClose, this, [this] { Q_EMIT timeFormDidChange({}); });
 }
 
 void ZLChapterTableView::showDocument(ZLChapterDocument& document)
@@ -104,6 +106,17 @@ void ZLChapterTableView::beginEditing(const QModelIndex& index)
     selectionModel()->setCurrentIndex(wanted, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(wanted);
     edit(wanted);
+}
+
+void ZLChapterTableView::beginEditingAgain(const QModelIndex& index, const QString& typedText)
+{
+    beginEditing(index);
+    QLineEdit* field = m_delegate->openField();
+    if (!field)
+        return;
+    field->setText(typedText);
+    field->setModified(true);
+    field->selectAll();
 }
 
 void ZLChapterTableView::commitTypedText()
@@ -277,6 +290,15 @@ void ZLChapterTableView::dropTimeTypedInRow(int row)
     const bool isFinished = ZLSettingsManager::showAbsoluteTime() || ZLTimeEntry::secondsFromText(openField()->text());
     if (m_document->isCommandFromOutside() || !isFinished)
         dropTypedText();
+}
+
+void ZLChapterTableView::showTimeForm(int column)
+{
+    if (column != ZLChapterTableModel::TimeColumn)
+        return;
+    const QString form = ZLSettingsManager::showAbsoluteTime() ? ZLTimeEntry::dateForm() : ZLTimeEntry::form();
+    m_delegate->openField()->setToolTip(form);
+    Q_EMIT timeFormDidChange(form);
 }
 
 void ZLChapterTableView::editSelectedCell()

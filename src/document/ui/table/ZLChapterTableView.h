@@ -21,6 +21,8 @@ public:
     /// Scrolls to the cell and opens it for typing with its text selected. Text being typed elsewhere is committed
     /// first.
     void beginEditing(const QModelIndex& index);
+    /// The same with text that was typed there before and is not written yet.
+    void beginEditingAgain(const QModelIndex& index, const QString& typedText);
     /// Writes what is being typed; the field stays open.
     void commitTypedText();
     /// Writes what is being typed and gives the keyboard back to the table.
@@ -43,6 +45,8 @@ public:
 Q_SIGNALS:
     /// A link was clicked with Ctrl held.
     void linkActivated(const QUrl& address);
+    /// How the time is to be typed whose field is open now; empty while none is.
+    void timeFormDidChange(const QString& form);
     /// The menu of the selected chapter should come up at this place of the screen.
     void contextMenuRequested(const QPoint& place);
 
@@ -64,6 +68,7 @@ private:
     void dropTypedText();
     /// A time that nobody has finished is dropped with its row.
     void dropTimeTypedInRow(int row);
+    void showTimeForm(int column);
     void editSelectedCell();
     void updateEmptyState();
     /// The next title or link; times are passed by.

@@ -16,7 +16,7 @@ namespace {
 ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events, ZLApplicationSounds& sounds)
 {
     ZLDocumentControllerSetup setup;
-    setup.environment.isApplicationActive = [] { return QGuiApplication::applicationState() == Qt::ApplicationActive; };
+    setup.environment.isApplicationActive = &ZLApplicationFocus::isActive;
     setup.environment.isOptionKeyHeld = [&events] { return events.isOptionKeyHeld(); };
     setup.environment.soundNamed = sounds.soundNamed();
     setup.environment.bootClock = std::make_shared<ZLBootClock>();
@@ -47,6 +47,7 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     // After the windows have heard of the document and made a window for it.
     connect(&m_application.documentController(), &ZLDocumentController::didOpenDocument, this, &ZLDesktop::equipWindow);
     connect(&events, &ZLDesktopApplication::modifiersDidChange, this, &ZLDesktop::updateAddButtons);
+    connect(&events.focus(), &ZLApplicationFocus::didChange, &m_windows, &ZLDocumentWindows::applicationDidComeOrGo);
     connect(&m_windows, &ZLDocumentWindows::aboutRequested, &m_preferences, &ZLPreferences::openAboutView);
     connect(&m_windows, &ZLDocumentWindows::keysRequested, &m_shortcutList, &ZLShortcutListDisplay::showFor);
     connect(&m_shortcutList, &ZLShortcutListDisplay::changeRequested, &m_preferences, &ZLPreferences::openShortcuts);

@@ -1,5 +1,7 @@
 #include "app/ui/ZLDesktopApplication.h"
 
+#include "app/ui/ZLBoxStyle.h"
+
 #include <QIcon>
 
 using namespace Qt::StringLiterals;
@@ -12,6 +14,16 @@ ZLDesktopApplication::ZLDesktopApplication(int& argc, char** argv)
     setWindowIcon(QIcon::fromTheme(desktopFileName(), QIcon(u":/images/Zelta.svg"_s)));
     // Documents decide when the program ends, see ZLDocumentWindows.
     setQuitOnLastWindowClosed(false);
+    ZLBoxStyle::install();
+    m_palette.apply();
+    connect(&m_focus, &ZLApplicationFocus::didChange, this, &ZLDesktopApplication::forgetModifiers);
+}
+
+bool ZLDesktopApplication::event(QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        m_palette.apply();
+    return QApplication::event(event);
 }
 
 bool ZLDesktopApplication::notify(QObject* receiver, QEvent* event)
@@ -22,4 +34,10 @@ bool ZLDesktopApplication::notify(QObject* receiver, QEvent* event)
     if (changesModifiers)
         Q_EMIT modifiersDidChange();
     return handled;
+}
+
+void ZLDesktopApplication::forgetModifiers()
+{
+    m_modifiers.forgetKeys();
+    Q_EMIT modifiersDidChange();
 }

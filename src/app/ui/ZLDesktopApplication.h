@@ -1,6 +1,8 @@
 #pragma once
 
 #include "app/ui/ZLModifierState.h"
+#include "app/ui/ZLReadablePalette.h"
+#include "platform/window/ZLApplicationFocus.h"
 
 #include <QApplication>
 
@@ -13,13 +15,22 @@ public:
 
     /// Whether Alt is held in the event that is being handled.
     [[nodiscard]] bool isOptionKeyHeld() const { return m_modifiers.isOptionKeyHeld(); }
+    [[nodiscard]] ZLApplicationFocus& focus() { return m_focus; }
 
     /// Dispatches as inherited, and then announces a modifier key that was pressed or released. No event is swallowed.
     bool notify(QObject* receiver, QEvent* event) override;
 
+protected:
+    bool event(QEvent* event) override;
+
 Q_SIGNALS:
+    /// A modifier key was pressed or released, or went with the keyboard.
     void modifiersDidChange();
 
 private:
+    void forgetModifiers();
+
     ZLModifierState m_modifiers;
+    ZLApplicationFocus m_focus;
+    ZLReadablePalette m_palette;
 };

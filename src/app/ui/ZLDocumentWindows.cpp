@@ -12,14 +12,13 @@
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
 #include "document/ui/menus/ZLViewMenu.h"
-#include "platform/filemanager/ZLFileManager.h"
+#include "platform/window/ZLWindowInFront.h"
+#include "platform/window/ZLWindowPlace.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QFileInfo>
 #include <QScreen>
 #include <QSessionManager>
-#include <QUrl>
 
 #include <algorithm>
 #include <cstdio>
@@ -28,8 +27,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QPoint offsetBetweenWindows(32, 32);
-constexpr QSize leastVisibleSize(320, 200);
 const QString openingProblemsName = QStringLiteral("openingProblems");
 
 bool isThere(const QString& path)
@@ -37,25 +34,19 @@ bool isThere(const QString& path)
     return QFileInfo::exists(path);
 }
 
-void openFolder(const QString& folder)
-{
-    QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
-}
-
 }
 
 ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller)
     : m_controller(controller)
     , m_exportMenu(controller)
+    , m_exportDisplay(m_exportMenu, *this)
 {
     connect(&controller, &ZLDocumentController::didOpenDocument, this, &ZLDocumentWindows::addWindow);
     connect(&controller, &ZLDocumentController::willCloseDocument, this, &ZLDocumentWindows::removeWindow);
-    connect(qApp, &QGuiApplication::applicationStateChanged, this, &ZLDocumentWindows::noteApplicationState);
     // The manager waits for the answer, which has to be given before this returns.
     connect(qApp, &QGuiApplication::commitDataRequest, this, &ZLDocumentWindows::answerLogOut, Qt::DirectConnection);
-    connect(&m_exportMenu, &ZLExportMenu::exportDidFinish, this, &ZLDocumentWindows::showExportedFile);
-    connect(&m_exportMenu, &ZLExportMenu::exportDidInsertNothing, this, &ZLDocumentWindows::showThatNothingWasInserted);
-    connect(&m_exportMenu, &ZLExportMenu::exportDidFail, this, &ZLDocumentWindows::showExportFailure);
+    connect(&m_exportMenu, &ZLExportMenu::exportDidEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen,
+        Qt::QueuedConnection);
 }
 
 ZLDocumentWindows::~ZLDocumentWindows()
@@ -86,12 +77,14 @@ QStringList ZLDocumentWindows::openAtLaunch(const ZLLaunchRequest& request)
 
 QStringList ZLDocumentWindows::openLater(const ZLLaunchRequest& request)
 {
-    const QStringList problems = openFiles(request.files);
-    showProblems(problems);
+    QStringList problems = openFiles(request.files);
     if (request.wantsNewDocument)
         bringToFront(m_controller.newDocument());
+    else if (m_windows.isEmpty())
+        problems += m_controller.restoreSession();
     else if (request.files.isEmpty())
         bringToFront(m_controller.currentOrLastDocument());
+    showProblems(problems);
     return problems;
 }
 
@@ -116,8 +109,10 @@ QStringList ZLDocumentWindows::openFiles(const QStringList& paths)
 void ZLDocumentWindows::quit()
 {
     // Refused without a word: the red line, the button and the clock of the window say already what has to end first.
-    if (!m_controller.canTerminate())
+    if (!m_controller.canTerminate()) {
+        bringToFront(recordingDocument());
         return;
+    }
     for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
         window->commitTypedText();
     const QStringList problems = m_controller.saveAllNow();
@@ -194,7 +189,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     new ZLWindowCloser(m_controller, *savePanel, *window);
     connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
     window->installEventFilter(this);
-    keepApart(*window);
+    findPlaceFor(*window);
     window->show();
 }
 
@@ -220,37 +215,45 @@ void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)
 
 void ZLDocumentWindows::quitUnlessWindowsAreOpen()
 {
-    // A document that takes the place of the last one opens its window in the meantime.
-    if (m_windows.isEmpty())
+    // A document that takes the place of the last one opens its window in the meantime, and an export goes on alone.
+    if (m_windows.isEmpty() && !m_exportMenu.isExporting())
         quitAtOnce();
 }
 
-void ZLDocumentWindows::keepApart(ZLChapterDocumentWindow& window) const
+void ZLDocumentWindows::findPlaceFor(ZLChapterDocumentWindow& window) const
 {
-    const auto isTaken = [this, &window](QPoint place) {
-        return std::any_of(m_windows.cbegin(), m_windows.cend(),
-            [&](const auto* other) { return other != &window && other->isVisible() && other->pos() == place; });
-    };
-    const QRect screen = window.screen()->availableGeometry();
-    QPoint place = window.pos();
-    int rows = 0;
-    for (qsizetype tries = 0; tries < 2 * m_windows.size() && isTaken(place); ++tries) {
-        place += offsetBetweenWindows;
-        // A row of windows that reaches the edge of the screen goes on beside its beginning.
-        if (!screen.contains(QRect(place, leastVisibleSize)))
-            place = screen.topLeft() + QPoint(++rows * offsetBetweenWindows.x(), 0);
+    if (window.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen))
+        return;
+    QList<QPoint> taken;
+    for (const auto* other : m_windows) {
+        if (other != &window && other->isVisible())
+            taken.append(other->pos());
     }
-    if (place != window.pos())
-        window.move(place);
+    const QWidget* front = frontWindow();
+    const QRect screen = (taken.isEmpty() ? window.screen() : front->screen())->availableGeometry();
+    QRect place = ZLWindowPlace::fitted(window.pos(), window.size(), screen);
+    if (!taken.isEmpty())
+        place = ZLWindowPlace::cascaded(front->pos(), window.size(), window.minimumSize(), taken, screen);
+    window.resize(place.size());
+    // The window manager knows best where a first window goes that never stood anywhere.
+    if (!taken.isEmpty() || window.testAttribute(Qt::WA_Moved))
+        window.move(place.topLeft());
 }
 
 void ZLDocumentWindows::bringToFront(ZLChapterDocument* document) const
 {
-    if (ZLChapterDocumentWindow* window = windowOf(document)) {
-        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-        window->raise();
-        window->activateWindow();
-    }
+    if (const ZLChapterDocumentWindow* window = windowOf(document))
+        ZLWindowInFront::bring(*window->windowHandle());
+}
+
+ZLChapterDocument* ZLDocumentWindows::recordingDocument() const
+{
+    QList<ZLChapterDocument*> candidates = m_controller.documents();
+    // The one that the user has in view comes first.
+    candidates.prepend(m_controller.currentDocument());
+    const auto recording = std::find_if(candidates.cbegin(), candidates.cend(),
+        [](const ZLChapterDocument* document) { return document && document->isRecording(); });
+    return recording == candidates.cend() ? nullptr : *recording;
 }
 
 ZLChapterDocumentWindow* ZLDocumentWindows::frontWindow() const
@@ -264,6 +267,13 @@ ZLChapterDocumentWindow* ZLDocumentWindows::windowToTellIn(ZLChapterDocument* do
     return window ? window : frontWindow();
 }
 
+ZLChapterDocumentWindow& ZLDocumentWindows::windowToWarnIn(ZLChapterDocument* document)
+{
+    if (m_windows.isEmpty())
+        showProblems(m_controller.restoreSession());
+    return *windowToTellIn(document);
+}
+
 void ZLDocumentWindows::showProblems(const QStringList& problems) const
 {
     ZLChapterDocumentWindow* window = frontWindow();
@@ -272,7 +282,8 @@ void ZLDocumentWindows::showProblems(const QStringList& problems) const
     // Several files may come one after the other, and each failure is to be seen.
     QStringList lines = window->messageBar().text(openingProblemsName).split(u'\n', Qt::SkipEmptyParts) + problems;
     lines.removeDuplicates();
-    window->messageBar().showMessage(openingProblemsName, lines.join(u'\n'), { { tr("Dismiss"), [] {} } });
+    window->messageBar().showMessage(
+        openingProblemsName, lines.join(u'\n'), { { tr("Dismiss"), [] {} } }, {}, ZLMessageBar::Kind::Error);
 }
 
 void ZLDocumentWindows::tellWhatHoldsTheLogOut() const
@@ -286,41 +297,21 @@ void ZLDocumentWindows::tellWhatHoldsTheLogOut() const
 
 void ZLDocumentWindows::askWhetherToQuitUnsaved(const QStringList& problems)
 {
-    if (ZLChapterDocumentWindow* window = frontWindow())
-        window->messageBar().showMessage(u"quittingUnsaved"_s,
+    const QString name = u"quittingUnsaved"_s;
+    if (ZLChapterDocumentWindow* window = frontWindow()) {
+        window->messageBar().showMessage(name,
             tr("Not everything could be saved: %1").arg(problems.join(u' ')),
             { { tr("Quit Anyway"), [this] { quitAtOnce(); } }, { tr("Cancel"), [] {} } },
-            { ZLSavingDisplay::failureMessageName() });
+            { ZLSavingDisplay::failureMessageName() }, ZLMessageBar::Kind::Error);
+        window->messageBar().takeKeyboardFor(name);
+    }
 }
 
-void ZLDocumentWindows::noteApplicationState(Qt::ApplicationState state)
+void ZLDocumentWindows::applicationDidComeOrGo(bool isActive)
 {
     // While another program is in front there is no current document.
-    if (state != Qt::ApplicationActive)
+    if (!isActive)
         m_controller.setCurrentDocument(nullptr);
     else if (auto* window = qobject_cast<ZLChapterDocumentWindow*>(QApplication::activeWindow()))
         m_controller.setCurrentDocument(&window->document());
-}
-
-void ZLDocumentWindows::showExportedFile(ZLChapterDocument* document, const QString& path) const
-{
-    if (ZLChapterDocumentWindow* window = windowToTellIn(document))
-        window->statusLine().showPassingMessage(tr("Exported %1.").arg(QFileInfo(path).fileName()),
-            tr("Show in Folder"), [path] { ZLFileManager::showFile(path, openFolder); });
-}
-
-void ZLDocumentWindows::showThatNothingWasInserted(
-    ZLChapterDocument* document, const QString& path, const QString& reason) const
-{
-    if (ZLChapterDocumentWindow* window = windowToTellIn(document))
-        window->messageBar().showMessage(u"exportFailure"_s,
-            tr("No chapters were inserted into “%1”. %2").arg(QFileInfo(path).fileName(), reason),
-            { { tr("Dismiss"), [] {} } });
-}
-
-void ZLDocumentWindows::showExportFailure(ZLChapterDocument* document, const QString& message) const
-{
-    if (ZLChapterDocumentWindow* window = windowToTellIn(document))
-        window->messageBar().showMessage(
-            u"exportFailure"_s, tr("The export failed. %1").arg(message), { { tr("Dismiss"), [] {} } });
 }

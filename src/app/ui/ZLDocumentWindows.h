@@ -2,6 +2,7 @@
 
 #include "app/ZLDocumentController.h"
 #include "app/ZLRunningInstance.h"
+#include "app/ui/ZLExportDisplay.h"
 #include "app/ui/ZLExportMenu.h"
 
 #include <QHash>
@@ -37,6 +38,13 @@ public:
     [[nodiscard]] bool prepareForLogOut();
 
     [[nodiscard]] ZLChapterDocumentWindow* windowOf(ZLChapterDocument* document) const;
+    /// The window of `document`, else the front window, else null.
+    [[nodiscard]] ZLChapterDocumentWindow* windowToTellIn(ZLChapterDocument* document) const;
+    /// As above. Where there is no window any more, what was open opens again, for what went wrong has to be told.
+    [[nodiscard]] ZLChapterDocumentWindow& windowToWarnIn(ZLChapterDocument* document);
+
+    /// To be called when one of the program's windows gets the keyboard, and when none has it any more.
+    void applicationDidComeOrGo(bool isActive);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -52,22 +60,19 @@ private:
     void connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel);
     void removeWindow(ZLChapterDocument* document);
     void quitUnlessWindowsAreOpen();
-    void keepApart(ZLChapterDocumentWindow& window) const;
+    void findPlaceFor(ZLChapterDocumentWindow& window) const;
     void bringToFront(ZLChapterDocument* document) const;
+    /// Null when no clock runs.
+    [[nodiscard]] ZLChapterDocument* recordingDocument() const;
     [[nodiscard]] ZLChapterDocumentWindow* frontWindow() const;
-    /// The window of `document`, else the front window, else null.
-    [[nodiscard]] ZLChapterDocumentWindow* windowToTellIn(ZLChapterDocument* document) const;
     /// Returns what could not be opened, a sentence each.
     QStringList openFiles(const QStringList& paths);
     void showProblems(const QStringList& problems) const;
     void tellWhatHoldsTheLogOut() const;
     void askWhetherToQuitUnsaved(const QStringList& problems);
-    void noteApplicationState(Qt::ApplicationState state);
-    void showExportedFile(ZLChapterDocument* document, const QString& path) const;
-    void showThatNothingWasInserted(ZLChapterDocument* document, const QString& path, const QString& reason) const;
-    void showExportFailure(ZLChapterDocument* document, const QString& message) const;
 
     ZLDocumentController& m_controller;
     ZLExportMenu m_exportMenu;
+    ZLExportDisplay m_exportDisplay;
     QHash<ZLChapterDocument*, ZLChapterDocumentWindow*> m_windows;
 };

@@ -25,6 +25,12 @@ ZLExportMenu::ZLExportMenu(ZLDocumentController& controller)
     }
 }
 
+ZLExportMenu::~ZLExportMenu()
+{
+    // As children they would go when the menu is none any more that could tell of their end.
+    qDeleteAll(findChildren<ZLExportFlow*>(QString(), Qt::FindDirectChildrenOnly));
+}
+
 void ZLExportMenu::exportItemClicked(qsizetype tag)
 {
     const ZLExporterClass exporterClass = ZLExporter::allExporters().at(tag);
@@ -35,12 +41,23 @@ void ZLExportMenu::exportItemClicked(qsizetype tag)
     flow->setFolder(m_folders.folderFor(format, saver ? saver->path() : QString()));
     connect(flow, &ZLExportFlow::exportDidFinish, this, [this, document, format](const QString& path) {
         m_folders.remember(format, path);
-        Q_EMIT exportDidFinish(document, path);
+        Q_EMIT exportDidFinish(document, format, path);
     });
     connect(flow, &ZLExportFlow::exportDidInsertNothing, this,
-        [this, document](
-            const QString& path, const QString& reason) { Q_EMIT exportDidInsertNothing(document, path, reason); });
+        [this, document, format](const QString& path, const QString& reason) {
+            Q_EMIT exportDidInsertNothing(document, format, path, reason);
+        });
     connect(flow, &ZLExportFlow::exportDidFail, this,
-        [this, document](const QString& message) { Q_EMIT exportDidFail(document, message); });
+        [this, document, format](const QString& message) { Q_EMIT exportDidFail(document, format, message); });
+    connect(&m_controller, &ZLDocumentController::willCloseDocument, flow, [flow, document](ZLChapterDocument* closing) {
+        if (document == closing)
+            flow->documentWillClose();
+    });
+    connect(flow, &QObject::destroyed, this, &ZLExportMenu::exportDidEnd);
     flow->exportChapters(document, QApplication::activeWindow());
+}
+
+bool ZLExportMenu::isExporting() const
+{
+    return findChild<ZLExportFlow*>(QString(), Qt::FindDirectChildrenOnly);
 }

@@ -13,12 +13,20 @@ class ZLExportMenu : public QMenu {
 public:
     /// `controller` has to outlive the menu.
     explicit ZLExportMenu(ZLDocumentController& controller);
+    /// Ends the exports whose dialogs stand.
+    ~ZLExportMenu() override;
+
+    /// Whether a dialog or an alert of an export stands, which may outlive the window that it was asked for in.
+    [[nodiscard]] bool isExporting() const;
 
 Q_SIGNALS:
     /// `document` is null when there was none, or when it was closed meanwhile.
-    void exportDidFinish(ZLChapterDocument* document, const QString& path);
-    void exportDidInsertNothing(ZLChapterDocument* document, const QString& path, const QString& reason);
-    void exportDidFail(ZLChapterDocument* document, const QString& message);
+    void exportDidFinish(ZLChapterDocument* document, const QString& format, const QString& path);
+    void exportDidInsertNothing(
+        ZLChapterDocument* document, const QString& format, const QString& path, const QString& reason);
+    void exportDidFail(ZLChapterDocument* document, const QString& format, const QString& message);
+    /// Comes last, also after an export that was cancelled.
+    void exportDidEnd();
 
 private:
     void exportItemClicked(qsizetype tag);

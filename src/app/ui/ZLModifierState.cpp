@@ -37,11 +37,6 @@ bool isModifierKey(int key)
 
 void ZLModifierState::noteEvent(const QEvent& event)
 {
-    if (event.type() == QEvent::ApplicationStateChange) {
-        // Whatever is released while another program has the keyboard is not seen here.
-        m_isOptionKeyHeld = false;
-        return;
-    }
     if (!reportsModifiers(event))
         return;
     const auto& input = static_cast<const QInputEvent&>(event);
@@ -55,7 +50,5 @@ void ZLModifierState::noteEvent(const QEvent& event)
 
 bool ZLModifierState::changesModifiers(const QEvent& event)
 {
-    if (event.type() == QEvent::ApplicationStateChange)
-        return true;
     return isKeyEvent(event) && isModifierKey(static_cast<const QKeyEvent&>(event).key());
 }

@@ -10,8 +10,10 @@ public:
 
     [[nodiscard]] bool isOptionKeyHeld() const { return m_isOptionKeyHeld; }
 
-    /// Whether the event is the press or release of a modifier key, or takes the keyboard away and the modifiers with
-    /// it.
+    /// To be called when the keyboard comes or goes: what is released elsewhere is not seen here.
+    void forgetKeys() { m_isOptionKeyHeld = false; }
+
+    /// Whether the event is the press or release of a modifier key.
     [[nodiscard]] static bool changesModifiers(const QEvent& event);
 
 private:

@@ -118,7 +118,10 @@ void ZLQuickEditWindowController::placeWindow()
     const QScreen* screen = QGuiApplication::screenAt(pointer);
     if (!screen)
         screen = QGuiApplication::primaryScreen();
-    m_window->setGeometry(ZLFloatingWindow::geometryBeside(pointer, m_window->size(), screen->availableGeometry()));
+    const QRect available = screen->availableGeometry();
+    const QRect place = ZLFloatingWindow::geometryBeside(pointer, m_window->size(), available);
+    m_window->setGeometry(ZLFloatingWindow::geometryBesideOthers(
+        place, m_neighbours + QList { QRect(pointer, QSize(1, 1)) }, available));
 }
 
 void ZLQuickEditWindowController::fadeIn()

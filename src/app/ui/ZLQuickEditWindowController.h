@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QRect>
 
 #include <chrono>
 #include <memory>
@@ -43,6 +44,9 @@ public:
     /// The document that holds the chapter; it may go while the panel is open.
     void setChapDoc(ZLChapterDocument* document);
     [[nodiscard]] ZLChapterDocument* chapDoc() const;
+
+    /// What the panel must not cover; to be set before show().
+    void setNeighbours(const QList<QRect>& neighbours) { m_neighbours = neighbours; }
 
     void show();
     /// Asks for the keyboard, since the user has pressed a button elsewhere that means this panel. The token is the one
@@ -87,6 +91,7 @@ private:
     QPropertyAnimation* m_fade;
     ZLChapterPointer m_chapter;
     QPointer<ZLChapterDocument> m_chapDoc;
+    QList<QRect> m_neighbours;
     std::unique_ptr<ZLOneShotTimer> m_hideTimer;
     double m_opacity = 0.0;
 };

@@ -55,7 +55,11 @@ ZLQuickEditWindowController& ZLQuickEdits::openPanel(const ZLChapterPointer& cha
         (*open)->renew();
         return **open;
     }
+    QList<QRect> places;
+    for (ZLQuickEditWindowController* other : std::as_const(m_panels))
+        places += other->window().geometry();
     auto* panel = new ZLQuickEditWindowController(m_startTimer, this);
+    panel->setNeighbours(places);
     m_panels.append(panel);
     connect(panel, &ZLQuickEditWindowController::didClose, this, [this, panel] { removePanel(panel); });
     panel->setChapter(chapter);

@@ -67,5 +67,8 @@ void ZLRevertMenu::revertTo(const ZLDocumentState& state)
     if (!saver)
         return;
     if (const ZLStatus reverted = saver->revertTo(state); !reverted)
-        m_window.messageBar().showMessage(u"revertFailure"_s, reverted.error().message, { { tr("Dismiss"), [] {} } });
+        m_window.messageBar().showMessage(u"revertFailure"_s, reverted.error().message, { { tr("Dismiss"), [] {} } },
+            {}, ZLMessageBar::Kind::Error);
+    else
+        m_window.messageBar().hideMessage(u"revertFailure"_s);
 }

@@ -28,7 +28,7 @@ void ZLSavePanel::save()
     }
     const ZLStatus saved = saver->save();
     if (saved)
-        m_window.statusLine().showPassingMessage(tr("Saved. Changes from here on are saved by themselves."));
+        showSuccess(tr("Saved. Changes from here on are saved by themselves."));
     // What the document's state already tells needs no second message.
     else if (saver->state() == ZLSavingState::Saved)
         showFailure(saved.error().message);
@@ -81,14 +81,23 @@ void ZLSavePanel::writeTo(const QString& path, const std::function<void()>& when
         showFailure(saved.error().message);
         return;
     }
-    m_window.messageBar().hideMessage(u"saveFailure"_s);
-    m_window.statusLine().showPassingMessage(tr("Saved as %1.").arg(QFileInfo(path).fileName()));
+    showSuccess(tr("Saved as %1.").arg(QFileInfo(path).fileName()));
     if (whenSaved)
         whenSaved();
 }
 
+void ZLSavePanel::showSuccess(const QString& message)
+{
+    m_window.messageBar().hideMessage(u"saveFailure"_s);
+    m_window.statusLine().showPassingMessage(message);
+    m_success = message;
+}
+
 void ZLSavePanel::showFailure(const QString& message)
 {
+    // What was true a moment ago is so no more.
+    if (m_window.statusLine().passingMessage() == m_success)
+        m_window.statusLine().hidePassingMessage();
     m_window.messageBar().showMessage(u"saveFailure"_s, tr("The document could not be saved. %1").arg(message),
-        { { tr("Save As…"), [this] { saveAs(); } }, { tr("Dismiss"), [] {} } });
+        { { tr("Save As…"), [this] { saveAs(); } }, { tr("Dismiss"), [] {} } }, {}, ZLMessageBar::Kind::Error);
 }

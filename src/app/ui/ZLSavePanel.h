@@ -26,8 +26,11 @@ private:
     void saveTo(const QString& path, const std::function<void()>& whenSaved);
     void askWhetherToReplace(const QString& path, const std::function<void()>& whenSaved);
     void writeTo(const QString& path, const std::function<void()>& whenSaved);
+    void showSuccess(const QString& message);
     void showFailure(const QString& message);
 
     ZLDocumentController& m_controller;
     ZLChapterDocumentWindow& m_window;
+    /// What was told last.
+    QString m_success;
 };

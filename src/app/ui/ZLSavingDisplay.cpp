@@ -70,7 +70,7 @@ void ZLSavingDisplay::showOrHide(const QString& name, const Message& message)
         bar.hideMessage(name);
     // Shown anew with every attempt, it would be read aloud every time.
     else if (bar.text(name) != message.text)
-        bar.showMessage(name, message.text, message.buttons, message.coveredNames);
+        bar.showMessage(name, message.text, message.buttons, message.coveredNames, message.kind);
 }
 
 ZLSavingDisplay::Message ZLSavingDisplay::conflictMessage()
@@ -116,7 +116,7 @@ ZLSavingDisplay::Message ZLSavingDisplay::failureMessage()
                     m_savePanel.saveAs();
                 } } },
         // Both are then about the same folder, or the same file.
-        { m_saver.isUntitled() ? recoveryFailureName : ZLReadOnlyDisplay::messageName() } };
+        { m_saver.isUntitled() ? recoveryFailureName : ZLReadOnlyDisplay::messageName() }, ZLMessageBar::Kind::Error };
 }
 
 ZLSavingDisplay::Message ZLSavingDisplay::recoveryFailureMessage() const
@@ -124,7 +124,7 @@ ZLSavingDisplay::Message ZLSavingDisplay::recoveryFailureMessage() const
     return { tr("The recovery folder cannot be written: %1 A crash may take what is not in the file yet. Zelta keeps "
                 "trying.")
                  .arg(sentence(m_saver.recoveryFailureText())),
-        {} };
+        {}, {}, ZLMessageBar::Kind::Error };
 }
 
 void ZLSavingDisplay::keepBoth()

@@ -28,6 +28,7 @@ private:
         QString text {};
         QList<ZLMessageBar::Button> buttons {};
         QStringList coveredNames {};
+        ZLMessageBar::Kind kind = ZLMessageBar::Kind::Question;
     };
 
     void update();

@@ -3,6 +3,7 @@
 #include "app/ZLApplication.h"
 #include "app/ui/ZLShortcutListWindow.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
+#include "platform/window/ZLWindowInFront.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QMenuBar>
@@ -28,8 +29,7 @@ void ZLShortcutListDisplay::showFor(ZLChapterDocumentWindow* window)
     }
     update();
     m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
+    ZLWindowInFront::bring(*m_window->windowHandle());
 }
 
 void ZLShortcutListDisplay::update()

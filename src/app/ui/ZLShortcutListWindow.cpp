@@ -1,5 +1,7 @@
 #include "app/ui/ZLShortcutListWindow.h"
 
+#include "templates/ui/ZLSelectionDelegate.h"
+
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QPushButton>
@@ -38,6 +40,7 @@ ZLShortcutListWindow::ZLShortcutListWindow(QWidget* parent)
     setWindowTitle(tr("Keyboard Shortcuts"));
     setAttribute(Qt::WA_DeleteOnClose);
     m_list->setAccessibleName(tr("Keyboard Shortcuts"));
+    m_list->setItemDelegate(new ZLSelectionDelegate(m_list));
     m_list->setHeaderLabels({ tr("Command"), tr("Keys") });
     m_list->setItemsExpandable(false);
     m_list->setRootIsDecorated(false);

@@ -50,6 +50,7 @@ void ZLWindowCloser::askWhetherToKeep()
     m_window.messageBar().showMessage(questionName, tr("“%1” has no file yet. Save it before closing?").arg(name),
         { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
             { tr("Discard"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } });
+    m_window.messageBar().takeKeyboardFor(questionName);
 }
 
 void ZLWindowCloser::showFailure(const QString& message)
@@ -58,7 +59,8 @@ void ZLWindowCloser::showFailure(const QString& message)
         tr("The document cannot be saved: %1 Close it all the same?").arg(ZLSavingDisplay::sentence(message)),
         { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
             { tr("Close Without Saving"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } },
-        { ZLSavingDisplay::failureMessageName() });
+        { ZLSavingDisplay::failureMessageName() }, ZLMessageBar::Kind::Error);
+    m_window.messageBar().takeKeyboardFor(questionName);
 }
 
 void ZLWindowCloser::closeWith(ZLClosing closing)

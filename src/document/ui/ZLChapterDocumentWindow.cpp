@@ -12,6 +12,7 @@
 #include "document/ui/menus/ZLRecordingMenu.h"
 #include "document/ui/menus/ZLViewMenu.h"
 #include "document/ui/table/ZLChapterColumnLayout.h"
+#include "platform/window/ZLWindowInFront.h"
 #include "templates/ui/ZLTemplatesDrawer.h"
 #include "templates/ui/ZLTextDrop.h"
 #include "ui_ZLChapterDocument.h"
@@ -133,7 +134,9 @@ void ZLChapterDocumentWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
     if (m_document.isRecording()) {
-        m_ui->statusLine->showPassingMessage(tr("Stop the recording before closing this window."));
+        // The desktop's list of windows closes one that is minimized, too.
+        ZLWindowInFront::bring(*windowHandle());
+        m_ui->statusLine->showPassingMessage(tr("Pause the recording before closing this window."));
         return;
     }
     commitTypedText();
@@ -286,6 +289,7 @@ void ZLChapterDocumentWindow::updateRecordingState()
         m_ui->statusLine->hidePassingMessage();
     validate();
     updateToolTips();
+    updateTitle();
 }
 
 void ZLChapterDocumentWindow::updateAddButton()
@@ -297,6 +301,9 @@ void ZLChapterDocumentWindow::updateAddButton()
 void ZLChapterDocumentWindow::updateNextTemplate()
 {
     const ZLChapterPointer next = m_document.templateViewController().chapterManager().chapterAtIndex(0);
+    const bool isTaken = next && m_document.addButtonFace() == ZLAddButtonFace::Next;
+    const QString title = isTaken && next->title().isEmpty() ? tr("untitled") : isTaken ? next->title() : QString();
+    toolbar().setNextTitle(title);
     if (next)
         m_ui->statusLine->setNextTemplate(ZLStatusLine::NextTemplate::Exists, next->title());
     else
@@ -308,6 +315,9 @@ void ZLChapterDocumentWindow::updateTitle()
     QString name = m_document.displayName();
     // Two of these placeholders stand for their own text.
     name.replace("[*]"_L1, "[*][*]"_L1);
+    // In front, since a list of windows has room for the beginning only.
+    if (m_document.isRecording())
+        name = tr("Recording: %1").arg(name);
     setWindowTitle(u"%1[*] — Zelta"_s.arg(name));
     setWindowModified(m_document.isDocumentEdited());
 }
@@ -318,11 +328,20 @@ void ZLChapterDocumentWindow::updateToolTips()
         button->setToolTip(ZLActionHelp::textWithKey(text, *m_recordingMenu->actionWithTag(tag)));
     };
     const ZLDocumentToolbar& bar = toolbar();
-    help(bar.recordButton(), m_document.isRecording() ? tr("Pause the recording") : tr("Start the recording"), 1);
+    help(bar.recordButton(), recordHelp(), 1);
     help(bar.addButton(), tr("Add a chapter here. With Alt held it is a blank one."), 2);
     help(bar.deleteButton(), tr("Delete the selected chapter"), 3);
     bar.drawerButton()->setToolTip(
         ZLActionHelp::textWithKey(tr("Show or hide the templates"), *m_viewMenu->drawerItem()));
+}
+
+QString ZLChapterDocumentWindow::recordHelp() const
+{
+    if (m_document.isRecording())
+        return tr("Pause the recording");
+    if (m_document.duration() > 0.0)
+        return tr("Continue the recording: the clock goes on from where it stands");
+    return tr("Start the recording");
 }
 
 void ZLChapterDocumentWindow::updateDrawerItems()

@@ -84,6 +84,7 @@ private:
     void updateNextTemplate();
     void updateTitle();
     void updateToolTips();
+    [[nodiscard]] QString recordHelp() const;
     void updateDrawerItems();
 
     void openDrawerWithFocus();

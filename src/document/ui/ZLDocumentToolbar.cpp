@@ -1,6 +1,7 @@
 #include "document/ui/ZLDocumentToolbar.h"
 
 #include "document/ui/ZLRecordingColors.h"
+#include "platform/ZLShownText.h"
 #include "resources/ZLSymbolIcon.h"
 
 #include <QEvent>
@@ -21,30 +22,39 @@ constexpr int symbolSize = 24;
 constexpr int recordSymbolSize = 32;
 constexpr int recordingLineHeight = 3;
 constexpr double clockScale = 2.2;
+constexpr int nextTitleCharacters = 26;
 const QString clockSample = QStringLiteral("00:00:00.0");
 
 /// Width in which `characters` never jump, whatever digits they are.
 int steadyWidth(const QFontMetrics& metrics, const QString& characters)
 {
-    int widestDigit = 0;
-    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
-        widestDigit = std::max(widestDigit, metrics.horizontalAdvance(digit));
     int width = 0;
-    for (const QChar character : characters)
-        width += character.isDigit() ? widestDigit : metrics.horizontalAdvance(character);
-    return width;
+    for (char16_t digit = u'0'; digit <= u'9'; ++digit) {
+        QString text = characters;
+        for (QChar& character : text)
+            character = character.isDigit() ? QChar(digit) : character;
+        width = std::max(width, metrics.horizontalAdvance(text));
+    }
+    // Digits side by side may take a fraction more than equal ones.
+    return width + 2;
 }
 
 }
 
 ZLDocumentToolbar::ZLDocumentToolbar(QWidget* parent)
     : QToolBar(parent)
-    , m_recordButton(createButton(u"recordButton"_s, u"StartButton"_s, { tr("Start"), tr("Pause") }))
-    , m_addButton(createButton(u"addButton"_s, u"AddButton"_s, { tr("Add"), tr("Next") }))
-    , m_deleteButton(createButton(u"deleteButton"_s, u"DeleteButton"_s, { tr("Delete") }))
-    , m_drawerButton(createButton(u"drawerButton"_s, u"DrawerButton"_s, { tr("Templates") }))
+    , m_recordButton(createButton(
+          u"recordButton"_s, u"StartButton"_s, { tr("Start"), tr("Pause") }, Qt::ToolButtonTextUnderIcon))
+    , m_addButton(
+          createButton(u"addButton"_s, u"AddButton"_s, { tr("Add"), tr("Next") }, Qt::ToolButtonTextBesideIcon))
+    , m_deleteButton(
+          createButton(u"deleteButton"_s, u"DeleteButton"_s, { tr("Delete") }, Qt::ToolButtonTextBesideIcon))
+    , m_drawerButton(
+          createButton(u"drawerButton"_s, u"DrawerButton"_s, { tr("Templates") }, Qt::ToolButtonTextUnderIcon))
     , m_clockLabel(new QLabel(this))
     , m_ageLabel(new QLabel(this))
+    , m_ageCaption(new QLabel(tr("in chapter"), this))
+    , m_nextLabel(new QLabel(this))
 {
     // The two buttons that are meant to be seen from across the room.
     m_recordButton->setAutoRaise(false);
@@ -71,8 +81,7 @@ void ZLDocumentToolbar::build()
     row->addSpacing(spacing);
     row->addWidget(createTimeLabel());
     row->addStretch(1);
-    row->addWidget(m_addButton);
-    row->addWidget(m_deleteButton);
+    row->addWidget(createChapterCommands());
     row->addStretch(1);
     row->addWidget(m_drawerButton);
     content->setMinimumHeight(toolbarHeight);
@@ -89,8 +98,17 @@ QWidget* ZLDocumentToolbar::createTimeLabel()
     m_ageLabel->setObjectName(u"ageLabel"_s);
     m_ageLabel->setAccessibleDescription(tr("Time since the last chapter"));
     m_ageLabel->setToolTip(tr("Time since the last chapter"));
-    for (QLabel* label : { m_clockLabel, m_ageLabel })
+    for (QLabel* label : { m_clockLabel, m_ageLabel, m_ageCaption })
         label->setTextFormat(Qt::PlainText);
+    // Without chapters there is no age, and the clock stays where it is.
+    for (QLabel* label : { m_ageLabel, m_ageCaption }) {
+        QSizePolicy policy = label->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        label->setSizePolicy(policy);
+    }
+    auto* age = new QHBoxLayout;
+    age->addWidget(m_ageLabel);
+    age->addWidget(m_ageCaption, 1);
     auto* timeLabel = new QWidget(this);
     timeLabel->setObjectName(u"timeLabel"_s);
     auto* column = new QVBoxLayout(timeLabel);
@@ -98,18 +116,37 @@ QWidget* ZLDocumentToolbar::createTimeLabel()
     column->setSpacing(0);
     column->addStretch(1);
     column->addWidget(m_clockLabel);
-    column->addWidget(m_ageLabel);
+    column->addLayout(age);
     column->addStretch(1);
     return timeLabel;
 }
 
-QToolButton* ZLDocumentToolbar::createButton(const QString& name, const QString& image, const QStringList& labels)
+QWidget* ZLDocumentToolbar::createChapterCommands()
+{
+    m_nextLabel->setObjectName(u"nextTitle"_s);
+    m_nextLabel->setTextFormat(Qt::PlainText);
+    m_nextLabel->setAccessibleDescription(tr("Title of the next chapter"));
+    auto* commands = new QWidget(this);
+    auto* column = new QVBoxLayout(commands);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(m_addButton);
+    buttons->addWidget(m_deleteButton);
+    buttons->addStretch(1);
+    column->addLayout(buttons, 1);
+    column->addWidget(m_nextLabel);
+    return commands;
+}
+
+QToolButton* ZLDocumentToolbar::createButton(
+    const QString& name, const QString& image, const QStringList& labels, Qt::ToolButtonStyle style)
 {
     auto* button = new QToolButton(this);
     button->setObjectName(name);
     button->setIcon(ZLSymbolIcon::named(image));
     button->setIconSize({ symbolSize, symbolSize });
-    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    button->setToolButtonStyle(style);
     button->setFocusPolicy(Qt::TabFocus);
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     int width = 0;
@@ -141,12 +178,20 @@ void ZLDocumentToolbar::setAddFace(ZLAddButtonFace face)
     m_addButton->setIcon(ZLSymbolIcon::named(isNext ? u"NextChapter"_s : u"AddButton"_s));
 }
 
+void ZLDocumentToolbar::setNextTitle(const QString& title)
+{
+    m_nextTitle = title;
+    showNextTitle();
+}
+
 void ZLDocumentToolbar::setClock(const QString& clock, const QString& age)
 {
     if (clock.size() > m_clockCharacters)
         growClockFor(clock);
     m_clockLabel->setText(clock);
     m_ageLabel->setText(age);
+    m_ageLabel->setVisible(!age.isEmpty());
+    m_ageCaption->setVisible(!age.isEmpty());
 }
 
 void ZLDocumentToolbar::setTagEnabled(Tag tag, bool enabled)
@@ -171,8 +216,10 @@ void ZLDocumentToolbar::paintEvent(QPaintEvent* event)
 void ZLDocumentToolbar::changeEvent(QEvent* event)
 {
     QToolBar::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange) {
         styleClock();
+        showNextTitle();
+    }
     if (event->type() == QEvent::PaletteChange)
         updateRecordColors();
 }
@@ -181,29 +228,47 @@ void ZLDocumentToolbar::styleClock()
 {
     QFont large = font();
     large.setPointSizeF(font().pointSizeF() * clockScale);
+    large.setBold(m_recordFace == RecordFace::Pause);
     m_clockLabel->setFont(large);
-    growClockFor(clockSample);
+    growClockFor(m_clockLabel->text().size() > clockSample.size() ? m_clockLabel->text() : clockSample);
 }
 
 void ZLDocumentToolbar::growClockFor(const QString& text)
 {
     m_clockCharacters = text.size();
-    const int width = steadyWidth(QFontMetrics(m_clockLabel->font()), text);
-    m_clockLabel->setFixedWidth(width);
-    m_ageLabel->setFixedWidth(width);
+    // As wide as the running clock, whose digits are bold.
+    QFont boldest = m_clockLabel->font();
+    boldest.setBold(true);
+    m_clockLabel->setFixedWidth(steadyWidth(QFontMetrics(boldest), text));
+    // The age never has more digits than the clock.
+    m_ageLabel->setFixedWidth(steadyWidth(fontMetrics(), text.chopped(2)));
+}
+
+void ZLDocumentToolbar::showNextTitle()
+{
+    const int width = nextTitleCharacters * fontMetrics().averageCharWidth();
+    m_nextLabel->setFixedWidth(std::max(width, m_addButton->minimumWidth() + m_deleteButton->minimumWidth()));
+    const QString line = ZLShownText::shortened(m_nextTitle).simplified();
+    m_nextLabel->setText(fontMetrics().elidedText(line, Qt::ElideRight, m_nextLabel->width()));
+    m_nextLabel->setAccessibleName(line);
+    m_nextLabel->setToolTip(line.isEmpty() ? QString() : tr("The next chapter takes this title: %1").arg(line));
 }
 
 void ZLDocumentToolbar::updateRecordColors()
 {
     const bool isRecording = m_recordFace == RecordFace::Pause;
-    QPalette colors = palette();
     QFont labelFont = font();
     labelFont.setBold(isRecording);
-    // Icon and label rather than the button's surface, which not every style lets a palette colour.
-    const QColor red = ZLRecordingColors::red(colors);
-    if (isRecording)
-        colors.setColor(QPalette::ButtonText, red);
-    m_recordButton->setPalette(colors);
+    // The icon rather than the button's surface, which not every style lets a palette colour.
+    const QColor red = ZLRecordingColors::red(palette());
+    QPalette clockColors = palette();
+    // Which of the two a label of a toolbar is painted in is up to the style.
+    for (const auto role : { QPalette::WindowText, QPalette::ButtonText }) {
+        if (isRecording)
+            clockColors.setColor(role, red);
+    }
+    m_clockLabel->setPalette(clockColors);
+    styleClock();
     m_recordButton->setFont(labelFont);
     m_recordButton->setIcon(
         ZLSymbolIcon::named(isRecording ? u"StopButton"_s : u"StartButton"_s, isRecording ? red : QColor()));

@@ -7,8 +7,9 @@
 class QLabel;
 class QToolButton;
 
-/// The toolbar of a document window: record button, clock, add, delete, and the drawer's switch. It shows what it is
-/// told and says what was pressed. While the clock runs the record button and a line along the bottom are red.
+/// The toolbar of a document window: record button, clock, add with what comes next, delete, and the drawer's switch. It
+/// shows what it is told and says what was pressed. While the clock runs, it, the record button and a line along the
+/// bottom are red.
 class ZLDocumentToolbar : public QToolBar {
     Q_OBJECT
 
@@ -24,6 +25,8 @@ public:
 
     void setRecordFace(RecordFace face);
     void setAddFace(ZLAddButtonFace face);
+    /// The title that the next press of the add button gives a chapter; empty when the press adds a blank one.
+    void setNextTitle(const QString& title);
     /// `age` is the time since the last chapter, empty when there is none.
     void setClock(const QString& clock, const QString& age);
     /// Enables the items with this tag.
@@ -41,9 +44,12 @@ protected:
 private:
     void build();
     QWidget* createTimeLabel();
-    QToolButton* createButton(const QString& name, const QString& image, const QStringList& labels);
+    QWidget* createChapterCommands();
+    QToolButton* createButton(
+        const QString& name, const QString& image, const QStringList& labels, Qt::ToolButtonStyle style);
     void styleClock();
     void growClockFor(const QString& text);
+    void showNextTitle();
     void updateRecordColors();
 
     QToolButton* m_recordButton;
@@ -52,6 +58,9 @@ private:
     QToolButton* m_drawerButton;
     QLabel* m_clockLabel;
     QLabel* m_ageLabel;
+    QLabel* m_ageCaption;
+    QLabel* m_nextLabel;
+    QString m_nextTitle;
     RecordFace m_recordFace = RecordFace::Start;
     qsizetype m_clockCharacters = 0;
 };

@@ -1,9 +1,10 @@
 #include "document/ui/ZLMessageBar.h"
 
 #include "document/ui/ZLMessageRow.h"
+#include "document/ui/ZLMnemonics.h"
 
-#include <QEvent>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -16,13 +17,11 @@ ZLMessageBar::ZLMessageBar(QWidget* parent)
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setSpacing(0);
     setFrameShape(QFrame::NoFrame);
-    setAutoFillBackground(true);
-    updateColors();
     hide();
 }
 
-void ZLMessageBar::showMessage(
-    const QString& name, const QString& text, const QList<Button>& buttons, const QStringList& coveredNames)
+void ZLMessageBar::showMessage(const QString& name, const QString& text, const QList<Button>& buttons,
+    const QStringList& coveredNames, Kind kind)
 {
     ZLMessageRow* row = rowNamed(name);
     if (!row) {
@@ -34,6 +33,7 @@ void ZLMessageBar::showMessage(
     }
     row->setMessage(text, buttons.first(std::min(buttons.size(), MostButtons)));
     row->setCoveredNames(coveredNames);
+    row->setKind(kind);
     showFirstRows();
 }
 
@@ -82,19 +82,19 @@ void ZLMessageBar::goToMessages()
     }
 }
 
+void ZLMessageBar::takeKeyboardFor(const QString& name)
+{
+    // The focus takes effect at once in an active window, and otherwise when it becomes active.
+    if (ZLMessageRow* row = rowNamed(name); row && !row->isHidden())
+        row->takeKeyboard();
+}
+
 void ZLMessageBar::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
         Q_EMIT keyboardReturned();
     else
         QFrame::keyPressEvent(event);
-}
-
-void ZLMessageBar::changeEvent(QEvent* event)
-{
-    QFrame::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange)
-        updateColors();
 }
 
 ZLMessageRow* ZLMessageBar::rowNamed(const QString& name) const
@@ -133,16 +133,16 @@ void ZLMessageBar::showFirstRows()
         if (comesUp)
             row->announce();
     }
+    updateMnemonics();
     if (losesKeyboard)
         Q_EMIT keyboardReturned();
 }
 
-void ZLMessageBar::updateColors()
+void ZLMessageBar::updateMnemonics()
 {
-    // The colours of a tool tip are the palette's own pair for "look here", readable in light and dark.
-    const QPalette source = parentWidget() ? parentWidget()->palette() : QPalette();
-    QPalette colors = source;
-    colors.setColor(QPalette::Window, source.color(QPalette::ToolTipBase));
-    colors.setColor(QPalette::WindowText, source.color(QPalette::ToolTipText));
-    setPalette(colors);
+    ZLMnemonics mnemonics;
+    if (const auto* menus = window()->findChild<QMenuBar*>())
+        mnemonics.leaveToMenus(*menus);
+    for (const ZLMessageRow* row : firstRows())
+        row->setMnemonics(mnemonics);
 }

@@ -11,8 +11,9 @@ class QVBoxLayout;
 class ZLMessageRow;
 
 /// The place above the table for messages that ask for a decision, one below the other in the order in which they came:
-/// one sentence each and at most three buttons. It never covers the running clock and never takes the keyboard by
-/// itself; goToMessages() gives it the keyboard, Escape gives it back without a decision. Hidden while there is none.
+/// one sentence each and at most three buttons, each with a mnemonic. It never covers the running clock and never takes
+/// the keyboard by itself; goToMessages() and takeKeyboardFor() give it the keyboard, Escape gives it back without a
+/// decision. Hidden while there is none.
 class ZLMessageBar : public QFrame {
     Q_OBJECT
 
@@ -21,6 +22,11 @@ public:
         QString text;
         /// Called after the message is gone, so that it may show the next one.
         std::function<void()> callback;
+    };
+    /// How a message looks.
+    enum class Kind {
+        Question, ///< Something is to be decided.
+        Error, ///< Something went wrong.
     };
     static constexpr qsizetype MostButtons = 3;
     /// Further messages wait until one of these is answered, for the table needs the room.
@@ -31,8 +37,8 @@ public:
     /// `name` tells messages apart: a message takes the place of the one with the same name, and any other one stays.
     /// Buttons after the third are left out. The messages in `coveredNames` say the same with less: they are out of
     /// sight as long as this one is there, and come back when it goes and they are still true.
-    void showMessage(
-        const QString& name, const QString& text, const QList<Button>& buttons, const QStringList& coveredNames = {});
+    void showMessage(const QString& name, const QString& text, const QList<Button>& buttons,
+        const QStringList& coveredNames = {}, Kind kind = Kind::Question);
     /// Nothing happens when there is no such message.
     void hideMessage(const QString& name);
 
@@ -43,6 +49,8 @@ public:
 
     /// Gives the keyboard to the first button; pressed again, to the first button of the next message.
     void goToMessages();
+    /// Gives the keyboard to the first button of a message that is the answer to a command of the user's.
+    void takeKeyboardFor(const QString& name);
 
 Q_SIGNALS:
     /// The keyboard was in a message and has nothing to do there any more: the message is gone, or Escape was pressed.
@@ -50,14 +58,13 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     [[nodiscard]] ZLMessageRow* rowNamed(const QString& name) const;
     [[nodiscard]] QList<ZLMessageRow*> uncoveredRows() const;
     [[nodiscard]] QList<ZLMessageRow*> firstRows() const;
     void showFirstRows();
-    void updateColors();
+    void updateMnemonics();
 
     QVBoxLayout* m_layout;
     QList<ZLMessageRow*> m_rows;

@@ -1,5 +1,9 @@
 #include "document/ui/ZLMessageRow.h"
 
+#include "document/ui/ZLMnemonics.h"
+#include "document/ui/ZLRecordingColors.h"
+#include "templates/ui/ZLReadableColors.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QEvent>
@@ -47,14 +51,15 @@ ZLMessageRow::ZLMessageRow(const QString& name, QWidget* parent)
     m_text->setObjectName(u"messageText"_s);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
-    m_icon->setAccessibleName(tr("Attention"));
     auto* sentence = new QHBoxLayout;
     sentence->addWidget(m_icon);
     sentence->addWidget(m_text, 1);
     m_layout->addLayout(sentence, 1);
     m_layout->addLayout(m_buttonLayout);
     m_buttonLayout->addStretch(1);
+    setAutoFillBackground(true);
     updateIcon();
+    updateColors();
 }
 
 QString ZLMessageRow::text() const
@@ -76,6 +81,20 @@ void ZLMessageRow::setMessage(const QString& text, const QList<ZLMessageBar::But
         takeKeyboard();
     if (isNew && isVisible())
         announce();
+}
+
+void ZLMessageRow::setKind(ZLMessageBar::Kind kind)
+{
+    m_kind = kind;
+    updateIcon();
+    updateColors();
+}
+
+void ZLMessageRow::setMnemonics(ZLMnemonics& mnemonics) const
+{
+    const auto buttons = findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QPushButton* button : buttons)
+        button->setText(mnemonics.withMnemonic(button->text()));
 }
 
 void ZLMessageRow::announce()
@@ -103,6 +122,8 @@ void ZLMessageRow::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::StyleChange)
         updateIcon();
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        updateColors();
 }
 
 void ZLMessageRow::resizeEvent(QResizeEvent* event)
@@ -149,5 +170,18 @@ void ZLMessageRow::removeButtons()
 void ZLMessageRow::updateIcon()
 {
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
-    m_icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(size));
+    const bool isError = m_kind == ZLMessageBar::Kind::Error;
+    const QStyle::StandardPixmap sign = isError ? QStyle::SP_MessageBoxCritical : QStyle::SP_MessageBoxQuestion;
+    m_icon->setPixmap(style()->standardIcon(sign, nullptr, this).pixmap(size));
+    m_icon->setAccessibleName(isError ? tr("Error") : tr("Question"));
+}
+
+void ZLMessageRow::updateColors()
+{
+    const QPalette source = parentWidget()->palette();
+    const QColor tint = m_kind == ZLMessageBar::Kind::Error ? ZLRecordingColors::red(source)
+                                                            : source.color(QPalette::Active, QPalette::Highlight);
+    QPalette colors = source;
+    colors.setColor(QPalette::Window, ZLReadableColors::tinted(source.color(QPalette::Window), tint));
+    setPalette(colors);
 }

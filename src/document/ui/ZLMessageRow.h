@@ -6,6 +6,7 @@
 
 class QBoxLayout;
 class QLabel;
+class ZLMnemonics;
 
 /// One message of the message bar: a sentence and its buttons.
 class ZLMessageRow : public QWidget {
@@ -22,6 +23,10 @@ public:
     /// The names of the messages that need not be seen beside this one.
     void setCoveredNames(const QStringList& names) { m_coveredNames = names; }
     [[nodiscard]] const QStringList& coveredNames() const { return m_coveredNames; }
+    /// Its icon and its tint.
+    void setKind(ZLMessageBar::Kind kind);
+    /// Gives each button a letter that no other one has.
+    void setMnemonics(ZLMnemonics& mnemonics) const;
     /// Lets a screen reader say the sentence.
     void announce();
 
@@ -41,9 +46,11 @@ private:
     void addButton(const ZLMessageBar::Button& button);
     void removeButtons();
     void updateIcon();
+    void updateColors();
     void arrange();
 
     QString m_name;
+    ZLMessageBar::Kind m_kind = ZLMessageBar::Kind::Question;
     QStringList m_coveredNames;
     /// The sentence, and the buttons beside it, or below it where there is little room.
     QBoxLayout* m_layout;

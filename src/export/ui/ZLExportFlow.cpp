@@ -41,6 +41,7 @@ ZLExportFlow::ZLExportFlow(const ZLExporterClass& exporterClass, QObject* parent
 ZLExportFlow::~ZLExportFlow()
 {
     delete m_dialog;
+    delete m_alert;
 }
 
 void ZLExportFlow::exportChapters(ZLChapterDocument* document, QWidget* window)
@@ -49,15 +50,19 @@ void ZLExportFlow::exportChapters(ZLChapterDocument* document, QWidget* window)
         deleteLater();
         return;
     }
-    if (document)
-        m_document = document;
-    createDialog(document ? document->displayName() : QString(), window);
+    m_document = document;
+    m_window = window;
+    createDialog(document ? document->displayName() : QString());
     connect(m_dialog, &QDialog::finished, this, &ZLExportFlow::dialogDidFinish);
-    // The dialog goes with the window that it stands in front of; the flow has nothing to wait for then.
-    connect(m_dialog, &QObject::destroyed, this, &QObject::deleteLater);
     if (document)
         connect(document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLExportFlow::updateAdvice);
     m_dialog->show();
+}
+
+void ZLExportFlow::documentWillClose()
+{
+    m_heldAtLast = inputFor({});
+    m_document = nullptr;
 }
 
 QFileDialog* ZLExportFlow::dialog() const
@@ -65,13 +70,13 @@ QFileDialog* ZLExportFlow::dialog() const
     return m_dialog;
 }
 
-void ZLExportFlow::createDialog(const QString& displayName, QWidget* window)
+void ZLExportFlow::createDialog(const QString& displayName)
 {
     const ZLExportFormat& format = m_exporterClass.format();
     const bool isRewriting = format.dialogKind == ZLExportDialogKind::Open;
     const QString title = tr("Export to %1").arg(format.shownName());
-    m_dialog = isRewriting ? new QFileDialog(window, title)
-                           : static_cast<QFileDialog*>(new ZLSaveFileDialog(window, title, format.fileType));
+    m_dialog = isRewriting ? new QFileDialog(nullptr, title)
+                           : static_cast<QFileDialog*>(new ZLSaveFileDialog(nullptr, title, format.fileType));
     m_dialog->setOption(QFileDialog::DontUseNativeDialog);
     m_dialog->setNameFilter(u"%1 (*.%2)"_s.arg(format.shownName(), format.fileType));
     if (!m_folder.isEmpty())
@@ -111,15 +116,12 @@ void ZLExportFlow::updateAdvice()
 
 void ZLExportFlow::dialogDidFinish(int result)
 {
-    deleteLater();
     const QString path = m_dialog->selectedFiles().value(0);
-    if (result != QDialog::Accepted || path.isEmpty())
-        return;
-    // An empty list must not take the place of the chapters that the file was chosen for.
-    if (isDocumentGone())
-        Q_EMIT exportDidFail(tr("The document was closed before it could be exported."));
-    else
+    if (result == QDialog::Accepted && !path.isEmpty())
         exportTo(path);
+    // Else it ends with the alert.
+    if (!m_alert)
+        deleteLater();
 }
 
 void ZLExportFlow::exportTo(const QString& path)
@@ -165,27 +167,27 @@ ZLStatus ZLExportFlow::write(const QString& path, const ZLExportInput& input, co
     return ZLAtomicFile::write(path, bytes);
 }
 
-void ZLExportFlow::showAlert(const ZLExportAlert& alert) const
+void ZLExportFlow::showAlert(const ZLExportAlert& alert)
 {
-    auto* box = new QMessageBox(
-        QMessageBox::Warning, tr("Zelta"), alert.message, QMessageBox::NoButton, m_dialog->parentWidget());
-    box->setInformativeText(alert.informativeText);
-    box->addButton(tr("OK"), QMessageBox::AcceptRole);
-    box->setAttribute(Qt::WA_DeleteOnClose);
+    m_alert = new QMessageBox(QMessageBox::Warning, tr("Zelta"), alert.message, QMessageBox::NoButton, m_window);
+    m_alert->setInformativeText(alert.informativeText);
+    m_alert->addButton(tr("OK"), QMessageBox::AcceptRole);
+    m_alert->setAttribute(Qt::WA_DeleteOnClose);
+    connect(m_alert, &QObject::destroyed, this, &QObject::deleteLater);
     // Not exec(): a recording goes on, and so does everything that a remote control asks for.
-    box->open();
+    m_alert->open();
 }
 
 ZLExportInput ZLExportFlow::inputFor(const QString& path) const
 {
-    ZLExportInput input;
-    if (m_document && !m_document->isNull()) {
-        input.chapters = (*m_document)->chapterManager().allChapters();
-        input.duration = (*m_document)->duration();
-        input.isRecording = (*m_document)->isRecording();
+    ZLExportInput input = m_heldAtLast;
+    if (m_document) {
+        input.chapters = m_document->chapterManager().allChapters();
+        input.duration = m_document->duration();
+        input.isRecording = m_document->isRecording();
     }
-    if (m_optionCheckBox && m_optionCheckBox->isChecked())
-        input.option = ZLExportOption::On;
+    if (m_optionCheckBox)
+        input.option = m_optionCheckBox->isChecked() ? ZLExportOption::On : ZLExportOption::Off;
     input.fileBaseName = ZLExporter::fileBaseName(path);
     return input;
 }

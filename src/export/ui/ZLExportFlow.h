@@ -7,10 +7,10 @@
 #include <QPointer>
 
 #include <functional>
-#include <optional>
 
 class QCheckBox;
 class QFileDialog;
+class QMessageBox;
 class ZLChapterDocument;
 class ZLExportAdviceView;
 
@@ -30,13 +30,16 @@ public:
     /// Where the dialog starts; the working directory unless it is told.
     void setFolder(const QString& folder) { m_folder = folder; }
 
-    /// Shows the dialog, as a window of its own in front of `window`, and returns at once. The chapters are taken when
-    /// the dialog is confirmed. Without a document the format's empty file is written; a document that is closed while
-    /// the dialog stands is not exported any more. Does nothing for a format without a file.
+    /// Shows the dialog, as a window of its own, and returns at once. The chapters are taken when the dialog is
+    /// confirmed, or when the document closes before. Without a document the format's empty file is written. `window` is
+    /// where an alert of the format will stand. Does nothing for a format without a file.
     ///
     /// What the destination will not like stands in the dialog and follows the document and the selected file. The
     /// desktop's own dialog has no place for that, so it is never taken, and all exports look alike.
     void exportChapters(ZLChapterDocument* document, QWidget* window = nullptr);
+
+    /// To be called before the document goes. The dialog stays, and the export will have what the document held.
+    void documentWillClose();
 
     /// The dialog while it stands, else null.
     [[nodiscard]] QFileDialog* dialog() const;
@@ -51,12 +54,11 @@ Q_SIGNALS:
     void exportDidFail(const QString& message);
 
 private:
-    void createDialog(const QString& displayName, QWidget* window);
+    void createDialog(const QString& displayName);
     void installAdditions();
     void updateAdvice();
     void dialogDidFinish(int result);
-    void showAlert(const ZLExportAlert& alert) const;
-    [[nodiscard]] bool isDocumentGone() const { return m_document && m_document->isNull(); }
+    void showAlert(const ZLExportAlert& alert);
     void exportTo(const QString& path);
     [[nodiscard]] ZLStatus write(const QString& path, const ZLExportInput& input, const QByteArray& bytes) const;
     [[nodiscard]] ZLExportInput inputFor(const QString& path) const;
@@ -65,9 +67,13 @@ private:
     FileOpener m_openFile;
     QString m_folder;
     ZLSelectedSession m_session;
-    /// Absent when there was no document from the start; null when it was closed since.
-    std::optional<QPointer<ZLChapterDocument>> m_document;
+    /// Null when there was no document from the start, or when it was closed since.
+    QPointer<ZLChapterDocument> m_document;
+    /// What the document held when it was closed.
+    ZLExportInput m_heldAtLast;
+    QPointer<QWidget> m_window;
     QPointer<QFileDialog> m_dialog;
+    QPointer<QMessageBox> m_alert;
     QCheckBox* m_optionCheckBox = nullptr;
     ZLExportAdviceView* m_adviceView = nullptr;
 };

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int distanceFromPointer = 24;
+constexpr int distanceFromOthers = 8;
 /// The desktop number that stands for all of them.
 constexpr quint32 allDesktops = 0xFFFFFFFF;
 
@@ -46,4 +47,23 @@ QRect ZLFloatingWindow::geometryBeside(const QPoint& pointer, const QSize& size,
         std::clamp(place.left(), available.left(), std::max(available.left(), available.right() + 1 - size.width())));
     place.moveTop(std::max(place.top(), available.top()));
     return place;
+}
+
+QRect ZLFloatingWindow::geometryBesideOthers(const QRect& place, const QList<QRect>& others, const QRect& available)
+{
+    const auto isFree = [&](const QRect& candidate) {
+        return available.contains(candidate) && std::none_of(others.cbegin(), others.cend(), [&](const QRect& other) {
+            return other.intersects(candidate);
+        });
+    };
+    QList<QRect> candidates { place };
+    for (const QRect& other : others) {
+        candidates += place.translated(0, other.bottom() + 1 + distanceFromOthers - place.top());
+        candidates += place.translated(0, other.top() - distanceFromOthers - place.bottom() - 1);
+        candidates += place.translated(other.right() + 1 + distanceFromOthers - place.left(), other.top() - place.top());
+        candidates +=
+            place.translated(other.left() - distanceFromOthers - place.right() - 1, other.top() - place.top());
+    }
+    const auto found = std::find_if(candidates.cbegin(), candidates.cend(), isFree);
+    return found == candidates.cend() ? place : *found;
 }

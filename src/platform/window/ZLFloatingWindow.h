@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QList>
+
 class QRect;
 class QPoint;
 class QSize;
@@ -19,5 +21,9 @@ void joinAllDesktops(QWindow& window);
 /// Where the window goes: beside the pointer, so that the way to it is short, and never under it, so that a keyboard
 /// that follows the pointer stays where it is. All in the coordinates of one screen, whose free area is `available`.
 [[nodiscard]] QRect geometryBeside(const QPoint& pointer, const QSize& size, const QRect& available);
+
+/// Where the window goes that would stand at `place`, so that it covers none of the `others`: beside, below or above one
+/// of them. Stays at `place` where nothing is in the way, or no place is free.
+[[nodiscard]] QRect geometryBesideOthers(const QRect& place, const QList<QRect>& others, const QRect& available);
 
 }

@@ -1,5 +1,7 @@
 #include "remote/ui/ZLOSCConnectionsWindow.h"
 
+#include "platform/window/ZLWindowInFront.h"
+#include "platform/window/ZLWindowPlace.h"
 #include "remote/ui/ZLOSCAcceptPanel.h"
 #include "remote/ui/ZLOSCInputPanel.h"
 #include "remote/ui/ZLOSCLogPanel.h"
@@ -109,9 +111,7 @@ QWidget* ZLOSCConnectionsWindow::buildPanels(ZLOSCConnectionsSetup& setup)
 void ZLOSCConnectionsWindow::present()
 {
     show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    ZLWindowInFront::bring(*windowHandle());
 }
 
 void ZLOSCConnectionsWindow::showEvent(QShowEvent* event)
@@ -181,11 +181,14 @@ void ZLOSCConnectionsWindow::giveSettingsTheirRoom()
 void ZLOSCConnectionsWindow::restoreWindowState()
 {
     resize(firstWindowSize);
-    const std::optional<ZLWindowState> state = m_stateStore.load();
-    if (!state)
-        return;
-    restoreGeometry(state->geometry);
-    m_areSizesSettled = m_splitter->restoreState(state->panels);
+    if (const std::optional<ZLWindowState> state = m_stateStore.load()) {
+        restoreGeometry(state->geometry);
+        m_areSizesSettled = m_splitter->restoreState(state->panels);
+    }
+    const QRect place = ZLWindowPlace::fitted(pos(), size(), screen()->availableGeometry());
+    resize(place.size());
+    if (testAttribute(Qt::WA_Moved))
+        move(place.topLeft());
 }
 
 void ZLOSCConnectionsWindow::saveWindowState() const

@@ -2,6 +2,7 @@
 
 #include "remote/ZLOSCLog.h"
 #include "templates/ui/ZLQuietColor.h"
+#include "templates/ui/ZLSelectionDelegate.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -24,6 +25,7 @@ constexpr int logRowMargin = 4;
 ZLOSCLogView::ZLOSCLogView(QWidget* parent)
     : QTableView(parent)
 {
+    setItemDelegate(new ZLSelectionDelegate(this));
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);

@@ -1,6 +1,7 @@
 #include "remote/ui/ZLOSCOutputsPanel.h"
 
 #include "remote/ui/ZLOSCEntryEditor.h"
+#include "templates/ui/ZLSelectionDelegate.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -45,6 +46,7 @@ void ZLOSCOutputsPanel::buildTable()
     m_table->setObjectName(u"outputs"_s);
     m_table->setAccessibleName(tr("Outputs"));
     m_table->setModel(m_model);
+    m_table->setItemDelegate(new ZLSelectionDelegate(m_table));
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setTabKeyNavigation(false);
     m_table->setShowGrid(false);

@@ -1,5 +1,7 @@
 #include "settings/ui/MASPreferencesWindowController.h"
 
+#include "platform/window/ZLWindowInFront.h"
+#include "platform/window/ZLWindowPlace.h"
 #include "settings/ZLSettingsManager.h"
 #include "settings/ui/MASPreferencesGeometryText.h"
 #include "settings/ui/MASPreferencesStage.h"
@@ -22,21 +24,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// As much of the window has to be on a screen for it to be found and moved.
-constexpr QSize reachableSize(120, 32);
-
 /// The stored corner counts upward from the lower edge of the first screen. The way there is also the way back.
 QPoint turnedUpsideDown(QPoint point)
 {
     return { point.x(), QGuiApplication::primaryScreen()->geometry().height() - point.y() };
-}
-
-bool isReachable(QPoint topLeft)
-{
-    const QRect handle(topLeft, reachableSize);
-    const auto screens = QGuiApplication::screens();
-    return std::any_of(screens.cbegin(), screens.cend(),
-        [&](const QScreen* screen) { return screen->availableGeometry().contains(handle); });
 }
 
 QWidget* firstKeyView(QWidget& pane)
@@ -95,8 +86,7 @@ void MASPreferencesWindowController::showWindow()
     if (isReopened && m_selected)
         m_selected->viewWillAppear();
     window().show();
-    window().raise();
-    window().activateWindow();
+    ZLWindowInFront::bring(*window().windowHandle());
 }
 
 void MASPreferencesWindowController::windowDidLoad()
@@ -109,6 +99,7 @@ void MASPreferencesWindowController::windowDidLoad()
     m_window->setCentralWidget(m_stage);
     m_glide = new MASWindowGlide(*m_window);
     connect(m_glide, &MASWindowGlide::didArrive, m_stage, &MASPreferencesStage::letPaneFill);
+    connect(m_glide, &MASWindowGlide::didArrive, this, &MASPreferencesWindowController::keepOnScreen);
     for (const auto& pane : m_viewControllers)
         addToolbarItem(pane.get());
     addWindowKeys();
@@ -255,7 +246,10 @@ MASWindowGlide::Goal MASPreferencesWindowController::windowGoalFor(MASPreference
         m_minimumViewRects.insert(pane.identifier(), pane.sizeHint());
     const QSize minimum = m_minimumViewRects.value(pane.identifier());
     const QString stored = ZLSettingsManager::textForKey(paneFrameKey.arg(pane.identifier()));
-    const QSize wanted = MASPreferencesGeometryText::toSize(stored).value_or(minimum).expandedTo(minimum);
+    const QRect screen = m_window->screen()->availableGeometry();
+    const QSize room = ZLWindowPlace::roomAt(screen.topLeft(), screen) - toolbarSize();
+    const QSize wanted =
+        MASPreferencesGeometryText::toSize(stored).value_or(minimum).boundedTo(room).expandedTo(minimum);
     const bool isWide = pane.hasResizableWidth();
     const bool isHigh = pane.hasResizableHeight();
     const QSize content(isWide ? wanted.width() : minimum.width(), isHigh ? wanted.height() : minimum.height());
@@ -286,14 +280,30 @@ void MASPreferencesWindowController::rememberPosition() const
 void MASPreferencesWindowController::restorePosition()
 {
     const auto stored = MASPreferencesGeometryText::toPoint(ZLSettingsManager::textForKey(topLeftKey));
+    const QPoint wanted = stored ? turnedUpsideDown(*stored) : QPoint();
     // The screen that the window was on may be gone.
-    if (stored && isReachable(turnedUpsideDown(*stored))) {
-        m_window->move(turnedUpsideDown(*stored));
+    if (const QScreen* screen = stored ? QGuiApplication::screenAt(wanted) : nullptr) {
+        m_window->move(ZLWindowPlace::fitted(wanted, m_window->size(), screen->availableGeometry()).topLeft());
         return;
     }
     const QWidget* front = QApplication::activeWindow();
-    const QRect area = front ? front->frameGeometry() : m_window->screen()->availableGeometry();
-    m_window->move(area.center() - m_window->rect().center());
+    const QRect screen = (front ? front : m_window.get())->screen()->availableGeometry();
+    const QPoint center = (front ? front->frameGeometry() : screen).center() - m_window->rect().center();
+    m_window->move(ZLWindowPlace::fitted(center, m_window->size(), screen).topLeft());
+}
+
+void MASPreferencesWindowController::keepOnScreen()
+{
+    // A pane may be larger than the one before it.
+    if (!m_window->isVisible())
+        return;
+    const QRect frame = m_window->frameGeometry();
+    const QRect screen = m_window->screen()->availableGeometry();
+    const QPoint last(screen.right() + 1 - frame.width(), screen.bottom() + 1 - frame.height());
+    const QPoint place(std::max(screen.x(), std::min(frame.x(), last.x())),
+        std::max(screen.y(), std::min(frame.y(), last.y())));
+    if (place != frame.topLeft())
+        m_window->move(place);
 }
 
 bool MASPreferencesWindowController::eventFilter(QObject* watched, QEvent* event)

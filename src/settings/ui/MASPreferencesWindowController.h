@@ -80,6 +80,7 @@ private:
     [[nodiscard]] MASPreferencesViewController* paneToStartWith() const;
     void rememberPosition() const;
     void restorePosition();
+    void keepOnScreen();
 
     QString m_title;
     AnimationDuration m_animationDuration;

@@ -80,6 +80,12 @@ void ZLShortcutField::startRecording()
     Q_EMIT recordingDidStart();
 }
 
+void ZLShortcutField::cancelRecording()
+{
+    m_pressed.reset();
+    endRecording();
+}
+
 void ZLShortcutField::endRecording()
 {
     if (!isRecording())
@@ -179,8 +185,7 @@ void ZLShortcutField::handlePress(const QKeyEvent& event)
         return;
     }
     if (event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier) {
-        m_pressed.reset();
-        endRecording();
+        cancelRecording();
         return;
     }
     if (handleOwnKey(event))

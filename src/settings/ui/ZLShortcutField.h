@@ -23,6 +23,8 @@ public:
 
     [[nodiscard]] bool isRecording() const { return m_phase != Phase::Idle; }
     void startRecording();
+    /// Ends recording; what was pressed does not count.
+    void cancelRecording();
 
     /// Whether the combination stands for text or moves the cursor, so that nobody could type any more if it were
     /// taken away from all programs.

@@ -47,6 +47,8 @@ ZLShortcutRecorder::ZLShortcutRecorder(QWidget* parent)
     connect(m_field, &ZLShortcutField::recordingDidEnd, this, &ZLShortcutRecorder::removeHint);
     connect(m_field, &ZLShortcutField::recordingDidEnd, this, &ZLShortcutRecorder::recordingDidStop);
     connect(m_field, &ZLShortcutField::didRefuse, this, &ZLShortcutRecorder::showHint);
+    connect(m_field, &ZLShortcutField::recordingDidStart, this, &ZLShortcutRecorder::updateClearButton);
+    connect(m_field, &ZLShortcutField::recordingDidEnd, this, &ZLShortcutRecorder::updateClearButton);
     connect(m_clearButton, &QToolButton::clicked, this, &ZLShortcutRecorder::clear);
     updateClearButton();
 }
@@ -104,13 +106,16 @@ void ZLShortcutRecorder::clear()
 {
     // The button that was pressed is about to be switched off.
     m_field->setFocus();
+    m_field->cancelRecording();
+    if (!m_objectValue)
+        return;
     setObjectValue(std::nullopt);
     Q_EMIT didEndRecording();
 }
 
 void ZLShortcutRecorder::updateClearButton()
 {
-    m_clearButton->setEnabled(m_objectValue.has_value());
+    m_clearButton->setEnabled(m_objectValue.has_value() || isRecording());
 }
 
 void ZLShortcutRecorder::showHint(const QString& hint)

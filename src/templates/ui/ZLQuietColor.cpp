@@ -1,26 +1,28 @@
 #include "templates/ui/ZLQuietColor.h"
 
+#include "templates/ui/ZLReadableColors.h"
+
 #include <QPalette>
 
 namespace {
 
 constexpr float shareOfText = 0.65F;
 
-QColor mixed(const QColor& text, const QColor& ground)
+QColor between(const QColor& text, const QColor& ground)
 {
-    const auto mix = [](float first, float second) { return shareOfText * first + (1.0F - shareOfText) * second; };
-    return QColor::fromRgbF(
-        mix(text.redF(), ground.redF()), mix(text.greenF(), ground.greenF()), mix(text.blueF(), ground.blueF()));
+    return ZLReadableColors::onGrounds(ZLReadableColors::mixed(text, ground, shareOfText), { ground });
 }
 
 }
 
 QColor ZLQuietColor::onBase(const QPalette& palette)
 {
-    return mixed(palette.color(QPalette::Text), palette.color(QPalette::Base));
+    const QColor ground = palette.color(QPalette::Base);
+    const QColor quiet = between(palette.color(QPalette::Text), ground);
+    return ZLReadableColors::onGrounds(quiet, { ground, palette.color(QPalette::AlternateBase) });
 }
 
 QColor ZLQuietColor::onHighlight(const QPalette& palette)
 {
-    return mixed(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight));
+    return between(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight));
 }

@@ -1,17 +1,17 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "templates/ui/ZLSelectionDelegate.h"
 
 class QLineEdit;
 
 /// Edits texts of any length in the cells of a table. Text that nobody typed is never written, so that looking leaves
 /// no undo step, and text that somebody is typing is never replaced by what the model says meanwhile. Return commits at
 /// once. A field that has nothing to undo or redo leaves the key to the window.
-class ZLTextCellDelegate : public QStyledItemDelegate {
+class ZLTextCellDelegate : public ZLSelectionDelegate {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ZLSelectionDelegate::ZLSelectionDelegate;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;

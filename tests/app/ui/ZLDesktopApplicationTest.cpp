@@ -97,8 +97,7 @@ TEST_F(ZLDesktopApplicationTest, AltIsKnownWhileTheClickIsHandled)
 TEST_F(ZLDesktopApplicationTest, LeavingTheProgramIsAnnounced)
 {
     sendKey(QEvent::KeyPress, Qt::Key_Alt, Qt::NoModifier);
-    QApplicationStateChangeEvent leaving(Qt::ApplicationInactive);
-    QCoreApplication::sendEvent(&application(), &leaving);
+    Q_EMIT application().focus().didChange(false);
     EXPECT_FALSE(application().isOptionKeyHeld());
     EXPECT_EQ(m_changes.size(), 2);
 }

@@ -118,12 +118,14 @@ protected:
     {
         return windowOf(document).messageBar().texts().join(u'\n');
     }
+    /// Without its mnemonic.
+    [[nodiscard]] static QString plainTextOf(const QPushButton& button) { return button.text().remove(u'&'); }
     [[nodiscard]] QStringList barButtons(ZLChapterDocument* document)
     {
         QStringList texts;
         for (const auto* button : windowOf(document).messageBar().findChildren<QPushButton*>()) {
             if (button->isVisible())
-                texts.append(button->text());
+                texts.append(plainTextOf(*button));
         }
         return texts;
     }
@@ -131,7 +133,7 @@ protected:
     {
         const auto buttons = windowOf(document).messageBar().findChildren<QPushButton*>();
         for (QPushButton* button : buttons) {
-            if (button->isVisible() && button->text() == text) {
+            if (button->isVisible() && plainTextOf(*button) == text) {
                 button->click();
                 return;
             }
@@ -153,6 +155,16 @@ protected:
         const auto dialogs = windowOf(document).findChildren<QFileDialog*>();
         for (QFileDialog* dialog : dialogs) {
             if (dialog->isVisible())
+                return dialog;
+        }
+        return nullptr;
+    }
+    /// The file dialog that is a window of its own; null when there is none.
+    [[nodiscard]] static QFileDialog* exportDialog()
+    {
+        const auto windows = QApplication::topLevelWidgets();
+        for (QWidget* window : windows) {
+            if (auto* dialog = qobject_cast<QFileDialog*>(window); dialog && dialog->isVisible() && !dialog->parent())
                 return dialog;
         }
         return nullptr;

@@ -86,10 +86,10 @@ TEST_F(ZLDocumentWindowsTest, InTheBackgroundNoDocumentIsCurrent)
     ZLChapterDocument* first = newDocument();
     ZLChapterDocument* second = newDocument();
     makeCurrent(second);
-    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    m_windows->applicationDidComeOrGo(false);
     EXPECT_EQ(m_controller.currentDocument(), nullptr);
     EXPECT_EQ(m_controller.currentOrLastDocument(), first);
-    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationActive);
+    m_windows->applicationDidComeOrGo(true);
     EXPECT_EQ(m_controller.currentDocument(), second);
 }
 
@@ -180,4 +180,41 @@ TEST_F(ZLDocumentWindowsTest, AStartWithAFileAlsoBringsBackWhatWasKeptAsideBehin
     EXPECT_EQ(titles(next.documents().constFirst()), QStringList { u"Titled"_s });
     EXPECT_EQ(titles(next.documents().constLast()), QStringList { u"Untitled"_s });
     EXPECT_TRUE(QTest::qWaitForWindowActive(windows.windowOf(next.documents().constFirst())));
+}
+
+TEST_F(ZLDocumentWindowsTest, QuittingBringsTheRecordingWindowToTheFront)
+{
+    ZLChapterDocument* recording = newDocument();
+    ZLChapterDocument* idle = newDocument();
+    recording->recordButtonPressed();
+    windowOf(recording).showMinimized();
+    makeCurrent(idle);
+    m_windows->quit();
+    EXPECT_FALSE(windowOf(recording).windowHandle()->windowStates() & Qt::WindowMinimized);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&windowOf(recording)));
+    EXPECT_EQ(passingMessage(recording), QString());
+    recording->recordButtonPressed();
+}
+
+TEST_F(ZLDocumentWindowsTest, ATaskBarSeesWhichWindowRecords)
+{
+    ZLChapterDocument* document = newDocument();
+    const QString name = document->displayName();
+    const QString title = windowOf(document).windowTitle();
+    document->recordButtonPressed();
+    EXPECT_EQ(windowOf(document).windowTitle(), u"Recording: "_s + title);
+    EXPECT_EQ(document->displayName(), name);
+    document->recordButtonPressed();
+    EXPECT_EQ(windowOf(document).windowTitle(), title);
+}
+
+TEST_F(ZLDocumentWindowsTest, ASavedSizeAndPlaceComesOntoTheScreenAsAWhole)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    {
+        QMainWindow lost;
+        lost.setGeometry(-4000, 3000, 5000, 4000);
+        ZLWindowStateStore().save({ .geometry = lost.saveGeometry(), .panels = {}, .titleShare = 0.5 });
+    }
+    EXPECT_TRUE(screen.contains(windowOf(newDocument()).geometry()));
 }

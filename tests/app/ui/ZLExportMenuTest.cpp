@@ -52,6 +52,17 @@ protected:
         return nullptr;
     }
     void exportList(ZLChapterDocument* document) { menuOf(document)->actions().first()->trigger(); }
+    /// Confirms the dialog with a folder that has gone.
+    void failInDialog()
+    {
+        const QString folder = filePath(u"gone"_s);
+        ASSERT_TRUE(QDir().mkpath(folder));
+        exportDialog()->setDirectory(folder);
+        ASSERT_TRUE(QDir().rmdir(folder));
+        exportDialog()->selectFile(folder + u"/x.list"_s);
+        Q_EMIT exportDialog()->finished(QDialog::Accepted);
+        flush();
+    }
     [[nodiscard]] QByteArray contentsOf(const QString& name) const
     {
         const auto bytes = ZLBoundedFile::read(filePath(name), ZLFileBound::Document);
@@ -92,7 +103,7 @@ TEST_F(ZLExportMenuTest, TheCurrentDocumentIsExported)
     addChapter(second, u"Second"_s);
     makeCurrent(second);
     exportList(first);
-    choose(dialogOf(second), filePath(u"current"_s));
+    choose(exportDialog(), filePath(u"current"_s));
     EXPECT_EQ(contentsOf(u"current.list"_s), "Second");
     EXPECT_EQ(passingMessage(second), u"Exported current.list."_s);
     EXPECT_EQ(passingMessage(first), QString());
@@ -105,9 +116,9 @@ TEST_F(ZLExportMenuTest, WithoutACurrentDocumentTheOneOpenedFirstIsExported)
     addChapter(first, u"First"_s);
     addChapter(second, u"Second"_s);
     makeCurrent(second);
-    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    m_windows->applicationDidComeOrGo(false);
     exportList(second);
-    choose(dialogOf(second), filePath(u"first.list"_s));
+    choose(exportDialog(), filePath(u"first.list"_s));
     EXPECT_EQ(contentsOf(u"first.list"_s), "First");
 }
 
@@ -117,7 +128,7 @@ TEST_F(ZLExportMenuTest, TheMessageComesInTheWindowThatWasExported)
     ZLChapterDocument* second = newDocument();
     makeCurrent(first);
     exportList(first);
-    QFileDialog* dialog = dialogOf(first);
+    QFileDialog* dialog = exportDialog();
     makeCurrent(second);
     choose(dialog, filePath(u"mine.list"_s));
     EXPECT_EQ(passingMessage(first), u"Exported mine.list."_s);
@@ -150,14 +161,7 @@ TEST_F(ZLExportMenuTest, AFailureIsToldInTheBar)
     ZLChapterDocument* document = newDocument();
     makeCurrent(document);
     exportList(document);
-    QFileDialog* dialog = dialogOf(document);
-    const QString folder = filePath(u"gone"_s);
-    ASSERT_TRUE(QDir().mkpath(folder));
-    dialog->setDirectory(folder);
-    ASSERT_TRUE(QDir().rmdir(folder));
-    dialog->selectFile(folder + u"/x.list"_s);
-    Q_EMIT dialog->finished(QDialog::Accepted);
-    flush();
+    failInDialog();
     EXPECT_TRUE(barText(document).startsWith("The export failed. "_L1)) << qPrintable(barText(document));
     EXPECT_EQ(barButtons(document), QStringList { u"Dismiss"_s });
     EXPECT_EQ(passingMessage(document), QString());
@@ -173,10 +177,78 @@ TEST_F(ZLExportMenuTest, ADialogStartsBesideTheDocumentAndThenWhereItsFormatWasL
     ZLChapterDocument* document = openFile(storedFile(u"show/show.zelta"_s));
     makeCurrent(document);
     exportList(document);
-    EXPECT_EQ(dialogOf(document)->directory().path(), filePath(u"show"_s));
-    choose(dialogOf(document), filePath(u"feed/one.list"_s));
+    EXPECT_EQ(exportDialog()->directory().path(), filePath(u"show"_s));
+    choose(exportDialog(), filePath(u"feed/one.list"_s));
     exportList(document);
-    EXPECT_EQ(dialogOf(document)->directory().path(), filePath(u"feed"_s));
-    dialogOf(document)->reject();
+    EXPECT_EQ(exportDialog()->directory().path(), filePath(u"feed"_s));
+    exportDialog()->reject();
     flush();
+}
+
+TEST_F(ZLExportMenuTest, AnExportRunsWhoseDocumentIsClosedMeanwhile)
+{
+    ZLChapterDocument* first = newDocument();
+    ZLChapterDocument* second = newDocument();
+    addChapter(first, u"First"_s);
+    makeCurrent(first);
+    exportList(first);
+    ASSERT_TRUE(m_controller.closeDocument(first, ZLClosing::Discard));
+    flush();
+    choose(exportDialog(), filePath(u"closed.list"_s));
+    EXPECT_EQ(contentsOf(u"closed.list"_s), "First");
+    EXPECT_EQ(passingMessage(second), u"Exported closed.list."_s);
+}
+
+TEST_F(ZLExportMenuTest, TheProgramEndsAfterAnExportThatOutlivedTheLastWindow)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    makeCurrent(document);
+    exportList(document);
+    EXPECT_EQ(ZLProgramRun::run({ [&] { windowOf(document).close(); } }), ZLProgramRun::StillRunning);
+    EXPECT_EQ(ZLProgramRun::run({ [&] { choose(exportDialog(), filePath(u"last.list"_s)); } }), 0);
+    EXPECT_EQ(contentsOf(u"last.list"_s), "Stored");
+}
+
+TEST_F(ZLExportMenuTest, AnExportThatFailsAfterTheLastWindowOpensItAgainToTellSo)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    makeCurrent(document);
+    exportList(document);
+    windowOf(document).close();
+    flush();
+    failInDialog();
+    ASSERT_EQ(m_controller.documents().size(), 1);
+    ZLChapterDocument* again = m_controller.documents().constFirst();
+    EXPECT_EQ(titles(again), QStringList { u"Stored"_s });
+    EXPECT_TRUE(barText(again).startsWith("The export failed. "_L1)) << qPrintable(barText(again));
+}
+
+TEST_F(ZLExportMenuTest, AStartWhileOnlyAnExportIsLeftOpensWhatWasOpen)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    makeCurrent(document);
+    exportList(document);
+    windowOf(document).close();
+    flush();
+    m_windows->openLater({});
+    ASSERT_EQ(m_controller.documents().size(), 1);
+    EXPECT_EQ(titles(m_controller.documents().constFirst()), QStringList { u"Stored"_s });
+    static_cast<QDialog*>(exportDialog())->reject();
+}
+
+TEST_F(ZLExportMenuTest, TheNewerOutcomeOfAFormatTakesTheOlderOneAway)
+{
+    ZLChapterDocument* document = newDocument();
+    makeCurrent(document);
+    exportList(document);
+    failInDialog();
+    EXPECT_TRUE(barText(document).startsWith("The export failed. "_L1));
+    exportList(document);
+    choose(exportDialog(), filePath(u"good.list"_s));
+    EXPECT_EQ(barText(document), QString());
+    EXPECT_EQ(passingMessage(document), u"Exported good.list."_s);
+    exportList(document);
+    failInDialog();
+    EXPECT_TRUE(barText(document).startsWith("The export failed. "_L1));
+    EXPECT_EQ(passingMessage(document), QString());
 }

@@ -133,3 +133,12 @@ TEST_F(ZLQuickEditsTest, ForAChapterThatIsGoneNothingOpens)
     press(0);
     EXPECT_TRUE(quickEdits->panels().isEmpty());
 }
+
+TEST_F(ZLQuickEditsTest, PanelsStandBesideEachOther)
+{
+    press(0);
+    press(1);
+    ASSERT_EQ(quickEdits->panels().size(), 2);
+    EXPECT_FALSE(quickEdits->panels().at(0)->window().geometry().intersects(
+        quickEdits->panels().at(1)->window().geometry()));
+}

@@ -29,7 +29,7 @@ TEST_F(ZLWindowCloserTest, ARecordingWindowStaysAndSaysWhy)
     document->recordButtonPressed();
     EXPECT_FALSE(windowOf(document).close());
     EXPECT_TRUE(windowOf(document).isVisible());
-    EXPECT_EQ(passingMessage(document), u"Stop the recording before closing this window."_s);
+    EXPECT_EQ(passingMessage(document), u"Pause the recording before closing this window."_s);
     EXPECT_EQ(barText(document), QString());
     EXPECT_EQ(windowOf(document).findChild<QDialog*>(), nullptr);
     document->recordButtonPressed();
@@ -181,4 +181,28 @@ TEST_F(ZLWindowCloserTest, ClosingOneOfTwoWindowsDoesNotEndTheProgram)
     newDocument();
     const int status = ZLProgramRun::run({ [&] { EXPECT_TRUE(windowOf(document).close()); } });
     EXPECT_EQ(status, ZLProgramRun::StillRunning);
+}
+
+TEST_F(ZLWindowCloserTest, TheQuestionHasTheKeyboard)
+{
+    ZLChapterDocument* document = untitledBesideAnother();
+    makeCurrent(document);
+    EXPECT_FALSE(windowOf(document).close());
+    auto* button = qobject_cast<QPushButton*>(windowOf(document).focusWidget());
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(plainTextOf(*button), u"Save As…"_s);
+    QTest::keyClick(button, Qt::Key_Escape);
+    EXPECT_EQ(windowOf(document).focusWidget()->accessibleName(), u"Chapters"_s);
+    EXPECT_NE(barText(document), QString());
+}
+
+TEST_F(ZLWindowCloserTest, AMinimizedWindowThatRecordsComesToTheFrontInsteadOfClosing)
+{
+    ZLChapterDocument* document = untitledBesideAnother();
+    document->recordButtonPressed();
+    windowOf(document).showMinimized();
+    EXPECT_FALSE(windowOf(document).close());
+    EXPECT_FALSE(windowOf(document).windowHandle()->windowStates() & Qt::WindowMinimized);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&windowOf(document)));
+    document->recordButtonPressed();
 }

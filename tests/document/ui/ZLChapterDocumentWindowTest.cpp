@@ -122,7 +122,7 @@ TEST_F(ZLChapterDocumentWindowTest, ClosingIsRefusedWhileRecordingAndSaysWhy)
     EXPECT_FALSE(m_window->close());
     EXPECT_FALSE(wasAsked);
     EXPECT_TRUE(m_window->isVisible());
-    EXPECT_EQ(m_window->statusLine().passingMessage(), u"Stop the recording before closing this window."_s);
+    EXPECT_EQ(m_window->statusLine().passingMessage(), u"Pause the recording before closing this window."_s);
     m_document.recordButtonPressed();
     EXPECT_TRUE(m_window->close());
     EXPECT_TRUE(wasAsked);

@@ -1,5 +1,6 @@
 #include "document/ui/ZLRecordingColors.h"
 #include "document/ui/ZLWindowFixture.h"
+#include "templates/ui/ZLReadableColors.h"
 
 #include <QLabel>
 
@@ -100,8 +101,9 @@ TEST_F(ZLDocumentToolbarTest, TheClockIsTruncatedToTenths)
     advance(65.38);
     m_document.updateDisplay();
     EXPECT_EQ(label(u"clockLabel"_s)->text(), u"00:01:05.3"_s);
-    EXPECT_EQ(label(u"ageLabel"_s)->text(), QString());
+    EXPECT_TRUE(label(u"ageLabel"_s)->isHidden());
     m_document.addChapterButtonPressed();
+    EXPECT_TRUE(label(u"ageLabel"_s)->isVisible());
     EXPECT_EQ(label(u"ageLabel"_s)->text(), u"00:00:00"_s);
     advance(65.0);
     m_document.updateDisplay();
@@ -154,10 +156,10 @@ TEST_F(ZLDocumentToolbarTest, RecordingIsRedAndPausedIsNot)
     EXPECT_NE(lineColor(), red);
     start();
     EXPECT_EQ(lineColor(), red);
-    EXPECT_EQ(bar().recordButton()->palette().color(QPalette::ButtonText), red);
+    EXPECT_TRUE(bar().recordButton()->font().bold());
     m_document.recordButtonPressed();
     EXPECT_NE(lineColor(), red);
-    EXPECT_NE(bar().recordButton()->palette().color(QPalette::ButtonText), red);
+    EXPECT_FALSE(bar().recordButton()->font().bold());
 }
 
 TEST_F(ZLDocumentToolbarTest, TheRedStandsOutInLightAndDark)
@@ -166,10 +168,11 @@ TEST_F(ZLDocumentToolbarTest, TheRedStandsOutInLightAndDark)
         { QColor(0xefefef), QColor(Qt::white), QColor(0x353535), QColor(0x1e1e1e), QColor(Qt::black) }) {
         QPalette palette;
         palette.setColor(QPalette::Window, window);
+        palette.setColor(QPalette::Button, window);
         const QColor red = ZLRecordingColors::red(palette);
-        EXPECT_GE(ZLRecordingColors::contrast(red, window), 3.0) << window.name().toStdString();
+        EXPECT_GE(ZLReadableColors::contrast(red, window), 4.5) << window.name().toStdString();
     }
-    EXPECT_NEAR(ZLRecordingColors::contrast(Qt::black, Qt::white), 21.0, 0.01);
+    EXPECT_NEAR(ZLReadableColors::contrast(Qt::black, Qt::white), 21.0, 0.01);
 }
 
 TEST_F(ZLDocumentToolbarTest, ToolTipsNameTheKey)
@@ -180,4 +183,54 @@ TEST_F(ZLDocumentToolbarTest, ToolTipsNameTheKey)
     EXPECT_TRUE(bar().drawerButton()->toolTip().contains("F9"_L1));
     m_window->recordingMenu().actionWithTag(2)->setShortcut(QKeySequence(u"Ctrl+K"_s));
     EXPECT_TRUE(bar().addButton()->toolTip().contains("Ctrl+K"_L1));
+}
+
+TEST_F(ZLDocumentToolbarTest, TheNextTitleStandsUnderTheButtonWhoseLabelStays)
+{
+    const QLabel* next = label(u"nextTitle"_s);
+    EXPECT_EQ(next->text(), QString());
+    addTemplate(u"News & weather"_s);
+    m_document.updateAddButton();
+    EXPECT_EQ(bar().addButton()->text(), u"Next"_s);
+    EXPECT_EQ(next->text(), u"News & weather"_s);
+    const QPoint button = bar().addButton()->mapTo(&bar(), bar().addButton()->rect().bottomLeft());
+    const QPoint title = next->mapTo(&bar(), next->rect().topLeft());
+    EXPECT_EQ(title.x(), button.x());
+    EXPECT_GT(title.y(), button.y());
+    EXPECT_LT(title.y() - button.y(), 12);
+    m_isOptionKeyHeld = true;
+    m_document.updateAddButton();
+    EXPECT_EQ(next->text(), QString()) << "the press would add a blank chapter";
+}
+
+TEST_F(ZLDocumentToolbarTest, ALongNextTitleIsCutAndMovesNothing)
+{
+    const int width = bar().sizeHint().width();
+    addTemplate(QString(5000, u'W'));
+    m_document.updateAddButton();
+    EXPECT_TRUE(label(u"nextTitle"_s)->text().endsWith(u'…'));
+    EXPECT_EQ(bar().sizeHint().width(), width);
+}
+
+TEST_F(ZLDocumentToolbarTest, ARunningClockLooksDifferent)
+{
+    const QLabel* clock = label(u"clockLabel"_s);
+    const QColor paused = clock->palette().color(QPalette::WindowText);
+    EXPECT_FALSE(clock->font().bold());
+    start();
+    EXPECT_TRUE(clock->font().bold());
+    EXPECT_EQ(clock->palette().color(QPalette::WindowText), ZLRecordingColors::red(bar().palette()));
+    m_document.recordButtonPressed();
+    EXPECT_FALSE(clock->font().bold());
+    EXPECT_EQ(clock->palette().color(QPalette::WindowText), paused);
+}
+
+TEST_F(ZLDocumentToolbarTest, AfterAPauseTheButtonSaysThatItGoesOn)
+{
+    EXPECT_TRUE(bar().recordButton()->toolTip().startsWith("Start the recording"_L1));
+    start();
+    EXPECT_TRUE(bar().recordButton()->toolTip().startsWith("Pause the recording"_L1));
+    advance(5.0);
+    m_document.recordButtonPressed();
+    EXPECT_TRUE(bar().recordButton()->toolTip().startsWith("Continue the recording"_L1));
 }

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -32,13 +33,13 @@ protected:
     {
         QStringList texts;
         for (const auto* button : buttons())
-            texts.append(button->text());
+            texts.append(button->text().remove(u'&'));
         return texts;
     }
     [[nodiscard]] QString focusedText() const
     {
         const auto* button = qobject_cast<QPushButton*>(m_window.focusWidget());
-        return button && button->hasFocus() ? button->text() : QString();
+        return button && button->hasFocus() ? button->text().remove(u'&') : QString();
     }
     void showThree()
     {
@@ -200,4 +201,51 @@ TEST_F(ZLMessageBarTest, WhereThereIsLittleRoomTheButtonsStandBelowTheSentence)
         const bool isBelow = buttons().first()->geometry().top() > sentence->geometry().bottom();
         EXPECT_EQ(isBelow, width < 500) << width;
     }
+}
+
+TEST_F(ZLMessageBarTest, EachButtonHasALetterOfItsOwnThatNoMenuHas)
+{
+    auto* menus = new QMenuBar(&m_window);
+    menus->addMenu(u"&Keep"_s);
+    m_bar->showMessage(u"a"_s, u"Which?"_s, { { u"Keep Mine"_s, {} }, { u"Take Theirs"_s, {} }, { u"Keep Both"_s, {} } });
+    m_bar->showMessage(u"b"_s, u"And?"_s, { { u"Try Now"_s, {} }, { u"Mmm"_s, {} } });
+    QStringList texts;
+    for (const auto* button : buttons())
+        texts.append(button->text());
+    EXPECT_EQ(texts, (QStringList { u"Keep &Mine"_s, u"&Take Theirs"_s, u"Keep &Both"_s, u"Try &Now"_s, u"Mmm"_s }));
+}
+
+TEST_F(ZLMessageBarTest, TheLetterPressesItsButton)
+{
+    bool isPressed = false;
+    m_bar->showMessage(u"a"_s, u"Which?"_s, { { u"Mine"_s, {} }, { u"Theirs"_s, [&isPressed] { isPressed = true; } } });
+    QTest::keyClick(&m_window, Qt::Key_T, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&isPressed] { return isPressed; }));
+}
+
+TEST_F(ZLMessageBarTest, AnErrorLooksDifferentFromAQuestion)
+{
+    m_bar->showMessage(u"question"_s, u"Which?"_s, { { u"Mine"_s, {} } });
+    m_bar->showMessage(u"error"_s, u"It failed."_s, { { u"Dismiss"_s, {} } }, {}, ZLMessageBar::Kind::Error);
+    const auto groundOf = [this](const QString& name) {
+        return m_bar->findChild<QWidget*>(name)->palette().color(QPalette::Window);
+    };
+    const QColor window = m_window.palette().color(QPalette::Window);
+    EXPECT_NE(groundOf(u"question"_s), groundOf(u"error"_s));
+    EXPECT_NE(groundOf(u"question"_s), window);
+    EXPECT_NE(groundOf(u"error"_s), window);
+    const auto iconOf = [this](const QString& name) {
+        return m_bar->findChild<QWidget*>(name)->findChild<QLabel*>()->accessibleName();
+    };
+    EXPECT_EQ(iconOf(u"question"_s), u"Question"_s);
+    EXPECT_EQ(iconOf(u"error"_s), u"Error"_s);
+}
+
+TEST_F(ZLMessageBarTest, AMessageThatAnswersACommandGetsTheKeyboard)
+{
+    m_bar->showMessage(u"a"_s, u"First?"_s, { { u"A1"_s, {} } });
+    m_bar->showMessage(u"b"_s, u"Second?"_s, { { u"B1"_s, {} }, { u"B2"_s, {} } });
+    EXPECT_EQ(focusedText(), QString());
+    m_bar->takeKeyboardFor(u"b"_s);
+    EXPECT_EQ(focusedText(), u"B1"_s);
 }

@@ -135,17 +135,19 @@ TEST_F(ZLExportFlowTest, WritesTheEmptyFileWithoutADocument)
     EXPECT_EQ(m_written.size(), 1);
 }
 
-TEST_F(ZLExportFlowTest, WritesNothingForADocumentThatWasClosed)
+TEST_F(ZLExportFlowTest, WritesWhatADocumentHeldThatWasClosed)
 {
-    ASSERT_TRUE(ZLAtomicFile::write(at(u"old.note"_s), "precious").isOk());
-    start<ZLSimpleChaptersExporter>(m_document.get());
+    m_document->readFromData(ZLDocumentFile::encode({ .chapters = {}, .duration = 12.5, .templates = {} }));
+    start<NotingExporter>(m_document.get());
+    addChapter(2, u"Later added"_s);
+    addChapter(3, u"And another"_s);
+    m_flow->documentWillClose();
     m_document.reset();
 
-    save(at(u"out.psc"_s));
+    save(at(u"out.note"_s));
 
-    EXPECT_EQ(m_failures.size(), 1);
-    EXPECT_TRUE(m_written.isEmpty());
-    EXPECT_EQ(filesInFolder(), QStringList { u"old.note"_s });
+    EXPECT_EQ(contentsOf(u"out.note"_s), "2 12.5 0 out");
+    EXPECT_TRUE(m_failures.isEmpty());
 }
 
 TEST_F(ZLExportFlowTest, HandsOverTheRecordedDuration)

@@ -37,3 +37,16 @@ TEST(ZLFloatingWindowTest, OnAScreenThatIsTooSmallItsBeginningIsSeen)
 {
     EXPECT_EQ(ZLFloatingWindow::geometryBeside({ 50, 30 }, panelSize, { 0, 0, 200, 60 }).topLeft(), QPoint(0, 0));
 }
+
+TEST(ZLFloatingWindowTest, PanelsDoNotCoverEachOther)
+{
+    const QRect screen(0, 0, 1024, 600);
+    QList<QRect> places;
+    for (int panel = 0; panel < 6; ++panel) {
+        const QRect place = ZLFloatingWindow::geometryBesideOthers({ 400, 300, 300, 90 }, places, screen);
+        EXPECT_TRUE(screen.contains(place));
+        for (const QRect& other : places)
+            EXPECT_FALSE(other.intersects(place)) << panel;
+        places.append(place);
+    }
+}

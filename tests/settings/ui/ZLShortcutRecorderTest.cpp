@@ -93,3 +93,26 @@ TEST_F(ZLShortcutRecorderTest, ItsButtonsAreNamedAfterWhatTheShortcutDoes)
     EXPECT_EQ(clearButton().accessibleName(), u"Clear New Chapter"_s);
     EXPECT_EQ(field().accessibleName(), u"New Chapter: None"_s);
 }
+
+TEST_F(ZLShortcutRecorderTest, TheButtonEndsTheListeningOfAFieldWithoutAShortcut)
+{
+    field().startRecording();
+    ASSERT_TRUE(clearButton().isEnabled());
+    clearButton().click();
+    EXPECT_FALSE(m_recorder.isRecording());
+    EXPECT_EQ(field().text(), u"None"_s);
+    EXPECT_EQ(m_ends.size(), 0) << "nothing is different";
+    EXPECT_FALSE(clearButton().isEnabled());
+}
+
+TEST_F(ZLShortcutRecorderTest, TheButtonEndsTheListeningAndClearsWhatThereWas)
+{
+    m_recorder.setObjectValue(m_f6);
+    field().startRecording();
+    QTest::keyPress(&field(), Qt::Key_F7);
+    clearButton().click();
+    EXPECT_FALSE(m_recorder.isRecording());
+    EXPECT_EQ(m_recorder.objectValue(), std::nullopt);
+    EXPECT_EQ(field().text(), u"None"_s);
+    EXPECT_EQ(m_ends.size(), 1);
+}

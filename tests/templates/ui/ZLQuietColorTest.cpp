@@ -27,6 +27,7 @@ QPalette paletteOf(const QColor& text, const QColor& base)
     QPalette palette;
     palette.setColor(QPalette::Text, text);
     palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, base);
     palette.setColor(QPalette::HighlightedText, text);
     palette.setColor(QPalette::Highlight, base);
     // As dark desktops leave it.

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """A window says which disk hangs, marks go on meanwhile, and it can be quit."""
 
+import shutil
 import sys
 import time
 import unittest
@@ -20,14 +21,22 @@ SLACK = 5.0  # Seconds that a busy machine may take for the rest.
 
 
 class HangingWindowTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
+        cls.desktop.__enter__()
+        cls.addClassCleanup(cls.desktop.__exit__)
+
     def setUp(self):
-        self.desktop = self.enterContext(Desktop())
+        for folder in ("config", "state", "show"):
+            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
         self.show = self.desktop.home / "show"
         self.show.mkdir()
         self.file = self.show / "show.zelta"
         self.file.write_bytes(document_with_templates(TITLES))
         self.recovery = self.desktop.home / "state" / "zelta" / "recovery"
         self.switch = self.desktop.home / "hang"
+        self.switch.unlink(missing_ok=True)
         self.surface = Surface()
         self.addCleanup(self.surface.close)
 

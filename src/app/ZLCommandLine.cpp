@@ -37,7 +37,7 @@ public:
             return ZLCommandLine { .command = ZLCommand::PrintVersion };
         m_result.files = m_parser.positionalArguments();
         if (m_result.files.contains(QString()))
-            return ZLError { CommandLineTexts::tr("The name of a file is empty.") };
+            return ZLError { CommandLineTexts::tr("A file name is empty.") };
         if (const QString problem = fillIn(); !problem.isEmpty())
             return ZLError { problem };
         return m_result;
@@ -226,7 +226,7 @@ private:
         const bool records = m_parser.isSet(u"record"_s);
         m_result.wantsNewDocument = m_parser.isSet(u"new"_s);
         if (m_result.wantsNewDocument && m_parser.isSet(u"headless"_s))
-            return CommandLineTexts::tr("--new and --headless exclude each other.");
+            return CommandLineTexts::tr("--new and --headless cannot be used together.");
         if (!m_parser.isSet(u"headless"_s))
             return records ? CommandLineTexts::tr("--record needs --headless.") : QString();
         m_result.command = ZLCommand::RecordHeadless;

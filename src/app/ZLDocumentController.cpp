@@ -1,5 +1,6 @@
 #include "app/ZLDocumentController.h"
 
+#include "document/ZLUnreadableDocument.h"
 #include "platform/ZLBoundedFile.h"
 
 #include <QDir>
@@ -212,7 +213,7 @@ ZLResult<std::unique_ptr<ZLChapterDocument>> ZLDocumentController::makeDocumentF
     auto document = makeDocument();
     ZLFileOperationError error;
     if (!document->readFromData(bytes, {}, &error))
-        return ZLError { u"%1: %2"_s.arg(path, error.message) };
+        return ZLUnreadableDocument::error(path, bytes, error.message);
     return document;
 }
 

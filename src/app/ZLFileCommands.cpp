@@ -5,6 +5,7 @@
 #include "app/ZLExportOutput.h"
 #include "app/ZLWriteCommand.h"
 #include "delivery/ZLMediaImport.h"
+#include "document/ZLUnreadableDocument.h"
 #include "document/saving/ZLWriteProtection.h"
 #include "export/ZLSessionCopy.h"
 #include "export/formats/ZLExportAdvice.h"
@@ -33,7 +34,7 @@ ZLResult<ZLDocumentContents> readDocument(const QString& path)
         return bytes.error();
     auto contents = ZLDocumentFile::decode(bytes.value());
     if (!contents)
-        return ZLError { u"%1: %2"_s.arg(path, contents.error().message) };
+        return ZLUnreadableDocument::error(path, bytes.value(), contents.error().message);
     return contents;
 }
 

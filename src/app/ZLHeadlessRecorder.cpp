@@ -183,7 +183,7 @@ void ZLHeadlessRecorder::reportChapters()
 {
     const auto removed = m_chapterChanges->takeRemoved();
     for (const auto& [index, chapter] : removed)
-        print(tr("removed %1").arg(describeChapter(index, *chapter)));
+        print(tr("deleted %1").arg(describeChapter(index, *chapter)));
     const auto added = m_chapterChanges->takeAdded();
     for (const auto& [index, chapter] : added)
         print(describeChapter(index, *chapter));
@@ -201,7 +201,7 @@ void ZLHeadlessRecorder::reportInterruption()
 {
     if (const auto& interruption = m_document->interruptedRecording())
         m_streams.complain(
-            tr("The recording was interrupted on %1 at %2. The clock stands: \"continue\" lets it run as if "
+            tr("The recording was interrupted on %1 at %2. The clock is paused: \"continue\" lets it run as if "
                "it had never stopped, \"keep\" keeps it paused.")
                 .arg(interruption->lastSeen.toLocalTime().toString(Qt::ISODate), m_document->clockText()));
 }
@@ -313,9 +313,8 @@ void ZLHeadlessRecorder::printStatus(const QString&)
 {
     const ZLDocumentSaver* saver = m_controller.saverOf(m_document);
     const Snapshot now = takeSnapshot();
-    print(saver->isUntitled()
-            ? tr("document: %1 (has no file yet, back at the next start)").arg(m_document->displayName())
-            : tr("document: %1").arg(saver->path()));
+    print(saver->isUntitled() ? tr("document: %1 (not in a file yet, kept safe)").arg(m_document->displayName())
+                              : tr("document: %1").arg(saver->path()));
     print((now.isRecording ? tr("clock: recording, %1") : tr("clock: paused, %1")).arg(m_document->clockText()));
     print(tr("chapters: %1").arg(m_document->chapterManager().count()));
     if (now.selectedChapter)
@@ -331,8 +330,9 @@ void ZLHeadlessRecorder::printOtherDocuments()
     for (const ZLChapterDocument* document : documents) {
         const ZLDocumentSaver& saver = *m_controller.saverOf(document);
         if (document != m_document)
-            print(tr("also open: %1, %2")
-                      .arg(ZLHeadlessSavingReports::nameOf(*document, saver), ZLHeadlessSavingReports::describe(saver)));
+            print(
+                tr("also open: %1, %2")
+                    .arg(ZLHeadlessSavingReports::nameOf(*document, saver), ZLHeadlessSavingReports::describe(saver)));
     }
 }
 

@@ -37,7 +37,7 @@ QString ZLHeadlessSavingReports::describe(const ZLDocumentSaver& saver)
         return tr("saved");
     case ZLSavingState::Waiting:
     case ZLSavingState::Saving:
-        return tr("being saved");
+        return tr("saving");
     case ZLSavingState::Failed:
     case ZLSavingState::Conflict:
         break;

@@ -24,7 +24,7 @@ public:
 
     /// The document's file, or its name while it has none.
     [[nodiscard]] static QString nameOf(const ZLChapterDocument& document, const ZLDocumentSaver& saver);
-    /// "saved", "being saved", or why it is not.
+    /// "saved", "saving", or why it is not.
     [[nodiscard]] static QString describe(const ZLDocumentSaver& saver);
 
 private:

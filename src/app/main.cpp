@@ -61,7 +61,7 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
     const ZLTranslation translation;
     if (commandLine.command != ZLCommand::RecordHeadless)
         QTextStream(stderr) << QCoreApplication::translate(
-            "main", "zelta: there is neither an X nor a Wayland display, so the recorder runs without a window.\n");
+            "main", "zelta: No X or Wayland display was found. Recording without a window.\n");
     ZLApplicationSounds sounds;
     // No notifications: whoever runs this reads and types at its streams, and an answer to a button needs a window.
     ZLApplication application(

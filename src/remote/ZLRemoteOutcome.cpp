@@ -43,10 +43,10 @@ QString ZLRemoteOutcome::description(const ZLRemoteAction& action) const
     if (m_document->isRecording() != m_wasRecording)
         return m_wasRecording ? OutcomeTexts::tr("paused the recording") : OutcomeTexts::tr("started the recording");
     if (m_document->isWaitingForBeep() && !m_wasWaitingForBeep)
-        return OutcomeTexts::tr("played the start sound");
+        return OutcomeTexts::tr("played the beep");
     const qsizetype count = m_document->chapterManager().count();
     if (count != m_chapterCount)
-        return count > m_chapterCount ? OutcomeTexts::tr("added a chapter") : OutcomeTexts::tr("removed a chapter");
+        return count > m_chapterCount ? OutcomeTexts::tr("added a chapter") : OutcomeTexts::tr("deleted a chapter");
     if (m_document->selectedRow() != m_selectedRow)
         return OutcomeTexts::tr("selected chapter %1").arg(m_document->selectedRow() + 1);
     return descriptionOfNothing(action);

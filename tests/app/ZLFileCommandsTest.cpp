@@ -119,7 +119,7 @@ TEST_F(ZLFileCommandsTest, ExportTellsWhatTheDestinationWillNotLike)
     EXPECT_EQ(m_err,
         u"zelta: YouTube will ignore these chapters: the first is at 00:05 (00:00 needed); there are only 2 (3 "
         "minimum).\n"
-        "zelta: Times are whole seconds, and YouTube wants them to rise: chapters 1 and 2 fall into the same second.\n"_s);
+        "zelta: YouTube needs rising times in whole seconds: chapters 1 and 2 fall into the same second.\n"_s);
 
     // It is said before anything is written, so also where that fails afterwards.
     EXPECT_EQ(run(exportTo(u"/proc/zelta-out.txt"_s, u"YouTube"_s)), 1);
@@ -171,7 +171,7 @@ TEST_F(ZLFileCommandsTest, ExportFailsWithoutATrace)
 
     ASSERT_TRUE(ZLAtomicFile::write(m_file, "This is a text file.").isOk());
     expectFailure(1, exportTo(at(u"out.psc"_s), podlove));
-    EXPECT_TRUE(m_err.contains(m_file));
+    EXPECT_EQ(m_err, u"zelta: %1 is not a Zelta document.\n"_s.arg(m_file));
 
     store({ storedChapter(1, u"A"_s) });
     expectFailure(1, exportTo(at(u"no/such/folder/out.psc"_s), podlove));

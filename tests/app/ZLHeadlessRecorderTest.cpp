@@ -97,9 +97,9 @@ TEST_F(ZLHeadlessRecorderTest, AShowIsRecordedByCommands)
     EXPECT_EQ(answerTo(u"selectPreviousChapter"_s),
         QStringList { u"selected chapter 1 at 00:00:05.250 \"News & weather\""_s });
     EXPECT_EQ(answerTo(u"selectNextChapter"_s), QStringList { u"selected chapter 2 at 00:01:05.250 \"\""_s });
-    EXPECT_EQ(answerTo(u"removeChapter"_s), QStringList { u"removed chapter 2 at 00:01:05.250 \"\""_s });
+    EXPECT_EQ(answerTo(u"removeChapter"_s), QStringList { u"deleted chapter 2 at 00:01:05.250 \"\""_s });
     EXPECT_EQ(
-        answerTo(u"removeLastChapter"_s), QStringList { u"removed chapter 1 at 00:00:05.250 \"News & weather\""_s });
+        answerTo(u"removeLastChapter"_s), QStringList { u"deleted chapter 1 at 00:00:05.250 \"News & weather\""_s });
     EXPECT_EQ(answerTo(u"toggleRecording"_s), QStringList { u"paused at 00:01:05.2"_s });
     EXPECT_EQ(errors, QStringList());
 }

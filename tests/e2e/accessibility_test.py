@@ -187,10 +187,10 @@ class AccessibilityTest(unittest.TestCase):
     def test_a_message_that_needs_a_decision(self):
         self.press_item("Start Recording")
         wait_until(lambda: len(self.titles()) == 1, "the first chapter")
-        wait_until(lambda: self.accessible.find_all(self.frame, "push button", "Kept, no file yet"), "it to be kept")
+        wait_until(lambda: self.accessible.find_all(self.frame, "push button", "Not in a file yet, kept safe"), "it to be kept")
         kill_at_once(self.process)
         self.start()
-        button = self.accessible.find(self.frame, "push button", "Continue the running clock")
+        button = self.accessible.find(self.frame, "push button", "Continue as if Never Stopped")
         wait_until(lambda: self.accessible.is_showing(button), "the message")
         self.check_names(self.frame, 27)
         self.accessible.press(button)

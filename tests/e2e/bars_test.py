@@ -135,7 +135,7 @@ class BarsTest(unittest.TestCase):
         self.file.write_bytes(THEIRS)
         self.mark(window, 2)
         window.wait_for_message(CHANGED)
-        for name in ("Keep mine", "Take theirs", "Keep both"):
+        for name in ("Keep Mine", "Take Theirs", "Keep Both"):
             self.assertTrue(window.button(name), name)
         self.assertEqual(self.file.read_bytes(), THEIRS)
         # Marks go on meanwhile, and still nothing is overwritten.
@@ -149,7 +149,7 @@ class BarsTest(unittest.TestCase):
 
     def test_keep_mine(self):
         window = self.change_meanwhile()
-        window.press("Keep mine")
+        window.press("Keep Mine")
         self.wait_for_file(MINE[:3])
         window.wait_for_no_message()
         self.assertEqual(self.others_in_folder(), [])
@@ -159,7 +159,7 @@ class BarsTest(unittest.TestCase):
 
     def test_take_theirs(self):
         window = self.change_meanwhile()
-        window.press("Take theirs")
+        window.press("Take Theirs")
         wait_until(lambda: window.titles() == [], f"their chapters, not {window.titles()}")
         window.wait_for_no_message()
         self.assertTrue(window.is_recording())
@@ -174,7 +174,7 @@ class BarsTest(unittest.TestCase):
 
     def test_keep_both(self):
         window = self.change_meanwhile()
-        window.press("Keep both")
+        window.press("Keep Both")
         second = self.file.with_name("show 2.zelta")
         self.wait_for_file(MINE[:3], second)
         window.wait_for_no_message()

@@ -113,10 +113,10 @@ class HotkeyTest(unittest.TestCase):
     def test_shortcuts_that_another_program_holds_are_reported_in_the_window(self):
         self.store(ZLToggleRecordingKeyCombo=(CODE_OF_F6, 0), ZLNewChapterKeyCombo=(CODE_OF_F7, 0))
         holder = self.launch(PROGRAM)
-        self.wait_for_text(holder, "hotkeys on")
+        self.wait_for_text(holder, "Global shortcuts on")
         refused = self.launch(PROGRAM)
-        self.wait_for_text(refused, "hotkeys refused")
-        self.wait_for_text(holder, "hotkeys on")
+        self.wait_for_text(refused, "Global shortcuts refused")
+        self.wait_for_text(holder, "Global shortcuts on")
 
 
 if __name__ == "__main__":

@@ -52,7 +52,7 @@ class InterruptionTest(unittest.TestCase):
     def start_interrupted(self, *arguments):
         window = self.start(*arguments)
         self.wait_for_offer(window)
-        window.wait_for_message("The recording was interrupted on", "The clock stands until you decide.")
+        window.wait_for_message("The recording was interrupted on", "The clock is paused until you decide.")
         reading = window.clock_text()
         return window, reading
 

@@ -118,7 +118,7 @@ class PreferencesTest(unittest.TestCase):
         self.show_shortcuts()
         self.record("New Chapter", "None", "ctrl+alt+m", "Ctrl+Alt+M")
         self.accessible.press(self.accessible.find(
-            self.pane, "check box", "Work in the whole system, also while another program is in front"))
+            self.pane, "check box", "Global shortcuts: work also while another program is in front"))
         wait_until(lambda: "Ctrl+Alt+M" in " ".join(self.menu_key("New Chapter")), "the shortcut in the menu")
 
         other = OtherProgram(self.desktop)
@@ -145,7 +145,7 @@ class PreferencesTest(unittest.TestCase):
     def test_keys_that_belong_to_another_program_are_refused_beside_their_field(self):
         self.show_shortcuts()
         self.accessible.press(self.accessible.find(
-            self.pane, "check box", "Work in the whole system, also while another program is in front"))
+            self.pane, "check box", "Global shortcuts: work also while another program is in front"))
         # The window manager closes windows with it, and does not give it away.
         field = self.record("Delete Last Chapter", "None", "alt+F4", "Alt+F4")
         wait_until(lambda: field.description, "the reason beside the field")

@@ -98,7 +98,7 @@ class WaylandTest(unittest.TestCase):
         wait_until(lambda: self.titles() == ["Before", "", "Interview"], "the title")
 
     def test_shortcuts_say_what_they_need(self):
-        status = self.accessible.find(self.frame, "push button", "hotkeys refused")
+        status = self.accessible.find(self.frame, "push button", "Global shortcuts refused")
         reason = "There is no desktop portal, so the desktop cannot be asked for shortcuts."
         self.assertEqual(status.description, reason)
         self.accessible.press(status)

@@ -5,8 +5,8 @@ import subprocess
 from desktop import kill_at_once, wait_until
 from osc_peers import free_port
 
-CONTINUE = "Continue the running clock"
-KEEP = "Keep it paused at the last reading"
+CONTINUE = "Continue as if Never Stopped"
+KEEP = "Stay Paused"
 # What stands below these is many and never a message.
 ROLES_WITHOUT_MESSAGES = {"menu bar", "table", "tool bar", "status bar"}
 

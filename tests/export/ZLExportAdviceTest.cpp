@@ -60,7 +60,7 @@ TEST(ZLExportAdvice, SaysWhereNothingWillBeWritten)
         QStringList { u"No enabled chapters: the session will get no markers."_s });
     EXPECT_EQ(adviceFor(u"Final Cut Pro X"_s, disabled, 10), QStringList()) << "disabled ones are written";
     EXPECT_EQ(adviceFor(u"Final Cut Pro X"_s, {}, 10),
-        QStringList { u"No chapters from the start on: the project will have no markers."_s });
+        QStringList { u"No chapters at 00:00 or later: the project will have no markers."_s });
 }
 
 TEST(ZLExportAdvice, YouTubeNeedsThreeLongChaptersFromTheStart)
@@ -101,7 +101,7 @@ TEST(ZLExportAdvice, DisabledChaptersCountInTheNumbersOnly)
 TEST(ZLExportAdvice, TellsOfEqualTimes)
 {
     const auto inSecond = [](const ZLChapterSequence& chapters) { return adviceFor(youTubeName, chapters).join(u'|'); };
-    const QString start = u"Times are whole seconds, and YouTube wants them to rise: "_s;
+    const QString start = u"YouTube needs rising times in whole seconds: "_s;
     EXPECT_EQ(inSecond({ chapterAt(0), chapterAt(20), chapterAt(20.9), chapterAt(40) }),
         start + u"chapters 2 and 3 fall into the same second."_s);
     EXPECT_EQ(inSecond({ chapterAt(0), chapterAt(20), chapterAt(20.9), chapterAt(40), chapterAt(40.1) }),
@@ -121,8 +121,8 @@ TEST(ZLExportAdvice, TellsOfTimesOutsideOfTheRecording)
     const ZLChapterSequence chapters { chapterAt(-1, u"A"_s), chapterAt(0, u"B"_s), chapterAt(20, u"C"_s),
         chapterAt(40, u"D"_s) };
     EXPECT_EQ(adviceFor(u"Podlove Simple Chapters"_s, chapters, 30),
-        (QStringList { u"Players know no negative times: see chapter 1."_s,
-            u"Players never get past the end of the recording: see chapter 4."_s }));
+        (QStringList { u"Players do not support negative times: see chapter 1."_s,
+            u"Players never reach chapters after the end of the recording: see chapter 4."_s }));
     EXPECT_EQ(adviceFor(u"Podlove Simple Chapters"_s, goodChapters(), 0), QStringList()) << "the end is not known";
     EXPECT_EQ(adviceFor(u"Final Cut Pro X"_s, chapters, 30),
         (QStringList { u"Markers with a negative time are left out: see chapter 1."_s,
@@ -137,7 +137,7 @@ TEST(ZLExportAdvice, TellsThatAClipEndsWhereTheRecordingWasLastStopped)
 {
     const ZLExportInput running { .chapters = { chapterAt(1) }, .duration = 10, .isRecording = true };
     EXPECT_EQ(ZLExportAdvice::lines(u"Final Cut Pro X"_s, running),
-        QStringList { u"The recording goes on: the clip will end where it was last stopped."_s });
+        QStringList { u"The recording is still running: the clip will end where it was last paused."_s });
 }
 
 TEST(ZLExportAdvice, TellsOfCharactersThatTheDestinationMisreads)
@@ -156,8 +156,8 @@ TEST(ZLExportAdvice, TellsOfCharactersThatTheDestinationMisreads)
         EXPECT_EQ(linesFor(format, u"a\nb"_s), u"A chapter is one line here: there is a line break in chapter 2."_s);
     EXPECT_EQ(
         linesFor(u"Titles as Tags"_s, u"a\nb"_s), u"All tags stand on one line: there is a line break in chapter 2."_s);
-    EXPECT_EQ(linesFor(u"Titles as Tags"_s, u"a, b"_s),
-        u"Tags end at a comma, so that one title becomes two: there is one in chapter 2."_s);
+    EXPECT_EQ(
+        linesFor(u"Titles as Tags"_s, u"a, b"_s), u"A comma makes two tags of one title: there is one in chapter 2."_s);
     EXPECT_EQ(linesFor(u"Titles as Tags"_s, u" "_s), u"A tag needs a text: there is no title in chapter 2."_s);
     EXPECT_EQ(linesFor(u"Markdown"_s, u"snake_case"_s),
         u"Markdown reads * _ ` [ ] < and \\ as formatting: there is one in the title of chapter 2."_s);
@@ -170,7 +170,7 @@ TEST(ZLExportAdvice, TellsOfCharactersThatTheDestinationMisreads)
 
 TEST(ZLExportAdvice, TellsOfWhatXmlCannotHold)
 {
-    const QString line = u"XML knows no control characters, so the file will not open: there is one in chapter 1."_s;
+    const QString line = u"XML allows no control characters, so the file will not open: there is one in chapter 1."_s;
     for (const QString& format : { u"Podlove Simple Chapters"_s, u"Final Cut Pro X"_s, u"Hindenburg"_s })
         EXPECT_EQ(adviceFor(format, { chapterAt(1, u"bell\a"_s) }, 10), QStringList { line }) << qPrintable(format);
     EXPECT_EQ(adviceFor(u"Podlove Simple Chapters"_s, { chapterAt(1, u"tab\tand\nline"_s) }, 10), QStringList());
@@ -221,7 +221,7 @@ TEST(ZLExportAdvice, TellsOfChaptersWithoutATitleWhereOneIsNeeded)
     const ZLChapterSequence chapters { chapterAt(0, u"A"_s), chapterAt(20, u" "_s), chapterAt(40, u"C"_s) };
     for (const QString& format : { u"Auphonic"_s, u"JSON"_s, u"Podlove Simple Chapters"_s, youTubeName })
         EXPECT_EQ(adviceFor(format, chapters, 60),
-            QStringList { u"Listeners see chapters by their titles: there is none in chapter 2."_s })
+            QStringList { u"Players show chapters by their titles: there is none in chapter 2."_s })
             << qPrintable(format);
     for (const QString& format : { u"Final Cut Pro X"_s, u"Hindenburg"_s, u"Markdown"_s })
         EXPECT_EQ(adviceFor(format, chapters, 60), QStringList()) << qPrintable(format);
@@ -252,7 +252,7 @@ TEST(ZLExportAdvice, TellsOfCharactersThatCannotBeSeenOrWritten)
 TEST(ZLExportAdvice, TellsOfADescriptionThatIsTooLong)
 {
     EXPECT_EQ(adviceFor(youTubeName, { chapterAt(0, QString(5000, u'a')), chapterAt(20), chapterAt(40) }),
-        QStringList { u"A YouTube description holds 5000 bytes: these are 5031."_s });
+        QStringList { u"A YouTube description holds 5000 bytes at most: this list has 5031."_s });
 }
 
 TEST(ZLExportAdvice, ChangesNoByteAndStandsEveryTime)

@@ -37,9 +37,9 @@ TEST_F(ZLRemoteOutcomeTest, WhatHasChangedIsTold)
     EXPECT_EQ(outcomeOf(ZLControllerSelectNextAction, &ZLChapterDocument::selectNextChapter),
         u"did nothing: there is no chapter after"_s);
     EXPECT_EQ(outcomeOf(ZLControllerDeleteSelectedChapterAction, &ZLChapterDocument::deleteButtonPressed),
-        u"removed a chapter"_s);
+        u"deleted a chapter"_s);
     EXPECT_EQ(
-        outcomeOf(ZLControllerDeleteLastChapterAction, &ZLChapterDocument::deleteLastChapter), u"removed a chapter"_s);
+        outcomeOf(ZLControllerDeleteLastChapterAction, &ZLChapterDocument::deleteLastChapter), u"deleted a chapter"_s);
     EXPECT_EQ(outcomeOf(ZLControllerDeleteLastChapterAction, &ZLChapterDocument::deleteLastChapter),
         u"did nothing: there are no chapters"_s);
     EXPECT_EQ(outcomeOf(ZLControllerDeleteSelectedChapterAction, &ZLChapterDocument::deleteButtonPressed),
@@ -49,8 +49,8 @@ TEST_F(ZLRemoteOutcomeTest, WhatHasChangedIsTold)
 TEST_F(ZLRemoteOutcomeTest, TheStartSoundIsToldBeforeTheClockRuns)
 {
     ZLSettingsManager::setPlaySoundBeforeRecording(true);
-    EXPECT_EQ(outcomeOf(ZLControllerToggleRecordingAction, &ZLChapterDocument::recordButtonPressed),
-        u"played the start sound"_s);
+    EXPECT_EQ(
+        outcomeOf(ZLControllerToggleRecordingAction, &ZLChapterDocument::recordButtonPressed), u"played the beep"_s);
     EXPECT_FALSE(m_document.isRecording());
 }
 

@@ -291,7 +291,7 @@ void ZLDocumentWindows::tellWhatHoldsTheLogOut() const
     const auto documents = m_controller.documents();
     for (ZLChapterDocument* document : documents) {
         if (document->isRecording())
-            windowOf(document)->statusLine().showPassingMessage(tr("Stop the recording before quitting."));
+            windowOf(document)->statusLine().showPassingMessage(tr("Pause the recording before quitting."));
     }
 }
 

@@ -48,11 +48,11 @@ void ZLRemoteStatusDisplay::updateHotkeys(ZLStatusLine& statusLine) const
     };
     const QString problems = hotkeyProblems();
     if (!m_application.hotkeyController())
-        show(tr("hotkeys off"), tr("Shortcuts work while Zelta is in front."));
+        show(tr("Global shortcuts off"), tr("Shortcuts work only while Zelta is in front."));
     else if (!problems.isEmpty())
-        show(tr("hotkeys refused"), problems);
+        show(tr("Global shortcuts refused"), problems);
     else
-        show(tr("hotkeys on"), tr("Recorded shortcuts work in the whole system."));
+        show(tr("Global shortcuts on"), tr("Shortcuts also work while another program is in front."));
 }
 
 QString ZLRemoteStatusDisplay::hotkeyProblems() const

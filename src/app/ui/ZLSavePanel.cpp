@@ -28,7 +28,7 @@ void ZLSavePanel::save()
     }
     const ZLStatus saved = saver->save();
     if (saved)
-        showSuccess(tr("Saved. Changes from here on are saved by themselves."));
+        showSuccess(tr("Saved. Further changes are saved automatically."));
     // What the document's state already tells needs no second message.
     else if (saver->state() == ZLSavingState::Saved)
         showFailure(saved.error().message);

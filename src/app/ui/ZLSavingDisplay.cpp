@@ -77,15 +77,15 @@ ZLSavingDisplay::Message ZLSavingDisplay::conflictMessage()
 {
     const QString name = QFileInfo(m_saver.path()).fileName();
     return { tr("Another program changed “%1”. %2").arg(name, m_refusal).trimmed(),
-        { { tr("Keep mine"), [this] { tellOutcome(m_saver.keepMine()); } },
-            { tr("Take theirs"), [this] { tellOutcome(m_saver.takeTheirs()); } },
-            { tr("Keep both"), [this] { keepBoth(); } } } };
+        { { tr("Keep Mine"), [this] { tellOutcome(m_saver.keepMine()); } },
+            { tr("Take Theirs"), [this] { tellOutcome(m_saver.takeTheirs()); } },
+            { tr("Keep Both"), [this] { keepBoth(); } } } };
 }
 
 ZLSavingDisplay::Message ZLSavingDisplay::otherHolderMessage()
 {
     const QString holder = m_saver.otherHolder();
-    return { tr("“%1” is also open elsewhere (%2). What is changed there is never overwritten without asking.")
+    return { tr("“%1” is also open elsewhere (%2). Changes made there are never overwritten without asking.")
                  .arg(QFileInfo(m_saver.path()).fileName(), holder),
         { { tr("OK"), [this, holder] { m_acceptedHolder = holder; } },
             { tr("Save As…"), [this] { m_savePanel.saveAs(); } } } };
@@ -94,11 +94,11 @@ ZLSavingDisplay::Message ZLSavingDisplay::otherHolderMessage()
 ZLSavingDisplay::Message ZLSavingDisplay::interruptionMessage(const ZLInterruptedRecording& interruption)
 {
     const QDateTime seen = interruption.lastSeen.toLocalTime();
-    return { tr("The recording was interrupted on %1 at %2. The clock stands until you decide.")
+    return { tr("The recording was interrupted on %1 at %2. The clock is paused until you decide.")
                  .arg(QLocale().toString(seen.date(), QLocale::ShortFormat),
                      QLocale().toString(seen.time(), QLocale::ShortFormat)),
-        { { tr("Continue the running clock"), [this] { m_document.continueInterruptedRecording(); } },
-            { tr("Keep it paused at the last reading"), [this] { m_document.keepInterruptedRecordingPaused(); } } } };
+        { { tr("Continue as if Never Stopped"), [this] { m_document.continueInterruptedRecording(); } },
+            { tr("Stay Paused"), [this] { m_document.keepInterruptedRecordingPaused(); } } } };
 }
 
 ZLSavingDisplay::Message ZLSavingDisplay::failureMessage()
@@ -153,7 +153,7 @@ QString ZLSavingDisplay::statusText() const
     }
     if (!m_saver.isUntitled())
         return tr("Saved");
-    return m_saver.hasContent() ? tr("Kept, no file yet") : tr("Nothing to save yet");
+    return m_saver.hasContent() ? tr("Not in a file yet, kept safe") : tr("Empty");
 }
 
 QString ZLSavingDisplay::statusToolTip() const
@@ -161,7 +161,8 @@ QString ZLSavingDisplay::statusToolTip() const
     if (!m_saver.failureText().isEmpty())
         return m_saver.failureText();
     if (m_saver.isUntitled())
-        return tr("This document has no file yet. It is kept aside and is back at the next start. Click to save it to "
-                  "a file.");
+        return tr(
+            "This document is not in a file yet. It is kept safe and opens again at the next start. Click to save "
+            "it to a file.");
     return tr("Every change is written to %1. Click to save under another name.").arg(m_saver.path());
 }

@@ -65,8 +65,8 @@ QList<ZLShortcutList::Group> ZLShortcutList::ofMenus(const QMenuBar& menuBar)
 ZLShortcutList::Group ZLShortcutList::ofWholeSystem(const ZLApplication& application)
 {
     const bool isOn = application.hotkeyController() != nullptr;
-    Group group { isOn ? translated(QT_TRANSLATE_NOOP("ZLShortcutList", "In the Whole System"))
-                       : translated(QT_TRANSLATE_NOOP("ZLShortcutList", "In the Whole System (switched off)")),
+    Group group { isOn ? translated(QT_TRANSLATE_NOOP("ZLShortcutList", "Global Shortcuts"))
+                       : translated(QT_TRANSLATE_NOOP("ZLShortcutList", "Global Shortcuts (Off)")),
         {} };
     const ZLKeyboardLayout layout = ZLKeyboardLayout::current();
     for (const ZLRemoteAction& action : ZLRemoteActions::all())

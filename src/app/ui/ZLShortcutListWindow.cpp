@@ -51,7 +51,7 @@ ZLShortcutListWindow::ZLShortcutListWindow(QWidget* parent)
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     QPushButton* change = buttons->addButton(tr("C&hange…"), QDialogButtonBox::ActionRole);
     change->setObjectName(u"changeButton"_s);
-    change->setToolTip(tr("Record keys of your own for the commands of the whole system"));
+    change->setToolTip(tr("Choose your own keys for the global shortcuts"));
     change->setAutoDefault(false);
     connect(change, &QPushButton::clicked, this, &ZLShortcutListWindow::changeRequested);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -29,5 +29,5 @@ void ZLSleepDisplay::update()
     else if (bar.text(name) != text)
         bar.showMessage(name, text,
             { { tr("Add That Time"), [document] { document->addSleptTime(); } },
-                { tr("Leave It"), [document] { document->leaveSleptTime(); } } });
+                { tr("Leave It Out"), [document] { document->leaveSleptTime(); } } });
 }

@@ -47,7 +47,7 @@ bool ZLWindowCloser::isLastDocument() const
 void ZLWindowCloser::askWhetherToKeep()
 {
     const QString name = m_window.document().displayName();
-    m_window.messageBar().showMessage(questionName, tr("“%1” has no file yet. Save it before closing?").arg(name),
+    m_window.messageBar().showMessage(questionName, tr("“%1” is not in a file yet. Save it before closing?").arg(name),
         { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
             { tr("Discard"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } });
     m_window.messageBar().takeKeyboardFor(questionName);
@@ -56,7 +56,7 @@ void ZLWindowCloser::askWhetherToKeep()
 void ZLWindowCloser::showFailure(const QString& message)
 {
     m_window.messageBar().showMessage(questionName,
-        tr("The document cannot be saved: %1 Close it all the same?").arg(ZLSavingDisplay::sentence(message)),
+        tr("The document cannot be saved: %1 Close it anyway?").arg(ZLSavingDisplay::sentence(message)),
         { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
             { tr("Close Without Saving"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } },
         { ZLSavingDisplay::failureMessageName() }, ZLMessageBar::Kind::Error);

@@ -154,7 +154,7 @@ ZLStatus ZLDocumentSaver::saveNow(QDeadlineTimer deadline)
 ZLStatus ZLDocumentSaver::save()
 {
     if (isUntitled())
-        return ZLError { tr("“%1” has no file yet.").arg(m_document.displayName()) };
+        return ZLError { tr("“%1” is not in a file yet.").arg(m_document.displayName()) };
     // The user's word counts also when another program took the file away.
     if (!QFile::exists(m_path) || ZLNewIdentifiers::areMissingIn(m_openedBytes))
         m_bytesOnDisk.clear();

@@ -1,5 +1,6 @@
 #include "document/saving/ZLDocumentSaver.h"
 
+#include "document/ZLUnreadableDocument.h"
 #include "platform/ZLBoundedFile.h"
 
 #include <QFile>
@@ -69,7 +70,7 @@ ZLStatus ZLDocumentSaver::takeTheirs()
         return theirs.error();
     const auto contents = ZLDocumentFile::decode(theirs.value());
     if (!contents)
-        return ZLError { u"%1: %2"_s.arg(m_path, contents.error().message) };
+        return ZLUnreadableDocument::error(m_path, theirs.value(), contents.error().message);
     (void)m_history->keep(currentBytes(), m_document.wallClockTime(), theirs.value());
     m_fileDigest = ZLJournalRecords::digestOf(theirs.value());
     m_bytesOnDisk.clear();

@@ -329,7 +329,7 @@ void ZLChapterDocumentWindow::updateToolTips()
     };
     const ZLDocumentToolbar& bar = toolbar();
     help(bar.recordButton(), recordHelp(), 1);
-    help(bar.addButton(), tr("Add a chapter here. With Alt held it is a blank one."), 2);
+    help(bar.addButton(), tr("Add a chapter now. Hold Alt for a blank one."), 2);
     help(bar.deleteButton(), tr("Delete the selected chapter"), 3);
     bar.drawerButton()->setToolTip(
         ZLActionHelp::textWithKey(tr("Show or hide the templates"), *m_viewMenu->drawerItem()));

@@ -30,20 +30,20 @@ constexpr auto youTube = "YouTube"_L1;
 
 constexpr auto emptyFile = QT_TRANSLATE_NOOP("ZLExportAdvice", "No enabled chapters: the file will be empty.");
 constexpr auto noChapters = QT_TRANSLATE_NOOP("ZLExportAdvice", "No enabled chapters: the file will hold none.");
-constexpr auto beforeStart = QT_TRANSLATE_NOOP("ZLExportAdvice", "Players know no negative times: see %1.");
+constexpr auto beforeStart = QT_TRANSLATE_NOOP("ZLExportAdvice", "Players do not support negative times: see %1.");
 constexpr auto signDropped =
     QT_TRANSLATE_NOOP("ZLExportAdvice", "A negative time is written without its sign: see %1.");
 constexpr auto pastEnd =
-    QT_TRANSLATE_NOOP("ZLExportAdvice", "Players never get past the end of the recording: see %1.");
+    QT_TRANSLATE_NOOP("ZLExportAdvice", "Players never reach chapters after the end of the recording: see %1.");
 constexpr auto sameTime =
     QT_TRANSLATE_NOOP("ZLExportAdvice", "Players show one of two chapters with the same time: %1.");
 constexpr auto oneLine =
     QT_TRANSLATE_NOOP("ZLExportAdvice", "A chapter is one line here: there is a line break in %1.");
 constexpr auto notXml = QT_TRANSLATE_NOOP(
-    "ZLExportAdvice", "XML knows no control characters, so the file will not open: there is one in %1.");
+    "ZLExportAdvice", "XML allows no control characters, so the file will not open: there is one in %1.");
 
 constexpr auto noTitle =
-    QT_TRANSLATE_NOOP("ZLExportAdvice", "Listeners see chapters by their titles: there is none in %1.");
+    QT_TRANSLATE_NOOP("ZLExportAdvice", "Players show chapters by their titles: there is none in %1.");
 constexpr auto hidden =
     QT_TRANSLATE_NOOP("ZLExportAdvice", "Control characters are shown as boxes or break the text: there is one in %1.");
 constexpr auto unwritable =
@@ -63,11 +63,12 @@ constexpr std::array exportRules {
     ExportRule { auphonic, brokenCharacters, unwritable },
 
     ExportRule { finalCut, noChapterFromTheStartOn,
-        QT_TRANSLATE_NOOP("ZLExportAdvice", "No chapters from the start on: the project will have no markers.") },
+        QT_TRANSLATE_NOOP("ZLExportAdvice", "No chapters at 00:00 or later: the project will have no markers.") },
     ExportRule { finalCut, anyBeforeTheStart,
         QT_TRANSLATE_NOOP("ZLExportAdvice", "Markers with a negative time are left out: see %1.") },
     ExportRule { finalCut, recordingGoesOn,
-        QT_TRANSLATE_NOOP("ZLExportAdvice", "The recording goes on: the clip will end where it was last stopped.") },
+        QT_TRANSLATE_NOOP(
+            "ZLExportAdvice", "The recording is still running: the clip will end where it was last paused.") },
     ExportRule { finalCut, anyAfterTheFinishedSpans,
         QT_TRANSLATE_NOOP("ZLExportAdvice", "The clip ends with the recording, before %1.") },
     ExportRule {
@@ -84,8 +85,8 @@ constexpr std::array exportRules {
         QT_TRANSLATE_NOOP("ZLExportAdvice", "No enabled chapters: the session will get no markers.") },
     ExportRule { hindenburg, sessionWithoutEnd,
         QT_TRANSLATE_NOOP("ZLExportAdvice", "The session has no </Session>: there is no place for the markers.") },
-    ExportRule {
-        hindenburg, beforeTheStart, QT_TRANSLATE_NOOP("ZLExportAdvice", "A session knows no negative times: see %1.") },
+    ExportRule { hindenburg, beforeTheStart,
+        QT_TRANSLATE_NOOP("ZLExportAdvice", "Hindenburg does not support negative times: see %1.") },
     ExportRule { hindenburg, unescapedMarkup,
         QT_TRANSLATE_NOOP(
             "ZLExportAdvice", "A session with < or \" in a text may not open again: there is one in %1.") },
@@ -131,8 +132,7 @@ constexpr std::array exportRules {
     ExportRule {
         tags, emptyTitles, QT_TRANSLATE_NOOP("ZLExportAdvice", "A tag needs a text: there is no title in %1.") },
     ExportRule { tags, commasInTitles,
-        QT_TRANSLATE_NOOP(
-            "ZLExportAdvice", "Tags end at a comma, so that one title becomes two: there is one in %1.") },
+        QT_TRANSLATE_NOOP("ZLExportAdvice", "A comma makes two tags of one title: there is one in %1.") },
     ExportRule { tags, lineBreaksInTitles,
         QT_TRANSLATE_NOOP("ZLExportAdvice", "All tags stand on one line: there is a line break in %1.") },
     ExportRule { tags, controlCharactersInTitles, hidden },
@@ -144,8 +144,8 @@ constexpr std::array exportRules {
     ExportRule {
         youTube, unfitForYouTube, QT_TRANSLATE_NOOP("ZLExportAdvice", "YouTube will ignore these chapters: %1.") },
     ExportRule { youTube, inTheSameSecond,
-        QT_TRANSLATE_NOOP("ZLExportAdvice",
-            "Times are whole seconds, and YouTube wants them to rise: %1 fall into the same second.") },
+        QT_TRANSLATE_NOOP(
+            "ZLExportAdvice", "YouTube needs rising times in whole seconds: %1 fall into the same second.") },
     ExportRule { youTube, beforeTheStart, signDropped },
     ExportRule { youTube, afterTheEnd, pastEnd },
     ExportRule { youTube, angleBracketsInTitles,
@@ -159,7 +159,7 @@ constexpr std::array exportRules {
     ExportRule { youTube, controlCharacters, hidden },
     ExportRule { youTube, brokenCharacters, unwritable },
     ExportRule { youTube, tooLongForYouTube,
-        QT_TRANSLATE_NOOP("ZLExportAdvice", "A YouTube description holds 5000 bytes: these are %1.") },
+        QT_TRANSLATE_NOOP("ZLExportAdvice", "A YouTube description holds 5000 bytes at most: this list has %1.") },
 };
 
 }

@@ -41,12 +41,11 @@ void ZLAvahiServiceBrowser::daemonDidChange()
     switch (m_daemon.phase()) {
     case ZLAvahiDaemon::Phase::NoBus:
         stopWatch();
-        setState(State::Unavailable,
-            tr("The system's message bus cannot be reached, so services on the network cannot be found."));
+        setState(State::Unavailable, tr("Cannot look for services on the network: no system D-Bus"));
         break;
     case ZLAvahiDaemon::Phase::Absent:
         stopWatch();
-        setState(State::Unavailable, tr("Avahi is not running, so services on the network cannot be found."));
+        setState(State::Unavailable, tr("Cannot look for services on the network: Avahi is not running"));
         break;
     case ZLAvahiDaemon::Phase::Starting:
     case ZLAvahiDaemon::Phase::Running:

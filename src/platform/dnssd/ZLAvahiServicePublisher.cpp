@@ -51,23 +51,22 @@ void ZLAvahiServicePublisher::announce()
         return;
     }
     if (m_name.isEmpty() || m_wish.port == 0) {
-        showState(State::Failed, tr("There is no name or no port to announce on the network."));
+        showState(State::Failed, tr("Not announced on the network: no name or no port"));
         return;
     }
     switch (m_daemon.phase()) {
     case ZLAvahiDaemon::Phase::NoBus:
-        showState(State::Unavailable,
-            tr("The system's message bus cannot be reached, so “%1” is not announced on the network.").arg(m_name));
+        showState(State::Unavailable, tr("Not announced on the network: no system D-Bus"));
         break;
     case ZLAvahiDaemon::Phase::Absent:
-        showState(State::Unavailable, tr("Avahi is not running, so “%1” is not announced on the network.").arg(m_name));
+        showState(State::Unavailable, tr("Not announced on the network: Avahi is not running"));
         break;
     case ZLAvahiDaemon::Phase::Running:
         startGroup();
         [[fallthrough]];
     case ZLAvahiDaemon::Phase::Looking:
     case ZLAvahiDaemon::Phase::Starting:
-        showState(State::Publishing, tr("“%1” is about to be announced on the network.").arg(m_name));
+        showState(State::Publishing, tr("Announcing “%1” on the network…").arg(m_name));
         break;
     }
 }
@@ -96,7 +95,7 @@ void ZLAvahiServicePublisher::groupDidCollide()
         groupDidFail(tr("every name is taken"));
         return;
     }
-    showState(State::Publishing, tr("The name “%1” is taken on the network; another one is being sought.").arg(m_name));
+    showState(State::Publishing, tr("The name “%1” is taken on the network. Trying another one.").arg(m_name));
     const auto receive = [this, announcement = m_announcement](const QDBusMessage& answer) {
         if (announcement != m_announcement)
             return;
@@ -117,7 +116,7 @@ void ZLAvahiServicePublisher::rename(const QString& name)
 void ZLAvahiServicePublisher::groupDidFail(const QString& reason)
 {
     dropGroup();
-    showState(State::Failed, tr("Avahi could not announce “%1” on the network: %2").arg(m_name, reason));
+    showState(State::Failed, tr("Not announced on the network: %1").arg(reason));
 }
 
 void ZLAvahiServicePublisher::showState(State state, const QString& text)

@@ -9,7 +9,7 @@ QString ZLNullHotKeyBackend::backendName() const
 
 QString ZLNullHotKeyBackend::unavailabilityReason() const
 {
-    return tr("This window system has no system-wide shortcuts.");
+    return tr("This window system has no global shortcuts.");
 }
 
 void ZLNullHotKeyBackend::activateHotKey(const ZLHotKey& hotKey)

@@ -106,7 +106,7 @@ void ZLPortalHotKeyBackend::showSessionOutcome()
         if (triggers.contains(identifier))
             setHotKeyState(identifier, ZLHotKey::State::Registered, {}, triggers.value(identifier));
         else
-            setHotKeyState(identifier, ZLHotKey::State::Refused, tr("The desktop gave this shortcut no keys."));
+            setHotKeyState(identifier, ZLHotKey::State::Refused, tr("The desktop assigned no keys to this shortcut."));
     }
 }
 

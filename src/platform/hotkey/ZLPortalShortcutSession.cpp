@@ -176,7 +176,7 @@ void ZLPortalShortcutSession::failBy(ZLPortalRequest::Outcome outcome)
 {
     switch (outcome) {
     case ZLPortalRequest::Outcome::Unsupported:
-        fail(FailureKind::Unavailable, tr("This desktop's portal has no system-wide shortcuts."));
+        fail(FailureKind::Unavailable, tr("This desktop's portal has no global shortcuts."));
         return;
     case ZLPortalRequest::Outcome::Declined:
         fail(FailureKind::Refused, tr("The shortcuts were declined in the desktop's dialog."));

@@ -26,7 +26,7 @@ xcb_window_t grabRootWindow(xcb_connection_t* connection)
 QString grabRefusal(quint8 errorCode)
 {
     if (errorCode == accessErrorCode)
-        return QCoreApplication::translate("ZLXcbKeyGrab", "Another program holds these keys.");
+        return QCoreApplication::translate("ZLXcbKeyGrab", "Another program uses these keys.");
     return QCoreApplication::translate("ZLXcbKeyGrab", "The X server refuses these keys (error %1).").arg(errorCode);
 }
 

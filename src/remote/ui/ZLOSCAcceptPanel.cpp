@@ -19,7 +19,7 @@ constexpr int visibleAddresses = 3;
 }
 
 ZLOSCAcceptPanel::ZLOSCAcceptPanel(QWidget* parent)
-    : QGroupBox(tr("Who May Speak"), parent)
+    : QGroupBox(tr("Accept Messages From"), parent)
     , m_choices(new QButtonGroup(this))
 {
     setObjectName(u"acceptPanel"_s);
@@ -48,15 +48,15 @@ void ZLOSCAcceptPanel::buildAddresses()
     m_addressArea = new QWidget(this);
     m_addresses = new QListWidget(m_addressArea);
     m_addresses->setObjectName(u"acceptedAddresses"_s);
-    m_addresses->setAccessibleName(tr("Addresses that may speak"));
+    m_addresses->setAccessibleName(tr("Accepted addresses"));
     m_addresses->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_addresses->setSizeAdjustPolicy(QAbstractScrollArea::AdjustIgnored);
     m_addresses->setFixedHeight((fontMetrics().height() + 4) * visibleAddresses + 2 * m_addresses->frameWidth());
-    m_emptyNote = new QLabel(tr("The list is empty, so nobody may speak."), m_addressArea);
+    m_emptyNote = new QLabel(tr("The list is empty: no message is accepted."), m_addressArea);
     m_emptyNote->setObjectName(u"nobodyNote"_s);
     m_emptyNote->setWordWrap(true);
-    m_editor = new ZLOSCEntryEditor(u"acceptedAddress"_s, tr("Address or network that may speak"),
-        tr("192.168.1.20 or 192.168.1.0/24"), m_addressArea);
+    m_editor = new ZLOSCEntryEditor(
+        u"acceptedAddress"_s, tr("Address or network to accept"), tr("192.168.1.20 or 192.168.1.0/24"), m_addressArea);
     auto* const area = new QVBoxLayout(m_addressArea);
     area->setContentsMargins({});
     area->addWidget(m_addresses);
@@ -90,7 +90,7 @@ void ZLOSCAcceptPanel::addAddress(const QString& text)
 {
     const std::optional<ZLOSCNetwork> network = ZLOSCNetwork::fromText(text);
     if (!network) {
-        m_editor->setProblem(tr("“%1” is no address. Write an address such as 192.168.1.20, or a network such as "
+        m_editor->setProblem(tr("“%1” is not an address. Enter an address such as 192.168.1.20, or a network such as "
                                 "192.168.1.0/24.")
                                  .arg(text));
         return;

@@ -45,12 +45,12 @@ ZLOSCInputPanel::ZLOSCInputPanel(
     m_portInUse = addText(*form, u"inputPort"_s, tr("Port:"));
     m_wantedPort = new QSpinBox(this);
     m_wantedPort->setObjectName(u"wantedPort"_s);
-    m_wantedPort->setAccessibleName(tr("Wanted port"));
+    m_wantedPort->setAccessibleName(tr("Preferred port"));
     m_wantedPort->setRange(1, 65535);
     m_wantedPort->setKeyboardTracking(false);
     m_wantedPort->setGroupSeparatorShown(false);
-    m_wantedPort->setToolTip(tr("When this port is taken, one of the nine after it is used."));
-    form->addRow(tr("Wanted port:"), m_wantedPort);
+    m_wantedPort->setToolTip(tr("If this port is taken, one of the next nine is used."));
+    form->addRow(tr("Preferred port:"), m_wantedPort);
     m_portNote = new QLabel(this);
     m_announcement = new QLabel(this);
     m_portNote->setObjectName(u"portNote"_s);
@@ -135,7 +135,7 @@ void ZLOSCInputPanel::updatePort()
     if (!isOpen)
         m_portNote->setText(m_port.failure());
     else if (m_port.port() != wanted)
-        m_portNote->setText(tr("Port %1 is in use now, not the wanted one.").arg(m_port.port()));
+        m_portNote->setText(tr("Port %1 is used instead of the preferred one.").arg(m_port.port()));
     m_portNote->setVisible(!isOpen || m_port.port() != wanted);
 }
 

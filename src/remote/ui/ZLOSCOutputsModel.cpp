@@ -72,7 +72,7 @@ void ZLOSCOutputsModel::removeOutput(int row)
 QString ZLOSCOutputsModel::problemWith(const std::optional<ZLOSCDestination>& destination, const QString& text) const
 {
     if (!destination)
-        return tr("“%1” is no host with a port. Write it as 192.168.1.20:9000 or tablet.local:9000.").arg(text);
+        return tr("“%1” is not a host and port. Enter for example 192.168.1.20:9000 or tablet.local:9000.").arg(text);
     if (m_controller.outputs().contains(*destination))
         return tr("“%1” is in the list already.").arg(destination->text());
     return {};
@@ -131,7 +131,7 @@ QList<ZLOSCOutputsModel::Row> ZLOSCOutputsModel::presentRows() const
     for (const ZLOSCOutPort* port : outputs.ports()) {
         const qsizetype row = m_configured.indexOf(ZLOSCDestination { port->host(), port->port() });
         if (m_controller.isAnsweredSender(port))
-            rows.append({ port->label(), tr("being answered") });
+            rows.append({ port->label(), tr("getting replies") });
         else if (row >= 0)
             rows[row].state = outputStateText(*port);
     }

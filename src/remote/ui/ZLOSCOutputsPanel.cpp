@@ -63,8 +63,8 @@ void ZLOSCOutputsPanel::buildTable()
 void ZLOSCOutputsPanel::buildAnswerBox()
 {
     m_answerBox->setObjectName(u"answerSenders"_s);
-    m_answerBox->setText(tr("&Answer whoever sends a valid command, for %1 seconds after the last one")
-                             .arg(ZLOSCAnsweredSenders::LifetimeInSeconds));
+    m_answerBox->setText(
+        tr("&Reply to senders of valid commands for %1 seconds").arg(ZLOSCAnsweredSenders::LifetimeInSeconds));
     m_answerBox->setToolTip(tr("Messages go to the address and port that the command came from."));
     const auto update = [this] {
         const QSignalBlocker blocker(m_answerBox);

@@ -194,7 +194,7 @@ void ZLShortcutField::handlePress(const QKeyEvent& event)
     if (!pressed) {
         Q_EMIT didRefuse(tr("This key cannot be part of a shortcut."));
     } else if (wouldBlockTyping(*pressed)) {
-        Q_EMIT didRefuse(tr("Hold Ctrl, Alt or Super with it, or take a function key."));
+        Q_EMIT didRefuse(tr("Add Ctrl, Alt or Super, or use a function key."));
     } else {
         m_pressed = pressed;
         m_phase = Phase::AwaitingRelease;

@@ -19,7 +19,7 @@ TEST_F(ZLDocumentWindowsTest, ALogOutSavesWhatThereIsAndIsHeldBackOnlyByARunning
     document->recordButtonPressed();
     addChapter(document, u"Mine"_s);
     EXPECT_FALSE(m_windows->prepareForLogOut());
-    EXPECT_EQ(passingMessage(document), u"Stop the recording before quitting."_s);
+    EXPECT_EQ(passingMessage(document), u"Pause the recording before quitting."_s);
     EXPECT_EQ(titlesInFile(filePath(u"log-out.zelta"_s)), (QStringList { u"Stored"_s, u"Mine"_s }));
     document->recordButtonPressed();
     m_diskError = u"The disk is full."_s;

@@ -52,7 +52,7 @@ TEST_F(ZLSavePanelTest, SavingATitledDocumentWritesAtOnce)
     trigger(document, u"save"_s);
     EXPECT_EQ(dialogOf(document), nullptr);
     EXPECT_EQ(titlesInFile(path), (QStringList { u"Stored"_s, u"Mine"_s }));
-    EXPECT_EQ(passingMessage(document), u"Saved. Changes from here on are saved by themselves."_s);
+    EXPECT_EQ(passingMessage(document), u"Saved. Further changes are saved automatically."_s);
 }
 
 TEST_F(ZLSavePanelTest, SavingGivesChaptersWithoutAnIdentifierTheirsAlthoughNothingWasEdited)

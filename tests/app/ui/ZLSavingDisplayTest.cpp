@@ -20,12 +20,12 @@ protected:
 TEST_F(ZLSavingDisplayTest, AnUntitledDocumentSaysThatItIsKept)
 {
     ZLChapterDocument* document = newDocument();
-    EXPECT_EQ(saveStatus(document)->text(), u"Nothing to save yet"_s);
+    EXPECT_EQ(saveStatus(document)->text(), u"Empty"_s);
     addChapter(document, u"Mine"_s);
     EXPECT_EQ(saveStatus(document)->text(), u"Saving…"_s);
     writeNow(document);
-    EXPECT_EQ(saveStatus(document)->text(), u"Kept, no file yet"_s);
-    EXPECT_TRUE(saveStatus(document)->toolTip().contains("no file yet"_L1));
+    EXPECT_EQ(saveStatus(document)->text(), u"Not in a file yet, kept safe"_s);
+    EXPECT_TRUE(saveStatus(document)->toolTip().contains("not in a file yet"_L1));
 }
 
 TEST_F(ZLSavingDisplayTest, ATitledDocumentSaysWhereItIs)
@@ -161,7 +161,7 @@ TEST_F(ZLSavingDisplayTest, AnInterruptedRecordingOffersBothChoicesAndUndoOffers
     ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
     document->setInterruptedRecording(ZLInterruptedRecording { 30.0, QDateTime::currentDateTimeUtc() });
     EXPECT_TRUE(barText(document).startsWith("The recording was interrupted on "_L1));
-    const QStringList choices { u"Continue the running clock"_s, u"Keep it paused at the last reading"_s };
+    const QStringList choices { u"Continue as if Never Stopped"_s, u"Stay Paused"_s };
     EXPECT_EQ(barButtons(document), choices);
     pressInBar(document, choices.last());
     EXPECT_EQ(barText(document), QString());
@@ -182,9 +182,9 @@ TEST_F(ZLSavingDisplayTest, AFileThatAnotherProgramChangedAsksWhatToDo)
     storedFile(u"show.zelta"_s, u"Theirs"_s);
     writeNow(document);
     EXPECT_TRUE(barText(document).contains("Another program changed"_L1));
-    EXPECT_EQ(barButtons(document), (QStringList { u"Keep mine"_s, u"Take theirs"_s, u"Keep both"_s }));
+    EXPECT_EQ(barButtons(document), (QStringList { u"Keep Mine"_s, u"Take Theirs"_s, u"Keep Both"_s }));
     EXPECT_EQ(saveStatus(document)->text(), u"Not saved"_s);
-    pressInBar(document, u"Take theirs"_s);
+    pressInBar(document, u"Take Theirs"_s);
     EXPECT_EQ(titles(document), QStringList { u"Theirs"_s });
     EXPECT_EQ(barText(document), QString());
 }

@@ -131,13 +131,13 @@ TEST_F(ZLShortcutListTest, AnItemInASubmenuIsListedToo)
 TEST_F(ZLShortcutListTest, TheSixCommandsOfTheWholeSystemSayHowItStandsWithThem)
 {
     EXPECT_EQ(systemLines(),
-        (QStringList { u"In the Whole System (switched off)"_s, u"Start or Pause Recording: none"_s,
-            u"New Chapter: none"_s, u"Delete Selected Chapter: none"_s, u"Delete Last Chapter: none"_s,
-            u"Select Previous Chapter: none"_s, u"Select Next Chapter: none"_s }));
+        (QStringList { u"Global Shortcuts (Off)"_s, u"Start or Pause Recording: none"_s, u"New Chapter: none"_s,
+            u"Delete Chapter: none"_s, u"Delete Last Chapter: none"_s, u"Select Previous Chapter: none"_s,
+            u"Select Next Chapter: none"_s }));
     recordForNewChapter(Qt::CTRL | Qt::Key_F7);
     EXPECT_EQ(systemLines().value(2), u"New Chapter: Ctrl+F7"_s);
     ZLSettingsManager::setGlobalHotkeys(true);
-    EXPECT_EQ(systemLines().value(0), u"In the Whole System"_s);
+    EXPECT_EQ(systemLines().value(0), u"Global Shortcuts"_s);
     EXPECT_EQ(systemLines().value(2), u"New Chapter: Ctrl+F7"_s);
     m_center.answer = ZLHotKey::State::Refused;
     recordForNewChapter(Qt::CTRL | Qt::Key_F8);

@@ -28,7 +28,7 @@ TEST_F(ZLSleepDisplayTest, ASleepIsToldWithItsTwoWaysOut)
     ZLChapterDocument* document = recordingDocumentThatSlept();
     EXPECT_EQ(barText(document), ZLSleepText::sentence(document->undecidedSleeps()));
     EXPECT_TRUE(barText(document).startsWith("The computer slept for 12 min from "_L1));
-    EXPECT_EQ(barButtons(document), (QStringList { u"Add That Time"_s, u"Leave It"_s }));
+    EXPECT_EQ(barButtons(document), (QStringList { u"Add That Time"_s, u"Leave It Out"_s }));
 }
 
 TEST_F(ZLSleepDisplayTest, AddingTheTimeTakesTheBarAwayAndUndoingBringsItBack)
@@ -48,7 +48,7 @@ TEST_F(ZLSleepDisplayTest, AddingTheTimeTakesTheBarAwayAndUndoingBringsItBack)
 TEST_F(ZLSleepDisplayTest, LeavingItTakesTheBarAway)
 {
     ZLChapterDocument* document = recordingDocumentThatSlept();
-    pressInBar(document, u"Leave It"_s);
+    pressInBar(document, u"Leave It Out"_s);
     EXPECT_EQ(barText(document), QString());
     EXPECT_EQ(document->currentDuration(), 30.0);
 }

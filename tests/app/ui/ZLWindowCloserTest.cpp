@@ -39,7 +39,7 @@ TEST_F(ZLWindowCloserTest, AnUntitledDocumentWithContentIsAskedAbout)
 {
     ZLChapterDocument* document = untitledBesideAnother();
     EXPECT_FALSE(windowOf(document).close());
-    EXPECT_EQ(barText(document), u"“Untitled” has no file yet. Save it before closing?"_s);
+    EXPECT_EQ(barText(document), u"“Untitled” is not in a file yet. Save it before closing?"_s);
     EXPECT_EQ(barButtons(document), (QStringList { u"Save As…"_s, u"Discard"_s, u"Cancel"_s }));
 }
 
@@ -127,8 +127,7 @@ TEST_F(ZLWindowCloserTest, WhatCannotBeSavedIsAskedAbout)
     addChapter(document, u"Mine"_s);
     m_diskError = u"show.zelta: The disk is full."_s;
     EXPECT_FALSE(windowOf(document).close());
-    EXPECT_EQ(
-        barText(document), u"The document cannot be saved: show.zelta: The disk is full. Close it all the same?"_s);
+    EXPECT_EQ(barText(document), u"The document cannot be saved: show.zelta: The disk is full. Close it anyway?"_s);
     EXPECT_EQ(barButtons(document), (QStringList { u"Save As…"_s, u"Close Without Saving"_s, u"Cancel"_s }));
     pressInBar(document, u"Close Without Saving"_s);
     EXPECT_FALSE(isOpen(document));

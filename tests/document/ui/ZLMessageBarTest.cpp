@@ -191,7 +191,7 @@ TEST_F(ZLMessageBarTest, AScreenReaderKnowsAMessageAndWhatItsButtonsAnswer)
 
 TEST_F(ZLMessageBarTest, WhereThereIsLittleRoomTheButtonsStandBelowTheSentence)
 {
-    m_bar->showMessage(u"m"_s, u"The document cannot be saved: there is no such folder. Close it all the same?"_s,
+    m_bar->showMessage(u"m"_s, u"The document cannot be saved: there is no such folder. Close it anyway?"_s,
         { { u"Save As…"_s, {} }, { u"Close Without Saving"_s, {} }, { u"Cancel"_s, {} } });
     const auto* sentence = m_bar->findChild<QLabel*>(u"messageText"_s);
     for (const int width : { 900, 420 }) {

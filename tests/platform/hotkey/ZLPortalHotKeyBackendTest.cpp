@@ -157,7 +157,7 @@ TEST_F(ZLPortalHotKeyBackendTest, RefusesOnlyTheShortcutThatGotNoKeys)
     registerHotKey(u"a"_s, 46);
     registerHotKey(u"b"_s, 97);
     ASSERT_TRUE(reaches(u"b"_s, ZLHotKey::State::Refused));
-    EXPECT_EQ(hotKey(u"b"_s).refusalReason, u"The desktop gave this shortcut no keys."_s);
+    EXPECT_EQ(hotKey(u"b"_s).refusalReason, u"The desktop assigned no keys to this shortcut."_s);
     EXPECT_EQ(hotKey(u"a"_s).state, ZLHotKey::State::Registered);
 }
 
@@ -181,7 +181,7 @@ TEST_F(ZLPortalHotKeyBackendTest, TellsThatThePortalHasNoShortcuts)
     ASSERT_TRUE(bus.startPortal(u"without shortcuts"_s, u"grant"_s));
     registerHotKey(u"a"_s, 46);
     ASSERT_TRUE(reaches(u"a"_s, ZLHotKey::State::Refused));
-    EXPECT_EQ(hotKey(u"a"_s).refusalReason, u"This desktop's portal has no system-wide shortcuts."_s);
+    EXPECT_EQ(hotKey(u"a"_s).refusalReason, u"This desktop's portal has no global shortcuts."_s);
     EXPECT_EQ(backend->unavailabilityReason(), hotKey(u"a"_s).refusalReason);
 }
 

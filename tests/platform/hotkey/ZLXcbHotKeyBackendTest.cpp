@@ -197,7 +197,7 @@ TEST_F(ZLXcbHotKeyBackendTest, TellsThatAnotherProgramHoldsTheKeys)
     registerHotKey(u"held"_s, codeOfF6);
     registerHotKey(u"free"_s, codeOfF7);
     EXPECT_EQ(hotKey(u"held"_s).state, ZLHotKey::State::Refused);
-    EXPECT_EQ(hotKey(u"held"_s).refusalReason, u"Another program holds these keys."_s);
+    EXPECT_EQ(hotKey(u"held"_s).refusalReason, u"Another program uses these keys."_s);
     EXPECT_EQ(hotKey(u"free"_s).state, ZLHotKey::State::Registered);
     type(u"F6"_s);
     type(u"F7"_s);

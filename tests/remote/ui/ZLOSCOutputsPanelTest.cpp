@@ -119,7 +119,7 @@ TEST_F(ZLOSCOutputsPanelTest, AnAnsweredSenderIsShownAndCannotBeEdited)
     ASSERT_TRUE(QTest::qWaitFor([this] { return shown().size() == 2; }));
     ASSERT_EQ(shown(), (QStringList { u"127.0.0.1:9000"_s, u"127.0.0.1:9010"_s }));
     EXPECT_TRUE(table().selectionModel()->isRowSelected(0));
-    EXPECT_EQ(model().index(1, 1).data().toString(), u"being answered"_s);
+    EXPECT_EQ(model().index(1, 1).data().toString(), u"getting replies"_s);
     EXPECT_FALSE(model().flags(model().index(1, 0)).testFlag(Qt::ItemIsEditable));
     EXPECT_TRUE(model().flags(model().index(0, 0)).testFlag(Qt::ItemIsEditable));
     table().selectRow(1);

@@ -140,7 +140,7 @@ TEST_F(ZLShortcutPrefsViewControllerTest, TwoShortcutsWithTheSameKeysAreBothMark
 {
     record(u"toggleControl"_s, Qt::Key_F6);
     record(u"removeControl"_s, Qt::Key_F6);
-    EXPECT_EQ(recorder(u"toggleControl"_s).notice(), u"“Delete Selected Chapter” has the same keys."_s);
+    EXPECT_EQ(recorder(u"toggleControl"_s).notice(), u"“Delete Chapter” has the same keys."_s);
     EXPECT_EQ(recorder(u"removeControl"_s).notice(), u"“Start or Pause Recording” has the same keys."_s);
     EXPECT_EQ(recorder(u"createChapterControl"_s).notice(), u""_s);
     clear(u"toggleControl"_s);
@@ -165,7 +165,7 @@ TEST_F(ZLShortcutPrefsViewControllerTest, ANoticeMakesNoRoomForItself)
     const QSize before = m_pane.sizeHint();
     record(u"toggleControl"_s, Qt::Key_F6);
     record(u"removeControl"_s, Qt::Key_F6);
-    m_pane.setSystemNotices({}, u"This window system has no system-wide shortcuts."_s);
+    m_pane.setSystemNotices({}, u"This window system has no global shortcuts."_s);
     EXPECT_EQ(m_pane.sizeHint(), before);
 }
 

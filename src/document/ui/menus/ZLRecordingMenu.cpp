@@ -70,8 +70,8 @@ void ZLRecordingMenu::addTaggedActions()
         &ZLChapterDocument::recordButtonPressed);
     addTagged(ZLCommandTag::NewChapter, u"newChapter"_s, tr("&New Chapter"), u"Ctrl+Return"_s,
         &ZLChapterDocument::addChapterButtonPressed);
-    addTagged(ZLCommandTag::DeleteSelectedChapter, u"deleteSelectedChapter"_s, tr("&Delete Selected Chapter"),
-        u"Ctrl+D"_s, &ZLChapterDocument::deleteButtonPressed);
+    addTagged(ZLCommandTag::DeleteSelectedChapter, u"deleteSelectedChapter"_s, tr("&Delete Chapter"), u"Ctrl+D"_s,
+        &ZLChapterDocument::deleteButtonPressed);
     addTagged(ZLCommandTag::DeleteLastChapter, u"deleteLastChapter"_s, tr("Delete &Last Chapter"),
         u"Ctrl+Shift+Backspace"_s, &ZLChapterDocument::deleteLastChapter);
     addTagged(ZLCommandTag::SelectPreviousChapter, u"selectPreviousChapter"_s, tr("Select &Previous Chapter"),

@@ -22,7 +22,7 @@ TEST_F(ZLDocumentMenusTest, CommandsCarryTheTagsOfTheirShortcuts)
     for (int tag = 1; tag <= 6; ++tag)
         byTag.append(m_window->recordingMenu().actionWithTag(tag)->text().remove(u'&'));
     EXPECT_EQ(byTag,
-        (QStringList { u"Start Recording"_s, u"New Chapter"_s, u"Delete Selected Chapter"_s, u"Delete Last Chapter"_s,
+        (QStringList { u"Start Recording"_s, u"New Chapter"_s, u"Delete Chapter"_s, u"Delete Last Chapter"_s,
             u"Select Previous Chapter"_s, u"Select Next Chapter"_s }));
     EXPECT_EQ(m_window->recordingMenu().actionWithTag(7), nullptr);
     EXPECT_EQ(m_window->recordingMenu().actionWithTag(0), nullptr);

@@ -131,6 +131,6 @@ QString ZLBoundedFile::whyNoOrdinaryFile(mode_t mode)
     case S_IFBLK:
         return BoundedFileTexts::tr("This is a device, not a file.");
     default:
-        return BoundedFileTexts::tr("This is no ordinary file.");
+        return BoundedFileTexts::tr("This is not a regular file.");
     }
 }

@@ -40,7 +40,7 @@ ZLResult<std::shared_ptr<ZLMediaSource>> ZLMediaSource::open(const QString& path
     const bool isKnown = fstat(descriptor, &status) == 0;
     std::shared_ptr<ZLMediaSource> source(new ZLMediaSource(path, descriptor, status));
     if (!isKnown || !S_ISREG(status.st_mode))
-        return ZLError { MediaSourceTexts::tr("%1: this is no ordinary file.").arg(path) };
+        return ZLError { MediaSourceTexts::tr("%1: This is not a regular file.").arg(path) };
     return source;
 }
 

@@ -61,24 +61,12 @@
 <context>
     <name>ZLAtomicFile</name>
     <message>
-        <source>This is no ordinary file.</source>
-        <translation>Das ist keine gewöhnliche Datei.</translation>
-    </message>
-    <message>
         <source>%1 more are needed on this disk, %2 are free.</source>
         <translation>Auf diesem Datenträger werden noch %1 gebraucht, frei sind %2.</translation>
     </message>
 </context>
 <context>
     <name>ZLAvahiServiceBrowser</name>
-    <message>
-        <source>The system&apos;s message bus cannot be reached, so services on the network cannot be found.</source>
-        <translation>Der Nachrichtenbus des Systems ist nicht erreichbar, deshalb lassen sich keine Dienste im Netzwerk finden.</translation>
-    </message>
-    <message>
-        <source>Avahi is not running, so services on the network cannot be found.</source>
-        <translation>Avahi läuft nicht, deshalb lassen sich keine Dienste im Netzwerk finden.</translation>
-    </message>
     <message>
         <source>Services on the network are listed as they are found.</source>
         <translation>Dienste im Netzwerk erscheinen hier, sobald sie gefunden sind.</translation>
@@ -87,25 +75,17 @@
         <source>Avahi could not look for services on the network: %1</source>
         <translation>Avahi konnte nicht nach Diensten im Netzwerk suchen: %1</translation>
     </message>
+    <message>
+        <source>Cannot look for services on the network: no system D-Bus</source>
+        <translation>Keine Suche nach Diensten im Netzwerk: kein System-D-Bus</translation>
+    </message>
+    <message>
+        <source>Cannot look for services on the network: Avahi is not running</source>
+        <translation>Keine Suche nach Diensten im Netzwerk: Avahi läuft nicht</translation>
+    </message>
 </context>
 <context>
     <name>ZLAvahiServicePublisher</name>
-    <message>
-        <source>There is no name or no port to announce on the network.</source>
-        <translation>Es gibt keinen Namen oder keinen Port, der sich im Netzwerk bekannt geben ließe.</translation>
-    </message>
-    <message>
-        <source>The system&apos;s message bus cannot be reached, so “%1” is not announced on the network.</source>
-        <translation>Der Nachrichtenbus des Systems ist nicht erreichbar, deshalb wird „%1“ nicht im Netzwerk bekannt gegeben.</translation>
-    </message>
-    <message>
-        <source>Avahi is not running, so “%1” is not announced on the network.</source>
-        <translation>Avahi läuft nicht, deshalb wird „%1“ nicht im Netzwerk bekannt gegeben.</translation>
-    </message>
-    <message>
-        <source>“%1” is about to be announced on the network.</source>
-        <translation>„%1“ wird gleich im Netzwerk bekannt gegeben.</translation>
-    </message>
     <message>
         <source>Announced on the network as “%1”, port %2.</source>
         <translation>Im Netzwerk bekannt als „%1“, Port %2.</translation>
@@ -115,12 +95,28 @@
         <translation>alle Namen sind vergeben</translation>
     </message>
     <message>
-        <source>The name “%1” is taken on the network; another one is being sought.</source>
-        <translation>Der Name „%1“ ist im Netzwerk vergeben; ein anderer wird gesucht.</translation>
+        <source>Not announced on the network: no name or no port</source>
+        <translation>Nicht im Netzwerk bekannt gegeben: kein Name oder kein Port</translation>
     </message>
     <message>
-        <source>Avahi could not announce “%1” on the network: %2</source>
-        <translation>Avahi konnte „%1“ nicht im Netzwerk bekannt geben: %2</translation>
+        <source>Not announced on the network: no system D-Bus</source>
+        <translation>Nicht im Netzwerk bekannt gegeben: kein System-D-Bus</translation>
+    </message>
+    <message>
+        <source>Not announced on the network: Avahi is not running</source>
+        <translation>Nicht im Netzwerk bekannt gegeben: Avahi läuft nicht</translation>
+    </message>
+    <message>
+        <source>Announcing “%1” on the network…</source>
+        <translation>„%1“ wird im Netzwerk bekannt gegeben …</translation>
+    </message>
+    <message>
+        <source>The name “%1” is taken on the network. Trying another one.</source>
+        <translation>Der Name „%1“ ist im Netzwerk vergeben. Ein anderer wird versucht.</translation>
+    </message>
+    <message>
+        <source>Not announced on the network: %1</source>
+        <translation>Nicht im Netzwerk bekannt gegeben: %1</translation>
     </message>
 </context>
 <context>
@@ -139,6 +135,37 @@
     <message>
         <source>The property list is damaged or cut short.</source>
         <translation>Die Eigenschaftsliste ist beschädigt oder abgeschnitten.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLBoundedFile</name>
+    <message>
+        <source>This is a symbolic link, which is not followed here.</source>
+        <translation>Das ist eine symbolische Verknüpfung, der hier nicht gefolgt wird.</translation>
+    </message>
+    <message>
+        <source>The file is larger than %1.</source>
+        <translation>Die Datei ist größer als %1.</translation>
+    </message>
+    <message>
+        <source>This is a folder, not a file.</source>
+        <translation>Das ist ein Ordner, keine Datei.</translation>
+    </message>
+    <message>
+        <source>This is a pipe, not a file.</source>
+        <translation>Das ist eine Pipe, keine Datei.</translation>
+    </message>
+    <message>
+        <source>This is a socket, not a file.</source>
+        <translation>Das ist ein Socket, keine Datei.</translation>
+    </message>
+    <message>
+        <source>This is a device, not a file.</source>
+        <translation>Das ist ein Gerät, keine Datei.</translation>
+    </message>
+    <message>
+        <source>This is not a regular file.</source>
+        <translation>Das ist keine gewöhnliche Datei.</translation>
     </message>
 </context>
 <context>
@@ -265,13 +292,13 @@
         <source>Move Template</source>
         <translation>Vorlage verschieben</translation>
     </message>
+    <message>
+        <source>Tidy Titles</source>
+        <translation>Titel aufräumen</translation>
+    </message>
 </context>
 <context>
     <name>ZLChapterDocumentWindow</name>
-    <message>
-        <source>Stop the recording before closing this window.</source>
-        <translation>Vor dem Schließen des Fensters bitte die Aufnahme anhalten.</translation>
-    </message>
     <message>
         <source>The recording starts after the beep.</source>
         <translation>Die Aufnahme beginnt nach dem Piepton.</translation>
@@ -283,10 +310,6 @@
     <message>
         <source>Start the recording</source>
         <translation>Die Aufnahme starten</translation>
-    </message>
-    <message>
-        <source>Add a chapter here. With Alt held it is a blank one.</source>
-        <translation>Hier ein Kapitel setzen, mit gedrückter Alt-Taste ein leeres.</translation>
     </message>
     <message>
         <source>Delete the selected chapter</source>
@@ -311,6 +334,69 @@
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>Pause the recording before closing this window.</source>
+        <translation>Vor dem Schließen des Fensters bitte die Aufnahme pausieren.</translation>
+    </message>
+    <message>
+        <source>untitled</source>
+        <translation>ohne Titel</translation>
+    </message>
+    <message>
+        <source>Recording: %1</source>
+        <translation>Aufnahme: %1</translation>
+    </message>
+    <message>
+        <source>Add a chapter now. Hold Alt for a blank one.</source>
+        <translation>Jetzt ein Kapitel setzen, mit gedrückter Alt-Taste ein leeres.</translation>
+    </message>
+    <message>
+        <source>Continue the recording: the clock goes on from where it stands</source>
+        <translation>Die Aufnahme fortsetzen: Die Uhr läuft dort weiter, wo sie steht</translation>
+    </message>
+</context>
+<context>
+    <name>ZLChapterEditItems</name>
+    <message>
+        <source>I&amp;nsert Chapter…</source>
+        <translation>Kapitel ein&amp;fügen …</translation>
+    </message>
+    <message>
+        <source>Tid&amp;y Titles</source>
+        <translation>Titel aufräu&amp;men</translation>
+    </message>
+    <message>
+        <source>&amp;Move Selected Chapter</source>
+        <translation>Ausgewähltes Kapitel &amp;verschieben</translation>
+    </message>
+    <message>
+        <source>0.1 s &amp;Earlier</source>
+        <translation>0,1 s &amp;früher</translation>
+    </message>
+    <message>
+        <source>0.1 s &amp;Later</source>
+        <translation>0,1 s &amp;später</translation>
+    </message>
+    <message>
+        <source>1 s E&amp;arlier</source>
+        <translation>1 s f&amp;rüher</translation>
+    </message>
+    <message>
+        <source>1 s La&amp;ter</source>
+        <translation>1 s s&amp;päter</translation>
+    </message>
+    <message>
+        <source>All titles are tidy.</source>
+        <translation>Alle Titel sind aufgeräumt.</translation>
+    </message>
+    <message>
+        <source>1 chapter tidied</source>
+        <translation>1 Kapitel aufgeräumt</translation>
+    </message>
+    <message>
+        <source>%1 chapters tidied</source>
+        <translation>%1 Kapitel aufgeräumt</translation>
     </message>
 </context>
 <context>
@@ -457,10 +543,6 @@
         <translation>--osc-send braucht RECHNER:PORT, nicht „%1“.</translation>
     </message>
     <message>
-        <source>--new and --headless exclude each other.</source>
-        <translation>--new und --headless schließen einander aus.</translation>
-    </message>
-    <message>
         <source>--record needs --headless.</source>
         <translation>--record braucht --headless.</translation>
     </message>
@@ -481,6 +563,14 @@
         <translation>--output geht nur mit einer einzigen Audiodatei.</translation>
     </message>
     <message>
+        <source>A file name is empty.</source>
+        <translation>Ein Dateiname ist leer.</translation>
+    </message>
+    <message>
+        <source>--new and --headless cannot be used together.</source>
+        <translation>--new und --headless gehen nicht zusammen.</translation>
+    </message>
+    <message>
         <source>Usage:
   zelta [--new] [FILE…]                open documents in windows, with --new a new one too
   zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record starts the clock at once;
@@ -491,7 +581,8 @@
                                        with --osc-port the one on that port of this computer
 %1  zelta formats                        list the export formats: name, tab, file type
   zelta export --format NAME [--option] --output OUT FILE
-                                       write the chapters of FILE to OUT; --option ticks the format&apos;s checkbox
+                                       write the chapters of FILE to OUT, - for the standard output; --option
+                                       ticks the format&apos;s checkbox
   zelta show [--json] FILE             print the chapters of FILE, a document or an audio file
   zelta write [--shift SECONDS] [--output OUT] FILE AUDIO…
                                        put the chapters of FILE into each audio file in place of its own,
@@ -510,7 +601,8 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
                                        mit --osc-port dem an diesem Port dieses Computers
 %1  zelta formats                        zählt die Exportformate auf: Name, Tabulator, Dateityp
   zelta export --format NAME [--option] --output ZIEL DATEI
-                                       schreibt die Kapitel von DATEI nach ZIEL; --option setzt das Häkchen des Formats
+                                       schreibt die Kapitel von DATEI nach ZIEL, - für die Standardausgabe;
+                                       --option setzt das Häkchen des Formats
   zelta show [--json] DATEI            gibt die Kapitel von DATEI aus, einem Dokument oder einer Audiodatei
   zelta write [--shift SEKUNDEN] [--output ZIEL] DATEI AUDIO…
                                        schreibt die Kapitel von DATEI in jede Audiodatei, anstelle der eigenen,
@@ -592,16 +684,8 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 <context>
     <name>ZLDocumentController</name>
     <message>
-        <source>%1: The file is open as another document.</source>
-        <translation>%1: Die Datei ist als anderes Dokument offen.</translation>
-    </message>
-    <message>
         <source>“%1” is recording. Pause the recording before you close it.</source>
         <translation>„%1“ nimmt auf. Vor dem Schließen bitte die Aufnahme pausieren.</translation>
-    </message>
-    <message>
-        <source>%1: This is not a file.</source>
-        <translation>%1: Das ist keine Datei.</translation>
     </message>
     <message>
         <source>Untitled</source>
@@ -637,16 +721,16 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 <context>
     <name>ZLDocumentSaver</name>
     <message>
-        <source>“%1” has no file yet.</source>
-        <translation>„%1“ hat noch keine Datei.</translation>
-    </message>
-    <message>
         <source>The clock is running. Pause the recording before you revert.</source>
         <translation>Die Uhr läuft. Vor dem Zurücksetzen bitte die Aufnahme pausieren.</translation>
     </message>
     <message>
         <source>The disk does not answer</source>
         <translation>Die Platte antwortet nicht</translation>
+    </message>
+    <message>
+        <source>“%1” is not in a file yet.</source>
+        <translation>„%1“ hat noch keine Datei.</translation>
     </message>
 </context>
 <context>
@@ -683,16 +767,24 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Time since the last chapter</source>
         <translation>Zeit seit dem letzten Kapitel</translation>
     </message>
+    <message>
+        <source>in chapter</source>
+        <translation>im Kapitel</translation>
+    </message>
+    <message>
+        <source>Title of the next chapter</source>
+        <translation>Titel des nächsten Kapitels</translation>
+    </message>
+    <message>
+        <source>The next chapter takes this title: %1</source>
+        <translation>Das nächste Kapitel bekommt diesen Titel: %1</translation>
+    </message>
 </context>
 <context>
     <name>ZLDocumentWindows</name>
     <message>
         <source>Dismiss</source>
         <translation>Schließen</translation>
-    </message>
-    <message>
-        <source>Stop the recording before quitting.</source>
-        <translation>Vor dem Beenden bitte die Aufnahme anhalten.</translation>
     </message>
     <message>
         <source>Not everything could be saved: %1</source>
@@ -707,24 +799,12 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>Exported %1.</source>
-        <translation>%1 exportiert.</translation>
-    </message>
-    <message>
-        <source>Show in Folder</source>
-        <translation>Im Ordner zeigen</translation>
-    </message>
-    <message>
-        <source>The export failed. %1</source>
-        <translation>Der Export ist fehlgeschlagen. %1</translation>
-    </message>
-    <message>
-        <source>No chapters were inserted into “%1”. %2</source>
-        <translation>In „%1“ wurden keine Kapitel eingefügt. %2</translation>
-    </message>
-    <message>
         <source>Cannot save: %1</source>
         <translation>Speichern nicht möglich: %1</translation>
+    </message>
+    <message>
+        <source>Pause the recording before quitting.</source>
+        <translation>Vor dem Beenden bitte die Aufnahme pausieren.</translation>
     </message>
 </context>
 <context>
@@ -785,16 +865,8 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Keine aktiven Kapitel: Die Datei wird keine enthalten.</translation>
     </message>
     <message>
-        <source>Players know no negative times: see %1.</source>
-        <translation>Abspielprogramme kennen keine negativen Zeiten: siehe %1.</translation>
-    </message>
-    <message>
         <source>A negative time is written without its sign: see %1.</source>
         <translation>Negative Zeiten werden ohne Vorzeichen geschrieben: siehe %1.</translation>
-    </message>
-    <message>
-        <source>Players never get past the end of the recording: see %1.</source>
-        <translation>Abspielprogramme kommen nicht über das Ende der Aufnahme hinaus: siehe %1.</translation>
     </message>
     <message>
         <source>Players show one of two chapters with the same time: %1.</source>
@@ -805,24 +877,12 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Ein Kapitel ist hier eine Zeile: In %1 steht ein Zeilenumbruch.</translation>
     </message>
     <message>
-        <source>XML knows no control characters, so the file will not open: there is one in %1.</source>
-        <translation>XML kennt keine Steuerzeichen, die Datei wird sich nicht öffnen lassen: In %1 steht eines.</translation>
-    </message>
-    <message>
         <source>Chapter readers misread &lt; and &gt; as a link: there is one in the title of %1.</source>
         <translation>Programme, die Kapitel lesen, halten &lt; und &gt; für einen Link: Im Titel von %1 steht eines davon.</translation>
     </message>
     <message>
-        <source>No chapters from the start on: the project will have no markers.</source>
-        <translation>Keine Kapitel ab dem Beginn: Das Projekt wird keine Marker haben.</translation>
-    </message>
-    <message>
         <source>Markers with a negative time are left out: see %1.</source>
         <translation>Marker mit negativer Zeit entfallen: siehe %1.</translation>
-    </message>
-    <message>
-        <source>The recording goes on: the clip will end where it was last stopped.</source>
-        <translation>Die Aufnahme läuft noch: Der Clip endet dort, wo sie zuletzt angehalten wurde.</translation>
     </message>
     <message>
         <source>The clip ends with the recording, before %1.</source>
@@ -845,10 +905,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Die Session hat kein &lt;/Session&gt;: Für die Marker ist kein Platz.</translation>
     </message>
     <message>
-        <source>A session knows no negative times: see %1.</source>
-        <translation>Eine Session kennt keine negativen Zeiten: siehe %1.</translation>
-    </message>
-    <message>
         <source>A session with &lt; or &quot; in a text may not open again: there is one in %1.</source>
         <translation>Eine Session mit &lt; oder &quot; in einem Text lässt sich womöglich nicht mehr öffnen: In %1 steht eines davon.</translation>
     </message>
@@ -869,16 +925,8 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Ein Tag braucht einen Text: In %1 fehlt der Titel.</translation>
     </message>
     <message>
-        <source>Tags end at a comma, so that one title becomes two: there is one in %1.</source>
-        <translation>Tags enden am Komma, aus einem Titel werden so zwei: In %1 steht eines.</translation>
-    </message>
-    <message>
         <source>All tags stand on one line: there is a line break in %1.</source>
         <translation>Alle Tags stehen in einer Zeile: In %1 steht ein Zeilenumbruch.</translation>
-    </message>
-    <message>
-        <source>Times are whole seconds, and YouTube wants them to rise: %1 fall into the same second.</source>
-        <translation>Zeiten sind ganze Sekunden, und YouTube will sie aufsteigend: In dieselbe Sekunde fallen %1.</translation>
     </message>
     <message>
         <source>YouTube takes no &lt; or &gt; in a description: there is one in the title of %1.</source>
@@ -887,14 +935,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>YouTube takes no &lt; or &gt; in a description: remove them around the link of %1.</source>
         <translation>YouTube nimmt kein &lt; oder &gt; in einer Beschreibung: Beim Link von %1 bitte entfernen.</translation>
-    </message>
-    <message>
-        <source>A YouTube description holds 5000 bytes: these are %1.</source>
-        <translation>Eine YouTube-Beschreibung fasst 5000 Bytes: Das hier sind %1.</translation>
-    </message>
-    <message>
-        <source>Listeners see chapters by their titles: there is none in %1.</source>
-        <translation>Hörer sehen Kapitel mit ihrem Titel: In %1 fehlt er.</translation>
     </message>
     <message>
         <source>Control characters are shown as boxes or break the text: there is one in %1.</source>
@@ -912,12 +952,75 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>YouTube will ignore these chapters: %1.</source>
         <translation>YouTube wird diese Kapitel übergehen: %1.</translation>
     </message>
+    <message>
+        <source>Players do not support negative times: see %1.</source>
+        <translation>Abspielprogramme kennen keine negativen Zeiten: siehe %1.</translation>
+    </message>
+    <message>
+        <source>Players never reach chapters after the end of the recording: see %1.</source>
+        <translation>Abspielprogramme erreichen keine Kapitel nach dem Ende der Aufnahme: siehe %1.</translation>
+    </message>
+    <message>
+        <source>XML allows no control characters, so the file will not open: there is one in %1.</source>
+        <translation>XML erlaubt keine Steuerzeichen, die Datei wird sich nicht öffnen lassen: In %1 steht eines.</translation>
+    </message>
+    <message>
+        <source>Players show chapters by their titles: there is none in %1.</source>
+        <translation>Abspielprogramme zeigen Kapitel mit ihrem Titel: In %1 fehlt er.</translation>
+    </message>
+    <message>
+        <source>No chapters at 00:00 or later: the project will have no markers.</source>
+        <translation>Keine Kapitel ab 00:00: Das Projekt wird keine Marker haben.</translation>
+    </message>
+    <message>
+        <source>The recording is still running: the clip will end where it was last paused.</source>
+        <translation>Die Aufnahme läuft noch: Der Clip endet dort, wo sie zuletzt pausiert wurde.</translation>
+    </message>
+    <message>
+        <source>Hindenburg does not support negative times: see %1.</source>
+        <translation>Hindenburg kennt keine negativen Zeiten: siehe %1.</translation>
+    </message>
+    <message>
+        <source>A comma makes two tags of one title: there is one in %1.</source>
+        <translation>Ein Komma macht aus einem Titel zwei Tags: In %1 steht eines.</translation>
+    </message>
+    <message>
+        <source>YouTube needs rising times in whole seconds: %1 fall into the same second.</source>
+        <translation>YouTube braucht aufsteigende Zeiten in ganzen Sekunden: In dieselbe Sekunde fallen %1.</translation>
+    </message>
+    <message>
+        <source>A YouTube description holds 5000 bytes at most: this list has %1.</source>
+        <translation>Eine YouTube-Beschreibung fasst höchstens 5000 Bytes: Diese Liste hat %1.</translation>
+    </message>
 </context>
 <context>
     <name>ZLExportAdviceView</name>
     <message>
         <source>Attention</source>
         <translation>Achtung</translation>
+    </message>
+</context>
+<context>
+    <name>ZLExportDisplay</name>
+    <message>
+        <source>Exported %1.</source>
+        <translation>%1 exportiert.</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>The export failed. %1</source>
+        <translation>Der Export ist fehlgeschlagen. %1</translation>
+    </message>
+    <message>
+        <source>No chapters were inserted into “%1”. %2</source>
+        <translation>In „%1“ wurden keine Kapitel eingefügt. %2</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -964,10 +1067,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Export to %1</source>
         <translation>Export für %1</translation>
-    </message>
-    <message>
-        <source>The document was closed before it could be exported.</source>
-        <translation>Das Dokument wurde geschlossen, bevor es exportiert werden konnte.</translation>
     </message>
     <message>
         <source>Zelta</source>
@@ -1052,16 +1151,16 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>%1: Der Export würde das Dokument selbst ersetzen.</translation>
     </message>
     <message>
-        <source>%1: this is no ordinary file.</source>
-        <translation>%1: Das ist keine gewöhnliche Datei.</translation>
-    </message>
-    <message>
         <source>The standard output could not be written.</source>
         <translation>Die Standardausgabe ließ sich nicht schreiben.</translation>
     </message>
     <message>
         <source>%1: the audio file would replace the chapters&apos; own file.</source>
         <translation>%1: Die Audiodatei würde die Datei mit den Kapiteln ersetzen.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; rewrites a session, so --output needs its file.</source>
+        <translation>„%1“ schreibt eine Session um, deshalb braucht --output deren Datei.</translation>
     </message>
 </context>
 <context>
@@ -1259,14 +1358,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>ausgewählt: %1</translation>
     </message>
     <message>
-        <source>removed %1</source>
-        <translation>entfernt: %1</translation>
-    </message>
-    <message>
-        <source>The recording was interrupted on %1 at %2. The clock stands: &quot;continue&quot; lets it run as if it had never stopped, &quot;keep&quot; keeps it paused.</source>
-        <translation>Die Aufnahme wurde am %1 bei %2 unterbrochen. Die Uhr steht: „continue“ lässt sie laufen, als hätte sie nie gestanden, „keep“ lässt sie pausiert.</translation>
-    </message>
-    <message>
         <source>give the selected chapter the title that follows</source>
         <translation>gibt dem ausgewählten Kapitel den Titel, der folgt</translation>
     </message>
@@ -1335,10 +1426,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Datei: %1, %2</translation>
     </message>
     <message>
-        <source>document: %1 (has no file yet, back at the next start)</source>
-        <translation>Dokument: %1 (noch ohne Datei, beim nächsten Start wieder da)</translation>
-    </message>
-    <message>
         <source>document: %1</source>
         <translation>Dokument: %1</translation>
     </message>
@@ -1394,16 +1481,24 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>%1 is read-only: what changes is kept, but cannot be written to it.</source>
         <translation>%1 ist schreibgeschützt: Was sich ändert, wird aufbewahrt, kann aber nicht hineingeschrieben werden.</translation>
     </message>
+    <message>
+        <source>deleted %1</source>
+        <translation>gelöscht: %1</translation>
+    </message>
+    <message>
+        <source>The recording was interrupted on %1 at %2. The clock is paused: &quot;continue&quot; lets it run as if it had never stopped, &quot;keep&quot; keeps it paused.</source>
+        <translation>Die Aufnahme wurde am %1 bei %2 unterbrochen. Die Uhr ist pausiert: „continue“ lässt sie laufen, als hätte sie nie gestanden, „keep“ lässt sie pausiert.</translation>
+    </message>
+    <message>
+        <source>document: %1 (not in a file yet, kept safe)</source>
+        <translation>Dokument: %1 (noch ohne Datei, sicher aufbewahrt)</translation>
+    </message>
 </context>
 <context>
     <name>ZLHeadlessSavingReports</name>
     <message>
         <source>saved</source>
         <translation>gespeichert</translation>
-    </message>
-    <message>
-        <source>being saved</source>
-        <translation>wird gespeichert</translation>
     </message>
     <message>
         <source>not saved: %1</source>
@@ -1432,6 +1527,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying again until it works.</source>
         <translation>In den Wiederherstellungsordner kann nicht geschrieben werden: %1. Bei einem Absturz kann verloren gehen, was noch nicht in der Datei steht. Es wird weiter versucht, bis es gelingt.</translation>
+    </message>
+    <message>
+        <source>saving</source>
+        <translation>wird gespeichert</translation>
     </message>
 </context>
 <context>
@@ -1521,8 +1620,58 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Die Datei endet in dem Tag an ihrem Anfang.</translation>
     </message>
     <message>
-        <source>The tag would become larger than a tag can be.</source>
-        <translation>Das Tag würde größer, als ein Tag sein kann.</translation>
+        <source>The tag at the beginning has too many entries.</source>
+        <translation>Das Tag am Anfang hat zu viele Einträge.</translation>
+    </message>
+    <message>
+        <source>The tag would become larger than %1 MiB.</source>
+        <translation>Das Tag würde größer als %1 MiB.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLImportNews</name>
+    <message>
+        <source>1 template imported</source>
+        <translation>1 Vorlage importiert</translation>
+    </message>
+    <message>
+        <source>%1 templates imported</source>
+        <translation>%1 Vorlagen importiert</translation>
+    </message>
+    <message>
+        <source>No line begins with “- ”</source>
+        <translation>Keine Zeile beginnt mit „- “</translation>
+    </message>
+    <message>
+        <source>Import the Line</source>
+        <translation>Die Zeile importieren</translation>
+    </message>
+    <message>
+        <source>Import the %1 Lines</source>
+        <translation>Die %1 Zeilen importieren</translation>
+    </message>
+</context>
+<context>
+    <name>ZLInsertChapterDialog</name>
+    <message>
+        <source>Insert Chapter</source>
+        <translation>Kapitel einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Time of the new chapter:</source>
+        <translation>&amp;Zeit des neuen Kapitels:</translation>
+    </message>
+    <message>
+        <source>Time of the new chapter</source>
+        <translation>Zeit des neuen Kapitels</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfg</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -1947,19 +2096,23 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 <context>
     <name>ZLMediaSource</name>
     <message>
-        <source>%1: this is no ordinary file.</source>
-        <translation>%1: Das ist keine gewöhnliche Datei.</translation>
-    </message>
-    <message>
         <source>Another program has changed the audio file meanwhile.</source>
         <translation>Ein anderes Programm hat die Audiodatei inzwischen geändert.</translation>
+    </message>
+    <message>
+        <source>%1: This is not a regular file.</source>
+        <translation>%1: Dies ist keine gewöhnliche Datei.</translation>
     </message>
 </context>
 <context>
     <name>ZLMessageRow</name>
     <message>
-        <source>Attention</source>
-        <translation>Achtung</translation>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>Frage</translation>
     </message>
 </context>
 <context>
@@ -1999,8 +2152,8 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 <context>
     <name>ZLNullHotKeyBackend</name>
     <message>
-        <source>This window system has no system-wide shortcuts.</source>
-        <translation>Dieses Fenstersystem hat keine systemweiten Tastenkürzel.</translation>
+        <source>This window system has no global shortcuts.</source>
+        <translation>Dieses Fenstersystem hat keine globalen Kürzel.</translation>
     </message>
 </context>
 <context>
@@ -2012,10 +2165,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 </context>
 <context>
     <name>ZLOSCAcceptPanel</name>
-    <message>
-        <source>Who May Speak</source>
-        <translation>Wer sprechen darf</translation>
-    </message>
     <message>
         <source>&amp;This computer only</source>
         <translation>&amp;Nur dieser Computer</translation>
@@ -2029,28 +2178,32 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Nur diese &amp;Adressen</translation>
     </message>
     <message>
-        <source>Addresses that may speak</source>
-        <translation>Adressen, die sprechen dürfen</translation>
-    </message>
-    <message>
-        <source>The list is empty, so nobody may speak.</source>
-        <translation>Die Liste ist leer, also darf niemand sprechen.</translation>
-    </message>
-    <message>
-        <source>Address or network that may speak</source>
-        <translation>Adresse oder Netzwerk, das sprechen darf</translation>
-    </message>
-    <message>
         <source>192.168.1.20 or 192.168.1.0/24</source>
         <translation>192.168.1.20 oder 192.168.1.0/24</translation>
     </message>
     <message>
-        <source>“%1” is no address. Write an address such as 192.168.1.20, or a network such as 192.168.1.0/24.</source>
-        <translation>„%1“ ist keine Adresse. Richtig ist eine Adresse wie 192.168.1.20 oder ein Netzwerk wie 192.168.1.0/24.</translation>
-    </message>
-    <message>
         <source>“%1” is in the list already.</source>
         <translation>„%1“ steht schon in der Liste.</translation>
+    </message>
+    <message>
+        <source>Accept Messages From</source>
+        <translation>Nachrichten annehmen von</translation>
+    </message>
+    <message>
+        <source>Accepted addresses</source>
+        <translation>Erlaubte Adressen</translation>
+    </message>
+    <message>
+        <source>The list is empty: no message is accepted.</source>
+        <translation>Die Liste ist leer: Keine Nachricht wird angenommen.</translation>
+    </message>
+    <message>
+        <source>Address or network to accept</source>
+        <translation>Adresse oder Netzwerk, das erlaubt ist</translation>
+    </message>
+    <message>
+        <source>“%1” is not an address. Enter an address such as 192.168.1.20, or a network such as 192.168.1.0/24.</source>
+        <translation>„%1“ ist keine Adresse. Richtig ist eine Adresse wie 192.168.1.20 oder ein Netzwerk wie 192.168.1.0/24.</translation>
     </message>
 </context>
 <context>
@@ -2160,18 +2313,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Port:</translation>
     </message>
     <message>
-        <source>Wanted port</source>
-        <translation>Gewünschter Port</translation>
-    </message>
-    <message>
-        <source>When this port is taken, one of the nine after it is used.</source>
-        <translation>Ist dieser Port vergeben, wird einer der neun danach benutzt.</translation>
-    </message>
-    <message>
-        <source>Wanted port:</source>
-        <translation>Gewünschter Port:</translation>
-    </message>
-    <message>
         <source>Address: %1</source>
         <translation>Adresse: %1</translation>
     </message>
@@ -2184,8 +2325,20 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Port: %1</translation>
     </message>
     <message>
-        <source>Port %1 is in use now, not the wanted one.</source>
-        <translation>In Gebrauch ist jetzt Port %1, nicht der gewünschte.</translation>
+        <source>Preferred port</source>
+        <translation>Bevorzugter Port</translation>
+    </message>
+    <message>
+        <source>If this port is taken, one of the next nine is used.</source>
+        <translation>Ist dieser Port vergeben, wird einer der nächsten neun benutzt.</translation>
+    </message>
+    <message>
+        <source>Preferred port:</source>
+        <translation>Bevorzugter Port:</translation>
+    </message>
+    <message>
+        <source>Port %1 is used instead of the preferred one.</source>
+        <translation>Statt des bevorzugten wird Port %1 benutzt.</translation>
     </message>
 </context>
 <context>
@@ -2368,10 +2521,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>bereit, unter %1</translation>
     </message>
     <message>
-        <source>“%1” is no host with a port. Write it as 192.168.1.20:9000 or tablet.local:9000.</source>
-        <translation>„%1“ ist kein Rechner mit Port. Richtig ist 192.168.1.20:9000 oder tablet.local:9000.</translation>
-    </message>
-    <message>
         <source>“%1” is in the list already.</source>
         <translation>„%1“ steht schon in der Liste.</translation>
     </message>
@@ -2384,8 +2533,12 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Erreichbarkeit</translation>
     </message>
     <message>
-        <source>being answered</source>
-        <translation>bekommt Antwort</translation>
+        <source>“%1” is not a host and port. Enter for example 192.168.1.20:9000 or tablet.local:9000.</source>
+        <translation>„%1“ ist kein Rechner mit Port. Richtig ist zum Beispiel 192.168.1.20:9000 oder tablet.local:9000.</translation>
+    </message>
+    <message>
+        <source>getting replies</source>
+        <translation>bekommt Antworten</translation>
     </message>
 </context>
 <context>
@@ -2403,12 +2556,12 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>192.168.1.20:9000</translation>
     </message>
     <message>
-        <source>&amp;Answer whoever sends a valid command, for %1 seconds after the last one</source>
-        <translation>Wer einen gültigen Befehl &amp;sendet, bekommt danach %1 Sekunden lang Antwort</translation>
-    </message>
-    <message>
         <source>Messages go to the address and port that the command came from.</source>
         <translation>Nachrichten gehen an die Adresse und den Port, von denen der Befehl kam.</translation>
+    </message>
+    <message>
+        <source>&amp;Reply to senders of valid commands for %1 seconds</source>
+        <translation>Absendern gültiger Befehle %1 Sekunden lang &amp;antworten</translation>
     </message>
 </context>
 <context>
@@ -2464,6 +2617,56 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
 </context>
 <context>
+    <name>ZLOutsideNewsDisplay</name>
+    <message>
+        <source>Chapter %1 at %2, from %3</source>
+        <translation>Kapitel %1 bei %2, durch %3</translation>
+    </message>
+    <message>
+        <source>“%1”, from %2, went to “%3” and could do nothing there: %4.</source>
+        <translation>„%1“, durch %2, ging an „%3“ und konnte dort nichts tun: %4.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ZLOutsideTargetDisplay</name>
+    <message>
+        <source>Commands From Outside Come Here</source>
+        <translation>Befehle von außen hierher</translation>
+    </message>
+    <message>
+        <source>Outside commands stay here</source>
+        <translation>Befehle von außen bleiben hier</translation>
+    </message>
+    <message>
+        <source>Outside commands come here</source>
+        <translation>Befehle von außen kommen hierher</translation>
+    </message>
+    <message>
+        <source>Commands from outside stay here until this document is closed.</source>
+        <translation>Befehle von außen bleiben hier, bis dieses Dokument geschlossen wird.</translation>
+    </message>
+    <message>
+        <source>OSC, zelta send and system-wide shortcuts act on this document.</source>
+        <translation>OSC, zelta send und systemweite Kürzel wirken auf dieses Dokument.</translation>
+    </message>
+    <message>
+        <source>They stay with it until it is closed. Click to let them follow the window in front.</source>
+        <translation>Sie bleiben bei ihm, bis es geschlossen wird. Ein Klick lässt sie wieder dem Fenster folgen, das vorn ist.</translation>
+    </message>
+    <message>
+        <source>While another program is in front they go to “%1”. Click to keep them here.</source>
+        <translation>Solange ein anderes Programm vorn ist, gehen sie an „%1“. Ein Klick behält sie hier.</translation>
+    </message>
+    <message>
+        <source>While another window of Zelta is in front they go to that. Click to keep them here.</source>
+        <translation>Solange ein anderes Fenster von Zelta vorn ist, gehen sie dorthin. Ein Klick behält sie hier.</translation>
+    </message>
+</context>
+<context>
     <name>ZLPieceWriter</name>
     <message>
         <source>The writing was cancelled.</source>
@@ -2484,12 +2687,12 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
 <context>
     <name>ZLPortalHotKeyBackend</name>
     <message>
-        <source>The desktop gave this shortcut no keys.</source>
-        <translation>Der Desktop hat diesem Kürzel keine Tasten gegeben.</translation>
-    </message>
-    <message>
         <source>The desktop portal has ended.</source>
         <translation>Das Portal des Desktops hat sich beendet.</translation>
+    </message>
+    <message>
+        <source>The desktop assigned no keys to this shortcut.</source>
+        <translation>Der Desktop hat diesem Kürzel keine Tasten gegeben.</translation>
     </message>
 </context>
 <context>
@@ -2507,16 +2710,16 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Der Desktop hat die Kürzel zurückgezogen.</translation>
     </message>
     <message>
-        <source>This desktop&apos;s portal has no system-wide shortcuts.</source>
-        <translation>Das Portal dieses Desktops hat keine systemweiten Kürzel.</translation>
-    </message>
-    <message>
         <source>The shortcuts were declined in the desktop&apos;s dialog.</source>
         <translation>Die Kürzel wurden im Dialog des Desktops abgelehnt.</translation>
     </message>
     <message>
         <source>The desktop refuses the shortcuts.</source>
         <translation>Der Desktop lehnt die Kürzel ab.</translation>
+    </message>
+    <message>
+        <source>This desktop&apos;s portal has no global shortcuts.</source>
+        <translation>Das Portal dieses Desktops hat keine globalen Kürzel.</translation>
     </message>
 </context>
 <context>
@@ -2610,10 +2813,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>&amp;Neues Kapitel</translation>
     </message>
     <message>
-        <source>&amp;Delete Selected Chapter</source>
-        <translation>Ausgewähltes Kapitel &amp;löschen</translation>
-    </message>
-    <message>
         <source>Delete &amp;Last Chapter</source>
         <translation>L&amp;etztes Kapitel löschen</translation>
     </message>
@@ -2641,20 +2840,16 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <source>Edit Lin&amp;k</source>
         <translation>L&amp;ink bearbeiten</translation>
     </message>
+    <message>
+        <source>&amp;Delete Chapter</source>
+        <translation>Kapitel lö&amp;schen</translation>
+    </message>
 </context>
 <context>
     <name>ZLRemoteActions</name>
     <message>
         <source>Start or Pause Recording</source>
         <translation>Aufnahme starten oder pausieren</translation>
-    </message>
-    <message>
-        <source>start, pause or resume the clock</source>
-        <translation>startet die Uhr, hält sie an oder lässt sie weiterlaufen</translation>
-    </message>
-    <message>
-        <source>the clock starts when the start sound ends</source>
-        <translation>die Uhr startet, wenn der Startton endet</translation>
     </message>
     <message>
         <source>New Chapter</source>
@@ -2669,24 +2864,12 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>die Uhr läuft nicht</translation>
     </message>
     <message>
-        <source>Delete Selected Chapter</source>
-        <translation>Ausgewähltes Kapitel löschen</translation>
-    </message>
-    <message>
-        <source>remove the selected chapter</source>
-        <translation>entfernt das ausgewählte Kapitel</translation>
-    </message>
-    <message>
         <source>no chapter is selected</source>
         <translation>kein Kapitel ist ausgewählt</translation>
     </message>
     <message>
         <source>Delete Last Chapter</source>
         <translation>Letztes Kapitel löschen</translation>
-    </message>
-    <message>
-        <source>remove the latest chapter</source>
-        <translation>entfernt das letzte Kapitel</translation>
     </message>
     <message>
         <source>there are no chapters</source>
@@ -2716,6 +2899,26 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <source>there is no chapter after</source>
         <translation>danach ist kein Kapitel</translation>
     </message>
+    <message>
+        <source>start or pause the clock</source>
+        <translation>startet die Uhr oder pausiert sie</translation>
+    </message>
+    <message>
+        <source>the clock starts after the beep</source>
+        <translation>die Uhr startet nach dem Piepton</translation>
+    </message>
+    <message>
+        <source>Delete Chapter</source>
+        <translation>Kapitel löschen</translation>
+    </message>
+    <message>
+        <source>delete the selected chapter</source>
+        <translation>löscht das ausgewählte Kapitel</translation>
+    </message>
+    <message>
+        <source>delete the last chapter</source>
+        <translation>löscht das letzte Kapitel</translation>
+    </message>
 </context>
 <context>
     <name>ZLRemoteOutcome</name>
@@ -2732,16 +2935,8 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Aufnahme gestartet</translation>
     </message>
     <message>
-        <source>played the start sound</source>
-        <translation>Startton abgespielt</translation>
-    </message>
-    <message>
         <source>added a chapter</source>
         <translation>Kapitel gesetzt</translation>
-    </message>
-    <message>
-        <source>removed a chapter</source>
-        <translation>Kapitel entfernt</translation>
     </message>
     <message>
         <source>selected chapter %1</source>
@@ -2750,6 +2945,25 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>did nothing: %1</source>
         <translation>nichts getan: %1</translation>
+    </message>
+    <message>
+        <source>played the beep</source>
+        <translation>Piepton abgespielt</translation>
+    </message>
+    <message>
+        <source>deleted a chapter</source>
+        <translation>Kapitel gelöscht</translation>
+    </message>
+    <message>
+        <source>did nothing in “%1”: %2; “%3” is recording</source>
+        <translation>nichts getan in „%1“: %2; „%3“ nimmt auf</translation>
+    </message>
+</context>
+<context>
+    <name>ZLRemoteSource</name>
+    <message>
+        <source>a system-wide shortcut</source>
+        <translation>ein systemweites Kürzel</translation>
     </message>
 </context>
 <context>
@@ -2767,28 +2981,28 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>OSC aus</translation>
     </message>
     <message>
-        <source>hotkeys off</source>
-        <translation>Kürzel aus</translation>
-    </message>
-    <message>
-        <source>Shortcuts work while Zelta is in front.</source>
-        <translation>Kürzel wirken, solange Zelta vorn ist.</translation>
-    </message>
-    <message>
-        <source>hotkeys refused</source>
-        <translation>Kürzel abgelehnt</translation>
-    </message>
-    <message>
-        <source>hotkeys on</source>
-        <translation>Kürzel an</translation>
-    </message>
-    <message>
-        <source>Recorded shortcuts work in the whole system.</source>
-        <translation>Aufgezeichnete Kürzel wirken im ganzen System.</translation>
-    </message>
-    <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Global shortcuts off</source>
+        <translation>Globale Kürzel aus</translation>
+    </message>
+    <message>
+        <source>Shortcuts work only while Zelta is in front.</source>
+        <translation>Kürzel wirken nur, solange Zelta vorn ist.</translation>
+    </message>
+    <message>
+        <source>Global shortcuts refused</source>
+        <translation>Globale Kürzel abgelehnt</translation>
+    </message>
+    <message>
+        <source>Global shortcuts on</source>
+        <translation>Globale Kürzel an</translation>
+    </message>
+    <message>
+        <source>Shortcuts also work while another program is in front.</source>
+        <translation>Kürzel wirken auch, wenn ein anderes Programm vorn ist.</translation>
     </message>
 </context>
 <context>
@@ -2833,10 +3047,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
 <context>
     <name>ZLSavePanel</name>
     <message>
-        <source>Saved. Changes from here on are saved by themselves.</source>
-        <translation>Gespeichert. Änderungen speichern sich ab jetzt von selbst.</translation>
-    </message>
-    <message>
         <source>Save Chapters As</source>
         <translation>Kapitel speichern unter</translation>
     </message>
@@ -2872,6 +3082,10 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
+    <message>
+        <source>Saved. Further changes are saved automatically.</source>
+        <translation>Gespeichert. Weitere Änderungen werden automatisch gespeichert.</translation>
+    </message>
 </context>
 <context>
     <name>ZLSavingDisplay</name>
@@ -2880,40 +3094,12 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Ein anderes Programm hat „%1“ geändert. %2</translation>
     </message>
     <message>
-        <source>Keep mine</source>
-        <translation>Meines behalten</translation>
-    </message>
-    <message>
-        <source>Take theirs</source>
-        <translation>Das andere übernehmen</translation>
-    </message>
-    <message>
-        <source>Keep both</source>
-        <translation>Beide behalten</translation>
-    </message>
-    <message>
-        <source>“%1” is also open elsewhere (%2). What is changed there is never overwritten without asking.</source>
-        <translation>„%1“ ist auch anderswo offen (%2). Was dort geändert wird, wird nie ohne Nachfrage überschrieben.</translation>
-    </message>
-    <message>
         <source>OK</source>
         <translation>OK</translation>
     </message>
     <message>
         <source>Save As…</source>
         <translation>Speichern unter&#xa0;…</translation>
-    </message>
-    <message>
-        <source>The recording was interrupted on %1 at %2. The clock stands until you decide.</source>
-        <translation>Die Aufnahme wurde am %1 um %2 unterbrochen. Die Uhr steht, bis die Entscheidung fällt.</translation>
-    </message>
-    <message>
-        <source>Continue the running clock</source>
-        <translation>Die Uhr weiterlaufen lassen</translation>
-    </message>
-    <message>
-        <source>Keep it paused at the last reading</source>
-        <translation>Beim letzten Stand pausiert lassen</translation>
     </message>
     <message>
         <source>The document is not saved: %1 Zelta keeps trying.</source>
@@ -2940,20 +3126,48 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Gespeichert</translation>
     </message>
     <message>
-        <source>Kept, no file yet</source>
-        <translation>Aufbewahrt, ohne Datei</translation>
-    </message>
-    <message>
-        <source>Nothing to save yet</source>
-        <translation>Noch nichts zu speichern</translation>
-    </message>
-    <message>
-        <source>This document has no file yet. It is kept aside and is back at the next start. Click to save it to a file.</source>
-        <translation>Dieses Dokument hat noch keine Datei. Es wird aufbewahrt und ist beim nächsten Start wieder da. Ein Klick speichert es in eine Datei.</translation>
-    </message>
-    <message>
         <source>Every change is written to %1. Click to save under another name.</source>
         <translation>Jede Änderung wird in %1 geschrieben. Ein Klick speichert unter anderem Namen.</translation>
+    </message>
+    <message>
+        <source>Keep Mine</source>
+        <translation>Meines behalten</translation>
+    </message>
+    <message>
+        <source>Take Theirs</source>
+        <translation>Das andere übernehmen</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Beide behalten</translation>
+    </message>
+    <message>
+        <source>“%1” is also open elsewhere (%2). Changes made there are never overwritten without asking.</source>
+        <translation>„%1“ ist auch anderswo offen (%2). Änderungen von dort werden nie ohne Nachfrage überschrieben.</translation>
+    </message>
+    <message>
+        <source>The recording was interrupted on %1 at %2. The clock is paused until you decide.</source>
+        <translation>Die Aufnahme wurde am %1 um %2 unterbrochen. Die Uhr bleibt pausiert, bis die Entscheidung fällt.</translation>
+    </message>
+    <message>
+        <source>Continue as if Never Stopped</source>
+        <translation>Weiter, als hätte sie nie gestanden</translation>
+    </message>
+    <message>
+        <source>Stay Paused</source>
+        <translation>Pausiert lassen</translation>
+    </message>
+    <message>
+        <source>Not in a file yet, kept safe</source>
+        <translation>Noch ohne Datei, sicher aufbewahrt</translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation>Leer</translation>
+    </message>
+    <message>
+        <source>This document is not in a file yet. It is kept safe and opens again at the next start. Click to save it to a file.</source>
+        <translation>Dieses Dokument hat noch keine Datei. Es wird sicher aufbewahrt und ist beim nächsten Start wieder da. Ein Klick speichert es in eine Datei.</translation>
     </message>
 </context>
 <context>
@@ -2968,10 +3182,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>This key cannot be part of a shortcut.</source>
         <translation>Diese Taste kann nicht Teil eines Kürzels sein.</translation>
-    </message>
-    <message>
-        <source>Hold Ctrl, Alt or Super with it, or take a function key.</source>
-        <translation>Strg, Alt oder Super dazu halten oder eine Funktionstaste nehmen.</translation>
     </message>
     <message>
         <source>Unknown key</source>
@@ -2989,6 +3199,10 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>Add Ctrl, Alt or Super, or use a function key.</source>
+        <translation>Strg, Alt oder Super dazu halten oder eine Funktionstaste nehmen.</translation>
+    </message>
 </context>
 <context>
     <name>ZLShortcutList</name>
@@ -3001,12 +3215,12 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>%1 (abgelehnt)</translation>
     </message>
     <message>
-        <source>In the Whole System</source>
-        <translation>Im ganzen System</translation>
+        <source>Global Shortcuts</source>
+        <translation>Globale Kürzel</translation>
     </message>
     <message>
-        <source>In the Whole System (switched off)</source>
-        <translation>Im ganzen System (ausgeschaltet)</translation>
+        <source>Global Shortcuts (Off)</source>
+        <translation>Globale Kürzel (aus)</translation>
     </message>
 </context>
 <context>
@@ -3028,8 +3242,8 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>&amp;Ändern …</translation>
     </message>
     <message>
-        <source>Record keys of your own for the commands of the whole system</source>
-        <translation>Eigene Tasten für die Befehle des ganzen Systems aufzeichnen</translation>
+        <source>Choose your own keys for the global shortcuts</source>
+        <translation>Eigene Tasten für die globalen Kürzel wählen</translation>
     </message>
 </context>
 <context>
@@ -3041,10 +3255,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>&amp;New Chapter:</source>
         <translation>&amp;Neues Kapitel:</translation>
-    </message>
-    <message>
-        <source>&amp;Delete Selected Chapter:</source>
-        <translation>&amp;Ausgewähltes Kapitel löschen:</translation>
     </message>
     <message>
         <source>Delete &amp;Last Chapter:</source>
@@ -3059,16 +3269,24 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Nä&amp;chstes Kapitel auswählen:</translation>
     </message>
     <message>
-        <source>&amp;Work in the whole system, also while another program is in front</source>
-        <translation>&amp;Im ganzen System wirken, auch wenn ein anderes Programm vorn ist</translation>
-    </message>
-    <message>
         <source>Shortcuts</source>
         <translation>Tastenkürzel</translation>
     </message>
     <message>
         <source>“%1” has the same keys.</source>
         <translation>„%1“ hat dieselben Tasten.</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Chapter:</source>
+        <translation>&amp;Kapitel löschen:</translation>
+    </message>
+    <message>
+        <source>&amp;Global shortcuts: work also while another program is in front</source>
+        <translation>&amp;Globale Kürzel: wirken auch, wenn ein anderes Programm vorn ist</translation>
+    </message>
+    <message>
+        <source>With Alt: adds a blank chapter</source>
+        <translation>Mit Alt: setzt ein leeres Kapitel</translation>
     </message>
 </context>
 <context>
@@ -3089,7 +3307,7 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Zeit hinzurechnen</translation>
     </message>
     <message>
-        <source>Leave It</source>
+        <source>Leave It Out</source>
         <translation>Weglassen</translation>
     </message>
 </context>
@@ -3226,6 +3444,28 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
 </context>
 <context>
+    <name>ZLTimeEntry</name>
+    <message>
+        <source>HH:MM:SS.mmm</source>
+        <translation>HH:MM:SS.mmm</translation>
+    </message>
+    <message>
+        <source>HH:MM:SS.mmm YYYY-MM-DD</source>
+        <translation>HH:MM:SS.mmm JJJJ-MM-TT</translation>
+    </message>
+</context>
+<context>
+    <name>ZLUnreadableDocument</name>
+    <message>
+        <source>%1 is not a Zelta document.</source>
+        <translation>%1 ist kein Zelta-Dokument.</translation>
+    </message>
+    <message>
+        <source>%1 is not a Zelta document, or it is damaged: %2</source>
+        <translation>%1 ist kein Zelta-Dokument oder beschädigt: %2</translation>
+    </message>
+</context>
+<context>
     <name>ZLViewMenu</name>
     <message>
         <source>&amp;View</source>
@@ -3284,10 +3524,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
 <context>
     <name>ZLWindowCloser</name>
     <message>
-        <source>“%1” has no file yet. Save it before closing?</source>
-        <translation>„%1“ hat noch keine Datei. Vor dem Schließen speichern?</translation>
-    </message>
-    <message>
         <source>Save As…</source>
         <translation>Speichern unter&#xa0;…</translation>
     </message>
@@ -3300,12 +3536,16 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>The document cannot be saved: %1 Close it all the same?</source>
-        <translation>Das Dokument lässt sich nicht speichern: %1 Trotzdem schließen?</translation>
-    </message>
-    <message>
         <source>Close Without Saving</source>
         <translation>Ohne Speichern schließen</translation>
+    </message>
+    <message>
+        <source>“%1” is not in a file yet. Save it before closing?</source>
+        <translation>„%1“ hat noch keine Datei. Vor dem Schließen speichern?</translation>
+    </message>
+    <message>
+        <source>The document cannot be saved: %1 Close it anyway?</source>
+        <translation>Das Dokument lässt sich nicht speichern: %1 Trotzdem schließen?</translation>
     </message>
 </context>
 <context>
@@ -3332,6 +3572,13 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
 </context>
 <context>
+    <name>ZLWriteProtection</name>
+    <message>
+        <source>%1: Zelta itself uses this file, so nothing else is written over it.</source>
+        <translation>%1: Zelta selbst benutzt diese Datei, deshalb wird nichts anderes darübergeschrieben.</translation>
+    </message>
+</context>
+<context>
     <name>ZLXcbHotKeyBackend</name>
     <message>
         <source>There is no connection to an X server.</source>
@@ -3345,12 +3592,12 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
 <context>
     <name>ZLXcbKeyGrab</name>
     <message>
-        <source>Another program holds these keys.</source>
-        <translation>Ein anderes Programm hält diese Tasten.</translation>
-    </message>
-    <message>
         <source>The X server refuses these keys (error %1).</source>
         <translation>Der X-Server lehnt diese Tasten ab (Fehler %1).</translation>
+    </message>
+    <message>
+        <source>Another program uses these keys.</source>
+        <translation>Ein anderes Programm benutzt diese Tasten.</translation>
     </message>
 </context>
 <context>
@@ -3367,9 +3614,9 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
 <context>
     <name>main</name>
     <message>
-        <source>zelta: there is neither an X nor a Wayland display, so the recorder runs without a window.
+        <source>zelta: No X or Wayland display was found. Recording without a window.
 </source>
-        <translation>zelta: Weder ein X- noch ein Wayland-Display ist da, deshalb läuft der Rekorder ohne Fenster.
+        <translation>zelta: Es wurde kein X- oder Wayland-Display gefunden. Die Aufnahme läuft ohne Fenster.
 </translation>
     </message>
 </context>

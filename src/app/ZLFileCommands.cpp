@@ -180,9 +180,12 @@ int ZLFileCommands::writeChapters(const ZLCommandLine& commandLine)
     const auto contents = readDocument(source);
     if (!contents)
         return fail(ZLExitStatus::Failed, contents.error().message);
-    if (isSameFile(source, commandLine.outputPath))
+    const QString& target = commandLine.outputPath;
+    if (!target.isEmpty() && ZLFileIdentity::of(source) == ZLFileIdentity::of(target))
         return fail(ZLExitStatus::Failed,
-            FileCommandTexts::tr("%1: the audio file would replace the chapters' own file.").arg(commandLine.outputPath));
+            FileCommandTexts::tr("%1: the audio file would replace the chapters' own file.").arg(target));
+    if (const ZLStatus allowed = target.isEmpty() ? ZLDone {} : ZLWriteProtection::check(target); !allowed)
+        return fail(ZLExitStatus::Failed, allowed.error().message);
     ZLWriteCommand command(
         [this](const QString& line) { return print(line); }, [this](const QString& line) { printErrorLine(line); });
     return command.run(sortedChapters(contents.value().chapters), commandLine);

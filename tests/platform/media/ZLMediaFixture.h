@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 #include "platform/media/ZLBytes.h"
 #include "platform/media/file/ZLMediaFile.h"
 
@@ -49,7 +50,7 @@ protected:
         return path;
     }
 
-    static QByteArray contentsOf(const QString& path) { return ZLAtomicFile::read(path).value(); }
+    static QByteArray contentsOf(const QString& path) { return ZLBoundedFile::read(path, ZLFileBound::Document).value(); }
     QStringList names() const
     {
         return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);

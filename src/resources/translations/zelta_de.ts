@@ -847,7 +847,7 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
     <message>
         <source>&amp;Delete Chapter</source>
-        <translation>Kapitel lö&amp;schen</translation>
+        <translation>Kapitel lösc&amp;hen</translation>
     </message>
     <message>
         <source>&amp;Import Templates from Clipboard</source>
@@ -2561,7 +2561,7 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
     <message>
         <source>&amp;Reply to senders of valid commands for %1 seconds</source>
-        <translation>Absendern gültiger Befehle %1 Sekunden lang &amp;antworten</translation>
+        <translation>Absendern gültiger Befehle %1 Sekunden lang antw&amp;orten</translation>
     </message>
 </context>
 <context>
@@ -2842,7 +2842,7 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
     <message>
         <source>&amp;Delete Chapter</source>
-        <translation>Kapitel lö&amp;schen</translation>
+        <translation>Kapitel lösc&amp;hen</translation>
     </message>
 </context>
 <context>

@@ -144,7 +144,7 @@ TEST_F(ZLExportMenuTest, AnExportReplacesNoOpenDocumentByWhateverPath)
     ASSERT_TRUE(QDir().mkdir(filePath(u"folder"_s)));
     for (const QString& target : { path, filePath(u"link.list"_s), filePath(u"folder/../show.zelta"_s) }) {
         exportList(document);
-        QFileDialog* dialog = dialogOf(document);
+        QFileDialog* dialog = exportDialog();
         dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->clearFocus();
         dialog->setDirectory(QFileInfo(target).path());
         dialog->selectFile(target);

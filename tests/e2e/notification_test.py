@@ -50,9 +50,12 @@ class NotificationTest(unittest.TestCase):
 
         self.accessible = accessible
         self.program = accessible.application()
-        self.table = accessible.find(accessible.find(self.program, "frame"), "table", "Chapters")
+        frame = accessible.find(self.program, "frame")
+        self.table = accessible.find(frame, "table", "Chapters")
         self.other = OtherProgram()
         self.addCleanup(self.other.reader.stop)
+        # The toolkit waits a tenth of a second for another window of the program before it believes this.
+        wait_until(lambda: not accessible.is_active(frame), "the program to notice that another one is in front")
 
     def titles(self):
         return [row[4] for row in self.accessible.table_texts(self.table)]

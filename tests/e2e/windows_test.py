@@ -182,7 +182,7 @@ class WindowsTest(unittest.TestCase):
         self.start()
         second = self.second_document()
         self.desktop.press("ctrl+r", "Return", "ctrl+r", "ctrl+w")
-        frame = self.accessible.find(self.tree, "frame", "Untitled 2 — Zelta")
+        frame = self.accessible.find(self.tree, "frame", "Untitled 2* — Zelta")
         button = self.accessible.find(frame, "push button", "Save As…")
         wait_until(lambda: self.has_focus(button), "the question to have the keyboard")
         # Escape answers nothing and gives the keyboard back.

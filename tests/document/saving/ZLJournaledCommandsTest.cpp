@@ -89,10 +89,13 @@ TEST_F(ZLJournaledCommandsTest, Edits)
 {
     addChapter("One");
     addChapter("Two");
-    expectOneRecord("title", 1, [this] { edit(1, ZLChapterTableModel::TitleColumn, u"Second"_s); });
+    expectOneRecordEachWay("title", 1, [this] { edit(1, ZLChapterTableModel::TitleColumn, u"Second"_s); });
+    expectOneRecordEachWay("link", 1, [this] { edit(1, ZLChapterTableModel::LinkColumn, u"https://second.example"_s); });
+    const ZLChapterPointer first = document.chapterManager().chapterAtIndex(0);
+    expectOneRecordEachWay("title of a reply", 1, [&] { document.updateChapterToTitle(first, u"First"_s); });
     // Disabled, moved to the front and dated back, all at once.
-    expectOneRecord("time", 1, [this] { edit(1, ZLChapterTableModel::TimeColumn, u"-00:00:05.000"_s); });
-    expectOneRecordEachWay("move", 0, [this] { document.moveChaptersByMilliseconds(-5000.0F); });
+    expectOneRecordEachWay("time", 1, [this] { edit(1, ZLChapterTableModel::TimeColumn, u"-00:00:05.000"_s); });
+    expectOneRecordEachWay("move", 1, [this] { document.moveChaptersByMilliseconds(-5000.0F); });
     expectOneRecordEachWay("revert", 1, [this] { document.adoptContents({ {}, 3.0, { QVariantMap {} } }); });
 }
 

@@ -86,7 +86,10 @@ TEST_F(ZLDocumentControllerTest, AFileThatCannotBeReadIsToldAndMakesNoDocument)
     ASSERT_TRUE(ZLAtomicFile::write(filePath("letter.txt"), "Dear all"));
     ASSERT_EQ(mkfifo(QFile::encodeName(filePath("pipe")).constData(), 0600), 0);
     ASSERT_TRUE(QDir().mkpath(filePath("folder")));
-    for (const char* name : { "missing.zelta", "letter.txt", "pipe", "folder" }) {
+    const auto letter = controller->openDocument(filePath("letter.txt"));
+    ASSERT_FALSE(letter);
+    EXPECT_EQ(letter.error().message, filePath("letter.txt") + u" is not a Zelta document."_s);
+    for (const char* name : { "missing.zelta", "pipe", "folder" }) {
         const auto opened = controller->openDocument(filePath(name));
         ASSERT_FALSE(opened) << name;
         EXPECT_TRUE(opened.error().message.startsWith(filePath(name) + u": "_s)) << qPrintable(opened.error().message);

@@ -131,7 +131,7 @@ def undo_and_redo_everything(desktop, show):
         desktop.press("ctrl+z")
     wait_until(lambda: show.rows() == [], "all chapters to be gone")
     wait_until(lambda: show.template_titles() == ["Welcome", "News & weather"], "the templates to be back")
-    assert show.is_item_enabled("Undo Add Template"), "the show is undone, so what was prepared before is next"
+    assert show.is_item_enabled("Undo Import Templates"), "the show is undone, so what was prepared before is next"
     for _ in range(COMMANDS_OF_THE_SHOW):
         desktop.press("ctrl+shift+z")
     wait_until(lambda: show.rows() == before, f"all chapters to be back: {before}, not {show.rows()}")

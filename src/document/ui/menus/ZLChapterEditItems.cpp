@@ -3,8 +3,8 @@
 #include "document/ZLChapterDocument.h"
 #include "document/ZLChapterInsertion.h"
 #include "document/ZLTitleTidying.h"
-#include "document/ui/ZLInsertChapterDialog.h"
 #include "document/ui/menus/ZLActionHelp.h"
+#include "document/ui/menus/ZLInsertChapterDialog.h"
 
 #include <QAction>
 #include <QMenu>

@@ -1,4 +1,4 @@
-#include "document/ui/ZLInsertChapterDialog.h"
+#include "document/ui/menus/ZLInsertChapterDialog.h"
 
 #include "document/ZLTimeEntry.h"
 #include "model/ZLChapter.h"

@@ -69,7 +69,7 @@ void ZLTemplatesTableView::dropEvent(QDropEvent* event)
 
 void ZLTemplatesTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
-    const QPersistentModelIndex cell = indexAt(editor->geometry().center());
+    const QPersistentModelIndex cell = cellOf(*editor);
     const bool goesBeyond = hint == QAbstractItemDelegate::EditNextItem && cell.row() + 1 == model()->rowCount()
         && cell.column() + 1 == model()->columnCount();
     // From the last cell the table would go on at the first one.
@@ -143,6 +143,18 @@ bool ZLTemplatesTableView::isOntoRow(const QPointF& place) const
     const QRect row = visualRect(index);
     const double fromTop = place.y() - row.top();
     return fromTop >= shareOfGap * row.height() && fromTop < (1.0 - shareOfGap) * row.height();
+}
+
+QModelIndex ZLTemplatesTableView::cellOf(const QWidget& editor) const
+{
+    const int columns = model()->columnCount();
+    const int cells = model()->rowCount() * columns;
+    for (int cell = 0; cell < cells; ++cell) {
+        const QModelIndex index = model()->index(cell / columns, cell % columns);
+        if (indexWidget(index) == &editor)
+            return index;
+    }
+    return {};
 }
 
 void ZLTemplatesTableView::fitRowHeight()

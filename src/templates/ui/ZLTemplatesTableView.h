@@ -40,6 +40,8 @@ private:
     [[nodiscard]] bool isOntoRow(const QPointF& place) const;
     /// The action of this table that `event` stands for, or null.
     [[nodiscard]] QAction* actionForKey(const QKeyEvent& event) const;
+    /// The cell that `editor` edits, also while rows are moving.
+    [[nodiscard]] QModelIndex cellOf(const QWidget& editor) const;
     void fitRowHeight();
 
     QString m_emptyText;

@@ -76,6 +76,23 @@ TEST_F(ZLWindowTypingTest, AHalfTypedTimeStaysOpenWhileMarksComeFromOutside)
     EXPECT_FALSE(hasAlert());
 }
 
+TEST_F(ZLWindowTypingTest, AHalfTypedTimeStaysOpenWhileAnotherWindowHasTheKeyboard)
+{
+    typeTime(0, u"00:0"_s);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_FALSE(hasAlert());
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    ASSERT_NE(field(), nullptr);
+    type(u"0:01.500"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(times().first(), 1.5);
+    EXPECT_FALSE(hasAlert());
+}
+
 TEST_F(ZLWindowTypingTest, OtherCommandsFromOutsideLeaveItOpenToo)
 {
     typeTime(1, u"00:0"_s);

@@ -1,9 +1,12 @@
 #include "document/ui/table/ZLChapterCellDelegate.h"
 
 #include "document/ZLChapterTableModel.h"
+#include "document/ZLTimeEntry.h"
 #include "document/ui/table/ZLChapterTableHeader.h"
+#include "settings/ZLSettingsManager.h"
 #include "templates/ui/ZLQuietColor.h"
 
+#include <QFocusEvent>
 #include <QLineEdit>
 #include <QStyle>
 
@@ -12,6 +15,12 @@
 QModelIndex ZLChapterCellDelegate::openIndex() const
 {
     return m_openField ? QModelIndex(m_openIndex) : QModelIndex();
+}
+
+bool ZLChapterCellDelegate::isTypingUnfinishedTime() const
+{
+    const bool isTime = openIndex().isValid() && openIndex().column() == ZLChapterTableModel::TimeColumn;
+    return isTime && !ZLSettingsManager::showAbsoluteTime() && !ZLTimeEntry::secondsFromText(m_openField->text());
 }
 
 QWidget* ZLChapterCellDelegate::createEditor(
@@ -49,6 +58,16 @@ void ZLChapterCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
     cell.widget->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
     if (!text.isEmpty())
         m_texts.draw(*painter, cell, text);
+}
+
+bool ZLChapterCellDelegate::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isWindowLeft = event->type() == QEvent::FocusOut
+        && static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason;
+    // Writing it would bring up an alert. The one that is just closing takes the keyboard along for a moment, too.
+    if (isWindowLeft && watched == m_openField && isTypingUnfinishedTime())
+        return false;
+    return ZLTextCellDelegate::eventFilter(watched, event);
 }
 
 void ZLChapterCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const

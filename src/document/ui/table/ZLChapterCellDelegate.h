@@ -8,7 +8,7 @@
 #include <QPointer>
 
 /// Paints and edits the cells of the chapter table. Return commits, Escape cancels, Tab and Shift+Tab go on to the next
-/// and the previous editable cell.
+/// and the previous editable cell. A time that is not finished stays open while another window has the keyboard.
 class ZLChapterCellDelegate : public ZLTextCellDelegate {
     Q_OBJECT
 
@@ -19,6 +19,8 @@ public:
     [[nodiscard]] QLineEdit* openField() const { return m_openField; }
     /// The cell that it edits.
     [[nodiscard]] QModelIndex openIndex() const;
+    /// Whether a time is being typed that is none yet.
+    [[nodiscard]] bool isTypingUnfinishedTime() const;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
@@ -29,6 +31,7 @@ Q_SIGNALS:
     void fieldDidClose() const;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:

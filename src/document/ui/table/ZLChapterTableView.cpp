@@ -287,8 +287,7 @@ void ZLChapterTableView::dropTimeTypedInRow(int row)
     if (!isEditingTime() || m_delegate->openIndex().row() != row)
         return;
     // A command of the window's own writes what is a time.
-    const bool isFinished = ZLSettingsManager::showAbsoluteTime() || ZLTimeEntry::secondsFromText(openField()->text());
-    if (m_document->isCommandFromOutside() || !isFinished)
+    if (m_document->isCommandFromOutside() || m_delegate->isTypingUnfinishedTime())
         dropTypedText();
 }
 

@@ -147,19 +147,6 @@ protected:
     }
 };
 
-TEST_P(ZLContrastTest, EveryRowCanBeReadSelectedOrNotWithAndWithoutTheKeyboard)
-{
-    fill();
-    for (QWidget* focused : std::initializer_list<QWidget*> { &table(), &drawer() }) {
-        focused->setFocus();
-        for (const int row : { 0, 3 }) {
-            select(row);
-            expectReadableChapters();
-        }
-        expectReadableRows(drawer(), { 0 });
-    }
-}
-
 TEST_P(ZLContrastTest, OnlyTheListWithTheKeyboardHasTheStrongSelection)
 {
     fill();
@@ -207,26 +194,6 @@ TEST_P(ZLContrastTest, UntickedBoxesCanBeSeen)
     }
 }
 
-TEST_P(ZLContrastTest, BarsCanBeReadAndAreTinted)
-{
-    ZLMessageBar& bar = m_window->messageBar();
-    bar.showMessage(u"question"_s, u"Another program changed it."_s, { { u"Keep Mine"_s, {} } });
-    bar.showMessage(u"error"_s, u"It is not saved."_s, { { u"Try Now"_s, {} } }, {}, ZLMessageBar::Kind::Error);
-    QCoreApplication::processEvents();
-    const QColor window(GetParam().window);
-    QList<QColor> grounds { window };
-    for (const auto& name : { u"question"_s, u"error"_s }) {
-        const auto* row = bar.findChild<QWidget*>(name);
-        const auto* text = row->findChild<QLabel*>(u"messageText"_s);
-        const QImage sentence = picture(*text);
-        EXPECT_GE(contrastIn(sentence), ZLReadableColors::LeastForText) << qPrintable(name);
-        const auto* button = row->findChild<QPushButton*>();
-        EXPECT_GE(contrastIn(picture(*button, button->rect().adjusted(6, 5, -6, -5))), ZLReadableColors::LeastForText);
-        EXPECT_FALSE(grounds.contains(groundOf(sentence))) << qPrintable(name);
-        grounds.append(groundOf(sentence));
-    }
-}
-
 TEST_P(ZLContrastTest, HintsInEmptyListsCanBeRead)
 {
     if (!m_window->isDrawerOpen())
@@ -234,23 +201,6 @@ TEST_P(ZLContrastTest, HintsInEmptyListsCanBeRead)
     QCoreApplication::processEvents();
     EXPECT_GE(contrastIn(picture(*table().viewport())), ZLReadableColors::LeastForText);
     EXPECT_GE(contrastIn(picture(*drawer().viewport())), ZLReadableColors::LeastForText);
-}
-
-TEST_P(ZLContrastTest, TheToolbarAndTheStatusLineCanBeReadPausedAndRunning)
-{
-    fill();
-    for (int round = 0; round < 2; ++round) {
-        for (const auto& name : { u"clockLabel"_s, u"ageLabel"_s, u"nextTitle"_s })
-            EXPECT_GE(contrastIn(picture(*bar().findChild<QLabel*>(name))), ZLReadableColors::LeastForText)
-                << qPrintable(name) << round;
-        EXPECT_GE(contrastIn(picture(*bar().recordButton(), bar().recordButton()->rect().adjusted(6, 6, -6, -6))),
-            ZLReadableColors::LeastForText)
-            << round;
-        EXPECT_GE(contrastIn(picture(*m_window->statusLine().findChild<QToolButton*>(u"nextTemplate"_s))),
-            ZLReadableColors::LeastForText);
-        if (round == 0)
-            start();
-    }
 }
 
 TEST_P(ZLContrastTest, SelectedTextInAFieldAndTheChosenItemOfAMenuCanBeRead)

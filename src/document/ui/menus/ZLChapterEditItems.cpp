@@ -74,9 +74,16 @@ void ZLChapterEditItems::showInsertDialog()
     connect(dialog, &QDialog::finished, this, &ZLChapterEditItems::dialogDidClose);
     connect(dialog, &QDialog::accepted, this, [this, dialog] {
         if (const auto time = dialog->time())
-            ZLChapterInsertion::insertBlankChapterAt(m_document, *time);
+            insertChapterAt(*time);
     });
     dialog->open();
+}
+
+void ZLChapterEditItems::insertChapterAt(double seconds)
+{
+    ZLChapterInsertion::insertBlankChapterAt(m_document, seconds);
+    // The window gets the keyboard back from the dialog only after this, and the title is wanted all the same.
+    QMetaObject::invokeMethod(&m_document, &ZLChapterDocument::editCurrentTitle, Qt::QueuedConnection);
 }
 
 void ZLChapterEditItems::tidyTitles()

@@ -34,6 +34,7 @@ private:
     void addMoveItems(QMenu& menu);
     void validate();
     void showInsertDialog();
+    void insertChapterAt(double seconds);
     void tidyTitles();
 
     ZLChapterDocument& m_document;

@@ -251,6 +251,8 @@ TEST_F(ZLOSCControllerStatusTest, ATitleThatIsSetFromElsewhereIsToldOnce)
             u"/zl/selectedChapterTitle \"Interview\""_s }));
 }
 
+// The sanitizer's check of types opens a pipe for itself and takes it for an error when it gets none.
+#ifndef __SANITIZE_ADDRESS__
 TEST_F(ZLOSCControllerStatusTest, WhatCouldNotBeSentIsTriedAgainEveryTwoSecondsUntilItGoesOut)
 {
     EXPECT_EQ(m_controller->unsentMessages().retryTimer().interval(), 2000);
@@ -272,6 +274,7 @@ TEST_F(ZLOSCControllerStatusTest, WhatCouldNotBeSentIsTriedAgainEveryTwoSecondsU
     retry();
     EXPECT_EQ(news(m_peer), QStringList());
 }
+#endif
 
 TEST_F(ZLOSCControllerStatusTest, WhileRecordingTheClockGoesOutAtTheNextSecondAndTheRestAtTheNextAttempt)
 {

@@ -274,7 +274,6 @@ TEST_F(ZLOSCControllerStatusTest, WhatCouldNotBeSentIsTriedAgainEveryTwoSecondsU
     retry();
     EXPECT_EQ(news(m_peer), QStringList());
 }
-#endif
 
 TEST_F(ZLOSCControllerStatusTest, WhileRecordingTheClockGoesOutAtTheNextSecondAndTheRestAtTheNextAttempt)
 {
@@ -325,3 +324,4 @@ TEST_F(ZLOSCControllerStatusTest, AnOutputThatIsTakenAwayIsNotTriedAgain)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(m_controller->unsentMessages().retryTimer().isActive());
 }
+#endif

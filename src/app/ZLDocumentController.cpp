@@ -54,7 +54,8 @@ ZLDocumentController::ZLDocumentController(ZLDocumentControllerSetup setup, QObj
 ZLDocumentController::~ZLDocumentController()
 {
     // All of them out of one account, however many documents there are.
-    const QDeadlineTimer deadline = m_endDeadline.isForever() ? QDeadlineTimer(ZLDocumentSaver::EndPatience) : m_endDeadline;
+    const QDeadlineTimer deadline =
+        m_endDeadline.isForever() ? QDeadlineTimer(ZLDocumentSaver::EndPatience) : m_endDeadline;
     for (const Entry& entry : m_entries)
         entry.saver->end(deadline);
     m_openDocuments.end(deadline);

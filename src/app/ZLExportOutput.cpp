@@ -42,7 +42,7 @@ int writeToStream(const QString& path, const QByteArray& bytes)
     const int descriptor = open(QFile::encodeName(path).constData(), O_WRONLY | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0)
         return errno;
-    struct stat opened { };
+    struct stat opened {};
     int error = fstat(descriptor, &opened) != 0 ? errno : 0;
     // Something else may have taken its place meanwhile.
     if (error == 0)
@@ -72,7 +72,7 @@ ZLStatus ZLExportOutput::write(const QByteArray& bytes) const
         return allowed;
     if (m_isStandardOutput)
         return statusOf(writeToDescriptor(STDOUT_FILENO, bytes), m_path);
-    struct stat target { };
+    struct stat target {};
     if (stat(QFile::encodeName(m_path).constData(), &target) == 0 && isStream(target))
         return statusOf(writeToStream(m_path, bytes), m_path);
     return ZLAtomicFile::write(m_path, bytes);

@@ -104,7 +104,7 @@ int ZLFileCommands::exportFile(const ZLCommandLine& commandLine)
     const bool needsFile = exporterClass.value().format().dialogKind == ZLExportDialogKind::Open;
     if (needsFile && ZLExportOutput(commandLine.outputPath).isStandardOutput())
         return refuseUsage({ FileCommandTexts::tr("\"%1\" rewrites a session, so --output needs its file.")
-                                 .arg(exporterClass.value().format().name) });
+                .arg(exporterClass.value().format().name) });
     const ZLStatus status = writeExport(exporterClass.value(), commandLine);
     return status ? ZLExitStatus::Done : fail(ZLExitStatus::Failed, status.error().message);
 }
@@ -122,7 +122,7 @@ ZLResult<ZLExporterClass> ZLFileCommands::exporterClassFor(const ZLCommandLine& 
         return exporterClass;
     }
     return ZLError { FileCommandTexts::tr("There is no format \"%1\"; the formats are: %2.")
-                         .arg(commandLine.formatName, names.join(", "_L1)) };
+            .arg(commandLine.formatName, names.join(", "_L1)) };
 }
 
 ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const ZLCommandLine& commandLine)

@@ -110,7 +110,7 @@ ZLStatus ZLFileWords::check(const ZLCommandLine& commandLine)
             continue;
         if (commandLine.command == ZLCommand::RecordHeadless)
             return ZLError { FileWordTexts::tr("There is no file \"%1\", and the name of a new one ends in .%2.")
-                                 .arg(name.simplified(), ZLDocumentFile::Extension) };
+                    .arg(name.simplified(), ZLDocumentFile::Extension) };
         return ZLError { FileWordTexts::tr("\"%1\" is neither a file nor a command.").arg(name.simplified()) + u' '
             + hintFor(name) };
     }

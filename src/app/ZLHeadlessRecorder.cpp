@@ -330,8 +330,7 @@ void ZLHeadlessRecorder::printOtherDocuments()
     for (const ZLChapterDocument* document : documents) {
         const ZLDocumentSaver& saver = *m_controller.saverOf(document);
         if (document != m_document)
-            print(
-                tr("also open: %1, %2")
+            print(tr("also open: %1, %2")
                     .arg(ZLHeadlessSavingReports::nameOf(*document, saver), ZLHeadlessSavingReports::describe(saver)));
     }
 }

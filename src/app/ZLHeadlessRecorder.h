@@ -28,8 +28,9 @@ struct ZLHeadlessStreams {
     [[nodiscard]] static ZLHeadlessStreams standard();
 };
 
-/// Records into one document without a window; what else is open stands behind it. It obeys commands from its input and says in a line what became of each,
-/// also of those that reach the document by another way. The end of the input ends nothing, since a service has none.
+/// Records into one document without a window; what else is open stands behind it. It obeys commands from its input and
+/// says in a line what became of each, also of those that reach the document by another way. The end of the input ends
+/// nothing, since a service has none.
 class ZLHeadlessRecorder : public QObject {
     Q_OBJECT
 

@@ -18,11 +18,10 @@ void ZLHeadlessSavingReports::begin(const ZLChapterDocument* document)
     for (const ZLChapterDocument* each : documents)
         watch(each);
     connect(&m_controller, &ZLDocumentController::didOpenDocument, this, &ZLHeadlessSavingReports::watch);
-    connect(&m_controller, &ZLDocumentController::didCloseDocument, this,
-        [this](const ZLChapterDocument* closed) {
-            m_failures.erase(closed);
-            m_recoveryFailures.erase(closed);
-        });
+    connect(&m_controller, &ZLDocumentController::didCloseDocument, this, [this](const ZLChapterDocument* closed) {
+        m_failures.erase(closed);
+        m_recoveryFailures.erase(closed);
+    });
 }
 
 QString ZLHeadlessSavingReports::nameOf(const ZLChapterDocument& document, const ZLDocumentSaver& saver)
@@ -93,5 +92,5 @@ void ZLHeadlessSavingReports::reportRecovery(const ZLChapterDocument& document, 
     else
         m_complain(tr("The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying "
                       "again until it works.")
-                       .arg(ZLShownText::withoutFullStop(failure)));
+                .arg(ZLShownText::withoutFullStop(failure)));
 }

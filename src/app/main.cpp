@@ -139,6 +139,6 @@ int main(int argc, char** argv)
     if (commandLine.value().command == ZLCommand::SendAction)
         return runSendCommand(argc, argv, commandLine.value());
     const bool hasWindows = commandLine.value().command != ZLCommand::RecordHeadless && hasDisplay();
-    return ZLAbandonedWork::exitStatus(hasWindows ? runWithWindows(argc, argv, commandLine.value())
-                                                  : runHeadless(argc, argv, commandLine.value()));
+    return ZLAbandonedWork::exitStatus(
+        hasWindows ? runWithWindows(argc, argv, commandLine.value()) : runHeadless(argc, argv, commandLine.value()));
 }

@@ -45,9 +45,9 @@ QStringList leaveOutWhatIsTooMuch(const ZLMediaContents& file, ZLMediaChapters& 
     const int left = countOf(chapters.size() - file.mostChapters);
     chapters.resize(file.mostChapters);
     return { FindingTexts::tr("%1 holds %2 chapters at most. Left out at the end: %3.")
-                 .arg(file.formName)
-                 .arg(file.mostChapters)
-                 .arg(left) };
+            .arg(file.formName)
+            .arg(file.mostChapters)
+            .arg(left) };
 }
 
 QStringList remarks(const ZLMediaChapters& chapters)
@@ -89,8 +89,8 @@ QStringList titleRemarks(const ZLMediaContents& file, const ZLMediaChapters& cha
     if (count == 0)
         return {};
     return { FindingTexts::tr("Titles of more than %1 bytes, of which some players show only the beginning: %2.")
-                 .arg(longestTitle)
-                 .arg(count) };
+            .arg(longestTitle)
+            .arg(count) };
 }
 
 int lostPictures(const ZLMediaContents& file, const ZLMediaChapters& chapters)
@@ -110,7 +110,7 @@ QStringList pictureRemarks(const ZLMediaContents& file, const ZLMediaChapters& c
         return {};
     return { FindingTexts::tr(
         "Pictures of chapters in the file that are lost, since no new chapter stands at their time: %1.")
-                 .arg(lost) };
+            .arg(lost) };
 }
 
 }

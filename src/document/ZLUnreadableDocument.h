@@ -13,10 +13,9 @@ namespace ZLUnreadableDocument {
 {
     if (!bytes.startsWith("bplist"))
         return ZLError { QCoreApplication::translate("ZLUnreadableDocument", "%1 is not a Zelta document.").arg(path) };
-    return ZLError {
-        QCoreApplication::translate("ZLUnreadableDocument", "%1 is not a Zelta document, or it is damaged: %2")
-            .arg(path, reason)
-    };
+    return ZLError { QCoreApplication::translate(
+        "ZLUnreadableDocument", "%1 is not a Zelta document, or it is damaged: %2")
+            .arg(path, reason) };
 }
 
 }

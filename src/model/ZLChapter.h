@@ -65,8 +65,8 @@ public:
     /// Wall-clock moment at which the chapter was set: distantPast() when it is not known, null when absent.
     [[nodiscard]] const QDateTime& realDate() const { return m_realDate; }
     void setRealDate(const QDateTime& date);
-    /// The date as it was read, while it is what no QDateTime says. realDate() is then near to it, or distantPast() when
-    /// it is too far away, and what is stored is this.
+    /// The date as it was read, while it is what no QDateTime says. realDate() is then near to it, or distantPast()
+    /// when it is too far away, and what is stored is this.
     [[nodiscard]] const std::optional<ZLArchivedDate>& dateAsRead() const { return m_dateAsRead; }
     /// Moves the date, later for positive `seconds`.
     void moveDate(double seconds);

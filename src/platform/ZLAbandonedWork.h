@@ -3,8 +3,8 @@
 #include <chrono>
 #include <memory>
 
-/// Work that hangs on a disk that does not answer. The kernel gives no thread back that waits in a write, so the program
-/// goes on without it, and what the thread uses has to live as long as the process.
+/// Work that hangs on a disk that does not answer. The kernel gives no thread back that waits in a write, so the
+/// program goes on without it, and what the thread uses has to live as long as the process.
 namespace ZLAbandonedWork {
 
 /// Keeps `owner` for ever. May be called from any thread.

@@ -162,7 +162,7 @@ int copyOwnerAndAttributes(const QByteArray& from, const struct stat& old, const
 
 ZLStatus checkFreeSpace(const QByteArray& path, qint64 size)
 {
-    struct statvfs disk { };
+    struct statvfs disk {};
     const QByteArray folder = path.left(path.lastIndexOf('/') + 1);
     if (size <= 0 || statvfs(folder.constData(), &disk) != 0)
         return ZLDone {};
@@ -170,8 +170,8 @@ ZLStatus checkFreeSpace(const QByteArray& path, qint64 size)
     if (quint64(disk.f_bavail) >= (quint64(size) + disk.f_frsize - 1) / std::max<quint64>(disk.f_frsize, 1))
         return ZLDone {};
     return ZLError { QCoreApplication::translate("ZLAtomicFile", "%1 more are needed on this disk, %2 are free.")
-                         .arg(QLocale().formattedDataSize(size),
-                             QLocale().formattedDataSize(qint64(disk.f_bavail * disk.f_frsize))) };
+            .arg(QLocale().formattedDataSize(size),
+                QLocale().formattedDataSize(qint64(disk.f_bavail * disk.f_frsize))) };
 }
 
 ZLStatus statusOf(int error)
@@ -187,7 +187,7 @@ std::function<ZLStatus(int)> fillWith(const QByteArray& bytes)
 /// What has to hold before anything is written; tells the permissions of the new file.
 ZLStatus prepareReplacing(const QByteArray& path, qint64 size, std::optional<struct stat>& old)
 {
-    struct stat status { };
+    struct stat status {};
     const int error = lookAtOldFile(path, status);
     if (error != 0 && error != ENOENT)
         return statusOf(error);
@@ -245,7 +245,7 @@ ZLStatus replaceAt(const QString& path, const ZLFileReplacement& replacement, Ne
     if (const QString unfitName = ZLFileName::refusal(path); !unfitName.isEmpty())
         return fileFailure(path, unfitName);
     // A device or a pipe would be replaced by an ordinary file, /dev/null for everyone on the machine.
-    struct stat old { };
+    struct stat old {};
     if (stat(QFile::encodeName(path).constData(), &old) == 0 && !S_ISREG(old.st_mode))
         return fileFailure(path, ZLBoundedFile::whyNoOrdinaryFile(old.st_mode));
     const QString target = QFileInfo(targetOfPath(path)).absoluteFilePath();
@@ -282,8 +282,7 @@ ZLStatus ZLAtomicFile::writeForOwner(const QString& path, const QByteArray& byte
     const ZLFileReplacement replacement { .fill = fillWith(bytes) };
     NewFile file(temporaryPathBeside(target));
     const int error = file.create(NewFile::Name::AtOnce, ownerOnly);
-    const ZLStatus written =
-        error == 0 ? finishReplacing(target, std::nullopt, file, replacement) : statusOf(error);
+    const ZLStatus written = error == 0 ? finishReplacing(target, std::nullopt, file, replacement) : statusOf(error);
     if (!written)
         return fileFailure(path, written.error().message);
     syncFolderOf(path);

@@ -70,7 +70,7 @@ ZLFoundFile tooLarge(const QString& path, qint64 bound)
 
 ZLFoundFile readOpened(int descriptor, const QString& path, qint64 bound, Excess excess)
 {
-    struct stat status { };
+    struct stat status {};
     if (fstat(descriptor, &status) != 0)
         return refusal(ZLFileFinding::Unreadable, path, qt_error_string(errno));
     if (const QString reason = ZLBoundedFile::whyNoOrdinaryFile(status.st_mode); !reason.isEmpty())

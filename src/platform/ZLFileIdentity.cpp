@@ -9,7 +9,7 @@
 ZLFileIdentity ZLFileIdentity::of(const QString& path)
 {
     ZLFileIdentity identity;
-    struct stat status { };
+    struct stat status {};
     if (stat(QFile::encodeName(path).constData(), &status) != 0) {
         const QString resolved = resolvedPath(path);
         const QFileInfo file(resolved);

@@ -18,15 +18,15 @@ Q_LOGGING_CATEGORY(fileLockLog, "zelta.platform.lock", QtInfoMsg)
 /// Empty when the open file can be one. Whoever may put something else there would have us write into it.
 QString whyNoLockFile(int descriptor)
 {
-    struct stat opened { };
+    struct stat opened {};
     return fstat(descriptor, &opened) == 0 ? ZLBoundedFile::whyNoOrdinaryFile(opened.st_mode) : qt_error_string(errno);
 }
 
 /// Whether the open file still is the one that others would find under its name.
 bool isFileStillAt(const QByteArray& nativePath, int descriptor)
 {
-    struct stat opened { };
-    struct stat named { };
+    struct stat opened {};
+    struct stat named {};
     return fstat(descriptor, &opened) == 0 && lstat(nativePath.constData(), &named) == 0
         && opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }

@@ -64,10 +64,10 @@ ZLSignalWatcher::~ZLSignalWatcher()
 
 void ZLSignalWatcher::watch(int signalNumber)
 {
-    struct sigaction former { };
+    struct sigaction former {};
     if (sigaction(signalNumber, nullptr, &former) != 0 || former.sa_handler == SIG_IGN)
         return;
-    struct sigaction action { };
+    struct sigaction action {};
     action.sa_handler = writeSignalToPipe;
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);

@@ -22,7 +22,7 @@ bool fitsSocketAddress(const QString& path)
 /// Else somebody else could stand behind the socket.
 bool belongsToUserAlone(const QString& folder)
 {
-    struct stat status { };
+    struct stat status {};
     return lstat(QFile::encodeName(folder).constData(), &status) == 0 && S_ISDIR(status.st_mode)
         && status.st_uid == geteuid() && (status.st_mode & everybodyElse) == 0;
 }

@@ -87,8 +87,7 @@ void ZLOSCController::receivedOSCMessage(const ZLOSCReceivedMessage& received)
     if (!isCommand(received.message))
         return;
     if (QThread::currentThread() != thread()) {
-        QMetaObject::invokeMethod(
-            this, [this, received] { receivedOSCMessage(received); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, [this, received] { receivedOSCMessage(received); }, Qt::QueuedConnection);
         return;
     }
     const Result result = carryOut(received.message, ZLRemoteOrigin::OSC);

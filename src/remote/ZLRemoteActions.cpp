@@ -21,7 +21,7 @@ QString translatedActionText(const char* text)
 
 /// The first row for which the member has the value.
 template <typename Value>
-const ZLRemoteAction* actionWhere(const Value& value, Value ZLRemoteAction::*member)
+const ZLRemoteAction* actionWhere(const Value& value, Value ZLRemoteAction::* member)
 {
     const auto rows = ZLRemoteActions::all();
     const auto found = std::ranges::find(rows, value, member);

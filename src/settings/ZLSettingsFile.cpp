@@ -115,7 +115,7 @@ void ZLSettingsFile::removeLines(const QString& key)
 {
     // A person may have written it twice.
     for (auto place = m_places.constFind(key); m_isUsable && place != m_places.cend();
-         place = m_places.constFind(key)) {
+        place = m_places.constFind(key)) {
         m_lines.remove(place->first, place->count);
         readLines();
     }

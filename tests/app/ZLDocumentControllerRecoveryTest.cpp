@@ -138,7 +138,8 @@ TEST_F(ZLDocumentControllerRecoveryTest, ATemplateWithTheIdentifierOfAChapterIsB
     const QVariantMap both { { ZLChapterKey::TimeStamp, 3.0 }, { ZLChapterKey::Enabled, true },
         { ZLChapterKey::Title, u"Both"_s }, { ZLChapterKey::Link, QString() }, { ZLChapterKey::Tags, QString() },
         { ZLChapterKey::Date, wallClock }, { ZLChapterKey::UUID, u"1"_s } };
-    ASSERT_TRUE(ZLAtomicFile::write(path, ZLDocumentFile::encode({ .chapters = { both }, .duration = 0.0, .templates = { both } })));
+    ASSERT_TRUE(ZLAtomicFile::write(
+        path, ZLDocumentFile::encode({ .chapters = { both }, .duration = 0.0, .templates = { both } })));
     addChapter(*open(path), "Marked live");
     start();
     ZLChapterDocument* document = open(path);
@@ -151,7 +152,8 @@ TEST_F(ZLDocumentControllerRecoveryTest, DatesAreBackUnchangedAfterAKill)
     const QString path = filePath("show.zelta");
     QVariantMap chapter = ZLChapter().dictionaryRepresentation();
     chapter.insert(ZLChapterKey::Date, QVariant::fromValue(ZLArchivedDate { 700'000'000.123'456 }));
-    ASSERT_TRUE(ZLAtomicFile::write(path, ZLDocumentFile::encode({ .chapters = { chapter }, .duration = 0.0, .templates = {} })));
+    ASSERT_TRUE(ZLAtomicFile::write(
+        path, ZLDocumentFile::encode({ .chapters = { chapter }, .duration = 0.0, .templates = {} })));
     ZLChapterDocument* document = open(path);
     document->updateChapterToTitle(document->chapterManager().chapterAtIndex(0), u"Edited"_s);
     start();
@@ -254,7 +256,7 @@ TEST_F(ZLDocumentControllerRecoveryTest, WhatTheProgramRemembersIsForItsUserAlon
     start();
     open(storedFile("show.zelta"));
     const auto modeOf = [this](const char* name) {
-        struct stat status { };
+        struct stat status {};
         EXPECT_EQ(stat(QFile::encodeName(filePath(name)).constData(), &status), 0) << name;
         return status.st_mode & 07777;
     };

@@ -105,7 +105,8 @@ TEST(ZLDocumentFileTest, DatesGoThroughUnchangedWhenAChapterIsEdited)
         chapters.append(chapter);
     }
     ZLChapterDocument document({});
-    ASSERT_TRUE(document.readFromData(ZLDocumentFile::encode({ .chapters = chapters, .duration = 9.0, .templates = {} })));
+    ASSERT_TRUE(
+        document.readFromData(ZLDocumentFile::encode({ .chapters = chapters, .duration = 9.0, .templates = {} })));
     document.updateChapterToTitle(document.chapterManager().chapterAtIndex(0), u"Edited"_s);
     const auto written = ZLDocumentFile::decode(document.dataOfType());
     ASSERT_TRUE(written.isOk());

@@ -14,7 +14,8 @@ protected:
     static QVariantMap chapter(const QVariant& time, const QVariant& title = u"x"_s)
     {
         return { { ZLChapterKey::TimeStamp, time }, { ZLChapterKey::Title, title }, { ZLChapterKey::Link, u""_s },
-            { ZLChapterKey::Tags, u""_s }, { ZLChapterKey::Date, QDateTime::fromMSecsSinceEpoch(0, QTimeZone::utc()) } };
+            { ZLChapterKey::Tags, u""_s },
+            { ZLChapterKey::Date, QDateTime::fromMSecsSinceEpoch(0, QTimeZone::utc()) } };
     }
 
     void read(const QVariantList& chapters, const QVariant& duration = 0.0)

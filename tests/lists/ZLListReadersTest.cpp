@@ -209,7 +209,7 @@ TEST(ZLListReaders, XmlThatOurRawWritersMadeIsRefusedWithItsLine)
 {
     EXPECT_TRUE(refusalOf(u"<Session><Markers>\n<Marker Id=\"1\" Name=\"a < b\" Time=\"1.000\" Type=\"Chapter\"/>\n"
                           "</Markers></Session>"_s)
-                    .contains(u"line 2"_s));
+            .contains(u"line 2"_s));
     EXPECT_TRUE(refusalOf(u"<fcpxml>\n<project name=\"Q & A\"></project></fcpxml>"_s).contains(u"line 2"_s));
 }
 

@@ -40,8 +40,8 @@ TEST(ZLListSource, OtherBytesAreReadAsLatin1AndSaidToBeAGuess)
     EXPECT_TRUE(source.value().isGuessedLatin1());
     EXPECT_FALSE(ZLListSource::fromBytes("00:00 Gr\xC3\xBC\xC3\x9F"
                                          "e\n")
-                     .value()
-                     .isGuessedLatin1());
+            .value()
+            .isGuessedLatin1());
 }
 
 TEST(ZLListSource, WhatIsNoTextIsRefused)
@@ -49,7 +49,7 @@ TEST(ZLListSource, WhatIsNoTextIsRefused)
     EXPECT_FALSE(ZLListSource::fromBytes(QByteArray("\x7F"
                                                     "ELF\0\x01\xFF\0abc",
                                              12))
-                     .isOk());
+            .isOk());
     EXPECT_FALSE(ZLListSource::fromBytes(QByteArray(ZLListSource::MostBytes + 1, ' ')).isOk());
     EXPECT_TRUE(ZLListSource::fromBytes({}).isOk());
 }

@@ -95,7 +95,7 @@ TEST_F(ZLAtomicFileTest, TheOwnerOfAnExistingFileIsKept)
     if (chown(nativePath.constData(), 12345, 23456) != 0)
         GTEST_SKIP() << "only the superuser may give files away";
     ASSERT_TRUE(ZLAtomicFile::write(path(), "new"));
-    struct stat status { };
+    struct stat status {};
     ASSERT_EQ(stat(nativePath.constData(), &status), 0);
     EXPECT_EQ(status.st_uid, 12345U);
     EXPECT_EQ(status.st_gid, 23456U);
@@ -198,7 +198,7 @@ TEST_F(ZLAtomicFileTest, AFileOfTheProgramsOwnIsForItsUserAloneAndTakesThePlaceO
     EXPECT_TRUE(ZLAtomicFile::writeForOwner(path(u"own"_s), "own"));
     EXPECT_EQ(contents(), "precious");
     EXPECT_EQ(contents(u"own"_s), "own");
-    struct stat status { };
+    struct stat status {};
     ASSERT_EQ(lstat(QFile::encodeName(path(u"own"_s)).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & (S_IFMT | 07777), mode_t(S_IFREG | 0600));
 }

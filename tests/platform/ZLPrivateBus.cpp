@@ -87,7 +87,8 @@ void ZLPrivateBus::offerService(const QString& name, const QString& program)
     QFile service(m_folder.filePath(name + u".service"_s));
     if (!service.open(QIODevice::WriteOnly))
         qFatal("cannot offer a service: %s", qPrintable(service.errorString()));
-    service.write(u"[D-BUS Service]\nName=%1\nExec=%2 %3\n"_s.arg(name, QStringLiteral(ZELTA_PYTHON), program).toUtf8());
+    service.write(
+        u"[D-BUS Service]\nName=%1\nExec=%2 %3\n"_s.arg(name, QStringLiteral(ZELTA_PYTHON), program).toUtf8());
     service.close();
     call(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"ReloadConfig"_s);
 }

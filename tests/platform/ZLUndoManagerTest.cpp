@@ -300,7 +300,7 @@ TEST_F(ZLUndoManagerTest, RemovingAllActionsEmptiesBothHistories)
 TEST_F(ZLUndoManagerTest, ARemovedStepLetsGoOfWhatItHeld)
 {
     const auto held = std::make_shared<int>(5);
-    m_manager.registerStep([held] {});
+    m_manager.registerStep([held] { });
     EXPECT_EQ(held.use_count(), 2);
     m_manager.removeAllActions();
     EXPECT_EQ(held.use_count(), 1);

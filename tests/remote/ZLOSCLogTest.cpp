@@ -182,7 +182,7 @@ TEST(ZLOSCLogTexts, EachReasonForDroppingIsTold)
 TEST(ZLOSCLogTexts, AMessageThatWasNotSentSaysWhy)
 {
     ZLOSCOutPort resolving(u"desk"_s, u"desk.example"_s, 9000, nullptr,
-        [](const QString&, QObject*, const std::function<void(const QHostInfo&)>&) {});
+        [](const QString&, QObject*, const std::function<void(const QHostInfo&)>&) { });
     EXPECT_EQ(ZLOSCLogTexts::outcomeOfSending(false, resolving), u"not sent: the host is being looked up"_s);
     const ZLOSCOutPort failed(u"desk"_s, {}, 9000);
     EXPECT_EQ(ZLOSCLogTexts::outcomeOfSending(false, failed), u"not sent: "_s + failed.failure());

@@ -283,7 +283,7 @@ void ZLDocumentWindows::showProblems(const QStringList& problems) const
     QStringList lines = window->messageBar().text(openingProblemsName).split(u'\n', Qt::SkipEmptyParts) + problems;
     lines.removeDuplicates();
     window->messageBar().showMessage(
-        openingProblemsName, lines.join(u'\n'), { { tr("Dismiss"), [] {} } }, {}, ZLMessageBar::Kind::Error);
+        openingProblemsName, lines.join(u'\n'), { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
 }
 
 void ZLDocumentWindows::tellWhatHoldsTheLogOut() const
@@ -299,8 +299,7 @@ void ZLDocumentWindows::askWhetherToQuitUnsaved(const QStringList& problems)
 {
     const QString name = u"quittingUnsaved"_s;
     if (ZLChapterDocumentWindow* window = frontWindow()) {
-        window->messageBar().showMessage(name,
-            tr("Not everything could be saved: %1").arg(problems.join(u' ')),
+        window->messageBar().showMessage(name, tr("Not everything could be saved: %1").arg(problems.join(u' ')),
             { { tr("Quit Anyway"), [this] { quitAtOnce(); } }, { tr("Cancel"), [] {} } },
             { ZLSavingDisplay::failureMessageName() }, ZLMessageBar::Kind::Error);
         window->messageBar().takeKeyboardFor(name);

@@ -64,5 +64,5 @@ void ZLExportDisplay::warn(ZLChapterDocument* document, const QString& format, c
     if (window.statusLine().passingMessage() == m_successes.value(format))
         window.statusLine().hidePassingMessage();
     window.messageBar().showMessage(
-        failureNameFor(format), sentence, { { tr("Dismiss"), [] {} } }, {}, ZLMessageBar::Kind::Error);
+        failureNameFor(format), sentence, { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
 }

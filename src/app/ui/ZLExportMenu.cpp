@@ -49,10 +49,11 @@ void ZLExportMenu::exportItemClicked(qsizetype tag)
         });
     connect(flow, &ZLExportFlow::exportDidFail, this,
         [this, document, format](const QString& message) { Q_EMIT exportDidFail(document, format, message); });
-    connect(&m_controller, &ZLDocumentController::willCloseDocument, flow, [flow, document](ZLChapterDocument* closing) {
-        if (document == closing)
-            flow->documentWillClose();
-    });
+    connect(
+        &m_controller, &ZLDocumentController::willCloseDocument, flow, [flow, document](ZLChapterDocument* closing) {
+            if (document == closing)
+                flow->documentWillClose();
+        });
     connect(flow, &QObject::destroyed, this, &ZLExportMenu::exportDidEnd);
     flow->exportChapters(document, QApplication::activeWindow());
 }

@@ -104,8 +104,8 @@ void ZLFileMenu::revert()
     if (!saver)
         return;
     if (const ZLStatus reverted = saver->revert(); !reverted)
-        m_window.messageBar().showMessage(u"revertFailure"_s, reverted.error().message, { { tr("Dismiss"), [] {} } },
-            {}, ZLMessageBar::Kind::Error);
+        m_window.messageBar().showMessage(
+            u"revertFailure"_s, reverted.error().message, { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
     else
         m_window.messageBar().hideMessage(u"revertFailure"_s);
 }

@@ -44,6 +44,6 @@ void ZLOutsideNewsDisplay::tellOfNothing(
         const auto comeHere = [this, wanted = QPointer(beside)] { m_commands.pinTo(wanted); };
         if (ZLChapterDocumentWindow* window = m_windows.windowOf(beside))
             window->messageBar().showMessage(u"outsideCommandElsewhere"_s, text,
-                { { ZLOutsideTargetDisplay::itemTitle(), comeHere }, { tr("Dismiss"), [] {} } });
+                { { ZLOutsideTargetDisplay::itemTitle(), comeHere }, { tr("Dismiss"), [] { } } });
     }
 }

@@ -122,8 +122,8 @@ std::unique_ptr<MASPreferencesViewController> ZLPreferences::makeGeneralPane()
 void ZLPreferences::followNotificationServer(ZLGeneralPrefsViewController& pane)
 {
     const auto update = [server = &m_notificationServer, shown = &pane] {
-        shown->setQuickEditNotice(server->isMissing() ? noticeWithoutNotifications()
-                                                      : tr("What you reply becomes the chapter’s title."));
+        shown->setQuickEditNotice(
+            server->isMissing() ? noticeWithoutNotifications() : tr("What you reply becomes the chapter’s title."));
     };
     connect(&m_notificationServer, &ZLNotificationServerPresence::didChange, &pane, update);
     update();

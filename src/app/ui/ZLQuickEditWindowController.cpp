@@ -120,8 +120,8 @@ void ZLQuickEditWindowController::placeWindow()
         screen = QGuiApplication::primaryScreen();
     const QRect available = screen->availableGeometry();
     const QRect place = ZLFloatingWindow::geometryBeside(pointer, m_window->size(), available);
-    m_window->setGeometry(ZLFloatingWindow::geometryBesideOthers(
-        place, m_neighbours + QList { QRect(pointer, QSize(1, 1)) }, available));
+    m_window->setGeometry(
+        ZLFloatingWindow::geometryBesideOthers(place, m_neighbours + QList { QRect(pointer, QSize(1, 1)) }, available));
 }
 
 void ZLQuickEditWindowController::fadeIn()

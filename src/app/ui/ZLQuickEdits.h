@@ -7,9 +7,9 @@
 
 class ZLApplication;
 
-/// Where the desktop's notifications have no reply field, their Reply button opens a quick edit panel for the chapter and
-/// gives it the keyboard: one for each chapter, so that what is being typed into one is not lost to the next. Where there
-/// are no notifications, the panel comes instead of one, without the keyboard.
+/// Where the desktop's notifications have no reply field, their Reply button opens a quick edit panel for the chapter
+/// and gives it the keyboard: one for each chapter, so that what is being typed into one is not lost to the next. Where
+/// there are no notifications, the panel comes instead of one, without the keyboard.
 class ZLQuickEdits : public QObject {
     Q_OBJECT
 

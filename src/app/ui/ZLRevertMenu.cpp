@@ -56,7 +56,7 @@ void ZLRevertMenu::addState(const ZLDocumentState& state, qsizetype number)
     QAction* action = addAction(textFor(state, m_window.document().wallClockTime().toLocalTime()));
     action->setObjectName(u"formerState%1"_s.arg(number));
     action->setToolTip(tr("Bring back the chapters, the templates and the recorded time of %1. You can undo it.")
-                           .arg(QLocale().toString(state.time.toLocalTime(), QLocale::LongFormat)));
+            .arg(QLocale().toString(state.time.toLocalTime(), QLocale::LongFormat)));
     connect(action, &QAction::triggered, this, [this, state] { revertTo(state); });
 }
 
@@ -67,8 +67,8 @@ void ZLRevertMenu::revertTo(const ZLDocumentState& state)
     if (!saver)
         return;
     if (const ZLStatus reverted = saver->revertTo(state); !reverted)
-        m_window.messageBar().showMessage(u"revertFailure"_s, reverted.error().message, { { tr("Dismiss"), [] {} } },
-            {}, ZLMessageBar::Kind::Error);
+        m_window.messageBar().showMessage(
+            u"revertFailure"_s, reverted.error().message, { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
     else
         m_window.messageBar().hideMessage(u"revertFailure"_s);
 }

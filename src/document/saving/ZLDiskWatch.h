@@ -9,7 +9,8 @@
 #include <functional>
 #include <memory>
 
-/// Looks at both roads to the disk, as long as one of them is under way, and tells when one hangs and when that is over.
+/// Looks at both roads to the disk, as long as one of them is under way, and tells when one hangs and when that is
+/// over.
 class ZLDiskWatch : public QObject {
     Q_OBJECT
 

@@ -40,8 +40,8 @@ public:
     /// `deadline`.
     bool end(QDeadlineTimer deadline);
 
-    /// Whether the document differs from what it was at the last call, or at the beginning. To be asked while no file is
-    /// begun.
+    /// Whether the document differs from what it was at the last call, or at the beginning. To be asked while no file
+    /// is begun.
     [[nodiscard]] bool noticeChange();
     /// Journals what differs from the last record, and waits until the kernel has it.
     void note();

@@ -1,8 +1,8 @@
 #include "document/saving/ZLDocumentSaver.h"
 
 #include "document/saving/ZLNewIdentifiers.h"
-#include "platform/ZLFileExtension.h"
 #include "document/saving/ZLWriteProtection.h"
+#include "platform/ZLFileExtension.h"
 
 #include <QDir>
 #include <QFile>
@@ -28,8 +28,7 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     , m_path(path)
     , m_journal(document, m_machinery.journalDisk)
     , m_writer(m_machinery.writeFile, m_machinery.executor)
-    , m_diskWatch(
-          m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
+    , m_diskWatch(m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
 {
     if (!isUntitled()) {
         m_bytesOnDisk = currentBytes();
@@ -48,8 +47,7 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     , m_recoveryFile(std::move(recoveryFile))
     , m_journal(document, m_machinery.journalDisk)
     , m_writer(m_machinery.writeFile, m_machinery.executor)
-    , m_diskWatch(
-          m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
+    , m_diskWatch(m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
 {
     m_bytesOnDisk = currentBytes();
     m_fileDigest = ZLJournalRecords::digestOf(m_bytesOnDisk);

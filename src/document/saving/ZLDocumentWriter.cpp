@@ -59,8 +59,7 @@ void ZLDocumentWriter::run(const Executor& executor)
     // The object is reached only for a write that was not left to itself, which the object does at its end.
     auto task = [this, write = m_write] {
         write->run([this, write] {
-            QMetaObject::invokeMethod(
-                this, [this, write] { finishByItself(write); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, [this, write] { finishByItself(write); }, Qt::QueuedConnection);
         });
     };
     if (executor)

@@ -29,8 +29,8 @@ public:
 
     /// Begins a write; none may be under way.
     void start(ZLWriteOrder order);
-    /// Calls the write under way off if it has not begun, else waits for its end. Returns false when it has no end before
-    /// `deadline`, and then goes on.
+    /// Calls the write under way off if it has not begun, else waits for its end. Returns false when it has no end
+    /// before `deadline`, and then goes on.
     bool settle(QDeadlineTimer deadline);
     /// Carries an order out, whose outcome is absent when there is none before `deadline`; then the write goes on. None
     /// may be under way.

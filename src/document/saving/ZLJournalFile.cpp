@@ -88,7 +88,7 @@ ZLJournalFile::~ZLJournalFile()
 
 bool ZLJournalFile::finish(QDeadlineTimer deadline)
 {
-    post([] {}, Sync::AtOnce);
+    post([] { }, Sync::AtOnce);
     {
         std::unique_lock lock(m_mutex);
         const auto isSynced = [this, wanted = m_postedCount] { return m_syncedCount >= wanted; };
@@ -135,7 +135,7 @@ bool ZLJournalFile::waitUntilHandedOver(std::chrono::milliseconds limit)
 
 bool ZLJournalFile::waitUntilSynced(std::chrono::milliseconds limit)
 {
-    post([] {}, Sync::AtOnce);
+    post([] { }, Sync::AtOnce);
     return waitFor(m_syncedCount, m_missedSync, limit);
 }
 

@@ -32,7 +32,7 @@ bool isInStateFolder(const QString& path)
 /// Only a file with a second name can have one in the state folder as well.
 bool isHardLinkIntoStateFolder(const QString& path)
 {
-    struct stat status { };
+    struct stat status {};
     if (stat(QFile::encodeName(path).constData(), &status) != 0 || status.st_nlink < 2)
         return false;
     const auto target = ZLFileIdentity::of(path);
@@ -66,6 +66,6 @@ ZLStatus ZLWriteProtection::check(const QString& path, const ZLOpenFileNote* own
         || ZLFileLock::isHeld(ZLDocumentLock::lockPath(path)))
         return ZLError { QCoreApplication::translate(
             "ZLWriteProtection", "%1: Zelta itself uses this file, so nothing else is written over it.")
-                             .arg(path) };
+                .arg(path) };
     return ZLDone {};
 }

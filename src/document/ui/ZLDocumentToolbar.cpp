@@ -43,12 +43,10 @@ int steadyWidth(const QFontMetrics& metrics, const QString& characters)
 
 ZLDocumentToolbar::ZLDocumentToolbar(QWidget* parent)
     : QToolBar(parent)
-    , m_recordButton(createButton(
-          u"recordButton"_s, u"StartButton"_s, { tr("Start"), tr("Pause") }, Qt::ToolButtonTextUnderIcon))
-    , m_addButton(
-          createButton(u"addButton"_s, u"AddButton"_s, { tr("Add"), tr("Next") }, Qt::ToolButtonTextBesideIcon))
-    , m_deleteButton(
-          createButton(u"deleteButton"_s, u"DeleteButton"_s, { tr("Delete") }, Qt::ToolButtonTextBesideIcon))
+    , m_recordButton(
+          createButton(u"recordButton"_s, u"StartButton"_s, { tr("Start"), tr("Pause") }, Qt::ToolButtonTextUnderIcon))
+    , m_addButton(createButton(u"addButton"_s, u"AddButton"_s, { tr("Add"), tr("Next") }, Qt::ToolButtonTextBesideIcon))
+    , m_deleteButton(createButton(u"deleteButton"_s, u"DeleteButton"_s, { tr("Delete") }, Qt::ToolButtonTextBesideIcon))
     , m_drawerButton(
           createButton(u"drawerButton"_s, u"DrawerButton"_s, { tr("Templates") }, Qt::ToolButtonTextUnderIcon))
     , m_clockLabel(new QLabel(this))

@@ -7,8 +7,8 @@
 class QLabel;
 class QToolButton;
 
-/// The toolbar of a document window: record button, clock, add with what comes next, delete, and the drawer's switch. It
-/// shows what it is told and says what was pressed. While the clock runs, it, the record button and a line along the
+/// The toolbar of a document window: record button, clock, add with what comes next, delete, and the drawer's switch.
+/// It shows what it is told and says what was pressed. While the clock runs, it, the record button and a line along the
 /// bottom are red.
 class ZLDocumentToolbar : public QToolBar {
     Q_OBJECT

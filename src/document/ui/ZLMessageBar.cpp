@@ -20,8 +20,8 @@ ZLMessageBar::ZLMessageBar(QWidget* parent)
     hide();
 }
 
-void ZLMessageBar::showMessage(const QString& name, const QString& text, const QList<Button>& buttons,
-    const QStringList& coveredNames, Kind kind)
+void ZLMessageBar::showMessage(
+    const QString& name, const QString& text, const QList<Button>& buttons, const QStringList& coveredNames, Kind kind)
 {
     ZLMessageRow* row = rowNamed(name);
     if (!row) {

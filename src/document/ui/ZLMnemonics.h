@@ -11,8 +11,8 @@ public:
     /// The letters that open menus stay theirs.
     void leaveToMenus(const QMenuBar& menus);
 
-    /// The text with a mnemonic in place of the one it may have: the first letter of a word where that is free, else any
-    /// letter. Unchanged where no letter is left.
+    /// The text with a mnemonic in place of the one it may have: the first letter of a word where that is free, else
+    /// any letter. Unchanged where no letter is left.
     [[nodiscard]] QString withMnemonic(const QString& text);
 
 private:

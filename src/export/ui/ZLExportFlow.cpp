@@ -1,9 +1,9 @@
 #include "export/ui/ZLExportFlow.h"
 
 #include "document/ZLChapterDocument.h"
+#include "document/saving/ZLWriteProtection.h"
 #include "document/ui/ZLSaveFileDialog.h"
 #include "export/ZLSessionCopy.h"
-#include "document/saving/ZLWriteProtection.h"
 #include "export/formats/ZLExportAdvice.h"
 #include "export/ui/ZLExportAdviceView.h"
 #include "platform/ZLAtomicFile.h"

@@ -31,8 +31,8 @@ public:
     void setFolder(const QString& folder) { m_folder = folder; }
 
     /// Shows the dialog, as a window of its own, and returns at once. The chapters are taken when the dialog is
-    /// confirmed, or when the document closes before. Without a document the format's empty file is written. `window` is
-    /// where an alert of the format will stand. Does nothing for a format without a file.
+    /// confirmed, or when the document closes before. Without a document the format's empty file is written. `window`
+    /// is where an alert of the format will stand. Does nothing for a format without a file.
     ///
     /// What the destination will not like stands in the dialog and follows the document and the selected file. The
     /// desktop's own dialog has no place for that, so it is never taken, and all exports look alike.

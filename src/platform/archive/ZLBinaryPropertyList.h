@@ -67,8 +67,8 @@ struct ZLBinaryPropertyListObject {
         return kind == Kind::Uid ? std::optional(ZLReadBigEndian(payload, count)) : std::nullopt;
     }
     /// The value of a number (bool, qlonglong, ulonglong above its range, float, double), a date (QDateTime, UTC, or
-    /// ZLArchivedDate), data (QByteArray), text (QString) or null (invalid QVariant). Nothing for a collection, a UID and
-    /// an integer of more than 64 bits.
+    /// ZLArchivedDate), data (QByteArray), text (QString) or null (invalid QVariant). Nothing for a collection, a UID
+    /// and an integer of more than 64 bits.
     std::optional<QVariant> scalar() const;
 };
 

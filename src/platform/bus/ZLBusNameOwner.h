@@ -9,8 +9,8 @@
 
 class QObject;
 
-/// Who stands behind a service's name on a message bus. The answer to a call does not tell it reliably: some versions of
-/// the bus library leave the sender of an answer empty.
+/// Who stands behind a service's name on a message bus. The answer to a call does not tell it reliably: some versions
+/// of the bus library leave the sender of an answer empty.
 namespace ZLBusNameOwner {
 
 using Answer = std::function<void(const ZLResult<QString>& owner)>;

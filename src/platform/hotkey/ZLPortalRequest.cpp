@@ -42,8 +42,7 @@ void ZLPortalRequest::call(const QString& interface, const QString& method, cons
     if (!m_bus.connect(
             m_portal, path(), portalRequestInterface, u"Response"_s, this, SLOT(receiveResponse(uint, QVariantMap)))) {
         qCWarning(portalRequestLog) << "cannot listen for the response to" << method;
-        QMetaObject::invokeMethod(
-            this, [this] { finish(Outcome::Failed); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, [this] { finish(Outcome::Failed); }, Qt::QueuedConnection);
         return;
     }
     QDBusMessage message =

@@ -66,8 +66,7 @@ void ZLPortalShortcutSession::introduce(const ZLResult<QString>& portal)
     m_portal = portal.value();
     // A portal remembers who a caller is from its first call on, so the introduction has to come first. One that does
     // not know this call finds out by itself.
-    QDBusMessage introduction =
-        QDBusMessage::createMethodCall(m_portal, portalPath, registryInterface, u"Register"_s);
+    QDBusMessage introduction = QDBusMessage::createMethodCall(m_portal, portalPath, registryInterface, u"Register"_s);
     introduction.setArguments({ applicationId, QVariantMap() });
     ZLBusCall::send(m_bus, introduction, ZLBusCall::usualPatienceMilliseconds, this,
         [this](const QDBusMessage& reply) { introduced(reply); });

@@ -36,7 +36,7 @@ ZLResult<std::shared_ptr<ZLMediaSource>> ZLMediaSource::open(const QString& path
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0)
         return ZLError { u"%1: %2"_s.arg(path, qt_error_string(errno)) };
-    struct stat status { };
+    struct stat status {};
     const bool isKnown = fstat(descriptor, &status) == 0;
     std::shared_ptr<ZLMediaSource> source(new ZLMediaSource(path, descriptor, status));
     if (!isKnown || !S_ISREG(status.st_mode))
@@ -75,7 +75,7 @@ QByteArray ZLMediaSource::read(qint64 offset, qint64 length) const
 
 ZLStatus ZLMediaSource::checkUnchanged() const
 {
-    struct stat now { };
+    struct stat now {};
     if (stat(QFile::encodeName(m_path).constData(), &now) != 0)
         return ZLError { qt_error_string(errno) };
     if (!isSameFile(now, m_status))

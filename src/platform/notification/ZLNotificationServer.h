@@ -24,7 +24,8 @@ public:
     /// Looks for the server and asks what it can do: wasFound or isMissing follows. To be called while none is known.
     void find();
     /// Calls a method of the known server. The answer, which may be an error, comes unless `context` goes before.
-    void call(const QString& method, const QVariantList& arguments, QObject* context, const ZLBusCall::Answer& answer) const;
+    void call(
+        const QString& method, const QVariantList& arguments, QObject* context, const ZLBusCall::Answer& answer) const;
 
 Q_SIGNALS:
     void wasFound();

@@ -94,7 +94,7 @@ void ZLOSCReceiver::handleDatagram(QByteArrayView datagram, const ZLOSCPeer& pee
     ++m_reception.received;
     if (!isAllowed(peer.address)) {
         ++m_reception.refusedSender;
-        return sample(ZLOSCDropReason::RefusedSender, peer, [](ZLOSCDroppedDatagram&) {});
+        return sample(ZLOSCDropReason::RefusedSender, peer, [](ZLOSCDroppedDatagram&) { });
     }
     const ZLResult<QList<ZLOSCMessage>> messages = ZLOSCCodec::decode(datagram);
     if (!messages) {

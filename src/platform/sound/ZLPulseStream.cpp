@@ -90,8 +90,7 @@ std::optional<std::chrono::microseconds> ZLPulseStream::remainingTime() const
 
 void ZLPulseStream::setCallbacks()
 {
-    pa_stream_set_state_callback(
-        m_stream, [](pa_stream*, void* self) { pulseStream(self)->stateDidChange(); }, this);
+    pa_stream_set_state_callback(m_stream, [](pa_stream*, void* self) { pulseStream(self)->stateDidChange(); }, this);
     const auto didStart = [](pa_stream*, void* self) {
         pulseStream(self)->m_isHeard = true;
         Q_EMIT pulseStream(self)->didProgress();

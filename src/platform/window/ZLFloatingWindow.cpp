@@ -60,7 +60,8 @@ QRect ZLFloatingWindow::geometryBesideOthers(const QRect& place, const QList<QRe
     for (const QRect& other : others) {
         candidates += place.translated(0, other.bottom() + 1 + distanceFromOthers - place.top());
         candidates += place.translated(0, other.top() - distanceFromOthers - place.bottom() - 1);
-        candidates += place.translated(other.right() + 1 + distanceFromOthers - place.left(), other.top() - place.top());
+        candidates +=
+            place.translated(other.right() + 1 + distanceFromOthers - place.left(), other.top() - place.top());
         candidates +=
             place.translated(other.left() - distanceFromOthers - place.right() - 1, other.top() - place.top());
     }

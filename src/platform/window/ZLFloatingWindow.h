@@ -22,8 +22,8 @@ void joinAllDesktops(QWindow& window);
 /// that follows the pointer stays where it is. All in the coordinates of one screen, whose free area is `available`.
 [[nodiscard]] QRect geometryBeside(const QPoint& pointer, const QSize& size, const QRect& available);
 
-/// Where the window goes that would stand at `place`, so that it covers none of the `others`: beside, below or above one
-/// of them. Stays at `place` where nothing is in the way, or no place is free.
+/// Where the window goes that would stand at `place`, so that it covers none of the `others`: beside, below or above
+/// one of them. Stays at `place` where nothing is in the way, or no place is free.
 [[nodiscard]] QRect geometryBesideOthers(const QRect& place, const QList<QRect>& others, const QRect& available);
 
 }

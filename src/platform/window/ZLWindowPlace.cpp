@@ -42,8 +42,7 @@ QRect ZLWindowPlace::fitted(QPoint place, QSize size, const QRect& available)
         fitting };
 }
 
-QRect ZLWindowPlace::cascaded(
-    QPoint front, QSize size, QSize least, const QList<QPoint>& taken, const QRect& available)
+QRect ZLWindowPlace::cascaded(QPoint front, QSize size, QSize least, const QList<QPoint>& taken, const QRect& available)
 {
     QPoint place = front + step;
     int rows = 0;

@@ -21,7 +21,6 @@ inline constexpr QPoint step { 32, 32 };
 
 /// Beside the window at `front` and not upon one at a place in `taken`. The window becomes smaller where there is no
 /// room for it, but not smaller than `least`: rather it begins again at the upper edge.
-[[nodiscard]] QRect cascaded(
-    QPoint front, QSize size, QSize least, const QList<QPoint>& taken, const QRect& available);
+[[nodiscard]] QRect cascaded(QPoint front, QSize size, QSize least, const QList<QPoint>& taken, const QRect& available);
 
 }

@@ -27,8 +27,7 @@ xcb_atom_t ZLXcbWindows::atomNamed(xcb_connection_t* connection, const char* nam
 
 xcb_window_t ZLXcbWindows::rootOf(xcb_connection_t* connection, xcb_window_t window)
 {
-    xcb_get_geometry_reply_t* reply =
-        xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr);
+    xcb_get_geometry_reply_t* reply = xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr);
     const xcb_window_t root = reply ? reply->root : xcb_window_t(XCB_WINDOW_NONE);
     std::free(reply);
     return root;
@@ -36,6 +35,6 @@ xcb_window_t ZLXcbWindows::rootOf(xcb_connection_t* connection, xcb_window_t win
 
 void ZLXcbWindows::setNumber(xcb_connection_t* connection, xcb_window_t window, const char* property, quint32 value)
 {
-    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, atomNamed(connection, property),
-        XCB_ATOM_CARDINAL, 32, 1, &value);
+    xcb_change_property(
+        connection, XCB_PROP_MODE_REPLACE, window, atomNamed(connection, property), XCB_ATOM_CARDINAL, 32, 1, &value);
 }

@@ -92,7 +92,7 @@ void ZLOSCAcceptPanel::addAddress(const QString& text)
     if (!network) {
         m_editor->setProblem(tr("“%1” is not an address. Enter an address such as 192.168.1.20, or a network such as "
                                 "192.168.1.0/24.")
-                                 .arg(text));
+                .arg(text));
         return;
     }
     QStringList addresses = ZLSettingsManager::oscAcceptedAddresses();

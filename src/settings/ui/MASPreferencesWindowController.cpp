@@ -300,8 +300,8 @@ void MASPreferencesWindowController::keepOnScreen()
     const QRect frame = m_window->frameGeometry();
     const QRect screen = m_window->screen()->availableGeometry();
     const QPoint last(screen.right() + 1 - frame.width(), screen.bottom() + 1 - frame.height());
-    const QPoint place(std::max(screen.x(), std::min(frame.x(), last.x())),
-        std::max(screen.y(), std::min(frame.y(), last.y())));
+    const QPoint place(
+        std::max(screen.x(), std::min(frame.x(), last.x())), std::max(screen.y(), std::min(frame.y(), last.y())));
     if (place != frame.topLeft())
         m_window->move(place);
 }

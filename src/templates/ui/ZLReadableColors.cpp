@@ -35,7 +35,7 @@ QColor movedTowards(const QColor& pole, const QColor& color, const QList<QColor>
 {
     QColor moved = color;
     for (float share = stepTowardsReadable; leastContrast(moved, grounds) < least && share <= 1.0F;
-         share += stepTowardsReadable)
+        share += stepTowardsReadable)
         moved = ZLReadableColors::mixed(pole, color, share);
     return moved;
 }
@@ -71,8 +71,8 @@ double ZLReadableColors::contrast(const QColor& first, const QColor& second)
 QColor ZLReadableColors::mixed(const QColor& first, const QColor& second, float share)
 {
     const auto mix = [share](float one, float other) { return share * one + (1.0F - share) * other; };
-    return QColor::fromRgbF(mix(first.redF(), second.redF()), mix(first.greenF(), second.greenF()),
-        mix(first.blueF(), second.blueF()));
+    return QColor::fromRgbF(
+        mix(first.redF(), second.redF()), mix(first.greenF(), second.greenF()), mix(first.blueF(), second.blueF()));
 }
 
 QColor ZLReadableColors::tinted(const QColor& ground, const QColor& tint)

@@ -129,8 +129,7 @@ protected:
     [[nodiscard]] QImage cellPicture(const QTableView& view, int row, int column)
     {
         // Without the frame of the cell that has the focus.
-        return picture(
-            *view.viewport(), view.visualRect(view.model()->index(row, column)).adjusted(3, 2, -3, -2));
+        return picture(*view.viewport(), view.visualRect(view.model()->index(row, column)).adjusted(3, 2, -3, -2));
     }
     void expectReadableRows(const QTableView& view, const QList<int>& columns)
     {
@@ -142,8 +141,8 @@ protected:
     }
     void expectReadableChapters()
     {
-        expectReadableRows(table(), { ZLChapterTableModel::TimeColumn, ZLChapterTableModel::TitleColumn,
-            ZLChapterTableModel::LinkColumn });
+        expectReadableRows(table(),
+            { ZLChapterTableModel::TimeColumn, ZLChapterTableModel::TitleColumn, ZLChapterTableModel::LinkColumn });
     }
 };
 
@@ -220,5 +219,5 @@ TEST_P(ZLContrastTest, SelectedTextInAFieldAndTheChosenItemOfAMenuCanBeRead)
     menu.hide();
 }
 
-INSTANTIATE_TEST_SUITE_P(Looks, ZLContrastTest, testing::ValuesIn(looks),
-    [](const auto& look) { return std::string(look.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Looks, ZLContrastTest, testing::ValuesIn(looks), [](const auto& look) { return std::string(look.param.name); });

@@ -139,6 +139,6 @@ TEST_F(ZLQuickEditsTest, PanelsStandBesideEachOther)
     press(0);
     press(1);
     ASSERT_EQ(quickEdits->panels().size(), 2);
-    EXPECT_FALSE(quickEdits->panels().at(0)->window().geometry().intersects(
-        quickEdits->panels().at(1)->window().geometry()));
+    EXPECT_FALSE(
+        quickEdits->panels().at(0)->window().geometry().intersects(quickEdits->panels().at(1)->window().geometry()));
 }

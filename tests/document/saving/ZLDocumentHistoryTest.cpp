@@ -36,7 +36,7 @@ protected:
 
     static mode_t permissionsOf(const QString& path)
     {
-        struct stat status { };
+        struct stat status {};
         EXPECT_EQ(stat(QFile::encodeName(path).constData(), &status), 0) << qPrintable(path);
         return status.st_mode & 0777;
     }

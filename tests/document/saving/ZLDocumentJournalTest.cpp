@@ -12,7 +12,7 @@ class ZLDocumentJournalTest : public SavingFixture {
 protected:
     mode_t modeOf(const QString& path) const
     {
-        struct stat status { };
+        struct stat status {};
         EXPECT_EQ(stat(QFile::encodeName(path).constData(), &status), 0) << qPrintable(path);
         return status.st_mode & 07777;
     }

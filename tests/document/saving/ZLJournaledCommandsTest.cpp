@@ -90,7 +90,8 @@ TEST_F(ZLJournaledCommandsTest, Edits)
     addChapter("One");
     addChapter("Two");
     expectOneRecordEachWay("title", 1, [this] { edit(1, ZLChapterTableModel::TitleColumn, u"Second"_s); });
-    expectOneRecordEachWay("link", 1, [this] { edit(1, ZLChapterTableModel::LinkColumn, u"https://second.example"_s); });
+    expectOneRecordEachWay(
+        "link", 1, [this] { edit(1, ZLChapterTableModel::LinkColumn, u"https://second.example"_s); });
     const ZLChapterPointer first = document.chapterManager().chapterAtIndex(0);
     expectOneRecordEachWay("title of a reply", 1, [&] { document.updateChapterToTitle(first, u"First"_s); });
     // Disabled, moved to the front and dated back, all at once.

@@ -16,7 +16,8 @@ protected:
     static QVariantMap chapter(double seconds, const QString& title, const QString& link = u""_s)
     {
         return { { ZLChapterKey::TimeStamp, seconds }, { ZLChapterKey::Title, title }, { ZLChapterKey::Link, link },
-            { ZLChapterKey::Tags, u""_s }, { ZLChapterKey::Date, QDateTime::fromMSecsSinceEpoch(0, QTimeZone::utc()) } };
+            { ZLChapterKey::Tags, u""_s },
+            { ZLChapterKey::Date, QDateTime::fromMSecsSinceEpoch(0, QTimeZone::utc()) } };
     }
 
     void read(const QVariantList& chapters, double duration = 0.0, const QVariantList& templates = {})

@@ -207,7 +207,8 @@ TEST_F(ZLMessageBarTest, EachButtonHasALetterOfItsOwnThatNoMenuHas)
 {
     auto* menus = new QMenuBar(&m_window);
     menus->addMenu(u"&Keep"_s);
-    m_bar->showMessage(u"a"_s, u"Which?"_s, { { u"Keep Mine"_s, {} }, { u"Take Theirs"_s, {} }, { u"Keep Both"_s, {} } });
+    m_bar->showMessage(
+        u"a"_s, u"Which?"_s, { { u"Keep Mine"_s, {} }, { u"Take Theirs"_s, {} }, { u"Keep Both"_s, {} } });
     m_bar->showMessage(u"b"_s, u"And?"_s, { { u"Try Now"_s, {} }, { u"Mmm"_s, {} } });
     QStringList texts;
     for (const auto* button : buttons())

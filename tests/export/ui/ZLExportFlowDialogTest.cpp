@@ -149,7 +149,7 @@ TEST_F(ZLExportFlowDialogTest, TheAdviceFollowsTheSelectedSession)
     ASSERT_TRUE(ZLAtomicFile::write(at(u"list.nhsx"_s), "a shopping list").isOk());
     ASSERT_TRUE(ZLAtomicFile::write(
         at(u"my.nhsx"_s), "<S><Markers><Marker Name=\"One &amp; only\" Time=\"5.000\"/></Markers></Session>")
-                    .isOk());
+            .isOk());
     start<ZLHindenburgExporter>(m_document.get());
     EXPECT_EQ(advice(), QStringList());
     type(at(u"list.nhsx"_s));

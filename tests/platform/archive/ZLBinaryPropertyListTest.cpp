@@ -68,7 +68,8 @@ TEST(ZLBinaryPropertyList, ReadsEveryScalar)
     EXPECT_EQ(scalarOf("\x14\x01" + QByteArray(15, '\0')), std::nullopt);
     EXPECT_EQ(scalarOf(QByteArray("\x22\x3F\x80\0\0", 5)), QVariant(1.0F));
     EXPECT_EQ(scalarOf(QByteArray("\x23\x3F\xF0\0\0\0\0\0\0", 9)), QVariant(1.0));
-    EXPECT_EQ(scalarOf("\x33" + QByteArray(8, '\0')), QVariant(QDateTime(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc())));
+    EXPECT_EQ(
+        scalarOf("\x33" + QByteArray(8, '\0')), QVariant(QDateTime(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc())));
     EXPECT_EQ(scalarOf("\x42xy"), QVariant(QByteArray("xy")));
     EXPECT_EQ(scalarOf("\x52xy"), QVariant(u"xy"_s));
     EXPECT_EQ(scalarOf("\x51\xE4"), QVariant(u"ä"_s));

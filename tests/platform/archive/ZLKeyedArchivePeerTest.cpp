@@ -108,12 +108,13 @@ QJsonValue describe(const QVariant& value)
 
 QVariantMap everyKindForPeers()
 {
-    return { { u"text"_s, u"Grüße 日本 🎙"_s }, { u"empty"_s, u""_s }, { u"dollar"_s, u"$null"_s },
-        { u"true"_s, true }, { u"false"_s, false }, { u"small"_s, 200LL }, { u"negative"_s, -5LL },
-        { u"long"_s, 1LL << 40 }, { u"least"_s, std::numeric_limits<qlonglong>::min() }, { u"float"_s, 0.5F },
-        { u"double"_s, 0.1 }, { u"date"_s, QDateTime(QDate(2026, 3, 1), QTime(12, 30, 15, 250), QTimeZone::utc()) },
-        { u"distant past"_s, QDateTime(QDate(1, 1, 1), QTime(0, 0), QTimeZone::utc()) }, { u"data"_s, QByteArray("\0\xFF", 2) },
-        { u"null"_s, QVariant() }, { u"empty list"_s, QVariantList() }, { u"empty map"_s, QVariantMap() },
+    return { { u"text"_s, u"Grüße 日本 🎙"_s }, { u"empty"_s, u""_s }, { u"dollar"_s, u"$null"_s }, { u"true"_s, true },
+        { u"false"_s, false }, { u"small"_s, 200LL }, { u"negative"_s, -5LL }, { u"long"_s, 1LL << 40 },
+        { u"least"_s, std::numeric_limits<qlonglong>::min() }, { u"float"_s, 0.5F }, { u"double"_s, 0.1 },
+        { u"date"_s, QDateTime(QDate(2026, 3, 1), QTime(12, 30, 15, 250), QTimeZone::utc()) },
+        { u"distant past"_s, QDateTime(QDate(1, 1, 1), QTime(0, 0), QTimeZone::utc()) },
+        { u"data"_s, QByteArray("\0\xFF", 2) }, { u"null"_s, QVariant() }, { u"empty list"_s, QVariantList() },
+        { u"empty map"_s, QVariantMap() },
         { u"list"_s, QVariantList { 1LL, u"x"_s, QVariantMap { { u"ключ"_s, 2.5 } } } } };
 }
 
@@ -163,7 +164,8 @@ TEST(ZLKeyedArchivePeer, WeReadEveryKindOfAnotherWriter)
     peerOutput(u"write"_s, folder.path());
     const auto result = ZLKeyedUnarchiver::unarchivedRoot(contentOf(folder.filePath(u"every-kind.plist"_s)));
     ASSERT_TRUE(result.isOk()) << qPrintable(result.error().message);
-    const QVariantMap expected { { u"inline date"_s, QDateTime(QDate(2026, 3, 1), QTime(12, 30, 15, 250), QTimeZone::utc()) },
+    const QVariantMap expected { { u"inline date"_s,
+                                     QDateTime(QDate(2026, 3, 1), QTime(12, 30, 15, 250), QTimeZone::utc()) },
         { u"date"_s, referenceDate().addMSecs(500) }, { u"date of an integer"_s, referenceDate().addDays(1) },
         { u"inline data"_s, QByteArray("\0\xFF", 2) }, { u"data"_s, QByteArray("mutable") },
         { u"text"_s, u"Grüße 日本 🎙"_s }, { u"list"_s, QVariantList { 1LL, -5LL, 1LL << 40 } },

@@ -26,8 +26,7 @@ protected:
 
     void show(const QString& path)
     {
-        ZLFileManager::showFile(
-            path, [this](const QString& folder) { m_opened += folder; }, m_bus.connection());
+        ZLFileManager::showFile(path, [this](const QString& folder) { m_opened += folder; }, m_bus.connection());
     }
 
     ZLPrivateBus m_bus;

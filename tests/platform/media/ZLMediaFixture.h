@@ -50,7 +50,10 @@ protected:
         return path;
     }
 
-    static QByteArray contentsOf(const QString& path) { return ZLBoundedFile::read(path, ZLFileBound::Document).value(); }
+    static QByteArray contentsOf(const QString& path)
+    {
+        return ZLBoundedFile::read(path, ZLFileBound::Document).value();
+    }
     QStringList names() const
     {
         return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);

@@ -48,9 +48,10 @@ TEST_F(ZLNotificationServerPresenceTest, AServerThatTheBusCanStartIsThereWithout
         QCoreApplication::processEvents();
     }
     EXPECT_FALSE(presence.isMissing());
-    EXPECT_FALSE(bus.call(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s,
-                        u"NameHasOwner"_s, { u"org.freedesktop.Notifications"_s })
-                     .toBool());
+    EXPECT_FALSE(
+        bus.call(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"NameHasOwner"_s,
+               { u"org.freedesktop.Notifications"_s })
+            .toBool());
 }
 
 TEST_F(ZLNotificationServerPresenceTest, WithoutABusThereIsNone)

@@ -47,8 +47,8 @@ QByteArray nested(int depth, QByteArray element)
 ZLOSCMessage messageOfEveryKind()
 {
     return ZLOSCMessage(u"/all/kinds"_s,
-        { qint32(-2), qint64(-3'000'000'000), 0.5F, -0.25, u"Grüße 日本 🎙"_s, u""_s, QByteArray("\0\1\2\3\4", 5),
-            true, false, ZLOSCNil(), ZLOSCInfinitum(), ZLOSCTimeTag { 0x0102030405060708 }, ZLOSCOpaque { 'c', 65 },
+        { qint32(-2), qint64(-3'000'000'000), 0.5F, -0.25, u"Grüße 日本 🎙"_s, u""_s, QByteArray("\0\1\2\3\4", 5), true,
+            false, ZLOSCNil(), ZLOSCInfinitum(), ZLOSCTimeTag { 0x0102030405060708 }, ZLOSCOpaque { 'c', 65 },
             ZLOSCOpaque { 'r', 0xFF00FF00 }, ZLOSCOpaque { 'm', 0x00903C7F } });
 }
 

@@ -16,7 +16,8 @@ TEST(ZLKeyboardHandoverTest, TheWindowGetsTheKeyboard)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     ZLKeyboardHandover::giveTo(window, u"token"_s);
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN")) << "a token is no business of programs started later";
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"))
+        << "a token is no business of programs started later";
 }
 
 TEST(ZLKeyboardHandoverTest, AnIdentifierOfStartupNotificationTellsTheMomentOfTheDeed)

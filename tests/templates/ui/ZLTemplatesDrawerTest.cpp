@@ -124,7 +124,7 @@ TEST_F(ZLTemplatesDrawerTest, AnEmptyNewOneBehindAnotherStepGoesAsAStepOfItsOwn)
 {
     addTemplates({ u"a"_s });
     controller.addChapterButtonPressed();
-    history.registerStep([] {});
+    history.registerStep([] { });
     press(Qt::Key_Escape);
     EXPECT_EQ(titles(), QStringList(u"a"_s));
     EXPECT_EQ(history.undoActionName(), u"Remove Template"_s);

@@ -62,8 +62,8 @@ void ZLChapterCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
 
 bool ZLChapterCellDelegate::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool isWindowLeft = event->type() == QEvent::FocusOut
-        && static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason;
+    const bool isWindowLeft =
+        event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason;
     // Writing it would bring up an alert. The one that is just closing takes the keyboard along for a moment, too.
     if (isWindowLeft && watched == m_openField && isTypingUnfinishedTime())
         return false;

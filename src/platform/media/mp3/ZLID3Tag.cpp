@@ -111,7 +111,7 @@ ZLResult<ZLID3Tag> ZLID3Tag::readAt(const ZLMediaSource& source, qint64 offset)
         return tag;
     if (tag.m_formerSize > ZLMediaSource::largestReading)
         return ZLError { TagTexts::tr("The tag at the beginning is larger than %1 MiB.")
-                             .arg(ZLMediaSource::largestReading / 1024 / 1024) };
+                .arg(ZLMediaSource::largestReading / 1024 / 1024) };
     QByteArray bytes = source.read(offset, tag.m_formerSize);
     if (bytes.size() < tag.m_formerSize)
         return ZLError { TagTexts::tr("The file ends inside the tag at its beginning.") };

@@ -45,7 +45,7 @@ ZLResult<ZLMP4AtomList> ZLMP4Atoms::between(const ZLMediaSource& source, qint64 
         const ZLMP4Atom atom = atomIn(bytes, at, end);
         if (atom.size < atom.headerSize || atom.size > end - at)
             return ZLError { AtomTexts::tr("The part \"%1\" of this file is damaged, or the file ends early.")
-                                 .arg(QString::fromLatin1(atom.type)) };
+                    .arg(QString::fromLatin1(atom.type)) };
         if (atoms.size() == mostAtoms)
             return ZLError { AtomTexts::tr("This file has too many parts.") };
         atoms.append(atom);

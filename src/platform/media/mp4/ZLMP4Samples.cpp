@@ -13,7 +13,7 @@ class Table {
 public:
     Table(const ZLMediaSource& source, const ZLMP4Atom& parent, const QByteArray& type, qsizetype begin, int numbers)
         : m_bytes(ZLMP4Atoms::contents(
-            source, ZLMP4Atoms::find(source, parent, { type }), begin + 4 + mostSamples * numbers * 4))
+              source, ZLMP4Atoms::find(source, parent, { type }), begin + 4 + mostSamples * numbers * 4))
         , m_begin(begin + 4)
         , m_numbers(numbers)
         , m_count(std::min<qint64>(ZLBytes::big<quint32>(m_bytes, begin), (m_bytes.size() - m_begin) / (numbers * 4)))
@@ -93,7 +93,7 @@ QList<ZLMP4Sample> ZLMP4Samples::read(const ZLMediaSource& source, const ZLMP4At
     for (qsizetype chunk = 0; chunk < offsets.size(); ++chunk) {
         qint64 offset = offsets.at(chunk);
         for (quint32 left = samplesInChunk(counts, record, quint32(chunk + 1)); left > 0 && sample < samples.size();
-             --left) {
+            --left) {
             samples[sample].offset = offset;
             offset = offset < source.size() ? offset + samples.at(sample).size : source.size();
             ++sample;

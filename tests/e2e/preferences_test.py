@@ -171,8 +171,13 @@ class PreferencesTest(unittest.TestCase):
         window = self.open_preferences()
         self.desktop.press("ctrl+shift+Tab")
         wait_until(lambda: window_named(self.program, "About"), "the About pane")
-        self.desktop.xdotool("windowmove", window, 301, 207)
-        place = wait_until(self.stored_place, "the place to be remembered")
+
+        def moved():
+            # While the window glides to the size of its pane, each step sets its place as well.
+            self.desktop.xdotool("windowmove", window, 301, 207)
+            return self.stored_place()
+
+        place = wait_until(moved, "the place to be remembered")
         self.desktop.press("Escape")
         wait_until(lambda: not window_named(self.program, "About"), "the window to close")
         self.desktop.xdotool("windowactivate", self.window)

@@ -47,6 +47,13 @@ ORDER = [
     "remote/ui",
     "settings/ui",
     "app",
+    "app/ui/look",
+    "app/ui/quickedit",
+    "app/ui/saving",
+    "app/ui/menus",
+    "app/ui/shortcuts",
+    "app/ui/windows",
+    "app/ui/outside",
     "app/ui",
 ]
 # Puts everything together, so it may include everything.

@@ -1,6 +1,6 @@
 #include "app/ui/ZLDesktopApplication.h"
 
-#include "app/ui/ZLBoxStyle.h"
+#include "app/ui/look/ZLBoxStyle.h"
 
 #include <QIcon>
 

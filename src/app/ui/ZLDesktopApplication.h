@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/ui/ZLModifierState.h"
-#include "app/ui/ZLReadablePalette.h"
+#include "app/ui/look/ZLReadablePalette.h"
 #include "platform/window/ZLApplicationFocus.h"
 
 #include <QApplication>

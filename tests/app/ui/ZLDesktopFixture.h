@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/ui/ZLDocumentWindows.h"
 #include "app/ui/ZLProgramRun.h"
+#include "app/ui/windows/ZLDocumentWindows.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"

@@ -1,0 +1,74 @@
+#include "app/ui/saving/ZLWindowCloser.h"
+
+#include "app/ui/saving/ZLSavePanel.h"
+#include "app/ui/saving/ZLSavingDisplay.h"
+#include "document/ui/ZLChapterDocumentWindow.h"
+#include "document/ui/ZLMessageBar.h"
+
+namespace {
+
+/// One question at a time: what comes of an answer may be the next question.
+const QString questionName = QStringLiteral("closing");
+
+}
+
+ZLWindowCloser::ZLWindowCloser(
+    ZLDocumentController& controller, ZLSavePanel& savePanel, ZLChapterDocumentWindow& window)
+    : QObject(&window)
+    , m_controller(controller)
+    , m_savePanel(savePanel)
+    , m_window(window)
+{
+    window.setCloseGuard([this] { return windowShouldClose(); });
+}
+
+bool ZLWindowCloser::windowShouldClose()
+{
+    const ZLDocumentSaver* saver = m_controller.saverOf(&m_window.document());
+    if (!saver)
+        return true;
+    m_window.commitTypedText();
+    // The last window ends the program, and what has no file then is back at the next start: nothing to ask.
+    if (!m_isDecided && saver->isUntitled() && saver->hasContent() && !isLastDocument()) {
+        askWhetherToKeep();
+        return false;
+    }
+    const ZLStatus closed = m_controller.closeDocument(&m_window.document(), m_closing);
+    if (!closed)
+        showFailure(closed.error().message);
+    return closed.isOk();
+}
+
+bool ZLWindowCloser::isLastDocument() const
+{
+    return m_controller.documents().size() == 1;
+}
+
+void ZLWindowCloser::askWhetherToKeep()
+{
+    const QString name = m_window.document().displayName();
+    m_window.messageBar().showMessage(questionName, tr("“%1” is not in a file yet. Save it before closing?").arg(name),
+        { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
+            { tr("Discard"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } });
+    m_window.messageBar().takeKeyboardFor(questionName);
+}
+
+void ZLWindowCloser::showFailure(const QString& message)
+{
+    m_window.messageBar().showMessage(questionName,
+        tr("The document cannot be saved: %1 Close it anyway?").arg(ZLSavingDisplay::sentence(message)),
+        { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
+            { tr("Close Without Saving"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } },
+        { ZLSavingDisplay::failureMessageName() }, ZLMessageBar::Kind::Error);
+    m_window.messageBar().takeKeyboardFor(questionName);
+}
+
+void ZLWindowCloser::closeWith(ZLClosing closing)
+{
+    m_closing = closing;
+    m_isDecided = true;
+    m_window.close();
+    // Still here only when the closing was refused: then the decision has to be made anew.
+    m_closing = ZLClosing::Keep;
+    m_isDecided = false;
+}

@@ -1,0 +1,78 @@
+#include "app/ui/shortcuts/ZLKeyEquivalents.h"
+
+#include "app/ZLDocumentController.h"
+#include "document/ui/ZLChapterDocumentWindow.h"
+#include "document/ui/menus/ZLRecordingMenu.h"
+#include "remote/ZLRemoteActions.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QScopedValueRollback>
+#include <QShortcutEvent>
+
+namespace {
+
+/// An alert stands, and the keyboard is in no window of a document, whose own commands would be switched off by it.
+bool belongsToAnAlert()
+{
+    const QWidget* active = QApplication::activeWindow();
+    return active && QApplication::activeModalWidget() && !qobject_cast<const ZLChapterDocumentWindow*>(active);
+}
+
+bool containsOptionKey(const QKeySequence& keys)
+{
+    return !keys.isEmpty() && keys[0].keyboardModifiers().testFlag(Qt::AltModifier);
+}
+
+}
+
+ZLKeyEquivalents::ZLKeyEquivalents(ZLDocumentController& controller, ZLCommandKeys& keys, QObject* parent)
+    : QObject(parent)
+    , m_controller(controller)
+    , m_keys(keys)
+{
+    connect(&controller, &ZLDocumentController::currentDocumentDidChange, this, &ZLKeyEquivalents::update);
+    connect(&controller, &ZLDocumentController::didCloseDocument, this, &ZLKeyEquivalents::update);
+}
+
+void ZLKeyEquivalents::addWindow(ZLChapterDocumentWindow& window)
+{
+    m_windows.append(&window);
+    const auto commands = commandsOf(window);
+    for (QAction* command : commands)
+        command->installEventFilter(this);
+    update();
+}
+
+bool ZLKeyEquivalents::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Shortcut)
+        return QObject::eventFilter(watched, event);
+    if (belongsToAnAlert())
+        return true;
+    const QScopedValueRollback keys(
+        m_keys.hasOptionKey, std::optional(containsOptionKey(static_cast<QShortcutEvent*>(event)->key())));
+    // The filter ends here, so that the command is carried out while the keys count.
+    return watched->event(event);
+}
+
+void ZLKeyEquivalents::update()
+{
+    m_windows.removeAll(nullptr);
+    const ZLChapterDocument* target = m_controller.currentOrLastDocument();
+    for (const auto& window : std::as_const(m_windows)) {
+        // With the keys of more than one window in force they would be ambiguous.
+        const bool isTarget = &window->document() == target;
+        const auto commands = commandsOf(*window);
+        for (QAction* command : commands)
+            command->setShortcutContext(isTarget ? Qt::ApplicationShortcut : Qt::WindowShortcut);
+    }
+}
+
+QList<QAction*> ZLKeyEquivalents::commandsOf(const ZLChapterDocumentWindow& window)
+{
+    QList<QAction*> commands;
+    for (const ZLRemoteAction& action : ZLRemoteActions::all())
+        commands.append(window.recordingMenu().actionWithTag(action.menuTag));
+    return commands;
+}

@@ -1,0 +1,316 @@
+#include "app/ui/windows/ZLDocumentWindows.h"
+
+#include "app/ui/menus/ZLFileMenu.h"
+#include "app/ui/menus/ZLHelpMenu.h"
+#include "app/ui/menus/ZLWindowMenu.h"
+#include "app/ui/saving/ZLReadOnlyDisplay.h"
+#include "app/ui/saving/ZLSavePanel.h"
+#include "app/ui/saving/ZLSavingDisplay.h"
+#include "app/ui/saving/ZLWindowCloser.h"
+#include "app/ui/windows/ZLSleepDisplay.h"
+#include "document/ui/ZLChapterDocumentWindow.h"
+#include "document/ui/ZLMessageBar.h"
+#include "document/ui/ZLStatusLine.h"
+#include "document/ui/menus/ZLViewMenu.h"
+#include "platform/window/ZLWindowInFront.h"
+#include "platform/window/ZLWindowPlace.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QScreen>
+#include <QSessionManager>
+
+#include <algorithm>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString openingProblemsName = QStringLiteral("openingProblems");
+
+bool isThere(const QString& path)
+{
+    return QFileInfo::exists(path);
+}
+
+}
+
+ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller)
+    : m_controller(controller)
+    , m_exportMenu(controller)
+    , m_exportDisplay(m_exportMenu, *this)
+{
+    connect(&controller, &ZLDocumentController::didOpenDocument, this, &ZLDocumentWindows::addWindow);
+    connect(&controller, &ZLDocumentController::willCloseDocument, this, &ZLDocumentWindows::removeWindow);
+    // The manager waits for the answer, which has to be given before this returns.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &ZLDocumentWindows::answerLogOut, Qt::DirectConnection);
+    connect(&m_exportMenu, &ZLExportMenu::exportDidEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen,
+        Qt::QueuedConnection);
+}
+
+ZLDocumentWindows::~ZLDocumentWindows()
+{
+    qDeleteAll(m_windows);
+}
+
+QStringList ZLDocumentWindows::openAtLaunch(const ZLLaunchRequest& request)
+{
+    QStringList problems;
+    if (request.files.isEmpty()) {
+        problems = m_controller.restoreSession();
+    } else {
+        problems = openFiles(request.files);
+        if (m_windows.isEmpty() && std::ranges::none_of(request.files, &isThere))
+            return problems;
+        // Nothing that was kept aside waits for a start without files; what is asked for stays in front of it.
+        ZLChapterDocument* const asked = m_controller.currentOrLastDocument();
+        problems += m_controller.restoreKeptDocuments();
+        bringToFront(asked);
+    }
+    // What could not be opened is said in a window, so there has to be one.
+    if (m_windows.isEmpty() || request.wantsNewDocument)
+        m_controller.newDocument();
+    showProblems(problems);
+    return {};
+}
+
+QStringList ZLDocumentWindows::openLater(const ZLLaunchRequest& request)
+{
+    QStringList problems = openFiles(request.files);
+    if (request.wantsNewDocument)
+        bringToFront(m_controller.newDocument());
+    else if (m_windows.isEmpty())
+        problems += m_controller.restoreSession();
+    else if (request.files.isEmpty())
+        bringToFront(m_controller.currentOrLastDocument());
+    showProblems(problems);
+    return problems;
+}
+
+void ZLDocumentWindows::open(const QStringList& paths)
+{
+    showProblems(openFiles(paths));
+}
+
+QStringList ZLDocumentWindows::openFiles(const QStringList& paths)
+{
+    QStringList problems;
+    for (const QString& path : paths) {
+        const auto opened = m_controller.openDocument(path);
+        if (opened)
+            bringToFront(opened.value());
+        else
+            problems += opened.error().message;
+    }
+    return problems;
+}
+
+void ZLDocumentWindows::quit()
+{
+    // Refused without a word: the red line, the button and the clock of the window say already what has to end first.
+    if (!m_controller.canTerminate()) {
+        bringToFront(recordingDocument());
+        return;
+    }
+    for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
+        window->commitTypedText();
+    const QStringList problems = m_controller.saveAllNow();
+    if (problems.isEmpty())
+        quitAtOnce();
+    else
+        askWhetherToQuitUnsaved(problems);
+}
+
+void ZLDocumentWindows::quitAtOnce()
+{
+    for (ZLChapterDocumentWindow* window : std::as_const(m_windows)) {
+        window->commitTypedText();
+        window->saveWindowState();
+    }
+    m_controller.keepSessionAsItIs();
+    // The windows go now, so that no bar can tell it.
+    const QStringList problems = m_controller.saveAllNow();
+    for (const QString& problem : problems)
+        std::fprintf(stderr, "%s\n", qUtf8Printable(tr("Cannot save: %1").arg(problem)));
+    QCoreApplication::exit();
+}
+
+bool ZLDocumentWindows::prepareForLogOut()
+{
+    for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
+        window->commitTypedText();
+    m_controller.saveAllNow();
+    if (m_controller.canTerminate())
+        return true;
+    tellWhatHoldsTheLogOut();
+    return false;
+}
+
+void ZLDocumentWindows::answerLogOut(QSessionManager& manager)
+{
+    // What is not saved is kept aside and back after the next log-in, so only a running clock is a reason to say no.
+    if (prepareForLogOut() || !manager.allowsInteraction())
+        return;
+    manager.cancel();
+    manager.release();
+}
+
+ZLChapterDocumentWindow* ZLDocumentWindows::windowOf(ZLChapterDocument* document) const
+{
+    return m_windows.value(document);
+}
+
+bool ZLDocumentWindows::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate) {
+        if (auto* window = qobject_cast<ZLChapterDocumentWindow*>(watched); window && windowOf(&window->document()))
+            m_controller.setCurrentDocument(&window->document());
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
+{
+    auto* window = new ZLChapterDocumentWindow(*document);
+    if (!m_windows.isEmpty())
+        window->viewMenu().showSameTimeAs((*m_windows.cbegin())->viewMenu());
+    m_windows.insert(document, window);
+    auto* savePanel = new ZLSavePanel(m_controller, *window);
+    connectFileMenu(*window, *savePanel);
+    const auto* windowMenu = new ZLWindowMenu(m_controller, *window);
+    connect(windowMenu, &ZLWindowMenu::windowRequested, this, &ZLDocumentWindows::bringToFront);
+    const auto* helpMenu = new ZLHelpMenu(*window);
+    connect(helpMenu, &ZLHelpMenu::aboutRequested, this, &ZLDocumentWindows::aboutRequested);
+    connect(helpMenu, &ZLHelpMenu::keysRequested, this, [this, window] { Q_EMIT keysRequested(window); });
+    new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
+    new ZLReadOnlyDisplay(*m_controller.saverOf(document), *savePanel, *window);
+    new ZLSleepDisplay(*window);
+    new ZLWindowCloser(m_controller, *savePanel, *window);
+    connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
+    window->installEventFilter(this);
+    findPlaceFor(*window);
+    window->show();
+}
+
+void ZLDocumentWindows::connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)
+{
+    const auto* menu = new ZLFileMenu(m_controller, savePanel, m_exportMenu, window);
+    connect(menu, &ZLFileMenu::newDocumentRequested, &m_controller, &ZLDocumentController::newDocument);
+    connect(menu, &ZLFileMenu::openRequested, this, &ZLDocumentWindows::open);
+    connect(menu, &ZLFileMenu::quitRequested, this, &ZLDocumentWindows::quit);
+}
+
+void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)
+{
+    ZLChapterDocumentWindow* window = m_windows.take(document);
+    if (!window)
+        return;
+    window->hide();
+    // It may be in the middle of its closing, and it must be gone before its document is.
+    window->deleteLater();
+    if (m_windows.isEmpty())
+        QMetaObject::invokeMethod(this, &ZLDocumentWindows::quitUnlessWindowsAreOpen, Qt::QueuedConnection);
+}
+
+void ZLDocumentWindows::quitUnlessWindowsAreOpen()
+{
+    // A document that takes the place of the last one opens its window in the meantime, and an export goes on alone.
+    if (m_windows.isEmpty() && !m_exportMenu.isExporting())
+        quitAtOnce();
+}
+
+void ZLDocumentWindows::findPlaceFor(ZLChapterDocumentWindow& window) const
+{
+    if (window.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen))
+        return;
+    QList<QPoint> taken;
+    for (const auto* other : m_windows) {
+        if (other != &window && other->isVisible())
+            taken.append(other->pos());
+    }
+    const QWidget* front = frontWindow();
+    const QRect screen = (taken.isEmpty() ? window.screen() : front->screen())->availableGeometry();
+    QRect place = ZLWindowPlace::fitted(window.pos(), window.size(), screen);
+    if (!taken.isEmpty())
+        place = ZLWindowPlace::cascaded(front->pos(), window.size(), window.minimumSize(), taken, screen);
+    window.resize(place.size());
+    // The window manager knows best where a first window goes that never stood anywhere.
+    if (!taken.isEmpty() || window.testAttribute(Qt::WA_Moved))
+        window.move(place.topLeft());
+}
+
+void ZLDocumentWindows::bringToFront(ZLChapterDocument* document) const
+{
+    if (const ZLChapterDocumentWindow* window = windowOf(document))
+        ZLWindowInFront::bring(*window->windowHandle());
+}
+
+ZLChapterDocument* ZLDocumentWindows::recordingDocument() const
+{
+    QList<ZLChapterDocument*> candidates = m_controller.documents();
+    // The one that the user has in view comes first.
+    candidates.prepend(m_controller.currentDocument());
+    const auto recording = std::find_if(candidates.cbegin(), candidates.cend(),
+        [](const ZLChapterDocument* document) { return document && document->isRecording(); });
+    return recording == candidates.cend() ? nullptr : *recording;
+}
+
+ZLChapterDocumentWindow* ZLDocumentWindows::frontWindow() const
+{
+    return windowOf(m_controller.currentOrLastDocument());
+}
+
+ZLChapterDocumentWindow* ZLDocumentWindows::windowToTellIn(ZLChapterDocument* document) const
+{
+    ZLChapterDocumentWindow* window = windowOf(document);
+    return window ? window : frontWindow();
+}
+
+ZLChapterDocumentWindow& ZLDocumentWindows::windowToWarnIn(ZLChapterDocument* document)
+{
+    if (m_windows.isEmpty())
+        showProblems(m_controller.restoreSession());
+    return *windowToTellIn(document);
+}
+
+void ZLDocumentWindows::showProblems(const QStringList& problems) const
+{
+    ZLChapterDocumentWindow* window = frontWindow();
+    if (problems.isEmpty() || !window)
+        return;
+    // Several files may come one after the other, and each failure is to be seen.
+    QStringList lines = window->messageBar().text(openingProblemsName).split(u'\n', Qt::SkipEmptyParts) + problems;
+    lines.removeDuplicates();
+    window->messageBar().showMessage(
+        openingProblemsName, lines.join(u'\n'), { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
+}
+
+void ZLDocumentWindows::tellWhatHoldsTheLogOut() const
+{
+    const auto documents = m_controller.documents();
+    for (ZLChapterDocument* document : documents) {
+        if (document->isRecording())
+            windowOf(document)->statusLine().showPassingMessage(tr("Pause the recording before quitting."));
+    }
+}
+
+void ZLDocumentWindows::askWhetherToQuitUnsaved(const QStringList& problems)
+{
+    const QString name = u"quittingUnsaved"_s;
+    if (ZLChapterDocumentWindow* window = frontWindow()) {
+        window->messageBar().showMessage(name, tr("Not everything could be saved: %1").arg(problems.join(u' ')),
+            { { tr("Quit Anyway"), [this] { quitAtOnce(); } }, { tr("Cancel"), [] {} } },
+            { ZLSavingDisplay::failureMessageName() }, ZLMessageBar::Kind::Error);
+        window->messageBar().takeKeyboardFor(name);
+    }
+}
+
+void ZLDocumentWindows::applicationDidComeOrGo(bool isActive)
+{
+    // While another program is in front there is no current document.
+    if (!isActive)
+        m_controller.setCurrentDocument(nullptr);
+    else if (auto* window = qobject_cast<ZLChapterDocumentWindow*>(QApplication::activeWindow()))
+        m_controller.setCurrentDocument(&window->document());
+}

@@ -1,0 +1,68 @@
+#include "app/ui/windows/ZLExportDisplay.h"
+
+#include "app/ui/menus/ZLExportMenu.h"
+#include "app/ui/windows/ZLDocumentWindows.h"
+#include "document/ui/ZLChapterDocumentWindow.h"
+#include "document/ui/ZLMessageBar.h"
+#include "document/ui/ZLStatusLine.h"
+#include "platform/filemanager/ZLFileManager.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void openFolder(const QString& folder)
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+QString failureNameFor(const QString& format)
+{
+    return u"exportFailure "_s + format;
+}
+
+}
+
+ZLExportDisplay::ZLExportDisplay(ZLExportMenu& menu, ZLDocumentWindows& windows)
+    : m_windows(windows)
+{
+    connect(&menu, &ZLExportMenu::exportDidFinish, this, &ZLExportDisplay::showFile);
+    connect(&menu, &ZLExportMenu::exportDidInsertNothing, this, &ZLExportDisplay::showThatNothingWasInserted);
+    connect(&menu, &ZLExportMenu::exportDidFail, this, &ZLExportDisplay::showFailure);
+}
+
+void ZLExportDisplay::showFile(ZLChapterDocument* document, const QString& format, const QString& path)
+{
+    ZLChapterDocumentWindow* window = m_windows.windowToTellIn(document);
+    if (!window)
+        return;
+    const QString text = tr("Exported %1.").arg(QFileInfo(path).fileName());
+    m_successes.insert(format, text);
+    window->messageBar().hideMessage(failureNameFor(format));
+    window->statusLine().showPassingMessage(
+        text, tr("Show in Folder"), [path] { ZLFileManager::showFile(path, openFolder); });
+}
+
+void ZLExportDisplay::showFailure(ZLChapterDocument* document, const QString& format, const QString& message)
+{
+    warn(document, format, tr("The export failed. %1").arg(message));
+}
+
+void ZLExportDisplay::showThatNothingWasInserted(
+    ZLChapterDocument* document, const QString& format, const QString& path, const QString& reason)
+{
+    warn(document, format, tr("No chapters were inserted into “%1”. %2").arg(QFileInfo(path).fileName(), reason));
+}
+
+void ZLExportDisplay::warn(ZLChapterDocument* document, const QString& format, const QString& sentence)
+{
+    ZLChapterDocumentWindow& window = m_windows.windowToWarnIn(document);
+    if (window.statusLine().passingMessage() == m_successes.value(format))
+        window.statusLine().hidePassingMessage();
+    window.messageBar().showMessage(
+        failureNameFor(format), sentence, { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
+}

@@ -1,0 +1,33 @@
+#include "app/ui/windows/ZLSleepDisplay.h"
+
+#include "app/ZLSleepText.h"
+#include "document/ZLChapterDocument.h"
+#include "document/ui/ZLChapterDocumentWindow.h"
+#include "document/ui/ZLMessageBar.h"
+
+using namespace Qt::StringLiterals;
+
+ZLSleepDisplay::ZLSleepDisplay(ZLChapterDocumentWindow& window)
+    : QObject(&window)
+    , m_window(window)
+{
+    const ZLChapterDocument* document = &window.document();
+    connect(document, &ZLChapterDocument::undecidedSleepsDidChange, this, &ZLSleepDisplay::update);
+    // Undoing the start of the recording takes away what could be decided.
+    connect(document, &ZLChapterDocument::recordingStateDidChange, this, &ZLSleepDisplay::update);
+}
+
+void ZLSleepDisplay::update()
+{
+    const QString name = u"sleep"_s;
+    ZLMessageBar& bar = m_window.messageBar();
+    ZLChapterDocument* document = &m_window.document();
+    const QString text = ZLSleepText::sentence(document->undecidedSleeps());
+    if (text.isEmpty())
+        bar.hideMessage(name);
+    // Shown anew it would be read aloud once more.
+    else if (bar.text(name) != text)
+        bar.showMessage(name, text,
+            { { tr("Add That Time"), [document] { document->addSleptTime(); } },
+                { tr("Leave It Out"), [document] { document->leaveSleptTime(); } } });
+}

@@ -108,7 +108,7 @@
     </message>
     <message>
         <source>Announcing “%1” on the network…</source>
-        <translation>„%1“ wird im Netzwerk bekannt gegeben …</translation>
+        <translation>„%1“ wird im Netzwerk bekannt gegeben&#xa0;…</translation>
     </message>
     <message>
         <source>The name “%1” is taken on the network. Trying another one.</source>
@@ -295,6 +295,10 @@
     <message>
         <source>Tidy Titles</source>
         <translation>Titel aufräumen</translation>
+    </message>
+    <message>
+        <source>Import Chapters</source>
+        <translation>Kapitel importieren</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,69 @@
+#include "document/ZLChapterImport.h"
+
+#include "document/ZLChapterDocument.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const QString importActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Import Chapters"));
+
+ZLChapterSequence madeFrom(const QList<ZLListedChapter>& listed, double shift)
+{
+    ZLChapterSequence chapters;
+    chapters.reserve(listed.size());
+    for (const ZLListedChapter& one : listed) {
+        const double time = one.start + shift;
+        if (!std::isfinite(time))
+            continue;
+        const auto chapter = std::make_shared<ZLChapter>();
+        chapter->setTimeStamp(time);
+        chapter->setEnabled(one.isEnabled && !(time < 0.0));
+        // Empty, not absent: a stored chapter ends at its first absent entry.
+        chapter->setTitle(one.title.isNull() ? QStringLiteral("") : one.title);
+        chapter->setLink(one.link.isNull() ? QStringLiteral("") : one.link);
+        chapters.append(chapter);
+    }
+    return chapters;
+}
+
+/// `wanted`, or the row that took its place.
+void selectChapter(ZLChapterDocument& document, const ZLChapterPointer& wanted, int formerRow)
+{
+    ZLChapterManager& chapters = document.chapterManager();
+    const int lastRow = int(chapters.count()) - 1;
+    const int row = int(chapters.indexOfChapter(wanted).value_or(std::clamp(formerRow, 0, std::max(lastRow, 0))));
+    document.selectionModel().setCurrentIndex(
+        document.tableModel().index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void exchangeChapters(ZLChapterDocument& document, const ZLChapterSequence& chapters)
+{
+    Q_EMIT document.typedTextShouldBeCommitted();
+    const ZLUndoGroup group(document.undoManager());
+    ZLChapterManager& manager = document.chapterManager();
+    const ZLChapterSequence former = manager.allChapters();
+    const int formerRow = document.selectedRow();
+    const ZLChapterPointer selected = manager.chapterAtIndex(formerRow);
+    document.undoManager().registerStep([&document, former] { exchangeChapters(document, former); });
+    document.undoManager().setActionName(importActionName);
+    manager.setChapters(chapters);
+    manager.sortChapters();
+    selectChapter(document, selected, formerRow);
+    document.updateEverything();
+    document.updateDisplay();
+    document.informControllers();
+}
+
+}
+
+qsizetype ZLChapterImport::importChapters(
+    ZLChapterDocument& document, const QList<ZLListedChapter>& chapters, Way way, double shift)
+{
+    const ZLChapterSequence added = madeFrom(chapters, shift);
+    if (added.isEmpty())
+        return 0;
+    exchangeChapters(document, way == Way::Add ? document.chapterManager().allChapters() + added : added);
+    return added.size();
+}

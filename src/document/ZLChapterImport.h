@@ -1,0 +1,22 @@
+#pragma once
+
+#include "lists/ZLChapterList.h"
+
+class ZLChapterDocument;
+
+/// Chapters that come from elsewhere, from a list or an audio file.
+namespace ZLChapterImport {
+
+enum class Way {
+    Add, ///< To those that are there.
+    Replace, ///< Those that are there go.
+};
+
+/// Puts `chapters` into the document as one undoable step, each `shift` seconds later; what comes to lie before the
+/// start is disabled, and what has no finite time is left out. The clock is not touched, whether it runs or stands.
+/// No title is opened for typing, and the selected chapter stays selected while it is there. Nothing happens where
+/// there is nothing to add. Returns how many chapters came.
+qsizetype importChapters(
+    ZLChapterDocument& document, const QList<ZLListedChapter>& chapters, Way way, double shift = 0.0);
+
+}

@@ -164,6 +164,27 @@ class EditingTest(unittest.TestCase):
         self.press("ctrl+z")
         self.wait_for_time(3, "01:00:00.000")
 
+    def test_a_rejected_time_is_open_again(self):
+        self.start()
+        self.record_three_chapters()
+        cell = self.list_named("Chapters").queryTable().getAccessibleAt(1, 2)
+        box = cell.queryComponent().getExtents(self.window.accessible.pyatspi.DESKTOP_COORDS)
+        self.desktop.double_click(box.x + box.width // 2, box.y + box.height // 2)
+        # A field that is open in a table is not in the tree, but the form of a time is shown as long as it is there.
+        wait_until(lambda: self.showing("label", "HH:MM:SS.mmm"), "the form of a time")
+        self.desktop.type("1:2")
+        self.press("Return")
+        wait_until(lambda: self.showing("label", "Invalid Timestamp"), "the alert")
+        wait_until(lambda: not self.showing("label", "HH:MM:SS.mmm"), "the field to close")
+        self.press("Return")
+        wait_until(lambda: not self.showing("label", "Invalid Timestamp"), "the alert to go")
+        wait_until(lambda: self.showing("label", "HH:MM:SS.mmm"), "the field to be open again")
+        self.window.wait_for_keyboard()
+        # What was typed is selected: this takes its place.
+        self.desktop.type("01:00:00.000")
+        self.press("Return")
+        self.wait_for_titles("one", "three", "two")
+
     def test_lines_that_look_like_topics_are_offered(self):
         self.start()
         self.desktop.set_clipboard("* Intro\n* News\n")

@@ -2,6 +2,7 @@
 
 #include "templates/ui/ZLReadableColors.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
@@ -19,6 +20,17 @@ QColor outlineOf(const QPalette& palette)
     return ZLReadableColors::onGrounds(between, grounds, ZLReadableColors::LeastForSigns);
 }
 
+/// Only a frame: the style would also paint over the text in it.
+void drawCellFrame(const QStyleOption& option, QPainter& painter)
+{
+    const bool isInSelection = option.state.testFlag(QStyle::State_Selected);
+    painter.save();
+    painter.setPen(isInSelection ? option.palette.color(QPalette::HighlightedText) : outlineOf(option.palette));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
 }
 
 void ZLBoxStyle::install()
@@ -30,6 +42,10 @@ void ZLBoxStyle::install()
 void ZLBoxStyle::drawPrimitive(
     PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
 {
+    if (element == PE_FrameFocusRect && qobject_cast<const QAbstractItemView*>(widget)) {
+        drawCellFrame(*option, *painter);
+        return;
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element != PE_IndicatorCheckBox && element != PE_IndicatorItemViewItemCheck)
         return;

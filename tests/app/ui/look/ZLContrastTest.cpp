@@ -67,11 +67,10 @@ QColor groundOf(const QImage& picture)
     return QColor(most);
 }
 
-/// How much the strokes stand out from what they stand on. Their edges are soft, so that a few pixels of each stroke
-/// have its full colour.
-double contrastIn(const QImage& picture)
+/// How much the strokes stand out from this ground. Their edges are soft, so that a few pixels of each stroke have its
+/// full colour.
+double contrastIn(const QImage& picture, const QColor& ground)
 {
-    const QColor ground = groundOf(picture);
     QList<double> contrasts;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x)
@@ -80,6 +79,21 @@ double contrastIn(const QImage& picture)
     std::sort(contrasts.begin(), contrasts.end(), std::greater<>());
     // One pixel may be anything.
     return contrasts.value(3);
+}
+
+double contrastIn(const QImage& picture)
+{
+    return contrastIn(picture, groundOf(picture));
+}
+
+/// The same on a ground that is shaded from top to bottom, where the strokes stand out least. The last column of the
+/// picture has nothing but ground.
+double contrastOnShades(const QImage& picture)
+{
+    double least = 21.0;
+    for (int y = 0; y < picture.height(); ++y)
+        least = std::min(least, contrastIn(picture, picture.pixelColor(picture.width() - 1, y)));
+    return least;
 }
 
 }
@@ -114,6 +128,10 @@ protected:
         if (!m_window->isDrawerOpen())
             m_window->toggleDrawer();
         m_window->tableView().finishEditing();
+        // The thin strokes of a few small letters may have no pixel of their full colour.
+        QFont large = drawer().font();
+        large.setPointSizeF(large.pointSizeF() * 2.0);
+        drawer().setFont(large);
         table().setFocus();
     }
 
@@ -125,7 +143,17 @@ protected:
         const QImage all = m_window->grab().toImage();
         return all.copy(QRect(widget.mapTo(m_window.get(), part.topLeft()), part.size()));
     }
-    [[nodiscard]] QImage picture(const QWidget& widget) { return picture(widget, widget.rect()); }
+    [[nodiscard]] QImage picture(const QWidget& widget)
+    {
+        settle();
+        return picture(widget, widget.rect());
+    }
+    /// Lets each part of the window get its size, also those whose layouts wait for others.
+    void settle()
+    {
+        QCoreApplication::processEvents();
+        static_cast<void>(m_window->grab());
+    }
     [[nodiscard]] QImage cellPicture(const QTableView& view, int row, int column)
     {
         // Without the frame of the cell that has the focus.
@@ -139,12 +167,55 @@ protected:
                     << "row " << row << ", column " << column;
         }
     }
+    /// The sign above and the label below stand on a shaded button.
+    void expectReadableRecordButton()
+    {
+        settle();
+        const QToolButton& button = *bar().recordButton();
+        const QRect inside = button.rect().adjusted(6, 6, -6, -6);
+        const int top = button.rect().bottom() - button.fontMetrics().height();
+        const QRect label(QPoint(inside.left(), top), inside.bottomRight());
+        const QRect sign(inside.topLeft(), QPoint(inside.right(), top - 1));
+        EXPECT_GE(contrastOnShades(picture(button, label)), ZLReadableColors::LeastForText)
+            << qPrintable(button.text());
+        EXPECT_GE(contrastOnShades(picture(button, sign)), ZLReadableColors::LeastForSigns)
+            << qPrintable(button.text());
+    }
     void expectReadableChapters()
     {
         expectReadableRows(table(),
             { ZLChapterTableModel::TimeColumn, ZLChapterTableModel::TitleColumn, ZLChapterTableModel::LinkColumn });
     }
 };
+
+TEST_P(ZLContrastTest, EveryRowCanBeReadSelectedOrNotWithAndWithoutTheKeyboard)
+{
+    fill();
+    for (QWidget* focused : std::initializer_list<QWidget*> { &table(), &drawer() }) {
+        focused->setFocus();
+        for (const int row : { 0, 3 }) {
+            select(row);
+            expectReadableChapters();
+        }
+        expectReadableRows(drawer(), { 0 });
+    }
+}
+
+TEST_P(ZLContrastTest, TheCellWithTheFocusCanBeReadAndHasAFrame)
+{
+    fill();
+    for (const int row : { 0, 3 }) {
+        for (const int column : { ZLChapterTableModel::TitleColumn, ZLChapterTableModel::LinkColumn }) {
+            table().setCurrentIndex(cell(row, column));
+            const QImage inside = cellPicture(table(), row, column);
+            EXPECT_GE(contrastIn(inside), ZLReadableColors::LeastForText) << "row " << row << ", column " << column;
+            const QRect rect = table().visualRect(cell(row, column));
+            const QImage edge = picture(*table().viewport(), { rect.topLeft(), QSize(rect.width(), 1) });
+            EXPECT_GE(ZLReadableColors::contrast(groundOf(edge), groundOf(inside)), ZLReadableColors::LeastForSigns)
+                << "row " << row << ", column " << column;
+        }
+    }
+}
 
 TEST_P(ZLContrastTest, OnlyTheListWithTheKeyboardHasTheStrongSelection)
 {
@@ -193,6 +264,26 @@ TEST_P(ZLContrastTest, UntickedBoxesCanBeSeen)
     }
 }
 
+TEST_P(ZLContrastTest, BarsCanBeReadAndAreTinted)
+{
+    ZLMessageBar& bar = m_window->messageBar();
+    bar.showMessage(u"question"_s, u"Another program changed it."_s, { { u"Keep Mine"_s, {} } });
+    bar.showMessage(u"error"_s, u"It is not saved."_s, { { u"Try Now"_s, {} } }, {}, ZLMessageBar::Kind::Error);
+    QCoreApplication::processEvents();
+    const QColor window(GetParam().window);
+    QList<QColor> grounds { window };
+    for (const auto& name : { u"question"_s, u"error"_s }) {
+        const auto* row = bar.findChild<QWidget*>(name);
+        const auto* text = row->findChild<QLabel*>(u"messageText"_s);
+        const QImage sentence = picture(*text);
+        EXPECT_GE(contrastIn(sentence), ZLReadableColors::LeastForText) << qPrintable(name);
+        const auto* button = row->findChild<QPushButton*>();
+        EXPECT_GE(contrastIn(picture(*button, button->rect().adjusted(6, 5, -6, -5))), ZLReadableColors::LeastForText);
+        EXPECT_FALSE(grounds.contains(groundOf(sentence))) << qPrintable(name);
+        grounds.append(groundOf(sentence));
+    }
+}
+
 TEST_P(ZLContrastTest, HintsInEmptyListsCanBeRead)
 {
     if (!m_window->isDrawerOpen())
@@ -200,6 +291,21 @@ TEST_P(ZLContrastTest, HintsInEmptyListsCanBeRead)
     QCoreApplication::processEvents();
     EXPECT_GE(contrastIn(picture(*table().viewport())), ZLReadableColors::LeastForText);
     EXPECT_GE(contrastIn(picture(*drawer().viewport())), ZLReadableColors::LeastForText);
+}
+
+TEST_P(ZLContrastTest, TheToolbarAndTheStatusLineCanBeReadPausedAndRunning)
+{
+    fill();
+    for (int round = 0; round < 2; ++round) {
+        for (const auto& name : { u"clockLabel"_s, u"ageLabel"_s, u"nextTitle"_s })
+            EXPECT_GE(contrastIn(picture(*bar().findChild<QLabel*>(name))), ZLReadableColors::LeastForText)
+                << qPrintable(name) << round;
+        expectReadableRecordButton();
+        EXPECT_GE(contrastIn(picture(*m_window->statusLine().findChild<QToolButton*>(u"nextTemplate"_s))),
+            ZLReadableColors::LeastForText);
+        if (round == 0)
+            start();
+    }
 }
 
 TEST_P(ZLContrastTest, SelectedTextInAFieldAndTheChosenItemOfAMenuCanBeRead)

@@ -149,6 +149,14 @@ void ZLChapterTableModel::followRowsOf(const ZLChapterManager& chapters)
 
 void ZLChapterTableModel::followOrderOf(const ZLChapterManager& chapters)
 {
+    connect(&chapters, &ZLChapterManager::willMoveChapter, this, [this](qsizetype from, qsizetype to) {
+        // Counted with the row that moves.
+        beginMoveRows({}, int(from), int(from), {}, int(to > from ? to + 1 : to));
+    });
+    connect(&chapters, &ZLChapterManager::didMoveChapter, this, [this](qsizetype from, qsizetype to) {
+        endMoveRows();
+        refreshRowsBetween(int(from), int(to));
+    });
     connect(&chapters, &ZLChapterManager::willReorderChapters, this,
         [this] { Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint); });
     connect(&chapters, &ZLChapterManager::didReorderChapters, this, &ZLChapterTableModel::restorePersistentRows);
@@ -161,6 +169,13 @@ void ZLChapterTableModel::refreshNeighboursOf(int row)
     // The row before lasts until another chapter now, and the rows behind have other numbers.
     if (rowCount() > 0)
         Q_EMIT dataChanged(index(std::max(row - 1, 0), NumberColumn), index(rowCount() - 1, DurationColumn));
+}
+
+void ZLChapterTableModel::refreshRowsBetween(int from, int to)
+{
+    const int first = std::max(std::min(from, to) - 1, 0);
+    for (const int column : { NumberColumn, DurationColumn })
+        Q_EMIT dataChanged(index(first, column), index(std::max(from, to), column));
 }
 
 void ZLChapterTableModel::restorePersistentRows(const ZLChapterSequence& previousOrder)

@@ -37,6 +37,8 @@ private:
     void followRowsOf(const ZLChapterManager& chapters);
     void followOrderOf(const ZLChapterManager& chapters);
     void refreshNeighboursOf(int row);
+    /// After one row moved: those in between have other numbers, and the one before another duration.
+    void refreshRowsBetween(int from, int to);
     void restorePersistentRows(const ZLChapterSequence& previousOrder);
     /// The chapter in the list as it stands: painting a cell never sorts.
     [[nodiscard]] const ZLChapterSequence& chapters() const;

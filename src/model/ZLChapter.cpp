@@ -1,6 +1,6 @@
 #include "model/ZLChapter.h"
 
-#include "model/ZLChapterManager.h"
+#include "model/ZLChapterObserver.h"
 #include "model/ZLStoredValue.h"
 #include "model/ZLTimeText.h"
 
@@ -94,9 +94,9 @@ ZLArchivedDictionary ZLChapter::archivedRepresentation() const
 
 void ZLChapter::setTimeStamp(double seconds)
 {
-    m_timeStamp = seconds;
-    if (m_membershipCount > 0)
-        ZLChapterManager::noteTimeChangeInList();
+    const double formerTime = std::exchange(m_timeStamp, seconds);
+    for (ZLChapterObserver* observer : std::as_const(m_observers))
+        observer->chapterDidChangeTime(*this, formerTime);
     noteChange();
 }
 
@@ -219,6 +219,6 @@ std::size_t ZLChapter::entryCount() const
 
 void ZLChapter::noteChange() const
 {
-    if (m_membershipCount > 0)
-        ZLChapterManager::noteChangeInList();
+    for (ZLChapterObserver* observer : m_observers)
+        observer->chapterDidChange(*this);
 }

@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QVarLengthArray>
 #include <QVariantMap>
 
 #include <memory>
@@ -13,6 +14,7 @@
 #include <utility>
 
 class ZLChapter;
+class ZLChapterObserver;
 
 /// Chapters are compared by identity: two of them are the same only if they are the same object.
 using ZLChapterPointer = std::shared_ptr<ZLChapter>;
@@ -40,6 +42,8 @@ public:
     /// is replaced by a new one.
     explicit ZLChapter(const QVariantMap& dictionaryRepresentation);
     explicit ZLChapter(const ZLArchivedDictionary& dictionaryRepresentation);
+    Q_DISABLE_COPY_MOVE(ZLChapter)
+    ~ZLChapter() = default;
 
     /// The entries in the order of ZLChapterKey, up to the first null value.
     [[nodiscard]] QVariantMap dictionaryRepresentation() const;
@@ -82,6 +86,10 @@ public:
     [[nodiscard]] QString durationToTimestamp(double seconds) const;
     [[nodiscard]] QString durationToNextChapter(const ZLChapter& next) const;
 
+    /// `observer` hears of every change from now on. Added twice, it has to be removed twice.
+    void addObserver(ZLChapterObserver& observer) { m_observers.append(&observer); }
+    void removeObserver(ZLChapterObserver& observer) { m_observers.removeOne(&observer); }
+
     /// A random UUID in upper-case hexadecimal digits with hyphens.
     [[nodiscard]] static QString generateUUID();
 
@@ -89,8 +97,6 @@ public:
     [[nodiscard]] static QDateTime distantPast();
 
 private:
-    friend class ZLChapterManager;
-
     /// A dictionary that can be asked for its value(key).
     template <typename Dictionary>
     ZLChapter(std::in_place_t, const Dictionary& dictionary);
@@ -111,6 +117,6 @@ private:
     std::optional<ZLArchivedDate> m_dateAsRead;
     QString m_uuid = generateUUID();
 
-    /// In how many lists this chapter stands; a change outside of all lists concerns none of them.
-    int m_membershipCount = 0;
+    /// One for each place in a list. As a rule a chapter stands in one list.
+    QVarLengthArray<ZLChapterObserver*, 1> m_observers;
 };

@@ -3,7 +3,6 @@
 #include <QLoggingCategory>
 
 #include <algorithm>
-#include <cmath>
 #include <tuple>
 
 namespace {
@@ -11,24 +10,6 @@ namespace {
 Q_LOGGING_CATEGORY(chapterListLog, "zelta.model.chapterlist", QtInfoMsg)
 
 constexpr qsizetype InitialCapacity = 50;
-
-/// How many times a chapter that stands in a list has changed its time, in this process.
-quint64 timeChangesInLists = 0;
-/// The same for any change.
-quint64 anyChangesInLists = 0;
-
-/// Earlier first. A time that is not a number comes after all others, so that the order is a strict weak one.
-bool comesBefore(double left, double right)
-{
-    if (std::isnan(left) || std::isnan(right))
-        return std::isnan(right) && !std::isnan(left);
-    return left < right;
-}
-
-bool chapterComesBefore(const ZLChapterPointer& left, const ZLChapterPointer& right)
-{
-    return comesBefore(left->timeStamp(), right->timeStamp());
-}
 
 ZLChapterPointer chapterFrom(const QVariant& dictionary)
 {
@@ -63,8 +44,8 @@ void ZLChapterManager::loadChapters(const QVariantList& dictionaries)
     for (const QVariant& dictionary : dictionaries)
         chapters.append(chapterFrom(dictionary));
     // A file is in order as a rule, and sorting takes memory for the whole list.
-    if (m_wantsSortedChapters && !std::is_sorted(chapters.cbegin(), chapters.cend(), chapterComesBefore))
-        std::stable_sort(chapters.begin(), chapters.end(), chapterComesBefore);
+    if (m_wantsSortedChapters && !std::is_sorted(chapters.cbegin(), chapters.cend(), ZLChapterOrder::comesBefore))
+        std::stable_sort(chapters.begin(), chapters.end(), ZLChapterOrder::comesBefore);
     setChapters(chapters);
 }
 
@@ -143,7 +124,7 @@ std::optional<qsizetype> ZLChapterManager::indexOfChapter(const ZLChapterPointer
     auto first = m_chapters.cbegin();
     auto last = m_chapters.cend();
     if (m_wantsSortedChapters)
-        std::tie(first, last) = std::equal_range(first, last, chapter, chapterComesBefore);
+        std::tie(first, last) = std::equal_range(first, last, chapter, ZLChapterOrder::comesBefore);
     const auto found = std::find(first, last, chapter);
     if (found == last)
         return std::nullopt;
@@ -165,14 +146,19 @@ ZLChapterPointer ZLChapterManager::chapterWithUUID(const QString& uuid) const
 
 void ZLChapterManager::sortChapters()
 {
-    if (!m_wantsSortedChapters || m_timeChangesSeen == timeChangesInLists)
+    if (!m_wantsSortedChapters || m_order.isCertain())
         return;
-    m_timeChangesSeen = timeChangesInLists;
-    if (std::is_sorted(m_chapters.cbegin(), m_chapters.cend(), chapterComesBefore))
+    const auto move = m_order.singleMove(m_chapters);
+    m_order.setCertain();
+    if (move) {
+        moveChapter(*move);
+        return;
+    }
+    if (std::is_sorted(m_chapters.cbegin(), m_chapters.cend(), ZLChapterOrder::comesBefore))
         return;
     Q_EMIT willReorderChapters();
     const ZLChapterSequence previousOrder = m_chapters;
-    std::stable_sort(m_chapters.begin(), m_chapters.end(), chapterComesBefore);
+    std::stable_sort(m_chapters.begin(), m_chapters.end(), ZLChapterOrder::comesBefore);
     Q_EMIT didReorderChapters(previousOrder);
 }
 
@@ -186,22 +172,18 @@ void ZLChapterManager::setChapters(const ZLChapterSequence& chapters)
 void ZLChapterManager::setWantsSortedChapters(bool wanted)
 {
     m_wantsSortedChapters = wanted;
-    doubtOrder();
+    m_order.doubt();
 }
 
-void ZLChapterManager::noteTimeChangeInList()
+void ZLChapterManager::chapterDidChangeTime(const ZLChapter& chapter, double formerTime)
 {
-    ++timeChangesInLists;
+    m_order.noteTimeChange(chapter, formerTime);
 }
 
-void ZLChapterManager::noteChangeInList()
+void ZLChapterManager::chapterDidChange(const ZLChapter& chapter)
 {
-    ++anyChangesInLists;
-}
-
-quint64 ZLChapterManager::changesInLists()
-{
-    return anyChangesInLists;
+    Q_UNUSED(chapter);
+    ++m_changeCount;
 }
 
 void ZLChapterManager::insertInOrder(const ZLChapterPointer& chapter, qsizetype wantedIndex)
@@ -210,19 +192,22 @@ void ZLChapterManager::insertInOrder(const ZLChapterPointer& chapter, qsizetype 
     if (m_wantsSortedChapters) {
         // Where a stable sort would move the chapter to from the wanted index.
         const auto [first, last] =
-            std::equal_range(m_chapters.cbegin(), m_chapters.cend(), chapter, chapterComesBefore);
+            std::equal_range(m_chapters.cbegin(), m_chapters.cend(), chapter, ZLChapterOrder::comesBefore);
         index = std::clamp(wantedIndex, qsizetype(first - m_chapters.cbegin()), qsizetype(last - m_chapters.cbegin()));
     }
     Q_EMIT willInsertChapterAtIndex(index);
     m_chapters.insert(index, chapter);
-    ++chapter->m_membershipCount;
+    chapter->addObserver(*this);
     Q_EMIT didInsertChapterAtIndex(index);
 }
 
 void ZLChapterManager::takeChapterAt(qsizetype index)
 {
     Q_EMIT willRemoveChapterAtIndex(index);
-    --m_chapters.at(index)->m_membershipCount;
+    m_chapters.at(index)->removeObserver(*this);
+    // The chapter that goes may be the one that the order remembers.
+    if (!m_order.isCertain())
+        m_order.doubt();
     m_chapters.removeAt(index);
     Q_EMIT didRemoveChapterAtIndex(index);
 }
@@ -232,17 +217,21 @@ void ZLChapterManager::adoptChapters(const ZLChapterSequence& chapters)
     releaseChapters();
     m_chapters = chapters;
     for (const auto& chapter : std::as_const(m_chapters))
-        ++chapter->m_membershipCount;
-    doubtOrder();
-}
-
-void ZLChapterManager::doubtOrder()
-{
-    m_timeChangesSeen = timeChangesInLists - 1;
+        chapter->addObserver(*this);
+    m_order.doubt();
 }
 
 void ZLChapterManager::releaseChapters()
 {
     for (const auto& chapter : std::as_const(m_chapters))
-        --chapter->m_membershipCount;
+        chapter->removeObserver(*this);
+}
+
+void ZLChapterManager::moveChapter(ZLChapterOrder::Move move)
+{
+    if (move.from == move.to)
+        return;
+    Q_EMIT willMoveChapter(move.from, move.to);
+    m_chapters.move(move.from, move.to);
+    Q_EMIT didMoveChapter(move.from, move.to);
 }

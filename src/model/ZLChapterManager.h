@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/ZLChapter.h"
+#include "model/ZLChapterObserver.h"
+#include "model/ZLChapterOrder.h"
 
 #include <QObject>
 
@@ -9,10 +11,10 @@
 /// The ordered list of chapters behind every table: a document's chapters, sorted by time, or its templates in the
 /// user's own order. Chapters of equal time keep the order in which they came.
 ///
-/// The order is restored only when it was broken: a chapter in a list that changes its time marks the orders of all
-/// lists as doubtful, and the next list operation or ordered read checks and, if need be, sorts. A snapshot shares the
+/// The order is restored only when it was broken: a chapter that changes its time tells the lists in which it stands,
+/// and their next list operation or ordered read moves it, or sorts when more than one changed. A snapshot shares the
 /// list's storage, so reading costs no copy.
-class ZLChapterManager : public QObject {
+class ZLChapterManager : public QObject, private ZLChapterObserver {
     Q_OBJECT
 
 public:
@@ -59,9 +61,9 @@ public:
     /// Replaces the sequence without sorting it and without chaptersDidChange().
     void setChapters(const ZLChapterSequence& chapters);
 
-    /// Grows whenever a chapter that stands in any list of this process becomes different. While it stays, a list
-    /// differs from its former state only by what the signals about its rows said.
-    [[nodiscard]] static quint64 changesInLists();
+    /// Grows whenever a chapter of this list becomes different. While it stays, the list differs from its former state
+    /// only by what the signals about its rows said.
+    [[nodiscard]] quint64 changeCount() const { return m_changeCount; }
 
     [[nodiscard]] bool wantsSortedChapters() const { return m_wantsSortedChapters; }
     void setWantsSortedChapters(bool wanted);
@@ -75,6 +77,10 @@ Q_SIGNALS:
     void didInsertChapterAtIndex(qsizetype index);
     void willRemoveChapterAtIndex(qsizetype index);
     void didRemoveChapterAtIndex(qsizetype index);
+    /// One chapter goes to another place: it stands at `to` when this is done.
+    void willMoveChapter(qsizetype from, qsizetype to);
+    void didMoveChapter(qsizetype from, qsizetype to);
+    /// Several do.
     void willReorderChapters();
     /// `previousOrder` is the sequence before the order was restored.
     void didReorderChapters(const ZLChapterSequence& previousOrder);
@@ -82,21 +88,17 @@ Q_SIGNALS:
     void didReplaceChapters();
 
 private:
-    friend class ZLChapter;
-    /// Called by a chapter that stands in some list when its time changes.
-    static void noteTimeChangeInList();
-    /// The same for any change.
-    static void noteChangeInList();
+    void chapterDidChangeTime(const ZLChapter& chapter, double formerTime) override;
+    void chapterDidChange(const ZLChapter& chapter) override;
 
     void insertInOrder(const ZLChapterPointer& chapter, qsizetype wantedIndex);
     void takeChapterAt(qsizetype index);
     void adoptChapters(const ZLChapterSequence& chapters);
     void releaseChapters();
-    /// Makes the next ordered read look whether the order holds.
-    void doubtOrder();
+    void moveChapter(ZLChapterOrder::Move move);
 
     ZLChapterSequence m_chapters;
     bool m_wantsSortedChapters = true;
-    /// The count of time changes at which this list was last known to be in order.
-    quint64 m_timeChangesSeen = 0;
+    ZLChapterOrder m_order;
+    quint64 m_changeCount = 0;
 };

@@ -32,6 +32,10 @@ public:
             });
         QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &m_context,
             [this](const QModelIndex&, int first, int last) { m_titles.remove(first, last - first + 1); });
+        QObject::connect(&model, &QAbstractItemModel::rowsMoved, &m_context,
+            [this](const QModelIndex&, int first, int, const QModelIndex&, int destination) {
+                m_titles.move(first, destination > first ? destination - 1 : destination);
+            });
         QObject::connect(&model, &QAbstractItemModel::layoutChanged, &m_context,
             [this, reread] { reread(0, int(m_titles.size()) - 1); });
         QObject::connect(&model, &QAbstractItemModel::dataChanged, &m_context,

@@ -201,6 +201,93 @@ TEST_F(ZLChapterManagerTest, AChapterOfTwoListsIsSortedInBoth)
     EXPECT_EQ(m_list.chapterAtIndex(0), shared);
 }
 
+TEST_F(ZLChapterManagerTest, AChangeIsCountedByTheListsInWhichTheChapterStands)
+{
+    ZLChapterManager other;
+    add({ 10.0 });
+    other.addChapter(chapterAt(15.0));
+    const auto chapter = m_list.chapterAtIndex(0);
+    const quint64 before = m_list.changeCount();
+    const quint64 otherBefore = other.changeCount();
+    chapter->setTitle(u"x"_s);
+    EXPECT_GT(m_list.changeCount(), before);
+    EXPECT_EQ(other.changeCount(), otherBefore);
+    other.addChapter(chapter);
+    m_list.removeChapter(chapter);
+    const quint64 afterRemoval = m_list.changeCount();
+    chapter->setTimeStamp(1.0);
+    EXPECT_EQ(m_list.changeCount(), afterRemoval);
+    EXPECT_GT(other.changeCount(), otherBefore);
+}
+
+TEST_F(ZLChapterManagerTest, AChapterOutlivesTheListThatItStoodIn)
+{
+    const auto chapter = chapterAt(10.0);
+    {
+        ZLChapterManager other;
+        other.addChapter(chapter);
+        other.addChapter(chapter);
+    }
+    chapter->setTimeStamp(20.0);
+    m_list.addChapter(chapter);
+    EXPECT_EQ(times(m_list.allChapters()), QList<double>({ 20.0 }));
+}
+
+TEST_F(ZLChapterManagerTest, OneChangedTimeMovesOneChapterAndSeveralReorderTheList)
+{
+    add({ 10.0, 20.0, 30.0, 40.0 });
+    QSignalSpy moves(&m_list, &ZLChapterManager::didMoveChapter);
+    QSignalSpy reorders(&m_list, &ZLChapterManager::didReorderChapters);
+    const auto chapter = m_list.chapterAtIndex(0);
+    chapter->setTimeStamp(50.0);
+    chapter->setTimeStamp(35.0);
+    EXPECT_EQ(m_list.indexOfChapter(chapter), 2);
+    ASSERT_EQ(moves.size(), 1);
+    EXPECT_EQ(moves.first(), QVariantList({ QVariant::fromValue(qsizetype(0)), QVariant::fromValue(qsizetype(2)) }));
+    EXPECT_EQ(reorders.size(), 0);
+    chapter->setTimeStamp(99.0);
+    m_list.chapters().first()->setTimeStamp(98.0);
+    EXPECT_EQ(times(m_list.allChapters()), QList<double>({ 30.0, 40.0, 98.0, 99.0 }));
+    EXPECT_EQ(moves.size(), 1);
+    EXPECT_EQ(reorders.size(), 1);
+}
+
+TEST_F(ZLChapterManagerTest, AChapterThatLeavesWhileItsPlaceIsDoubtfulLeavesTheOthersInOrder)
+{
+    add({ 10.0, 20.0, 30.0 });
+    const auto chapter = m_list.chapterAtIndex(0);
+    chapter->setTimeStamp(25.0);
+    m_list.removeChapter(chapter);
+    m_list.chapters().first()->setTimeStamp(40.0);
+    EXPECT_EQ(times(m_list.allChapters()), QList<double>({ 30.0, 40.0 }));
+}
+
+TEST_F(ZLChapterManagerTest, AChapterThatStandsTwiceIsSortedTwice)
+{
+    const auto twice = chapterAt(10.0);
+    m_list.addChapter(twice);
+    m_list.addChapter(twice);
+    add({ 20.0 });
+    twice->setTimeStamp(30.0);
+    EXPECT_EQ(times(m_list.allChapters()), QList<double>({ 20.0, 30.0, 30.0 }));
+}
+
+TEST_F(ZLChapterManagerTest, ChangedTimesEndWhereAStableSortWouldPutThem)
+{
+    std::mt19937 random(5);
+    const auto anyTime = [&random] { return random() % 30 == 0 ? std::nan("") : double(random() % 8); };
+    for (int number = 0; number < 30; ++number)
+        m_list.addChapter(chapterAt(anyTime()));
+    for (int step = 0; step < 3000; ++step) {
+        ZLChapterSequence expected = m_list.allChapters();
+        const int changes = random() % 4 == 0 ? 2 : 1;
+        for (int change = 0; change < changes; ++change)
+            expected.at(qsizetype(random() % 30))->setTimeStamp(anyTime());
+        std::stable_sort(expected.begin(), expected.end(), ZLChapterOrder::comesBefore);
+        ASSERT_EQ(m_list.allChapters(), expected) << "after step " << step;
+    }
+}
+
 TEST_F(ZLChapterManagerTest, UUIDsAreFoundExactlyAndFirstInTheCurrentOrder)
 {
     const auto later = chapterAt(20.0, u"later"_s);

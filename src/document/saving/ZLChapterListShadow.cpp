@@ -19,6 +19,7 @@ ZLChapterListShadow::ZLChapterListShadow(const ZLChapterManager& chapters)
 {
     connect(&chapters, &ZLChapterManager::didInsertChapterAtIndex, this, &ZLChapterListShadow::noteInsertion);
     connect(&chapters, &ZLChapterManager::didRemoveChapterAtIndex, this, &ZLChapterListShadow::noteRemoval);
+    connect(&chapters, &ZLChapterManager::didMoveChapter, this, &ZLChapterListShadow::doubtEverything);
     connect(&chapters, &ZLChapterManager::didReorderChapters, this, &ZLChapterListShadow::doubtEverything);
     connect(&chapters, &ZLChapterManager::didReplaceChapters, this, &ZLChapterListShadow::doubtEverything);
 }
@@ -40,7 +41,7 @@ bool ZLChapterListShadow::Entry::matches(const ZLChapter& chapter) const
 
 std::optional<ZLJournalSplice> ZLChapterListShadow::takeDifference()
 {
-    if (m_changesSeen != ZLChapterManager::changesInLists())
+    if (m_changesSeen != m_manager.changeCount())
         doubtEverything();
     const ZLChapterSequence& chapters = m_manager.chapters();
     const qsizetype shorter = std::min(m_entries.size(), chapters.size());
@@ -51,7 +52,7 @@ std::optional<ZLJournalSplice> ZLChapterListShadow::takeDifference()
     while (last < shorter - first
         && m_entries.at(m_entries.size() - 1 - last).matches(*chapters.at(chapters.size() - 1 - last)))
         ++last;
-    m_changesSeen = ZLChapterManager::changesInLists();
+    m_changesSeen = m_manager.changeCount();
     ZLJournalSplice splice { .first = first, .removedCount = m_entries.size() - first - last };
     const qsizetype insertedCount = chapters.size() - first - last;
     if (splice.removedCount == 0 && insertedCount == 0)

@@ -27,11 +27,12 @@ if(ZELTA_SANITIZE)
   target_link_options(zelta_options INTERFACE -fsanitize=${ZELTA_SANITIZE})
 endif()
 
-# zelta_library(NAME SOURCES … LINKS …): one static library a folder, or two where there is a core and a ui.
+# zelta_library(NAME SOURCES … LINKS … HIDES …): one static library a folder, or two where there is a core and a ui. What
+# its headers need is linked; what its sources alone need is hidden and does not reach the rooms above.
 function(zelta_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;HIDES" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
-  target_link_libraries(${name} PUBLIC zelta_options ${ARG_LINKS})
+  target_link_libraries(${name} PUBLIC zelta_options ${ARG_LINKS} PRIVATE ${ARG_HIDES})
 endfunction()
 
 # zelta_test(NAME SOURCES … LINKS …): one GoogleTest program a folder of tests. It runs with the offscreen platform

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "settings/ZLOSCDestination.h"
+#include "settings/ZLSettingsNotifications.h"
 
 #include <QList>
-#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
@@ -43,22 +43,6 @@ enum class ZLOSCAccept {
     ThisComputerOnly,
     DirectlyConnectedNetworks,
     OnlyTheseAddresses,
-};
-
-/// Announces changes of settings. A setter stores first and then emits, also when the new value equals the old one.
-class ZLSettingsNotifications : public QObject {
-    Q_OBJECT
-
-Q_SIGNALS:
-    void ZLFontSizeSettingDidChange();
-    void ZLShortcutsDidChange();
-    void ZLGlobalHotkeysDidChange();
-    void ZLShowAbsoluteTimeSettingDidChange();
-    void ZLOSCInputPortSettingDidChange();
-    /// Of the choice or of the list of addresses.
-    void ZLOSCAcceptSettingDidChange();
-    void ZLOSCOutputsSettingDidChange();
-    void ZLOSCAnswerSendersSettingDidChange();
 };
 
 /// The one place through which the program reads and writes the user's preferences. Every change is written at once.

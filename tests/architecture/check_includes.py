@@ -1,126 +1,204 @@
 #!/usr/bin/env python3
-"""Reads every include of the sources and fails on one that points upward in the order of the folders."""
+"""Reads every include of the sources. Each arrow from one folder to another must stand in the list below, and windows
+are for the folders of windows alone: what the widgets library of Qt declares is known by the folder of its headers.
 
+    check_includes.py SOURCES FOLDER_OF_QTWIDGETS
+    check_includes.py --self-test FOLDER_OF_QTWIDGETS
+"""
+
+import graphlib
 import re
 import sys
 import tempfile
 from pathlib import Path
 
-# Bottom to top. A folder may include itself and what stands before it.
-ORDER = [
-    "platform",
-    "platform/bus",
-    "platform/activity",
-    "platform/dnssd",
-    "platform/osc",
-    "platform/archive",
-    "platform/filemanager",
-    "platform/media",
-    "platform/media/mp3",
-    "platform/media/mp4",
-    "platform/media/wave",
-    "platform/media/xiph",
-    "platform/media/file",
-    "platform/hotkey",
-    "platform/notification",
-    "platform/sound",
-    "platform/window",
-    "resources",
-    "resources/sounds",
-    "resources/translations",
-    "model",
-    "lists",
-    "lists/forms",
-    "settings",
-    "templates",
-    "templates/ui",
-    "document",
-    "document/saving",
-    "document/ui/table",
-    "document/ui/menus",
-    "document/ui",
-    "remote",
-    "export",
-    "export/formats",
-    "export/ui",
-    "delivery",
-    "remote/ui",
-    "settings/ui",
-    "app",
-    "app/ui/look",
-    "app/ui/quickedit",
-    "app/ui/saving",
-    "app/ui/menus",
-    "app/ui/shortcuts",
-    "app/ui/windows",
-    "app/ui/outside",
-    "app/ui",
-]
+# What each folder may include beside itself. The list has no circle, and an arrow that nothing uses must leave it.
+ALLOWED = {
+    "platform": "",
+    "platform/activity": "platform",
+    "platform/archive": "platform",
+    "platform/bus": "platform",
+    "platform/dnssd": "",
+    "platform/filemanager": "",
+    "platform/hotkey": "platform platform/bus",
+    "platform/media": "platform",
+    "platform/media/mp3": "platform/media",
+    "platform/media/mp4": "platform/media",
+    "platform/media/wave": "platform/media",
+    "platform/media/xiph": "platform platform/media platform/media/mp3",
+    "platform/media/file": "platform platform/media platform/media/mp3 platform/media/mp4 platform/media/wave"
+    " platform/media/xiph",
+    "platform/notification": "platform platform/bus",
+    "platform/osc": "platform",
+    "platform/sound": "platform",
+    "platform/window": "",
+    "resources": "",
+    "resources/sounds": "",
+    "resources/translations": "",
+    "model": "platform/archive",
+    "lists": "platform model",
+    "lists/forms": "platform lists",
+    "settings": "platform",
+    "templates": "platform model",
+    "templates/ui": "templates",
+    "document": "platform platform/activity platform/archive platform/notification platform/sound model lists settings"
+    " templates",
+    "document/saving": "platform platform/archive model document",
+    "document/ui/table": "settings templates/ui document",
+    "document/ui/menus": "model settings document document/ui/table",
+    "document/ui": "platform platform/window resources model settings templates templates/ui document document/ui/table"
+    " document/ui/menus",
+    "remote": "platform platform/dnssd platform/hotkey platform/osc model settings document",
+    "remote/ui": "platform/dnssd platform/osc platform/window settings templates/ui document/ui remote",
+    "export": "platform model",
+    "export/formats": "model export",
+    "export/ui": "platform document document/saving document/ui export export/formats",
+    "delivery": "platform platform/media platform/media/file model document",
+    "settings/ui": "platform/hotkey platform/sound platform/window resources settings",
+    "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model settings"
+    " document document/saving remote export export/formats delivery",
+    "app/ui/look": "templates/ui",
+    "app/ui/quickedit": "platform platform/notification platform/window model document app",
+    "app/ui/saving": "document/saving document/ui app",
+    "app/ui/menus": "document/ui document/ui/menus export export/ui app app/ui/saving",
+    "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui document/ui document/ui/menus remote"
+    " app",
+    "app/ui/windows": "platform/filemanager platform/window document document/ui document/ui/menus app app/ui/saving"
+    " app/ui/menus",
+    "app/ui/outside": "platform/dnssd model document/ui document/ui/menus remote remote/ui app app/ui/windows",
+    "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window settings"
+    " settings/ui document/ui document/ui/menus app app/ui/look app/ui/quickedit app/ui/shortcuts app/ui/windows"
+    " app/ui/outside",
+}
 # Puts everything together, so it may include everything.
 COMPOSITION_ROOT = "app/main.cpp"
-WIDGETS = re.compile(
-    r'#\s*include\s*<(QtWidgets/|QWidget|QApplication|QMainWindow|QDialog|QMenu|QTableView|QLineEdit|QMessageBox|QFileDialog)'
-)
 QUOTED = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
-GENERATED = re.compile(r"^(ui_\w+\.h|moc_\w+\.cpp|\w+\.moc)$")
+ANGLED = re.compile(r"^\s*#\s*include\s*<(?:QtWidgets/)?([^>]+)>", re.MULTILINE)
+FORM = re.compile(r"^ui_\w+\.h$")
+GENERATED = re.compile(r"^(moc_\w+\.cpp|\w+\.moc)$")
 
 
-def folder_of(relative: Path) -> str:
-    return relative.parent.as_posix()
+def has_windows(folder: str) -> bool:
+    return "ui" in folder.split("/")
 
 
-def complaints(root: Path) -> list[str]:
+def widgets_in(folder: Path) -> set[str]:
+    names = {path.name for path in folder.iterdir()} if folder.is_dir() else set()
+    if "QWidget" not in names:
+        sys.exit(f"{folder} is not the folder of QtWidgets")
+    return names
+
+
+def complaints_of_source(root: Path, source: Path, widgets: set[str], arrows: set, allowed: dict) -> list[str]:
+    """Complaints of one source; the arrows that it goes are added to `arrows`."""
+    relative = source.relative_to(root)
+    folder = relative.parent.as_posix()
+    text = source.read_text(encoding="utf-8")
     found = []
-    sources = sorted(p for p in root.rglob("*") if p.suffix in {".h", ".cpp"})
-    if not sources:
-        return [f"{root}: no sources"]
-    for source in sources:
-        relative = source.relative_to(root)
-        folder = folder_of(relative)
-        text = source.read_text(encoding="utf-8")
-        if relative.as_posix() == COMPOSITION_ROOT:
+    if folder not in allowed:
+        return [f"{relative}: the folder {folder} has no place in the list"]
+    quoted = [target for target in QUOTED.findall(text) if not GENERATED.match(target)]
+    if not has_windows(folder):
+        shown = [name for name in ANGLED.findall(text) if name in widgets]
+        shown += [name for name in quoted if FORM.match(name)]
+        found += [f"{relative}: {name} is of windows, which {folder} has none of" for name in shown]
+    for target in quoted:
+        other = Path(target).parent.as_posix()
+        if FORM.match(target):
             continue
-        if folder not in ORDER:
-            found.append(f"{relative}: the folder {folder} has no place in the order")
-            continue
-        if "ui" not in folder.split("/") and folder != "resources" and WIDGETS.search(text):
-            found.append(f"{relative}: a folder below the windows includes a widget")
-        for target in QUOTED.findall(text):
-            if GENERATED.match(target):
-                continue
-            if not (root / target).is_file():
-                found.append(f'{relative}: "{target}" is not written from src/')
-            elif ORDER.index(folder_of(Path(target))) > ORDER.index(folder):
-                found.append(f'{relative}: "{target}" points upward')
+        if not (root / target).is_file():
+            found.append(f'{relative}: "{target}" is not written from src/')
+        elif other != folder:
+            arrows.add((folder, other))
+            if other not in allowed[folder].split():
+                found.append(f'{relative}: "{target}" is an arrow that {folder} has not: see ALLOWED')
     return found
 
 
-def self_test() -> int:
-    """An upward include, a wrong path and a widget below the windows must each be found, and a good tree pass."""
+def circle_in(allowed: dict) -> list[str]:
+    try:
+        list(graphlib.TopologicalSorter({folder: others.split() for folder, others in allowed.items()}).static_order())
+    except graphlib.CycleError as error:
+        return [f"the list has a circle: {' → '.join(error.args[1])}"]
+    return []
+
+
+def complaints(root: Path, widgets: set[str], allowed: dict) -> list[str]:
+    sources = sorted(p for p in root.rglob("*") if p.suffix in {".h", ".cpp"})
+    if not sources:
+        return [f"{root}: no sources"]
+    found, arrows = circle_in(allowed), set()
+    for source in sources:
+        if source.relative_to(root).as_posix() != COMPOSITION_ROOT:
+            found += complaints_of_source(root, source, widgets, arrows, allowed)
+    for folder, others in allowed.items():
+        if not (root / folder).is_dir():
+            found.append(f"{folder} stands in the list and is no folder")
+            continue
+        found += [f"{folder} → {other} stands in the list and is not used" for other in others.split()
+                  if (folder, other) not in arrows]
+    return found
+
+
+GOOD = {
+    "document/B.h": "",
+    "document/ui/table/T.h": "#include <QTableView>",
+    "document/ui/W.cpp": '#include "document/B.h"\n#include "document/ui/table/T.h"\n#include <QWidget>\n#include "ui_W.h"',
+    "remote/R.h": '#include "document/B.h"\n#include <QTimer>',
+    "export/E.h": "",
+}
+GOOD_LIST = {"document": "", "document/ui/table": "", "document/ui": "document document/ui/table", "remote": "document",
+             "export": ""}
+# Each one is a wrong include, or a path that is not written from src/.
+BAD = {
+    "remote/Window.cpp": '#include "document/ui/W.cpp"',
+    "export/Remote.cpp": '#include "remote/R.h"',
+    "export/Table.cpp": '#include "document/ui/table/T.h"',
+    "remote/Bar.cpp": "#include <QStatusBar>",
+    "export/Box.cpp": "#include <QComboBox>",
+    "remote/Form.cpp": '#include "ui_W.h"',
+    "document/Path.cpp": '#include "B.h"',
+    "elsewhere/X.cpp": "",
+}
+
+
+def plant(root: Path, sources: dict):
+    for name, text in sources.items():
+        (root / name).parent.mkdir(parents=True, exist_ok=True)
+        (root / name).write_text(text + "\n")
+
+
+def self_test(widgets: set[str]) -> int:
+    """A good tree passes. Each wrong include is found in its own source and nothing else is; so is a list that has a
+    circle, or that allows what nothing uses."""
     with tempfile.TemporaryDirectory() as name:
         root = Path(name)
-        for folder in ("model", "document", "document/ui"):
-            (root / folder).mkdir(parents=True)
-        (root / "model/A.h").write_text("#pragma once\n")
-        (root / "document/B.h").write_text('#include "model/A.h"\n')
-        (root / "document/ui/C.cpp").write_text('#include "document/B.h"\n#include <QWidget>\n')
-        if complaints(root):
-            print("a good tree was refused:", complaints(root))
+        plant(root, GOOD)
+        if found := complaints(root, widgets, GOOD_LIST):
+            print("a good tree was refused:", found)
             return 1
-        (root / "model/Up.cpp").write_text('#include "document/B.h"\n')
-        (root / "model/Path.cpp").write_text('#include "A.h"\n')
-        (root / "document/W.cpp").write_text("#include <QWidget>\n")
-        if len(complaints(root)) != 3:
-            print("a bad tree passed:", complaints(root))
+        plant(root, BAD)
+        found = complaints(root, widgets, GOOD_LIST)
+        if sorted(line.split(":")[0] for line in found) != sorted(BAD):
+            print("a bad tree was not told right:", "\n".join(found))
             return 1
+        lists = {"a circle": {**GOOD_LIST, "document": "remote"}, "is not used": {**GOOD_LIST, "export": "document"},
+                 "no folder": {**GOOD_LIST, "gone": ""}}
+        for words, allowed in lists.items():
+            if not any(words in line for line in complaints(root, widgets, allowed)):
+                print("a bad list passed:", words)
+                return 1
     return 0
 
 
 def main() -> int:
-    if sys.argv[1:] == ["--self-test"]:
-        return self_test()
-    found = complaints(Path(sys.argv[1]))
-    print("\n".join(found) or "every include points downward")
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
+    widgets = widgets_in(Path(sys.argv[2]))
+    if sys.argv[1] == "--self-test":
+        return self_test(widgets)
+    found = complaints(Path(sys.argv[1]), widgets, ALLOWED)
+    print("\n".join(found) or "every include goes an arrow that is allowed")
     return 1 if found else 0
 
 

@@ -55,7 +55,7 @@ ZLDocumentController::~ZLDocumentController()
 {
     // All of them out of one account, however many documents there are.
     const QDeadlineTimer deadline =
-        m_endDeadline.isForever() ? QDeadlineTimer(ZLDocumentSaver::EndPatience) : m_endDeadline;
+        m_endDeadline.isForever() ? QDeadlineTimer(ZLSilentDisk::EndPatience) : m_endDeadline;
     for (const Entry& entry : m_entries)
         entry.saver->end(deadline);
     m_openDocuments.end(deadline);
@@ -136,7 +136,7 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& p
 
 ZLStatus ZLDocumentController::saveDocumentAs(ZLChapterDocument* document, const QString& path)
 {
-    const QString target = ZLDocumentSaver::pathWithExtension(path);
+    const QString target = ZLDocumentPlace::pathWithExtension(path);
     const ZLStatus saved = saverOf(document)->saveAs(target);
     if (saved)
         m_recentDocuments.add(target);
@@ -172,7 +172,7 @@ QStringList ZLDocumentController::saveAllNow()
     // Each on its own way at first, so that a disk that hangs takes nobody else's time.
     for (const Entry& entry : m_entries)
         entry.saver->writeNewestState();
-    m_endDeadline = QDeadlineTimer(ZLDocumentSaver::EndPatience);
+    m_endDeadline = QDeadlineTimer(ZLSilentDisk::EndPatience);
     QStringList failures;
     for (const Entry& entry : m_entries) {
         if (const ZLStatus saved = entry.saver->saveNow(m_endDeadline); !saved)

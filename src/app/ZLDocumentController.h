@@ -42,7 +42,7 @@ class ZLDocumentController : public QObject {
 public:
     explicit ZLDocumentController(ZLDocumentControllerSetup setup, QObject* parent = nullptr);
     /// Writes nothing any more; whoever ends the program in order calls saveAllNow() before. Both together wait for
-    /// disks that do not answer no longer than ZLDocumentSaver::EndPatience.
+    /// disks that do not answer no longer than ZLSilentDisk::EndPatience.
     ~ZLDocumentController() override;
 
     [[nodiscard]] QList<ZLChapterDocument*> documents() const;

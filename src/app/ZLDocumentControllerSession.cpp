@@ -125,7 +125,7 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openRecovered(ZLRecoveredDocu
     if (!isUntitled)
         document->setDisplayName(QFileInfo(path).fileName());
     auto saver = std::make_unique<ZLDocumentSaver>(
-        *document, m_recoveryFolder, m_machinery, std::move(recovered.file), journal.filePath, found.bytes);
+        *document, m_recoveryFolder, m_machinery, std::move(recovered.file), journal, found);
     return isUntitled ? adopt({ std::move(document), std::move(saver) })
                       : adoptOpened({ std::move(document), std::move(saver) }, path);
 }

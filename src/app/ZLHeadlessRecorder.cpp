@@ -293,10 +293,7 @@ void ZLHeadlessRecorder::takeTheirs(const QString&)
 
 void ZLHeadlessRecorder::keepBoth(const QString&)
 {
-    settleConflict([](ZLDocumentSaver& saver) {
-        const auto kept = saver.keepBoth();
-        return kept ? ZLStatus(ZLDone {}) : ZLStatus(kept.error());
-    });
+    settleConflict([](ZLDocumentSaver& saver) { return saver.keepBoth(); });
 }
 
 void ZLHeadlessRecorder::settleConflict(const std::function<ZLStatus(ZLDocumentSaver&)>& decision)

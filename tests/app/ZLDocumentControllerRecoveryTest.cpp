@@ -1,4 +1,5 @@
 #include "app/ZLDocumentControllerFixture.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <sys/stat.h>
 
@@ -177,6 +178,47 @@ TEST_F(ZLDocumentControllerRecoveryTest, AFileThatIsOutOfReachAtTheStartIsBackFr
     EXPECT_EQ(controller->saveAllNow(), QStringList());
     start();
     EXPECT_EQ(open(path)->chapterManager().count(), 2);
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AFileThatWasOutOfReachAtTheStartAndComesBackChangedIsNotOverwritten)
+{
+    ASSERT_TRUE(QDir().mkpath(filePath("stick")));
+    const QString path = storedFile("stick/show.zelta");
+    addChapter(*open(path), "Mine");
+    ASSERT_TRUE(QDir(filePath("stick")).removeRecursively());
+    for (int process = 0; process < 2; ++process) {
+        start();
+        EXPECT_EQ(controller->restoreSession(), QStringList()) << "also at the second start without the file";
+    }
+    ZLChapterDocument* document = controller->documents().first();
+    ASSERT_TRUE(QDir().mkpath(filePath("stick")));
+    storedFile("stick/show.zelta", "Theirs");
+    EXPECT_EQ(controller->saveAllNow(), QStringList { path + u": Another program changed the file."_s });
+    ZLDocumentSaver* saver = controller->saverOf(document);
+    EXPECT_EQ(saver->state(), ZLSavingState::Conflict) << "so it is asked";
+    EXPECT_EQ(document->chapterManager().count(), 2);
+    EXPECT_TRUE(saver->takeTheirs());
+    EXPECT_EQ(document->chapterManager().chapterAtIndex(0)->title(), u"Theirs"_s);
+}
+
+TEST_F(ZLDocumentControllerRecoveryTest, AFileThatWasOutOfReachAtTheStartAndComesBackAsItWasIsWritten)
+{
+    ASSERT_TRUE(QDir().mkpath(filePath("stick")));
+    const QString path = storedFile("stick/show.zelta");
+    const auto first = ZLBoundedFile::read(path, ZLFileBound::Document);
+    ZLChapterDocument* document = open(path);
+    addChapter(*document, "One");
+    write(document);
+    addChapter(*document, "Two");
+    ASSERT_TRUE(QDir(filePath("stick")).removeRecursively());
+    start();
+    EXPECT_EQ(controller->restoreSession(), QStringList());
+    ASSERT_TRUE(QDir().mkpath(filePath("stick")));
+    // The disk may have lost the last write, and holds a version before it.
+    ASSERT_TRUE(ZLAtomicFile::write(path, first.value()));
+    EXPECT_EQ(controller->saveAllNow(), QStringList());
+    start();
+    EXPECT_EQ(open(path)->chapterManager().count(), 3);
 }
 
 TEST_F(ZLDocumentControllerRecoveryTest, ATornJournalGivesTheStateBefore)

@@ -10,11 +10,13 @@
 
 namespace {
 
-/// Whether the file holds what it held last, or is gone. What cannot be read might be another program's.
+/// Whether the file holds a version that this program knows, or is gone. One that cannot be read may be another
+/// program's.
 bool mayBeReplaced(const ZLFoundFile& found, const ZLWriteOrder& order)
 {
     return found.finding == ZLFileFinding::Missing
-        || (found.finding == ZLFileFinding::Read && ZLJournalRecords::digestOf(found.bytes) == order.expectedDigest);
+        || (found.finding == ZLFileFinding::Read
+            && order.replaceable->contains(ZLJournalRecords::digestOf(found.bytes)));
 }
 
 /// A file that may be written over if the user says so, as a pipe or a device may not.
@@ -43,7 +45,7 @@ void ZLBackgroundWrite::run(const std::function<void()>& didWrite)
     if (m_progress == Progress::Abandoned)
         return;
     m_outcome = std::move(outcome);
-    // Whoever waits may destroy what the call reaches as soon as the write is over.
+    // A caller that waits may destroy what the call reaches as soon as the write is over.
     didWrite();
     m_progress = Progress::Done;
     m_progressDidChange.notify_all();
@@ -80,7 +82,7 @@ bool ZLBackgroundWrite::abandon()
 ZLWriteOutcome ZLBackgroundWrite::carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer)
 {
     ZLWriteOutcome outcome { .digest = ZLJournalRecords::digestOf(order.bytes) };
-    if (!order.expectedDigest.isEmpty()) {
+    if (order.replaceable) {
         if (const ZLFoundFile found = ZLBoundedFile::find(order.path, ZLFileBound::Document);
             !mayBeReplaced(found, order)) {
             outcome.isConflict = isOfAnotherProgram(found);

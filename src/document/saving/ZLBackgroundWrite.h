@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/saving/ZLJournalFile.h"
+#include "document/saving/ZLKnownFile.h"
 #include "document/saving/ZLStateKeeper.h"
 #include "platform/ZLResult.h"
 
@@ -17,11 +18,11 @@
 struct ZLWriteOrder {
     QString path;
     QByteArray bytes;
-    /// Digest of what the file has to hold, if it is there, or another program changed it; empty when that is all one.
-    QByteArray expectedDigest = {};
+    /// A file that holds anything else was changed by another program and is left alone.
+    ZLKnownVersions replaceable = {};
     /// Told of the bytes, and synced, before the file is touched; may be null.
     std::shared_ptr<ZLJournalFile> journal = {};
-    /// For recovery files, which are nobody else's business.
+    /// For recovery files, which no other user may read.
     bool isForOwnerOnly = false;
     /// Kept once the file is written, by the keeper, which may be null where there is no state.
     std::optional<ZLFormerState> formerState = {};

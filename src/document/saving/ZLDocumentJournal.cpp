@@ -16,20 +16,20 @@ ZLDocumentJournal::ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk 
 }
 
 void ZLDocumentJournal::begin(
-    const QString& journalPath, const QString& filePath, const QByteArray& fileDigest, const QByteArray& snapshot)
+    const QString& journalPath, const QString& filePath, const ZLKnownVersions& versions, const QByteArray& snapshot)
 {
     m_file = std::make_shared<ZLJournalFile>(journalPath, m_disk);
     m_filePath = filePath;
-    beginFile(fileDigest, snapshot);
+    beginFile(versions, snapshot);
     m_file->waitUntilHandedOver(m_disk.longestHandOver);
 }
 
-void ZLDocumentJournal::tidy(const QByteArray& fileDigest)
+void ZLDocumentJournal::tidy(const ZLKnownVersions& versions)
 {
     if (!m_file || (!m_file->isBroken() && m_file->size() <= std::max(SmallSize, 4 * m_snapshotSize)))
         return;
     note();
-    beginFile(fileDigest, m_document.dataOfType());
+    beginFile(versions, m_document.dataOfType());
 }
 
 bool ZLDocumentJournal::end(QDeadlineTimer deadline)
@@ -99,14 +99,15 @@ ZLJournalChange ZLDocumentJournal::readingNow() const
     return change;
 }
 
-void ZLDocumentJournal::beginFile(const QByteArray& fileDigest, const QByteArray& snapshot)
+void ZLDocumentJournal::beginFile(const ZLKnownVersions& versions, const QByteArray& snapshot)
 {
     using Kind = ZLJournalRecord::Kind;
     rememberDocument();
     m_snapshotSize = snapshot.size();
     QList<ZLJournalRecord> records { { Kind::Origin, m_filePath.toUtf8() }, { Kind::Snapshot, snapshot } };
-    if (!fileDigest.isEmpty())
-        records.append({ Kind::KnownFile, fileDigest });
+    const auto digests = versions.value_or(QList<QByteArray>());
+    for (const QByteArray& digest : digests)
+        records.append({ Kind::KnownFile, digest });
     records.append({ Kind::Change, readingNow().encoded() });
     m_file->begin(records);
 }

@@ -3,6 +3,7 @@
 #include "document/ZLChapterDocument.h"
 #include "document/saving/ZLChapterListShadow.h"
 #include "document/saving/ZLJournalFile.h"
+#include "document/saving/ZLKnownFile.h"
 
 #include <QObject>
 #include <QTimer>
@@ -23,19 +24,19 @@ public:
     ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk disk);
 
     [[nodiscard]] bool isBegun() const { return m_file != nullptr; }
-    /// The file under way, for whoever writes to it beside the journal; null when none is begun.
+    /// The file under way, for others that write to it beside the journal; null when none is begun.
     [[nodiscard]] const std::shared_ptr<ZLJournalFile>& file() const { return m_file; }
     /// Which folder does not take the journal and why; empty while it does, and while none is begun.
     [[nodiscard]] QString failureText() const { return m_file ? m_file->failureText() : QString(); }
-    /// Whether changes are not handed over yet that somebody waited for.
+    /// Whether a wait for the hand-over of changes has run out, and they are not handed over yet.
     [[nodiscard]] bool isLagging() const { return m_file && m_file->isLagging(); }
     [[nodiscard]] ZLProgress progress() const { return m_file ? m_file->progress() : ZLProgress(); }
     /// Begins the journal at `journalPath`. `snapshot` is the document as it is now, `filePath` the user's file, empty
-    /// for none, and `fileDigest` that of what it holds, empty for nothing.
-    void begin(
-        const QString& journalPath, const QString& filePath, const QByteArray& fileDigest, const QByteArray& snapshot);
+    /// for none, and `versions` what that may hold.
+    void begin(const QString& journalPath, const QString& filePath, const ZLKnownVersions& versions,
+        const QByteArray& snapshot);
     /// Begins it anew, from a new snapshot, when it is broken or has outgrown the last one several times.
-    void tidy(const QByteArray& fileDigest);
+    void tidy(const ZLKnownVersions& versions);
     /// Stops journaling and leaves the file as it is. Returns false when its disk does not take everything before
     /// `deadline`.
     bool end(QDeadlineTimer deadline);
@@ -62,7 +63,7 @@ private:
     void followClock();
     void rememberDocument();
     [[nodiscard]] ZLJournalChange readingNow() const;
-    void beginFile(const QByteArray& fileDigest, const QByteArray& snapshot);
+    void beginFile(const ZLKnownVersions& versions, const QByteArray& snapshot);
 
     ZLChapterDocument& m_document;
     const ZLJournalDisk m_disk;

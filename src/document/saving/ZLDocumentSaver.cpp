@@ -1,18 +1,13 @@
 #include "document/saving/ZLDocumentSaver.h"
 
-#include "document/saving/ZLNewIdentifiers.h"
+#include "document/saving/ZLTheirVersion.h"
 #include "document/saving/ZLWriteProtection.h"
-#include "platform/ZLFileExtension.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLoggingCategory>
 
-#include <algorithm>
 #include <utility>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -21,66 +16,60 @@ Q_LOGGING_CATEGORY(documentSaveLog, "zelta.document.save", QtInfoMsg)
 }
 
 ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
-    ZLSavingMachinery machinery, const QString& path, const QByteArray& fileBytes)
+    ZLSavingMachinery machinery, std::unique_ptr<ZLRecoveryFile> recoveryFile, const QString& path)
     : m_document(document)
-    , m_recoveryFolder(recoveryFolder)
     , m_machinery(std::move(machinery))
-    , m_path(path)
-    , m_journal(document, m_machinery.journalDisk)
+    , m_place(recoveryFolder, path, std::move(recoveryFile))
+    , m_states(m_machinery.clock)
+    , m_reverting(document, m_states)
     , m_writer(m_machinery.writeFile, m_machinery.executor)
-    , m_diskWatch(m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
+    , m_diskWatch(
+          m_machinery.clock, [this] { return m_journaling.progress(); }, [this] { return m_writer.progress(); })
+    , m_journaling(document, m_place, m_knownFile, m_diskWatch, m_machinery.journalDisk)
 {
-    if (!isUntitled()) {
-        m_bytesOnDisk = currentBytes();
-        m_revertBytes = m_bytesOnDisk;
-        m_openedBytes = fileBytes;
-        m_fileDigest = ZLJournalRecords::digestOf(fileBytes.isEmpty() ? m_bytesOnDisk : fileBytes);
-    }
-    watchDocument();
+    followParts();
+    followDocument();
+}
+
+ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
+    ZLSavingMachinery machinery, const QString& path, const QByteArray& fileBytes)
+    : ZLDocumentSaver(document, recoveryFolder, std::move(machinery), nullptr, path)
+{
+    if (isUntitled())
+        return;
+    const QByteArray bytes = m_document.dataOfType();
+    m_knownFile =
+        ZLKnownFile(bytes, fileBytes.isEmpty() ? bytes : fileBytes, m_place.timeOfFile(m_document.wallClockTime()));
+    m_reverting.setPoint(bytes);
 }
 
 ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
     ZLSavingMachinery machinery, std::unique_ptr<ZLRecoveryFile> recoveryFile)
-    : m_document(document)
-    , m_recoveryFolder(recoveryFolder)
-    , m_machinery(std::move(machinery))
-    , m_recoveryFile(std::move(recoveryFile))
-    , m_journal(document, m_machinery.journalDisk)
-    , m_writer(m_machinery.writeFile, m_machinery.executor)
-    , m_diskWatch(m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
+    : ZLDocumentSaver(document, recoveryFolder, std::move(machinery), std::move(recoveryFile), QString())
 {
-    m_bytesOnDisk = currentBytes();
-    m_fileDigest = ZLJournalRecords::digestOf(m_bytesOnDisk);
-    watchDocument();
+    const QByteArray bytes = m_document.dataOfType();
+    m_knownFile = ZLKnownFile(bytes, bytes, m_place.timeOfFile(m_document.wallClockTime()));
     m_document.setDocumentEdited(hasContent());
 }
 
 ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
-    ZLSavingMachinery machinery, std::unique_ptr<ZLRecoveryFile> recoveryFile, const QString& path,
-    const QByteArray& fileBytes)
-    : m_document(document)
-    , m_recoveryFolder(recoveryFolder)
-    , m_machinery(std::move(machinery))
-    , m_path(path)
-    , m_recoveryFile(std::move(recoveryFile))
-    , m_journal(document, m_machinery.journalDisk)
-    , m_writer(m_machinery.writeFile, m_machinery.executor)
-    , m_diskWatch(
-          m_machinery.clock, [this] { return m_journal.progress(); }, [this] { return m_writer.progress(); })
-    , m_bytesOnDisk(fileBytes)
-    , m_revertBytes(fileBytes)
+    ZLSavingMachinery machinery, std::unique_ptr<ZLRecoveryFile> recoveryFile, const ZLJournaledDocument& journal,
+    const ZLFoundFile& file)
+    : ZLDocumentSaver(document, recoveryFolder, std::move(machinery), std::move(recoveryFile), journal.filePath)
 {
-    if (!fileBytes.isEmpty())
-        m_fileDigest = ZLJournalRecords::digestOf(fileBytes);
-    watchDocument();
-    beginJournal();
+    if (file.finding == ZLFileFinding::Read)
+        m_knownFile = ZLKnownFile(file.bytes, file.bytes, m_place.timeOfFile(m_document.wallClockTime()));
+    else
+        m_knownFile = ZLKnownFile(journal.fileDigests);
+    m_reverting.setPoint(file.bytes);
+    m_journaling.begin();
     m_document.setDocumentEdited(true);
     noteChange();
 }
 
 ZLDocumentSaver::~ZLDocumentSaver()
 {
-    end(QDeadlineTimer(CommandPatience));
+    end(QDeadlineTimer(ZLSilentDisk::CommandPatience));
 }
 
 void ZLDocumentSaver::end(QDeadlineTimer deadline)
@@ -88,20 +77,13 @@ void ZLDocumentSaver::end(QDeadlineTimer deadline)
     if (std::exchange(m_hasEnded, true))
         return;
     m_writer.disconnect(this);
-    if (!m_isWriteGivenUp)
-        (void)m_writer.settle(deadline);
+    (void)m_writer.settle(deadline);
     m_writer.abandon();
-    const bool isJournalWhole = m_journal.end(m_diskWatch.isJournalHanging() ? QDeadlineTimer() : deadline);
-    if (m_recoveryFile && isJournalWhole && !isJournalStillNeeded())
-        m_recoveryFile->removeJournal();
-    // Nobody could ever come back to an untitled document of which nothing is kept.
-    if (isUntitled() && !m_recoveryFile && m_history)
-        m_history->remove();
-}
-
-QString ZLDocumentSaver::recoveryPath() const
-{
-    return isUntitled() && m_recoveryFile ? m_recoveryFile->path() : QString();
+    if (m_journaling.end(deadline) && !isJournalStillNeeded())
+        m_place.removeJournal();
+    // An untitled document of which nothing is kept does not come back.
+    if (!m_place.recoveryFile())
+        m_place.forgetUntitledHistory();
 }
 
 bool ZLDocumentSaver::hasContent() const
@@ -117,205 +99,56 @@ bool ZLDocumentSaver::isTransient() const
         && !undoManager.canRedo();
 }
 
-std::optional<int> ZLDocumentSaver::plannedDelay() const
+void ZLDocumentSaver::followParts()
 {
-    return m_writeTimer.isActive() ? std::optional(m_writeTimer.interval()) : std::nullopt;
+    connect(&m_place, &ZLDocumentPlace::recoveryPathDidChange, this, &ZLDocumentSaver::locationDidChange);
+    connect(&m_schedule, &ZLWriteSchedule::writeIsDue, this, &ZLDocumentSaver::writeNewestState);
+    connect(&m_journaling, &ZLJournaling::retryIsDue, this, &ZLDocumentSaver::retryJournal);
+    connect(&m_journaling, &ZLJournaling::failureTextDidChange, this, &ZLDocumentSaver::stateDidChange);
+    connect(&m_writer, &ZLDocumentWriter::didWrite, this, &ZLDocumentSaver::noteOutcome);
+    connect(&m_writer, &ZLDocumentWriter::didFinishByItself, this, [this] {
+        if (!m_schedule.isEverythingWritten() && !plannedDelay())
+            writeNewestState();
+    });
+    connect(&m_diskWatch, &ZLDiskWatch::didChange, this, &ZLDocumentSaver::followDiskWatch);
 }
 
-ZLStatus ZLDocumentSaver::saveNow(QDeadlineTimer deadline)
+void ZLDocumentSaver::followDocument()
 {
-    if (m_isDiscarded)
-        return ZLDone {};
-    if (!settleWrite(deadline))
-        return noteHangingFile();
-    dropPlannedWrite();
-    if (m_state == ZLSavingState::Conflict)
-        return ZLError { m_failureText };
-    if (keepNothingOfEmptyDocument())
-        return ZLDone {};
-    retryJournal();
-    // Else the journal, which is believed more, would lag behind the file.
-    m_journal.noteReading();
-    auto order = makeOrder();
-    if (!order) {
-        noteFailure(order.error());
-        return order.error();
-    }
-    if (isOnDisk(order.value())) {
-        noteSuccess(order.value(), m_fileDigest);
-        return ZLDone {};
-    }
-    const auto outcome = m_writer.write(std::move(order).value(), deadline);
-    return outcome ? outcome->status : noteHangingFile();
-}
-
-ZLStatus ZLDocumentSaver::save()
-{
-    if (isUntitled())
-        return ZLError { tr("“%1” is not in a file yet.").arg(m_document.displayName()) };
-    // The user's word counts also when another program took the file away.
-    if (!QFile::exists(m_path) || ZLNewIdentifiers::areMissingIn(m_openedBytes))
-        m_bytesOnDisk.clear();
-    const ZLStatus saved = saveNow();
-    if (saved)
-        m_revertBytes = m_bytesOnDisk;
-    return saved;
-}
-
-ZLStatus ZLDocumentSaver::saveAs(const QString& path)
-{
-    const QString target = pathWithExtension(path);
-    if (!settleWrite(commandDeadline()) && target == m_path)
-        return noteHangingFile();
-    const ZLWriteOrder order { .path = target, .bytes = currentBytes(), .revision = m_revision };
-    if (const ZLStatus allowed = ZLWriteProtection::check(order.path, m_lock ? &m_lock->note() : nullptr); !allowed)
-        return allowed;
-    ZLDocumentWriter targetWriter(m_machinery.writeFile);
-    const auto written = targetWriter.write(order, QDeadlineTimer(CommandPatience));
-    if (!written || !*written) {
-        if (m_revision != m_savedRevision && !plannedDelay() && !m_writer.isUnderWay())
-            planWrite();
-        return written ? written->status : ZLStatus(silentDisk(target));
-    }
-    // What hangs where the document was has nothing to do with it any more.
-    m_writer.abandon();
-    m_isWriteGivenUp = false;
-    qCDebug(documentSaveLog) << "document moves to" << order.path;
-    dropPlannedWrite();
-    m_path = order.path;
-    m_lock.reset();
-    m_lock = std::make_unique<ZLDocumentLock>(m_path);
-    removeRecoveryFile();
-    followLocation();
-    m_revertBytes = order.bytes;
-    noteSuccess(order, written->digest);
-    journalNow();
-    m_document.setDisplayName(QFileInfo(m_path).fileName());
-    Q_EMIT locationDidChange();
-    return ZLDone {};
-}
-
-void ZLDocumentSaver::discard()
-{
-    if (!settleWrite(commandDeadline()))
-        m_writer.abandon();
-    dropPlannedWrite();
-    m_readingTimer.stop();
-    m_isDiscarded = true;
-    removeRecoveryFile();
-    if (isUntitled() && m_history)
-        m_history->remove();
-}
-
-QString ZLDocumentSaver::pathWithExtension(const QString& path)
-{
-    return ZLFileExtension::completed(QDir::cleanPath(QFileInfo(path).absoluteFilePath()), ZLDocumentFile::Extension);
-}
-
-void ZLDocumentSaver::writeNewestState()
-{
-    // The end of a write under way looks for newer changes itself.
-    if (m_isDiscarded || m_writer.isUnderWay() || m_state == ZLSavingState::Conflict)
-        return;
-    dropPlannedWrite();
-    if (keepNothingOfEmptyDocument())
-        return;
-    retryJournal();
-    // Else the journal, which is believed more, would lag behind the file.
-    m_journal.noteReading();
-    auto order = makeOrder();
-    if (!order)
-        noteFailure(order.error());
-    else if (isOnDisk(order.value()))
-        noteSuccess(order.value(), m_fileDigest);
-    else
-        startBackgroundWrite(std::move(order).value());
-}
-
-void ZLDocumentSaver::watchDocument()
-{
-    if (!isUntitled())
-        m_lock = std::make_unique<ZLDocumentLock>(m_path);
-    followLocation();
-    m_timeOfBytes = timeOfFile(isUntitled() ? recoveryPath() : m_path);
-    m_writeTimer.setSingleShot(true);
-    m_readingTimer.setInterval(ReadingInterval);
-    m_journalTimer.setInterval(RetryInterval);
-    connect(&m_writeTimer, &QTimer::timeout, this, &ZLDocumentSaver::writeNewestState);
-    connect(&m_readingTimer, &QTimer::timeout, this, &ZLDocumentSaver::writeNewestState);
-    connect(&m_journalTimer, &QTimer::timeout, this, &ZLDocumentSaver::retryJournal);
-    followWriter();
+    const auto followClock = [this] { m_schedule.followClock(m_document.isRecording()); };
     connect(&m_document, &ZLChapterDocument::contentsDidChange, this, &ZLDocumentSaver::noteChange);
-    connect(&m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLDocumentSaver::followClock);
-    // This connection is the first one, so that nobody is told of what could still be lost.
+    connect(&m_document, &ZLChapterDocument::recordingStateDidChange, this, followClock);
+    // This connection is the first one, so that the controllers are told of nothing that could still be lost.
     connect(&m_document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLDocumentSaver::journalNow);
     followClock();
 }
 
+bool ZLDocumentSaver::isJournalWanted() const
+{
+    return !m_isDiscarded && (!isUntitled() || hasContent());
+}
+
+bool ZLDocumentSaver::isJournalStillNeeded() const
+{
+    const bool isSaved = m_state == ZLSavingState::Saved && m_schedule.isEverythingWritten();
+    return !m_isDiscarded && (!isSaved || m_document.isRecording() || m_document.interruptedRecording());
+}
+
 void ZLDocumentSaver::journalNow()
 {
-    if (m_isDiscarded || (isUntitled() && !hasContent()) || !isJournalDue())
-        return;
-    // A disk that does not answer is not asked anything else either.
-    const bool isHeld = m_recoveryFile && (m_journal.isLagging() || m_recoveryFile->isStillHeld());
-    if (!m_journal.isBegun() || !isHeld)
-        beginJournal();
-    else
-        m_journal.note();
-    if (m_journal.isBegun())
-        noteRecoveryFailure(journalFailure());
-    m_diskWatch.begin();
-}
-
-bool ZLDocumentSaver::isJournalDue()
-{
-    // Looked at each time, since looking remembers. A document that was only opened takes no journal.
-    const bool hasChanged = !m_journal.isBegun() && m_journal.noticeChange();
-    m_isJournalDue = m_isJournalDue || hasChanged || m_document.isRecording() || m_document.interruptedRecording();
-    return m_isJournalDue;
-}
-
-QString ZLDocumentSaver::journalFailure() const
-{
-    return m_diskWatch.isJournalHanging() ? silentDisk(m_recoveryFolder.path()).message : m_journal.failureText();
+    if (isJournalWanted())
+        m_journaling.note();
 }
 
 void ZLDocumentSaver::retryJournal()
 {
-    // Nobody needs one as long as nothing changed.
-    if (!m_journal.isBegun() && m_recoveryFailureText.isEmpty())
-        return;
-    journalNow();
-    // What this brings is known when the next change or attempt comes, for nobody waits for a disk.
-    m_journal.tidy(m_fileDigest);
-}
-
-void ZLDocumentSaver::beginJournal()
-{
-    m_isJournalDue = true;
-    if (const ZLStatus ensured = ensureRecoveryFile(); !ensured) {
-        noteRecoveryFailure(ensured.error().message);
-        return;
-    }
-    m_journal.begin(m_recoveryFile->journalPath(), m_path, m_fileDigest, currentBytes());
-}
-
-void ZLDocumentSaver::noteRecoveryFailure(const QString& text)
-{
-    if (text.isEmpty())
-        m_journalTimer.stop();
-    else if (!m_journalTimer.isActive())
-        m_journalTimer.start();
-    if (std::exchange(m_recoveryFailureText, text) == text)
-        return;
-    if (!text.isEmpty())
-        qCWarning(documentSaveLog) << "no journal:" << text;
-    Q_EMIT stateDidChange();
+    if (isJournalWanted())
+        m_journaling.retry();
 }
 
 void ZLDocumentSaver::noteChange()
 {
-    ++m_revision;
+    m_schedule.noteChange();
     if (m_isDiscarded)
         return;
     journalNow();
@@ -325,66 +158,270 @@ void ZLDocumentSaver::noteChange()
         setState(ZLSavingState::Waiting);
 }
 
-void ZLDocumentSaver::followClock()
+void ZLDocumentSaver::planWrite()
 {
-    // Else a crash during a long chapter would put the clock back to where that chapter began.
-    if (!m_document.isRecording())
-        m_readingTimer.stop();
-    else if (!m_readingTimer.isActive())
-        m_readingTimer.start();
+    using Haste = ZLWriteSchedule::Haste;
+    m_schedule.plan(m_journaling.isBehind() ? Haste::AtOnce : Haste::None);
 }
 
-ZLStatus ZLDocumentSaver::ensureRecoveryFile()
+ZLStatus ZLDocumentSaver::saveNow(QDeadlineTimer deadline)
 {
-    // When the folder was taken away, the lock went with it: both are made anew.
-    if (m_recoveryFile && m_recoveryFile->isStillHeld())
+    if (m_isDiscarded)
         return ZLDone {};
-    m_journal.end(journalDeadline());
-    m_recoveryFile.reset();
-    auto file = m_recoveryFolder.createFile();
-    if (!file)
-        return file.error();
-    m_recoveryFile = std::move(file).value();
-    followLocation();
+    if (!m_writer.settle(deadline))
+        return noteHangingFile();
+    m_schedule.dropPlannedWrite();
+    if (m_state == ZLSavingState::Conflict)
+        return ZLError { m_failureText };
+    if (keepNothingOfEmptyDocument())
+        return ZLDone {};
+    auto order = makeOrder();
+    if (!order)
+        return noteFailure(order.error());
+    if (isOnDisk(order.value())) {
+        noteWritten(order.value().revision);
+        return ZLDone {};
+    }
+    const auto outcome = m_writer.write(std::move(order).value(), deadline);
+    return outcome ? outcome->status : noteHangingFile();
+}
+
+void ZLDocumentSaver::writeNewestState()
+{
+    // The end of a write under way looks for newer changes itself.
+    if (m_isDiscarded || m_writer.isUnderWay() || m_state == ZLSavingState::Conflict)
+        return;
+    m_schedule.dropPlannedWrite();
+    if (keepNothingOfEmptyDocument())
+        return;
+    auto order = makeOrder();
+    if (!order) {
+        noteFailure(order.error());
+    } else if (isOnDisk(order.value())) {
+        noteWritten(order.value().revision);
+    } else {
+        if (m_state != ZLSavingState::Failed)
+            setState(ZLSavingState::Saving);
+        m_writer.start(std::move(order).value());
+        m_diskWatch.begin();
+    }
+}
+
+ZLResult<ZLWriteOrder> ZLDocumentSaver::makeOrder()
+{
+    retryJournal();
+    // Else the journal, which is believed more, would lag behind the file.
+    m_journaling.noteReading();
+    ZLWriteOrder order { .path = path(),
+        .bytes = m_document.dataOfType(),
+        .replaceable = m_knownFile.versions(),
+        .journal = m_journaling.file(),
+        .stateKeeper = m_stateKeeper,
+        .revision = m_schedule.revision() };
+    if (isUntitled()) {
+        if (const ZLStatus ensured = m_journaling.ensureRecoveryFile(); !ensured)
+            return ensured.error();
+        order.path = recoveryPath();
+        order.isForOwnerOnly = true;
+        // Another program has no business there.
+        order.replaceable.reset();
+    }
+    // The reading of a clock that runs on is no change worth going back before.
+    if (!m_schedule.isEverythingWritten())
+        order.formerState = m_states.stateToKeep(m_place.history(), m_knownFile);
+    return order;
+}
+
+bool ZLDocumentSaver::isOnDisk(const ZLWriteOrder& order) const
+{
+    return m_knownFile.bytes() == order.bytes && (!isUntitled() || QFile::exists(order.path));
+}
+
+bool ZLDocumentSaver::keepNothingOfEmptyDocument()
+{
+    if (!isUntitled() || hasContent())
+        return false;
+    m_journaling.removeRecoveryFile();
+    m_knownFile = {};
+    noteEverythingIsSaved();
+    return true;
+}
+
+QDeadlineTimer ZLDocumentSaver::commandDeadline() const
+{
+    return m_diskWatch.isFileHanging() ? QDeadlineTimer() : QDeadlineTimer(ZLSilentDisk::CommandPatience);
+}
+
+ZLStatus ZLDocumentSaver::save()
+{
     if (isUntitled())
-        Q_EMIT locationDidChange();
+        return ZLError { tr("“%1” is not in a file yet.").arg(m_document.displayName()) };
+    // The user's word counts also when another program took the file away.
+    if (!QFile::exists(path()) || m_knownFile.lacksIdentifiers())
+        m_knownFile.forgetBytes();
+    const ZLStatus saved = saveNow();
+    if (saved)
+        m_reverting.setPoint(m_knownFile.bytes());
+    return saved;
+}
+
+ZLStatus ZLDocumentSaver::saveAs(const QString& path)
+{
+    const ZLWriteOrder order { .path = ZLDocumentPlace::pathWithExtension(path),
+        .bytes = m_document.dataOfType(),
+        .revision = m_schedule.revision() };
+    if (!m_writer.settle(commandDeadline()) && order.path == m_place.path())
+        return noteHangingFile();
+    if (const ZLStatus allowed = ZLWriteProtection::check(order.path, m_place.openFileNote()); !allowed)
+        return allowed;
+    ZLDocumentWriter targetWriter(m_machinery.writeFile);
+    const auto written = targetWriter.write(order, QDeadlineTimer(ZLSilentDisk::CommandPatience));
+    if (written && *written) {
+        moveTo(order, *written);
+        return ZLDone {};
+    }
+    if (!m_schedule.isEverythingWritten() && !plannedDelay() && !m_writer.isUnderWay())
+        planWrite();
+    return written ? written->status : ZLStatus(ZLSilentDisk::error(order.path));
+}
+
+void ZLDocumentSaver::moveTo(const ZLWriteOrder& order, const ZLWriteOutcome& outcome)
+{
+    qCDebug(documentSaveLog) << "document moves to" << order.path;
+    // What hangs where the document was has nothing to do with it any more.
+    m_writer.abandon();
+    m_schedule.dropPlannedWrite();
+    m_place.moveTo(order.path);
+    m_journaling.removeRecoveryFile();
+    m_reverting.setPoint(order.bytes);
+    m_knownFile.noteWritten(order.bytes, outcome.digest, m_document.wallClockTime());
+    noteWritten(order.revision);
+    journalNow();
+    m_document.setDisplayName(QFileInfo(order.path).fileName());
+    Q_EMIT locationDidChange();
+}
+
+QList<ZLDocumentState> ZLDocumentSaver::formerStates() const
+{
+    return m_place.history() ? m_place.history()->states() : QList<ZLDocumentState>();
+}
+
+ZLStatus ZLDocumentSaver::keepMine()
+{
+    if (m_state != ZLSavingState::Conflict)
+        return ZLDone {};
+    m_knownFile = ZLTheirVersion::toBeReplaced(path(), m_place.timeOfFile(m_document.wallClockTime()));
+    // What is overwritten on purpose is a state to go back to all the same.
+    m_states.makeDue();
+    setState(ZLSavingState::Waiting);
+    return saveNow();
+}
+
+ZLStatus ZLDocumentSaver::takeTheirs()
+{
+    if (m_state != ZLSavingState::Conflict)
+        return ZLDone {};
+    const auto theirs = ZLTheirVersion::read(path());
+    if (!theirs)
+        return theirs.error();
+    (void)m_place.history()->keep(m_document.dataOfType(), m_document.wallClockTime(), theirs.value().bytes());
+    m_knownFile = theirs.value().asKnownFile();
+    setState(ZLSavingState::Waiting);
+    m_document.adoptContents(theirs.value().contents());
+    // Theirs as this program writes it, so that it is seen whether there is anything to go back to. The time of a clock
+    // that runs is none of theirs.
+    m_reverting.setPoint(m_document.isRecording() ? theirs.value().bytes() : m_document.dataOfType());
     return ZLDone {};
 }
 
-void ZLDocumentSaver::removeRecoveryFile()
+ZLStatus ZLDocumentSaver::keepBoth()
 {
-    noteRecoveryFailure({});
-    if (!m_recoveryFile)
-        return;
-    m_journal.end(journalDeadline());
-    // What the document is now needs none; what it becomes does.
-    (void)m_journal.noticeChange();
-    m_isJournalDue = false;
-    m_recoveryFile->remove();
-    m_recoveryFile.reset();
-    if (isUntitled())
-        Q_EMIT locationDidChange();
+    return saveAs(ZLTheirVersion::freePathBeside(path()));
 }
 
-void ZLDocumentSaver::followLocation()
+void ZLDocumentSaver::discard()
 {
-    if (isUntitled() && !m_recoveryFile)
-        return;
-    const ZLDocumentHistory history = isUntitled()
-        ? ZLDocumentHistory::ofRecoveryFile(m_recoveryFolder, m_recoveryFile->path())
-        : ZLDocumentHistory::ofFile(m_recoveryFolder, m_path);
-    if (m_history && *m_history != history) {
-        m_history->shareWith(history);
-        // A file of the user's that is left stays, and so do its states.
-        if (m_history->isOfRecoveryFile())
-            m_history->remove();
+    if (!m_writer.settle(commandDeadline()))
+        m_writer.abandon();
+    m_schedule.stop();
+    m_isDiscarded = true;
+    m_journaling.removeRecoveryFile();
+    m_place.forgetUntitledHistory();
+}
+
+ZLError ZLDocumentSaver::noteHangingFile()
+{
+    m_diskWatch.begin();
+    return tellHangingFile();
+}
+
+ZLError ZLDocumentSaver::tellHangingFile()
+{
+    const ZLError error = ZLSilentDisk::error(m_place.nameForMessages());
+    m_document.setDocumentEdited(true);
+    setState(ZLSavingState::Failed, error.message);
+    return error;
+}
+
+void ZLDocumentSaver::followDiskWatch()
+{
+    if (m_diskWatch.isFileHanging())
+        tellHangingFile();
+    m_journaling.followDiskWatch();
+}
+
+void ZLDocumentSaver::noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome)
+{
+    m_states.noteOutcome(outcome.keeping);
+    if (outcome) {
+        m_knownFile.noteWritten(order.bytes, outcome.digest, m_document.wallClockTime());
+        noteWritten(order.revision);
+    } else if (outcome.isConflict) {
+        noteConflict(outcome.status.error());
+    } else {
+        noteFailure(outcome.status.error());
     }
-    m_history = history;
 }
 
-QDateTime ZLDocumentSaver::timeOfFile(const QString& path) const
+void ZLDocumentSaver::noteWritten(quint64 revision)
 {
-    const QDateTime now = m_document.wallClockTime();
-    const QDateTime written = QFileInfo(path).lastModified();
-    return written.isValid() ? std::min(written, now) : now;
+    m_schedule.noteWritten(revision);
+    if (m_schedule.isEverythingWritten())
+        noteEverythingIsSaved();
+    else
+        setState(ZLSavingState::Waiting);
+}
+
+void ZLDocumentSaver::noteEverythingIsSaved()
+{
+    m_schedule.noteWritten(m_schedule.revision());
+    // A document without a file of the user's counts as edited, however well it is kept.
+    m_document.setDocumentEdited(isUntitled() && hasContent());
+    setState(ZLSavingState::Saved);
+}
+
+ZLError ZLDocumentSaver::noteFailure(const ZLError& error)
+{
+    qCWarning(documentSaveLog) << "cannot write" << error.message;
+    m_document.setDocumentEdited(true);
+    m_schedule.planRetry();
+    setState(ZLSavingState::Failed, error.message);
+    return error;
+}
+
+void ZLDocumentSaver::noteConflict(const ZLError& error)
+{
+    qCWarning(documentSaveLog) << error.message;
+    m_document.setDocumentEdited(true);
+    m_schedule.dropPlannedWrite();
+    setState(ZLSavingState::Conflict, error.message);
+}
+
+void ZLDocumentSaver::setState(ZLSavingState state, const QString& failureText)
+{
+    if (m_state == state && m_failureText == failureText)
+        return;
+    m_state = state;
+    m_failureText = failureText;
+    Q_EMIT stateDidChange();
 }

@@ -27,7 +27,8 @@ bool ZLDocumentWriter::settle(QDeadlineTimer deadline)
     if (!m_write)
         return true;
     m_write->callOff();
-    if (!m_write->waitForEnd(deadline))
+    m_isGivenUp = !m_write->waitForEnd(m_isGivenUp ? QDeadlineTimer() : deadline);
+    if (m_isGivenUp)
         return false;
     takeOutcome();
     return true;
@@ -38,7 +39,8 @@ std::optional<ZLWriteOutcome> ZLDocumentWriter::write(ZLWriteOrder order, QDeadl
     const auto write = std::make_shared<ZLBackgroundWrite>(std::move(order), m_writer);
     m_write = write;
     run({});
-    if (!write->waitForEnd(deadline))
+    m_isGivenUp = !write->waitForEnd(deadline);
+    if (m_isGivenUp)
         return std::nullopt;
     takeOutcome();
     return write->outcome();
@@ -56,6 +58,7 @@ void ZLDocumentWriter::abandon()
 void ZLDocumentWriter::run(const Executor& executor)
 {
     ++m_begunCount;
+    m_isGivenUp = false;
     // The object is reached only for a write that was not left to itself, which the object does at its end.
     auto task = [this, write = m_write] {
         write->run([this, write] {

@@ -30,7 +30,7 @@ public:
     /// Begins a write; none may be under way.
     void start(ZLWriteOrder order);
     /// Calls the write under way off if it has not begun, else waits for its end. Returns false when it has no end
-    /// before `deadline`, and then goes on.
+    /// before `deadline`, and then the write goes on. One that was waited for in vain is not waited for again.
     bool settle(QDeadlineTimer deadline);
     /// Carries an order out, whose outcome is absent when there is none before `deadline`; then the write goes on. None
     /// may be under way.
@@ -53,5 +53,7 @@ private:
     const Executor m_executor;
     std::shared_ptr<QThreadPool> m_thread = std::make_shared<QThreadPool>();
     std::shared_ptr<ZLBackgroundWrite> m_write;
+    /// The write under way did not end in the time that a caller had for it.
+    bool m_isGivenUp = false;
     quint64 m_begunCount = 0;
 };

@@ -725,14 +725,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 <context>
     <name>ZLDocumentSaver</name>
     <message>
-        <source>The clock is running. Pause the recording before you revert.</source>
-        <translation>Die Uhr läuft. Vor dem Zurücksetzen bitte die Aufnahme pausieren.</translation>
-    </message>
-    <message>
-        <source>The disk does not answer</source>
-        <translation>Die Platte antwortet nicht</translation>
-    </message>
-    <message>
         <source>“%1” is not in a file yet.</source>
         <translation>„%1“ hat noch keine Datei.</translation>
     </message>
@@ -3049,6 +3041,13 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
 </context>
 <context>
+    <name>ZLReverting</name>
+    <message>
+        <source>The clock is running. Pause the recording before you revert.</source>
+        <translation>Die Uhr läuft. Vor dem Zurücksetzen bitte die Aufnahme pausieren.</translation>
+    </message>
+</context>
+<context>
     <name>ZLSavePanel</name>
     <message>
         <source>Save Chapters As</source>
@@ -3302,6 +3301,13 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>Clear %1</source>
         <translation>%1 löschen</translation>
+    </message>
+</context>
+<context>
+    <name>ZLSilentDisk</name>
+    <message>
+        <source>The disk does not answer</source>
+        <translation>Die Platte antwortet nicht</translation>
     </message>
 </context>
 <context>

@@ -29,7 +29,7 @@ TEST_F(ZLDocumentSaverFailureTest, AFailedWriteIsToldAndTriedAgainUntilItWorks)
     EXPECT_GT(tellings, 0);
 
     // It is tried at a steady pace, and the bar does not flicker.
-    EXPECT_EQ(saver->plannedDelay(), ZLDocumentSaver::RetryInterval);
+    EXPECT_EQ(saver->plannedDelay(), ZLWriteSchedule::RetryInterval);
     tellings = 0;
     saver->writeNewestState();
     EXPECT_EQ(saver->state(), ZLSavingState::Failed);
@@ -129,7 +129,7 @@ TEST_F(ZLDocumentSaverFailureTest, ARecoveryFolderThatCannotBeMadeIsTold)
     EXPECT_EQ(saver->state(), ZLSavingState::Failed);
     EXPECT_TRUE(saver->failureText().startsWith(recoveryFolder.path())) << qPrintable(saver->failureText());
     EXPECT_TRUE(saver->failureText().contains(u"Not a directory"_s)) << qPrintable(saver->failureText());
-    EXPECT_EQ(saver->plannedDelay(), ZLDocumentSaver::RetryInterval);
+    EXPECT_EQ(saver->plannedDelay(), ZLWriteSchedule::RetryInterval);
 
     ASSERT_TRUE(QFile::remove(filePath("state")));
     writeAndSettle(*saver);

@@ -18,7 +18,7 @@ TEST_F(ZLDocumentSaverTest, AChangeIsPlannedThenWrittenByTheWorker)
 
     addChapter("News");
     EXPECT_EQ(saver->state(), ZLSavingState::Waiting);
-    EXPECT_EQ(saver->plannedDelay(), ZLDocumentSaver::QuietTime);
+    EXPECT_EQ(saver->plannedDelay(), ZLWriteSchedule::QuietTime);
     EXPECT_TRUE(document.isDocumentEdited());
 
     saver->writeNewestState();
@@ -69,7 +69,7 @@ TEST_F(ZLDocumentSaverTest, ASteadyStreamOfChangesDoesNotPutTheWriteOffForEver)
 
     writeAndSettle(*saver);
     addChapter("Later");
-    EXPECT_EQ(saver->plannedDelay(), ZLDocumentSaver::QuietTime);
+    EXPECT_EQ(saver->plannedDelay(), ZLWriteSchedule::QuietTime);
 }
 
 TEST_F(ZLDocumentSaverTest, TheTimerReallyWrites)
@@ -235,7 +235,7 @@ TEST_F(ZLDocumentSaverTest, TheReadingIsStoredRegularlyExactlyWhileTheClockRuns)
     EXPECT_FALSE(timer->isActive());
     document.startRecordingWithTime(clock->seconds);
     EXPECT_TRUE(timer->isActive());
-    EXPECT_EQ(timer->interval(), ZLDocumentSaver::ReadingInterval);
+    EXPECT_EQ(timer->interval(), ZLWriteSchedule::ReadingInterval);
     document.recordButtonPressed();
     EXPECT_FALSE(timer->isActive());
 }
@@ -304,14 +304,6 @@ TEST_F(ZLDocumentSaverTest, SaveAsMovesAnUntitledDocumentToTheUsersFile)
     EXPECT_EQ(titlesIn(path), (QStringList { u"News"_s, u"Weather"_s }));
     saver.reset();
     EXPECT_EQ(QDir(recoveryFolder.path()).entryList(QDir::Files), QStringList()) << "no lock is left either";
-}
-
-TEST_F(ZLDocumentSaverTest, AnExtensionOfTheUsersIsKept)
-{
-    EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"/a/Episode 1.5"_s), u"/a/Episode 1.5.zelta"_s);
-    EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"/a/b.Zelta"_s), u"/a/b.Zelta"_s);
-    EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"/a.d/b"_s), u"/a.d/b.zelta"_s);
-    EXPECT_EQ(ZLDocumentSaver::pathWithExtension(u"b"_s), QDir::currentPath() + u"/b.zelta"_s);
 }
 
 TEST_F(ZLDocumentSaverTest, ADiscardedDocumentLeavesNothingAndIsNotWrittenAgain)

@@ -24,7 +24,7 @@ protected:
         writeAndSettle(saver);
         EXPECT_EQ(saver.state(), ZLSavingState::Failed);
         EXPECT_EQ(saver.failureText(), path + u": "_s + reason);
-        EXPECT_EQ(saver.plannedDelay(), ZLDocumentSaver::RetryInterval);
+        EXPECT_EQ(saver.plannedDelay(), ZLWriteSchedule::RetryInterval);
         EXPECT_EQ(journaledTitles(), QStringList { u"Meanwhile"_s });
         EXPECT_FALSE(saver.saveNow()) << "as at the end of the program";
     }

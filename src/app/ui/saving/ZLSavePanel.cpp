@@ -58,7 +58,7 @@ QString ZLSavePanel::proposedPath() const
 
 void ZLSavePanel::saveTo(const QString& path, const std::function<void()>& whenSaved)
 {
-    const QString target = ZLDocumentSaver::pathWithExtension(path);
+    const QString target = ZLDocumentPlace::pathWithExtension(path);
     // The desktop's own dialog asked about the name as it was typed, which may not be that of the file.
     if (QFileInfo(target) != QFileInfo(path) && QFileInfo::exists(target))
         askWhetherToReplace(target, whenSaved);

@@ -79,7 +79,7 @@ ZLSavingDisplay::Message ZLSavingDisplay::conflictMessage()
     return { tr("Another program changed “%1”. %2").arg(name, m_refusal).trimmed(),
         { { tr("Keep Mine"), [this] { tellOutcome(m_saver.keepMine()); } },
             { tr("Take Theirs"), [this] { tellOutcome(m_saver.takeTheirs()); } },
-            { tr("Keep Both"), [this] { keepBoth(); } } } };
+            { tr("Keep Both"), [this] { tellOutcome(m_saver.keepBoth()); } } } };
 }
 
 ZLSavingDisplay::Message ZLSavingDisplay::otherHolderMessage()
@@ -125,12 +125,6 @@ ZLSavingDisplay::Message ZLSavingDisplay::recoveryFailureMessage() const
                 "trying.")
                  .arg(sentence(m_saver.recoveryFailureText())),
         {}, {}, ZLMessageBar::Kind::Error };
-}
-
-void ZLSavingDisplay::keepBoth()
-{
-    const auto kept = m_saver.keepBoth();
-    tellOutcome(kept ? ZLStatus(ZLDone {}) : ZLStatus(kept.error()));
 }
 
 void ZLSavingDisplay::tellOutcome(const ZLStatus& outcome)

@@ -40,7 +40,6 @@ private:
     [[nodiscard]] Message failureMessage();
     [[nodiscard]] Message recoveryFailureMessage() const;
     [[nodiscard]] Message otherHolderMessage();
-    void keepBoth();
     /// Says why a decision could not be carried out.
     void tellOutcome(const ZLStatus& outcome);
     [[nodiscard]] QString statusText() const;

@@ -1,0 +1,27 @@
+#include "document/saving/ZLKnownFile.h"
+
+#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/ZLNewIdentifiers.h"
+
+ZLKnownFile::ZLKnownFile(const QByteArray& bytes, const QByteArray& fileBytes, const QDateTime& time)
+    : m_bytes(bytes)
+    , m_readBytes(fileBytes)
+    , m_timeOfBytes(time)
+    , m_versions(QList<QByteArray> { ZLJournalRecords::digestOf(fileBytes) })
+{
+}
+
+bool ZLKnownFile::lacksIdentifiers() const
+{
+    return ZLNewIdentifiers::areMissingIn(m_readBytes);
+}
+
+void ZLKnownFile::noteWritten(const QByteArray& bytes, const QByteArray& version, const QDateTime& now)
+{
+    if (m_bytes != bytes) {
+        m_timeOfBytes = now;
+        m_readBytes.clear();
+    }
+    m_bytes = bytes;
+    m_versions = QList<QByteArray> { version };
+}

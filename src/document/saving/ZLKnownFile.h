@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+
+#include <optional>
+
+/// Digests of what a file may hold without being the work of another program; absent when whatever it holds may be
+/// replaced.
+using ZLKnownVersions = std::optional<QList<QByteArray>>;
+
+/// What a document's file holds, as far as this program knows: what it read there or wrote there last.
+class ZLKnownFile {
+public:
+    /// Nothing.
+    ZLKnownFile() = default;
+    /// A file that was read, as `fileBytes`, and that this program would write as `bytes`. It is so since `time`.
+    ZLKnownFile(const QByteArray& bytes, const QByteArray& fileBytes, const QDateTime& time);
+    /// A file that cannot be read now, but was known to hold one of `versions`, the last of them most likely.
+    explicit ZLKnownFile(const QList<QByteArray>& versions)
+        : m_versions(versions)
+    {
+    }
+
+    /// The document as it is in the file; empty when it is to be written whatever it is.
+    [[nodiscard]] const QByteArray& bytes() const { return m_bytes; }
+    /// Since when they are there.
+    [[nodiscard]] const QDateTime& timeOfBytes() const { return m_timeOfBytes; }
+    [[nodiscard]] const ZLKnownVersions& versions() const { return m_versions; }
+    /// Whether chapters of the file that was read lack a UUID, which this program gives them when it writes.
+    [[nodiscard]] bool lacksIdentifiers() const;
+
+    /// The file was written, or was found to hold `bytes` already, whose digest is `version`.
+    void noteWritten(const QByteArray& bytes, const QByteArray& version, const QDateTime& now);
+    /// Makes the next write happen whatever the document is.
+    void forgetBytes() { m_bytes.clear(); }
+
+private:
+    QByteArray m_bytes;
+    /// As they were read, until the file is written for the first time.
+    QByteArray m_readBytes;
+    QDateTime m_timeOfBytes;
+    ZLKnownVersions m_versions;
+};

@@ -1,0 +1,43 @@
+#include "document/saving/ZLTheirVersion.h"
+
+#include "document/ZLUnreadableDocument.h"
+#include "document/saving/ZLDocumentPlace.h"
+#include "document/saving/ZLJournalRecord.h"
+#include "platform/ZLBoundedFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+ZLResult<ZLTheirVersion> ZLTheirVersion::read(const QString& path)
+{
+    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
+    if (!bytes)
+        return bytes.error();
+    const auto contents = ZLDocumentFile::decode(bytes.value());
+    if (!contents)
+        return ZLUnreadableDocument::error(path, bytes.value(), contents.error().message);
+    return ZLTheirVersion(bytes.value(), contents.value());
+}
+
+ZLKnownFile ZLTheirVersion::toBeReplaced(const QString& path, const QDateTime& time)
+{
+    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
+    return bytes ? ZLKnownFile(bytes.value(), bytes.value(), time) : ZLKnownFile();
+}
+
+QString ZLTheirVersion::freePathBeside(const QString& path)
+{
+    const QFileInfo file(path);
+    QString free;
+    for (int number = 2; free.isEmpty() || QFile::exists(free); ++number)
+        free = ZLDocumentPlace::pathWithExtension(
+            u"%1/%2 %3.%4"_s.arg(file.path(), file.completeBaseName(), QString::number(number), file.suffix()));
+    return free;
+}
+
+ZLKnownFile ZLTheirVersion::asKnownFile() const
+{
+    return ZLKnownFile(QList<QByteArray> { ZLJournalRecords::digestOf(m_bytes) });
+}

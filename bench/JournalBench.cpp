@@ -53,8 +53,7 @@ void measure(int chapterCount, const QString& folder)
     ZLDocumentJournal journal(document, {});
     const QString path = folder + u"/%1.journal"_s.arg(chapterCount);
     journal.begin(path, {}, {}, document.dataOfType());
-    QObject::connect(&document, &ZLChapterDocument::contentsDidChange, &journal, &ZLDocumentJournal::note);
-    QObject::connect(&document, &ZLChapterDocument::controllersShouldBeInformed, &journal, &ZLDocumentJournal::note);
+    QObject::connect(&document, &ZLChapterDocument::changed, &journal, &ZLDocumentJournal::note);
     document.startRecordingWithTime(1.0);
     journal.file()->waitUntilSynced();
     const int bare = open(QFile::encodeName(path + u".bare"_s).constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);

@@ -134,6 +134,14 @@ void ZLApplication::beginActivity(std::unique_ptr<ZLProcessActivity> activity)
     m_activity->begin(u"receiving OSC messages"_s);
 }
 
+void ZLApplication::documentDidChange(const ZLDocumentChange& change)
+{
+    if (change.concerns(ZLDocumentChange::Recording))
+        updateActivity();
+    if (change.concerns(ZLDocumentChange::concerningControllers))
+        informControllersOfDocumentChange();
+}
+
 void ZLApplication::updateActivity()
 {
     if (applicationShouldTerminate())
@@ -145,9 +153,7 @@ void ZLApplication::updateActivity()
 void ZLApplication::followDocuments()
 {
     connect(&m_documentController, &ZLDocumentController::didOpenDocument, this, [this](ZLChapterDocument* document) {
-        connect(document, &ZLChapterDocument::controllersShouldBeInformed, this,
-            &ZLApplication::informControllersOfDocumentChange);
-        connect(document, &ZLChapterDocument::recordingStateDidChange, this, &ZLApplication::updateActivity);
+        connect(document, &ZLChapterDocument::changed, this, &ZLApplication::documentDidChange);
     });
     connect(
         &m_outsideCommands, &ZLOutsideCommands::pinDidChange, this, &ZLApplication::informControllersOfDocumentChange);

@@ -88,6 +88,7 @@ private:
     void followDocuments();
     void beginActivity(std::unique_ptr<ZLProcessActivity> activity);
     /// A running clock holds back the end of the session.
+    void documentDidChange(const ZLDocumentChange& change);
     void updateActivity();
 
     std::shared_ptr<ZLUserNotificationCenter> m_notificationCenter;

@@ -152,9 +152,12 @@ void ZLHeadlessRecorder::openInput()
 
 void ZLHeadlessRecorder::watchDocuments()
 {
-    connect(m_document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLHeadlessRecorder::scheduleReport);
-    connect(m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLHeadlessRecorder::scheduleReport);
-    connect(m_document, &ZLChapterDocument::undecidedSleepsDidChange, this, &ZLHeadlessRecorder::reportSleep);
+    connect(m_document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
+        if (change.concerns(ZLDocumentChange::concerningControllers))
+            scheduleReport();
+        if (change.concerns(ZLDocumentChange::Sleeps))
+            reportSleep();
+    });
     m_savingReports->begin(m_document);
 }
 

@@ -57,12 +57,6 @@ ZLAddButtonFace ZLChapterDocument::addButtonFace()
     return hasTemplates && !m_environment.isOptionKeyHeld() ? ZLAddButtonFace::Next : ZLAddButtonFace::Add;
 }
 
-void ZLChapterDocument::updateEverything()
-{
-    m_tableModel.reload();
-    updateAddButton();
-}
-
 QByteArray ZLChapterDocument::dataOfType(const QString& typeName)
 {
     Q_UNUSED(typeName);
@@ -82,6 +76,8 @@ bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeNa
             *error = { .domain = u"zelta"_s, .code = 1, .message = contents.error().message };
         return false;
     }
+    // Told as one change.
+    const ZLUndoGroup group(m_undoManager);
     m_clock.stop();
     setInterruptedRecording(std::nullopt);
     m_sleeps.clear();
@@ -91,10 +87,8 @@ bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeNa
     m_undoManager.removeAllActions();
     selectSomeRow();
     setDocumentEdited(false);
-    updateEverything();
-    updateDisplay();
-    Q_EMIT recordingStateDidChange();
-    Q_EMIT undecidedSleepsDidChange();
+    using Change = ZLDocumentChange;
+    m_changes.note(Change::Rows | Change::Recording | Change::Reading | Change::Sleeps | Change::Templates);
     if (error)
         *error = leftoverOfSuccessfulRead();
     return true;
@@ -127,14 +121,6 @@ void ZLChapterDocument::setDocumentEdited(bool edited)
         Q_EMIT editedStateDidChange();
 }
 
-void ZLChapterDocument::informControllers()
-{
-    if (m_undoManager.isCommandUnderWay())
-        m_isInformDue = true;
-    else
-        Q_EMIT controllersShouldBeInformed();
-}
-
 void ZLChapterDocument::templatesViewControllerWillUpdateChapters(ZLTemplatesViewController& controller)
 {
     Q_UNUSED(controller);
@@ -144,26 +130,28 @@ void ZLChapterDocument::templatesViewControllerWillUpdateChapters(ZLTemplatesVie
 void ZLChapterDocument::templatesViewControllerDidUpdateChapters(ZLTemplatesViewController& controller)
 {
     Q_UNUSED(controller);
-    updateAddButton();
-    noteChange();
+    m_changes.note(ZLDocumentChange::Templates);
+    noteHistory();
     m_drawerCommand.reset();
 }
 
 void ZLChapterDocument::connectParts()
 {
-    const auto& settings = ZLSettingsManager::notifications();
-    connect(&settings, &ZLSettingsNotifications::ZLShowAbsoluteTimeSettingDidChange, this,
-        &ZLChapterDocument::updateEverything);
-    connect(&m_chapterManager, &ZLChapterManager::chaptersDidChange, this, &ZLChapterDocument::informControllers);
-    connect(&m_templateViewController.chapterManager(), &ZLChapterManager::chaptersDidChange, this,
-        &ZLChapterDocument::informControllers);
-    connect(&m_templateViewController, &ZLTemplatesViewController::templateDidChangeInPlace, this,
-        &ZLChapterDocument::announceContents);
-    connect(&m_selectionModel, &QItemSelectionModel::selectionChanged, this, &ZLChapterDocument::informControllers);
-    connect(&m_clock, &ZLRecordingClock::displayIsDue, this, &ZLChapterDocument::noticeSleep);
-    connect(&m_clock, &ZLRecordingClock::displayIsDue, this, &ZLChapterDocument::updateDisplay);
-    connect(&m_undoManager, &ZLUndoManager::historyDidChange, this, &ZLChapterDocument::noteChange);
-    connect(&m_undoManager, &ZLUndoManager::commandDidEnd, this, &ZLChapterDocument::announceWhatIsDue);
+    connect(&m_changes, &ZLDocumentChanges::changed, this, &ZLChapterDocument::changed);
+    connect(&m_changes, &ZLDocumentChanges::changed, &m_tableModel, &ZLChapterTableModel::showChange);
+    const auto noteWhen = [this](const auto* sender, auto signal, ZLDocumentChange::Parts parts) {
+        connect(sender, signal, this, [this, parts] { m_changes.note(parts); });
+    };
+    noteWhen(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLShowAbsoluteTimeSettingDidChange,
+        ZLDocumentChange::EveryCell | ZLDocumentChange::AddButton);
+    noteWhen(&m_chapterManager, &ZLChapterManager::chaptersDidChange, ZLDocumentChange::Rows);
+    noteWhen(
+        &m_templateViewController.chapterManager(), &ZLChapterManager::chaptersDidChange, ZLDocumentChange::Templates);
+    noteWhen(&m_templateViewController, &ZLTemplatesViewController::templateDidChangeInPlace,
+        ZLDocumentChange::TemplateTexts | ZLDocumentChange::Contents);
+    noteWhen(&m_selectionModel, &QItemSelectionModel::selectionChanged, ZLDocumentChange::Selection);
+    connect(&m_clock, &ZLRecordingClock::displayIsDue, this, &ZLChapterDocument::clockDidTick);
+    connect(&m_undoManager, &ZLUndoManager::historyDidChange, this, &ZLChapterDocument::noteHistory);
 }
 
 void ZLChapterDocument::selectRow(int row)
@@ -192,36 +180,25 @@ void ZLChapterDocument::replaceContents(
     m_chapterManager.setChapters(chapters);
     m_clock.setDuration(duration);
     m_templateViewController.setTemplates(templates);
+    m_chapterManager.sortChapters();
     selectSomeRow();
-    updateEverything();
-    updateDisplay();
-    informControllers();
+    m_changes.note(ZLDocumentChange::Rows | ZLDocumentChange::Reading | ZLDocumentChange::Templates);
 }
 
-void ZLChapterDocument::announceEditedChapters()
+void ZLChapterDocument::noteEdit(ZLDocumentChange::Parts parts, const ZLChapterSequence& chapters)
 {
-    updateEverything();
-    informControllers();
+    m_chapterManager.sortChapters();
+    m_changes.note({ parts, chapters });
 }
 
-void ZLChapterDocument::noteChange()
+void ZLChapterDocument::clockDidTick()
+{
+    noticeSleep();
+    updateDisplay();
+}
+
+void ZLChapterDocument::noteHistory()
 {
     setDocumentEdited(true);
-    announceContents();
-}
-
-void ZLChapterDocument::announceContents()
-{
-    m_areContentsDue = m_undoManager.isCommandUnderWay();
-    if (!m_areContentsDue)
-        Q_EMIT contentsDidChange();
-}
-
-void ZLChapterDocument::announceWhatIsDue()
-{
-    if (m_areContentsDue)
-        announceContents();
-    // After the contents, which go to the disk first.
-    if (std::exchange(m_isInformDue, false))
-        informControllers();
+    m_changes.note(ZLDocumentChange::Contents);
 }

@@ -6,6 +6,7 @@
 #include "document/ZLInterruptedRecording.h"
 #include "document/ZLRecordingClock.h"
 #include "document/ZLSleepWhileRecording.h"
+#include "document/shared/ZLDocumentChanges.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLUndoManager.h"
 #include "platform/activity/ZLSleepWatcher.h"
@@ -130,8 +131,9 @@ public:
     [[nodiscard]] bool canAddChapter() const { return isRecording(); }
     [[nodiscard]] bool canDeleteChapter() const { return selectedRow() >= 0; }
     void updateDisplay() { Q_EMIT displayDidUpdate(); }
-    void updateAddButton() { Q_EMIT addButtonDidUpdate(); }
-    void updateEverything();
+    void updateAddButton() { m_changes.note(ZLDocumentChange::AddButton); }
+    /// Every cell and the add button may show something else.
+    void updateEverything() { m_changes.note(ZLDocumentChange::EveryCell | ZLDocumentChange::AddButton); }
     /// @}
 
     /// @name The file
@@ -156,20 +158,25 @@ public:
     void setDocumentEdited(bool edited);
     /// @}
 
-    /// Asks for the remote controllers to be told the new state: at once, or in the middle of a command at its end, so
-    /// that they are told of each command once, and never of half a one.
-    void informControllers();
+    /// Takes a note of what a command changes; changed() tells it when the command ends.
+    void noteChange(const ZLDocumentChange& change) { m_changes.note(change); }
+    /// Asks for the remote controllers to be told the state, though nothing changed: at once, or in the middle of a
+    /// command at its end.
+    void informControllers() { m_changes.note(ZLDocumentChange::Reminder); }
+    /// What keeps the changes of this document, see ZLChangeRecorder. It is not owned and has to be removed before it
+    /// goes.
+    void addChangeRecorder(ZLChangeRecorder& recorder) { m_changes.addRecorder(recorder); }
+    void removeChangeRecorder(ZLChangeRecorder& recorder) { m_changes.removeRecorder(recorder); }
 
     void templatesViewControllerWillUpdateChapters(ZLTemplatesViewController& controller) override;
     void templatesViewControllerDidUpdateChapters(ZLTemplatesViewController& controller) override;
 
 Q_SIGNALS:
-    /// The clock text or the age of the last chapter may read otherwise.
+    /// What one command changed: sent once, when its undo group has ended, and after it was recorded. What changes
+    /// outside of any command is told at once.
+    void changed(const ZLDocumentChange& change);
+    /// The clock goes on: its text and the age of the last chapter may read otherwise. Ten times a second.
     void displayDidUpdate();
-    void recordingStateDidChange();
-    void interruptedRecordingDidChange();
-    void undecidedSleepsDidChange();
-    void addButtonDidUpdate();
     /// The cell should be scrolled into view and opened for typing, with its text selected.
     void wantsEditing(const QModelIndex& index);
     /// What was typed as the time of this chapter is none.
@@ -178,9 +185,6 @@ Q_SIGNALS:
     void typedTextShouldBeCommitted();
     /// A time that is being typed in this row has nothing to be written to any more.
     void chapterIsAboutToGo(int row);
-    void controllersShouldBeInformed();
-    /// The file form changed: it is worth saving. Never in the middle of a command.
-    void contentsDidChange();
     void editedStateDidChange();
     void displayNameDidChange();
 
@@ -209,17 +213,18 @@ private:
     void updateInterfaceForNewChapter(const ZLChapterPointer& chapter);
     /// Those that are in this state already are left out; without any other there is no step.
     void setEnabledStates(const ZLChapterSequence& chapters, bool enabled);
-    void announceEditedChapters();
+    /// Restores the order of the chapters, too.
+    void noteEdit(ZLDocumentChange::Parts parts, const ZLChapterSequence& chapters);
+    void clockDidTick();
     void editSelectedRow(const QString& columnIdentifier);
     void selectRow(int row);
     void selectSomeRow();
     void replaceContents(const ZLChapterSequence& chapters, double duration, const ZLChapterSequence& templates);
-    void noteChange();
-    void announceContents();
-    void announceWhatIsDue();
+    void noteHistory();
 
     ZLDocumentEnvironment m_environment;
     ZLUndoManager m_undoManager;
+    ZLDocumentChanges m_changes { m_undoManager };
     ZLChapterManager m_chapterManager;
     ZLRecordingClock m_clock;
     ZLSleepWatcher m_sleepWatcher;
@@ -231,9 +236,6 @@ private:
     QList<ZLSleepWhileRecording> m_sleeps;
     QString m_displayName;
     bool m_isEdited = false;
-    /// What somebody asked for in the middle of a command.
-    bool m_areContentsDue = false;
-    bool m_isInformDue = false;
     /// While the drawer changes the templates.
     std::optional<ZLUndoGroup> m_drawerCommand;
 };

@@ -55,7 +55,6 @@ void ZLChapterDocument::addFirstChapterFromTemplates()
         stampWithClock(*chapter);
     _realAddChapter(chapter);
     templates.removeChapter(chapter);
-    updateAddButton();
     m_undoManager.registerStep([this, chapter] { readdFirstChapterToTemplates(chapter); });
     m_undoManager.setActionName(createChapterActionName);
 }
@@ -66,7 +65,6 @@ void ZLChapterDocument::readdFirstChapterToTemplates(ZLChapterPointer chapter)
     const ZLUndoGroup group(m_undoManager);
     m_templateViewController.chapterManager().insertChapterAtIndex(chapter, 0);
     _realRemoveChapter(chapter);
-    updateAddButton();
     m_undoManager.registerStep([this] { addFirstChapterFromTemplates(); });
     m_undoManager.setActionName(removeChapterActionName);
 }
@@ -146,7 +144,7 @@ void ZLChapterDocument::moveChaptersByMilliseconds(float milliseconds)
     }
     // All of them in one step: refreshing once a chapter would make a long list crawl.
     setEnabledStates(beforeStart, false);
-    announceEditedChapters();
+    noteEdit(ZLDocumentChange::Times, {});
     m_undoManager.registerStep([this, milliseconds] { moveChaptersByMilliseconds(-milliseconds); });
     m_undoManager.setActionName(moveChaptersActionName);
 }
@@ -165,7 +163,7 @@ void ZLChapterDocument::updateChapterToTitle(ZLChapterPointer chapter, const QSt
     m_undoManager.registerStep([this, chapter, oldTitle] { updateChapterToTitle(chapter, oldTitle); });
     m_undoManager.setActionName(changeTitleActionName);
     chapter->setTitle(title);
-    announceEditedChapters();
+    noteEdit(ZLDocumentChange::Texts, { chapter });
 }
 
 void ZLChapterDocument::updateChapterToLink(ZLChapterPointer chapter, const QString& link)
@@ -177,7 +175,7 @@ void ZLChapterDocument::updateChapterToLink(ZLChapterPointer chapter, const QStr
     m_undoManager.registerStep([this, chapter, oldLink] { updateChapterToLink(chapter, oldLink); });
     m_undoManager.setActionName(changeLinkActionName);
     chapter->setLink(link);
-    announceEditedChapters();
+    noteEdit(ZLDocumentChange::Texts, { chapter });
 }
 
 void ZLChapterDocument::updateChapterToTime(ZLChapterPointer chapter, double seconds)
@@ -192,7 +190,7 @@ void ZLChapterDocument::updateChapterToTime(ZLChapterPointer chapter, double sec
     if (seconds < 0.0)
         updateChapterToEnabledState(chapter, false);
     chapter->moveDate(seconds - oldTime);
-    announceEditedChapters();
+    noteEdit(ZLDocumentChange::Times, { chapter });
 }
 
 void ZLChapterDocument::showAbsoluteTimePressed()
@@ -265,7 +263,7 @@ void ZLChapterDocument::setEnabledStates(const ZLChapterSequence& chapters, bool
     m_undoManager.setActionName(changeEnabledActionName);
     for (const auto& chapter : std::as_const(changing))
         chapter->setEnabled(enabled);
-    announceEditedChapters();
+    noteEdit(ZLDocumentChange::EnabledStates, changing);
 }
 
 void ZLChapterDocument::editSelectedRow(const QString& columnIdentifier)

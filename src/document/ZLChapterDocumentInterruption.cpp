@@ -27,7 +27,7 @@ void ZLChapterDocument::setInterruptedRecording(const std::optional<ZLInterrupte
     if (m_interruption == interruption)
         return;
     m_interruption = interruption;
-    Q_EMIT interruptedRecordingDidChange();
+    m_changes.note(ZLDocumentChange::Interruption);
 }
 
 void ZLChapterDocument::continueInterruptedRecording()
@@ -67,8 +67,7 @@ void ZLChapterDocument::resumeInterruptedRecording(const ZLInterruptedRecording&
     m_undoManager.registerStep(
         [this, interruption, hostTime] { offerInterruptedRecordingAgain(interruption, hostTime); });
     m_undoManager.setActionName(continueRecordingActionName);
-    Q_EMIT recordingStateDidChange();
-    informControllers();
+    m_changes.note(ZLDocumentChange::Recording);
 }
 
 void ZLChapterDocument::offerInterruptedRecordingAgain(const ZLInterruptedRecording& interruption, double hostTime)

@@ -19,8 +19,7 @@ void ZLChapterDocument::recordButtonPressed()
         stopRecording(originalDuration, currentDuration(), startTime());
     } else if (ZLSettingsManager::playSoundBeforeRecording()) {
         playStartBeep();
-        Q_EMIT recordingStateDidChange();
-        informControllers();
+        m_changes.note(ZLDocumentChange::Recording);
     } else {
         m_sleepWatcher.restart();
         startRecordingWithTime(m_clock.hostTime());
@@ -84,16 +83,13 @@ void ZLChapterDocument::_realStartRecordingWithTime(double hostTime)
     m_clock.startAt(hostTime);
     // Before anybody does something about the running clock, so that the chapter stands at its very beginning.
     createAutomaticChapter();
-    Q_EMIT recordingStateDidChange();
-    informControllers();
+    m_changes.note(ZLDocumentChange::Recording);
 }
 
 void ZLChapterDocument::_realStopRecording()
 {
     m_clock.stop();
-    Q_EMIT recordingStateDidChange();
-    updateDisplay();
-    informControllers();
+    m_changes.note(ZLDocumentChange::Recording);
 }
 
 void ZLChapterDocument::playStartBeep()

@@ -34,7 +34,7 @@ void ZLChapterDocument::noticeSleep()
         .seconds = seconds,
         .begin = wallClockTime().addMSecs(-std::llround(seconds * 1000.0)),
     });
-    Q_EMIT undecidedSleepsDidChange();
+    m_changes.note(ZLDocumentChange::Sleeps);
 }
 
 QList<ZLSleepWhileRecording> ZLChapterDocument::undecidedSleeps() const
@@ -72,16 +72,17 @@ void ZLChapterDocument::leaveSleptTime()
 void ZLChapterDocument::exchangeRecordedTimes(const ZLRecordedTimes& times, const QString& actionName)
 {
     const ZLUndoGroup group(m_undoManager);
+    ZLChapterSequence moved;
     ZLRecordedTimes former { .duration = duration(), .sleeps = std::exchange(m_sleeps, times.sleeps) };
     for (const auto& [chapter, timeStamp] : times.timeStamps) {
         former.timeStamps.append({ chapter, chapter->timeStamp() });
         chapter->setTimeStamp(timeStamp);
+        moved.append(chapter);
     }
     m_clock.setDuration(times.duration);
     m_undoManager.registerStep([this, former, actionName] { exchangeRecordedTimes(former, actionName); });
     m_undoManager.setActionName(actionName);
-    Q_EMIT undecidedSleepsDidChange();
-    updateEverything();
-    updateDisplay();
-    informControllers();
+    m_changes.note(ZLDocumentChange::Sleeps | ZLDocumentChange::Reading);
+    if (!moved.isEmpty())
+        noteEdit(ZLDocumentChange::Times, moved);
 }

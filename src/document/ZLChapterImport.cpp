@@ -51,9 +51,7 @@ void exchangeChapters(ZLChapterDocument& document, const ZLChapterSequence& chap
     manager.setChapters(chapters);
     manager.sortChapters();
     selectChapter(document, selected, formerRow);
-    document.updateEverything();
-    document.updateDisplay();
-    document.informControllers();
+    document.noteChange({ ZLDocumentChange::Rows });
 }
 
 }

@@ -11,6 +11,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Beyond this many edited rows, refreshing all of them at once costs less.
+constexpr qsizetype mostRowsByThemselves = 20;
+
+}
+
 ZLChapterTableModel::ZLChapterTableModel(ZLChapterDocument& document)
     : m_document(document)
 {
@@ -38,11 +45,16 @@ QString ZLChapterTableModel::columnIdentifier(int column)
     }
 }
 
-void ZLChapterTableModel::reload()
+void ZLChapterTableModel::showChange(const ZLDocumentChange& change)
 {
-    m_document.chapterManager().sortChapters();
-    if (rowCount() > 0)
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+    const bool isInPlace = change.concerns(ZLDocumentChange::inPlace);
+    const bool areAll = isInPlace && (change.chapters.isEmpty() || change.chapters.size() > mostRowsByThemselves);
+    if (areAll || change.concerns(ZLDocumentChange::EveryCell)) {
+        refreshAllRows();
+    } else if (isInPlace) {
+        for (const ZLChapterPointer& chapter : change.chapters)
+            refreshRowOf(chapter, change);
+    }
 }
 
 int ZLChapterTableModel::rowCount(const QModelIndex& parent) const
@@ -162,6 +174,24 @@ void ZLChapterTableModel::followOrderOf(const ZLChapterManager& chapters)
     connect(&chapters, &ZLChapterManager::didReorderChapters, this, &ZLChapterTableModel::restorePersistentRows);
     connect(&chapters, &ZLChapterManager::willReplaceChapters, this, [this] { beginResetModel(); });
     connect(&chapters, &ZLChapterManager::didReplaceChapters, this, [this] { endResetModel(); });
+}
+
+void ZLChapterTableModel::refreshAllRows()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+}
+
+void ZLChapterTableModel::refreshRowOf(const ZLChapterPointer& chapter, const ZLDocumentChange& change)
+{
+    const auto found = m_document.chapterManager().indexOfChapter(chapter);
+    if (!found)
+        return;
+    const int row = int(*found);
+    Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+    // The row before lasts until this one.
+    if (row > 0 && change.concerns(ZLDocumentChange::Times))
+        Q_EMIT dataChanged(index(row - 1, DurationColumn), index(row - 1, DurationColumn));
 }
 
 void ZLChapterTableModel::refreshNeighboursOf(int row)

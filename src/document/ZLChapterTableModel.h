@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/shared/ZLDocumentChange.h"
 #include "model/ZLChapterManager.h"
 
 #include <QAbstractTableModel>
@@ -23,8 +24,9 @@ public:
     /// "number", "enabled", "time", "duration", "title" or "link"; empty for any other column.
     [[nodiscard]] static QString columnIdentifier(int column);
 
-    /// Announces that every cell may show something else, after restoring the order.
-    void reload();
+    /// Announces the cells that show something else after `change`, those of an edited chapter alone. Rows that come,
+    /// go and move announce themselves.
+    void showChange(const ZLDocumentChange& change);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -36,6 +38,8 @@ public:
 private:
     void followRowsOf(const ZLChapterManager& chapters);
     void followOrderOf(const ZLChapterManager& chapters);
+    void refreshAllRows();
+    void refreshRowOf(const ZLChapterPointer& chapter, const ZLDocumentChange& change);
     void refreshNeighboursOf(int row);
     /// After one row moved: those in between have other numbers, and the one before another duration.
     void refreshRowsBetween(int from, int to);

@@ -17,18 +17,19 @@ struct ZLChapterTexts {
 void exchangeTexts(ZLChapterDocument& document, const QList<ZLChapterTexts>& texts)
 {
     const ZLUndoGroup group(document.undoManager());
+    ZLChapterSequence tidied;
     QList<ZLChapterTexts> before;
     before.reserve(texts.size());
     for (const ZLChapterTexts& wanted : texts) {
         before.append({ wanted.chapter, wanted.chapter->title(), wanted.chapter->link() });
         wanted.chapter->setTitle(wanted.title);
         wanted.chapter->setLink(wanted.link);
+        tidied.append(wanted.chapter);
     }
     document.undoManager().registerStep([&document, before] { exchangeTexts(document, before); });
     document.undoManager().setActionName(tidyTitlesActionName);
-    document.updateEverything();
     document.templateViewController().tableModel().reload();
-    document.informControllers();
+    document.noteChange({ ZLDocumentChange::Texts | ZLDocumentChange::TemplateTexts, tidied });
 }
 
 }

@@ -31,8 +31,11 @@ TEST_F(ZLDocumentControllerTest, OpeningAndClosingAreTold)
     QObject::connect(
         controller.get(), &ZLDocumentController::didOpenDocument, controller.get(), [&](ZLChapterDocument* document) {
             EXPECT_TRUE(controller->documents().contains(document));
-            QObject::connect(document, &ZLChapterDocument::controllersShouldBeInformed, controller.get(),
-                [&] { events.append(u"informed"_s); });
+            QObject::connect(
+                document, &ZLChapterDocument::changed, controller.get(), [&](const ZLDocumentChange& change) {
+                    if (change.concerns(ZLDocumentChange::concerningControllers))
+                        events.append(u"informed"_s);
+                });
             events.append(u"opened"_s);
         });
     QObject::connect(

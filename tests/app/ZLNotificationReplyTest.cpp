@@ -1,6 +1,7 @@
 #include "app/ZLApplication.h"
 
 #include "settings/ZLSettingsManager.h"
+#include "support/ZLChangeSpy.h"
 #include "support/ZLChapterBuilders.h"
 #include "support/ZLFakeHostClock.h"
 #include "support/ZLRecordingNotificationCenter.h"
@@ -62,7 +63,7 @@ TEST_F(ZLNotificationReplyTest, TheReplyBecomesTheTitleAsOneUndoableStep)
 
 TEST_F(ZLNotificationReplyTest, TheReplyIsToldToSurfacesOnce)
 {
-    const QSignalSpy told(second, &ZLChapterDocument::controllersShouldBeInformed);
+    const ZLChangeSpy told(*second, ZLDocumentChange::concerningControllers);
     center->reply(notification(), u"Interview"_s);
     EXPECT_EQ(told.size(), 1);
 }

@@ -41,7 +41,8 @@ ALLOWED = {
     "settings": "platform",
     "templates": "platform model",
     "templates/ui": "templates",
-    "document": "platform platform/activity platform/archive platform/notification platform/sound model lists settings"
+    "document/shared": "platform model",
+    "document": "document/shared platform platform/activity platform/archive platform/notification platform/sound model lists settings"
     " templates",
     "document/saving": "platform platform/archive model document",
     "document/ui/table": "settings templates/ui document",

@@ -1,6 +1,7 @@
 #include "document/ZLChapterDocument.h"
 
 #include "document/ZLChapterDocumentCommandsFixture.h"
+#include "support/ZLChangeSpy.h"
 
 #include <QSignalSpy>
 
@@ -260,8 +261,8 @@ TEST_F(ZLChapterDocumentEditingTest, EveryCommandIsOneStepAndAllOfThemGoBackToTh
 
 TEST_F(ZLChapterDocumentEditingTest, EveryCommandTellsTheControllersAndMarksTheDocument)
 {
-    const QSignalSpy informs(&m_document, &ZLChapterDocument::controllersShouldBeInformed);
-    const QSignalSpy contents(&m_document, &ZLChapterDocument::contentsDidChange);
+    const ZLChangeSpy informs(m_document, ZLDocumentChange::concerningControllers);
+    const ZLChangeSpy contents(m_document, ZLDocumentChange::Contents);
     addChapterAt(1.0);
     EXPECT_GE(informs.size(), 1);
     EXPECT_EQ(contents.size(), 1);

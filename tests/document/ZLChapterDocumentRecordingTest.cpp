@@ -1,5 +1,6 @@
 #include "document/ZLChapterDocument.h"
 
+#include "support/ZLChangeSpy.h"
 #include "support/ZLDocumentFixture.h"
 
 #include <QCoreApplication>
@@ -302,8 +303,8 @@ TEST_F(ZLChapterDocumentRecordingTest, AStopIsNotPrecededByABeep)
 TEST_F(ZLChapterDocumentRecordingTest, EveryPressTellsTheWindowAndTheControllers)
 {
     Settings::setPlaySoundBeforeRecording(true);
-    QSignalSpy states(&m_document, &ZLChapterDocument::recordingStateDidChange);
-    QSignalSpy informs(&m_document, &ZLChapterDocument::controllersShouldBeInformed);
+    ZLChangeSpy states(m_document, ZLDocumentChange::Recording);
+    ZLChangeSpy informs(m_document, ZLDocumentChange::concerningControllers);
     const auto expectBoth = [&states, &informs](const char* when) {
         EXPECT_GE(states.size(), 1) << when;
         EXPECT_GE(informs.size(), 1) << when;
@@ -321,8 +322,8 @@ TEST_F(ZLChapterDocumentRecordingTest, EveryPressTellsTheWindowAndTheControllers
 TEST_F(ZLChapterDocumentRecordingTest, UndoAndRedoOfStartAndStopTellTheControllersTheNewState)
 {
     QList<bool> told;
-    QObject::connect(&m_document, &ZLChapterDocument::controllersShouldBeInformed, &m_document,
-        [&] { told.append(m_document.isRecording()); });
+    QObject::connect(
+        &m_document, &ZLChapterDocument::changed, &m_document, [&] { told.append(m_document.isRecording()); });
     record(60.0);
     told.clear();
     history().undo();
@@ -340,8 +341,11 @@ TEST_F(ZLChapterDocumentRecordingTest, AStopShowsTheFrozenReading)
     press();
     advance(65.38);
     QStringList shown;
-    QObject::connect(&m_document, &ZLChapterDocument::displayDidUpdate, &m_document,
-        [this, &shown] { shown.append(m_document.clockText()); });
+    QObject::connect(
+        &m_document, &ZLChapterDocument::changed, &m_document, [this, &shown](const ZLDocumentChange& change) {
+            if (change.concerns(ZLDocumentChange::Recording))
+                shown.append(m_document.clockText());
+        });
     press();
     EXPECT_EQ(shown, QStringList({ u"00:01:05.3"_s }));
 }

@@ -67,8 +67,8 @@ TEST_F(ZLChapterDocumentRemovingTest, WhileTheSelectedRowGoesAnotherOneIsSelecte
     for (const double seconds : { 1.0, 2.0, 3.0 })
         addChapterAt(seconds);
     QList<int> rows;
-    QObject::connect(&m_document, &ZLChapterDocument::controllersShouldBeInformed, &m_document,
-        [&] { rows.append(m_document.selectedRow()); });
+    QObject::connect(
+        &m_document, &ZLChapterDocument::changed, &m_document, [&] { rows.append(m_document.selectedRow()); });
     select(0);
     m_document.deleteButtonPressed();
     m_document.deleteButtonPressed();

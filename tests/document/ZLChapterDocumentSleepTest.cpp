@@ -1,5 +1,6 @@
 #include "document/ZLChapterDocument.h"
 
+#include "support/ZLChangeSpy.h"
 #include "support/ZLDocumentFixture.h"
 
 #include <QSignalSpy>
@@ -49,7 +50,7 @@ TEST_F(ZLChapterDocumentSleepTest, ASleepWhileRecordingIsTold)
     press();
     advance(30.0);
     sleep(720.0);
-    const QSignalSpy changes(&m_document, &ZLChapterDocument::undecidedSleepsDidChange);
+    const ZLChangeSpy changes(m_document, ZLDocumentChange::Sleeps);
     m_document.noticeSleep();
     m_document.noticeSleep();
     EXPECT_EQ(changes.size(), 1);
@@ -241,7 +242,7 @@ TEST_F(ZLChapterDocumentSleepTest, WithoutASleepThereIsNothingToDecide)
 TEST_F(ZLChapterDocumentSleepTest, TheAddedTimeIsSaved)
 {
     recordAShowWithASleep();
-    const QSignalSpy changes(&m_document, &ZLChapterDocument::contentsDidChange);
+    const ZLChangeSpy changes(m_document, ZLDocumentChange::Contents);
     m_document.addSleptTime();
     EXPECT_GE(changes.size(), 1);
     const auto stored = ZLDocumentFile::decode(m_document.dataOfType());

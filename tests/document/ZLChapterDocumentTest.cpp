@@ -1,6 +1,7 @@
 #include "document/ZLChapterDocument.h"
 
 #include "platform/archive/ZLKeyedArchiver.h"
+#include "support/ZLChangeSpy.h"
 #include "support/ZLDocumentFixture.h"
 
 #include <QSignalSpy>
@@ -129,7 +130,7 @@ TEST_F(ZLChapterDocumentTest, UnreadableBytesLeaveEverythingAsItWas)
     advance(5.0);
     m_document.setDocumentEdited(false);
     const QByteArray before = m_document.dataOfType();
-    const QSignalSpy contents(&m_document, &ZLChapterDocument::contentsDidChange);
+    const ZLChangeSpy contents(m_document, ZLDocumentChange::Contents);
     for (const QByteArray& bytes :
         { QByteArray(), QByteArray("hello"), before.chopped(1), ZLKeyedArchiver::archivedData(u"just a text"_s) }) {
         ZLFileOperationError error;
@@ -160,7 +161,7 @@ TEST_F(ZLChapterDocumentTest, ReadingStopsTheClockEmptiesTheHistoryAndSelectsThe
     addChapterAt(2.0);
     m_document.recordButtonPressed();
     const QByteArray bytes = m_document.dataOfType();
-    const QSignalSpy states(&m_document, &ZLChapterDocument::recordingStateDidChange);
+    const ZLChangeSpy states(m_document, ZLDocumentChange::Recording);
     ASSERT_TRUE(m_document.readFromData(bytes));
     EXPECT_FALSE(m_document.isRecording());
     EXPECT_FALSE(history().canUndo());
@@ -175,7 +176,7 @@ TEST_F(ZLChapterDocumentTest, OpeningAFileIsNoChangeThatIsWorthSaving)
     addChapterAt(1.0);
     addTemplate(u"News"_s);
     ZLChapterDocument other(environment());
-    const QSignalSpy contents(&other, &ZLChapterDocument::contentsDidChange);
+    const ZLChangeSpy contents(other, ZLDocumentChange::Contents);
     const QSignalSpy edited(&other, &ZLChapterDocument::editedStateDidChange);
     ASSERT_TRUE(other.readFromData(m_document.dataOfType()));
     EXPECT_EQ(contents.size(), 0);
@@ -223,7 +224,7 @@ TEST_F(ZLChapterDocumentTest, EditingATemplateInItsTableDoesNotMarkTheDocumentBu
 {
     addTemplate(u"News"_s);
     auto& table = m_document.templateViewController().tableModel();
-    const QSignalSpy contents(&m_document, &ZLChapterDocument::contentsDidChange);
+    const ZLChangeSpy contents(m_document, ZLDocumentChange::Contents);
     EXPECT_TRUE(table.setData(table.index(0, ZLTemplatesTableModel::TitleColumn), u"Weather"_s, Qt::EditRole));
     EXPECT_FALSE(m_document.isDocumentEdited());
     EXPECT_EQ(contents.size(), 1);
@@ -234,7 +235,7 @@ TEST_F(ZLChapterDocumentTest, EditingATemplateInItsTableDoesNotMarkTheDocumentBu
 TEST_F(ZLChapterDocumentTest, TheDrawersButtonsMarkTheDocument)
 {
     auto& controller = m_document.templateViewController();
-    const QSignalSpy faces(&m_document, &ZLChapterDocument::addButtonDidUpdate);
+    const ZLChangeSpy faces(m_document, ZLDocumentChange::AddButton | ZLDocumentChange::Templates);
     const auto expectMarked = [this](const char* what) {
         EXPECT_TRUE(m_document.isDocumentEdited()) << what;
         m_document.setDocumentEdited(false);
@@ -314,8 +315,11 @@ TEST_F(ZLChapterDocumentTest, TakingATemplateAndPuttingItBackRefreshTheAddButton
     addTemplate(u"News"_s);
     m_document.recordButtonPressed();
     QList<ZLAddButtonFace> faces;
-    QObject::connect(&m_document, &ZLChapterDocument::addButtonDidUpdate, &m_document,
-        [this, &faces] { faces.append(m_document.addButtonFace()); });
+    QObject::connect(
+        &m_document, &ZLChapterDocument::changed, &m_document, [this, &faces](const ZLDocumentChange& change) {
+            if (change.concerns(ZLDocumentChange::Templates))
+                faces.append(m_document.addButtonFace());
+        });
     m_document.addChapterButtonPressed();
     ASSERT_FALSE(faces.isEmpty());
     EXPECT_EQ(faces.last(), ZLAddButtonFace::Add);
@@ -337,9 +341,31 @@ TEST_F(ZLChapterDocumentTest, AChangedSelectionTellsTheControllers)
 {
     addChapterAt(1.0);
     addChapterAt(2.0);
-    const QSignalSpy informs(&m_document, &ZLChapterDocument::controllersShouldBeInformed);
+    const ZLChangeSpy informs(m_document, ZLDocumentChange::concerningControllers);
     m_document.selectLastChapter();
     EXPECT_EQ(informs.size(), 1);
+}
+
+TEST_F(ZLChapterDocumentTest, ACommandIsToldOnceWithAllThatItChanged)
+{
+    addTemplate(u"News"_s);
+    ZLSettingsManager::setCreateNewChapterOnStart(true);
+    const ZLChangeSpy changes(m_document, ~ZLDocumentChange::Parts());
+    m_document.recordButtonPressed();
+    ASSERT_EQ(changes.size(), 1);
+    EXPECT_EQ(changes.changes().last().parts,
+        ZLDocumentChange::Rows | ZLDocumentChange::Selection | ZLDocumentChange::Templates | ZLDocumentChange::Recording
+            | ZLDocumentChange::Contents);
+    history().undo();
+    ASSERT_EQ(changes.size(), 2);
+    const auto chapter = addChapterAt(20.0);
+    m_document.updateChapterToTime(chapter, -1.0);
+    ASSERT_EQ(changes.size(), 4);
+    EXPECT_EQ(changes.changes().last().parts,
+        ZLDocumentChange::Times | ZLDocumentChange::EnabledStates | ZLDocumentChange::Contents);
+    EXPECT_TRUE(changes.changes().last().chapters.contains(chapter));
+    m_document.updateAddButton();
+    EXPECT_EQ(changes.changes().last().parts, ZLDocumentChange::Parts(ZLDocumentChange::AddButton));
 }
 
 TEST_F(ZLChapterDocumentTest, TheSelectionFollowsItsChapterWhenTheOrderChanges)

@@ -89,13 +89,11 @@ TEST_F(ZLChapterImportTest, LeavesARunningClockAloneAndLetsMarksCome)
 
 TEST_F(ZLChapterImportTest, AnnouncesTheNewContentsOnce)
 {
-    int changes = 0;
-    int told = 0;
-    QObject::connect(&m_document, &ZLChapterDocument::contentsDidChange, &m_document, [&] { ++changes; });
-    QObject::connect(&m_document, &ZLChapterDocument::controllersShouldBeInformed, &m_document, [&] { ++told; });
+    const ZLChangeSpy told(m_document, ~ZLDocumentChange::Parts());
     import(ZLChapterImport::Way::Add);
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(told, 1);
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told.changes().first().concerns(ZLDocumentChange::Contents));
+    EXPECT_TRUE(told.changes().first().concerns(ZLDocumentChange::Rows));
     EXPECT_TRUE(m_document.isDocumentEdited());
     EXPECT_EQ(m_document.selectedRow(), 0);
 }

@@ -1,5 +1,6 @@
 #include "document/ZLChapterTableModel.h"
 
+#include "support/ZLChangeSpy.h"
 #include "support/ZLDocumentFixture.h"
 #include "support/ZLTimeZone.h"
 
@@ -146,7 +147,7 @@ TEST_F(ZLChapterTableModelTest, ATimeOfAnotherShapeIsRefusedAndChangesNothing)
 TEST_F(ZLChapterTableModelTest, TheControllersAreToldAfterEveryEditAndAfterARefusedOne)
 {
     addChapterAt(10.0);
-    const QSignalSpy informs(&m_document, &ZLChapterDocument::controllersShouldBeInformed);
+    const ZLChangeSpy informs(m_document, ZLDocumentChange::concerningControllers);
     enter(0, Model::TitleColumn, u"x"_s);
     EXPECT_EQ(informs.size(), 1);
     enter(0, Model::TimeColumn, u"1:2"_s);
@@ -236,12 +237,37 @@ TEST_F(ZLChapterTableModelTest, AChangeOfTheAbsoluteTimeSettingRefreshesEveryCel
     addChapterAt(1.0);
     addChapterAt(2.0);
     const QSignalSpy changes(&m_model, &QAbstractItemModel::dataChanged);
-    const QSignalSpy faces(&m_document, &ZLChapterDocument::addButtonDidUpdate);
+    const ZLChangeSpy faces(m_document, ZLDocumentChange::AddButton | ZLDocumentChange::Templates);
     Settings::setShowAbsoluteTime(true);
     ASSERT_EQ(changes.size(), 1);
     EXPECT_EQ(changes.first().at(0).toModelIndex(), cell(0, 0));
     EXPECT_EQ(changes.first().at(1).toModelIndex(), cell(1, Model::ColumnCount - 1));
     EXPECT_EQ(faces.size(), 1);
+}
+
+TEST_F(ZLChapterTableModelTest, AnEditedCellRefreshesItsRowAlone)
+{
+    for (const double seconds : { 10.0, 20.0, 30.0 })
+        addChapterAt(seconds);
+    QSignalSpy changes(&m_model, &QAbstractItemModel::dataChanged);
+    const auto expectRow = [&](int row) {
+        ASSERT_GE(changes.size(), 1);
+        EXPECT_EQ(changes.first().at(0).toModelIndex(), cell(row, 0));
+        EXPECT_EQ(changes.first().at(1).toModelIndex(), cell(row, Model::ColumnCount - 1));
+    };
+    enter(1, Model::TitleColumn, u"News"_s);
+    expectRow(1);
+    EXPECT_EQ(changes.size(), 1);
+    changes.clear();
+    history().undo();
+    expectRow(1);
+    EXPECT_EQ(changes.size(), 1);
+    changes.clear();
+    enter(1, Model::TimeColumn, u"00:00:25.000"_s);
+    expectRow(1);
+    ASSERT_EQ(changes.size(), 2) << "and the duration of the row before";
+    EXPECT_EQ(changes.last().at(0).toModelIndex(), cell(0, Model::DurationColumn));
+    EXPECT_EQ(changes.last().at(1).toModelIndex(), cell(0, Model::DurationColumn));
 }
 
 TEST_F(ZLChapterTableModelTest, TimesAtTheEdgeOfNumbersAreShown)

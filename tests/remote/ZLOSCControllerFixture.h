@@ -31,8 +31,11 @@ protected:
     {
         m_controller.reset();
         m_controller = std::make_unique<ZLOSCController>(&m_delegate, std::move(setup));
-        QObject::connect(&m_document, &ZLChapterDocument::controllersShouldBeInformed, m_controller.get(),
-            &ZLOSCController::sendUpdatesStatusInformation);
+        QObject::connect(
+            &m_document, &ZLChapterDocument::changed, m_controller.get(), [this](const ZLDocumentChange& change) {
+                if (change.concerns(ZLDocumentChange::concerningControllers))
+                    m_controller->sendUpdatesStatusInformation();
+            });
     }
     void createController() { createController(setup()); }
 

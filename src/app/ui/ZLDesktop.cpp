@@ -44,8 +44,7 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
 {
     m_sounds.prepareForRecording();
     m_menuShortcuts.followKeyboardLayout(*m_hotKeyCenter);
-    // After the windows have heard of the document and made a window for it.
-    connect(&m_application.documentController(), &ZLDocumentController::didOpenDocument, this, &ZLDesktop::equipWindow);
+    connect(&m_windows, &ZLDocumentWindows::didAddWindow, this, &ZLDesktop::equipWindow);
     connect(&events, &ZLDesktopApplication::modifiersDidChange, this, &ZLDesktop::updateAddButtons);
     connect(&events.focus(), &ZLApplicationFocus::didChange, &m_windows, &ZLDocumentWindows::applicationDidComeOrGo);
     connect(&m_windows, &ZLDocumentWindows::aboutRequested, &m_preferences, &ZLPreferences::openAboutView);
@@ -72,9 +71,8 @@ void ZLDesktop::updateAddButtons()
         document->updateAddButton();
 }
 
-void ZLDesktop::equipWindow(ZLChapterDocument* document)
+void ZLDesktop::equipWindow(ZLChapterDocumentWindow* window)
 {
-    ZLChapterDocumentWindow* window = m_windows.windowOf(document);
     m_preferences.addWindow(*window);
     m_menuShortcuts.addWindow(*window);
     m_keyEquivalents.addWindow(*window);

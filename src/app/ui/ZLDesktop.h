@@ -34,7 +34,7 @@ public:
 
 private:
     void updateAddButtons();
-    void equipWindow(ZLChapterDocument* document);
+    void equipWindow(ZLChapterDocumentWindow* window);
 
     std::unique_ptr<ZLHotKeyCenter> m_hotKeyCenter;
     ZLApplicationSounds m_sounds;

@@ -10,7 +10,10 @@ ZLDocumentJournal::ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk 
 {
     m_tickTimer.setInterval(TickInterval);
     connect(&m_tickTimer, &QTimer::timeout, this, &ZLDocumentJournal::noteReading);
-    connect(&document, &ZLChapterDocument::recordingStateDidChange, this, &ZLDocumentJournal::followClock);
+    connect(&document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
+        if (change.concerns(ZLDocumentChange::Recording))
+            followClock();
+    });
     followClock();
     rememberDocument();
 }

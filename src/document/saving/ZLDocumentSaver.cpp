@@ -76,6 +76,7 @@ void ZLDocumentSaver::end(QDeadlineTimer deadline)
 {
     if (std::exchange(m_hasEnded, true))
         return;
+    m_document.removeChangeRecorder(*this);
     m_writer.disconnect(this);
     (void)m_writer.settle(deadline);
     m_writer.abandon();
@@ -115,12 +116,18 @@ void ZLDocumentSaver::followParts()
 
 void ZLDocumentSaver::followDocument()
 {
-    const auto followClock = [this] { m_schedule.followClock(m_document.isRecording()); };
-    connect(&m_document, &ZLChapterDocument::contentsDidChange, this, &ZLDocumentSaver::noteChange);
-    connect(&m_document, &ZLChapterDocument::recordingStateDidChange, this, followClock);
-    // This connection is the first one, so that the controllers are told of nothing that could still be lost.
-    connect(&m_document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLDocumentSaver::journalNow);
-    followClock();
+    m_document.addChangeRecorder(*this);
+    m_schedule.followClock(m_document.isRecording());
+}
+
+void ZLDocumentSaver::recordChange(const ZLDocumentChange& change)
+{
+    if (change.concerns(ZLDocumentChange::Recording))
+        m_schedule.followClock(m_document.isRecording());
+    if (change.concerns(ZLDocumentChange::Contents))
+        noteChange();
+    else if (change.concerns(ZLDocumentChange::concerningControllers))
+        journalNow();
 }
 
 bool ZLDocumentSaver::isJournalWanted() const

@@ -32,7 +32,7 @@ enum class ZLSavingState {
 /// stands exactly while there is something worth keeping. The bytes are made on the main thread, which is quick; a
 /// worker writes them, so that a slow disk delays nothing. One write at a time; the newest state wins. What is not in
 /// the file yet, or cannot be brought there, is in a journal in the recovery folder from the moment of its change.
-class ZLDocumentSaver : public QObject {
+class ZLDocumentSaver : public QObject, private ZLChangeRecorder {
     Q_OBJECT
 
 public:
@@ -130,6 +130,7 @@ private:
     [[nodiscard]] bool isJournalWanted() const;
     [[nodiscard]] bool isJournalStillNeeded() const;
     void journalNow();
+    void recordChange(const ZLDocumentChange& change) override;
     void noteChange();
     void planWrite();
     [[nodiscard]] bool keepNothingOfEmptyDocument();

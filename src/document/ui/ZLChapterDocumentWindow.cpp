@@ -182,11 +182,8 @@ void ZLChapterDocumentWindow::buildDrawer()
 
 void ZLChapterDocumentWindow::connectDocument()
 {
-    for (const auto signal : { &ZLChapterDocument::displayDidUpdate, &ZLChapterDocument::contentsDidChange })
-        connect(&m_document, signal, this, &ZLChapterDocumentWindow::updateClock);
-    connect(
-        &m_document, &ZLChapterDocument::recordingStateDidChange, this, &ZLChapterDocumentWindow::updateRecordingState);
-    connect(&m_document, &ZLChapterDocument::addButtonDidUpdate, this, &ZLChapterDocumentWindow::updateAddButton);
+    connect(&m_document, &ZLChapterDocument::displayDidUpdate, this, &ZLChapterDocumentWindow::updateClock);
+    connect(&m_document, &ZLChapterDocument::changed, this, &ZLChapterDocumentWindow::showChange);
     connect(&m_document, &ZLChapterDocument::invalidTimestampEntered, this,
         &ZLChapterDocumentWindow::showInvalidTimestampAlert);
     connect(&m_document, &ZLChapterDocument::editedStateDidChange, this, &ZLChapterDocumentWindow::updateTitle);
@@ -271,6 +268,17 @@ void ZLChapterDocumentWindow::validate()
         m_ui->tableView->setFocus();
     m_recordingMenu->validate();
     updateClock();
+}
+
+void ZLChapterDocumentWindow::showChange(const ZLDocumentChange& change)
+{
+    using Change = ZLDocumentChange;
+    if (change.concerns(Change::Recording))
+        updateRecordingState();
+    else if (change.concerns(Change::Rows | Change::Times | Change::Reading | Change::Contents))
+        updateClock();
+    if (change.concerns(Change::Templates | Change::TemplateTexts | Change::AddButton))
+        updateAddButton();
 }
 
 void ZLChapterDocumentWindow::updateClock()

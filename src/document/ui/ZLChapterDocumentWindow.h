@@ -19,6 +19,7 @@ class ZLRecordingMenu;
 class ZLStatusLine;
 class ZLViewMenu;
 class ZLWindowTyping;
+struct ZLDocumentChange;
 
 namespace Ui {
 class ZLChapterDocument;
@@ -80,6 +81,7 @@ private:
     void validate();
     void updateClock();
     void updateRecordingState();
+    void showChange(const ZLDocumentChange& change);
     void updateAddButton();
     void updateNextTemplate();
     void updateTitle();

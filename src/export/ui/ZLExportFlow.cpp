@@ -55,7 +55,10 @@ void ZLExportFlow::exportChapters(ZLChapterDocument* document, QWidget* window)
     createDialog(document ? document->displayName() : QString());
     connect(m_dialog, &QDialog::finished, this, &ZLExportFlow::dialogDidFinish);
     if (document)
-        connect(document, &ZLChapterDocument::controllersShouldBeInformed, this, &ZLExportFlow::updateAdvice);
+        connect(document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
+            if (change.concerns(ZLDocumentChange::concerningExports))
+                updateAdvice();
+        });
     m_dialog->show();
 }
 

@@ -60,7 +60,7 @@ TEST_F(ZLStartBeepTest, APressAndAnotherWhileTheBeepPlaysStartTheClockOnceAfterT
     marker->setPlaybackDeviceIdentifier(u"right_card"_s);
     int startCount = 0;
     bool wasRecording = false;
-    QObject::connect(&document, &ZLChapterDocument::recordingStateDidChange, marker.get(), [&] {
+    QObject::connect(&document, &ZLChapterDocument::changed, marker.get(), [&] {
         if (std::exchange(wasRecording, document.isRecording()) || !document.isRecording())
             return;
         ++startCount;

@@ -56,7 +56,7 @@ TEST_F(ZLDocumentJournalTest, NobodyIsToldOfAMarkThatAKillCouldLose)
     const auto saver = untitledSaver();
     document.startRecordingWithTime(clock->seconds);
     int tellings = 0;
-    QObject::connect(&document, &ZLChapterDocument::controllersShouldBeInformed, saver.get(), [&] {
+    QObject::connect(&document, &ZLChapterDocument::changed, saver.get(), [&] {
         ++tellings;
         EXPECT_EQ(journaled().contents.chapters.size(), document.chapterManager().count());
     });

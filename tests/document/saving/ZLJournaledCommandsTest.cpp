@@ -1,5 +1,7 @@
 #include "SavingFixture.h"
 
+#include <list>
+
 using namespace Qt::StringLiterals;
 
 /// A command is journaled whole and told once, whatever it consists of: a kill finds it done or not begun.
@@ -8,7 +10,9 @@ protected:
     ZLJournaledCommandsTest()
         : saver(titledSaver(filePath("show.zelta")))
     {
-        QObject::connect(&document, &ZLChapterDocument::controllersShouldBeInformed, saver.get(), [this] {
+        QObject::connect(&document, &ZLChapterDocument::changed, saver.get(), [this](const ZLDocumentChange& change) {
+            if (!change.concerns(ZLDocumentChange::concerningControllers))
+                return;
             ++informs;
             stateTold = document.dataOfType();
             EXPECT_EQ(journaledBytes(), stateTold) << "told of what a kill could lose";
@@ -123,3 +127,44 @@ TEST_F(ZLJournaledCommandsTest, ASelectionIsToldAtOnceAndIsNoRecord)
     EXPECT_EQ(informs, 1);
     EXPECT_EQ(recordCount(), before);
 }
+
+/// Nobody hears of a command before the journal has it, whoever was connected first: the parameter is the place of the
+/// saver among three listeners.
+class ZLJournalBeforeListenersTest : public SavingFixture, public testing::WithParamInterface<int> {
+protected:
+    static constexpr int listenerCount = 3;
+
+    void listen()
+    {
+        QObject::connect(&document, &ZLChapterDocument::changed, &listeners.emplace_back(), [this] {
+            ++tellings;
+            EXPECT_EQ(ZLDocumentFile::encode(journaled().contents), document.dataOfType());
+        });
+    }
+
+    std::unique_ptr<ZLDocumentSaver> saver;
+    std::list<QObject> listeners;
+    int tellings = 0;
+};
+
+TEST_P(ZLJournalBeforeListenersTest, NobodyHearsOfWhatIsNotJournaled)
+{
+    for (int place = 0; place <= listenerCount; ++place) {
+        if (place == GetParam())
+            saver = titledSaver(filePath("show.zelta"));
+        if (place < listenerCount)
+            listen();
+    }
+    document.startRecordingWithTime(clock->seconds);
+    clock->seconds += 10.0;
+    addChapter("One");
+    tellings = 0;
+    document.addChapterButtonPressed();
+    document.updateChapterToTitle(document.chapterManager().lastChapter(), u"Intro"_s);
+    document.selectLastChapter();
+    document.undoManager().undo();
+    document.recordButtonPressed();
+    EXPECT_EQ(tellings, listenerCount * 5);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryOrder, ZLJournalBeforeListenersTest, testing::Range(0, 4));

@@ -33,7 +33,10 @@ ZLFileMenu::ZLFileMenu(
     m_menu->addSeparator();
     addClosingActions();
     connect(m_menu, &QMenu::aboutToShow, this, &ZLFileMenu::validate);
-    connect(&window.document(), &ZLChapterDocument::recordingStateDidChange, this, &ZLFileMenu::validate);
+    connect(&window.document(), &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
+        if (change.concerns(ZLDocumentChange::Recording))
+            validate();
+    });
 }
 
 void ZLFileMenu::addOpeningActions()

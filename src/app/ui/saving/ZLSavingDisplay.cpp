@@ -29,7 +29,10 @@ ZLSavingDisplay::ZLSavingDisplay(ZLDocumentSaver& saver, ZLSavePanel& savePanel,
 {
     connect(&saver, &ZLDocumentSaver::stateDidChange, this, &ZLSavingDisplay::update);
     connect(&saver, &ZLDocumentSaver::locationDidChange, this, &ZLSavingDisplay::update);
-    connect(&m_document, &ZLChapterDocument::interruptedRecordingDidChange, this, &ZLSavingDisplay::updateBar);
+    connect(&m_document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
+        if (change.concerns(ZLDocumentChange::Interruption))
+            updateBar();
+    });
     connect(&window.statusLine(), &ZLStatusLine::saveStatusClicked, this, [this] { m_savePanel.saveAs(); });
     update();
 }

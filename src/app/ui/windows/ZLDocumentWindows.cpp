@@ -191,6 +191,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     window->installEventFilter(this);
     findPlaceFor(*window);
     window->show();
+    Q_EMIT didAddWindow(window);
 }
 
 void ZLDocumentWindows::connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)

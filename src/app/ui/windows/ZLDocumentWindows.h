@@ -49,6 +49,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
+    void didAddWindow(ZLChapterDocumentWindow* window);
     /// The user asks what program this is.
     void aboutRequested();
     /// The user asks for the keys of all commands, in this window.

@@ -11,10 +11,11 @@ ZLSleepDisplay::ZLSleepDisplay(ZLChapterDocumentWindow& window)
     : QObject(&window)
     , m_window(window)
 {
-    const ZLChapterDocument* document = &window.document();
-    connect(document, &ZLChapterDocument::undecidedSleepsDidChange, this, &ZLSleepDisplay::update);
-    // Undoing the start of the recording takes away what could be decided.
-    connect(document, &ZLChapterDocument::recordingStateDidChange, this, &ZLSleepDisplay::update);
+    connect(&window.document(), &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
+        // Undoing the start of the recording takes away what could be decided.
+        if (change.concerns(ZLDocumentChange::Sleeps | ZLDocumentChange::Recording))
+            update();
+    });
 }
 
 void ZLSleepDisplay::update()

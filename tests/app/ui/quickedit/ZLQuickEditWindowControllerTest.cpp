@@ -1,5 +1,6 @@
 #include "app/ui/quickedit/ZLQuickEditWindowController.h"
 
+#include "support/ZLChangeSpy.h"
 #include "support/ZLDocumentFixture.h"
 #include "support/ZLFakeTimers.h"
 
@@ -158,7 +159,7 @@ TEST_F(ZLQuickEditWindowControllerTest, SaveIsPossibleAsSoonAsThereIsACharacter)
 TEST_F(ZLQuickEditWindowControllerTest, SaveSetsTheTitleAsOneUndoableStepAndCloses)
 {
     show();
-    const QSignalSpy told(&m_document, &ZLChapterDocument::controllersShouldBeInformed);
+    const ZLChangeSpy told(m_document, ZLDocumentChange::concerningControllers);
     QTest::keyClicks(titleField(), u"Interview"_s);
     QTest::mouseClick(saveButton(), Qt::LeftButton);
     EXPECT_EQ(titles(), QStringList { u"Interview"_s });

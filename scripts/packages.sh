@@ -22,6 +22,10 @@ zelta_test_packages=(
   desktop-file-utils appstream lintian man-db groff
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0
 )
+# By version: what another one would lay out or complain of is different.
+zelta_tidy_packages=(
+  clang-format-19 clang-tidy-19
+)
 zelta_bench_packages=(
   libbenchmark-dev liblo-dev faketime
 )

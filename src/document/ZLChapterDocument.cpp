@@ -11,7 +11,7 @@ namespace {
 
 const QString revertActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Revert"));
 
-/// What a successful read leaves in the caller's error.
+/// What a successful read leaves in the caller's error. Its domain and its code are fixed, and tell nothing.
 ZLFileOperationError leftoverOfSuccessfulRead()
 {
     return { .domain = u"NSOSStatusErrorDomain"_s, .code = -4, .message = {} };

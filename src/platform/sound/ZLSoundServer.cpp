@@ -11,6 +11,7 @@ std::unique_ptr<ZLSoundServer> ZLSoundServer::create()
 
 std::optional<QList<ZLOutputDevice>> ZLSoundServer::outputDevices()
 {
+    // The lines on standard error are fixed texts of the log.
     const ZLOutputReading reading = readOutputs();
     if (reading.error != 0) {
         std::fprintf(stderr, "AudioObjectGetPropertyData (kAudioHardwarePropertyDevices) failed: %d\n", reading.error);

@@ -25,7 +25,7 @@ _zelta() {
       compopt -o filenames -o default 2>/dev/null
       COMPREPLY=()
       return ;;
-    --osc-port | --osc-send | --shift)
+    --osc-port | --osc-send | --shift | --pattern | --item)
       COMPREPLY=()
       return ;;
   esac
@@ -34,17 +34,18 @@ _zelta() {
       selectPreviousChapter selectNextChapter --osc-port)
   elif [[ $cur == -* ]]; then
     case "$command" in
-      export) _zelta_words < <(printf '%s\n' --format --option --output) ;;
+      export) _zelta_words < <(printf '%s\n' --format --option --pattern --output) ;;
       write) _zelta_words < <(printf '%s\n' --shift --output) ;;
-      show) _zelta_words < <(printf '%s\n' --json) ;;
+      import) _zelta_words < <(printf '%s\n' --shift --item --add --output) ;;
+      show) _zelta_words < <(printf '%s\n' --json --item) ;;
       *) _zelta_words < <(printf '%s\n' --headless --record --new --osc-port --osc-send --help --version) ;;
     esac
   elif [[ $COMP_CWORD -eq 1 ]]; then
     _zelta_files
     local files=("${COMPREPLY[@]}")
-    _zelta_words < <(printf '%s\n' send formats export show write)
+    _zelta_words < <(printf '%s\n' send formats export import show write)
     COMPREPLY+=("${files[@]}")
-  elif [[ $command == write && $COMP_CWORD -gt 2 ]]; then
+  elif [[ $command == import || $command == show || ( $command == write && $COMP_CWORD -gt 2 ) ]]; then
     compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen -f -- "$cur")
   else

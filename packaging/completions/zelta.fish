@@ -1,11 +1,12 @@
 # Completion of zelta for fish.
 
-set -l commands send formats export show write
+set -l commands send formats export import show write
 set -l without_command "not __fish_seen_subcommand_from $commands"
 
 complete -c zelta -n "$without_command" -a send -d 'Give the running recorder a command'
 complete -c zelta -n "$without_command" -a formats -d 'List the export formats'
 complete -c zelta -n "$without_command" -a export -d 'Write the chapters for another program'
+complete -c zelta -n "$without_command" -a import -d 'Make a document of a list'
 complete -c zelta -n "$without_command" -a show -d 'Print the chapters'
 complete -c zelta -n "$without_command" -a write -d 'Put the chapters into audio files'
 complete -c zelta -n "$without_command" -l headless -d 'Record without a window'
@@ -20,8 +21,13 @@ complete -c zelta -n '__fish_seen_subcommand_from send' -f -a 'toggleRecording n
 complete -c zelta -n '__fish_seen_subcommand_from send' -l osc-port -x -d 'Port of this computer'
 complete -c zelta -n '__fish_seen_subcommand_from export' -l format -x -a '(zelta formats 2>/dev/null | cut -f1)' -d 'Name of the format'
 complete -c zelta -n '__fish_seen_subcommand_from export' -l option -d "Tick the format's checkbox"
+complete -c zelta -n '__fish_seen_subcommand_from export' -l pattern -x -d 'Line of Show Notes'
 complete -c zelta -n '__fish_seen_subcommand_from export' -l output -r -d 'File to write'
 complete -c zelta -n '__fish_seen_subcommand_from show' -l json -d 'For programs'
+complete -c zelta -n '__fish_seen_subcommand_from show import' -l item -x -d 'Which show of a feed'
+complete -c zelta -n '__fish_seen_subcommand_from import' -l shift -x -d 'Seconds by which the chapters are later'
+complete -c zelta -n '__fish_seen_subcommand_from import' -l add -d 'Add to the document'
+complete -c zelta -n '__fish_seen_subcommand_from import' -l output -r -d 'Document to make'
 complete -c zelta -n '__fish_seen_subcommand_from write' -l shift -x -d 'Seconds by which the chapters are later'
 complete -c zelta -n '__fish_seen_subcommand_from write' -l output -r -d 'File to write'
 complete -c zelta -n '__fish_seen_subcommand_from formats' -f

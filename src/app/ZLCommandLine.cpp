@@ -49,6 +49,33 @@ protected:
 
     void addPortOption() { m_parser.addOption({ u"osc-port"_s, {}, u"port"_s }); }
 
+    void addShiftOption() { m_parser.addOption({ u"shift"_s, {}, u"seconds"_s }); }
+    void addItemOption() { m_parser.addOption({ u"item"_s, {}, u"number"_s }); }
+
+    /// Takes over --shift when it is there; returns what is wrong with it, or nothing.
+    QString fillInShift()
+    {
+        bool isNumber = true;
+        if (m_parser.isSet(u"shift"_s))
+            m_result.shift = QLocale::c().toDouble(m_parser.value(u"shift"_s), &isNumber);
+        if (isNumber && std::isfinite(m_result.shift))
+            return {};
+        return CommandLineTexts::tr("--shift needs a number of seconds, such as 12.5 or -3.");
+    }
+
+    /// The same for --item.
+    QString fillInItem()
+    {
+        if (!m_parser.isSet(u"item"_s))
+            return {};
+        bool isNumber = false;
+        const int item = m_parser.value(u"item"_s).toInt(&isNumber);
+        if (!isNumber || item < 1)
+            return CommandLineTexts::tr("--item needs a number from 1 on.");
+        m_result.item = item;
+        return {};
+    }
+
     /// Takes over --osc-port when it is there; returns what is wrong with it, or nothing.
     QString fillInPort(quint16 lowest)
     {
@@ -85,7 +112,8 @@ public:
     ExportReader()
         : CommandReader(ZLCommand::ExportFile)
     {
-        m_parser.addOptions({ { u"format"_s, {}, u"name"_s }, { u"option"_s, {} }, { u"output"_s, {}, u"file"_s } });
+        m_parser.addOptions({ { u"format"_s, {}, u"name"_s }, { u"option"_s, {} }, { u"pattern"_s, {}, u"text"_s },
+            { u"output"_s, {}, u"file"_s } });
     }
 
 private:
@@ -93,6 +121,9 @@ private:
     {
         m_result.formatName = m_parser.value(u"format"_s);
         m_result.outputPath = m_parser.value(u"output"_s);
+        m_result.linePattern = m_parser.value(u"pattern"_s);
+        if (m_parser.isSet(u"pattern"_s) && m_result.linePattern.isEmpty())
+            return CommandLineTexts::tr("--pattern needs a text, such as \"({time}) {title} {link}\".");
         if (m_parser.isSet(u"option"_s))
             m_result.exportOption = ZLExportOption::On;
         if (m_result.formatName.isEmpty())
@@ -111,6 +142,7 @@ public:
         : CommandReader(ZLCommand::ShowFile)
     {
         m_parser.addOption({ u"json"_s, {} });
+        addItemOption();
     }
 
 private:
@@ -118,6 +150,8 @@ private:
     {
         if (m_parser.isSet(u"json"_s))
             m_result.showForm = ZLShowForm::Json;
+        if (const QString problem = fillInItem(); !problem.isEmpty())
+            return problem;
         return m_result.files.size() == 1 ? QString() : CommandLineTexts::tr("\"show\" needs exactly one file.");
     }
 };
@@ -127,18 +161,16 @@ public:
     WriteReader()
         : CommandReader(ZLCommand::WriteChapters)
     {
-        m_parser.addOptions({ { u"shift"_s, {}, u"seconds"_s }, { u"output"_s, {}, u"file"_s } });
+        m_parser.addOption({ u"output"_s, {}, u"file"_s });
+        addShiftOption();
     }
 
 private:
     QString fillIn() override
     {
         m_result.outputPath = m_parser.value(u"output"_s);
-        bool isNumber = true;
-        if (m_parser.isSet(u"shift"_s))
-            m_result.shift = QLocale::c().toDouble(m_parser.value(u"shift"_s), &isNumber);
-        if (!isNumber || !std::isfinite(m_result.shift))
-            return CommandLineTexts::tr("--shift needs a number of seconds, such as 12.5 or -3.");
+        if (const QString problem = fillInShift(); !problem.isEmpty())
+            return problem;
         if (m_result.files.size() < 2)
             return CommandLineTexts::tr("\"write\" needs the file with the chapters and an audio file.");
         if (m_parser.isSet(u"output"_s) && m_result.outputPath.isEmpty())
@@ -146,6 +178,31 @@ private:
         if (m_parser.isSet(u"output"_s) && m_result.files.size() > 2)
             return CommandLineTexts::tr("--output goes with one audio file only.");
         return {};
+    }
+};
+
+class ImportReader final : public CommandReader {
+public:
+    ImportReader()
+        : CommandReader(ZLCommand::ImportChapters)
+    {
+        m_parser.addOptions({ { u"output"_s, {}, u"file"_s }, { u"add"_s, {} } });
+        addShiftOption();
+        addItemOption();
+    }
+
+private:
+    QString fillIn() override
+    {
+        m_result.outputPath = m_parser.value(u"output"_s);
+        if (m_parser.isSet(u"add"_s))
+            m_result.importMode = ZLImportMode::AddToDocument;
+        if (const QString problem = fillInShift() + fillInItem(); !problem.isEmpty())
+            return problem;
+        if (m_result.outputPath.isEmpty())
+            return CommandLineTexts::tr("\"import\" needs --output with the document to make.");
+        return m_result.files.size() == 1 ? QString()
+                                          : CommandLineTexts::tr("\"import\" needs exactly one file to read.");
     }
 };
 
@@ -267,6 +324,8 @@ ZLResult<ZLCommandLine> ZLCommandLine::parse(const QStringList& arguments)
         return readCommand<ShowReader>(withoutWord);
     if (word == "write"_L1)
         return readCommand<WriteReader>(withoutWord);
+    if (word == "import"_L1)
+        return readCommand<ImportReader>(withoutWord);
     if (word == "send"_L1)
         return readCommand<SendReader>(withoutWord);
     return readCommand<StartReader>(arguments.isEmpty() ? QStringList { u"zelta"_s } : arguments);
@@ -290,11 +349,19 @@ QString ZLCommandLine::helpText()
         "computer\n"
         "%1"
         "  zelta formats                        list the export formats: name, tab, file type\n"
-        "  zelta export --format NAME [--option] --output OUT FILE\n"
+        "  zelta export --format NAME [--option] [--pattern TEXT] --output OUT FILE\n"
         "                                       write the chapters of FILE to OUT, - for the standard "
         "output; --option\n"
-        "                                       ticks the format's checkbox\n"
-        "  zelta show [--json] FILE             print the chapters of FILE, a document or an audio file\n"
+        "                                       ticks the format's checkbox, --pattern is a line of "
+        "Show Notes such as\n"
+        "                                       \"({time}) {title} {link}\"\n"
+        "  zelta import [--shift SECONDS] [--item N] [--add] --output OUT FILE\n"
+        "                                       make the document OUT of the chapters in FILE, a list or an "
+        "audio file; with\n"
+        "                                       --add, add them to OUT; --item chooses in a feed with several "
+        "shows\n"
+        "  zelta show [--json] [--item N] FILE  print the chapters of FILE, a document, an audio file or a "
+        "list\n"
         "  zelta write [--shift SECONDS] [--output OUT] FILE AUDIO…\n"
         "                                       put the chapters of FILE into each audio file in place "
         "of its own,\n"

@@ -24,6 +24,7 @@ enum class ZLCommand {
     ExportFile,
     ShowFile,
     WriteChapters,
+    ImportChapters,
     SendAction,
     PrintHelp,
     PrintVersion,
@@ -33,21 +34,28 @@ enum class ZLHeadlessStart { Paused, Recording };
 
 enum class ZLShowForm { Table, Json };
 
+enum class ZLImportMode { NewDocument, AddToDocument };
+
 /// What the user asked for when starting the program. Entries that the command has no use for keep their defaults.
 struct ZLCommandLine {
     ZLCommand command = ZLCommand::OpenWindows;
-    /// Any number for OpenWindows, at most one for RecordHeadless, exactly one for ExportFile and ShowFile. For
-    /// WriteChapters the one with the chapters and then the audio files.
+    /// Any number for OpenWindows, at most one for RecordHeadless, exactly one for ExportFile, ShowFile
+    /// and ImportChapters. For WriteChapters the one with the chapters and then the audio files.
     QStringList files {};
     /// For OpenWindows: a new, empty document as well.
     bool wantsNewDocument = false;
     ZLHeadlessStart headlessStart = ZLHeadlessStart::Paused;
     QString formatName {};
     ZLExportOption exportOption = ZLExportOption::Off;
-    /// For ExportFile and WriteChapters; the latter replaces the audio file when it is empty.
+    /// Of the lines of a format that has such a pattern; empty for its usual one.
+    QString linePattern {};
+    /// For ExportFile, ImportChapters and WriteChapters; the latter replaces the audio file when it is empty.
     QString outputPath {};
-    /// For WriteChapters: how many seconds later the chapters stand in the audio file.
+    /// For WriteChapters and ImportChapters: how many seconds later the chapters stand where they are put.
     double shift = 0.0;
+    ZLImportMode importMode = ZLImportMode::NewDocument;
+    /// For ImportChapters and ShowFile: which of several shows in the file, from 1.
+    std::optional<int> item {};
     ZLShowForm showForm = ZLShowForm::Table;
     /// For SendAction: the command word of an action, see ZLRemoteActions.
     QString action {};

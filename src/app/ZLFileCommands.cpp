@@ -72,6 +72,8 @@ int ZLFileCommands::run(const ZLCommandLine& commandLine)
         return showFile(commandLine);
     case ZLCommand::WriteChapters:
         return writeChapters(commandLine);
+    case ZLCommand::ImportChapters:
+        return importCommand().run(commandLine);
     case ZLCommand::PrintVersion:
         return print(u"Zelta %1\n"_s.arg(QStringLiteral(ZELTA_VERSION)));
     case ZLCommand::PrintHelp:
@@ -119,6 +121,8 @@ ZLResult<ZLExporterClass> ZLFileCommands::exporterClassFor(const ZLCommandLine& 
             continue;
         if (commandLine.exportOption == ZLExportOption::On && !format.hasOption())
             return ZLError { FileCommandTexts::tr("The format \"%1\" has no option.").arg(format.name) };
+        if (!commandLine.linePattern.isEmpty() && !format.hasLinePattern())
+            return ZLError { FileCommandTexts::tr("The format \"%1\" has no line pattern.").arg(format.name) };
         return exporterClass;
     }
     return ZLError { FileCommandTexts::tr("There is no format \"%1\"; the formats are: %2.")
@@ -139,6 +143,7 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
     ZLExportInput input { .chapters = sortedChapters(contents.value().chapters),
         .duration = contents.value().duration,
         .option = commandLine.exportOption,
+        .linePattern = commandLine.linePattern,
         .fileBaseName = ZLExporter::fileBaseName(output.isStandardOutput() ? source : target) };
     if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
         auto existing = ZLBoundedFile::read(target, ZLFileBound::Document);
@@ -149,7 +154,7 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
     const auto bytes = exporterClass.create()->exportedBytes(input);
     if (!bytes)
         return ZLError { u"%1: %2"_s.arg(target, bytes.error().message) };
-    advise(ZLExportAdvice::lines(exporterClass.format().name, input));
+    advise(ZLExportAdvice::lines(exporterClass, input));
     if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
         for (const QString& path : { target, ZLSessionCopy::pathFor(target) }) {
             if (const ZLStatus allowed = ZLWriteProtection::check(path); !allowed)
@@ -163,7 +168,7 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
 
 int ZLFileCommands::showFile(const ZLCommandLine& commandLine)
 {
-    const auto read = readDocument(commandLine.files.constFirst());
+    const auto read = readToShow(commandLine);
     if (!read)
         return fail(ZLExitStatus::Failed, read.error().message);
     const ZLDocumentContents& contents = read.value();
@@ -172,6 +177,21 @@ int ZLFileCommands::showFile(const ZLCommandLine& commandLine)
         return print(ZLChapterListing::table(chapters, contents.duration));
     return print(
         QString::fromUtf8(ZLChapterListing::json(chapters, contents.duration, chaptersAsStored(contents.templates))));
+}
+
+ZLResult<ZLDocumentContents> ZLFileCommands::readToShow(const ZLCommandLine& commandLine)
+{
+    const QString& path = commandLine.files.constFirst();
+    if (!ZLImportSource::isList(path))
+        return readDocument(path);
+    const auto source = ZLImportSource::fromFile(path);
+    return source ? importCommand().contents(source.value(), commandLine) : source.error();
+}
+
+ZLImportCommand ZLFileCommands::importCommand()
+{
+    return { [this](const QString& line) { return print(line); },
+        [this](const QString& line) { printErrorLine(line); } };
 }
 
 int ZLFileCommands::writeChapters(const ZLCommandLine& commandLine)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ZLCommandLine.h"
+#include "app/ZLImportCommand.h"
 #include "document/ZLDocumentFile.h"
 
 #include <QTextStream>
@@ -23,6 +24,8 @@ private:
     [[nodiscard]] int listFormats();
     [[nodiscard]] int exportFile(const ZLCommandLine& commandLine);
     [[nodiscard]] int showFile(const ZLCommandLine& commandLine);
+    [[nodiscard]] ZLResult<ZLDocumentContents> readToShow(const ZLCommandLine& commandLine);
+    [[nodiscard]] ZLImportCommand importCommand();
     [[nodiscard]] int writeChapters(const ZLCommandLine& commandLine);
     [[nodiscard]] int print(const QString& text);
     [[nodiscard]] int fail(int status, const QString& message);

@@ -31,6 +31,7 @@ QList<KnownWord> knownWords()
     QList<KnownWord> words {
         { u"export"_s, u"zelta export"_s },
         { u"formats"_s, u"zelta formats"_s },
+        { u"import"_s, u"zelta import"_s },
         { u"send"_s, u"zelta send"_s },
         { u"show"_s, u"zelta show"_s },
         { u"headless"_s, u"zelta --headless"_s },
@@ -38,6 +39,7 @@ QList<KnownWord> knownWords()
         { u"new"_s, u"zelta --new"_s },
         { u"record"_s, u"zelta --headless --record"_s },
         { u"version"_s, u"zelta --version"_s },
+        { u"write"_s, u"zelta write"_s },
     };
     for (const ZLRemoteAction& action : ZLRemoteActions::all())
         words.append({ action.commandWord(), u"zelta send "_s + action.commandWord() });
@@ -83,7 +85,8 @@ QString hintFor(const QString& word)
             near.append(u"\"%1\""_s.arg(known.usage));
     }
     if (near.isEmpty())
-        return FileWordTexts::tr("The commands are export, formats, send and show; \"zelta --help\" explains them.");
+        return FileWordTexts::tr(
+            "The commands are export, formats, import, send, show and write; \"zelta --help\" explains them.");
     const QString last = near.takeLast();
     return near.isEmpty() ? FileWordTexts::tr("Did you mean %1?").arg(last)
                           : FileWordTexts::tr("Did you mean %1 or %2?").arg(near.join(", "_L1), last);

@@ -9,6 +9,7 @@
 #include "app/ui/ZLDesktop.h"
 #include "app/ui/ZLDesktopApplication.h"
 #include "export/formats/ZLRegisterExporters.h"
+#include "export/lists/ZLListExporter.h"
 #include "platform/ZLAbandonedWork.h"
 #include "platform/activity/ZLBootClock.h"
 #include "platform/dnssd/ZLAvahiServicePublisher.h"
@@ -40,7 +41,7 @@ int runFileCommand(int& argc, char** argv, const QStringList& arguments)
     ZLRegisterExporters();
     QTextStream out(stdout);
     QTextStream err(stderr);
-    ZLFileCommands commands(ZLExporter::allExporters(), out, err);
+    ZLFileCommands commands(ZLExporter::allExporters() + ZLListExporter::allForms(), out, err);
     // Read once more: what is wrong with it is told in the user's language.
     const ZLResult<ZLCommandLine> commandLine = readCommandLine(arguments);
     return commandLine ? commands.run(commandLine.value()) : commands.refuseUsage(commandLine.error());

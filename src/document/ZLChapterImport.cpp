@@ -9,25 +9,6 @@ namespace {
 
 const QString importActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Import Chapters"));
 
-ZLChapterSequence madeFrom(const QList<ZLListedChapter>& listed, double shift)
-{
-    ZLChapterSequence chapters;
-    chapters.reserve(listed.size());
-    for (const ZLListedChapter& one : listed) {
-        const double time = one.start + shift;
-        if (!std::isfinite(time))
-            continue;
-        const auto chapter = std::make_shared<ZLChapter>();
-        chapter->setTimeStamp(time);
-        chapter->setEnabled(one.isEnabled && !(time < 0.0));
-        // Empty, not absent: a stored chapter ends at its first absent entry.
-        chapter->setTitle(one.title.isNull() ? QStringLiteral("") : one.title);
-        chapter->setLink(one.link.isNull() ? QStringLiteral("") : one.link);
-        chapters.append(chapter);
-    }
-    return chapters;
-}
-
 /// `wanted`, or the row that took its place.
 void selectChapter(ZLChapterDocument& document, const ZLChapterPointer& wanted, int formerRow)
 {
@@ -56,10 +37,29 @@ void exchangeChapters(ZLChapterDocument& document, const ZLChapterSequence& chap
 
 }
 
+ZLChapterSequence ZLChapterImport::chaptersFrom(const QList<ZLListedChapter>& listed, double shift)
+{
+    ZLChapterSequence chapters;
+    chapters.reserve(listed.size());
+    for (const ZLListedChapter& one : listed) {
+        const double time = one.start + shift;
+        if (!std::isfinite(time))
+            continue;
+        const auto chapter = std::make_shared<ZLChapter>();
+        chapter->setTimeStamp(time);
+        chapter->setEnabled(one.isEnabled && !(time < 0.0));
+        // Empty, not absent: a stored chapter ends at its first absent entry.
+        chapter->setTitle(one.title.isNull() ? QStringLiteral("") : one.title);
+        chapter->setLink(one.link.isNull() ? QStringLiteral("") : one.link);
+        chapters.append(chapter);
+    }
+    return chapters;
+}
+
 qsizetype ZLChapterImport::importChapters(
     ZLChapterDocument& document, const QList<ZLListedChapter>& chapters, Way way, double shift)
 {
-    const ZLChapterSequence added = madeFrom(chapters, shift);
+    const ZLChapterSequence added = chaptersFrom(chapters, shift);
     if (added.isEmpty())
         return 0;
     exchangeChapters(document, way == Way::Add ? document.chapterManager().allChapters() + added : added);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lists/ZLChapterList.h"
+#include "model/ZLChapter.h"
 
 class ZLChapterDocument;
 
@@ -12,10 +13,13 @@ enum class Way {
     Replace, ///< Those that are there go.
 };
 
-/// Puts `chapters` into the document as one undoable step, each `shift` seconds later; what comes to lie before the
-/// start is disabled, and what has no finite time is left out. The clock is not touched, whether it runs or stands.
-/// No title is opened for typing, and the selected chapter stays selected while it is there. Nothing happens where
-/// there is nothing to add. Returns how many chapters came.
+/// A chapter for each of `listed`, in their order, each `shift` seconds later. What comes to lie before the start is
+/// disabled, and what has no finite time is left out.
+[[nodiscard]] ZLChapterSequence chaptersFrom(const QList<ZLListedChapter>& listed, double shift);
+
+/// Puts the chapters of `chapters` and `shift` into the document as one undoable step. The clock is not touched,
+/// whether it runs or stands. No title is opened for typing, and the selected chapter stays selected while it is there.
+/// Nothing happens where there is nothing to add. Returns how many chapters came.
 qsizetype importChapters(
     ZLChapterDocument& document, const QList<ZLListedChapter>& chapters, Way way, double shift = 0.0);
 

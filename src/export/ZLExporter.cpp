@@ -44,8 +44,13 @@ QString withoutExtension(const QString& name)
 ZLExporterClass::ZLExporterClass(std::type_index type, ZLExportFormat format, Create maker)
     : m_type(type)
     , m_format(std::move(format))
-    , m_create(maker)
+    , m_create(std::move(maker))
 {
+}
+
+ZLExporterClass ZLExporterClass::of(ZLExportFormat format, Create maker)
+{
+    return { typeid(ZLExporter), std::move(format), std::move(maker) };
 }
 
 QString ZLExportFormat::shownName() const
@@ -69,6 +74,11 @@ ZLResult<QByteArray> ZLExporter::exportedBytes(const ZLExportInput&) const
 }
 
 QString ZLExporter::reasonNothingIsInserted(const ZLExportInput&) const
+{
+    return {};
+}
+
+QStringList ZLExporter::advice(const ZLExportInput&) const
 {
     return {};
 }

@@ -6,7 +6,9 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <typeindex>
@@ -34,8 +36,11 @@ struct ZLExportFormat {
     /// Title of its checkbox, untranslated; empty when it has none.
     QString optionTitle {};
     ZLExportAfterwards afterwards = ZLExportAfterwards::Nothing;
+    /// Of a format whose lines follow a pattern: the one that is taken where none is given. Empty for all others.
+    QString usualLinePattern {};
 
     [[nodiscard]] bool hasOption() const { return !optionTitle.isEmpty(); }
+    [[nodiscard]] bool hasLinePattern() const { return !usualLinePattern.isEmpty(); }
     /// The name and the checkbox's title in the user's language.
     /// @{
     [[nodiscard]] QString shownName() const;
@@ -52,6 +57,8 @@ struct ZLExportInput {
     /// Whether a further span still runs, whose end nobody knows. No byte depends on it, only what the user is told.
     bool isRecording = false;
     ZLExportOption option = ZLExportOption::Off;
+    /// For a format with a line pattern; empty for its usual one.
+    QString linePattern {};
     /// Name of the chosen file without its folder and its last extension.
     QString fileBaseName {};
     /// What the chosen file holds before the export; only for ZLExportDialogKind::Open.
@@ -86,6 +93,10 @@ public:
     /// For a format that puts chapters into an existing file: why that gets none of them, in one sentence. Empty when
     /// it gets some, and for any other format.
     [[nodiscard]] virtual QString reasonNothingIsInserted(const ZLExportInput& input) const;
+
+    /// What the destination will not like, one sentence each, beside what the table of ZLExportAdvice says. Empty for
+    /// the base class.
+    [[nodiscard]] virtual QStringList advice(const ZLExportInput& input) const;
 
     /// Adds a class to the process-wide list; the base class itself is left out. A class that is registered twice is
     /// listed twice.
@@ -127,6 +138,9 @@ public:
         return { typeid(Exporter), Exporter::format(),
             []() -> std::unique_ptr<ZLExporter> { return std::make_unique<Exporter>(); } };
     }
+    using Create = std::function<std::unique_ptr<ZLExporter>()>;
+    /// A format that is made by `maker`. Formats of one C++ class count as one, so they are for no registry.
+    [[nodiscard]] static ZLExporterClass of(ZLExportFormat format, Create maker);
 
     [[nodiscard]] const ZLExportFormat& format() const { return m_format; }
     [[nodiscard]] std::unique_ptr<ZLExporter> create() const { return m_create(); }
@@ -135,7 +149,6 @@ public:
     bool operator==(const ZLExporterClass& other) const { return m_type == other.m_type; }
 
 private:
-    using Create = std::unique_ptr<ZLExporter> (*)();
     ZLExporterClass(std::type_index type, ZLExportFormat format, Create maker);
 
     std::type_index m_type;

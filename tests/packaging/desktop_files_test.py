@@ -79,7 +79,7 @@ class BashCompletionTest(unittest.TestCase):
         self.assertEqual(offered, names)
 
     def test_the_options_of_a_command(self):
-        self.assertEqual(self.complete("zelta", "show", "--"), ["--json"])
+        self.assertEqual(self.complete("zelta", "show", "--"), ["--json", "--item"])
 
 
 if __name__ == "__main__":

@@ -179,6 +179,11 @@ QStringList ZLExportAdvice::lines(const QString& formatName, const ZLExportInput
     return lines;
 }
 
+QStringList ZLExportAdvice::lines(const ZLExporterClass& exporterClass, const ZLExportInput& input)
+{
+    return lines(exporterClass.format().name, input) + exporterClass.create()->advice(input);
+}
+
 QStringList ZLExportAdvice::formatsWithRules()
 {
     QStringList names;

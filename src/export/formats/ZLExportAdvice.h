@@ -12,6 +12,9 @@ namespace ZLExportAdvice {
 /// Chapters are counted as in the table, from 1 and with the disabled ones.
 [[nodiscard]] QStringList lines(const QString& formatName, const ZLExportInput& input);
 
+/// The same for a format that may have further rules of its own.
+[[nodiscard]] QStringList lines(const ZLExporterClass& exporterClass, const ZLExportInput& input);
+
 /// The names of the formats that the rules speak of.
 [[nodiscard]] QStringList formatsWithRules();
 

@@ -2,6 +2,7 @@
 
 #include "export/formats/ZLChapterText.h"
 #include "export/formats/ZLHindenburgExporter.h"
+#include "export/formats/ZLNumberedChapters.h"
 #include "export/formats/ZLSessionMarkers.h"
 #include "export/formats/ZLYouTubeExporter.h"
 #include "model/ZLTimeText.h"
@@ -21,36 +22,6 @@ const QString somethingFound = u""_s;
 struct FindingTexts {
     Q_DECLARE_TR_FUNCTIONS(ZLExportFindings)
 };
-
-/// "chapter 4", "chapters 4 and 7", "chapters 4, 7 and 9", "chapters 4, 7, 9 and 12 more".
-QString chapterNumbers(const QList<qsizetype>& numbers)
-{
-    constexpr qsizetype mostNamed = 3;
-    if (numbers.size() == 1)
-        return FindingTexts::tr("chapter %1").arg(numbers.constFirst());
-    QStringList named;
-    for (const qsizetype number : numbers.first(std::min(numbers.size(), mostNamed)))
-        named.append(QString::number(number));
-    const QString last =
-        numbers.size() > mostNamed ? FindingTexts::tr("%1 more").arg(numbers.size() - mostNamed) : named.takeLast();
-    return FindingTexts::tr("chapters %1 and %2").arg(named.join(", "_L1), last);
-}
-
-enum class ChaptersLookedAt { Enabled, All };
-
-/// The chapters for which `isMeant` holds, by their numbers.
-template <typename Predicate>
-ZLExportFinding chaptersThat(
-    const ZLExportInput& input, Predicate isMeant, ChaptersLookedAt which = ChaptersLookedAt::Enabled)
-{
-    QList<qsizetype> numbers;
-    for (qsizetype i = 0; i < input.chapters.size(); ++i) {
-        const ZLChapter& chapter = *input.chapters.at(i);
-        if ((which == ChaptersLookedAt::All || chapter.isEnabled()) && isMeant(chapter))
-            numbers.append(i + 1);
-    }
-    return numbers.isEmpty() ? std::nullopt : ZLExportFinding(chapterNumbers(numbers));
-}
 
 /// An enabled chapter with its number.
 struct NumberedChapter {
@@ -86,7 +57,7 @@ ZLExportFinding neighboursWithTheSame(const ZLExportInput& input, Time time)
         return std::nullopt;
     if (numbers.size() == 1)
         return FindingTexts::tr("chapters %1 and %2").arg(previousNumber).arg(numbers.constFirst());
-    return FindingTexts::tr("%1 (each with the one before)").arg(chapterNumbers(numbers));
+    return FindingTexts::tr("%1 (each with the one before)").arg(ZLNumberedChapters::text(numbers));
 }
 
 bool isEndKnown(const ZLExportInput& input)
@@ -117,7 +88,7 @@ QStringList shortChapters(const ZLExportInput& input, const QList<NumberedChapte
         return {
             FindingTexts::tr("chapter %1 is only %2 s long (10 s minimum)").arg(numbers.constFirst()).arg(lastLength)
         };
-    return { FindingTexts::tr("%1 are shorter than 10 s").arg(chapterNumbers(numbers)) };
+    return { FindingTexts::tr("%1 are shorter than 10 s").arg(ZLNumberedChapters::text(numbers)) };
 }
 
 bool holdsLineBreak(const QString& text)
@@ -174,34 +145,36 @@ ZLExportFinding ZLExportFindings::noChapterFromTheStartOn(const ZLExportInput& i
 
 ZLExportFinding ZLExportFindings::beforeTheStart(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) { return chapter.timeStamp() < 0.0; });
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) { return chapter.timeStamp() < 0.0; });
 }
 
 ZLExportFinding ZLExportFindings::anyBeforeTheStart(const ZLExportInput& input)
 {
-    return chaptersThat(
-        input, [](const ZLChapter& chapter) { return chapter.timeStamp() < 0.0; }, ChaptersLookedAt::All);
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return chapter.timeStamp() < 0.0; }, ZLNumberedChapters::Which::All);
 }
 
 ZLExportFinding ZLExportFindings::afterTheEnd(const ZLExportInput& input)
 {
     if (!isEndKnown(input))
         return std::nullopt;
-    return chaptersThat(input, [&](const ZLChapter& chapter) { return chapter.timeStamp() > input.duration; });
+    return ZLNumberedChapters::that(
+        input, [&](const ZLChapter& chapter) { return chapter.timeStamp() > input.duration; });
 }
 
 ZLExportFinding ZLExportFindings::anyAfterTheFinishedSpans(const ZLExportInput& input)
 {
-    return chaptersThat(
-        input, [&](const ZLChapter& chapter) { return chapter.timeStamp() > input.duration; }, ChaptersLookedAt::All);
+    return ZLNumberedChapters::that(
+        input, [&](const ZLChapter& chapter) { return chapter.timeStamp() > input.duration; },
+        ZLNumberedChapters::Which::All);
 }
 
 ZLExportFinding ZLExportFindings::beyond32Bits(const ZLExportInput& input)
 {
     constexpr double lastMillisecond = std::numeric_limits<std::int32_t>::max();
-    return chaptersThat(
+    return ZLNumberedChapters::that(
         input, [](const ZLChapter& chapter) { return chapter.timeStamp() * 1000.0 > lastMillisecond; },
-        ChaptersLookedAt::All);
+        ZLNumberedChapters::Which::All);
 }
 
 ZLExportFinding ZLExportFindings::recordingGoesOn(const ZLExportInput& input)
@@ -260,82 +233,87 @@ ZLExportFinding ZLExportFindings::tooLongForYouTube(const ZLExportInput& input)
 
 ZLExportFinding ZLExportFindings::angleBracketsInTitles(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) { return holdsAnyOf(chapter.title(), "<>"_L1); });
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return holdsAnyOf(chapter.title(), "<>"_L1); });
 }
 
 ZLExportFinding ZLExportFindings::links(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) { return !chapter.link().isEmpty(); });
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) { return !chapter.link().isEmpty(); });
 }
 
 ZLExportFinding ZLExportFindings::lineBreaks(const ZLExportInput& input)
 {
-    return chaptersThat(input,
+    return ZLNumberedChapters::that(input,
         [](const ZLChapter& chapter) { return holdsLineBreak(chapter.title()) || holdsLineBreak(chapter.link()); });
 }
 
 ZLExportFinding ZLExportFindings::lineBreaksInTitles(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) { return holdsLineBreak(chapter.title()); });
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) { return holdsLineBreak(chapter.title()); });
 }
 
 ZLExportFinding ZLExportFindings::commasInTitles(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) { return chapter.title().contains(u','); });
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) { return chapter.title().contains(u','); });
 }
 
 ZLExportFinding ZLExportFindings::emptyTitles(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) { return chapter.title().trimmed().isEmpty(); });
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return chapter.title().trimmed().isEmpty(); });
 }
 
 ZLExportFinding ZLExportFindings::markdownInTitles(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) { return holdsAnyOf(chapter.title(), "*_`[]<\\"_L1); });
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return holdsAnyOf(chapter.title(), "*_`[]<\\"_L1); });
 }
 
 ZLExportFinding ZLExportFindings::brokenMarkdownLinks(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) {
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) {
         return holdsAnyOf(chapter.link(), " \t<>"_L1) || chapter.link().count(u'(') != chapter.link().count(u')');
     });
 }
 
 ZLExportFinding ZLExportFindings::unescapedMarkup(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) {
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) {
         return holdsAnyOf(chapter.title(), "<\""_L1) || holdsAnyOf(chapter.link(), "<\""_L1);
     });
 }
 
 ZLExportFinding ZLExportFindings::forbiddenInXml(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) {
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) {
         return holdsForbiddenInXml(chapter.title()) || holdsForbiddenInXml(chapter.link());
     });
 }
 
 ZLExportFinding ZLExportFindings::anyTitleForbiddenInXml(const ZLExportInput& input)
 {
-    return chaptersThat(
-        input, [](const ZLChapter& chapter) { return holdsForbiddenInXml(chapter.title()); }, ChaptersLookedAt::All);
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return holdsForbiddenInXml(chapter.title()); },
+        ZLNumberedChapters::Which::All);
 }
 
 ZLExportFinding ZLExportFindings::controlCharacters(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) {
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) {
         return holdsAny(chapter.title(), isControlCharacter) || holdsAny(chapter.link(), isControlCharacter);
     });
 }
 
 ZLExportFinding ZLExportFindings::controlCharactersInTitles(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) { return holdsAny(chapter.title(), isControlCharacter); });
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return holdsAny(chapter.title(), isControlCharacter); });
 }
 
 ZLExportFinding ZLExportFindings::controlCharactersThatXmlTakes(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) {
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) {
         return holdsAny(chapter.title(), isControlCharacterThatXmlTakes)
             || holdsAny(chapter.link(), isControlCharacterThatXmlTakes);
     });
@@ -343,26 +321,27 @@ ZLExportFinding ZLExportFindings::controlCharactersThatXmlTakes(const ZLExportIn
 
 ZLExportFinding ZLExportFindings::anyTitleWithControlCharactersThatXmlTakes(const ZLExportInput& input)
 {
-    return chaptersThat(
+    return ZLNumberedChapters::that(
         input, [](const ZLChapter& chapter) { return holdsAny(chapter.title(), isControlCharacterThatXmlTakes); },
-        ChaptersLookedAt::All);
+        ZLNumberedChapters::Which::All);
 }
 
 ZLExportFinding ZLExportFindings::brokenCharacters(const ZLExportInput& input)
 {
-    return chaptersThat(input,
+    return ZLNumberedChapters::that(input,
         [](const ZLChapter& chapter) { return !chapter.title().isValidUtf16() || !chapter.link().isValidUtf16(); });
 }
 
 ZLExportFinding ZLExportFindings::brokenCharactersInTitles(const ZLExportInput& input)
 {
-    return chaptersThat(input, [](const ZLChapter& chapter) { return !chapter.title().isValidUtf16(); });
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) { return !chapter.title().isValidUtf16(); });
 }
 
 ZLExportFinding ZLExportFindings::anyTitleWithBrokenCharacters(const ZLExportInput& input)
 {
-    return chaptersThat(
-        input, [](const ZLChapter& chapter) { return !chapter.title().isValidUtf16(); }, ChaptersLookedAt::All);
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return !chapter.title().isValidUtf16(); },
+        ZLNumberedChapters::Which::All);
 }
 
 ZLExportFinding ZLExportFindings::markupInFileName(const ZLExportInput& input)
@@ -383,7 +362,7 @@ ZLExportFinding ZLExportFindings::inTheSessionAlready(const ZLExportInput& input
     const auto markers = ZLSessionMarkers::in(input.existingBytes);
     if (markers.isEmpty())
         return std::nullopt;
-    return chaptersThat(input, [&markers](const ZLChapter& chapter) {
+    return ZLNumberedChapters::that(input, [&markers](const ZLChapter& chapter) {
         const double milliseconds = ZLHindenburgExporter::markerTime(chapter).toDouble() * 1000.0;
         constexpr double longest = 1e15;
         return std::fabs(milliseconds) < longest && markers.contains({ std::llround(milliseconds), chapter.title() });

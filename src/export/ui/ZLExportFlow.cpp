@@ -114,7 +114,7 @@ void ZLExportFlow::updateAdvice()
     ZLExportInput input = inputFor(path);
     if (format.dialogKind == ZLExportDialogKind::Open)
         input.existingBytes = m_session.bytesOf(path);
-    m_adviceView->setLines(ZLExportAdvice::lines(format.name, input));
+    m_adviceView->setLines(ZLExportAdvice::lines(m_exporterClass, input));
 }
 
 void ZLExportFlow::dialogDidFinish(int result)

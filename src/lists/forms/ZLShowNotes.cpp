@@ -6,11 +6,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString usualPattern()
-{
-    return u"({time}) {title} {link}"_s;
-}
-
 /// What stands in the place of `{name}`; absent for a name that is none.
 std::optional<QString> valueOf(QStringView name, const ZLListedChapter& chapter, qsizetype number)
 {
@@ -43,7 +38,7 @@ QString lineFor(QStringView pattern, const ZLListedChapter& chapter, qsizetype n
 
 QByteArray write(const ZLListToWrite& list)
 {
-    const QString pattern = list.linePattern.isEmpty() ? usualPattern() : list.linePattern;
+    const QString pattern = list.linePattern.isEmpty() ? ZLShowNotes::usualPattern() : list.linePattern;
     QString text;
     for (qsizetype i = 0; i < list.chapters.size(); ++i)
         text += lineFor(pattern, list.chapters.at(i), i + 1) + u'\n';
@@ -61,4 +56,9 @@ ZLListForm ZLShowNotes::form()
         .recognises = nullptr,
         .read = nullptr,
         .write = write };
+}
+
+QString ZLShowNotes::usualPattern()
+{
+    return u"({time}) {title} {link}"_s;
 }

@@ -7,4 +7,7 @@ namespace ZLShowNotes {
 
 [[nodiscard]] ZLListForm form();
 
+/// The pattern of a list that brings none: "({time}) {title} {link}".
+[[nodiscard]] QString usualPattern();
+
 }

@@ -575,6 +575,22 @@
         <translation>--new und --headless gehen nicht zusammen.</translation>
     </message>
     <message>
+        <source>--item needs a number from 1 on.</source>
+        <translation>--item braucht eine Zahl ab 1.</translation>
+    </message>
+    <message>
+        <source>--pattern needs a text, such as &quot;({time}) {title} {link}&quot;.</source>
+        <translation>--pattern braucht einen Text, etwa „({time}) {title} {link}“.</translation>
+    </message>
+    <message>
+        <source>&quot;import&quot; needs --output with the document to make.</source>
+        <translation>„import“ braucht --output mit dem Dokument, das entstehen soll.</translation>
+    </message>
+    <message>
+        <source>&quot;import&quot; needs exactly one file to read.</source>
+        <translation>„import“ braucht genau eine Datei zum Lesen.</translation>
+    </message>
+    <message>
         <source>Usage:
   zelta [--new] [FILE…]                open documents in windows, with --new a new one too
   zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record starts the clock at once;
@@ -584,10 +600,14 @@
   zelta send ACTION [--osc-port N]     give the running recorder a command, by default the one of this user;
                                        with --osc-port the one on that port of this computer
 %1  zelta formats                        list the export formats: name, tab, file type
-  zelta export --format NAME [--option] --output OUT FILE
+  zelta export --format NAME [--option] [--pattern TEXT] --output OUT FILE
                                        write the chapters of FILE to OUT, - for the standard output; --option
-                                       ticks the format&apos;s checkbox
-  zelta show [--json] FILE             print the chapters of FILE, a document or an audio file
+                                       ticks the format&apos;s checkbox, --pattern is a line of Show Notes such as
+                                       &quot;({time}) {title} {link}&quot;
+  zelta import [--shift SECONDS] [--item N] [--add] --output OUT FILE
+                                       make the document OUT of the chapters in FILE, a list or an audio file; with
+                                       --add, add them to OUT; --item chooses in a feed with several shows
+  zelta show [--json] [--item N] FILE  print the chapters of FILE, a document, an audio file or a list
   zelta write [--shift SECONDS] [--output OUT] FILE AUDIO…
                                        put the chapters of FILE into each audio file in place of its own,
                                        with --output into a copy of the one that is given
@@ -604,10 +624,15 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
   zelta send AKTION [--osc-port N]     gibt dem laufenden Rekorder einen Befehl, sonst dem dieses Benutzers;
                                        mit --osc-port dem an diesem Port dieses Computers
 %1  zelta formats                        zählt die Exportformate auf: Name, Tabulator, Dateityp
-  zelta export --format NAME [--option] --output ZIEL DATEI
+  zelta export --format NAME [--option] [--pattern TEXT] --output ZIEL DATEI
                                        schreibt die Kapitel von DATEI nach ZIEL, - für die Standardausgabe;
-                                       --option setzt das Häkchen des Formats
-  zelta show [--json] DATEI            gibt die Kapitel von DATEI aus, einem Dokument oder einer Audiodatei
+                                       --option setzt das Häkchen des Formats, --pattern ist eine Zeile von
+                                       Show Notes, etwa „({time}) {title} {link}“
+  zelta import [--shift SEKUNDEN] [--item N] [--add] --output ZIEL DATEI
+                                       macht aus den Kapiteln in DATEI, einer Liste oder Audiodatei, das Dokument
+                                       ZIEL; --add fügt sie zu ZIEL hinzu; --item wählt in einem Feed mit
+                                       mehreren Sendungen
+  zelta show [--json] [--item N] DATEI gibt die Kapitel von DATEI aus, einem Dokument, einer Audiodatei oder Liste
   zelta write [--shift SEKUNDEN] [--output ZIEL] DATEI AUDIO…
                                        schreibt die Kapitel von DATEI in jede Audiodatei, anstelle der eigenen,
                                        mit --output in eine Kopie der einen, die angegeben ist
@@ -1022,14 +1047,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 <context>
     <name>ZLExportFindings</name>
     <message>
-        <source>chapter %1</source>
-        <translation>Kapitel %1</translation>
-    </message>
-    <message>
-        <source>%1 more</source>
-        <translation>%1 weitere</translation>
-    </message>
-    <message>
         <source>chapters %1 and %2</source>
         <translation>Kapitel %1 und %2</translation>
     </message>
@@ -1158,6 +1175,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>&quot;%1&quot; rewrites a session, so --output needs its file.</source>
         <translation>„%1“ schreibt eine Session um, deshalb braucht --output deren Datei.</translation>
     </message>
+    <message>
+        <source>The format &quot;%1&quot; has no line pattern.</source>
+        <translation>Das Format „%1“ hat kein Zeilenmuster.</translation>
+    </message>
 </context>
 <context>
     <name>ZLFileMenu</name>
@@ -1228,10 +1249,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 <context>
     <name>ZLFileWords</name>
     <message>
-        <source>The commands are export, formats, send and show; &quot;zelta --help&quot; explains them.</source>
-        <translation>Die Befehle sind export, formats, send und show; „zelta --help“ erklärt sie.</translation>
-    </message>
-    <message>
         <source>Did you mean %1?</source>
         <translation>War %1 gemeint?</translation>
     </message>
@@ -1246,6 +1263,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>&quot;%1&quot; is neither a file nor a command.</source>
         <translation>„%1“ ist weder eine Datei noch ein Befehl.</translation>
+    </message>
+    <message>
+        <source>The commands are export, formats, import, send, show and write; &quot;zelta --help&quot; explains them.</source>
+        <translation>Die Befehle sind export, formats, import, send, show und write; „zelta --help“ erklärt sie.</translation>
     </message>
 </context>
 <context>
@@ -1625,6 +1646,29 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLImportCommand</name>
+    <message>
+        <source>There are %1 shows in it, choose one with --item: %2.</source>
+        <translation>Darin sind %1 Sendungen, --item wählt eine aus: %2.</translation>
+    </message>
+    <message>
+        <source>There is no show %1 in it: %2.</source>
+        <translation>Eine Sendung %1 ist nicht darin: %2.</translation>
+    </message>
+    <message>
+        <source>%1 is there already; --add adds the chapters to it.</source>
+        <translation>%1 gibt es schon; --add fügt die Kapitel dort hinzu.</translation>
+    </message>
+    <message>
+        <source>%1: a document cannot be added to itself.</source>
+        <translation>%1: Ein Dokument kann nicht zu sich selbst hinzugefügt werden.</translation>
+    </message>
+    <message>
+        <source>Chapters read as %2: %1.</source>
+        <translation>Als %2 gelesene Kapitel: %1.</translation>
+    </message>
+</context>
+<context>
     <name>ZLImportNews</name>
     <message>
         <source>1 template imported</source>
@@ -1645,6 +1689,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Import the %1 Lines</source>
         <translation>Die %1 Zeilen importieren</translation>
+    </message>
+</context>
+<context>
+    <name>ZLImportPlan</name>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
     </message>
 </context>
 <context>
@@ -1971,6 +2022,61 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLListAdvice</name>
+    <message>
+        <source>No enabled chapters: the file will hold none.</source>
+        <translation>Keine aktiven Kapitel: Die Datei wird keine enthalten.</translation>
+    </message>
+    <message>
+        <source>Chapters before the start are left out: see %1.</source>
+        <translation>Kapitel vor dem Beginn werden weggelassen: siehe %1.</translation>
+    </message>
+    <message>
+        <source>Players never reach chapters after the end of the recording: see %1.</source>
+        <translation>Kapitel nach dem Ende der Aufnahme erreicht kein Player: siehe %1.</translation>
+    </message>
+    <message>
+        <source>Players show one of two chapters with the same time: %1.</source>
+        <translation>Von zwei Kapiteln mit derselben Zeit zeigen Player eines: %1.</translation>
+    </message>
+    <message>
+        <source>There is no title in %1.</source>
+        <translation>Ein Titel fehlt in %1.</translation>
+    </message>
+    <message>
+        <source>A broken character is written as a replacement sign: there is one in %1.</source>
+        <translation>Ein kaputtes Zeichen wird als Ersatzzeichen geschrieben: Eines ist in %1.</translation>
+    </message>
+    <message>
+        <source>Many programs read a CUE sheet only up to 99 minutes: see %1.</source>
+        <translation>Viele Programme lesen ein CUE-Sheet nur bis 99 Minuten: siehe %1.</translation>
+    </message>
+    <message>
+        <source>This format has no links: the link is left out in %1.</source>
+        <translation>Dieses Format kennt keine Links: Der Link wird weggelassen in %1.</translation>
+    </message>
+    <message>
+        <source>A line break becomes a blank: there is one in %1.</source>
+        <translation>Ein Zeilenumbruch wird zum Leerzeichen: Einer ist in %1.</translation>
+    </message>
+    <message>
+        <source>A control character becomes a blank: there is one in %1.</source>
+        <translation>Ein Steuerzeichen wird zum Leerzeichen: Eines ist in %1.</translation>
+    </message>
+    <message>
+        <source>Chapter readers misread &lt; and &gt; as a link: there is one in the title of %1.</source>
+        <translation>Programme lesen &lt; und &gt; als Link: Eines davon ist im Titel von %1.</translation>
+    </message>
+    <message>
+        <source>A double quote becomes a single one: there is one in %1.</source>
+        <translation>Ein doppeltes Anführungszeichen wird zum einfachen: Eines ist in %1.</translation>
+    </message>
+    <message>
+        <source>A sheet holds 99 chapters at most; the others are left out, from %1 on.</source>
+        <translation>Ein Sheet fasst höchstens 99 Kapitel; die übrigen werden weggelassen, ab %1.</translation>
+    </message>
+</context>
+<context>
     <name>ZLListForms</name>
     <message>
         <source>This was read as %1. It could also be %2.</source>
@@ -2150,6 +2256,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>This window system has no global shortcuts.</source>
         <translation>Dieses Fenstersystem hat keine globalen Kürzel.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLNumberedChapters</name>
+    <message>
+        <source>chapter %1</source>
+        <translation>Kapitel %1</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <translation>%1 weitere</translation>
+    </message>
+    <message>
+        <source>chapters %1 and %2</source>
+        <translation>Kapitel %1 und %2</translation>
     </message>
 </context>
 <context>

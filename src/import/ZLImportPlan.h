@@ -1,0 +1,30 @@
+#pragma once
+
+#include "import/ZLImportSource.h"
+#include "model/ZLChapter.h"
+
+/// What a person chooses about an import.
+struct ZLImportChoices {
+    /// Which of several shows, from 0.
+    qsizetype item = 0;
+    /// Seconds by which all chapters come later.
+    double shift = 0.0;
+    bool replacesChapters = false;
+    bool makesTemplates = false;
+};
+
+/// What an import brings, after the choices. Nothing has been changed yet.
+struct ZLImportPlan {
+    /// In ascending order of time. Those before the start are disabled.
+    ZLChapterSequence chapters {};
+    /// Texts without a time that become prepared chapters.
+    QStringList templates {};
+    /// What was not understood, or has to be known, of the text and of the chosen show.
+    QList<ZLListRemark> remarks {};
+
+    /// `choices.item` has to be one of the source's lists.
+    [[nodiscard]] static ZLImportPlan make(const ZLImportSource& source, const ZLImportChoices& choices);
+
+    /// "Line 3: This line was not understood."
+    [[nodiscard]] static QString remarkText(const ZLListRemark& remark);
+};

@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMarks = 200;
+constexpr std::chrono::milliseconds kSyncPatience { 10000 };
 
 double millisecondsSince(std::chrono::steady_clock::time_point start)
 {
@@ -55,7 +56,7 @@ void measure(int chapterCount, const QString& folder)
     journal.begin(path, {}, {}, document.dataOfType());
     QObject::connect(&document, &ZLChapterDocument::changed, &journal, &ZLDocumentJournal::note);
     document.startRecordingWithTime(1.0);
-    journal.file()->waitUntilSynced();
+    journal.file()->waitUntilSynced(kSyncPatience);
     const int bare = open(QFile::encodeName(path + u".bare"_s).constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     Samples command;
     Samples onDisk;
@@ -65,7 +66,7 @@ void measure(int chapterCount, const QString& folder)
         const auto start = std::chrono::steady_clock::now();
         document.addChapterButtonPressed();
         command.values.push_back(millisecondsSince(start));
-        journal.file()->waitUntilSynced();
+        journal.file()->waitUntilSynced(kSyncPatience);
         onDisk.values.push_back(millisecondsSince(start));
         const QByteArray bytes(journal.file()->size() - sizeBefore, 'x');
         const auto bareStart = std::chrono::steady_clock::now();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/ZLSleepWhileRecording.h"
+#include "document/recording/ZLSleepWhileRecording.h"
 
 #include <QCoreApplication>
 #include <QList>

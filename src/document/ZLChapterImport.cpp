@@ -21,7 +21,7 @@ void selectChapter(ZLChapterDocument& document, const ZLChapterPointer& wanted, 
 
 void exchangeChapters(ZLChapterDocument& document, const ZLChapterSequence& chapters)
 {
-    Q_EMIT document.typedTextShouldBeCommitted();
+    Q_EMIT document.typing().typedTextShouldBeCommitted();
     const ZLUndoGroup group(document.undoManager());
     ZLChapterManager& manager = document.chapterManager();
     const ZLChapterSequence former = manager.allChapters();

@@ -93,7 +93,7 @@ public:
     /// A random UUID in upper-case hexadecimal digits with hyphens.
     [[nodiscard]] static QString generateUUID();
 
-    /// 1 January of the year 1 in the Julian calendar, UTC: stands for a moment that nobody knows.
+    /// 1 January of the year 1 in the Julian calendar, UTC: stands for a moment that is not known.
     [[nodiscard]] static QDateTime distantPast();
 
 private:

@@ -41,14 +41,16 @@ ALLOWED = {
     "settings": "platform",
     "templates": "platform model",
     "templates/ui": "templates",
-    "document/shared": "platform model",
-    "document": "document/shared platform platform/activity platform/archive platform/notification platform/sound model lists settings"
-    " templates",
-    "document/saving": "platform platform/archive model document",
-    "document/ui/table": "settings templates/ui document",
-    "document/ui/menus": "model settings document document/ui/table",
-    "document/ui": "platform platform/window resources model settings templates templates/ui document document/ui/table"
-    " document/ui/menus",
+    "document/shared": "platform platform/notification platform/sound model",
+    "document/recording": "platform platform/activity model settings document/shared",
+    "document/editing": "platform model settings templates document/shared document/recording",
+    "document": "platform platform/archive model lists settings templates document/shared document/recording"
+    " document/editing",
+    "document/saving": "platform platform/archive model document document/recording",
+    "document/ui/table": "settings templates/ui document document/editing",
+    "document/ui/menus": "model settings document document/editing document/ui/table",
+    "document/ui": "platform platform/window resources model settings templates templates/ui document document/editing"
+    " document/ui/table document/ui/menus",
     "remote": "platform platform/dnssd platform/hotkey platform/osc model settings document",
     "remote/ui": "platform/dnssd platform/osc platform/window settings templates/ui document/ui remote",
     "export": "platform model",
@@ -59,7 +61,7 @@ ALLOWED = {
     "import": "platform platform/media/file model lists/forms document",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings",
     "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model settings"
-    " document document/saving remote export export/formats delivery import",
+    " document document/recording document/saving remote export export/formats delivery import",
     "app/ui/look": "templates/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "document/saving document/ui app",

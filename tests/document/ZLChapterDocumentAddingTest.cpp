@@ -117,7 +117,7 @@ TEST_F(ZLChapterDocumentAddingTest, ATemplateThatIsAddedAgainKeepsTheTimeOfItsFi
 
 TEST_F(ZLChapterDocumentAddingTest, ANewChapterIsSelectedAndOpenedOnlyInTheActiveProgram)
 {
-    const QSignalSpy edits(&m_document, &ZLChapterDocument::wantsEditing);
+    const QSignalSpy edits(&m_document.typing(), &ZLTypingRequests::wantsEditing);
     addChapterAt(50.0);
     addChapterAt(10.0);
     EXPECT_EQ(m_document.selectedRow(), 0);

@@ -96,7 +96,7 @@ TEST_F(ZLChapterDocumentRemovingTest, TheLastChapterIsTheLatestAndNotTheOneAdded
 
 TEST_F(ZLChapterDocumentRemovingTest, CommandsWithoutAChapterDoNothingAndLeaveNoStep)
 {
-    const QSignalSpy edits(&m_document, &ZLChapterDocument::wantsEditing);
+    const QSignalSpy edits(&m_document.typing(), &ZLTypingRequests::wantsEditing);
     m_document.deleteButtonPressed();
     m_document.deleteLastChapter();
     m_document.selectLastChapter();
@@ -150,9 +150,10 @@ TEST_F(ZLChapterDocumentRemovingTest, TitleAndLinkOfTheSelectedRowAreOpened)
     addChapterAt(2.0);
     select(0);
     QStringList opened;
-    QObject::connect(&m_document, &ZLChapterDocument::wantsEditing, &m_document, [&opened](const QModelIndex& index) {
-        opened.append(QString::number(index.row()) + ZLChapterTableModel::columnIdentifier(index.column()));
-    });
+    QObject::connect(
+        &m_document.typing(), &ZLTypingRequests::wantsEditing, &m_document, [&opened](const QModelIndex& index) {
+            opened.append(QString::number(index.row()) + ZLChapterTableModel::columnIdentifier(index.column()));
+        });
     m_document.editCurrentTitle();
     m_document.editCurrentLink();
     EXPECT_EQ(opened, QStringList({ u"0title"_s, u"0link"_s }));

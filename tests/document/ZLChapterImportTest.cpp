@@ -71,7 +71,7 @@ TEST_F(ZLChapterImportTest, LeavesARunningClockAloneAndLetsMarksCome)
     m_document.addNewBlankChapter();
     const ZLChapterPointer marked = chapters().chapterAtIndex(0);
     int editings = 0;
-    QObject::connect(&m_document, &ZLChapterDocument::wantsEditing, &m_document, [&] { ++editings; });
+    QObject::connect(&m_document.typing(), &ZLTypingRequests::wantsEditing, &m_document, [&] { ++editings; });
     import(ZLChapterImport::Way::Add);
     EXPECT_TRUE(m_document.isRecording());
     EXPECT_EQ(m_document.currentDuration(), 20.0);

@@ -1,5 +1,5 @@
 // Text from anywhere as a time that somebody typed.
-#include "document/ZLTimeEntry.h"
+#include "document/editing/ZLTimeEntry.h"
 
 #include <QString>
 

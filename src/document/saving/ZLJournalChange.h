@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/ZLInterruptedRecording.h"
+#include "document/recording/ZLInterruptedRecording.h"
 #include "platform/ZLResult.h"
 
 #include <QByteArray>

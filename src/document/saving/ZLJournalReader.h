@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/ZLDocumentFile.h"
-#include "document/ZLInterruptedRecording.h"
+#include "document/recording/ZLInterruptedRecording.h"
 #include "platform/ZLResult.h"
 
 #include <QByteArrayView>

@@ -2,7 +2,7 @@
 
 #include "document/shared/ZLDocumentChange.h"
 
-/// Keeps what changes in a document. The document calls it before it tells anybody else, so that nobody hears of a
+/// Keeps what changes in a document. The document calls it before it sends a signal, so a listener never hears of a
 /// change that a crash could take back.
 class ZLChangeRecorder {
 public:

@@ -5,8 +5,8 @@
 
 #include <QObject>
 
-/// Gathers what a command changes and tells it once, when the command's undo group has ended: the recorder first, then
-/// everybody who is connected. A change outside of any command is told at once.
+/// Gathers what a command changes and tells it once, when the command's undo group has ended: the recorders first, then
+/// the listeners. A change outside of any command is told at once.
 class ZLDocumentChanges : public QObject {
     Q_OBJECT
 

@@ -184,7 +184,7 @@ void ZLChapterDocumentWindow::connectDocument()
 {
     connect(&m_document, &ZLChapterDocument::displayDidUpdate, this, &ZLChapterDocumentWindow::updateClock);
     connect(&m_document, &ZLChapterDocument::changed, this, &ZLChapterDocumentWindow::showChange);
-    connect(&m_document, &ZLChapterDocument::invalidTimestampEntered, this,
+    connect(&m_document.typing(), &ZLTypingRequests::invalidTimestampEntered, this,
         &ZLChapterDocumentWindow::showInvalidTimestampAlert);
     connect(&m_document, &ZLChapterDocument::editedStateDidChange, this, &ZLChapterDocumentWindow::updateTitle);
     connect(&m_document, &ZLChapterDocument::displayNameDidChange, this, &ZLChapterDocumentWindow::updateTitle);

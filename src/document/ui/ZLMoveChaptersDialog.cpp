@@ -1,6 +1,6 @@
 #include "document/ui/ZLMoveChaptersDialog.h"
 
-#include "document/ZLTimeEntry.h"
+#include "document/editing/ZLTimeEntry.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

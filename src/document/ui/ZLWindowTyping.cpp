@@ -14,8 +14,9 @@ ZLWindowTyping::ZLWindowTyping(ZLChapterDocument& document, ZLChapterTableView& 
     , m_table(table)
     , m_drawer(drawer)
 {
-    connect(&document, &ZLChapterDocument::typedTextShouldBeCommitted, this, &ZLWindowTyping::prepareForCommand);
-    connect(&document, &ZLChapterDocument::wantsEditing, this, &ZLWindowTyping::beginEditing);
+    connect(
+        &document.typing(), &ZLTypingRequests::typedTextShouldBeCommitted, this, &ZLWindowTyping::prepareForCommand);
+    connect(&document.typing(), &ZLTypingRequests::wantsEditing, this, &ZLWindowTyping::beginEditing);
 }
 
 void ZLWindowTyping::commit()

@@ -1,6 +1,6 @@
 #include "document/ui/menus/ZLInsertChapterDialog.h"
 
-#include "document/ZLTimeEntry.h"
+#include "document/editing/ZLTimeEntry.h"
 #include "model/ZLChapter.h"
 
 #include <QDialogButtonBox>

@@ -1,7 +1,7 @@
 #include "document/ui/table/ZLChapterCellDelegate.h"
 
-#include "document/ZLChapterTableModel.h"
-#include "document/ZLTimeEntry.h"
+#include "document/editing/ZLChapterTableModel.h"
+#include "document/editing/ZLTimeEntry.h"
 #include "document/ui/table/ZLChapterTableHeader.h"
 #include "settings/ZLSettingsManager.h"
 #include "templates/ui/ZLQuietColor.h"

@@ -1,6 +1,6 @@
 #include "document/ui/table/ZLChapterColumnLayout.h"
 
-#include "document/ZLChapterTableModel.h"
+#include "document/editing/ZLChapterTableModel.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QHeaderView>

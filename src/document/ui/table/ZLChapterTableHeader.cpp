@@ -1,6 +1,6 @@
 #include "document/ui/table/ZLChapterTableHeader.h"
 
-#include "document/ZLChapterTableModel.h"
+#include "document/editing/ZLChapterTableModel.h"
 
 #include <QStyleOptionHeader>
 

@@ -1,7 +1,7 @@
 #include "document/ui/table/ZLChapterTableView.h"
 
 #include "document/ZLChapterDocument.h"
-#include "document/ZLTimeEntry.h"
+#include "document/editing/ZLTimeEntry.h"
 #include "document/ui/table/ZLChapterCellDelegate.h"
 #include "document/ui/table/ZLChapterColumnLayout.h"
 #include "document/ui/table/ZLChapterTableHeader.h"
@@ -74,7 +74,7 @@ void ZLChapterTableView::configure()
 void ZLChapterTableView::showDocument(ZLChapterDocument& document)
 {
     m_document = &document;
-    connect(&document, &ZLChapterDocument::chapterIsAboutToGo, this, &ZLChapterTableView::dropTimeTypedInRow);
+    connect(&document.typing(), &ZLTypingRequests::chapterIsAboutToGo, this, &ZLChapterTableView::dropTimeTypedInRow);
     setModel(&document.tableModel());
     const QItemSelectionModel* unused = selectionModel();
     setSelectionModel(&document.selectionModel());

@@ -1,7 +1,7 @@
-#include "document/ZLChapterTableModel.h"
+#include "document/editing/ZLChapterTableModel.h"
 
-#include "document/ZLChapterDocument.h"
-#include "document/ZLTimeEntry.h"
+#include "document/editing/ZLChapterEditing.h"
+#include "document/editing/ZLTimeEntry.h"
 #include "platform/ZLShownText.h"
 #include "settings/ZLSettingsManager.h"
 
@@ -18,11 +18,11 @@ constexpr qsizetype mostRowsByThemselves = 20;
 
 }
 
-ZLChapterTableModel::ZLChapterTableModel(ZLChapterDocument& document)
-    : m_document(document)
+ZLChapterTableModel::ZLChapterTableModel(ZLChapterEditing& editing)
+    : m_editing(editing)
 {
-    followRowsOf(document.chapterManager());
-    followOrderOf(document.chapterManager());
+    followRowsOf(editing.chapterManager());
+    followOrderOf(editing.chapterManager());
 }
 
 QString ZLChapterTableModel::columnIdentifier(int column)
@@ -100,10 +100,7 @@ bool ZLChapterTableModel::setData(const QModelIndex& index, const QVariant& valu
         return false;
     // A pointer of its own: the edit may reorder the list in which the other one lies.
     const ZLChapterPointer chapter = chapters().at(index.row());
-    const ZLUndoGroup group(m_document.undoManager());
-    const bool accepted = editChapter(chapter, index.column(), value);
-    m_document.informControllers();
-    return accepted;
+    return m_editing.takeTypedEntry([&] { return editChapter(chapter, index.column(), value); });
 }
 
 QVariant ZLChapterTableModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -184,7 +181,7 @@ void ZLChapterTableModel::refreshAllRows()
 
 void ZLChapterTableModel::refreshRowOf(const ZLChapterPointer& chapter, const ZLDocumentChange& change)
 {
-    const auto found = m_document.chapterManager().indexOfChapter(chapter);
+    const auto found = m_editing.chapterManager().indexOfChapter(chapter);
     if (!found)
         return;
     const int row = int(*found);
@@ -217,7 +214,7 @@ void ZLChapterTableModel::restorePersistentRows(const ZLChapterSequence& previou
     for (const QModelIndex& old : before) {
         auto row = rowBefore.constFind(old.row());
         if (row == rowBefore.constEnd()) {
-            const auto position = m_document.chapterManager().indexOfChapter(previousOrder.at(old.row()));
+            const auto position = m_editing.chapterManager().indexOfChapter(previousOrder.at(old.row()));
             row = rowBefore.insert(old.row(), int(position.value_or(0)));
         }
         after.append(index(*row, old.column()));
@@ -228,7 +225,7 @@ void ZLChapterTableModel::restorePersistentRows(const ZLChapterSequence& previou
 
 const ZLChapterSequence& ZLChapterTableModel::chapters() const
 {
-    return m_document.chapterManager().chapters();
+    return m_editing.chapterManager().chapters();
 }
 
 QString ZLChapterTableModel::textAt(const QModelIndex& index) const
@@ -281,15 +278,15 @@ bool ZLChapterTableModel::editChapter(const ZLChapterPointer& chapter, int colum
 {
     switch (column) {
     case EnabledColumn:
-        m_document.updateChapterToEnabledState(chapter, value.toInt() != Qt::Unchecked);
+        m_editing.updateChapterToEnabledState(chapter, value.toInt() != Qt::Unchecked);
         return true;
     case TimeColumn:
         return editTime(chapter, value.toString());
     case TitleColumn:
-        m_document.updateChapterToTitle(chapter, value.toString());
+        m_editing.updateChapterToTitle(chapter, value.toString());
         return true;
     case LinkColumn:
-        m_document.updateChapterToLink(chapter, value.toString());
+        m_editing.updateChapterToLink(chapter, value.toString());
         return true;
     default:
         return false;
@@ -303,14 +300,14 @@ bool ZLChapterTableModel::editTime(const ZLChapterPointer& chapter, const QStrin
         if (text == ZLTimeEntry::textFromDate(chapter->realDate()))
             return true;
         const qint64 shift = chapter->realDate().msecsTo(ZLTimeEntry::dateFromText(text));
-        m_document.updateChapterToTime(chapter, double(shift) / 1000.0 + chapter->timeStamp());
+        m_editing.updateChapterToTime(chapter, double(shift) / 1000.0 + chapter->timeStamp());
         return true;
     }
     const auto seconds = ZLTimeEntry::secondsFromText(text);
     if (!seconds) {
-        Q_EMIT m_document.invalidTimestampEntered(chapter, text);
+        m_editing.refuseTime(chapter, text);
         return false;
     }
-    m_document.updateChapterToTime(chapter, *seconds);
+    m_editing.updateChapterToTime(chapter, *seconds);
     return true;
 }

@@ -1,4 +1,4 @@
-#include "document/ZLRecordingClock.h"
+#include "document/recording/ZLRecordingClock.h"
 
 #include "support/ZLFakeHostClock.h"
 

@@ -5,9 +5,9 @@
 
 #include <QAbstractTableModel>
 
-class ZLChapterDocument;
+class ZLChapterEditing;
 
-/// A document's chapters as a table, one row a chapter in list order. Edits become the document's undoable commands.
+/// A document's chapters as a table, one row a chapter in list order. Edits become undoable commands.
 /// Rows follow the chapter list step by step, so that a change costs the same whatever the length of the list.
 class ZLChapterTableModel : public QAbstractTableModel {
     Q_OBJECT
@@ -18,8 +18,8 @@ public:
     /// Whether the row's chapter takes part in exports (bool), for dimming.
     static constexpr int ChapterEnabledRole = Qt::UserRole;
 
-    /// `document` owns the model.
-    explicit ZLChapterTableModel(ZLChapterDocument& document);
+    /// `editing` owns the model.
+    explicit ZLChapterTableModel(ZLChapterEditing& editing);
 
     /// "number", "enabled", "time", "duration", "title" or "link"; empty for any other column.
     [[nodiscard]] static QString columnIdentifier(int column);
@@ -53,5 +53,5 @@ private:
     bool editChapter(const ZLChapterPointer& chapter, int column, const QVariant& value);
     bool editTime(const ZLChapterPointer& chapter, const QString& text);
 
-    ZLChapterDocument& m_document;
+    ZLChapterEditing& m_editing;
 };

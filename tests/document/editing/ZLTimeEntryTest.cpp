@@ -1,4 +1,4 @@
-#include "document/ZLTimeEntry.h"
+#include "document/editing/ZLTimeEntry.h"
 
 #include "model/ZLChapter.h"
 #include "support/ZLTimeZone.h"

@@ -1,4 +1,4 @@
-#include "document/ZLChapterTableModel.h"
+#include "document/editing/ZLChapterTableModel.h"
 
 #include "support/ZLDocumentFixture.h"
 

@@ -1,4 +1,4 @@
-#include "document/ZLChapterTableModel.h"
+#include "document/editing/ZLChapterTableModel.h"
 
 #include "support/ZLChangeSpy.h"
 #include "support/ZLDocumentFixture.h"
@@ -137,7 +137,7 @@ TEST_F(ZLChapterTableModelTest, ATimeOfAnotherShapeIsRefusedAndChangesNothing)
 {
     const auto chapter = addChapterAt(10.0);
     history().removeAllActions();
-    const QSignalSpy alerts(&m_document, &ZLChapterDocument::invalidTimestampEntered);
+    const QSignalSpy alerts(&m_document.typing(), &ZLTypingRequests::invalidTimestampEntered);
     EXPECT_FALSE(enter(0, Model::TimeColumn, u"1:2"_s));
     EXPECT_EQ(alerts.size(), 1);
     EXPECT_EQ(chapter->timeStamp(), 10.0);
@@ -206,7 +206,7 @@ TEST_F(ZLChapterTableModelTest, AnAbsoluteTimeThatIsNoneCountsAsTheReferenceDate
     const auto chapter = addChapterAt(10.0);
     chapter->setRealDate(m_wallClock);
     Settings::setShowAbsoluteTime(true);
-    const QSignalSpy alerts(&m_document, &ZLChapterDocument::invalidTimestampEntered);
+    const QSignalSpy alerts(&m_document.typing(), &ZLTypingRequests::invalidTimestampEntered);
     EXPECT_TRUE(enter(0, Model::TimeColumn, u"tomorrow"_s));
     const QDateTime reference(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc());
     EXPECT_EQ(chapter->realDate(), reference);

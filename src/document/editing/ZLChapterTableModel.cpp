@@ -185,10 +185,17 @@ void ZLChapterTableModel::refreshRowOf(const ZLChapterPointer& chapter, const ZL
     if (!found)
         return;
     const int row = int(*found);
-    Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+    for (int column = 0; column < ColumnCount; ++column)
+        refreshCell(row, column);
     // The row before lasts until this one.
     if (row > 0 && change.concerns(ZLDocumentChange::Times))
-        Q_EMIT dataChanged(index(row - 1, DurationColumn), index(row - 1, DurationColumn));
+        refreshCell(row - 1, DurationColumn);
+}
+
+void ZLChapterTableModel::refreshCell(int row, int column)
+{
+    // Each cell by itself: a view paints all its rows anew for a range of cells.
+    Q_EMIT dataChanged(index(row, column), index(row, column));
 }
 
 void ZLChapterTableModel::refreshNeighboursOf(int row)

@@ -40,6 +40,7 @@ private:
     void followOrderOf(const ZLChapterManager& chapters);
     void refreshAllRows();
     void refreshRowOf(const ZLChapterPointer& chapter, const ZLDocumentChange& change);
+    void refreshCell(int row, int column);
     void refreshNeighboursOf(int row);
     /// After one row moved: those in between have other numbers, and the one before another duration.
     void refreshRowsBetween(int from, int to);

@@ -5,6 +5,7 @@
 #include <QDockWidget>
 #include <QHeaderView>
 #include <QInputMethodEvent>
+#include <QPaintEvent>
 #include <QSignalSpy>
 #include <QStyledItemDelegate>
 
@@ -12,6 +13,27 @@
 #include <limits>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Notes which part of a widget is painted.
+class PaintedRegion : public QObject {
+public:
+    explicit PaintedRegion(QWidget& widget) { widget.installEventFilter(this); }
+    [[nodiscard]] const QRegion& region() const { return m_region; }
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            m_region += static_cast<QPaintEvent*>(event)->region();
+        return QObject::eventFilter(watched, event);
+    }
+
+    QRegion m_region;
+};
+
+}
 
 class ZLChapterTableViewTest : public ZLWindowFixture { };
 
@@ -22,6 +44,19 @@ TEST_F(ZLChapterTableViewTest, ReturnWritesWhatWasTyped)
     EXPECT_EQ(titles(), QStringList { u"Hello"_s });
     EXPECT_EQ(history().undoActionName(), u"Change Title"_s);
     EXPECT_TRUE(table().hasFocus());
+}
+
+TEST_F(ZLChapterTableViewTest, AnEditedTitleRepaintsItsRowAlone)
+{
+    for (int row = 0; row < 5; ++row)
+        addChapterAt(double(row));
+    QCoreApplication::processEvents();
+    const PaintedRegion painted(*table().viewport());
+    m_document.updateChapterToTitle(chapters().chapterAtIndex(2), u"News"_s);
+    QCoreApplication::processEvents();
+    const QRect row(0, table().rowViewportPosition(2), table().viewport()->width(), table().rowHeight(2));
+    EXPECT_FALSE(painted.region().isEmpty());
+    EXPECT_TRUE(row.contains(painted.region().boundingRect())) << painted.region().boundingRect().height();
 }
 
 TEST_F(ZLChapterTableViewTest, ATitleOfAnyLengthIsEditedWhole)

@@ -11,9 +11,9 @@
 using namespace Qt::StringLiterals;
 using Settings = ZLSettingsManager;
 
-class ZLChapterDocumentEditingTest : public ZLChapterDocumentCommandsTest { };
+class ZLChapterEditingTest : public ZLChapterDocumentCommandsTest { };
 
-TEST_F(ZLChapterDocumentEditingTest, MovingBeforeTheStartDisablesAndOneUndoRestoresBoth)
+TEST_F(ZLChapterEditingTest, MovingBeforeTheStartDisablesAndOneUndoRestoresBoth)
 {
     const auto chapter = addChapterAt(3.0);
     chapter->setRealDate(m_wallClock);
@@ -32,7 +32,7 @@ TEST_F(ZLChapterDocumentEditingTest, MovingBeforeTheStartDisablesAndOneUndoResto
     expectUndoName(u"Move Chapters"_s);
 }
 
-TEST_F(ZLChapterDocumentEditingTest, MovingBackDoesNotEnableAgain)
+TEST_F(ZLChapterEditingTest, MovingBackDoesNotEnableAgain)
 {
     const auto chapter = addChapterAt(3.0);
     m_document.moveChaptersByMilliseconds(-5000.0F);
@@ -41,7 +41,7 @@ TEST_F(ZLChapterDocumentEditingTest, MovingBackDoesNotEnableAgain)
     EXPECT_FALSE(chapter->isEnabled());
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AMoveLeavesDisabledChaptersAsTheyWereWhenItIsUndone)
+TEST_F(ZLChapterEditingTest, AMoveLeavesDisabledChaptersAsTheyWereWhenItIsUndone)
 {
     const auto disabled = addChapterAt(1.0);
     const auto enabled = addChapterAt(2.0);
@@ -56,7 +56,7 @@ TEST_F(ZLChapterDocumentEditingTest, AMoveLeavesDisabledChaptersAsTheyWereWhenIt
     expectRedoName(u"Change Enabled"_s);
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AMoveWithoutDisablingIsNamedTheSameOnBothSides)
+TEST_F(ZLChapterEditingTest, AMoveWithoutDisablingIsNamedTheSameOnBothSides)
 {
     addChapterAt(3.0);
     addChapterAt(4.0);
@@ -67,14 +67,14 @@ TEST_F(ZLChapterDocumentEditingTest, AMoveWithoutDisablingIsNamedTheSameOnBothSi
     expectRedoName(u"Move Chapters"_s);
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AMoveIsComputedInSinglePrecision)
+TEST_F(ZLChapterEditingTest, AMoveIsComputedInSinglePrecision)
 {
     addChapterAt(0.0);
     m_document.moveChaptersByMilliseconds(100.0F);
     EXPECT_EQ(times(), QList<double>({ double(100.0F / 1000.0F) }));
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AMoveByNoNumberChangesNothing)
+TEST_F(ZLChapterEditingTest, AMoveByNoNumberChangesNothing)
 {
     addChapterAt(3.0);
     history().removeAllActions();
@@ -84,7 +84,7 @@ TEST_F(ZLChapterDocumentEditingTest, AMoveByNoNumberChangesNothing)
     EXPECT_FALSE(history().canUndo());
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AnUnchangedEnabledStateLeavesNoStep)
+TEST_F(ZLChapterEditingTest, AnUnchangedEnabledStateLeavesNoStep)
 {
     const auto chapter = addChapterAt(1.0);
     history().removeAllActions();
@@ -98,7 +98,7 @@ TEST_F(ZLChapterDocumentEditingTest, AnUnchangedEnabledStateLeavesNoStep)
     expectRedoName(u"Change Enabled"_s);
 }
 
-TEST_F(ZLChapterDocumentEditingTest, TitlesAndLinksAreChangedUndoneAndRedone)
+TEST_F(ZLChapterEditingTest, TitlesAndLinksAreChangedUndoneAndRedone)
 {
     const auto chapter = addChapterAt(1.0, u"Old"_s);
     m_document.updateChapterToTitle(chapter, u"New"_s);
@@ -117,7 +117,7 @@ TEST_F(ZLChapterDocumentEditingTest, TitlesAndLinksAreChangedUndoneAndRedone)
     EXPECT_EQ(chapter->link(), u"example.org"_s);
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AnUnchangedTitleTypedAnewIsAStepButTheVerySameTextIsNot)
+TEST_F(ZLChapterEditingTest, AnUnchangedTitleTypedAnewIsAStepButTheVerySameTextIsNot)
 {
     const QString typed = QString::number(2024);
     const auto chapter = addChapterAt(1.0, typed);
@@ -130,7 +130,7 @@ TEST_F(ZLChapterDocumentEditingTest, AnUnchangedTitleTypedAnewIsAStepButTheVeryS
     EXPECT_TRUE(history().canUndo());
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AnAbsentTitleBecomesAnEmptyOneAndBack)
+TEST_F(ZLChapterEditingTest, AnAbsentTitleBecomesAnEmptyOneAndBack)
 {
     const auto chapter = std::make_shared<ZLChapter>(QVariantMap {});
     m_document.addChapter(chapter);
@@ -140,7 +140,7 @@ TEST_F(ZLChapterDocumentEditingTest, AnAbsentTitleBecomesAnEmptyOneAndBack)
     EXPECT_TRUE(chapter->title().isNull());
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AnEditedTimeMovesTheDateAlong)
+TEST_F(ZLChapterEditingTest, AnEditedTimeMovesTheDateAlong)
 {
     const auto chapter = addChapterAt(60.0);
     chapter->setRealDate(m_wallClock);
@@ -154,7 +154,7 @@ TEST_F(ZLChapterDocumentEditingTest, AnEditedTimeMovesTheDateAlong)
     expectRedoName(u"Change Time"_s);
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AnEqualTimeLeavesNoStep)
+TEST_F(ZLChapterEditingTest, AnEqualTimeLeavesNoStep)
 {
     const auto chapter = addChapterAt(60.0);
     history().removeAllActions();
@@ -162,7 +162,7 @@ TEST_F(ZLChapterDocumentEditingTest, AnEqualTimeLeavesNoStep)
     EXPECT_FALSE(history().canUndo());
 }
 
-TEST_F(ZLChapterDocumentEditingTest, ATimeBeforeTheStartDisablesAndRenamesTheStep)
+TEST_F(ZLChapterEditingTest, ATimeBeforeTheStartDisablesAndRenamesTheStep)
 {
     const auto chapter = addChapterAt(60.0);
     history().removeAllActions();
@@ -182,7 +182,7 @@ TEST_F(ZLChapterDocumentEditingTest, ATimeBeforeTheStartDisablesAndRenamesTheSte
     }
 }
 
-TEST_F(ZLChapterDocumentEditingTest, ADisabledChapterBeforeTheStartKeepsTheNameOfTheTimeChange)
+TEST_F(ZLChapterEditingTest, ADisabledChapterBeforeTheStartKeepsTheNameOfTheTimeChange)
 {
     const auto chapter = addChapterAt(60.0);
     m_document.updateChapterToEnabledState(chapter, false);
@@ -190,7 +190,7 @@ TEST_F(ZLChapterDocumentEditingTest, ADisabledChapterBeforeTheStartKeepsTheNameO
     expectUndoName(u"Change Time"_s);
 }
 
-TEST_F(ZLChapterDocumentEditingTest, ATimeThatReordersTheListMovesOnlyItsOwnDate)
+TEST_F(ZLChapterEditingTest, ATimeThatReordersTheListMovesOnlyItsOwnDate)
 {
     const auto first = addChapterAt(10.0);
     const auto second = addChapterAt(20.0);
@@ -204,7 +204,7 @@ TEST_F(ZLChapterDocumentEditingTest, ATimeThatReordersTheListMovesOnlyItsOwnDate
     EXPECT_TRUE(first->isEnabled());
 }
 
-TEST_F(ZLChapterDocumentEditingTest, AChapterIsRemovedByThePointerThatLiesInTheList)
+TEST_F(ZLChapterEditingTest, AChapterIsRemovedByThePointerThatLiesInTheList)
 {
     addChapterAt(10.0, u"a"_s);
     addChapterAt(20.0, u"b"_s);
@@ -214,7 +214,7 @@ TEST_F(ZLChapterDocumentEditingTest, AChapterIsRemovedByThePointerThatLiesInTheL
     EXPECT_EQ(titles(), QStringList({ u"a"_s, u"b"_s }));
 }
 
-TEST_F(ZLChapterDocumentEditingTest, TimesBeyondAllDatesLeaveTheDateAlone)
+TEST_F(ZLChapterEditingTest, TimesBeyondAllDatesLeaveTheDateAlone)
 {
     const auto chapter = addChapterAt(60.0);
     chapter->setRealDate(m_wallClock);
@@ -226,7 +226,7 @@ TEST_F(ZLChapterDocumentEditingTest, TimesBeyondAllDatesLeaveTheDateAlone)
     }
 }
 
-TEST_F(ZLChapterDocumentEditingTest, ANewCommandMakesWhatWasUndoneUnreachable)
+TEST_F(ZLChapterEditingTest, ANewCommandMakesWhatWasUndoneUnreachable)
 {
     const auto chapter = addChapterAt(1.0);
     m_document.updateChapterToTitle(chapter, u"x"_s);
@@ -235,7 +235,7 @@ TEST_F(ZLChapterDocumentEditingTest, ANewCommandMakesWhatWasUndoneUnreachable)
     EXPECT_FALSE(history().canRedo());
 }
 
-TEST_F(ZLChapterDocumentEditingTest, EveryCommandIsOneStepAndAllOfThemGoBackToTheBeginning)
+TEST_F(ZLChapterEditingTest, EveryCommandIsOneStepAndAllOfThemGoBackToTheBeginning)
 {
     startAndAdvance(5.0);
     m_document.addChapterButtonPressed();
@@ -259,7 +259,7 @@ TEST_F(ZLChapterDocumentEditingTest, EveryCommandIsOneStepAndAllOfThemGoBackToTh
     EXPECT_EQ(m_document.dataOfType(), atTheEnd);
 }
 
-TEST_F(ZLChapterDocumentEditingTest, EveryCommandTellsTheControllersAndMarksTheDocument)
+TEST_F(ZLChapterEditingTest, EveryCommandTellsTheControllersAndMarksTheDocument)
 {
     const ZLChangeSpy informs(m_document, ZLDocumentChange::concerningControllers);
     const ZLChangeSpy contents(m_document, ZLDocumentChange::Contents);
@@ -272,7 +272,7 @@ TEST_F(ZLChapterDocumentEditingTest, EveryCommandTellsTheControllersAndMarksTheD
     EXPECT_EQ(informs.size(), before + 1);
 }
 
-TEST_F(ZLChapterDocumentEditingTest, TheAbsoluteTimeCommandInvertsTheSetting)
+TEST_F(ZLChapterEditingTest, TheAbsoluteTimeCommandInvertsTheSetting)
 {
     m_document.showAbsoluteTimePressed();
     EXPECT_TRUE(Settings::showAbsoluteTime());

@@ -6,9 +6,9 @@
 
 using namespace Qt::StringLiterals;
 
-class ZLChapterDocumentRemovingTest : public ZLChapterDocumentCommandsTest { };
+class ZLChapterEditingRemovingTest : public ZLChapterDocumentCommandsTest { };
 
-TEST_F(ZLChapterDocumentRemovingTest, DeletingInTheMiddleSelectsTheRowAbove)
+TEST_F(ZLChapterEditingRemovingTest, DeletingInTheMiddleSelectsTheRowAbove)
 {
     for (const double seconds : { 1.0, 2.0, 3.0 })
         addChapterAt(seconds);
@@ -23,7 +23,7 @@ TEST_F(ZLChapterDocumentRemovingTest, DeletingInTheMiddleSelectsTheRowAbove)
     expectRedoName(u"Create Chapter"_s);
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, DeletingTheFirstRowKeepsTheFirstRowSelected)
+TEST_F(ZLChapterEditingRemovingTest, DeletingTheFirstRowKeepsTheFirstRowSelected)
 {
     for (const double seconds : { 1.0, 2.0, 3.0 })
         addChapterAt(seconds);
@@ -33,7 +33,7 @@ TEST_F(ZLChapterDocumentRemovingTest, DeletingTheFirstRowKeepsTheFirstRowSelecte
     EXPECT_EQ(m_document.selectedRow(), 0);
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, DeletingAboveTheSelectionSelectsTheRowAboveTheGap)
+TEST_F(ZLChapterEditingRemovingTest, DeletingAboveTheSelectionSelectsTheRowAboveTheGap)
 {
     for (const double seconds : { 1.0, 2.0, 3.0, 4.0 })
         addChapterAt(seconds);
@@ -42,7 +42,7 @@ TEST_F(ZLChapterDocumentRemovingTest, DeletingAboveTheSelectionSelectsTheRowAbov
     EXPECT_EQ(m_document.selectedRow(), 1);
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, DeletingBelowTheSelectionSelectsTheRowThatCameUp)
+TEST_F(ZLChapterEditingRemovingTest, DeletingBelowTheSelectionSelectsTheRowThatCameUp)
 {
     for (const double seconds : { 1.0, 2.0, 3.0, 4.0 })
         addChapterAt(seconds);
@@ -52,7 +52,7 @@ TEST_F(ZLChapterDocumentRemovingTest, DeletingBelowTheSelectionSelectsTheRowThat
     EXPECT_EQ(chapters().chapterAtIndex(1)->timeStamp(), 3.0);
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, DeletingTheLastRowKeepsASelectionThatLiesAboveIt)
+TEST_F(ZLChapterEditingRemovingTest, DeletingTheLastRowKeepsASelectionThatLiesAboveIt)
 {
     for (const double seconds : { 1.0, 2.0, 3.0, 4.0 })
         addChapterAt(seconds);
@@ -62,7 +62,7 @@ TEST_F(ZLChapterDocumentRemovingTest, DeletingTheLastRowKeepsASelectionThatLiesA
     EXPECT_EQ(times(), QList<double>({ 1.0, 2.0, 3.0 }));
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, WhileTheSelectedRowGoesAnotherOneIsSelected)
+TEST_F(ZLChapterEditingRemovingTest, WhileTheSelectedRowGoesAnotherOneIsSelected)
 {
     for (const double seconds : { 1.0, 2.0, 3.0 })
         addChapterAt(seconds);
@@ -78,7 +78,7 @@ TEST_F(ZLChapterDocumentRemovingTest, WhileTheSelectedRowGoesAnotherOneIsSelecte
     EXPECT_EQ(rows.last(), -1) << "none is left";
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, DeletingTheOnlyChapterLeavesNoSelection)
+TEST_F(ZLChapterEditingRemovingTest, DeletingTheOnlyChapterLeavesNoSelection)
 {
     addChapterAt(1.0);
     m_document.deleteButtonPressed();
@@ -86,7 +86,7 @@ TEST_F(ZLChapterDocumentRemovingTest, DeletingTheOnlyChapterLeavesNoSelection)
     EXPECT_FALSE(m_document.canDeleteChapter());
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, TheLastChapterIsTheLatestAndNotTheOneAddedLast)
+TEST_F(ZLChapterEditingRemovingTest, TheLastChapterIsTheLatestAndNotTheOneAddedLast)
 {
     addChapterAt(50.0);
     addChapterAt(10.0);
@@ -94,7 +94,7 @@ TEST_F(ZLChapterDocumentRemovingTest, TheLastChapterIsTheLatestAndNotTheOneAdded
     EXPECT_EQ(times(), QList<double>({ 10.0 }));
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, CommandsWithoutAChapterDoNothingAndLeaveNoStep)
+TEST_F(ZLChapterEditingRemovingTest, CommandsWithoutAChapterDoNothingAndLeaveNoStep)
 {
     const QSignalSpy edits(&m_document.typing(), &ZLTypingRequests::wantsEditing);
     m_document.deleteButtonPressed();
@@ -108,7 +108,7 @@ TEST_F(ZLChapterDocumentRemovingTest, CommandsWithoutAChapterDoNothingAndLeaveNo
     EXPECT_EQ(m_document.selectedRow(), -1);
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, RemovingAChapterThatIsNotThereKeepsTheSelection)
+TEST_F(ZLChapterEditingRemovingTest, RemovingAChapterThatIsNotThereKeepsTheSelection)
 {
     addChapterAt(1.0);
     addChapterAt(2.0);
@@ -117,7 +117,7 @@ TEST_F(ZLChapterDocumentRemovingTest, RemovingAChapterThatIsNotThereKeepsTheSele
     EXPECT_EQ(m_document.selectedRow(), 1);
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, TheSelectionMovesOneRowAndStopsAtTheEnds)
+TEST_F(ZLChapterEditingRemovingTest, TheSelectionMovesOneRowAndStopsAtTheEnds)
 {
     for (const double seconds : { 1.0, 2.0, 3.0 })
         addChapterAt(seconds);
@@ -132,7 +132,7 @@ TEST_F(ZLChapterDocumentRemovingTest, TheSelectionMovesOneRowAndStopsAtTheEnds)
     EXPECT_EQ(m_document.selectedRow(), 1);
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, NextWithoutASelectionIsTheFirstRow)
+TEST_F(ZLChapterEditingRemovingTest, NextWithoutASelectionIsTheFirstRow)
 {
     addChapterAt(1.0);
     addChapterAt(2.0);
@@ -144,7 +144,7 @@ TEST_F(ZLChapterDocumentRemovingTest, NextWithoutASelectionIsTheFirstRow)
     EXPECT_EQ(m_document.selectedRow(), 0);
 }
 
-TEST_F(ZLChapterDocumentRemovingTest, TitleAndLinkOfTheSelectedRowAreOpened)
+TEST_F(ZLChapterEditingRemovingTest, TitleAndLinkOfTheSelectedRowAreOpened)
 {
     addChapterAt(1.0);
     addChapterAt(2.0);

@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 using Settings = ZLSettingsManager;
 
-class ZLChapterDocumentRecordingTest : public ZLDocumentFixture {
+class ZLRecordingTest : public ZLDocumentFixture {
 protected:
     void press() { m_document.recordButtonPressed(); }
 
@@ -28,7 +28,7 @@ protected:
     }
 };
 
-TEST_F(ZLChapterDocumentRecordingTest, ANewDocumentIsIdle)
+TEST_F(ZLRecordingTest, ANewDocumentIsIdle)
 {
     EXPECT_FALSE(m_document.isRecording());
     EXPECT_EQ(m_document.currentDuration(), 0.0);
@@ -37,7 +37,7 @@ TEST_F(ZLChapterDocumentRecordingTest, ANewDocumentIsIdle)
     EXPECT_EQ(m_document.clockText(), u"00:00:00.0"_s);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, APauseKeepsTheRecordedTime)
+TEST_F(ZLRecordingTest, APauseKeepsTheRecordedTime)
 {
     m_hostClock->setNow(100.0);
     press();
@@ -51,7 +51,7 @@ TEST_F(ZLChapterDocumentRecordingTest, APauseKeepsTheRecordedTime)
     EXPECT_EQ(m_document.currentDuration(), 90.0);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, AChangeOfTheWallClockDoesNotMoveTheRecordedTime)
+TEST_F(ZLRecordingTest, AChangeOfTheWallClockDoesNotMoveTheRecordedTime)
 {
     press();
     m_hostClock->advance(10.0);
@@ -59,7 +59,7 @@ TEST_F(ZLChapterDocumentRecordingTest, AChangeOfTheWallClockDoesNotMoveTheRecord
     EXPECT_EQ(m_document.currentDuration(), 10.0);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, UndoingAStopCountsTheStoppedTimeToo)
+TEST_F(ZLRecordingTest, UndoingAStopCountsTheStoppedTimeToo)
 {
     record(60.0);
     EXPECT_EQ(history().undoActionName(), u"Stop Recording"_s);
@@ -72,7 +72,7 @@ TEST_F(ZLChapterDocumentRecordingTest, UndoingAStopCountsTheStoppedTimeToo)
     EXPECT_EQ(history().redoActionName(), u"Start Recording"_s);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, RedoingAStopGoesBackToTheTimeOfTheStop)
+TEST_F(ZLRecordingTest, RedoingAStopGoesBackToTheTimeOfTheStop)
 {
     record(60.0);
     advance(1000.0);
@@ -86,7 +86,7 @@ TEST_F(ZLChapterDocumentRecordingTest, RedoingAStopGoesBackToTheTimeOfTheStop)
     EXPECT_EQ(m_document.currentDuration(), 1065.0);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, UndoingAStartLeavesTheEarlierSpans)
+TEST_F(ZLRecordingTest, UndoingAStartLeavesTheEarlierSpans)
 {
     record(60.0);
     press();
@@ -99,7 +99,7 @@ TEST_F(ZLChapterDocumentRecordingTest, UndoingAStartLeavesTheEarlierSpans)
     EXPECT_EQ(history().redoActionName(), u"Start Recording"_s);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, RedoingAStartCountsFromTheFirstStart)
+TEST_F(ZLRecordingTest, RedoingAStartCountsFromTheFirstStart)
 {
     press();
     const double firstStart = m_document.startTime();
@@ -113,7 +113,7 @@ TEST_F(ZLChapterDocumentRecordingTest, RedoingAStartCountsFromTheFirstStart)
     EXPECT_EQ(history().undoActionName(), u"Start Recording"_s);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, TheAfterPauseSettingOnlyRefinesTheOnStartSetting)
+TEST_F(ZLRecordingTest, TheAfterPauseSettingOnlyRefinesTheOnStartSetting)
 {
     EXPECT_EQ(automaticChapters(false, false), QList<qsizetype>({ 0, 0 }));
     EXPECT_EQ(automaticChapters(false, true), QList<qsizetype>({ 0, 0 }));
@@ -121,7 +121,7 @@ TEST_F(ZLChapterDocumentRecordingTest, TheAfterPauseSettingOnlyRefinesTheOnStart
     EXPECT_EQ(automaticChapters(true, true), QList<qsizetype>({ 1, 2 }));
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, TheFirstChapterStandsAtTheStart)
+TEST_F(ZLRecordingTest, TheFirstChapterStandsAtTheStart)
 {
     Settings::setCreateNewChapterOnStart(true);
     press();
@@ -131,7 +131,7 @@ TEST_F(ZLChapterDocumentRecordingTest, TheFirstChapterStandsAtTheStart)
     EXPECT_EQ(m_document.selectedRow(), 0);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, TheFirstChapterIsTheFirstTemplateWhenThereIsOne)
+TEST_F(ZLRecordingTest, TheFirstChapterIsTheFirstTemplateWhenThereIsOne)
 {
     Settings::setCreateNewChapterOnStart(true);
     addTemplate(u"Welcome"_s);
@@ -140,7 +140,7 @@ TEST_F(ZLChapterDocumentRecordingTest, TheFirstChapterIsTheFirstTemplateWhenTher
     EXPECT_EQ(templates().count(), 0);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, AStartAndItsChapterAreOneUndoableStep)
+TEST_F(ZLRecordingTest, AStartAndItsChapterAreOneUndoableStep)
 {
     Settings::setCreateNewChapterOnStart(true);
     press();
@@ -157,7 +157,7 @@ TEST_F(ZLChapterDocumentRecordingTest, AStartAndItsChapterAreOneUndoableStep)
     EXPECT_EQ(history().undoActionName(), u"Start Recording"_s);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, UndoAndRedoNeverCreateAChapter)
+TEST_F(ZLRecordingTest, UndoAndRedoNeverCreateAChapter)
 {
     Settings::setCreateNewChapterOnStart(true);
     Settings::setCreateNewChapterAfterPause(true);
@@ -178,7 +178,7 @@ TEST_F(ZLChapterDocumentRecordingTest, UndoAndRedoNeverCreateAChapter)
     EXPECT_EQ(chapters().count(), 2);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, TheClockStartsWhenTheBeepHasEnded)
+TEST_F(ZLRecordingTest, TheClockStartsWhenTheBeepHasEnded)
 {
     Settings::setPlaySoundBeforeRecording(true);
     Settings::setAudioOutputDevice(u"right_card"_s);
@@ -197,7 +197,7 @@ TEST_F(ZLChapterDocumentRecordingTest, TheClockStartsWhenTheBeepHasEnded)
     EXPECT_EQ(m_document.startTime(), 101.25);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, WithoutAChosenDeviceTheBeepPlaysOnTheDefaultOne)
+TEST_F(ZLRecordingTest, WithoutAChosenDeviceTheBeepPlaysOnTheDefaultOne)
 {
     Settings::setPlaySoundBeforeRecording(true);
     press();
@@ -205,7 +205,7 @@ TEST_F(ZLChapterDocumentRecordingTest, WithoutAChosenDeviceTheBeepPlaysOnTheDefa
     EXPECT_TRUE(m_sound->playbackDeviceIdentifier().isEmpty());
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, NoChapterCanBeAddedWhileTheBeepPlays)
+TEST_F(ZLRecordingTest, NoChapterCanBeAddedWhileTheBeepPlays)
 {
     Settings::setPlaySoundBeforeRecording(true);
     press();
@@ -215,7 +215,7 @@ TEST_F(ZLChapterDocumentRecordingTest, NoChapterCanBeAddedWhileTheBeepPlays)
     EXPECT_FALSE(history().canUndo());
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, ASecondPressWhileTheBeepPlaysDoesNothing)
+TEST_F(ZLRecordingTest, ASecondPressWhileTheBeepPlaysDoesNothing)
 {
     Settings::setPlaySoundBeforeRecording(true);
     Settings::setCreateNewChapterOnStart(true);
@@ -231,7 +231,7 @@ TEST_F(ZLChapterDocumentRecordingTest, ASecondPressWhileTheBeepPlaysDoesNothing)
     EXPECT_FALSE(history().canUndo());
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, ABeepThatEndsTwiceStartsTheClockOnce)
+TEST_F(ZLRecordingTest, ABeepThatEndsTwiceStartsTheClockOnce)
 {
     Settings::setPlaySoundBeforeRecording(true);
     press();
@@ -242,7 +242,7 @@ TEST_F(ZLChapterDocumentRecordingTest, ABeepThatEndsTwiceStartsTheClockOnce)
     EXPECT_EQ(m_document.startTime(), start);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, ABeepThatCannotBePlayedStartsTheClockAllTheSame)
+TEST_F(ZLRecordingTest, ABeepThatCannotBePlayedStartsTheClockAllTheSame)
 {
     Settings::setPlaySoundBeforeRecording(true);
     press();
@@ -250,7 +250,7 @@ TEST_F(ZLChapterDocumentRecordingTest, ABeepThatCannotBePlayedStartsTheClockAllT
     EXPECT_TRUE(m_document.isRecording());
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, ASilentBeepStartsTheClockAtOnce)
+TEST_F(ZLRecordingTest, ASilentBeepStartsTheClockAtOnce)
 {
     Settings::setPlaySoundBeforeRecording(true);
     ZLDocumentEnvironment silent = environment();
@@ -261,7 +261,7 @@ TEST_F(ZLChapterDocumentRecordingTest, ASilentBeepStartsTheClockAtOnce)
     EXPECT_FALSE(document.isWaitingForBeep());
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, EachPressPlaysASoundOfItsOwnAndLetsItGo)
+TEST_F(ZLRecordingTest, EachPressPlaysASoundOfItsOwnAndLetsItGo)
 {
     Settings::setPlaySoundBeforeRecording(true);
     for (int start = 0; start < 3; ++start) {
@@ -276,7 +276,7 @@ TEST_F(ZLChapterDocumentRecordingTest, EachPressPlaysASoundOfItsOwnAndLetsItGo)
     EXPECT_EQ(m_soundNames.size(), 3);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, AClockThatRedoStartedIsNotStartedAgainByTheBeep)
+TEST_F(ZLRecordingTest, AClockThatRedoStartedIsNotStartedAgainByTheBeep)
 {
     press();
     advance(5.0);
@@ -291,7 +291,7 @@ TEST_F(ZLChapterDocumentRecordingTest, AClockThatRedoStartedIsNotStartedAgainByT
     EXPECT_EQ(m_document.currentDuration(), 7.0);
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, AStopIsNotPrecededByABeep)
+TEST_F(ZLRecordingTest, AStopIsNotPrecededByABeep)
 {
     press();
     Settings::setPlaySoundBeforeRecording(true);
@@ -300,7 +300,7 @@ TEST_F(ZLChapterDocumentRecordingTest, AStopIsNotPrecededByABeep)
     EXPECT_TRUE(m_soundNames.isEmpty());
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, EveryPressTellsTheWindowAndTheControllers)
+TEST_F(ZLRecordingTest, EveryPressTellsTheWindowAndTheControllers)
 {
     Settings::setPlaySoundBeforeRecording(true);
     ZLChangeSpy states(m_document, ZLDocumentChange::Recording);
@@ -319,7 +319,7 @@ TEST_F(ZLChapterDocumentRecordingTest, EveryPressTellsTheWindowAndTheControllers
     expectBoth("on a stop");
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, UndoAndRedoOfStartAndStopTellTheControllersTheNewState)
+TEST_F(ZLRecordingTest, UndoAndRedoOfStartAndStopTellTheControllersTheNewState)
 {
     QList<bool> told;
     QObject::connect(
@@ -336,7 +336,7 @@ TEST_F(ZLChapterDocumentRecordingTest, UndoAndRedoOfStartAndStopTellTheControlle
     EXPECT_EQ(told, (QList<bool> { true, false, true, false })) << "redo of the stop";
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, AStopShowsTheFrozenReading)
+TEST_F(ZLRecordingTest, AStopShowsTheFrozenReading)
 {
     press();
     advance(65.38);
@@ -350,7 +350,7 @@ TEST_F(ZLChapterDocumentRecordingTest, AStopShowsTheFrozenReading)
     EXPECT_EQ(shown, QStringList({ u"00:01:05.3"_s }));
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, TheDisplayFollowsARunningClockAndRestsOtherwise)
+TEST_F(ZLRecordingTest, TheDisplayFollowsARunningClockAndRestsOtherwise)
 {
     QSignalSpy updates(&m_document, &ZLChapterDocument::displayDidUpdate);
     press();
@@ -360,7 +360,7 @@ TEST_F(ZLChapterDocumentRecordingTest, TheDisplayFollowsARunningClockAndRestsOth
     EXPECT_FALSE(updates.wait(250));
 }
 
-TEST_F(ZLChapterDocumentRecordingTest, ADocumentMayGoAwayWhileItRecordsOrBeeps)
+TEST_F(ZLRecordingTest, ADocumentMayGoAwayWhileItRecordsOrBeeps)
 {
     Settings::setPlaySoundBeforeRecording(true);
     {

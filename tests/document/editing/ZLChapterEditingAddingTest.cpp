@@ -7,9 +7,9 @@
 using namespace Qt::StringLiterals;
 using Settings = ZLSettingsManager;
 
-class ZLChapterDocumentAddingTest : public ZLChapterDocumentCommandsTest { };
+class ZLChapterEditingAddingTest : public ZLChapterDocumentCommandsTest { };
 
-TEST_F(ZLChapterDocumentAddingTest, ANewChapterCarriesTheClocksReadingAndTheDate)
+TEST_F(ZLChapterEditingAddingTest, ANewChapterCarriesTheClocksReadingAndTheDate)
 {
     startAndAdvance(12.5);
     m_document.addChapterButtonPressed();
@@ -20,7 +20,7 @@ TEST_F(ZLChapterDocumentAddingTest, ANewChapterCarriesTheClocksReadingAndTheDate
     expectUndoName(u"Create Chapter"_s);
 }
 
-TEST_F(ZLChapterDocumentAddingTest, WithoutARunningClockNoChapterIsAdded)
+TEST_F(ZLChapterEditingAddingTest, WithoutARunningClockNoChapterIsAdded)
 {
     addTemplate(u"News"_s);
     m_document.addChapterButtonPressed();
@@ -32,7 +32,7 @@ TEST_F(ZLChapterDocumentAddingTest, WithoutARunningClockNoChapterIsAdded)
     EXPECT_EQ(chapters().count(), 0);
 }
 
-TEST_F(ZLChapterDocumentAddingTest, CreatingAChapterIsUndoneAndRedone)
+TEST_F(ZLChapterEditingAddingTest, CreatingAChapterIsUndoneAndRedone)
 {
     startAndAdvance(1.0);
     m_document.addChapterButtonPressed();
@@ -47,7 +47,7 @@ TEST_F(ZLChapterDocumentAddingTest, CreatingAChapterIsUndoneAndRedone)
     expectUndoName(u"Create Chapter"_s);
 }
 
-TEST_F(ZLChapterDocumentAddingTest, TheFirstTemplateIsTakenFirst)
+TEST_F(ZLChapterEditingAddingTest, TheFirstTemplateIsTakenFirst)
 {
     addTemplate(u"Intro"_s);
     addTemplate(u"News"_s);
@@ -60,7 +60,7 @@ TEST_F(ZLChapterDocumentAddingTest, TheFirstTemplateIsTakenFirst)
     expectUndoName(u"Create Chapter"_s);
 }
 
-TEST_F(ZLChapterDocumentAddingTest, WithOptionHeldTheTemplatesAreLeftAlone)
+TEST_F(ZLChapterEditingAddingTest, WithOptionHeldTheTemplatesAreLeftAlone)
 {
     addTemplate(u"Intro"_s);
     startAndAdvance(7.0);
@@ -70,7 +70,7 @@ TEST_F(ZLChapterDocumentAddingTest, WithOptionHeldTheTemplatesAreLeftAlone)
     EXPECT_EQ(templates().count(), 1);
 }
 
-TEST_F(ZLChapterDocumentAddingTest, ATemplateWithATimeOfItsOwnKeepsTimeAndDate)
+TEST_F(ZLChapterEditingAddingTest, ATemplateWithATimeOfItsOwnKeepsTimeAndDate)
 {
     const auto prepared = addTemplate(u"Planned"_s, 30.0);
     startAndAdvance(600.0);
@@ -80,7 +80,7 @@ TEST_F(ZLChapterDocumentAddingTest, ATemplateWithATimeOfItsOwnKeepsTimeAndDate)
     EXPECT_EQ(chapters().lastChapter(), prepared);
 }
 
-TEST_F(ZLChapterDocumentAddingTest, UndoPutsTheTemplateBackInFront)
+TEST_F(ZLChapterEditingAddingTest, UndoPutsTheTemplateBackInFront)
 {
     const auto intro = addTemplate(u"Intro"_s);
     addTemplate(u"News"_s);
@@ -97,7 +97,7 @@ TEST_F(ZLChapterDocumentAddingTest, UndoPutsTheTemplateBackInFront)
     expectUndoName(u"Create Chapter"_s);
 }
 
-TEST_F(ZLChapterDocumentAddingTest, ATemplateThatIsAddedAgainKeepsTheTimeOfItsFirstAdding)
+TEST_F(ZLChapterEditingAddingTest, ATemplateThatIsAddedAgainKeepsTheTimeOfItsFirstAdding)
 {
     const auto intro = addTemplate(u"Intro"_s);
     startAndAdvance(7.0);
@@ -115,7 +115,7 @@ TEST_F(ZLChapterDocumentAddingTest, ATemplateThatIsAddedAgainKeepsTheTimeOfItsFi
     EXPECT_EQ(intro->realDate(), firstDate);
 }
 
-TEST_F(ZLChapterDocumentAddingTest, ANewChapterIsSelectedAndOpenedOnlyInTheActiveProgram)
+TEST_F(ZLChapterEditingAddingTest, ANewChapterIsSelectedAndOpenedOnlyInTheActiveProgram)
 {
     const QSignalSpy edits(&m_document.typing(), &ZLTypingRequests::wantsEditing);
     addChapterAt(50.0);
@@ -131,7 +131,7 @@ TEST_F(ZLChapterDocumentAddingTest, ANewChapterIsSelectedAndOpenedOnlyInTheActiv
     EXPECT_EQ(ZLChapterTableModel::columnIdentifier(index.column()), u"title"_s);
 }
 
-TEST_F(ZLChapterDocumentAddingTest, ANewChapterIsNotifiedToAUserWhoIsElsewhere)
+TEST_F(ZLChapterEditingAddingTest, ANewChapterIsNotifiedToAUserWhoIsElsewhere)
 {
     Settings::setShowQuickEdit(true);
     addChapterAt(500.0);
@@ -148,7 +148,7 @@ TEST_F(ZLChapterDocumentAddingTest, ANewChapterIsNotifiedToAUserWhoIsElsewhere)
             .userInfo = { { u"ChapterUUID"_s, last->uuid() } } } }));
 }
 
-TEST_F(ZLChapterDocumentAddingTest, NothingIsNotifiedWithoutTheSettingInTheActiveProgramOrForATemplate)
+TEST_F(ZLChapterEditingAddingTest, NothingIsNotifiedWithoutTheSettingInTheActiveProgramOrForATemplate)
 {
     startAndAdvance(1.0);
     m_document.addChapterButtonPressed();

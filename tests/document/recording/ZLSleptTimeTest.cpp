@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-class ZLChapterDocumentSleepTest : public ZLDocumentFixture {
+class ZLSleptTimeTest : public ZLDocumentFixture {
 protected:
     void press() { m_document.recordButtonPressed(); }
     void mark() { m_document.addChapterButtonPressed(); }
@@ -44,7 +44,7 @@ protected:
     }
 };
 
-TEST_F(ZLChapterDocumentSleepTest, ASleepWhileRecordingIsTold)
+TEST_F(ZLSleptTimeTest, ASleepWhileRecordingIsTold)
 {
     const QDateTime start = m_wallClock;
     press();
@@ -59,7 +59,7 @@ TEST_F(ZLChapterDocumentSleepTest, ASleepWhileRecordingIsTold)
     EXPECT_EQ(history().undoActionName(), u"Start Recording"_s) << "nothing is decided";
 }
 
-TEST_F(ZLChapterDocumentSleepTest, TheRunningClockLooksByItself)
+TEST_F(ZLSleptTimeTest, TheRunningClockLooksByItself)
 {
     press();
     advance(30.0);
@@ -67,7 +67,7 @@ TEST_F(ZLChapterDocumentSleepTest, TheRunningClockLooksByItself)
     EXPECT_TRUE(QTest::qWaitFor([this] { return sleeps().size() == 1; }));
 }
 
-TEST_F(ZLChapterDocumentSleepTest, ASleepWhileTheClockStandsIsNothing)
+TEST_F(ZLSleptTimeTest, ASleepWhileTheClockStandsIsNothing)
 {
     sleep(720.0);
     m_document.noticeSleep();
@@ -82,7 +82,7 @@ TEST_F(ZLChapterDocumentSleepTest, ASleepWhileTheClockStandsIsNothing)
     EXPECT_EQ(sleeps().size(), 0) << "nor in a pause";
 }
 
-TEST_F(ZLChapterDocumentSleepTest, AddingTheTimeMovesTheClockAndTheChaptersAfterTheSleep)
+TEST_F(ZLSleptTimeTest, AddingTheTimeMovesTheClockAndTheChaptersAfterTheSleep)
 {
     recordAShowWithASleep();
     const QList<QDateTime> datesBefore = dates();
@@ -98,7 +98,7 @@ TEST_F(ZLChapterDocumentSleepTest, AddingTheTimeMovesTheClockAndTheChaptersAfter
     EXPECT_EQ(times().last(), 765.0);
 }
 
-TEST_F(ZLChapterDocumentSleepTest, AMarkRightAfterWakingLiesAfterTheSleep)
+TEST_F(ZLSleptTimeTest, AMarkRightAfterWakingLiesAfterTheSleep)
 {
     press();
     advance(30.0);
@@ -111,7 +111,7 @@ TEST_F(ZLChapterDocumentSleepTest, AMarkRightAfterWakingLiesAfterTheSleep)
     EXPECT_EQ(times(), (QList { 30.0, 750.001 }));
 }
 
-TEST_F(ZLChapterDocumentSleepTest, AStopRightAfterWakingTellsTheSleepToo)
+TEST_F(ZLSleptTimeTest, AStopRightAfterWakingTellsTheSleepToo)
 {
     press();
     advance(30.0);
@@ -123,7 +123,7 @@ TEST_F(ZLChapterDocumentSleepTest, AStopRightAfterWakingTellsTheSleepToo)
     EXPECT_EQ(m_document.currentDuration(), 750.0);
 }
 
-TEST_F(ZLChapterDocumentSleepTest, ItIsOneStepThatUndoAndRedoKnow)
+TEST_F(ZLSleptTimeTest, ItIsOneStepThatUndoAndRedoKnow)
 {
     recordAShowWithASleep();
     m_document.addSleptTime();
@@ -139,7 +139,7 @@ TEST_F(ZLChapterDocumentSleepTest, ItIsOneStepThatUndoAndRedoKnow)
     EXPECT_EQ(sleeps().size(), 0);
 }
 
-TEST_F(ZLChapterDocumentSleepTest, LeavingItChangesNothingAndCanBeTakenBack)
+TEST_F(ZLSleptTimeTest, LeavingItChangesNothingAndCanBeTakenBack)
 {
     recordAShowWithASleep();
     m_document.leaveSleptTime();
@@ -151,7 +151,7 @@ TEST_F(ZLChapterDocumentSleepTest, LeavingItChangesNothingAndCanBeTakenBack)
     EXPECT_EQ(sleeps().size(), 1);
 }
 
-TEST_F(ZLChapterDocumentSleepTest, SeveralSleepsAreAddedInOneStep)
+TEST_F(ZLSleptTimeTest, SeveralSleepsAreAddedInOneStep)
 {
     recordAShowWithASleep();
     advance(10.0);
@@ -166,7 +166,7 @@ TEST_F(ZLChapterDocumentSleepTest, SeveralSleepsAreAddedInOneStep)
     EXPECT_EQ(times(), (QList { 10.0, 20.0, 40.0, 60.0 }));
 }
 
-TEST_F(ZLChapterDocumentSleepTest, ASleepAfterTheDecisionIsAnotherOne)
+TEST_F(ZLSleptTimeTest, ASleepAfterTheDecisionIsAnotherOne)
 {
     recordAShowWithASleep();
     m_document.addSleptTime();
@@ -178,7 +178,7 @@ TEST_F(ZLChapterDocumentSleepTest, ASleepAfterTheDecisionIsAnotherOne)
     EXPECT_EQ(times(), (QList { 10.0, 20.0, 760.0, 870.0 }));
 }
 
-TEST_F(ZLChapterDocumentSleepTest, TheTimeCanBeAddedAfterTheStopAndTheStopUndoneBeforeThat)
+TEST_F(ZLSleptTimeTest, TheTimeCanBeAddedAfterTheStopAndTheStopUndoneBeforeThat)
 {
     recordAShowWithASleep();
     advance(10.0);
@@ -194,7 +194,7 @@ TEST_F(ZLChapterDocumentSleepTest, TheTimeCanBeAddedAfterTheStopAndTheStopUndone
     EXPECT_EQ(m_document.currentDuration(), 770.0);
 }
 
-TEST_F(ZLChapterDocumentSleepTest, ASleepBetweenAStopAndItsUndoingBelongsToTheRecording)
+TEST_F(ZLSleptTimeTest, ASleepBetweenAStopAndItsUndoingBelongsToTheRecording)
 {
     press();
     advance(30.0);
@@ -207,7 +207,7 @@ TEST_F(ZLChapterDocumentSleepTest, ASleepBetweenAStopAndItsUndoingBelongsToTheRe
     EXPECT_EQ(m_document.currentDuration(), 750.0);
 }
 
-TEST_F(ZLChapterDocumentSleepTest, UndoingTheStartTakesTheOfferAway)
+TEST_F(ZLSleptTimeTest, UndoingTheStartTakesTheOfferAway)
 {
     press();
     advance(30.0);
@@ -222,7 +222,7 @@ TEST_F(ZLChapterDocumentSleepTest, UndoingTheStartTakesTheOfferAway)
     EXPECT_EQ(sleeps().size(), 1);
 }
 
-TEST_F(ZLChapterDocumentSleepTest, ANewFileHasNoOffer)
+TEST_F(ZLSleptTimeTest, ANewFileHasNoOffer)
 {
     recordAShowWithASleep();
     press();
@@ -230,7 +230,7 @@ TEST_F(ZLChapterDocumentSleepTest, ANewFileHasNoOffer)
     EXPECT_EQ(sleeps().size(), 0);
 }
 
-TEST_F(ZLChapterDocumentSleepTest, WithoutASleepThereIsNothingToDecide)
+TEST_F(ZLSleptTimeTest, WithoutASleepThereIsNothingToDecide)
 {
     record(10.0);
     m_document.addSleptTime();
@@ -239,7 +239,7 @@ TEST_F(ZLChapterDocumentSleepTest, WithoutASleepThereIsNothingToDecide)
     EXPECT_EQ(history().undoActionName(), u"Stop Recording"_s);
 }
 
-TEST_F(ZLChapterDocumentSleepTest, TheAddedTimeIsSaved)
+TEST_F(ZLSleptTimeTest, TheAddedTimeIsSaved)
 {
     recordAShowWithASleep();
     const ZLChangeSpy changes(m_document, ZLDocumentChange::Contents);

@@ -3,11 +3,11 @@
 #include "app/ui/menus/ZLFileMenu.h"
 #include "app/ui/menus/ZLHelpMenu.h"
 #include "app/ui/menus/ZLWindowMenu.h"
-#include "app/ui/saving/ZLReadOnlyDisplay.h"
+#include "app/ui/saving/ZLConcernDisplay.h"
 #include "app/ui/saving/ZLSavePanel.h"
 #include "app/ui/saving/ZLSavingDisplay.h"
 #include "app/ui/saving/ZLWindowCloser.h"
-#include "app/ui/windows/ZLSleepDisplay.h"
+#include "document/concerns/ZLConcern.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
@@ -184,8 +184,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     connect(helpMenu, &ZLHelpMenu::aboutRequested, this, &ZLDocumentWindows::aboutRequested);
     connect(helpMenu, &ZLHelpMenu::keysRequested, this, [this, window] { Q_EMIT keysRequested(window); });
     new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
-    new ZLReadOnlyDisplay(*m_controller.saverOf(document), *savePanel, *window);
-    new ZLSleepDisplay(*window);
+    new ZLConcernDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
     connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
     window->installEventFilter(this);
@@ -302,7 +301,7 @@ void ZLDocumentWindows::askWhetherToQuitUnsaved(const QStringList& problems)
     if (ZLChapterDocumentWindow* window = frontWindow()) {
         window->messageBar().showMessage(name, tr("Not everything could be saved: %1").arg(problems.join(u' ')),
             { { tr("Quit Anyway"), [this] { quitAtOnce(); } }, { tr("Cancel"), [] {} } },
-            { ZLSavingDisplay::failureMessageName() }, ZLMessageBar::Kind::Error);
+            { ZLConcernName::SavingFailure }, ZLMessageBar::Kind::Error);
         window->messageBar().takeKeyboardFor(name);
     }
 }

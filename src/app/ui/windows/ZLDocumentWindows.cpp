@@ -7,6 +7,7 @@
 #include "app/ui/saving/ZLSavePanel.h"
 #include "app/ui/saving/ZLSavingDisplay.h"
 #include "app/ui/saving/ZLWindowCloser.h"
+#include "app/ui/windows/ZLOpeningProblems.h"
 #include "document/concerns/ZLConcern.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
@@ -26,8 +27,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString openingProblemsName = QStringLiteral("openingProblems");
 
 bool isThere(const QString& path)
 {
@@ -98,10 +97,13 @@ QStringList ZLDocumentWindows::openFiles(const QStringList& paths)
     QStringList problems;
     for (const QString& path : paths) {
         const auto opened = m_controller.openDocument(path);
-        if (opened)
-            bringToFront(opened.value());
-        else
+        if (!opened) {
             problems += opened.error().message;
+            continue;
+        }
+        for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
+            ZLOpeningProblems::forget(window->messageBar(), m_controller.saverOf(opened.value())->path());
+        bringToFront(opened.value());
     }
     return problems;
 }
@@ -277,13 +279,8 @@ ZLChapterDocumentWindow& ZLDocumentWindows::windowToWarnIn(ZLChapterDocument* do
 void ZLDocumentWindows::showProblems(const QStringList& problems) const
 {
     ZLChapterDocumentWindow* window = frontWindow();
-    if (problems.isEmpty() || !window)
-        return;
-    // Several files may come one after the other, and each failure is to be seen.
-    QStringList lines = window->messageBar().text(openingProblemsName).split(u'\n', Qt::SkipEmptyParts) + problems;
-    lines.removeDuplicates();
-    window->messageBar().showMessage(
-        openingProblemsName, lines.join(u'\n'), { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
+    if (window)
+        ZLOpeningProblems::tell(window->messageBar(), problems);
 }
 
 void ZLDocumentWindows::tellWhatHoldsTheLogOut() const

@@ -1,11 +1,11 @@
 #include "app/ZLDocumentController.h"
 
-#include "document/ZLUnreadableDocument.h"
-#include "platform/ZLBoundedFile.h"
+#include "platform/ZLFileIdentity.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
+#include <QScopedValueRollback>
 #include <QSet>
 #include <QThreadPool>
 
@@ -23,29 +23,14 @@ QString absoluteDocumentPath(const QString& path)
     return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
 }
 
-/// The same text for all paths that lead to one file, also while that is not there.
-QString identityOfPath(const QString& path)
-{
-    const QFileInfo file(path);
-    if (file.exists())
-        return file.canonicalFilePath();
-    const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
-    return folder.isEmpty() ? absoluteDocumentPath(path) : folder + u'/' + file.fileName();
-}
-
-bool isSameFile(const QString& left, const QString& right)
-{
-    return !left.isEmpty() && identityOfPath(left) == identityOfPath(right);
-}
-
 }
 
 ZLDocumentController::ZLDocumentController(ZLDocumentControllerSetup setup, QObject* parent)
     : QObject(parent)
-    , m_environment(std::move(setup.environment))
-    , m_machinery(std::move(setup.machinery))
     , m_recoveryFolder(setup.stateFolder + u"/recovery"_s)
-    , m_openDocuments(setup.stateFolder, std::move(setup.sessionExecutor))
+    , m_maker(std::move(setup.environment), std::move(setup.machinery), m_recoveryFolder,
+          [this] { return unusedUntitledName(); })
+    , m_session(setup.stateFolder, m_recoveryFolder, std::move(setup.sessionExecutor))
     , m_recentDocuments(setup.stateFolder)
 {
     tidyHistories();
@@ -56,19 +41,19 @@ ZLDocumentController::~ZLDocumentController()
     // All of them out of one account, however many documents there are.
     const QDeadlineTimer deadline =
         m_endDeadline.isForever() ? QDeadlineTimer(ZLSilentDisk::EndPatience) : m_endDeadline;
-    for (const Entry& entry : m_entries)
+    for (const ZLSavedDocument& entry : m_entries)
         entry.saver->end(deadline);
-    m_openDocuments.end(deadline);
+    m_session.end(deadline);
 }
 
 void ZLDocumentController::tidyHistories() const
 {
-    const auto tidy = [folder = m_recoveryFolder, now = m_environment.wallClock()] {
+    const auto tidy = [folder = m_recoveryFolder, now = m_maker.environment().wallClock()] {
         ZLDocumentHistory::removeForgotten(folder, now);
     };
     // It looks for documents wherever they lie, and a share that does not answer must not keep the program waiting.
-    if (m_machinery.executor)
-        m_machinery.executor(tidy);
+    if (m_maker.machinery().executor)
+        m_maker.machinery().executor(tidy);
     else
         QThreadPool::globalInstance()->start(tidy);
 }
@@ -76,14 +61,14 @@ void ZLDocumentController::tidyHistories() const
 QList<ZLChapterDocument*> ZLDocumentController::documents() const
 {
     QList<ZLChapterDocument*> documents;
-    for (const Entry& entry : m_entries)
+    for (const ZLSavedDocument& entry : m_entries)
         documents.append(entry.document.get());
     return documents;
 }
 
 ZLDocumentSaver* ZLDocumentController::saverOf(const ZLChapterDocument* document) const
 {
-    for (const Entry& entry : m_entries) {
+    for (const ZLSavedDocument& entry : m_entries) {
         if (entry.document.get() == document)
             return entry.saver.get();
     }
@@ -110,9 +95,7 @@ ZLChapterDocument* ZLDocumentController::firstDocument() const
 
 ZLChapterDocument* ZLDocumentController::newDocument()
 {
-    auto document = makeDocument();
-    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery);
-    return adopt({ std::move(document), std::move(saver) });
+    return adopt(m_maker.makeUntitled());
 }
 
 ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& path, ZLMissingFile missingFile)
@@ -123,15 +106,42 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& p
         return open;
     }
     qCDebug(documentControllerLog) << "opening" << absolutePath;
-    auto recovered = ZLDocumentRecovery::claimJournal(
-        m_recoveryFolder, [&](const QString& journaledPath) { return isSameFile(journaledPath, absolutePath); });
-    if (recovered) {
-        recovered->journal.filePath = absolutePath;
-        return openRecovered(std::move(*recovered));
+    if (auto revived = m_revival.reviveFile(absolutePath))
+        return adoptRevived(std::move(*revived));
+    const bool isCreated = missingFile == ZLMissingFile::Create && !QFileInfo::exists(absolutePath);
+    return adoptOpened(isCreated ? m_maker.createFile(absolutePath) : m_maker.readFile(absolutePath));
+}
+
+QStringList ZLDocumentController::restoreSession()
+{
+    QStringList failures;
+    {
+        const QScopedValueRollback bringingBack(m_isBringingBack, true);
+        failures = m_session.restore(openers());
     }
-    if (missingFile == ZLMissingFile::Create && !QFileInfo::exists(absolutePath))
-        return createDocumentAt(absolutePath);
-    return openFile(absolutePath);
+    if (m_entries.empty())
+        newDocument();
+    else
+        rememberSession();
+    return failures;
+}
+
+QStringList ZLDocumentController::restoreKeptDocuments()
+{
+    const QScopedValueRollback bringingBack(m_isBringingBack, true);
+    return m_session.restoreKept(openers());
+}
+
+ZLSession::Openers ZLDocumentController::openers()
+{
+    return {
+        .openFile =
+            [this](const QString& path) {
+                const auto opened = openDocument(path);
+                return opened ? ZLStatus(ZLDone {}) : ZLStatus(opened.error());
+            },
+        .openRecoveryFile = [this](const QString& path) { return openRecoveryFile(path); },
+    };
 }
 
 ZLStatus ZLDocumentController::saveDocumentAs(ZLChapterDocument* document, const QString& path)
@@ -160,21 +170,21 @@ ZLStatus ZLDocumentController::closeDocument(ZLChapterDocument* document, ZLClos
     }
     const bool isLast = m_entries.size() == 1;
     if (isLast && !isForgotten)
-        keepSessionAsItIs();
+        m_session.keepAsItIs();
     release(document);
     if (isLast)
-        m_isSessionKept = false;
+        m_session.followAgain();
     return ZLDone {};
 }
 
 QStringList ZLDocumentController::saveAllNow()
 {
     // Each on its own way at first, so that a disk that hangs takes nobody else's time.
-    for (const Entry& entry : m_entries)
+    for (const ZLSavedDocument& entry : m_entries)
         entry.saver->writeNewestState();
     m_endDeadline = QDeadlineTimer(ZLSilentDisk::EndPatience);
     QStringList failures;
-    for (const Entry& entry : m_entries) {
+    for (const ZLSavedDocument& entry : m_entries) {
         if (const ZLStatus saved = entry.saver->saveNow(m_endDeadline); !saved)
             failures.append(saved.error().message);
     }
@@ -184,64 +194,47 @@ QStringList ZLDocumentController::saveAllNow()
 bool ZLDocumentController::canTerminate() const
 {
     return std::none_of(
-        m_entries.begin(), m_entries.end(), [](const Entry& entry) { return entry.document->isRecording(); });
+        m_entries.begin(), m_entries.end(), [](const ZLSavedDocument& entry) { return entry.document->isRecording(); });
 }
 
-std::unique_ptr<ZLChapterDocument> ZLDocumentController::makeDocument() const
+ZLStatus ZLDocumentController::openRecoveryFile(const QString& path)
 {
-    auto document = std::make_unique<ZLChapterDocument>(m_environment);
-    document->setDisplayName(unusedUntitledName());
-    return document;
+    const auto isFileOpen = [this](const QString& file) { return documentAtPath(file) != nullptr; };
+    const auto opened = adoptRevived(m_revival.reviveRecoveryFile(path, isFileOpen));
+    return opened ? ZLStatus(ZLDone {}) : ZLStatus(opened.error());
 }
 
-ZLResult<ZLChapterDocument*> ZLDocumentController::openFile(const QString& path)
+ZLResult<ZLChapterDocument*> ZLDocumentController::adoptRevived(ZLRevivedDocument revived)
 {
-    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
-    if (!bytes)
-        return bytes.error();
-    auto read = makeDocumentFrom(path, bytes.value());
-    if (!read)
-        return read.error();
-    auto document = std::move(read).value();
-    document->setDisplayName(QFileInfo(path).fileName());
-    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, path, bytes.value());
-    return adoptOpened({ std::move(document), std::move(saver) }, path);
+    const auto opened = adoptOpened(std::move(revived.document));
+    // Behind the document that was asked for, which commands from outside are meant for.
+    const QScopedValueRollback bringingBack(m_isBringingBack, true);
+    if (revived.aside)
+        adopt(std::move(*revived.aside));
+    return opened;
 }
 
-ZLResult<std::unique_ptr<ZLChapterDocument>> ZLDocumentController::makeDocumentFrom(
-    const QString& path, const QByteArray& bytes) const
+ZLResult<ZLChapterDocument*> ZLDocumentController::adoptOpened(ZLResult<ZLSavedDocument> opened)
 {
-    auto document = makeDocument();
-    ZLFileOperationError error;
-    if (!document->readFromData(bytes, {}, &error))
-        return ZLUnreadableDocument::error(path, bytes, error.message);
-    return document;
-}
-
-ZLResult<ZLChapterDocument*> ZLDocumentController::createDocumentAt(const QString& path)
-{
-    auto document = makeDocument();
-    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery);
-    if (const ZLStatus saved = saver->saveAs(path); !saved)
-        return saved.error();
-    return adoptOpened({ std::move(document), std::move(saver) }, path);
-}
-
-ZLChapterDocument* ZLDocumentController::adoptOpened(Entry entry, const QString& path)
-{
+    if (!opened)
+        return opened.error();
+    ZLSavedDocument made = std::move(opened).value();
+    if (!made.document || made.saver->isUntitled())
+        return made.document ? adopt(std::move(made)) : nullptr;
+    const QString path = made.saver->path();
     ZLChapterDocument* unwanted = transientDocument();
-    ZLChapterDocument* opened = adopt(std::move(entry));
+    ZLChapterDocument* document = adopt(std::move(made));
     m_recentDocuments.add(path);
     if (unwanted)
         release(unwanted);
-    return opened;
+    return document;
 }
 
 ZLChapterDocument* ZLDocumentController::documentAtPath(const QString& path) const
 {
-    const QString identity = identityOfPath(path);
-    for (const Entry& entry : m_entries) {
-        if (!entry.saver->isUntitled() && identityOfPath(entry.saver->path()) == identity)
+    const auto identity = ZLFileIdentity::of(path);
+    for (const ZLSavedDocument& entry : m_entries) {
+        if (!entry.saver->isUntitled() && ZLFileIdentity::of(entry.saver->path()) == identity)
             return entry.document.get();
     }
     return nullptr;
@@ -256,7 +249,7 @@ ZLChapterDocument* ZLDocumentController::transientDocument() const
 QString ZLDocumentController::unusedUntitledName() const
 {
     QSet<QString> used;
-    for (const Entry& entry : m_entries)
+    for (const ZLSavedDocument& entry : m_entries)
         used.insert(entry.document->displayName());
     QString name = tr("Untitled");
     for (int number = 2; used.contains(name); ++number)
@@ -264,11 +257,11 @@ QString ZLDocumentController::unusedUntitledName() const
     return name;
 }
 
-ZLChapterDocument* ZLDocumentController::adopt(Entry entry)
+ZLChapterDocument* ZLDocumentController::adopt(ZLSavedDocument made)
 {
-    ZLChapterDocument* document = entry.document.get();
-    connect(entry.saver.get(), &ZLDocumentSaver::locationDidChange, this, &ZLDocumentController::rememberSession);
-    m_entries.push_back(std::move(entry));
+    ZLChapterDocument* document = made.document.get();
+    connect(made.saver.get(), &ZLDocumentSaver::locationDidChange, this, &ZLDocumentController::rememberSession);
+    m_entries.push_back(std::move(made));
     noteAskedFor(document);
     rememberSession();
     Q_EMIT didOpenDocument(document);
@@ -289,8 +282,8 @@ void ZLDocumentController::release(ZLChapterDocument* document)
     if (m_currentDocument == document)
         setCurrentDocument(nullptr);
     const auto found = std::find_if(m_entries.begin(), m_entries.end(),
-        [document](const Entry& entry) { return entry.document.get() == document; });
-    Entry entry = std::move(*found);
+        [document](const ZLSavedDocument& entry) { return entry.document.get() == document; });
+    ZLSavedDocument entry = std::move(*found);
     m_entries.erase(found);
     rememberSession();
     Q_EMIT didCloseDocument(document);
@@ -298,4 +291,12 @@ void ZLDocumentController::release(ZLChapterDocument* document)
     entry.saver.reset();
     document->setParent(this);
     entry.document.release()->deleteLater();
+}
+
+void ZLDocumentController::rememberSession()
+{
+    QList<const ZLDocumentSaver*> savers;
+    for (const ZLSavedDocument& entry : m_entries)
+        savers.append(entry.saver.get());
+    m_session.remember(savers);
 }

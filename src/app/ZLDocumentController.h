@@ -1,8 +1,9 @@
 #pragma once
 
-#include "app/ZLOpenDocuments.h"
-#include "app/ZLRecentDocuments.h"
-#include "document/saving/ZLDocumentRecovery.h"
+#include "app/session/ZLDocumentMaker.h"
+#include "app/session/ZLDocumentRevival.h"
+#include "app/session/ZLRecentDocuments.h"
+#include "app/session/ZLSession.h"
 #include "document/saving/ZLDocumentSaver.h"
 #include "platform/ZLStateFolder.h"
 
@@ -41,8 +42,8 @@ class ZLDocumentController : public QObject {
 
 public:
     explicit ZLDocumentController(ZLDocumentControllerSetup setup, QObject* parent = nullptr);
-    /// Writes nothing any more; whoever ends the program in order calls saveAllNow() before. Both together wait for
-    /// disks that do not answer no longer than ZLSilentDisk::EndPatience.
+    /// Writes nothing any more: saveAllNow() comes before. Both together wait for disks that do not answer no longer
+    /// than ZLSilentDisk::EndPatience.
     ~ZLDocumentController() override;
 
     [[nodiscard]] QList<ZLChapterDocument*> documents() const;
@@ -59,14 +60,14 @@ public:
 
     ZLChapterDocument* newDocument();
     /// The document in the file at `path`, which may be open already. It takes the place of currentOrLastDocument() if
-    /// nobody would miss that. The error says which file and why.
+    /// that is transient. The error says which file and why.
     ZLResult<ZLChapterDocument*> openDocument(const QString& path, ZLMissingFile missingFile = ZLMissingFile::Fail);
     /// Opens what was open when the program ended, whatever ended it, and every untitled document that was kept; a new
     /// document when there is none of both. Returns what could not be opened, a sentence each.
     QStringList restoreSession();
     /// Opens every document that was kept aside, untitled or newer than its file, unless it is open already, here or
     /// elsewhere. Returns what could not be opened, a sentence each.
-    QStringList restoreKeptDocuments(const QStringList& fileNamesToLeaveOut = {});
+    QStringList restoreKeptDocuments();
 
     /// ZLDocumentSaver::saveAs(), remembered among the recent documents.
     ZLStatus saveDocumentAs(ZLChapterDocument* document, const QString& path);
@@ -79,7 +80,7 @@ public:
     [[nodiscard]] bool canTerminate() const;
     /// To be called before the windows are closed one after the other because the program ends: what is open now will
     /// be open at the next start.
-    void keepSessionAsItIs() { m_isSessionKept = true; }
+    void keepSessionAsItIs() { m_session.keepAsItIs(); }
 
     [[nodiscard]] ZLRecentDocuments& recentDocuments() { return m_recentDocuments; }
 
@@ -91,43 +92,30 @@ Q_SIGNALS:
     void currentDocumentDidChange();
 
 private:
-    struct Entry {
-        std::unique_ptr<ZLChapterDocument> document;
-        std::unique_ptr<ZLDocumentSaver> saver;
-    };
-
     void tidyHistories() const;
-    [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
     /// A person has opened or made the document in this run.
     void noteAskedFor(ZLChapterDocument* document);
-    [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> makeDocumentFrom(
-        const QString& path, const QByteArray& bytes) const;
-    [[nodiscard]] ZLResult<ZLChapterDocument*> createDocumentAt(const QString& path);
-    [[nodiscard]] ZLResult<ZLChapterDocument*> openFile(const QString& path);
-    [[nodiscard]] ZLResult<ZLChapterDocument*> openRecoveryFile(const QString& path);
-    [[nodiscard]] ZLResult<ZLChapterDocument*> openRecovered(ZLRecoveredDocument recovered);
-    /// For what a journal holds beyond its file, which another program changed meanwhile; absent for nothing.
-    [[nodiscard]] std::optional<Entry> makeEntrySetAside(const ZLRecoveredDocument& recovered) const;
-    ZLChapterDocument* adoptOpened(Entry entry, const QString& path);
-    [[nodiscard]] ZLResult<ZLChapterDocument*> openEntry(const ZLOpenDocumentEntry& entry);
+    [[nodiscard]] ZLSession::Openers openers();
+    ZLStatus openRecoveryFile(const QString& path);
+    ZLResult<ZLChapterDocument*> adoptRevived(ZLRevivedDocument revived);
+    ZLResult<ZLChapterDocument*> adoptOpened(ZLResult<ZLSavedDocument> opened);
+    ZLChapterDocument* adopt(ZLSavedDocument made);
     [[nodiscard]] ZLChapterDocument* documentAtPath(const QString& path) const;
     [[nodiscard]] ZLChapterDocument* transientDocument() const;
     [[nodiscard]] QString unusedUntitledName() const;
-    ZLChapterDocument* adopt(Entry entry);
     void release(ZLChapterDocument* document);
     void rememberSession();
 
-    const ZLDocumentEnvironment m_environment;
-    const ZLSavingMachinery m_machinery;
     const ZLRecoveryFolder m_recoveryFolder;
-    ZLOpenDocuments m_openDocuments;
+    const ZLDocumentMaker m_maker;
+    const ZLDocumentRevival m_revival { m_maker };
+    ZLSession m_session;
     ZLRecentDocuments m_recentDocuments;
-    std::vector<Entry> m_entries;
+    std::vector<ZLSavedDocument> m_entries;
     /// Those of the open documents that were not brought back, in the order in which they were asked for.
     QList<ZLChapterDocument*> m_askedFor;
     bool m_isBringingBack = false;
     ZLChapterDocument* m_currentDocument = nullptr;
-    bool m_isSessionKept = false;
     /// Of the last saveAllNow().
     QDeadlineTimer m_endDeadline { QDeadlineTimer::Forever };
 };

@@ -28,10 +28,10 @@ inline constexpr qsizetype MostCharacters = 2000;
     return text;
 }
 
-/// A reason that goes into a longer sentence, which has a full stop of its own.
-[[nodiscard]] inline QString withoutFullStop(const QString& reason)
+/// A reason that another sentence may follow: those of the system end without a full stop.
+[[nodiscard]] inline QString withFullStop(const QString& reason)
 {
-    return reason.endsWith(u'.') ? reason.chopped(1) : reason;
+    return reason.endsWith(u'.') ? reason : reason + u'.';
 }
 
 }

@@ -1,5 +1,7 @@
 #include "app/ZLDocumentControllerFixture.h"
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 class ZLDocumentControllerTest : public ZLDocumentControllerFixture { };
@@ -75,10 +77,12 @@ TEST_F(ZLDocumentControllerTest, AnOpenFileIsFoundByEveryPathThatLeadsToIt)
 {
     const QString path = storedFile("show.zelta");
     ASSERT_TRUE(QFile::link(path, filePath("link.zelta")));
+    ASSERT_EQ(link(QFile::encodeName(path).constData(), QFile::encodeName(filePath("twin.zelta")).constData()), 0);
     ZLChapterDocument* document = open(path);
     EXPECT_EQ(document->displayName(), u"show.zelta"_s);
     EXPECT_EQ(open(path), document);
     EXPECT_EQ(open(filePath("link.zelta")), document);
+    EXPECT_EQ(open(filePath("twin.zelta")), document) << "a second name of the same file";
     EXPECT_EQ(open(filePath("state/../show.zelta")), document);
     EXPECT_EQ(controller->documents().size(), 1);
 }

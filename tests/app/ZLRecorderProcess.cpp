@@ -1,5 +1,5 @@
 // The windowless recorder alone, for tests that send signals to it or kill it: [--record] [FILE]
-#include "app/ZLHeadlessRecorder.h"
+#include "app/headless/ZLHeadlessRecorder.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QCoreApplication>

@@ -47,6 +47,7 @@ ALLOWED = {
     "document": "platform platform/archive model lists settings templates document/shared document/recording"
     " document/editing",
     "document/saving": "platform platform/archive model document document/recording",
+    "document/concerns": "platform document/recording document/saving",
     "document/ui/table": "settings templates/ui document document/editing",
     "document/ui/menus": "model settings document document/editing document/ui/table",
     "document/ui": "platform platform/window resources model settings templates templates/ui document document/editing"
@@ -60,16 +61,18 @@ ALLOWED = {
     "delivery": "platform platform/media platform/media/file model document",
     "import": "platform platform/media/file model lists/forms document",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings",
+    "app/session": "platform document document/saving",
     "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model settings"
-    " document document/recording document/saving remote export export/formats delivery import",
+    " document document/saving remote export export/formats delivery import app/session",
+    "app/headless": "platform document document/concerns document/saving remote app",
     "app/ui/look": "templates/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
-    "app/ui/saving": "document/saving document/ui app",
+    "app/ui/saving": "platform document/concerns document/saving document/ui app",
     "app/ui/menus": "document/ui document/ui/menus export export/ui app app/ui/saving",
     "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui document/ui document/ui/menus remote"
     " app",
-    "app/ui/windows": "platform/filemanager platform/window document document/ui document/ui/menus app app/ui/saving"
-    " app/ui/menus",
+    "app/ui/windows": "platform/filemanager platform/window document/concerns document/ui document/ui/menus app"
+    " app/ui/saving app/ui/menus",
     "app/ui/outside": "platform/dnssd model document/ui document/ui/menus remote remote/ui app app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window settings"
     " settings/ui document/ui document/ui/menus app app/ui/look app/ui/quickedit app/ui/shortcuts app/ui/windows"

@@ -654,6 +654,124 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLConcern</name>
+    <message>
+        <source>&quot;%1&quot; %2</source>
+        <translation>„%1“ %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZLConcernChoice</name>
+    <message>
+        <source>Continue as if Never Stopped</source>
+        <translation>Weiter, als hätte sie nie gestanden</translation>
+    </message>
+    <message>
+        <source>lets it run as if it had never stopped</source>
+        <translation>lässt sie laufen, als hätte sie nie gestanden</translation>
+    </message>
+    <message>
+        <source>let the clock of an interrupted recording run as if it had never stopped</source>
+        <translation>lässt die Uhr einer unterbrochenen Aufnahme laufen, als hätte sie nie gestanden</translation>
+    </message>
+    <message>
+        <source>no recording was interrupted</source>
+        <translation>keine Aufnahme wurde unterbrochen</translation>
+    </message>
+    <message>
+        <source>Stay Paused</source>
+        <translation>Pausiert lassen</translation>
+    </message>
+    <message>
+        <source>keeps it paused</source>
+        <translation>lässt sie pausiert</translation>
+    </message>
+    <message>
+        <source>keep the clock of an interrupted recording paused at its last reading</source>
+        <translation>lässt die Uhr einer unterbrochenen Aufnahme beim letzten Stand pausiert</translation>
+    </message>
+    <message>
+        <source>Add That Time</source>
+        <translation>Zeit hinzurechnen</translation>
+    </message>
+    <message>
+        <source>adds that time to it and to the chapters after it</source>
+        <translation>rechnet diese Zeit zu ihr und zu den Kapiteln danach hinzu</translation>
+    </message>
+    <message>
+        <source>add the time for which the computer slept to the clock and the chapters after it</source>
+        <translation>rechnet die Zeit, die der Computer schlief, zur Uhr und zu den Kapiteln danach hinzu</translation>
+    </message>
+    <message>
+        <source>the computer did not sleep</source>
+        <translation>der Computer hat nicht geschlafen</translation>
+    </message>
+    <message>
+        <source>Leave It Out</source>
+        <translation>Weglassen</translation>
+    </message>
+    <message>
+        <source>leaves it</source>
+        <translation>lässt sie</translation>
+    </message>
+    <message>
+        <source>leave out the time for which the computer slept</source>
+        <translation>lässt die Zeit weg, die der Computer schlief</translation>
+    </message>
+    <message>
+        <source>Keep Mine</source>
+        <translation>Meines behalten</translation>
+    </message>
+    <message>
+        <source>writes over it</source>
+        <translation>überschreibt das</translation>
+    </message>
+    <message>
+        <source>write over what another program made of the file</source>
+        <translation>überschreibt, was ein anderes Programm aus der Datei gemacht hat</translation>
+    </message>
+    <message>
+        <source>no other program changed the file</source>
+        <translation>kein anderes Programm hat die Datei geändert</translation>
+    </message>
+    <message>
+        <source>Take Theirs</source>
+        <translation>Das andere übernehmen</translation>
+    </message>
+    <message>
+        <source>takes it over</source>
+        <translation>übernimmt es</translation>
+    </message>
+    <message>
+        <source>take over what another program made of the file</source>
+        <translation>übernimmt, was ein anderes Programm aus der Datei gemacht hat</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Beide behalten</translation>
+    </message>
+    <message>
+        <source>goes on in a new file</source>
+        <translation>macht in einer neuen Datei weiter</translation>
+    </message>
+    <message>
+        <source>leave the file to the other program and go on in a new one</source>
+        <translation>überlässt die Datei dem anderen Programm und macht in einer neuen weiter</translation>
+    </message>
+    <message>
+        <source>Try Now</source>
+        <translation>Jetzt versuchen</translation>
+    </message>
+    <message>
+        <source>Save As…</source>
+        <translation>Speichern unter&#xa0;…</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>ZLCueSheet</name>
     <message>
         <source>The sheet speaks of %1 files, and the times of each begin at 0.</source>
@@ -711,6 +829,41 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLDocumentConcerns</name>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>Another program changed %1.</source>
+        <translation>Ein anderes Programm hat %1 geändert.</translation>
+    </message>
+    <message>
+        <source>The recording was interrupted on %1 at %2, at %3 of the clock. The clock is paused until you decide.</source>
+        <translation>Die Aufnahme wurde am %1 um %2 unterbrochen, bei %3 auf der Uhr. Die Uhr bleibt pausiert, bis die Entscheidung fällt.</translation>
+    </message>
+    <message>
+        <source>%1 is also open elsewhere (%2). Changes made there are never overwritten without asking.</source>
+        <translation>%1 ist auch anderswo offen (%2). Änderungen von dort werden nie ohne Nachfrage überschrieben.</translation>
+    </message>
+    <message>
+        <source>The recovery folder cannot be written: %1 A crash may take what is not in the file yet. Zelta keeps trying.</source>
+        <translation>In den Wiederherstellungsordner kann nicht geschrieben werden: %1 Bei einem Absturz kann verloren gehen, was noch nicht in der Datei steht. Zelta versucht es weiter.</translation>
+    </message>
+    <message>
+        <source>The document is not saved: %1 Zelta keeps trying.</source>
+        <translation>Das Dokument ist nicht gespeichert: %1 Zelta versucht es weiter.</translation>
+    </message>
+    <message>
+        <source>Cannot save: %1 Trying again until it works.</source>
+        <translation>Speichern nicht möglich: %1 Es wird weiter versucht, bis es gelingt.</translation>
+    </message>
+    <message>
+        <source>%1 is read-only. Changes are kept, but they cannot be saved to this file.</source>
+        <translation>%1 ist schreibgeschützt. Änderungen werden aufbewahrt, lassen sich aber nicht in dieser Datei speichern.</translation>
+    </message>
+</context>
+<context>
     <name>ZLDocumentController</name>
     <message>
         <source>“%1” is recording. Pause the recording before you close it.</source>
@@ -723,10 +876,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Untitled %1</source>
         <translation>Ohne Titel %1</translation>
-    </message>
-    <message>
-        <source>%1 (recovered)</source>
-        <translation>%1 (wiederhergestellt)</translation>
     </message>
 </context>
 <context>
@@ -745,6 +894,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1, process %2</source>
         <translation>%1, Prozess %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZLDocumentMaker</name>
+    <message>
+        <source>%1 (recovered)</source>
+        <translation>%1 (wiederhergestellt)</translation>
     </message>
 </context>
 <context>
@@ -803,10 +959,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 </context>
 <context>
     <name>ZLDocumentWindows</name>
-    <message>
-        <source>Dismiss</source>
-        <translation>Schließen</translation>
-    </message>
     <message>
         <source>Not everything could be saved: %1</source>
         <translation>Nicht alles ließ sich speichern: %1</translation>
@@ -1341,86 +1493,26 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
-    <name>ZLHeadlessRecorder</name>
+    <name>ZLHeadlessCommands</name>
     <message>
-        <source>chapter %1 at %2 &quot;%3&quot;</source>
-        <translation>Kapitel %1 bei %2 „%3“</translation>
-    </message>
-    <message>
-        <source>Commands come from standard input, one a line; &quot;help&quot; lists them.</source>
-        <translation>Befehle kommen von der Standardeingabe, einer je Zeile; „help“ zählt sie auf.</translation>
-    </message>
-    <message>
-        <source>The file is also open elsewhere (%1).</source>
-        <translation>Die Datei ist auch anderswo offen (%1).</translation>
-    </message>
-    <message>
-        <source>Unknown command &quot;%1&quot;; &quot;help&quot; lists the commands.</source>
-        <translation>Unbekannter Befehl „%1“; „help“ zählt die Befehle auf.</translation>
-    </message>
-    <message>
-        <source>Cannot save: %1</source>
-        <translation>Speichern nicht möglich: %1</translation>
-    </message>
-    <message>
-        <source>recording from %1</source>
-        <translation>Aufnahme ab %1</translation>
+        <source>did nothing: %1</source>
+        <translation>nichts getan: %1</translation>
     </message>
     <message>
         <source>paused at %1</source>
         <translation>pausiert bei %1</translation>
     </message>
     <message>
-        <source>selected %1</source>
-        <translation>ausgewählt: %1</translation>
-    </message>
-    <message>
-        <source>give the selected chapter the title that follows</source>
-        <translation>gibt dem ausgewählten Kapitel den Titel, der folgt</translation>
+        <source>the clock reads %1</source>
+        <translation>die Uhr zeigt %1</translation>
     </message>
     <message>
         <source>no chapter is selected</source>
         <translation>kein Kapitel ist ausgewählt</translation>
     </message>
     <message>
-        <source>let the clock of an interrupted recording run as if it had never stopped</source>
-        <translation>lässt die Uhr einer unterbrochenen Aufnahme laufen, als hätte sie nie gestanden</translation>
-    </message>
-    <message>
-        <source>no recording was interrupted</source>
-        <translation>keine Aufnahme wurde unterbrochen</translation>
-    </message>
-    <message>
-        <source>keep the clock of an interrupted recording paused at its last reading</source>
-        <translation>lässt die Uhr einer unterbrochenen Aufnahme beim letzten Stand pausiert</translation>
-    </message>
-    <message>
-        <source>add the time for which the computer slept to the clock and the chapters after it</source>
-        <translation>rechnet die Zeit, die der Computer schlief, zur Uhr und zu den Kapiteln danach hinzu</translation>
-    </message>
-    <message>
-        <source>the computer did not sleep</source>
-        <translation>der Computer hat nicht geschlafen</translation>
-    </message>
-    <message>
-        <source>leave out the time for which the computer slept</source>
-        <translation>lässt die Zeit weg, die der Computer schlief</translation>
-    </message>
-    <message>
-        <source>write over what another program made of the file</source>
-        <translation>überschreibt, was ein anderes Programm aus der Datei gemacht hat</translation>
-    </message>
-    <message>
-        <source>no other program changed the file</source>
-        <translation>kein anderes Programm hat die Datei geändert</translation>
-    </message>
-    <message>
-        <source>take over what another program made of the file</source>
-        <translation>übernimmt, was ein anderes Programm aus der Datei gemacht hat</translation>
-    </message>
-    <message>
-        <source>leave the file to the other program and go on in a new one</source>
-        <translation>überlässt die Datei dem anderen Programm und macht in einer neuen weiter</translation>
+        <source>give the selected chapter the title that follows</source>
+        <translation>gibt dem ausgewählten Kapitel den Titel, der folgt</translation>
     </message>
     <message>
         <source>tell the document, the clock and whether everything is saved</source>
@@ -1434,13 +1526,70 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>save and end; refused while the clock runs</source>
         <translation>speichert und endet; nicht, solange die Uhr läuft</translation>
     </message>
+</context>
+<context>
+    <name>ZLHeadlessConcerns</name>
     <message>
-        <source>did nothing: %1</source>
-        <translation>nichts getan: %1</translation>
+        <source>%1 Nothing is written there until you decide in a window.</source>
+        <translation>%1 Dort wird nichts geschrieben, bis Sie in einem Fenster entscheiden.</translation>
+    </message>
+    <message>
+        <source>Saved again: %1</source>
+        <translation>Wieder gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>The recovery folder can be written again.</source>
+        <translation>In den Wiederherstellungsordner kann wieder geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLHeadlessRecorder</name>
+    <message>
+        <source>Commands come from standard input, one a line; &quot;help&quot; lists them.</source>
+        <translation>Befehle kommen von der Standardeingabe, einer je Zeile; „help“ zählt sie auf.</translation>
+    </message>
+    <message>
+        <source>Unknown command &quot;%1&quot;; &quot;help&quot; lists the commands.</source>
+        <translation>Unbekannter Befehl „%1“; „help“ zählt die Befehle auf.</translation>
+    </message>
+    <message>
+        <source>Cannot save: %1</source>
+        <translation>Speichern nicht möglich: %1</translation>
+    </message>
+    <message>
+        <source>The clock is running: toggleRecording first, then quit.</source>
+        <translation>Die Uhr läuft: erst toggleRecording, dann quit.</translation>
+    </message>
+    <message>
+        <source>new document: %1</source>
+        <translation>neues Dokument: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ZLHeadlessReport</name>
+    <message>
+        <source>recording from %1</source>
+        <translation>Aufnahme ab %1</translation>
+    </message>
+    <message>
+        <source>paused at %1</source>
+        <translation>pausiert bei %1</translation>
+    </message>
+    <message>
+        <source>selected %1</source>
+        <translation>ausgewählt: %1</translation>
+    </message>
+    <message>
+        <source>deleted %1</source>
+        <translation>gelöscht: %1</translation>
     </message>
     <message>
         <source>file: %1, %2</source>
         <translation>Datei: %1, %2</translation>
+    </message>
+    <message>
+        <source>document: %1 (not in a file yet, kept safe)</source>
+        <translation>Dokument: %1 (noch ohne Datei, sicher aufbewahrt)</translation>
     </message>
     <message>
         <source>document: %1</source>
@@ -1467,6 +1616,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Datei: %1</translation>
     </message>
     <message>
+        <source>also open: %1, %2</source>
+        <translation>außerdem offen: %1, %2</translation>
+    </message>
+    <message>
         <source>OSC: UDP port %1</source>
         <translation>OSC: UDP-Port %1</translation>
     </message>
@@ -1474,80 +1627,24 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>OSC: %1</source>
         <translation>OSC: %1</translation>
     </message>
-    <message>
-        <source>The clock is running: toggleRecording first, then quit.</source>
-        <translation>Die Uhr läuft: erst toggleRecording, dann quit.</translation>
-    </message>
-    <message>
-        <source>%1 &quot;addsleep&quot; adds that time to it and to the chapters after it, &quot;leavesleep&quot; leaves it.</source>
-        <translation>%1 „addsleep“ rechnet diese Zeit zu ihr und zu den Kapiteln danach hinzu, „leavesleep“ lässt sie.</translation>
-    </message>
-    <message>
-        <source>the clock reads %1</source>
-        <translation>die Uhr zeigt %1</translation>
-    </message>
-    <message>
-        <source>also open: %1, %2</source>
-        <translation>außerdem offen: %1, %2</translation>
-    </message>
-    <message>
-        <source>new document: %1</source>
-        <translation>neues Dokument: %1</translation>
-    </message>
-    <message>
-        <source>%1 is read-only: what changes is kept, but cannot be written to it.</source>
-        <translation>%1 ist schreibgeschützt: Was sich ändert, wird aufbewahrt, kann aber nicht hineingeschrieben werden.</translation>
-    </message>
-    <message>
-        <source>deleted %1</source>
-        <translation>gelöscht: %1</translation>
-    </message>
-    <message>
-        <source>The recording was interrupted on %1 at %2. The clock is paused: &quot;continue&quot; lets it run as if it had never stopped, &quot;keep&quot; keeps it paused.</source>
-        <translation>Die Aufnahme wurde am %1 bei %2 unterbrochen. Die Uhr ist pausiert: „continue“ lässt sie laufen, als hätte sie nie gestanden, „keep“ lässt sie pausiert.</translation>
-    </message>
-    <message>
-        <source>document: %1 (not in a file yet, kept safe)</source>
-        <translation>Dokument: %1 (noch ohne Datei, sicher aufbewahrt)</translation>
-    </message>
 </context>
 <context>
-    <name>ZLHeadlessSavingReports</name>
+    <name>ZLHeadlessTexts</name>
     <message>
         <source>saved</source>
         <translation>gespeichert</translation>
+    </message>
+    <message>
+        <source>saving</source>
+        <translation>wird gespeichert</translation>
     </message>
     <message>
         <source>not saved: %1</source>
         <translation>nicht gespeichert: %1</translation>
     </message>
     <message>
-        <source>Saved again: %1</source>
-        <translation>Wieder gespeichert: %1</translation>
-    </message>
-    <message>
-        <source>Cannot save: %1. Trying again until it works.</source>
-        <translation>Speichern nicht möglich: %1. Es wird weiter versucht, bis es gelingt.</translation>
-    </message>
-    <message>
-        <source>Cannot save: %1 Nothing is written there until you decide in a window.</source>
-        <translation>Speichern nicht möglich: %1 Dort wird nichts geschrieben, bis Sie in einem Fenster entscheiden.</translation>
-    </message>
-    <message>
-        <source>Cannot save: %1 &quot;mine&quot; writes over it, &quot;theirs&quot; takes it over, &quot;both&quot; goes on in a new file.</source>
-        <translation>Speichern nicht möglich: %1 „mine“ überschreibt sie, „theirs“ übernimmt sie, „both“ macht in einer neuen Datei weiter.</translation>
-    </message>
-    <message>
-        <source>The recovery folder can be written again.</source>
-        <translation>In den Wiederherstellungsordner kann wieder geschrieben werden.</translation>
-    </message>
-    <message>
-        <source>The recovery folder cannot be written: %1. A crash may take what is not in the file yet. Trying again until it works.</source>
-        <translation>In den Wiederherstellungsordner kann nicht geschrieben werden: %1. Bei einem Absturz kann verloren gehen, was noch nicht in der Datei steht. Es wird weiter versucht, bis es gelingt.</translation>
-    </message>
-    <message>
-        <source>saving</source>
-        <translation>wird gespeichert</translation>
+        <source>chapter %1 at %2 &quot;%3&quot;</source>
+        <translation>Kapitel %1 bei %2 „%3“</translation>
     </message>
 </context>
 <context>
@@ -2734,6 +2831,13 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
 </context>
 <context>
+    <name>ZLOpeningProblems</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>ZLOutsideNewsDisplay</name>
     <message>
         <source>Chapter %1 at %2, from %3</source>
@@ -2887,21 +2991,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>&amp;Save</source>
         <translation>&amp;Speichern</translation>
-    </message>
-</context>
-<context>
-    <name>ZLReadOnlyDisplay</name>
-    <message>
-        <source>“%1” is read-only. Changes are kept, but they cannot be saved to this file.</source>
-        <translation>„%1“ ist schreibgeschützt. Änderungen werden aufbewahrt, lassen sich aber nicht in dieser Datei speichern.</translation>
-    </message>
-    <message>
-        <source>Save As…</source>
-        <translation>Speichern unter&#xa0;…</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -3214,30 +3303,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
 <context>
     <name>ZLSavingDisplay</name>
     <message>
-        <source>Another program changed “%1”. %2</source>
-        <translation>Ein anderes Programm hat „%1“ geändert. %2</translation>
-    </message>
-    <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Save As…</source>
-        <translation>Speichern unter&#xa0;…</translation>
-    </message>
-    <message>
-        <source>The document is not saved: %1 Zelta keeps trying.</source>
-        <translation>Das Dokument ist nicht gespeichert: %1 Zelta versucht es weiter.</translation>
-    </message>
-    <message>
-        <source>The recovery folder cannot be written: %1 A crash may take what is not in the file yet. Zelta keeps trying.</source>
-        <translation>In den Wiederherstellungsordner kann nicht geschrieben werden: %1 Bei einem Absturz kann verloren gehen, was noch nicht in der Datei steht. Zelta versucht es weiter.</translation>
-    </message>
-    <message>
-        <source>Try Now</source>
-        <translation>Jetzt versuchen</translation>
-    </message>
-    <message>
         <source>Saving…</source>
         <translation>Speichert&#xa0;…</translation>
     </message>
@@ -3252,34 +3317,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>Every change is written to %1. Click to save under another name.</source>
         <translation>Jede Änderung wird in %1 geschrieben. Ein Klick speichert unter anderem Namen.</translation>
-    </message>
-    <message>
-        <source>Keep Mine</source>
-        <translation>Meines behalten</translation>
-    </message>
-    <message>
-        <source>Take Theirs</source>
-        <translation>Das andere übernehmen</translation>
-    </message>
-    <message>
-        <source>Keep Both</source>
-        <translation>Beide behalten</translation>
-    </message>
-    <message>
-        <source>“%1” is also open elsewhere (%2). Changes made there are never overwritten without asking.</source>
-        <translation>„%1“ ist auch anderswo offen (%2). Änderungen von dort werden nie ohne Nachfrage überschrieben.</translation>
-    </message>
-    <message>
-        <source>The recording was interrupted on %1 at %2. The clock is paused until you decide.</source>
-        <translation>Die Aufnahme wurde am %1 um %2 unterbrochen. Die Uhr bleibt pausiert, bis die Entscheidung fällt.</translation>
-    </message>
-    <message>
-        <source>Continue as if Never Stopped</source>
-        <translation>Weiter, als hätte sie nie gestanden</translation>
-    </message>
-    <message>
-        <source>Stay Paused</source>
-        <translation>Pausiert lassen</translation>
     </message>
     <message>
         <source>Not in a file yet, kept safe</source>
@@ -3429,17 +3466,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>The disk does not answer</source>
         <translation>Die Platte antwortet nicht</translation>
-    </message>
-</context>
-<context>
-    <name>ZLSleepDisplay</name>
-    <message>
-        <source>Add That Time</source>
-        <translation>Zeit hinzurechnen</translation>
-    </message>
-    <message>
-        <source>Leave It Out</source>
-        <translation>Weglassen</translation>
     </message>
 </context>
 <context>

@@ -100,7 +100,7 @@ class DiskTest(OSCTestCase):
         self.theirs = other.read_bytes()
         self.file.write_bytes(self.theirs)
         self.mark(recorder, "later")
-        wait_until(lambda: recorder.has_said("Another program changed the file."), "the conflict to be told")
+        wait_until(lambda: recorder.has_said(f"Another program changed {self.file}."), "the conflict to be told")
         self.assertEqual(self.file.read_bytes(), self.theirs)
         return recorder
 
@@ -121,7 +121,7 @@ class DiskTest(OSCTestCase):
     def test_a_document_that_is_opened_twice_is_told_of(self):
         first = self.start_on(self.file)
         second = self.start_on(self.file)
-        wait_until(lambda: second.has_said("The file is also open elsewhere"), f"it, not {second.reader.lines}")
+        wait_until(lambda: second.has_said(f"{self.file} is also open elsewhere"), f"it, not {second.reader.lines}")
         wait_until(lambda: second.has_said(f"process {first.reader.process.pid}"), "who has it")
         self.assertFalse(first.has_said("elsewhere"))
 

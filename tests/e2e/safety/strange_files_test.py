@@ -86,7 +86,7 @@ class StrangeFilesTest(OSCTestCase):
         recorder = self.record()
         make_huge(self.file)
         self.press_until_chapter(recorder)
-        wait_until(lambda: recorder.has_said("Another program changed the file."), "the conflict to be told")
+        wait_until(lambda: recorder.has_said(f"Another program changed {self.file}."), "the conflict to be told")
         recorder.write("theirs")
         wait_until(lambda: recorder.has_said("The file is larger than 512 MiB."), "why it cannot be taken over")
         self.assertEqual(self.file.stat().st_size, HUGE)

@@ -1,9 +1,10 @@
 #include "app/ui/saving/ZLWindowCloser.h"
 
 #include "app/ui/saving/ZLSavePanel.h"
-#include "app/ui/saving/ZLSavingDisplay.h"
+#include "document/concerns/ZLConcern.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
+#include "platform/ZLShownText.h"
 
 namespace {
 
@@ -56,10 +57,10 @@ void ZLWindowCloser::askWhetherToKeep()
 void ZLWindowCloser::showFailure(const QString& message)
 {
     m_window.messageBar().showMessage(questionName,
-        tr("The document cannot be saved: %1 Close it anyway?").arg(ZLSavingDisplay::sentence(message)),
+        tr("The document cannot be saved: %1 Close it anyway?").arg(ZLShownText::withFullStop(message)),
         { { tr("Save As…"), [this] { m_savePanel.saveAs([this] { closeWith(ZLClosing::Keep); }); } },
             { tr("Close Without Saving"), [this] { closeWith(ZLClosing::Discard); } }, { tr("Cancel"), [] {} } },
-        { ZLSavingDisplay::failureMessageName() }, ZLMessageBar::Kind::Error);
+        { ZLConcernName::SavingFailure }, ZLMessageBar::Kind::Error);
     m_window.messageBar().takeKeyboardFor(questionName);
 }
 

@@ -3,11 +3,12 @@
 #include "app/ui/menus/ZLFileMenu.h"
 #include "app/ui/menus/ZLHelpMenu.h"
 #include "app/ui/menus/ZLWindowMenu.h"
-#include "app/ui/saving/ZLReadOnlyDisplay.h"
+#include "app/ui/saving/ZLConcernDisplay.h"
 #include "app/ui/saving/ZLSavePanel.h"
 #include "app/ui/saving/ZLSavingDisplay.h"
 #include "app/ui/saving/ZLWindowCloser.h"
-#include "app/ui/windows/ZLSleepDisplay.h"
+#include "app/ui/windows/ZLOpeningProblems.h"
+#include "document/concerns/ZLConcern.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
@@ -26,8 +27,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString openingProblemsName = QStringLiteral("openingProblems");
 
 bool isThere(const QString& path)
 {
@@ -98,10 +97,13 @@ QStringList ZLDocumentWindows::openFiles(const QStringList& paths)
     QStringList problems;
     for (const QString& path : paths) {
         const auto opened = m_controller.openDocument(path);
-        if (opened)
-            bringToFront(opened.value());
-        else
+        if (!opened) {
             problems += opened.error().message;
+            continue;
+        }
+        for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
+            ZLOpeningProblems::forget(window->messageBar(), m_controller.saverOf(opened.value())->path());
+        bringToFront(opened.value());
     }
     return problems;
 }
@@ -184,8 +186,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     connect(helpMenu, &ZLHelpMenu::aboutRequested, this, &ZLDocumentWindows::aboutRequested);
     connect(helpMenu, &ZLHelpMenu::keysRequested, this, [this, window] { Q_EMIT keysRequested(window); });
     new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
-    new ZLReadOnlyDisplay(*m_controller.saverOf(document), *savePanel, *window);
-    new ZLSleepDisplay(*window);
+    new ZLConcernDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
     connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
     window->installEventFilter(this);
@@ -278,13 +279,8 @@ ZLChapterDocumentWindow& ZLDocumentWindows::windowToWarnIn(ZLChapterDocument* do
 void ZLDocumentWindows::showProblems(const QStringList& problems) const
 {
     ZLChapterDocumentWindow* window = frontWindow();
-    if (problems.isEmpty() || !window)
-        return;
-    // Several files may come one after the other, and each failure is to be seen.
-    QStringList lines = window->messageBar().text(openingProblemsName).split(u'\n', Qt::SkipEmptyParts) + problems;
-    lines.removeDuplicates();
-    window->messageBar().showMessage(
-        openingProblemsName, lines.join(u'\n'), { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
+    if (window)
+        ZLOpeningProblems::tell(window->messageBar(), problems);
 }
 
 void ZLDocumentWindows::tellWhatHoldsTheLogOut() const
@@ -302,7 +298,7 @@ void ZLDocumentWindows::askWhetherToQuitUnsaved(const QStringList& problems)
     if (ZLChapterDocumentWindow* window = frontWindow()) {
         window->messageBar().showMessage(name, tr("Not everything could be saved: %1").arg(problems.join(u' ')),
             { { tr("Quit Anyway"), [this] { quitAtOnce(); } }, { tr("Cancel"), [] {} } },
-            { ZLSavingDisplay::failureMessageName() }, ZLMessageBar::Kind::Error);
+            { ZLConcernName::SavingFailure }, ZLMessageBar::Kind::Error);
         window->messageBar().takeKeyboardFor(name);
     }
 }

@@ -41,6 +41,24 @@ TEST_F(ZLDocumentWindowsTest, QuittingIsRefusedSilentlyWhileAnyClockRuns)
     EXPECT_EQ(quit(), 0);
 }
 
+TEST_F(ZLDocumentWindowsTest, AFileThatOpensAfterAllClearsItsOlderFailureAndNoOther)
+{
+    ZLChapterDocument* document = openFile(storedFile(u"show.zelta"_s));
+    const QString broken = filePath(u"broken.zelta"_s);
+    const QString other = filePath(u"other.zelta"_s);
+    for (const QString& path : { broken, other })
+        ASSERT_TRUE(ZLAtomicFile::write(path, "no document"));
+    EXPECT_EQ(m_windows->openLater({ .files = { broken, other } }).size(), 2);
+    EXPECT_TRUE(barText(document).contains(broken) && barText(document).contains(other));
+    storedFile(u"broken.zelta"_s);
+    EXPECT_EQ(m_windows->openLater({ .files = { broken } }), QStringList());
+    EXPECT_FALSE(barText(document).contains(broken)) << qPrintable(barText(document));
+    EXPECT_TRUE(barText(document).contains(other));
+    storedFile(u"other.zelta"_s);
+    EXPECT_EQ(m_windows->openLater({ .files = { other } }), QStringList());
+    EXPECT_EQ(barText(document), QString());
+}
+
 TEST_F(ZLDocumentWindowsTest, QuittingSavesEverything)
 {
     const QString path = storedFile(u"show.zelta"_s);

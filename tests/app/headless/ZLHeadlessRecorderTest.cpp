@@ -1,4 +1,4 @@
-#include "app/ZLHeadlessRecorderFixture.h"
+#include "app/headless/ZLHeadlessRecorderFixture.h"
 #include "platform/ZLBoundedFile.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "app/ZLHeadlessRecorderFixture.h"
+#include "app/headless/ZLHeadlessRecorderFixture.h"
 #include "platform/ZLBoundedFile.h"
 
 #include <QCoreApplication>
@@ -74,7 +74,7 @@ TEST_F(ZLHeadlessDecisionsTest, ARecoveryFolderThatCannotBeWrittenIsToldUntilItC
     answerTo(u"newChapter"_s);
     answerTo(u"newChapter"_s);
     const QString failure =
-        u"The recovery folder cannot be written: %1: Not a directory. A crash may take what is not in the file yet. Trying again until it works."_s
+        u"The recovery folder cannot be written: %1: Not a directory. A crash may take what is not in the file yet. Zelta keeps trying."_s
             .arg(folder);
     EXPECT_EQ(errors, QStringList { failure }) << "told once";
     ASSERT_TRUE(QFile::remove(folder));

@@ -1,4 +1,4 @@
-#include "app/ZLSleepText.h"
+#include "document/concerns/ZLSleepText.h"
 
 #include <QLocale>
 #include <gtest/gtest.h>

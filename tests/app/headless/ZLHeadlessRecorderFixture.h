@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ZLHeadlessRecorder.h"
+#include "app/headless/ZLHeadlessRecorder.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "app/ZLOpenDocuments.h"
+#include "app/session/ZLOpenDocuments.h"
 
 #include "platform/ZLAbandonedWork.h"
 #include "platform/ZLAtomicFile.h"

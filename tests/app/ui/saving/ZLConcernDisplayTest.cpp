@@ -1,11 +1,11 @@
-#include "app/ui/windows/ZLSleepDisplay.h"
+#include "app/ui/saving/ZLConcernDisplay.h"
 
-#include "app/ZLSleepText.h"
 #include "app/ui/ZLDesktopFixture.h"
+#include "document/concerns/ZLSleepText.h"
 
 using namespace Qt::StringLiterals;
 
-class ZLSleepDisplayTest : public ZLDesktopFixture {
+class ZLConcernDisplayTest : public ZLDesktopFixture {
 protected:
     [[nodiscard]] ZLChapterDocument* recordingDocumentThatSlept()
     {
@@ -23,7 +23,7 @@ protected:
     }
 };
 
-TEST_F(ZLSleepDisplayTest, ASleepIsToldWithItsTwoWaysOut)
+TEST_F(ZLConcernDisplayTest, ASleepIsToldWithItsTwoWaysOut)
 {
     ZLChapterDocument* document = recordingDocumentThatSlept();
     EXPECT_EQ(barText(document), ZLSleepText::sentence(document->undecidedSleeps()));
@@ -31,7 +31,7 @@ TEST_F(ZLSleepDisplayTest, ASleepIsToldWithItsTwoWaysOut)
     EXPECT_EQ(barButtons(document), (QStringList { u"Add That Time"_s, u"Leave It Out"_s }));
 }
 
-TEST_F(ZLSleepDisplayTest, AddingTheTimeTakesTheBarAwayAndUndoingBringsItBack)
+TEST_F(ZLConcernDisplayTest, AddingTheTimeTakesTheBarAwayAndUndoingBringsItBack)
 {
     ZLChapterDocument* document = recordingDocumentThatSlept();
     pass(10.0);
@@ -45,7 +45,7 @@ TEST_F(ZLSleepDisplayTest, AddingTheTimeTakesTheBarAwayAndUndoingBringsItBack)
     EXPECT_EQ(document->currentDuration(), 40.0);
 }
 
-TEST_F(ZLSleepDisplayTest, LeavingItTakesTheBarAway)
+TEST_F(ZLConcernDisplayTest, LeavingItTakesTheBarAway)
 {
     ZLChapterDocument* document = recordingDocumentThatSlept();
     pressInBar(document, u"Leave It Out"_s);
@@ -53,14 +53,14 @@ TEST_F(ZLSleepDisplayTest, LeavingItTakesTheBarAway)
     EXPECT_EQ(document->currentDuration(), 30.0);
 }
 
-TEST_F(ZLSleepDisplayTest, UndoingTheStartTakesTheBarAway)
+TEST_F(ZLConcernDisplayTest, UndoingTheStartTakesTheBarAway)
 {
     ZLChapterDocument* document = recordingDocumentThatSlept();
     document->undoManager().undo();
     EXPECT_EQ(barText(document), QString());
 }
 
-TEST_F(ZLSleepDisplayTest, ASecondSleepTakesThePlaceOfTheFirst)
+TEST_F(ZLConcernDisplayTest, ASecondSleepTakesThePlaceOfTheFirst)
 {
     ZLChapterDocument* document = recordingDocumentThatSlept();
     m_bootClock->advance(120.0);

@@ -1,4 +1,4 @@
-#include "app/ZLRecentDocuments.h"
+#include "app/session/ZLRecentDocuments.h"
 
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"

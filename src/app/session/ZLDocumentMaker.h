@@ -1,0 +1,53 @@
+#pragma once
+
+#include "document/ZLChapterDocument.h"
+#include "document/saving/ZLDocumentRecovery.h"
+#include "document/saving/ZLDocumentSaver.h"
+#include "document/saving/ZLRecoveryFolder.h"
+#include "platform/ZLResult.h"
+
+#include <functional>
+#include <memory>
+
+/// A document with what keeps it on the disk.
+struct ZLSavedDocument {
+    std::unique_ptr<ZLChapterDocument> document;
+    std::unique_ptr<ZLDocumentSaver> saver;
+};
+
+/// Makes documents, each with its saver, and belongs to no list of them.
+class ZLDocumentMaker {
+public:
+    using NewName = std::function<QString()>;
+
+    /// `newName` gives an untitled document its name. `recoveryFolder` has to outlive the maker and what it makes.
+    ZLDocumentMaker(ZLDocumentEnvironment environment, ZLSavingMachinery machinery,
+        const ZLRecoveryFolder& recoveryFolder, NewName newName);
+
+    [[nodiscard]] const ZLDocumentEnvironment& environment() const { return m_environment; }
+    [[nodiscard]] const ZLSavingMachinery& machinery() const { return m_machinery; }
+    [[nodiscard]] const ZLRecoveryFolder& recoveryFolder() const { return m_recoveryFolder; }
+
+    [[nodiscard]] ZLSavedDocument makeUntitled() const;
+    /// Writes a new, empty file at `path`.
+    [[nodiscard]] ZLResult<ZLSavedDocument> createFile(const QString& path) const;
+    [[nodiscard]] ZLResult<ZLSavedDocument> readFile(const QString& path) const;
+    /// An untitled document that lies in `file`.
+    [[nodiscard]] ZLResult<ZLSavedDocument> readRecoveryFile(std::unique_ptr<ZLRecoveryFile> file) const;
+    /// The document that `recovered` holds, for its file, which was found as `file`.
+    [[nodiscard]] ZLSavedDocument rebuild(ZLRecoveredDocument recovered, const ZLFoundFile& file) const;
+    /// The document that `recovered` holds as an untitled one. It is written to the recovery folder at once, if that can
+    /// be done.
+    [[nodiscard]] ZLSavedDocument rebuildAside(const ZLRecoveredDocument& recovered) const;
+
+private:
+    [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
+    [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocumentFrom(const ZLJournaledDocument& journal) const;
+    [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> readDocument(
+        const QString& path, const QByteArray& bytes) const;
+
+    const ZLDocumentEnvironment m_environment;
+    const ZLSavingMachinery m_machinery;
+    const ZLRecoveryFolder& m_recoveryFolder;
+    const NewName m_newName;
+};

@@ -1,0 +1,91 @@
+#include "document/concerns/ZLConcernChoice.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using Action = ZLConcernAction;
+
+/// In the order of the actions.
+constexpr std::array concernChoices {
+    ZLConcernChoice { Action::ContinueRecording, QT_TRANSLATE_NOOP("ZLConcernChoice", "Continue as if Never Stopped"),
+        "continue", QT_TRANSLATE_NOOP("ZLConcernChoice", "lets it run as if it had never stopped"),
+        QT_TRANSLATE_NOOP(
+            "ZLConcernChoice", "let the clock of an interrupted recording run as if it had never stopped"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "no recording was interrupted") },
+    ZLConcernChoice { Action::StayPaused, QT_TRANSLATE_NOOP("ZLConcernChoice", "Stay Paused"), "keep",
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "keeps it paused"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "keep the clock of an interrupted recording paused at its last reading"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "no recording was interrupted") },
+    ZLConcernChoice { Action::AddSleptTime, QT_TRANSLATE_NOOP("ZLConcernChoice", "Add That Time"), "addsleep",
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "adds that time to it and to the chapters after it"),
+        QT_TRANSLATE_NOOP(
+            "ZLConcernChoice", "add the time for which the computer slept to the clock and the chapters after it"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "the computer did not sleep") },
+    ZLConcernChoice { Action::LeaveSleptTime, QT_TRANSLATE_NOOP("ZLConcernChoice", "Leave It Out"), "leavesleep",
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "leaves it"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "leave out the time for which the computer slept"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "the computer did not sleep") },
+    ZLConcernChoice { Action::KeepMine, QT_TRANSLATE_NOOP("ZLConcernChoice", "Keep Mine"), "mine",
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "writes over it"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "write over what another program made of the file"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "no other program changed the file") },
+    ZLConcernChoice { Action::TakeTheirs, QT_TRANSLATE_NOOP("ZLConcernChoice", "Take Theirs"), "theirs",
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "takes it over"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "take over what another program made of the file"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "no other program changed the file") },
+    ZLConcernChoice { Action::KeepBoth, QT_TRANSLATE_NOOP("ZLConcernChoice", "Keep Both"), "both",
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "goes on in a new file"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "leave the file to the other program and go on in a new one"),
+        QT_TRANSLATE_NOOP("ZLConcernChoice", "no other program changed the file") },
+    ZLConcernChoice { .action = Action::TryNow, .labelText = QT_TRANSLATE_NOOP("ZLConcernChoice", "Try Now") },
+    ZLConcernChoice { .action = Action::SaveAs, .labelText = QT_TRANSLATE_NOOP("ZLConcernChoice", "Save As…") },
+    ZLConcernChoice { .action = Action::Dismiss, .labelText = QT_TRANSLATE_NOOP("ZLConcernChoice", "OK") },
+};
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("ZLConcernChoice", text);
+}
+
+}
+
+QString ZLConcernChoice::label() const
+{
+    return translated(labelText);
+}
+
+QString ZLConcernChoice::effect() const
+{
+    return translated(effectText);
+}
+
+QString ZLConcernChoice::summary() const
+{
+    return translated(summaryText);
+}
+
+QString ZLConcernChoice::obstacle() const
+{
+    return translated(obstacleText);
+}
+
+std::span<const ZLConcernChoice> ZLConcernChoices::all()
+{
+    return concernChoices;
+}
+
+const ZLConcernChoice& ZLConcernChoices::of(ZLConcernAction action)
+{
+    return *std::ranges::find(concernChoices, action, &ZLConcernChoice::action);
+}
+
+const ZLConcernChoice* ZLConcernChoices::withWord(const QString& word)
+{
+    const auto found = std::ranges::find_if(
+        concernChoices, [&word](const ZLConcernChoice& choice) { return choice.wordText && choice.word() == word; });
+    return found == concernChoices.end() ? nullptr : &*found;
+}

@@ -1,8 +1,8 @@
 #include "app/ZLHeadlessRecorder.h"
 
-#include "app/ZLActionRouting.h"
 #include "app/ZLChapterChanges.h"
 #include "app/ZLHeadlessSavingReports.h"
+#include "commands/ZLRemoteActions.h"
 #include "platform/ZLLineReader.h"
 #include "platform/ZLShownText.h"
 #include "platform/ZLSignalWatcher.h"
@@ -254,7 +254,7 @@ const std::vector<ZLHeadlessRecorder::Command>& ZLHeadlessRecorder::commands()
 void ZLHeadlessRecorder::performAction(const ZLRemoteAction& action)
 {
     m_hasPrinted = false;
-    (m_document->*ZLActionRouting::operationForAction(action.identifier))();
+    (m_document->*ZLRemoteActions::operationForAction(action.identifier))();
     report();
     if (!m_hasPrinted)
         print(tr("did nothing: %1").arg(action.obstacle()));

@@ -45,11 +45,12 @@ ALLOWED = {
     "document": "document/shared platform platform/activity platform/archive platform/notification platform/sound model lists settings"
     " templates",
     "document/saving": "platform platform/archive model document",
+    "commands": "settings document",
     "document/ui/table": "settings templates/ui document",
-    "document/ui/menus": "model settings document document/ui/table",
-    "document/ui": "platform platform/window resources model settings templates templates/ui document document/ui/table"
-    " document/ui/menus",
-    "remote": "platform platform/dnssd platform/hotkey platform/osc model settings document",
+    "document/ui/menus": "model settings document commands document/ui/table",
+    "document/ui": "platform platform/window resources model settings templates templates/ui document commands"
+    " document/ui/table document/ui/menus",
+    "remote": "platform platform/dnssd platform/hotkey platform/osc model settings document commands",
     "remote/ui": "platform/dnssd platform/osc platform/window settings templates/ui document/ui remote",
     "export": "platform model",
     "export/formats": "model export",
@@ -57,21 +58,21 @@ ALLOWED = {
     "export/ui": "platform document document/saving document/ui export export/formats",
     "delivery": "platform platform/media platform/media/file model document",
     "import": "platform platform/media/file model lists/forms document",
-    "settings/ui": "platform/hotkey platform/sound platform/window resources settings",
+    "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
     "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model settings"
-    " document document/saving remote export export/formats delivery import",
+    " document document/saving commands remote export export/formats delivery import",
     "app/ui/look": "templates/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "document/saving document/ui app",
     "app/ui/menus": "document/ui document/ui/menus export export/ui app app/ui/saving",
-    "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui document/ui document/ui/menus remote"
+    "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui document/ui document/ui/menus commands"
     " app",
     "app/ui/windows": "platform/filemanager platform/window document document/ui document/ui/menus app app/ui/saving"
     " app/ui/menus",
-    "app/ui/outside": "platform/dnssd model document/ui document/ui/menus remote remote/ui app app/ui/windows",
+    "app/ui/outside": "platform/dnssd model document/ui document/ui/menus commands remote remote/ui app app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window settings"
     " settings/ui document/ui document/ui/menus app app/ui/look app/ui/quickedit app/ui/shortcuts app/ui/windows"
-    " app/ui/outside",
+    " app/ui/outside commands",
 }
 # Puts everything together, so it may include everything.
 COMPOSITION_ROOT = "app/main.cpp"

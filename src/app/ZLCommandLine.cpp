@@ -1,6 +1,6 @@
 #include "app/ZLCommandLine.h"
 
-#include "remote/ZLRemoteActions.h"
+#include "commands/ZLRemoteActions.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

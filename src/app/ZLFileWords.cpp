@@ -1,8 +1,8 @@
 #include "app/ZLFileWords.h"
 
+#include "commands/ZLRemoteActions.h"
 #include "document/ZLDocumentFile.h"
 #include "platform/ZLFileExtension.h"
-#include "remote/ZLRemoteActions.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "app/ZLOutsideCommands.h"
 
-#include "app/ZLActionRouting.h"
+#include "commands/ZLRemoteActions.h"
 #include "remote/ZLRemoteOutcome.h"
 
 #include <QScopedValueRollback>
@@ -41,7 +41,7 @@ QList<ZLChapterDocument*> ZLOutsideCommands::recordingBesideTarget() const
 void ZLOutsideCommands::perform(const QString& action, const ZLRemoteSource& source)
 {
     ZLChapterDocument* document = target();
-    const ZLActionRouting::Operation operation = ZLActionRouting::operationForAction(action);
+    const ZLRemoteAction::Operation operation = ZLRemoteActions::operationForAction(action);
     if (!document || !operation)
         return;
     const ZLRemoteOutcome outcome(document);

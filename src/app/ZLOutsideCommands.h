@@ -2,7 +2,7 @@
 
 #include "app/ZLCommandKeys.h"
 #include "app/ZLDocumentController.h"
-#include "remote/ZLRemoteActions.h"
+#include "commands/ZLRemoteActions.h"
 #include "remote/ZLRemoteSource.h"
 
 #include <QObject>

@@ -1,9 +1,9 @@
 #include "app/ZLSendCommand.h"
 
+#include "commands/ZLRemoteActions.h"
 #include "platform/ZLShownText.h"
 #include "platform/osc/ZLOSCCodec.h"
 #include "remote/ZLCommandSocket.h"
-#include "remote/ZLRemoteActions.h"
 
 #include <QCoreApplication>
 #include <QUdpSocket>

@@ -94,8 +94,7 @@ public:
     /// it gets some, and for any other format.
     [[nodiscard]] virtual QString reasonNothingIsInserted(const ZLExportInput& input) const;
 
-    /// What the destination will not like, one sentence each, beside what the table of ZLExportAdvice says. Empty for
-    /// the base class.
+    /// What the destination will not like, one sentence each. Empty for the base class.
     [[nodiscard]] virtual QStringList advice(const ZLExportInput& input) const;
 
     /// Adds a class to the process-wide list; the base class itself is left out. A class that is registered twice is

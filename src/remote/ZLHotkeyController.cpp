@@ -18,15 +18,12 @@ ZLHotkeyController::ZLHotkeyController(ZLRemoteControllerDelegate* delegate, ZLH
 void ZLHotkeyController::setupHotkeys()
 {
     unregisterAllHotKeys(m_center);
-    const QStringList keys = ZLSettingsManager::allKeyComboKeys();
-    for (const QString& key : keys) {
-        const std::optional<QVariantMap> shortcut = ZLSettingsManager::keyComboForKey(key);
+    for (const ZLRemoteAction& action : ZLRemoteActions::all()) {
+        const std::optional<QVariantMap> shortcut = ZLSettingsManager::keyComboForKey(action.settingsKey);
         if (!shortcut)
             continue;
-        const QString action = actionForSettingsKey(key);
-        ZLHotKey hotKey = ZLHotKey::hotKeyWithIdentifier(action, *shortcut);
-        if (const ZLRemoteAction* row = ZLRemoteActions::withIdentifier(action))
-            hotKey.purpose = row->title();
+        ZLHotKey hotKey = ZLHotKey::hotKeyWithIdentifier(action.identifier, *shortcut);
+        hotKey.purpose = action.title();
         m_center.registerHotKey(hotKey);
     }
     Q_EMIT hotKeysDidChange();

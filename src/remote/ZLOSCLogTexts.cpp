@@ -1,6 +1,6 @@
 #include "remote/ZLOSCLogTexts.h"
 
-#include "remote/ZLRemoteActions.h"
+#include "commands/ZLRemoteActions.h"
 
 #include <QCoreApplication>
 

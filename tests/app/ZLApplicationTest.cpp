@@ -1,6 +1,6 @@
 #include "app/ZLApplication.h"
 
-#include "app/ZLActionRouting.h"
+#include "commands/ZLRemoteActions.h"
 #include "export/ZLExporter.h"
 #include "platform/ZLBoundedFile.h"
 #include "remote/ZLRecordingHotKeyCenter.h"
@@ -151,10 +151,10 @@ TEST_F(ZLApplicationTest, SelectingThePreviousChapterGoesUpAndNeverToTheLastRow)
 TEST_F(ZLApplicationTest, OnlyThePublishedConstantsAreRouted)
 {
     for (const ZLRemoteAction& action : ZLRemoteActions::all())
-        EXPECT_TRUE(ZLActionRouting::operationForAction(action.identifier)) << qPrintable(action.identifier);
-    EXPECT_EQ(ZLActionRouting::operationForAction(QString::fromLatin1("ZLControllerNewChapterAction")), nullptr);
-    EXPECT_EQ(ZLActionRouting::operationForAction(u""_s), nullptr);
-    EXPECT_EQ(ZLActionRouting::operationForAction(ZLControllerSelectLastAction), &ZLChapterDocument::selectLastChapter);
+        EXPECT_TRUE(ZLRemoteActions::operationForAction(action.identifier)) << qPrintable(action.identifier);
+    EXPECT_EQ(ZLRemoteActions::operationForAction(QString::fromLatin1("ZLControllerNewChapterAction")), nullptr);
+    EXPECT_EQ(ZLRemoteActions::operationForAction(u""_s), nullptr);
+    EXPECT_EQ(ZLRemoteActions::operationForAction(ZLControllerSelectLastAction), &ZLChapterDocument::selectLastChapter);
 }
 
 TEST_F(ZLApplicationTest, AHotKeyDrivesTheDocumentOnlyWhileGlobalHotKeysAreOn)

@@ -47,6 +47,7 @@ ALLOWED = {
     "document": "platform platform/archive model lists settings templates document/shared document/recording"
     " document/editing",
     "document/saving": "platform platform/archive model document document/recording",
+    "commands": "settings document",
     "document/concerns": "platform document/recording document/saving",
     "document/ui/table": "settings templates/ui document document/editing",
     "document/ui/menus": "model settings document document/editing document/ui/table",
@@ -69,14 +70,14 @@ ALLOWED = {
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "platform document/concerns document/saving document/ui app",
     "app/ui/menus": "document/ui document/ui/menus export export/ui app app/ui/saving",
-    "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui document/ui document/ui/menus remote"
+    "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui document/ui document/ui/menus commands"
     " app",
     "app/ui/windows": "platform/filemanager platform/window document/concerns document/ui document/ui/menus app"
     " app/ui/saving app/ui/menus",
     "app/ui/outside": "platform/dnssd model document/ui document/ui/menus remote remote/ui app app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window settings"
     " settings/ui document/ui document/ui/menus app app/ui/look app/ui/quickedit app/ui/shortcuts app/ui/windows"
-    " app/ui/outside",
+    " app/ui/outside commands",
 }
 # Puts everything together, so it may include everything.
 COMPOSITION_ROOT = "app/main.cpp"

@@ -1,9 +1,8 @@
 #include "app/headless/ZLHeadlessCommands.h"
 
-#include "app/ZLActionRouting.h"
 #include "app/headless/ZLHeadlessConcerns.h"
 #include "app/headless/ZLHeadlessReport.h"
-#include "remote/ZLRemoteActions.h"
+#include "commands/ZLRemoteActions.h"
 
 #include <algorithm>
 #include <array>
@@ -43,7 +42,7 @@ bool ZLHeadlessCommands::perform(const QString& line)
 void ZLHeadlessCommands::performAction(const ZLRemoteAction& action)
 {
     (void)m_report.takeHasPrinted();
-    (m_document.*ZLActionRouting::operationForAction(action.identifier))();
+    (m_document.*ZLRemoteActions::operationForAction(action.identifier))();
     m_report.printChanges();
     if (!m_report.takeHasPrinted())
         m_report.print(tr("did nothing: %1").arg(action.obstacle()));

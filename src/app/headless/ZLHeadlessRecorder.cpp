@@ -2,10 +2,10 @@
 
 #include "app/headless/ZLHeadlessCommands.h"
 #include "app/headless/ZLHeadlessReport.h"
+#include "commands/ZLRemoteActions.h"
 #include "platform/ZLLineReader.h"
 #include "platform/ZLShownText.h"
 #include "platform/ZLSignalWatcher.h"
-#include "remote/ZLRemoteActions.h"
 
 #include <QFileInfo>
 

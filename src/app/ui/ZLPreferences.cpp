@@ -1,6 +1,7 @@
 #include "app/ui/ZLPreferences.h"
 
 #include "app/ZLApplication.h"
+#include "commands/ZLRemoteActions.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLStatusLine.h"
 #include "document/ui/menus/ZLActionHelp.h"
@@ -157,10 +158,10 @@ void ZLPreferences::showSystemNotices(ZLShortcutPrefsViewController& pane) const
         : tr("%1 A key of the desktop's own settings can run “%2” instead.").arg(reason, u"zelta send newChapter"_s);
     QHash<QString, QString> byKey;
     // What concerns all of them needs to be said only once.
-    const QStringList keys = aboutAll.isEmpty() ? ZLSettingsManager::allKeyComboKeys() : QStringList();
-    for (const QString& key : keys) {
-        if (const auto hotKey = m_application.hotKeyForSettingsKey(key))
-            byKey.insert(key, noticeAboutHotKey(*hotKey));
+    for (const ZLRemoteAction& action : ZLRemoteActions::all()) {
+        const auto hotKey = m_application.hotKeyForSettingsKey(action.settingsKey);
+        if (aboutAll.isEmpty() && hotKey)
+            byKey.insert(action.settingsKey, noticeAboutHotKey(*hotKey));
     }
     pane.setSystemNotices(byKey, aboutAll);
 }

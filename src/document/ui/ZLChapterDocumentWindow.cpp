@@ -1,5 +1,6 @@
 #include "document/ui/ZLChapterDocumentWindow.h"
 
+#include "commands/ZLRemoteActions.h"
 #include "document/ZLChapterDocument.h"
 #include "document/ui/ZLDrawerSlide.h"
 #include "document/ui/ZLImportNews.h"
@@ -332,13 +333,13 @@ void ZLChapterDocumentWindow::updateTitle()
 
 void ZLChapterDocumentWindow::updateToolTips()
 {
-    const auto help = [this](QToolButton* button, const QString& text, int tag) {
-        button->setToolTip(ZLActionHelp::textWithKey(text, *m_recordingMenu->actionWithTag(tag)));
+    const auto help = [this](QToolButton* button, const QString& text, const QString& action) {
+        button->setToolTip(ZLActionHelp::textWithKey(text, *m_recordingMenu->itemOf(action)));
     };
     const ZLDocumentToolbar& bar = toolbar();
-    help(bar.recordButton(), recordHelp(), 1);
-    help(bar.addButton(), tr("Add a chapter now. Hold Alt for a blank one."), 2);
-    help(bar.deleteButton(), tr("Delete the selected chapter"), 3);
+    help(bar.recordButton(), recordHelp(), ZLControllerToggleRecordingAction);
+    help(bar.addButton(), tr("Add a chapter now. Hold Alt for a blank one."), ZLControllerNewChapterAction);
+    help(bar.deleteButton(), tr("Delete the selected chapter"), ZLControllerDeleteSelectedChapterAction);
     bar.drawerButton()->setToolTip(
         ZLActionHelp::textWithKey(tr("Show or hide the templates"), *m_viewMenu->drawerItem()));
 }

@@ -1,9 +1,14 @@
 #include "export/formats/ZLFinalCutExporter.h"
 
+#include "export/formats/ZLExportAdvice.h"
+#include "export/formats/ZLNumberedChapters.h"
 #include "export/formats/ZLSaturatedInteger.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -66,4 +71,97 @@ ZLResult<QByteArray> ZLFinalCutExporter::exportedBytes(const ZLExportInput& inpu
     }
     text += "</clip>\n</project>\n</fcpxml>\n"_L1;
     return text.toUtf8();
+}
+
+namespace {
+
+/// Neither enabled nor disabled.
+ZLExportFinding noChapterFromTheStartOn(const ZLExportInput& input)
+{
+    const auto isWritten = [](const ZLChapterPointer& chapter) { return !(chapter->timeStamp() < 0.0); };
+    return std::ranges::any_of(input.chapters, isWritten) ? std::nullopt
+                                                          : ZLExportFinding(ZLExportFindings::somethingFound);
+}
+
+ZLExportFinding anyBeforeTheStart(const ZLExportInput& input)
+{
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return chapter.timeStamp() < 0.0; }, ZLNumberedChapters::Which::All);
+}
+
+ZLExportFinding recordingGoesOn(const ZLExportInput& input)
+{
+    return input.isRecording ? ZLExportFinding(ZLExportFindings::somethingFound) : std::nullopt;
+}
+
+/// The end is that of the finished spans, be it 0.
+ZLExportFinding anyAfterTheFinishedSpans(const ZLExportInput& input)
+{
+    return ZLNumberedChapters::that(
+        input, [&](const ZLChapter& chapter) { return chapter.timeStamp() > input.duration; },
+        ZLNumberedChapters::Which::All);
+}
+
+ZLExportFinding beyond32Bits(const ZLExportInput& input)
+{
+    constexpr double lastMillisecond = std::numeric_limits<std::int32_t>::max();
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return chapter.timeStamp() * 1000.0 > lastMillisecond; },
+        ZLNumberedChapters::Which::All);
+}
+
+ZLExportFinding anyTitleForbiddenInXml(const ZLExportInput& input)
+{
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return ZLExportFindings::holdsForbiddenInXml(chapter.title()); },
+        ZLNumberedChapters::Which::All);
+}
+
+ZLExportFinding anyTitleWithControlCharactersThatXmlTakes(const ZLExportInput& input)
+{
+    return ZLNumberedChapters::that(
+        input,
+        [](const ZLChapter& chapter) { return ZLExportFindings::holdsControlCharacterThatXmlTakes(chapter.title()); },
+        ZLNumberedChapters::Which::All);
+}
+
+ZLExportFinding anyTitleWithBrokenCharacters(const ZLExportInput& input)
+{
+    return ZLNumberedChapters::that(
+        input, [](const ZLChapter& chapter) { return !chapter.title().isValidUtf16(); },
+        ZLNumberedChapters::Which::All);
+}
+
+ZLExportFinding markupInFileName(const ZLExportInput& input)
+{
+    const bool isUnfit = ZLExportFindings::holdsAnyOf(input.fileBaseName, "&<\""_L1)
+        || ZLExportFindings::holdsForbiddenInXml(input.fileBaseName);
+    return isUnfit ? ZLExportFinding(ZLExportFindings::somethingFound) : std::nullopt;
+}
+
+constexpr std::array finalCutRules {
+    ZLExportRule { noChapterFromTheStartOn,
+        QT_TRANSLATE_NOOP("ZLExportAdvice", "No chapters at 00:00 or later: the project will have no markers.") },
+    ZLExportRule {
+        anyBeforeTheStart, QT_TRANSLATE_NOOP("ZLExportAdvice", "Markers with a negative time are left out: see %1.") },
+    ZLExportRule { recordingGoesOn,
+        QT_TRANSLATE_NOOP(
+            "ZLExportAdvice", "The recording is still running: the clip will end where it was last paused.") },
+    ZLExportRule {
+        anyAfterTheFinishedSpans, QT_TRANSLATE_NOOP("ZLExportAdvice", "The clip ends with the recording, before %1.") },
+    ZLExportRule { beyond32Bits, QT_TRANSLATE_NOOP("ZLExportAdvice", "Marker times end after 596 hours, before %1.") },
+    ZLExportRule { anyTitleForbiddenInXml, ZLExportAdvice::notXml },
+    ZLExportRule { anyTitleWithControlCharactersThatXmlTakes, ZLExportAdvice::hidden },
+    ZLExportRule { anyTitleWithBrokenCharacters, ZLExportAdvice::unwritable },
+    ZLExportRule { markupInFileName,
+        QT_TRANSLATE_NOOP("ZLExportAdvice",
+            "The project gets the name of the file as it is: with &, < or \" in it, Final Cut Pro will "
+            "not open the file.") },
+};
+
+}
+
+QStringList ZLFinalCutExporter::advice(const ZLExportInput& input) const
+{
+    return ZLExportAdvice::lines(finalCutRules, input);
 }

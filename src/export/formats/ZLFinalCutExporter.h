@@ -11,4 +11,6 @@ public:
     /// Never fails. The project is called like the chosen file, unescaped: an ampersand in the file's name gives a file
     /// that XML readers refuse.
     [[nodiscard]] ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override;
+
+    [[nodiscard]] QStringList advice(const ZLExportInput& input) const override;
 };

@@ -1,11 +1,16 @@
 #include "export/formats/ZLHindenburgExporter.h"
 
+#include "export/formats/ZLExportAdvice.h"
+#include "export/formats/ZLNumberedChapters.h"
+#include "export/formats/ZLSessionMarkers.h"
+
 #include <QByteArrayMatcher>
 #include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -232,4 +237,59 @@ ZLResult<QByteArray> ZLHindenburgExporter::exportedBytes(const ZLExportInput& in
     if (hasMarkersSection(session))
         return withMarkersAdded(session, input);
     return withMarkersSection(session, input);
+}
+
+namespace {
+
+ZLExportFinding sessionWithoutEnd(const ZLExportInput& input)
+{
+    const QByteArray& session = input.existingBytes;
+    const bool isUnfit = !session.isEmpty() && !ZLHindenburgExporter::takesMarkers(session);
+    return isUnfit ? ZLExportFinding(ZLExportFindings::somethingFound) : std::nullopt;
+}
+
+ZLExportFinding unescapedMarkup(const ZLExportInput& input)
+{
+    return ZLNumberedChapters::that(input, [](const ZLChapter& chapter) {
+        return ZLExportFindings::holdsAnyOf(chapter.title(), "<\""_L1)
+            || ZLExportFindings::holdsAnyOf(chapter.link(), "<\""_L1);
+    });
+}
+
+/// As a marker with the same name at the same time, to the millisecond.
+ZLExportFinding inTheSessionAlready(const ZLExportInput& input)
+{
+    const auto markers = ZLSessionMarkers::in(input.existingBytes);
+    if (markers.isEmpty())
+        return std::nullopt;
+    return ZLNumberedChapters::that(input, [&markers](const ZLChapter& chapter) {
+        const double milliseconds = ZLHindenburgExporter::markerTime(chapter).toDouble() * 1000.0;
+        constexpr double longest = 1e15;
+        return std::fabs(milliseconds) < longest && markers.contains({ std::llround(milliseconds), chapter.title() });
+    });
+}
+
+constexpr std::array hindenburgRules {
+    ZLExportRule { ZLExportFindings::noEnabledChapter,
+        QT_TRANSLATE_NOOP("ZLExportAdvice", "No enabled chapters: the session will get no markers.") },
+    ZLExportRule { sessionWithoutEnd,
+        QT_TRANSLATE_NOOP("ZLExportAdvice", "The session has no </Session>: there is no place for the markers.") },
+    ZLExportRule { ZLExportFindings::beforeTheStart,
+        QT_TRANSLATE_NOOP("ZLExportAdvice", "Hindenburg does not support negative times: see %1.") },
+    ZLExportRule { unescapedMarkup,
+        QT_TRANSLATE_NOOP(
+            "ZLExportAdvice", "A session with < or \" in a text may not open again: there is one in %1.") },
+    ZLExportRule { ZLExportFindings::forbiddenInXml, ZLExportAdvice::notXml },
+    ZLExportRule { ZLExportFindings::controlCharactersThatXmlTakes, ZLExportAdvice::hidden },
+    ZLExportRule { ZLExportFindings::brokenCharacters, ZLExportAdvice::unwritable },
+    ZLExportRule { inTheSessionAlready,
+        QT_TRANSLATE_NOOP("ZLExportAdvice",
+            "The session already has markers with the same time and name, which will come twice: %1.") },
+};
+
+}
+
+QStringList ZLHindenburgExporter::advice(const ZLExportInput& input) const
+{
+    return ZLExportAdvice::lines(hindenburgRules, input);
 }

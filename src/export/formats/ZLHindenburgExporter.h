@@ -15,6 +15,8 @@ public:
     /// unreasonably large. Takes time in proportion to what it reads and writes, whatever the session holds.
     [[nodiscard]] ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override;
 
+    [[nodiscard]] QStringList advice(const ZLExportInput& input) const override;
+
     [[nodiscard]] QString reasonNothingIsInserted(const ZLExportInput& input) const override;
 
     /// Seconds in single precision with three decimals, as "12.346".

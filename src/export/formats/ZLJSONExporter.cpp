@@ -1,5 +1,6 @@
 #include "export/formats/ZLJSONExporter.h"
 
+#include "export/formats/ZLExportAdvice.h"
 #include "export/formats/ZLSaturatedInteger.h"
 
 #include <array>
@@ -76,4 +77,23 @@ ZLResult<QByteArray> ZLJSONExporter::exportedBytes(const ZLExportInput& input) c
     const QString elements = textOfEnabledChapters(
         input, [&number](QString& text, const ZLChapter& chapter) { appendJsonChapter(text, chapter, ++number); });
     return QString(u'[' + elements + u']').toUtf8();
+}
+
+namespace {
+
+constexpr std::array jsonRules {
+    ZLExportRule { ZLExportFindings::noEnabledChapter, ZLExportAdvice::noChapters },
+    ZLExportRule { ZLExportFindings::beforeTheStart, ZLExportAdvice::beforeStart },
+    ZLExportRule { ZLExportFindings::afterTheEnd, ZLExportAdvice::pastEnd },
+    ZLExportRule { ZLExportFindings::inTheSameMillisecond, ZLExportAdvice::sameTime },
+    ZLExportRule { ZLExportFindings::emptyTitles, ZLExportAdvice::noTitle },
+    ZLExportRule { ZLExportFindings::controlCharactersInTitles, ZLExportAdvice::hidden },
+    ZLExportRule { ZLExportFindings::brokenCharactersInTitles, ZLExportAdvice::unwritable },
+};
+
+}
+
+QStringList ZLJSONExporter::advice(const ZLExportInput& input) const
+{
+    return ZLExportAdvice::lines(jsonRules, input);
 }

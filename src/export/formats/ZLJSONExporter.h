@@ -10,4 +10,6 @@ public:
 
     /// Never fails. The text is compact: no blanks, no line feeds.
     [[nodiscard]] ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override;
+
+    [[nodiscard]] QStringList advice(const ZLExportInput& input) const override;
 };

@@ -11,6 +11,8 @@ public:
     /// Never fails. Texts are written as they stand, so characters that mean something in Markdown mean it here too.
     [[nodiscard]] ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override;
 
+    [[nodiscard]] QStringList advice(const ZLExportInput& input) const override;
+
     /// "00:05:09": always with hours, without a sign.
     [[nodiscard]] static QString timeStringForChapter(const ZLChapter& chapter);
 };

@@ -9,22 +9,22 @@
 #include "export/formats/ZLTagsExporter.h"
 #include "export/formats/ZLYouTubeExporter.h"
 
-namespace {
-
-template <typename... Exporters>
-bool registerExporters()
-{
-    (ZLExporter::registerExporter(ZLExporterClass::of<Exporters>()), ...);
-    return true;
-}
-
-}
-
 // Formats are named here rather than registering themselves in static initialisers: this is a static library, and the
 // linker drops an object file that nothing refers to, its initialisers with it.
 void ZLRegisterExporters()
 {
-    [[maybe_unused]] static const bool isRegistered =
-        registerExporters<ZLAuphonicExporter, ZLFinalCutExporter, ZLHindenburgExporter, ZLJSONExporter,
-            ZLMarkdownExporter, ZLSimpleChaptersExporter, ZLTagsExporter, ZLYouTubeExporter>();
+    static bool isRegistered = false;
+    if (std::exchange(isRegistered, true))
+        return;
+    for (const ZLExporterClass& exporterClass : {
+             ZLExporterClass::of<ZLAuphonicExporter>(),
+             ZLExporterClass::of<ZLFinalCutExporter>(),
+             ZLExporterClass::of<ZLHindenburgExporter>(),
+             ZLExporterClass::of<ZLJSONExporter>(),
+             ZLExporterClass::of<ZLMarkdownExporter>(),
+             ZLExporterClass::of<ZLSimpleChaptersExporter>(),
+             ZLExporterClass::of<ZLTagsExporter>(),
+             ZLExporterClass::of<ZLYouTubeExporter>(),
+         })
+        ZLExporter::registerExporter(exporterClass);
 }

@@ -1,5 +1,9 @@
 #include "export/formats/ZLSimpleChaptersExporter.h"
 
+#include "export/formats/ZLExportAdvice.h"
+
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -35,4 +39,24 @@ ZLResult<QByteArray> ZLSimpleChaptersExporter::exportedBytes(const ZLExportInput
     text += textOfEnabledChapters(input, appendSimpleChapter);
     text += "</psc:chapters>\n"_L1;
     return text.toUtf8();
+}
+
+namespace {
+
+constexpr std::array simpleChaptersRules {
+    ZLExportRule { ZLExportFindings::noEnabledChapter, ZLExportAdvice::noChapters },
+    ZLExportRule { ZLExportFindings::beforeTheStart, ZLExportAdvice::beforeStart },
+    ZLExportRule { ZLExportFindings::afterTheEnd, ZLExportAdvice::pastEnd },
+    ZLExportRule { ZLExportFindings::inTheSameMillisecond, ZLExportAdvice::sameTime },
+    ZLExportRule { ZLExportFindings::forbiddenInXml, ZLExportAdvice::notXml },
+    ZLExportRule { ZLExportFindings::emptyTitles, ZLExportAdvice::noTitle },
+    ZLExportRule { ZLExportFindings::controlCharactersThatXmlTakes, ZLExportAdvice::hidden },
+    ZLExportRule { ZLExportFindings::brokenCharacters, ZLExportAdvice::unwritable },
+};
+
+}
+
+QStringList ZLSimpleChaptersExporter::advice(const ZLExportInput& input) const
+{
+    return ZLExportAdvice::lines(simpleChaptersRules, input);
 }

@@ -10,4 +10,6 @@ public:
 
     /// Never fails. A text with characters that XML forbids gives a file that XML readers refuse.
     [[nodiscard]] ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override;
+
+    [[nodiscard]] QStringList advice(const ZLExportInput& input) const override;
 };

@@ -11,6 +11,8 @@ public:
     /// Never fails.
     [[nodiscard]] ZLResult<QByteArray> exportedBytes(const ZLExportInput& input) const override;
 
+    [[nodiscard]] QStringList advice(const ZLExportInput& input) const override;
+
     /// "05:09" in the first hour, "01:05:09" after it; without a sign.
     [[nodiscard]] static QString timeStringForChapter(const ZLChapter& chapter);
 };

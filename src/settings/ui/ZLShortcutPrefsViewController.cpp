@@ -1,5 +1,6 @@
 #include "settings/ui/ZLShortcutPrefsViewController.h"
 
+#include "commands/ZLRemoteActions.h"
 #include "resources/ZLSymbolIcon.h"
 #include "settings/ZLSettingsManager.h"
 #include "settings/ui/ZLShortcutRecorder.h"
@@ -16,13 +17,12 @@ ZLShortcutPrefsViewController::ZLShortcutPrefsViewController(QWidget* parent)
     : MASPreferencesViewController(parent)
     , m_ui(std::make_unique<Ui::ZLShortcutPrefsViewController>())
 {
+    // The fields are made first, so the Tab key comes to them first.
+    for (const ZLRemoteAction& action : ZLRemoteActions::all())
+        m_rows.append({ new ZLShortcutRecorder(this), action.settingsKey });
     m_ui->setupUi(this);
-    addRow(m_ui->toggleControl, ZLKeyComboKey::ToggleRecording);
-    addRow(m_ui->createChapterControl, ZLKeyComboKey::NewChapter);
-    addRow(m_ui->removeControl, ZLKeyComboKey::RemoveSelectedChapter);
-    addRow(m_ui->removeLastControl, ZLKeyComboKey::RemoveLastChapter);
-    addRow(m_ui->selectLastControl, ZLKeyComboKey::SelectLastChapter);
-    addRow(m_ui->selectNextControl, ZLKeyComboKey::SelectNextChapter);
+    for (qsizetype i = 0; i < m_rows.size(); ++i)
+        addRow(int(i), ZLRemoteActions::all()[i]);
     // Not the clicks: a screen reader toggles the box without one.
     connect(m_ui->globalButton, &QCheckBox::toggled, this, &ZLShortcutPrefsViewController::globalSettingDidChange);
     m_ui->globalNotice->setMinimumHeight(3 * fontMetrics().lineSpacing());
@@ -47,7 +47,7 @@ QIcon ZLShortcutPrefsViewController::toolbarItemImage() const
 
 QWidget* ZLShortcutPrefsViewController::initialKeyView() const
 {
-    return m_ui->toggleControl;
+    return m_rows.constFirst().recorder;
 }
 
 void ZLShortcutPrefsViewController::viewWillAppear()
@@ -95,15 +95,17 @@ bool ZLShortcutPrefsViewController::isRecording() const
     return std::any_of(m_rows.cbegin(), m_rows.cend(), [](const Row& row) { return row.recorder->isRecording(); });
 }
 
-void ZLShortcutPrefsViewController::addRow(ZLShortcutRecorder* recorder, const QString& settingsKey)
+void ZLShortcutPrefsViewController::addRow(int index, const ZLRemoteAction& action)
 {
-    m_rows.append({ recorder, settingsKey });
-    const auto* form = m_ui->formLayout;
-    if (auto* label = qobject_cast<QLabel*>(form->labelForField(recorder))) {
-        recorder->setTitle(label->text().remove(u'&').remove(u':'));
-        // Two lines of a notice make the row higher than a label would grow by itself, and the field is in the middle.
-        label->setMinimumHeight(recorder->sizeHint().height());
-    }
+    ZLShortcutRecorder* recorder = m_rows.at(index).recorder;
+    recorder->setObjectName(action.fieldName + "Control"_L1);
+    auto* label = new QLabel(action.fieldTitle(), this);
+    label->setObjectName(action.fieldName + "Label"_L1);
+    label->setBuddy(recorder);
+    m_ui->formLayout->insertRow(index, label, recorder);
+    recorder->setTitle(label->text().remove(u'&').remove(u':'));
+    // Two lines of a notice make the row higher than a label would grow by itself, and the field is in the middle.
+    label->setMinimumHeight(recorder->sizeHint().height());
     connect(recorder, &ZLShortcutRecorder::didEndRecording, this,
         [this, recorder] { shortcutRecorderDidEndRecording(*recorder); });
     connect(recorder, &ZLShortcutRecorder::recordingDidStart, this, &ZLShortcutPrefsViewController::recordingDidStart);

@@ -9,12 +9,14 @@
 #include <memory>
 
 class ZLShortcutRecorder;
+struct ZLRemoteAction;
 
 namespace Ui {
 class ZLShortcutPrefsViewController;
 }
 
-/// The pane for the six shortcuts, and whether they work in the whole system. Every change is stored at once.
+/// The pane for the shortcuts of all remote actions, and whether they work in the whole system. Every change is stored
+/// at once.
 class ZLShortcutPrefsViewController : public MASPreferencesViewController {
     Q_OBJECT
 
@@ -51,7 +53,7 @@ private:
         QString settingsKey;
     };
 
-    void addRow(ZLShortcutRecorder* recorder, const QString& settingsKey);
+    void addRow(int index, const ZLRemoteAction& action);
     [[nodiscard]] QString settingsKeyOf(const ZLShortcutRecorder& recorder) const;
     void updateNotices();
     /// What stands in the way of the shortcut.

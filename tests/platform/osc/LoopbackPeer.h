@@ -31,6 +31,21 @@ inline QByteArray encoded(const QString& address, const QList<ZLOSCArgument>& ar
     return ZLOSCCodec::encode(ZLOSCMessage(address, arguments)).value();
 }
 
+/// One of four kinds of datagrams that hold no message.
+inline QByteArray garbage(int number)
+{
+    switch (number % 4) {
+    case 0:
+        return {};
+    case 1:
+        return "garbage that is no message";
+    case 2:
+        return QByteArray("#bundle\0\0\0\0\0\0\0\0\1\x7f\xff\xff\xfc", 20);
+    default:
+        return encoded(QStringLiteral("/zl/flood"), { 1.0F }).chopped(1 + number % 3);
+    }
+}
+
 /// Another program on this computer that sends datagrams and keeps what it receives.
 class LoopbackPeer {
 public:

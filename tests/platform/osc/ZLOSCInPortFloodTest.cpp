@@ -28,20 +28,6 @@ private:
     mutable std::atomic<double> m_time = 100;
 };
 
-QByteArray garbage(int number)
-{
-    switch (number % 4) {
-    case 0:
-        return {};
-    case 1:
-        return "garbage that is no message";
-    case 2:
-        return QByteArray("#bundle\0\0\0\0\0\0\0\0\1\x7f\xff\xff\xfc", 20);
-    default:
-        return encoded(u"/zl/flood"_s, { 1.0F }).chopped(1 + number % 3);
-    }
-}
-
 }
 
 TEST(ZLOSCInPortFlood, everyMessageArrivesHoweverBusyTheComputerIs)

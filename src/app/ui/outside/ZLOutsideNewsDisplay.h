@@ -1,6 +1,6 @@
 #pragma once
 
-#include "remote/ZLRemoteActions.h"
+#include "commands/ZLRemoteActions.h"
 #include "remote/ZLRemoteSource.h"
 
 #include <QObject>

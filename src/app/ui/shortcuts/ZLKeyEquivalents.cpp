@@ -1,9 +1,9 @@
 #include "app/ui/shortcuts/ZLKeyEquivalents.h"
 
 #include "app/ZLDocumentController.h"
+#include "commands/ZLRemoteActions.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/menus/ZLRecordingMenu.h"
-#include "remote/ZLRemoteActions.h"
 
 #include <QAction>
 #include <QApplication>
@@ -73,6 +73,6 @@ QList<QAction*> ZLKeyEquivalents::commandsOf(const ZLChapterDocumentWindow& wind
 {
     QList<QAction*> commands;
     for (const ZLRemoteAction& action : ZLRemoteActions::all())
-        commands.append(window.recordingMenu().actionWithTag(action.menuTag));
+        commands.append(window.recordingMenu().actionWithTag(action.menuTag()));
     return commands;
 }

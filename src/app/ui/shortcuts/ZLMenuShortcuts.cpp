@@ -1,9 +1,9 @@
 #include "app/ui/shortcuts/ZLMenuShortcuts.h"
 
+#include "commands/ZLRemoteActions.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/menus/ZLRecordingMenu.h"
 #include "platform/hotkey/ZLHotKeyCenter.h"
-#include "remote/ZLRemoteActions.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QAction>
@@ -60,7 +60,7 @@ void ZLMenuShortcuts::readShortcuts()
         const auto combination = m_layout.keyCombinationForKeyCombo(ZLKeyCombo::fromShortcutDictionary(*stored));
         if (!combination || taken.contains(QKeySequence(*combination)))
             continue;
-        recorded.insert(action.menuTag, QKeySequence(*combination));
+        recorded.insert(action.menuTag(), QKeySequence(*combination));
         taken.append(QKeySequence(*combination));
     }
     // What an item keeps after its clearing goes when the keys are recorded for another one.

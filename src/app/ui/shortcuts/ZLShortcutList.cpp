@@ -1,9 +1,9 @@
 #include "app/ui/shortcuts/ZLShortcutList.h"
 
 #include "app/ZLApplication.h"
+#include "commands/ZLRemoteActions.h"
 #include "document/ui/menus/ZLActionHelp.h"
 #include "platform/hotkey/ZLKeyboardLayout.h"
-#include "remote/ZLRemoteActions.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "document/ui/menus/ZLRecordingMenu.h"
 
+#include "commands/ZLRemoteActions.h"
 #include "document/ZLChapterDocument.h"
-#include "document/ZLCommandTag.h"
 #include "document/ui/menus/ZLActionHelp.h"
 
 #include <QAction>
@@ -40,18 +40,18 @@ QAction* ZLRecordingMenu::actionWithTag(int tag) const
     return nullptr;
 }
 
+QAction* ZLRecordingMenu::itemOf(const QString& action) const
+{
+    return actionWithTag(ZLRemoteActions::withIdentifier(action)->menuTag());
+}
+
 void ZLRecordingMenu::validate()
 {
-    const bool isRecording = m_document.isRecording();
+    for (const ZLRemoteAction& action : ZLRemoteActions::all())
+        actionWithTag(action.menuTag())->setEnabled(action.isPossible(m_document));
+    const ZLRemoteAction& toggle = *ZLRemoteActions::withIdentifier(ZLControllerToggleRecordingAction);
+    itemOf(toggle.identifier)->setText(m_document.isRecording() ? tr("Pause &Recording") : toggle.menuTitle());
     const bool hasChapters = m_document.tableModel().rowCount() > 0;
-    const int row = m_document.selectedRow();
-    actionWithTag(ZLCommandTag::ToggleRecording)
-        ->setText(isRecording ? tr("Pause &Recording") : tr("Start &Recording"));
-    actionWithTag(ZLCommandTag::NewChapter)->setEnabled(m_document.canAddChapter());
-    actionWithTag(ZLCommandTag::DeleteSelectedChapter)->setEnabled(m_document.canDeleteChapter());
-    actionWithTag(ZLCommandTag::DeleteLastChapter)->setEnabled(hasChapters);
-    actionWithTag(ZLCommandTag::SelectPreviousChapter)->setEnabled(row >= 1);
-    actionWithTag(ZLCommandTag::SelectNextChapter)->setEnabled(row + 1 < m_document.tableModel().rowCount());
     m_menu->findChild<QAction*>(u"newBlankChapter"_s)->setEnabled(m_document.canAddChapter());
     m_menu->findChild<QAction*>(u"moveChapters"_s)->setEnabled(hasChapters);
     for (QAction* edit : { m_editTitle, m_editLink })
@@ -60,24 +60,11 @@ void ZLRecordingMenu::validate()
 
 void ZLRecordingMenu::addTaggedActions()
 {
-    const auto addTagged = [this](int tag, const QString& name, const QString& title, const QString& key,
-                               void (ZLChapterDocument::*command)()) {
-        QAction* action = addAction(name, title, key);
-        action->setProperty("tag", tag);
-        connect(action, &QAction::triggered, &m_document, command);
-    };
-    addTagged(ZLCommandTag::ToggleRecording, u"toggleRecording"_s, tr("Start &Recording"), u"Ctrl+R"_s,
-        &ZLChapterDocument::recordButtonPressed);
-    addTagged(ZLCommandTag::NewChapter, u"newChapter"_s, tr("&New Chapter"), u"Ctrl+Return"_s,
-        &ZLChapterDocument::addChapterButtonPressed);
-    addTagged(ZLCommandTag::DeleteSelectedChapter, u"deleteSelectedChapter"_s, tr("&Delete Chapter"), u"Ctrl+D"_s,
-        &ZLChapterDocument::deleteButtonPressed);
-    addTagged(ZLCommandTag::DeleteLastChapter, u"deleteLastChapter"_s, tr("Delete &Last Chapter"),
-        u"Ctrl+Shift+Backspace"_s, &ZLChapterDocument::deleteLastChapter);
-    addTagged(ZLCommandTag::SelectPreviousChapter, u"selectPreviousChapter"_s, tr("Select &Previous Chapter"),
-        u"Ctrl+Up"_s, &ZLChapterDocument::selectLastChapter);
-    addTagged(ZLCommandTag::SelectNextChapter, u"selectNextChapter"_s, tr("&Select Next Chapter"), u"Ctrl+Down"_s,
-        &ZLChapterDocument::selectNextChapter);
+    for (const ZLRemoteAction& row : ZLRemoteActions::all()) {
+        QAction* action = addAction(row.menuName, row.menuTitle(), row.menuKey);
+        action->setProperty("tag", row.menuTag());
+        connect(action, &QAction::triggered, &m_document, row.operation);
+    }
 }
 
 void ZLRecordingMenu::addOtherActions()

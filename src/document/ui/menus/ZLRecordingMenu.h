@@ -7,8 +7,9 @@ class QMenu;
 class QMenuBar;
 class ZLChapterDocument;
 
-/// The Recording menu: the recording and chapter commands. Its first six items carry the property "tag", see
-/// ZLCommandTag, and the menu's own action carries tag 2; stored shortcuts are applied to the items by these tags.
+/// The Recording menu: the recording and chapter commands. Its first items are the rows of ZLRemoteActions and carry
+/// their tags in the property "tag", and the menu's own action carries tag 2; stored shortcuts are applied to the items
+/// by these tags.
 class ZLRecordingMenu : public QObject {
     Q_OBJECT
 
@@ -18,8 +19,10 @@ public:
     [[nodiscard]] QMenu* menu() const { return m_menu; }
     [[nodiscard]] QAction* editTitleItem() const { return m_editTitle; }
     [[nodiscard]] QAction* editLinkItem() const { return m_editLink; }
-    /// Null for a tag other than 1 to 6.
+    /// Null for a tag that no row has.
     [[nodiscard]] QAction* actionWithTag(int tag) const;
+    /// By the identifier of a row.
+    [[nodiscard]] QAction* itemOf(const QString& action) const;
     /// Brings titles and enabled states up to date.
     void validate();
 

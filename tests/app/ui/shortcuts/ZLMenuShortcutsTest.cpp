@@ -1,8 +1,8 @@
 #include "app/ui/shortcuts/ZLMenuShortcuts.h"
 
 #include "app/ui/ZLDesktopFixture.h"
+#include "commands/ZLRemoteActions.h"
 #include "document/ui/menus/ZLRecordingMenu.h"
-#include "remote/ZLRemoteActions.h"
 
 #include <QMenu>
 #include <QMenuBar>
@@ -40,7 +40,7 @@ protected:
     {
         for (const ZLRemoteAction& action : ZLRemoteActions::all()) {
             if (action.settingsKey == settingsKey)
-                return windowOf(document).recordingMenu().actionWithTag(action.menuTag)->shortcut().toString();
+                return windowOf(document).recordingMenu().actionWithTag(action.menuTag())->shortcut().toString();
         }
         return u"no such action"_s;
     }

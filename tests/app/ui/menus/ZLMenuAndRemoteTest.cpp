@@ -1,8 +1,6 @@
-#include "app/ZLActionRouting.h"
-
 #include "app/ui/ZLDesktopFixture.h"
+#include "commands/ZLRemoteActions.h"
 #include "document/ui/menus/ZLRecordingMenu.h"
-#include "remote/ZLRemoteActions.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,7 +30,7 @@ struct ZLCommandEffect {
 };
 
 /// The menu and the remote controllers are two ways to one command.
-class ZLActionRoutingTest : public ZLDesktopFixture, public testing::WithParamInterface<int> {
+class ZLMenuAndRemoteTest : public ZLDesktopFixture, public testing::WithParamInterface<int> {
 protected:
     /// The clock runs, and the middle one of three chapters is selected.
     ZLChapterDocument* preparedDocument()
@@ -49,10 +47,9 @@ protected:
     }
 };
 
-TEST_P(ZLActionRoutingTest, AMenuItemDoesWhatTheRemoteActionDoes)
+TEST_P(ZLMenuAndRemoteTest, AMenuItemDoesWhatTheRemoteActionDoes)
 {
-    const ZLRemoteAction* action = ZLRemoteActions::withMenuTag(GetParam());
-    ASSERT_NE(action, nullptr);
+    const ZLRemoteAction& action = ZLRemoteActions::all()[std::size_t(GetParam() - 1)];
     ZLSettingsManager::setPlaySoundBeforeRecording(false);
     ZLChapterDocument* byMenu = preparedDocument();
     ZLChapterDocument* byRemote = preparedDocument();
@@ -63,12 +60,12 @@ TEST_P(ZLActionRoutingTest, AMenuItemDoesWhatTheRemoteActionDoes)
 
     windowOf(byMenu).recordingMenu().validate();
     windowOf(byMenu).recordingMenu().actionWithTag(GetParam())->trigger();
-    (byRemote->*ZLActionRouting::operationForAction(action->identifier))();
+    (byRemote->*ZLRemoteActions::operationForAction(action.identifier))();
     EXPECT_NE(ZLCommandEffect::of(*byMenu), before) << "the item did nothing";
-    EXPECT_EQ(ZLCommandEffect::of(*byMenu), ZLCommandEffect::of(*byRemote)) << qPrintable(action->identifier);
+    EXPECT_EQ(ZLCommandEffect::of(*byMenu), ZLCommandEffect::of(*byRemote)) << qPrintable(action.identifier);
 }
 
-INSTANTIATE_TEST_SUITE_P(AllSix, ZLActionRoutingTest, testing::Range(1, 7));
+INSTANTIATE_TEST_SUITE_P(AllSix, ZLMenuAndRemoteTest, testing::Range(1, 7));
 
 class ZLTaggedItemsTest : public ZLDesktopFixture { };
 
@@ -76,6 +73,6 @@ TEST_F(ZLTaggedItemsTest, ThereAreAsManyTaggedItemsAsActions)
 {
     const ZLRecordingMenu& menu = windowOf(newDocument()).recordingMenu();
     for (const ZLRemoteAction& action : ZLRemoteActions::all())
-        EXPECT_NE(menu.actionWithTag(action.menuTag), nullptr) << qPrintable(action.identifier);
+        EXPECT_NE(menu.actionWithTag(action.menuTag()), nullptr) << qPrintable(action.identifier);
     EXPECT_EQ(menu.actionWithTag(int(ZLRemoteActions::all().size()) + 1), nullptr);
 }

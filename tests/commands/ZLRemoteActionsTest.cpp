@@ -1,9 +1,10 @@
-#include "remote/ZLRemoteActions.h"
+#include "commands/ZLRemoteActions.h"
 
 #include "remote/ZLHotkeyController.h"
 #include "remote/ZLOSCController.h"
 #include "settings/ZLSettingsManager.h"
 
+#include <QFile>
 #include <QSet>
 #include <gtest/gtest.h>
 
@@ -38,7 +39,7 @@ TEST(ZLRemoteActions, EachRowHasItsDocumentedNamesAndTag)
         EXPECT_EQ(action.identifier, documented.identifier);
         EXPECT_EQ(action.settingsKey, documented.settingsKey);
         EXPECT_EQ(action.oscAddress, documented.oscAddress);
-        EXPECT_EQ(action.menuTag, ++tag);
+        EXPECT_EQ(action.menuTag(), ++tag);
     }
 }
 
@@ -86,19 +87,26 @@ TEST(ZLRemoteActions, TheOrderIsThatOfTheShortcutSettings)
     EXPECT_EQ(keys, ZLSettingsManager::allKeyComboKeys());
 }
 
+TEST(ZLRemoteActions, TheGuideToRemoteControlHasALineForEachAddress)
+{
+    QFile file(QStringLiteral(ZELTA_DOCS "/OSC.md"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString guide = QString::fromUtf8(file.readAll());
+    for (const ZLRemoteAction& action : ZLRemoteActions::all())
+        EXPECT_TRUE(guide.contains(u"\n| `%1` |"_s.arg(action.oscAddress))) << qPrintable(action.oscAddress);
+}
+
 TEST(ZLRemoteActions, ARowIsFoundByEachOfItsNamesAndEveryTextIsDifferent)
 {
     QSet<QString> texts;
     for (const ZLRemoteAction& action : ZLRemoteActions::all()) {
         EXPECT_EQ(ZLRemoteActions::withIdentifier(action.identifier), &action);
         EXPECT_EQ(ZLRemoteActions::withCommandWord(action.commandWord()), &action);
-        EXPECT_EQ(ZLRemoteActions::withMenuTag(action.menuTag), &action);
         texts << action.title() << action.summary() << action.obstacle() << action.commandWord();
     }
     EXPECT_EQ(texts.size(), 4 * documentedActions.size());
     EXPECT_FALSE(texts.contains(QString()));
     EXPECT_EQ(ZLRemoteActions::withCommandWord(u"newchapter"_s), nullptr);
     EXPECT_EQ(ZLRemoteActions::withCommandWord({}), nullptr);
-    EXPECT_EQ(ZLRemoteActions::withMenuTag(0), nullptr);
     EXPECT_EQ(ZLRemoteActions::withIdentifier({}), nullptr);
 }

@@ -1,5 +1,6 @@
 #include "app/ZLDocumentController.h"
 
+#include "delivery/ZLMediaImport.h"
 #include "document/ZLUnreadableDocument.h"
 #include "platform/ZLBoundedFile.h"
 
@@ -134,6 +135,20 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& p
     return openFile(absolutePath);
 }
 
+ZLResult<ZLChapterDocument*> ZLDocumentController::openAudioFile(const QString& path)
+{
+    const auto contents = ZLMediaImport::read(absoluteDocumentPath(path));
+    if (!contents)
+        return contents.error();
+    auto document = makeDocument();
+    document->readFromData(ZLDocumentFile::encode(contents.value()));
+    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery);
+    if (const ZLStatus kept = saver->saveNow(); !kept)
+        qCWarning(documentControllerLog) << kept.error().message;
+    document->setDocumentEdited(true);
+    return adoptInPlaceOfTransient({ std::move(document), std::move(saver) });
+}
+
 ZLStatus ZLDocumentController::saveDocumentAs(ZLChapterDocument* document, const QString& path)
 {
     const QString target = ZLDocumentPlace::pathWithExtension(path);
@@ -229,9 +244,15 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::createDocumentAt(const QStrin
 
 ZLChapterDocument* ZLDocumentController::adoptOpened(Entry entry, const QString& path)
 {
+    ZLChapterDocument* opened = adoptInPlaceOfTransient(std::move(entry));
+    m_recentDocuments.add(path);
+    return opened;
+}
+
+ZLChapterDocument* ZLDocumentController::adoptInPlaceOfTransient(Entry entry)
+{
     ZLChapterDocument* unwanted = transientDocument();
     ZLChapterDocument* opened = adopt(std::move(entry));
-    m_recentDocuments.add(path);
     if (unwanted)
         release(unwanted);
     return opened;

@@ -61,6 +61,8 @@ public:
     /// The document in the file at `path`, which may be open already. It takes the place of currentOrLastDocument() if
     /// nobody would miss that. The error says which file and why.
     ZLResult<ZLChapterDocument*> openDocument(const QString& path, ZLMissingFile missingFile = ZLMissingFile::Fail);
+    /// A new untitled document of what is in the audio file at `path`; nothing is ever saved to that file.
+    ZLResult<ZLChapterDocument*> openAudioFile(const QString& path);
     /// Opens what was open when the program ended, whatever ended it, and every untitled document that was kept; a new
     /// document when there is none of both. Returns what could not be opened, a sentence each.
     QStringList restoreSession();
@@ -109,6 +111,8 @@ private:
     /// For what a journal holds beyond its file, which another program changed meanwhile; absent for nothing.
     [[nodiscard]] std::optional<Entry> makeEntrySetAside(const ZLRecoveredDocument& recovered) const;
     ZLChapterDocument* adoptOpened(Entry entry, const QString& path);
+    /// In place of the current document, if nobody would miss that.
+    ZLChapterDocument* adoptInPlaceOfTransient(Entry entry);
     [[nodiscard]] ZLResult<ZLChapterDocument*> openEntry(const ZLOpenDocumentEntry& entry);
     [[nodiscard]] ZLChapterDocument* documentAtPath(const QString& path) const;
     [[nodiscard]] ZLChapterDocument* transientDocument() const;

@@ -55,19 +55,20 @@ ALLOWED = {
     "export/formats": "model export",
     "export/lists": "lists lists/forms export export/formats",
     "export/ui": "platform document document/saving document/ui export export/formats",
-    "delivery": "platform platform/media platform/media/file model document",
     "import": "platform platform/media/file model lists/forms document",
+    "delivery": "platform platform/media platform/media/file model document document/saving",
+    "delivery/ui": "platform platform/media templates/ui document/ui export/ui lists delivery",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings",
     "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model settings"
     " document document/saving remote export export/formats delivery import",
     "app/ui/look": "templates/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "document/saving document/ui app",
-    "app/ui/menus": "document/ui document/ui/menus export export/ui app app/ui/saving",
+    "app/ui/menus": "document/ui document/ui/menus export export/ui delivery app app/ui/saving",
     "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui document/ui document/ui/menus remote"
     " app",
-    "app/ui/windows": "platform/filemanager platform/window document document/ui document/ui/menus app app/ui/saving"
-    " app/ui/menus",
+    "app/ui/windows": "platform/filemanager platform/window document document/ui document/ui/menus document/ui/table"
+    " delivery delivery/ui app app/ui/saving app/ui/menus",
     "app/ui/outside": "platform/dnssd model document/ui document/ui/menus remote remote/ui app app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window settings"
     " settings/ui document/ui document/ui/menus app app/ui/look app/ui/quickedit app/ui/shortcuts app/ui/windows"

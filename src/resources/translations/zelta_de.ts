@@ -676,6 +676,63 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLDeliveryComparison</name>
+    <message>
+        <source>Choose the finished audio files, or drop them on this window.</source>
+        <translation>Wähle die fertigen Audiodateien, oder ziehe sie auf dieses Fenster.</translation>
+    </message>
+    <message>
+        <source>No enabled chapter lies in this file, so it will not be written.</source>
+        <translation>In dieser Datei liegt kein aktives Kapitel, deshalb wird sie nicht geschrieben.</translation>
+    </message>
+    <message>
+        <source>In the file now: %1</source>
+        <translation>Jetzt in der Datei: %1</translation>
+    </message>
+    <message>
+        <source>After writing: %1</source>
+        <translation>Nach dem Schreiben: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliveryDraft</name>
+    <message>
+        <source>%1 was not written.</source>
+        <translation>%1 wurde nicht geschrieben.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliveryFilesModel</name>
+    <message>
+        <source>Reading…</source>
+        <translation>Wird gelesen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Writing…</source>
+        <translation>Wird geschrieben&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Chapters now: %1, to come: %2</source>
+        <translation>Kapitel jetzt: %1, künftig: %2</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+</context>
+<context>
     <name>ZLDeliveryFindings</name>
     <message>
         <source>Chapters before the start of the file, left out: %1.</source>
@@ -708,6 +765,84 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Pictures of chapters in the file that are lost, since no new chapter stands at their time: %1.</source>
         <translation>Bilder von Kapiteln in der Datei, die verloren gehen, weil zu ihrer Zeit kein neues Kapitel steht: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliveryJob</name>
+    <message>
+        <source>%1: Another program changed this file since it was read, so nothing was written. Look at it again.</source>
+        <translation>%1: Ein anderes Programm hat diese Datei geändert, seit sie gelesen wurde. Deshalb wurde nichts geschrieben. Sieh sie dir noch einmal an.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliverySheet</name>
+    <message>
+        <source>Write Chapters into Audio File</source>
+        <translation>Kapitel in Audiodatei schreiben</translation>
+    </message>
+    <message>
+        <source>Audio files</source>
+        <translation>Audiodateien</translation>
+    </message>
+    <message>
+        <source>Shift in seconds</source>
+        <translation>Versatz in Sekunden</translation>
+    </message>
+    <message>
+        <source>The chapters come this much later in the file than in the document, because of an intro.</source>
+        <translation>Um so viel später kommen die Kapitel in der Datei als im Dokument, wegen eines Vorspanns.</translation>
+    </message>
+    <message>
+        <source>Progress of the writing</source>
+        <translation>Fortschritt des Schreibens</translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation>Schreiben</translation>
+    </message>
+    <message>
+        <source>Choose Files…</source>
+        <translation>Dateien wählen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Import Its Chapters</source>
+        <translation>Ihre Kapitel importieren</translation>
+    </message>
+    <message>
+        <source>Add the chapters that are in the selected file now to the document</source>
+        <translation>Die Kapitel, die jetzt in der gewählten Datei sind, dem Dokument hinzufügen</translation>
+    </message>
+    <message>
+        <source>Shift (s):</source>
+        <translation>Versatz (s):</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose Audio Files</source>
+        <translation>Audiodateien wählen</translation>
+    </message>
+    <message>
+        <source>Audio files (%1)</source>
+        <translation>Audiodateien (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Chapters were written into %1 of %2 files.</source>
+        <translation>Kapitel wurden in %1 von %2 Dateien geschrieben.</translation>
+    </message>
+    <message>
+        <source>Imported chapters: %1</source>
+        <translation>Importierte Kapitel: %1</translation>
     </message>
 </context>
 <context>
@@ -1237,6 +1372,14 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Dismiss</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Write Chapters into Audio File…</source>
+        <translation>Kapitel in Audio&amp;datei schreiben&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Audio files (%1)</source>
+        <translation>Audiodateien (%1)</translation>
     </message>
 </context>
 <context>
@@ -2186,6 +2329,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Chapters without a time were left out: %1.</source>
         <translation>Kapitel ohne Zeit wurden ausgelassen: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLMediaChaptersModel</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Link</translation>
     </message>
 </context>
 <context>

@@ -7,7 +7,9 @@
 #include "app/ui/saving/ZLSavePanel.h"
 #include "app/ui/saving/ZLSavingDisplay.h"
 #include "app/ui/saving/ZLWindowCloser.h"
+#include "app/ui/windows/ZLDeliveryDisplay.h"
 #include "app/ui/windows/ZLSleepDisplay.h"
+#include "delivery/ZLMediaImport.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
@@ -97,7 +99,8 @@ QStringList ZLDocumentWindows::openFiles(const QStringList& paths)
 {
     QStringList problems;
     for (const QString& path : paths) {
-        const auto opened = m_controller.openDocument(path);
+        const auto opened =
+            ZLMediaImport::isAudioFile(path) ? m_controller.openAudioFile(path) : m_controller.openDocument(path);
         if (opened)
             bringToFront(opened.value());
         else
@@ -177,7 +180,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
         window->viewMenu().showSameTimeAs((*m_windows.cbegin())->viewMenu());
     m_windows.insert(document, window);
     auto* savePanel = new ZLSavePanel(m_controller, *window);
-    connectFileMenu(*window, *savePanel);
+    const ZLFileMenu* fileMenu = addFileMenu(*window, *savePanel);
     const auto* windowMenu = new ZLWindowMenu(m_controller, *window);
     connect(windowMenu, &ZLWindowMenu::windowRequested, this, &ZLDocumentWindows::bringToFront);
     const auto* helpMenu = new ZLHelpMenu(*window);
@@ -187,19 +190,28 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     new ZLReadOnlyDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLSleepDisplay(*window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
-    connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
+    addDelivery(*window, *fileMenu);
     window->installEventFilter(this);
     findPlaceFor(*window);
     window->show();
     Q_EMIT didAddWindow(window);
 }
 
-void ZLDocumentWindows::connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)
+ZLFileMenu* ZLDocumentWindows::addFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)
 {
-    const auto* menu = new ZLFileMenu(m_controller, savePanel, m_exportMenu, window);
+    auto* menu = new ZLFileMenu(m_controller, savePanel, m_exportMenu, window);
     connect(menu, &ZLFileMenu::newDocumentRequested, &m_controller, &ZLDocumentController::newDocument);
     connect(menu, &ZLFileMenu::openRequested, this, &ZLDocumentWindows::open);
     connect(menu, &ZLFileMenu::quitRequested, this, &ZLDocumentWindows::quit);
+    return menu;
+}
+
+void ZLDocumentWindows::addDelivery(ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu)
+{
+    auto* delivery = new ZLDeliveryDisplay(m_controller, window);
+    connect(&fileMenu, &ZLFileMenu::writeChaptersRequested, delivery, &ZLDeliveryDisplay::show);
+    connect(&window, &ZLChapterDocumentWindow::filesDropped, delivery, &ZLDeliveryDisplay::takeDroppedFiles);
+    connect(delivery, &ZLDeliveryDisplay::openRequested, this, &ZLDocumentWindows::open);
 }
 
 void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)

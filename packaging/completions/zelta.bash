@@ -9,11 +9,18 @@ _zelta_words() {
 
 _zelta_files() {
   compopt -o filenames 2>/dev/null
-  mapfile -t COMPREPLY < <(compgen -d -- "$cur"; compgen -f -X '!*.zelta' -- "$cur")
+  local kind
+  mapfile -t COMPREPLY < <(
+    compgen -d -- "$cur"
+    for kind in "$@"; do
+      compgen -f -X "!*.$kind" -- "$cur"
+    done
+  )
 }
 
 _zelta() {
   local cur prev command
+  local audio=(mp3 m4a m4b mp4 ogg oga opus flac wav)
   cur="${COMP_WORDS[COMP_CWORD]}"
   prev="${COMP_WORDS[COMP_CWORD-1]}"
   command="${COMP_WORDS[1]}"
@@ -41,15 +48,17 @@ _zelta() {
       *) _zelta_words < <(printf '%s\n' --headless --record --new --osc-port --osc-send --help --version) ;;
     esac
   elif [[ $COMP_CWORD -eq 1 ]]; then
-    _zelta_files
+    _zelta_files zelta "${audio[@]}"
     local files=("${COMPREPLY[@]}")
     _zelta_words < <(printf '%s\n' send formats export import show write)
     COMPREPLY+=("${files[@]}")
   elif [[ $command == import || $command == show || ( $command == write && $COMP_CWORD -gt 2 ) ]]; then
     compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen -f -- "$cur")
+  elif [[ $command == export || $command == write ]]; then
+    _zelta_files zelta
   else
-    _zelta_files
+    _zelta_files zelta "${audio[@]}"
   fi
 }
 complete -F _zelta zelta

@@ -1,5 +1,6 @@
 #include "app/ZLDocumentController.h"
 
+#include "delivery/ZLMediaImport.h"
 #include "platform/ZLFileIdentity.h"
 
 #include <QDir>
@@ -144,6 +145,16 @@ ZLSession::Openers ZLDocumentController::openers()
     };
 }
 
+ZLResult<ZLChapterDocument*> ZLDocumentController::openAudioFile(const QString& path)
+{
+    const auto contents = ZLMediaImport::read(absoluteDocumentPath(path));
+    if (!contents)
+        return contents.error();
+    ZLSavedDocument made = m_maker.makeUntitledFrom(contents.value());
+    made.document->setDocumentEdited(true);
+    return adoptInPlaceOfTransient(std::move(made));
+}
+
 ZLStatus ZLDocumentController::saveDocumentAs(ZLChapterDocument* document, const QString& path)
 {
     const QString target = ZLDocumentPlace::pathWithExtension(path);
@@ -222,9 +233,15 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::adoptOpened(ZLResult<ZLSavedD
     if (!made.document || made.saver->isUntitled())
         return made.document ? adopt(std::move(made)) : nullptr;
     const QString path = made.saver->path();
+    ZLChapterDocument* document = adoptInPlaceOfTransient(std::move(made));
+    m_recentDocuments.add(path);
+    return document;
+}
+
+ZLChapterDocument* ZLDocumentController::adoptInPlaceOfTransient(ZLSavedDocument made)
+{
     ZLChapterDocument* unwanted = transientDocument();
     ZLChapterDocument* document = adopt(std::move(made));
-    m_recentDocuments.add(path);
     if (unwanted)
         release(unwanted);
     return document;

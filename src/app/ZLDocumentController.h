@@ -62,6 +62,8 @@ public:
     /// The document in the file at `path`, which may be open already. It takes the place of currentOrLastDocument() if
     /// that is transient. The error says which file and why.
     ZLResult<ZLChapterDocument*> openDocument(const QString& path, ZLMissingFile missingFile = ZLMissingFile::Fail);
+    /// A new untitled document of what is in the audio file at `path`; nothing is ever saved to that file.
+    ZLResult<ZLChapterDocument*> openAudioFile(const QString& path);
     /// Opens what was open when the program ended, whatever ended it, and every untitled document that was kept; a new
     /// document when there is none of both. Returns what could not be opened, a sentence each.
     QStringList restoreSession();
@@ -100,6 +102,8 @@ private:
     ZLResult<ZLChapterDocument*> adoptRevived(ZLRevivedDocument revived);
     ZLResult<ZLChapterDocument*> adoptOpened(ZLResult<ZLSavedDocument> opened);
     ZLChapterDocument* adopt(ZLSavedDocument made);
+    /// In place of the current document, if that is transient.
+    ZLChapterDocument* adoptInPlaceOfTransient(ZLSavedDocument made);
     [[nodiscard]] ZLChapterDocument* documentAtPath(const QString& path) const;
     [[nodiscard]] ZLChapterDocument* transientDocument() const;
     [[nodiscard]] QString unusedUntitledName() const;

@@ -1,34 +1,44 @@
 #include "delivery/ZLDeliveryJob.h"
 
-#include <QThread>
+#include "platform/media/file/ZLMediaFile.h"
+
+namespace {
+
+ZLResult<QString> writeUnlessChanged(const ZLDeliveryPlan& plan, ZLWriteProgress& progress)
+{
+    const auto found = ZLMediaFile::read(plan.audioPath);
+    if (!found)
+        return found.error();
+    if (found.value() != plan.now)
+        return ZLError { ZLDeliveryJob::tr(
+            "%1: Another program changed this file since it was read, so nothing was written. Look at it again.")
+                .arg(plan.audioPath) };
+    return ZLDelivery::write(plan, plan.audioPath, progress);
+}
+
+}
 
 ZLDeliveryJob::ZLDeliveryJob(QList<ZLDeliveryPlan> plans, QObject* parent)
     : QObject(parent)
-    , m_plans(std::move(plans))
+    , m_shared(std::make_shared<Shared>())
 {
+    m_shared->plans = std::move(plans);
+    connect(&m_work, &ZLDiskWork::didEnd, this, &ZLDeliveryJob::didFinish);
 }
 
 ZLDeliveryJob::~ZLDeliveryJob()
 {
-    m_progress.cancel();
-    if (m_thread)
-        m_thread->wait();
+    cancel();
 }
 
 void ZLDeliveryJob::start()
 {
-    m_thread.reset(QThread::create([this] { carryOut(); }));
-    connect(m_thread.get(), &QThread::finished, this, &ZLDeliveryJob::didFinish);
-    m_thread->start();
-}
-
-/// On the job's own thread; what it announces reaches the objects of other threads there.
-void ZLDeliveryJob::carryOut()
-{
-    for (int index = 0; index < int(m_plans.size()) && !m_progress.isCancelled(); ++index) {
-        const ZLDeliveryPlan& plan = m_plans.at(index);
-        Q_EMIT didBeginFile(index);
-        const auto outcome = ZLDelivery::write(plan, plan.audioPath, m_progress);
-        Q_EMIT didEndFile(index, outcome.isOk(), outcome ? outcome.value() : outcome.error().message);
-    }
+    m_work.start([this, shared = m_shared](const ZLDiskWork::Teller& tell) {
+        for (int index = 0; index < int(shared->plans.size()) && !shared->progress.isCancelled(); ++index) {
+            tell([this, index] { Q_EMIT didBeginFile(index); });
+            const auto outcome = writeUnlessChanged(shared->plans.at(index), shared->progress);
+            const QString message = outcome ? outcome.value() : outcome.error().message;
+            tell([this, index, message, isWritten = outcome.isOk()] { Q_EMIT didEndFile(index, isWritten, message); });
+        }
+    });
 }

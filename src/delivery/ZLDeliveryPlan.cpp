@@ -51,11 +51,16 @@ void setEnds(ZLMediaChapters& chapters, qint64 length)
 
 ZLResult<ZLDeliveryPlan> ZLDeliveryPlan::make(const ZLChapterSequence& chapters, const QString& audioPath, double shift)
 {
-    auto contents = ZLMediaFile::read(audioPath);
+    const auto contents = ZLMediaFile::read(audioPath);
     if (!contents)
         return contents.error();
-    ZLDeliveryPlan plan { .audioPath = audioPath, .now = std::move(contents).value() };
-    plan.toCome = enabledChapters(chapters, shift);
+    return make(chapters, audioPath, contents.value(), shift);
+}
+
+ZLDeliveryPlan ZLDeliveryPlan::make(
+    const ZLChapterSequence& chapters, const QString& audioPath, const ZLMediaContents& contents, double shift)
+{
+    ZLDeliveryPlan plan { .audioPath = audioPath, .now = contents, .toCome = enabledChapters(chapters, shift) };
     plan.findings = ZLDeliveryFindings::applied(plan.now, plan.toCome);
     setEnds(plan.toCome, plan.now.length);
     return plan;

@@ -17,6 +17,10 @@ struct ZLDeliveryPlan {
     [[nodiscard]] static ZLResult<ZLDeliveryPlan> make(
         const ZLChapterSequence& chapters, const QString& audioPath, double shift);
 
+    /// The same for a file of which it is known what is in it.
+    [[nodiscard]] static ZLDeliveryPlan make(
+        const ZLChapterSequence& chapters, const QString& audioPath, const ZLMediaContents& contents, double shift);
+
     /// The part of the file's path that a person calls it by.
     [[nodiscard]] QString fileName() const;
 };

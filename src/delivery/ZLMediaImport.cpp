@@ -3,6 +3,16 @@
 #include "model/ZLChapter.h"
 #include "platform/media/file/ZLMediaFile.h"
 
+#include <QMimeDatabase>
+
+using namespace Qt::StringLiterals;
+
+bool ZLMediaImport::isAudioFile(const QString& path)
+{
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(path, QMimeDatabase::MatchExtension);
+    return type.name().startsWith("audio/"_L1) || ZLMediaFile::isMediaFile(path);
+}
+
 ZLResult<ZLDocumentContents> ZLMediaImport::read(const QString& audioPath)
 {
     const auto file = ZLMediaFile::read(audioPath);

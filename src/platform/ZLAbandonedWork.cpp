@@ -31,6 +31,13 @@ void ZLAbandonedWork::keep(std::shared_ptr<void> owner)
     work.owners.push_back(std::move(owner));
 }
 
+void ZLAbandonedWork::drop(const std::shared_ptr<void>& owner)
+{
+    AbandonedWork& work = abandonedWork();
+    const std::lock_guard lock(work.mutex);
+    std::erase(work.owners, owner);
+}
+
 bool ZLAbandonedWork::isAny()
 {
     AbandonedWork& work = abandonedWork();

@@ -7,8 +7,10 @@
 /// program goes on without it, and what the thread uses has to live as long as the process.
 namespace ZLAbandonedWork {
 
-/// Keeps `owner` for ever. May be called from any thread.
+/// Keeps `owner`, until it is dropped or for ever. Both may be called from any thread.
 void keep(std::shared_ptr<void> owner);
+/// The disk has answered after all, and nothing uses the owner any more.
+void drop(const std::shared_ptr<void>& owner);
 [[nodiscard]] bool isAny();
 
 /// How long the end of the program may take once everything is saved or given up, wherever it hangs.

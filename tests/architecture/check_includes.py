@@ -59,8 +59,9 @@ ALLOWED = {
     "export/formats": "model export",
     "export/lists": "lists lists/forms export export/formats",
     "export/ui": "platform document document/saving document/ui export export/formats",
-    "delivery": "platform platform/media platform/media/file model document",
     "import": "platform platform/media/file model lists/forms document",
+    "delivery": "platform platform/media platform/media/file model document document/saving",
+    "delivery/ui": "platform platform/media templates/ui document/ui export/ui lists delivery",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings",
     "app/session": "platform document document/saving",
     "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model settings"

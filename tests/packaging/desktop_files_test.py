@@ -3,13 +3,18 @@
 what the program says of itself."""
 
 import re
+import shutil
 import subprocess
 import sys
+import tempfile
 import unittest
 from pathlib import Path
 
 PROGRAM = Path(sys.argv.pop(1)).resolve()
 FILES = Path(__file__).resolve().parents[2] / "packaging"
+ENTRIES = ("org.zelta.Zelta.desktop", "zelta-audio.desktop")
+PLAYER = ("[Desktop Entry]\nType=Application\nName={name}\nExec={name} %F\n"
+          "MimeType=audio/mpeg;audio/mp4;audio/ogg;audio/flac;audio/x-wav;\n")
 SHELL_FILES = ("completions/zelta.bash", "completions/_zelta", "completions/zelta.fish")
 
 
@@ -23,8 +28,22 @@ class DesktopFilesTest(unittest.TestCase):
         self.assertEqual(answer.returncode, 0, answer.stdout + answer.stderr)
         return answer.stdout + answer.stderr
 
-    def test_the_desktop_entry_is_valid(self):
-        self.assertEqual(self.assert_accepted("desktop-file-validate", FILES / "org.zelta.Zelta.desktop"), "")
+    def test_the_desktop_entries_are_valid(self):
+        for name in ENTRIES:
+            self.assertEqual(self.assert_accepted("desktop-file-validate", FILES / name), "")
+
+    def test_audio_files_are_offered_behind_every_player(self):
+        """A desktop on which nothing was chosen takes the first program for a file."""
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ENTRIES:
+                shutil.copy(FILES / name, folder)
+            for name in ("mpv", "vlc", "xplayer"):
+                Path(folder, f"{name}.desktop").write_text(PLAYER.format(name=name))
+            self.assert_accepted("update-desktop-database", folder)
+            programs = dict(line.split("=", 1) for line in Path(folder, "mimeinfo.cache").read_text().splitlines()[1:])
+            for kind in ("mpeg", "mp4", "ogg", "flac", "x-wav"):
+                self.assertEqual(programs[f"audio/{kind}"], "mpv.desktop;vlc.desktop;xplayer.desktop;zelta-audio.desktop;")
+            self.assertEqual(programs["application/x-zelta-chapters"], "org.zelta.Zelta.desktop;")
 
     def test_the_software_catalogue_entry_is_valid(self):
         self.assert_accepted("appstreamcli", "validate", "--no-net", FILES / "org.zelta.Zelta.metainfo.xml")
@@ -77,6 +96,14 @@ class BashCompletionTest(unittest.TestCase):
         names = {line.split("\t")[0] for line in run(PROGRAM, "formats").stdout.splitlines()}
         offered = {word.replace("\\", "") for word in self.complete("zelta", "export", "--format", "")}
         self.assertEqual(offered, names)
+
+    def test_audio_files_where_they_are_read(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("a.zelta", "a.mp3", "a.txt"):
+                Path(folder, name).touch()
+            both = {f"{folder}/a.zelta", f"{folder}/a.mp3"}
+            for words, wanted in (((), both), (("export",), {f"{folder}/a.zelta"})):
+                self.assertEqual(set(self.complete("zelta", *words, f"{folder}/a")) - {""}, wanted)
 
     def test_the_options_of_a_command(self):
         self.assertEqual(self.complete("zelta", "show", "--"), ["--json", "--item"])

@@ -15,6 +15,7 @@ BUILD = Path(sys.argv.pop(1)).resolve()
 INSTALLED = (
     "usr/bin/zelta",
     "usr/share/applications/org.zelta.Zelta.desktop",
+    "usr/share/applications/zelta-audio.desktop",
     "usr/share/mime/packages/org.zelta.Zelta.xml",
     "usr/share/metainfo/org.zelta.Zelta.metainfo.xml",
     "usr/share/icons/hicolor/scalable/apps/org.zelta.Zelta.svg",

@@ -31,6 +31,13 @@ ZLSavedDocument ZLDocumentMaker::makeUntitled() const
     return { std::move(document), std::move(saver) };
 }
 
+ZLSavedDocument ZLDocumentMaker::makeUntitledFrom(const ZLDocumentContents& contents) const
+{
+    auto document = makeDocument();
+    document->readFromData(ZLDocumentFile::encode(contents));
+    return keepAtOnce(std::move(document));
+}
+
 ZLResult<ZLSavedDocument> ZLDocumentMaker::createFile(const QString& path) const
 {
     ZLSavedDocument made = makeUntitled();
@@ -82,6 +89,11 @@ ZLSavedDocument ZLDocumentMaker::rebuildAside(const ZLRecoveredDocument& recover
     auto document = makeDocumentFrom(recovered.journal);
     document->setDisplayName(QCoreApplication::translate("ZLDocumentMaker", "%1 (recovered)")
             .arg(QFileInfo(recovered.journal.filePath).fileName()));
+    return keepAtOnce(std::move(document));
+}
+
+ZLSavedDocument ZLDocumentMaker::keepAtOnce(std::unique_ptr<ZLChapterDocument> document) const
+{
     auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery);
     if (const ZLStatus saved = saver->saveNow(); !saved)
         qCWarning(sessionLog) << saved.error().message;

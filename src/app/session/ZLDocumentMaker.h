@@ -29,6 +29,8 @@ public:
     [[nodiscard]] const ZLRecoveryFolder& recoveryFolder() const { return m_recoveryFolder; }
 
     [[nodiscard]] ZLSavedDocument makeUntitled() const;
+    /// An untitled document of what was read elsewhere. It is written to the recovery folder at once, if that can be done.
+    [[nodiscard]] ZLSavedDocument makeUntitledFrom(const ZLDocumentContents& contents) const;
     /// Writes a new, empty file at `path`.
     [[nodiscard]] ZLResult<ZLSavedDocument> createFile(const QString& path) const;
     [[nodiscard]] ZLResult<ZLSavedDocument> readFile(const QString& path) const;
@@ -42,6 +44,7 @@ public:
 
 private:
     [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
+    [[nodiscard]] ZLSavedDocument keepAtOnce(std::unique_ptr<ZLChapterDocument> document) const;
     [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocumentFrom(const ZLJournaledDocument& journal) const;
     [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> readDocument(
         const QString& path, const QByteArray& bytes) const;

@@ -29,4 +29,6 @@ struct ZLMediaContents {
     ZLMediaLinks links = ZLMediaLinks::Kept;
     /// What writing changes beside the chapters, one sentence each for a person to read before.
     QStringList changes {};
+
+    bool operator==(const ZLMediaContents&) const = default;
 };

@@ -3,6 +3,7 @@
 #include "app/ui/menus/ZLExportMenu.h"
 #include "app/ui/menus/ZLRevertMenu.h"
 #include "app/ui/saving/ZLSavePanel.h"
+#include "delivery/ZLMediaImport.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/menus/ZLActionHelp.h"
@@ -30,6 +31,9 @@ ZLFileMenu::ZLFileMenu(
     addSavingActions();
     m_menu->addSeparator();
     m_menu->addMenu(&exportMenu);
+    connect(ZLActionHelp::addAction(*m_menu, u"writeChaptersIntoAudio"_s, tr("&Write Chapters into Audio File…"),
+                QKeySequence(u"Ctrl+Shift+E"_s)),
+        &QAction::triggered, this, &ZLFileMenu::writeChaptersRequested);
     m_menu->addSeparator();
     addClosingActions();
     connect(m_menu, &QMenu::aboutToShow, this, &ZLFileMenu::validate);
@@ -78,7 +82,8 @@ void ZLFileMenu::chooseFilesToOpen()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(u"openPanel"_s);
     dialog->setFileMode(QFileDialog::ExistingFiles);
-    dialog->setNameFilters({ tr("Chapter documents (*.%1)").arg(ZLDocumentFile::Extension), tr("All files (*)") });
+    dialog->setNameFilters({ tr("Chapter documents (*.%1)").arg(ZLDocumentFile::Extension),
+        tr("Audio files (%1)").arg(ZLMediaImport::NamePatterns), tr("All files (*)") });
     connect(dialog, &QFileDialog::filesSelected, this, &ZLFileMenu::openRequested);
     dialog->open();
 }

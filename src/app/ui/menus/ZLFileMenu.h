@@ -23,6 +23,7 @@ public:
 Q_SIGNALS:
     void newDocumentRequested();
     void openRequested(const QStringList& paths);
+    void writeChaptersRequested();
     void quitRequested();
 
 private:

@@ -7,7 +7,9 @@
 #include "app/ui/saving/ZLSavePanel.h"
 #include "app/ui/saving/ZLSavingDisplay.h"
 #include "app/ui/saving/ZLWindowCloser.h"
+#include "app/ui/windows/ZLDeliveryDisplay.h"
 #include "app/ui/windows/ZLOpeningProblems.h"
+#include "delivery/ZLMediaImport.h"
 #include "document/concerns/ZLConcern.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
@@ -96,13 +98,17 @@ QStringList ZLDocumentWindows::openFiles(const QStringList& paths)
 {
     QStringList problems;
     for (const QString& path : paths) {
-        const auto opened = m_controller.openDocument(path);
+        const auto opened =
+            ZLMediaImport::isAudioFile(path) ? m_controller.openAudioFile(path) : m_controller.openDocument(path);
         if (!opened) {
             problems += opened.error().message;
             continue;
         }
+        // What was read from an audio file is untitled.
+        const ZLDocumentSaver* saver = m_controller.saverOf(opened.value());
+        const QString file = saver->isUntitled() ? QFileInfo(path).absoluteFilePath() : saver->path();
         for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
-            ZLOpeningProblems::forget(window->messageBar(), m_controller.saverOf(opened.value())->path());
+            ZLOpeningProblems::forget(window->messageBar(), file);
         bringToFront(opened.value());
     }
     return problems;
@@ -179,7 +185,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
         window->viewMenu().showSameTimeAs((*m_windows.cbegin())->viewMenu());
     m_windows.insert(document, window);
     auto* savePanel = new ZLSavePanel(m_controller, *window);
-    connectFileMenu(*window, *savePanel);
+    const ZLFileMenu* fileMenu = addFileMenu(*window, *savePanel);
     const auto* windowMenu = new ZLWindowMenu(m_controller, *window);
     connect(windowMenu, &ZLWindowMenu::windowRequested, this, &ZLDocumentWindows::bringToFront);
     const auto* helpMenu = new ZLHelpMenu(*window);
@@ -188,19 +194,28 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLConcernDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
-    connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
+    addDelivery(*window, *fileMenu);
     window->installEventFilter(this);
     findPlaceFor(*window);
     window->show();
     Q_EMIT didAddWindow(window);
 }
 
-void ZLDocumentWindows::connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)
+ZLFileMenu* ZLDocumentWindows::addFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)
 {
-    const auto* menu = new ZLFileMenu(m_controller, savePanel, m_exportMenu, window);
+    auto* menu = new ZLFileMenu(m_controller, savePanel, m_exportMenu, window);
     connect(menu, &ZLFileMenu::newDocumentRequested, &m_controller, &ZLDocumentController::newDocument);
     connect(menu, &ZLFileMenu::openRequested, this, &ZLDocumentWindows::open);
     connect(menu, &ZLFileMenu::quitRequested, this, &ZLDocumentWindows::quit);
+    return menu;
+}
+
+void ZLDocumentWindows::addDelivery(ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu)
+{
+    auto* delivery = new ZLDeliveryDisplay(m_controller, window);
+    connect(&fileMenu, &ZLFileMenu::writeChaptersRequested, delivery, &ZLDeliveryDisplay::show);
+    connect(&window, &ZLChapterDocumentWindow::filesDropped, delivery, &ZLDeliveryDisplay::takeDroppedFiles);
+    connect(delivery, &ZLDeliveryDisplay::openRequested, this, &ZLDocumentWindows::open);
 }
 
 void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)

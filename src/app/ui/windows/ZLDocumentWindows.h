@@ -10,6 +10,7 @@
 
 class QSessionManager;
 class ZLChapterDocumentWindow;
+class ZLFileMenu;
 class ZLSavePanel;
 
 /// Keeps one window for each open document, with its menus, its closing and what it shows of the saving, and tells the
@@ -58,7 +59,8 @@ Q_SIGNALS:
 private:
     void addWindow(ZLChapterDocument* document);
     void answerLogOut(QSessionManager& manager);
-    void connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel);
+    ZLFileMenu* addFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel);
+    void addDelivery(ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu);
     void removeWindow(ZLChapterDocument* document);
     void quitUnlessWindowsAreOpen();
     void findPlaceFor(ZLChapterDocumentWindow& window) const;

@@ -1,0 +1,262 @@
+#!/usr/bin/env python3
+"""Chapters on their way into audio files, as a person writes them: by keyboard, in a real window, read back by ffprobe.
+
+With a folder as the third argument, pictures are put there.
+"""
+
+import os
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+import media_files
+import media_readers as readers
+from desktop import Desktop, wait_until
+from surface import archive
+from window import Window
+
+PROGRAM = Path(sys.argv.pop(1))
+DRAG_SOURCE = Path(sys.argv.pop(1))
+PICTURES = Path(sys.argv.pop(1)) if len(sys.argv) > 1 else None
+CHAPTERS = [(0.5, "Grüße"), (10.25, "News"), (29.0, "Outlook")]
+
+
+def chapter(seconds, title):
+    return {"TimeStamp": seconds, "Enabled": True, "Title": title, "Link": "", "Tags": ""}
+
+
+class AudioSheetTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        # The bindings of the accessibility tree stay with the first bus that they meet.
+        cls.desktop = cls.enterClassContext(Desktop())
+
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp(dir=self.desktop.home))
+        self.show = self.folder / "show.zelta"
+        self.show.write_bytes(archive({"Chapters": [chapter(*each) for each in CHAPTERS], "Duration": 30.0,
+                                       "Templates": []}))
+        self.audio = media_files.mp3_rich(self.folder)
+
+    def open(self, *arguments):
+        self.window = Window(self.desktop, [PROGRAM], *(arguments or [self.show])).wait_until_shown()
+        self.addCleanup(self.end)
+        self.window.wait_for_keyboard()
+        self.main = self.focused_window()
+        return self.window
+
+    def end(self):
+        """As a person ends it, so that the next test finds nothing that was open."""
+        if self.window.process.poll() is None:
+            self.desktop.press("Escape")
+            self.window.process.terminate()
+            self.window.process.wait(60)
+        shutil.rmtree(self.desktop.home / "state", ignore_errors=True)
+
+    @staticmethod
+    def focused_window():
+        return subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True, check=False).stdout.strip()
+
+    def take(self, name):
+        if PICTURES:
+            self.desktop.screenshot(PICTURES / name)
+
+    def choose(self, *paths):
+        """In the file dialog that the first button of the sheet opens."""
+        self.desktop.press("Return")
+        wait_until(lambda: self.focused_window() != self.main and self.window.has_keyboard(), "the file dialog")
+        self.desktop.press("ctrl+a")
+        self.desktop.type(" ".join(f'"{path}"' for path in paths) if len(paths) > 1 else str(paths[0]))
+        self.desktop.press("Return")
+        wait_until(lambda: self.focused_window() == self.main, "the file dialog to go")
+
+    def open_sheet(self, *paths):
+        self.desktop.press("ctrl+shift+e")
+        choose = self.node("push button", "Choose Files…")
+        wait_until(lambda: self.is_focused(choose), "the keyboard in the sheet")
+        self.choose(*paths)
+
+    def node(self, role, name):
+        return self.window.accessible.find(self.window.frame, role, name)
+
+    def is_focused(self, node):
+        import pyatspi
+
+        return node.getState().contains(pyatspi.STATE_FOCUSED)
+
+    def files(self):
+        """File, form, length and state of each file in the sheet."""
+        table = (self.window.accessible.find_all(self.window.frame, None, "Audio files") or [None])[0]
+        return self.window.accessible.table_texts(table) if table else []
+
+    def wait_for_state(self, row, text):
+        wait_until(lambda: len(self.files()) > row and text in self.files()[row][3], f"{text} in row {row}, not {self.files()}")
+
+    def rows(self, path):
+        return [(round(start), title) for start, title, _ in readers.by_ffprobe(path)]
+
+    def assert_written(self, path, shift=0.0, chapters=None):
+        wanted = [(round((seconds + shift) * 1000), title) for seconds, title in (chapters or CHAPTERS)]
+        self.assertEqual(self.rows(path), wanted)
+
+    def test_a_file_by_keyboard_alone(self):
+        sound, tags = readers.packets(self.audio), readers.id3_tags(self.audio)
+        self.open()
+        self.open_sheet(self.audio)
+        self.wait_for_state(0, "Chapters now: 0, to come: 3")
+        self.assertEqual(self.files()[0][:3], [self.audio.name, "MP3", "0:30"])
+        self.take("audio-sheet.png")
+        self.desktop.press("Return")
+        self.wait_for_state(0, f"3 of 3 chapters are in {self.audio.name}")
+        self.node(None, f"3 of 3 chapters are in {self.audio.name}")
+        self.assert_written(self.audio)
+        self.assertEqual(readers.packets(self.audio), sound)
+        self.assertEqual(readers.id3_tags(self.audio), tags)
+        # The document knows the file the next time, and still the bytes that it had.
+        before = self.show.read_bytes()
+        self.desktop.press("Escape", "ctrl+q")
+        self.window.process.wait(60)
+        self.assertEqual(self.show.read_bytes(), before)
+        self.open()
+        self.desktop.press("ctrl+shift+e")
+        self.wait_for_state(0, "Chapters now: 3, to come: 3")
+
+    def test_a_shift_is_typed_and_counts(self):
+        self.open()
+        self.open_sheet(self.audio)
+        self.wait_for_state(0, "to come: 3")
+        self.desktop.press("alt+s", "ctrl+a")
+        self.desktop.type("0.25")
+        self.desktop.press("Return")
+        self.wait_for_state(0, "3 of 3 chapters")
+        self.assert_written(self.audio, shift=0.25)
+
+    def test_marks_arrive_while_the_sheet_is_open_and_the_clock_runs(self):
+        window = self.open()
+        self.desktop.press("ctrl+r")
+        wait_until(window.is_recording, "the clock to run")
+        self.open_sheet(self.audio)
+        self.wait_for_state(0, "to come: 3")
+        clock = window.clock_text()
+        wait_until(lambda: window.clock_text() != clock, "the clock to go on in sight")
+        # By the key of the window: the title opens for typing in the table, beside the sheet.
+        self.desktop.press("ctrl+Return")
+        wait_until(lambda: len(window.titles()) == 4, "the mark in the table")
+        self.desktop.type("Live")
+        self.desktop.press("Return")
+        wait_until(lambda: window.titles()[-1] == "Live", "its title")
+        # By remote: the plan follows, though the mark lies behind the end of this file.
+        subprocess.run(["oscsend", "127.0.0.1", str(window.osc_port), "/zl/newChapter", "f", "1"], check=True)
+        wait_until(lambda: len(window.titles()) == 5, "the second mark")
+        self.take("audio-sheet-recording.png")
+        self.desktop.press("ctrl+shift+e")
+        self.desktop.press("Return")
+        self.wait_for_state(0, "3 of 3 chapters")
+        self.assertTrue(window.is_recording())
+        self.assert_written(self.audio)
+
+    def test_several_files_of_which_some_fail(self):
+        home = self.folder
+        opus = media_files.opus_opusenc(home)
+        closed = home / "closed"
+        closed.mkdir()
+        locked = closed / "locked.mp3"
+        shutil.copy(self.audio, locked)
+        text = home / "notes.mp3"
+        text.write_text("These are notes.\n")
+        self.open()
+        self.open_sheet(self.audio, text, locked, opus)
+        for row, state in enumerate(("to come: 3", "this is no audio file", "to come: 3", "to come: 3")):
+            self.wait_for_state(row, state)
+        # Who may do anything may write there, too, so the whole folder goes.
+        shutil.rmtree(closed)
+        self.desktop.press("Return")
+        self.wait_for_state(3, f"3 of 3 chapters are in {opus.name}")
+        self.wait_for_state(0, f"3 of 3 chapters are in {self.audio.name}")
+        self.assertIn("this is no audio file", self.files()[1][3])
+        self.assertNotIn("chapters are in", self.files()[2][3])
+        self.node(None, "Chapters were written into 2 of 4 files.")
+        self.take("audio-sheet-several.png")
+        self.assert_written(self.audio)
+        self.assert_written(opus)
+
+    def test_a_file_that_changed_meanwhile_is_left_alone(self):
+        self.open()
+        self.open_sheet(self.audio)
+        self.wait_for_state(0, "to come: 3")
+        other = media_files.lame(self.folder, "other.mp3", "-b", 96, "--tt", "Other")
+        subprocess.run(["ffmpeg", "-v", "error", "-y", "-i", other, "-t", "20", "-c", "copy", self.audio], check=True)
+        content = self.audio.read_bytes()
+        self.desktop.press("Return")
+        self.wait_for_state(0, "Another program changed this file")
+        self.assertEqual(self.audio.read_bytes(), content)
+        self.wait_for_state(0, "Another program changed this file")
+        wait_until(lambda: self.files()[0][2] == "0:20", "the file to be read again")
+        self.desktop.press("Escape", "ctrl+shift+e", "Return")
+        self.wait_for_state(0, "2 of 2 chapters")
+
+    def large_wave(self):
+        """Three gigabytes of silence, which take no room on the disk."""
+        path = self.folder / "long.wav"
+        size = 3_000_000_000
+        with open(path, "wb") as file:
+            file.write(b"RIFF" + struct.pack("<I", size + 36) + b"WAVEfmt " +
+                       struct.pack("<IHHIIHH", 16, 1, 2, 44100, 176400, 4, 16) + b"data" + struct.pack("<I", size))
+            file.truncate(size + 44)
+        return path
+
+    def test_a_long_copy_is_cancelled(self):
+        path = self.large_wave()
+        status = path.stat()
+        self.open()
+        self.open_sheet(path)
+        self.wait_for_state(0, "to come: 3")
+        names = sorted(os.listdir(path.parent))
+        self.desktop.press("Return")
+        self.wait_for_state(0, "Writing…")
+        bar = self.node("progress bar", "Progress of the writing")
+        wait_until(lambda: bar.queryValue().currentValue > 0, "the copy to go on in sight")
+        self.take("audio-sheet-writing.png")
+        self.desktop.press("Escape")
+        self.wait_for_state(0, "The writing was cancelled.")
+        self.assertEqual((path.stat().st_ino, path.stat().st_mtime_ns), (status.st_ino, status.st_mtime_ns))
+        self.assertEqual(sorted(os.listdir(path.parent)), names)
+
+    def test_an_audio_file_is_dropped_on_the_window(self):
+        window = self.open()
+        self.desktop.start(DRAG_SOURCE, self.audio)
+        source = wait_until(lambda: subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Drag Source"],
+                                                   capture_output=True, text=True, check=False).stdout.strip(),
+                            "the window to drag from")
+        table = self.window.accessible.find(window.frame, "table", "Chapters")
+        x, y = map(int, self.window.accessible.center(table))
+        xdotool = self.desktop.xdotool
+        xdotool("windowmove", "--sync", source, 0, 680)
+        xdotool("mousemove", "--window", source, 40, 40, "mousedown", 1)
+        for step in range(21):
+            xdotool("mousemove", x - 20 + step, y)
+        xdotool("mouseup", 1)
+        self.wait_for_state(0, "Chapters now: 0, to come: 3")
+        self.assertEqual(self.files()[0][0], self.audio.name)
+
+    def test_an_audio_file_opens_as_a_document(self):
+        subprocess.run([PROGRAM, "write", self.show, self.audio], check=True, capture_output=True)
+        content = self.audio.read_bytes()
+        window = self.open(self.audio)
+        self.assertEqual(window.titles(), [title for _, title in CHAPTERS])
+        self.assertEqual(window.clock_text(), "00:00:30.0")
+        self.assertIn("Untitled", window.frame.name)
+        self.desktop.press("F2")
+        self.desktop.type("Changed")
+        self.desktop.press("Return", "ctrl+s")
+        wait_until(lambda: self.focused_window() != self.main, "the dialog that asks for a name")
+        self.desktop.press("Escape")
+        self.assertEqual(self.audio.read_bytes(), content)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -51,23 +51,25 @@ ALLOWED = {
     " document/ui/menus",
     "remote": "platform platform/dnssd platform/hotkey platform/osc model settings document",
     "remote/ui": "platform/dnssd platform/osc platform/window settings templates/ui document/ui remote",
-    "export": "platform model",
+    "export": "platform model document/saving",
     "export/formats": "model export",
     "export/lists": "lists lists/forms export export/formats",
     "export/ui": "platform document document/saving document/ui export export/formats",
     "delivery": "platform platform/media platform/media/file model document",
     "import": "platform platform/media/file model lists/forms document",
+    "import/ui": "platform model document/ui templates/ui import",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings",
     "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model settings"
     " document document/saving remote export export/formats delivery import",
     "app/ui/look": "templates/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "document/saving document/ui app",
-    "app/ui/menus": "document/ui document/ui/menus export export/ui app app/ui/saving",
+    "app/ui/menus": "platform document document/ui document/ui/menus export export/formats export/lists export/ui app"
+    " app/ui/saving",
     "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui document/ui document/ui/menus remote"
     " app",
-    "app/ui/windows": "platform/filemanager platform/window document document/ui document/ui/menus app app/ui/saving"
-    " app/ui/menus",
+    "app/ui/windows": "platform platform/filemanager platform/window templates/ui document document/ui document/ui/menus"
+    " document/ui/table export export/lists export/ui import import/ui app app/ui/saving app/ui/menus",
     "app/ui/outside": "platform/dnssd model document/ui document/ui/menus remote remote/ui app app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window settings"
     " settings/ui document/ui document/ui/menus app app/ui/look app/ui/quickedit app/ui/shortcuts app/ui/windows"

@@ -654,6 +654,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLCopyAsMenu</name>
+    <message>
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>C&amp;opy As</source>
+        <translation>Kopieren al&amp;s</translation>
+    </message>
+    <message>
+        <source>Copied as %1.</source>
+        <translation>Kopiert als %1.</translation>
+    </message>
+</context>
+<context>
     <name>ZLCueSheet</name>
     <message>
         <source>The sheet speaks of %1 files, and the times of each begin at 0.</source>
@@ -1022,6 +1037,57 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLExportAgainDisplay</name>
+    <message>
+        <source>“%1” is gone.</source>
+        <translation>„%1“ ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>“%1” was changed by another program.</source>
+        <translation>„%1“ wurde von einem anderen Programm verändert.</translation>
+    </message>
+    <message>
+        <source>“%1” is open in another program.</source>
+        <translation>„%1“ ist in einem anderen Programm geöffnet.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>„%1“ lässt sich nicht lesen.</translation>
+    </message>
+    <message>
+        <source>Write All</source>
+        <translation>Alle schreiben</translation>
+    </message>
+    <message>
+        <source>Write the Others</source>
+        <translation>Die übrigen schreiben</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Exported again: %1.</source>
+        <translation>Erneut exportiert: %1.</translation>
+    </message>
+    <message>
+        <source>This document has not been exported to a file yet.</source>
+        <translation>Dieses Dokument wurde noch in keine Datei exportiert.</translation>
+    </message>
+    <message>
+        <source>Left out, as chapters in a session would come twice: %1.</source>
+        <translation>Ausgelassen, weil Kapitel in einer Session doppelt kämen: %1.</translation>
+    </message>
+    <message>
+        <source>The export failed. %1</source>
+        <translation>Der Export ist gescheitert. %1</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>ZLExportDisplay</name>
     <message>
         <source>Exported %1.</source>
@@ -1104,6 +1170,34 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Titles as Tags</source>
         <translation>Titel als Tags</translation>
     </message>
+    <message>
+        <source>Podcast Chapters</source>
+        <translation>Podcast-Kapitel</translation>
+    </message>
+    <message>
+        <source>Audacity Labels</source>
+        <translation>Audacity-Textmarken</translation>
+    </message>
+    <message>
+        <source>REAPER Markers</source>
+        <translation>REAPER-Marker</translation>
+    </message>
+    <message>
+        <source>Matroska Chapters</source>
+        <translation>Matroska-Kapitel</translation>
+    </message>
+    <message>
+        <source>WebVTT Chapters</source>
+        <translation>WebVTT-Kapitel</translation>
+    </message>
+    <message>
+        <source>CUE Sheet</source>
+        <translation>CUE-Sheet</translation>
+    </message>
+    <message>
+        <source>Show Notes</source>
+        <translation>Shownotes</translation>
+    </message>
 </context>
 <context>
     <name>ZLExportMenu</name>
@@ -1118,6 +1212,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1…</source>
         <translation>%1 …</translation>
+    </message>
+    <message>
+        <source>Export Ot&amp;her</source>
+        <translation>&amp;Weiterer Export</translation>
     </message>
 </context>
 <context>
@@ -1237,6 +1335,14 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Dismiss</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Import Chapters…</source>
+        <translation>&amp;Kapitel importieren …</translation>
+    </message>
+    <message>
+        <source>Export A&amp;gain</source>
+        <translation>Erneut e&amp;xportieren</translation>
     </message>
 </context>
 <context>
@@ -1669,6 +1775,41 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLImportDisplay</name>
+    <message>
+        <source>Import Chapters</source>
+        <translation>Kapitel importieren</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>the text</source>
+        <translation>dem Text</translation>
+    </message>
+    <message>
+        <source>The clipboard holds no text.</source>
+        <translation>Die Zwischenablage enthält keinen Text.</translation>
+    </message>
+    <message>
+        <source>One list is imported at a time.</source>
+        <translation>Es wird jeweils nur eine Liste importiert.</translation>
+    </message>
+    <message>
+        <source>1 chapter imported</source>
+        <translation>1 Kapitel importiert</translation>
+    </message>
+    <message>
+        <source>%1 chapters imported</source>
+        <translation>%1 Kapitel importiert</translation>
+    </message>
+</context>
+<context>
     <name>ZLImportNews</name>
     <message>
         <source>1 template imported</source>
@@ -1696,6 +1837,88 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Line %1: %2</source>
         <translation>Zeile %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZLImportRowsModel</name>
+    <message>
+        <source>Will be disabled</source>
+        <translation>Wird nicht aktiv sein</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Link</translation>
+    </message>
+</context>
+<context>
+    <name>ZLImportSheet</name>
+    <message>
+        <source>Import Chapters</source>
+        <translation>Kapitel importieren</translation>
+    </message>
+    <message>
+        <source>What was not understood</source>
+        <translation>Was nicht verstanden wurde</translation>
+    </message>
+    <message>
+        <source>Chapters that will come</source>
+        <translation>Kapitel, die kommen werden</translation>
+    </message>
+    <message>
+        <source>Show:</source>
+        <translation>Sendung:</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Sendung</translation>
+    </message>
+    <message>
+        <source>Shift in seconds</source>
+        <translation>Verschiebung in Sekunden</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Add to the chapters</source>
+        <translation>Zu den Kapiteln hinzufügen</translation>
+    </message>
+    <message>
+        <source>Replace the chapters</source>
+        <translation>Die Kapitel ersetzen</translation>
+    </message>
+    <message>
+        <source>Shift (s):</source>
+        <translation>Verschieben (s):</translation>
+    </message>
+    <message>
+        <source>Lines without a time become templates</source>
+        <translation>Zeilen ohne Zeit werden zu Vorlagen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>1 chapter</source>
+        <translation>1 Kapitel</translation>
+    </message>
+    <message>
+        <source>%1 chapters</source>
+        <translation>%1 Kapitel</translation>
+    </message>
+    <message>
+        <source>%1 from %2, read as %3</source>
+        <translation>%1 aus %2, gelesen als %3</translation>
     </message>
 </context>
 <context>
@@ -2019,6 +2242,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>A dictionary of the archive has a key that is not text.</source>
         <translation>Ein Verzeichnis des Archivs hat einen Schlüssel, der kein Text ist.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLLinePatternView</name>
+    <message>
+        <source>{time}, {title}, {link} and {number} stand for those of the chapter.</source>
+        <translation>{time}, {title}, {link} und {number} stehen für Zeit, Titel, Link und Nummer des Kapitels.</translation>
+    </message>
+    <message>
+        <source>L&amp;ine:</source>
+        <translation>Ze&amp;ile:</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>Vorschau:</translation>
     </message>
 </context>
 <context>

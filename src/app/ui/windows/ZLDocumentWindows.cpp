@@ -1,5 +1,6 @@
 #include "app/ui/windows/ZLDocumentWindows.h"
 
+#include "app/ui/menus/ZLCopyAsMenu.h"
 #include "app/ui/menus/ZLFileMenu.h"
 #include "app/ui/menus/ZLHelpMenu.h"
 #include "app/ui/menus/ZLWindowMenu.h"
@@ -7,10 +8,13 @@
 #include "app/ui/saving/ZLSavePanel.h"
 #include "app/ui/saving/ZLSavingDisplay.h"
 #include "app/ui/saving/ZLWindowCloser.h"
+#include "app/ui/windows/ZLExportAgainDisplay.h"
+#include "app/ui/windows/ZLImportDisplay.h"
 #include "app/ui/windows/ZLSleepDisplay.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
+#include "document/ui/menus/ZLEditMenu.h"
 #include "document/ui/menus/ZLViewMenu.h"
 #include "platform/window/ZLWindowInFront.h"
 #include "platform/window/ZLWindowPlace.h"
@@ -40,13 +44,16 @@ ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller)
     : m_controller(controller)
     , m_exportMenu(controller)
     , m_exportDisplay(m_exportMenu, *this)
+    , m_exportOtherMenu(ZLExportMenu::ofFurtherFormats(controller))
+    , m_exportOtherDisplay(*m_exportOtherMenu, *this)
 {
     connect(&controller, &ZLDocumentController::didOpenDocument, this, &ZLDocumentWindows::addWindow);
     connect(&controller, &ZLDocumentController::willCloseDocument, this, &ZLDocumentWindows::removeWindow);
     // The manager waits for the answer, which has to be given before this returns.
     connect(qApp, &QGuiApplication::commitDataRequest, this, &ZLDocumentWindows::answerLogOut, Qt::DirectConnection);
-    connect(&m_exportMenu, &ZLExportMenu::exportDidEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen,
-        Qt::QueuedConnection);
+    for (const ZLExportMenu* menu : { &m_exportMenu, m_exportOtherMenu.get() })
+        connect(menu, &ZLExportMenu::exportDidEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen,
+            Qt::QueuedConnection);
 }
 
 ZLDocumentWindows::~ZLDocumentWindows()
@@ -187,7 +194,6 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     new ZLReadOnlyDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLSleepDisplay(*window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
-    connect(window, &ZLChapterDocumentWindow::filesDropped, this, &ZLDocumentWindows::open);
     window->installEventFilter(this);
     findPlaceFor(*window);
     window->show();
@@ -196,10 +202,22 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
 
 void ZLDocumentWindows::connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)
 {
-    const auto* menu = new ZLFileMenu(m_controller, savePanel, m_exportMenu, window);
+    const auto* menu = new ZLFileMenu(m_controller, savePanel, { &m_exportMenu, m_exportOtherMenu.get() }, window);
     connect(menu, &ZLFileMenu::newDocumentRequested, &m_controller, &ZLDocumentController::newDocument);
     connect(menu, &ZLFileMenu::openRequested, this, &ZLDocumentWindows::open);
     connect(menu, &ZLFileMenu::quitRequested, this, &ZLDocumentWindows::quit);
+    connectLists(window, *menu);
+}
+
+void ZLDocumentWindows::connectLists(ZLChapterDocumentWindow& window, const ZLFileMenu& menu)
+{
+    window.editMenu().addClipboardMenu(*new ZLCopyAsMenu(window));
+    auto* again = new ZLExportAgainDisplay(m_controller, window);
+    connect(&menu, &ZLFileMenu::exportAgainRequested, again, &ZLExportAgainDisplay::exportAgain);
+    auto* import = new ZLImportDisplay(window);
+    connect(&menu, &ZLFileMenu::importRequested, import, &ZLImportDisplay::chooseFile);
+    connect(&window, &ZLChapterDocumentWindow::filesDropped, import, &ZLImportDisplay::takeDroppedFiles);
+    connect(import, &ZLImportDisplay::openRequested, this, &ZLDocumentWindows::open);
 }
 
 void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)
@@ -217,7 +235,7 @@ void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)
 void ZLDocumentWindows::quitUnlessWindowsAreOpen()
 {
     // A document that takes the place of the last one opens its window in the meantime, and an export goes on alone.
-    if (m_windows.isEmpty() && !m_exportMenu.isExporting())
+    if (m_windows.isEmpty() && !m_exportMenu.isExporting() && !m_exportOtherMenu->isExporting())
         quitAtOnce();
 }
 

@@ -10,6 +10,7 @@
 
 class QSessionManager;
 class ZLChapterDocumentWindow;
+class ZLFileMenu;
 class ZLSavePanel;
 
 /// Keeps one window for each open document, with its menus, its closing and what it shows of the saving, and tells the
@@ -59,6 +60,7 @@ private:
     void addWindow(ZLChapterDocument* document);
     void answerLogOut(QSessionManager& manager);
     void connectFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel);
+    void connectLists(ZLChapterDocumentWindow& window, const ZLFileMenu& menu);
     void removeWindow(ZLChapterDocument* document);
     void quitUnlessWindowsAreOpen();
     void findPlaceFor(ZLChapterDocumentWindow& window) const;
@@ -75,5 +77,7 @@ private:
     ZLDocumentController& m_controller;
     ZLExportMenu m_exportMenu;
     ZLExportDisplay m_exportDisplay;
+    const std::unique_ptr<ZLExportMenu> m_exportOtherMenu;
+    ZLExportDisplay m_exportOtherDisplay;
     QHash<ZLChapterDocument*, ZLChapterDocumentWindow*> m_windows;
 };

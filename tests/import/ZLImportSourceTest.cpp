@@ -18,7 +18,8 @@ QByteArray document()
     chapter.setTimeStamp(12.5);
     chapter.setTitle(u"From a document"_s);
     chapter.setEnabled(false);
-    return ZLDocumentFile::encode({ .chapters = { chapter.dictionaryRepresentation() }, .duration = 60, .templates = {} });
+    return ZLDocumentFile::encode(
+        { .chapters = { chapter.dictionaryRepresentation() }, .duration = 60, .templates = {} });
 }
 
 }

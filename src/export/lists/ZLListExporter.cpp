@@ -8,6 +8,17 @@
 
 namespace {
 
+/// The names as a menu shows them.
+[[maybe_unused]] constexpr const char* shownNames[] {
+    QT_TRANSLATE_NOOP("ZLExportFormat", "Podcast Chapters"),
+    QT_TRANSLATE_NOOP("ZLExportFormat", "Audacity Labels"),
+    QT_TRANSLATE_NOOP("ZLExportFormat", "REAPER Markers"),
+    QT_TRANSLATE_NOOP("ZLExportFormat", "Matroska Chapters"),
+    QT_TRANSLATE_NOOP("ZLExportFormat", "WebVTT Chapters"),
+    QT_TRANSLATE_NOOP("ZLExportFormat", "CUE Sheet"),
+    QT_TRANSLATE_NOOP("ZLExportFormat", "Show Notes"),
+};
+
 ZLListToWrite listFor(const ZLExportInput& input)
 {
     ZLListToWrite list { .fileBaseName = input.fileBaseName, .linePattern = input.linePattern };

@@ -5,7 +5,9 @@
 #include "document/ui/ZLSaveFileDialog.h"
 #include "export/ZLSessionCopy.h"
 #include "export/formats/ZLExportAdvice.h"
+#include "export/ui/ZLDocumentExportInput.h"
 #include "export/ui/ZLExportAdviceView.h"
+#include "export/ui/ZLLinePatternView.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
 
@@ -99,12 +101,37 @@ void ZLExportFlow::installAdditions()
         connect(m_optionCheckBox, &QCheckBox::toggled, this, &ZLExportFlow::updateAdvice);
         appendToDialog(*m_dialog, m_optionCheckBox);
     }
+    if (m_exporterClass.format().hasLinePattern())
+        addLinePattern();
     m_adviceView = new ZLExportAdviceView(m_dialog);
     appendToDialog(*m_dialog, m_adviceView);
     // A format may write the file's name into the file, or look at what the file holds.
     connect(m_dialog, &QFileDialog::currentChanged, this, &ZLExportFlow::updateAdvice);
     if (const auto* nameEdit = m_dialog->findChild<QLineEdit*>(u"fileNameEdit"_s))
         connect(nameEdit, &QLineEdit::textChanged, this, &ZLExportFlow::updateAdvice);
+}
+
+void ZLExportFlow::addLinePattern()
+{
+    m_linePatternView = new ZLLinePatternView(m_exporterClass.format().usualLinePattern, m_dialog);
+    connect(m_linePatternView, &ZLLinePatternView::patternDidChange, this, &ZLExportFlow::updateAdvice);
+    appendToDialog(*m_dialog, m_linePatternView);
+}
+
+void ZLExportFlow::updatePreview(const ZLExportInput& input)
+{
+    const auto bytes = m_exporterClass.create()->exportedBytes(input);
+    m_linePatternView->setPreview(bytes ? QString::fromUtf8(bytes.value()) : bytes.error().message);
+}
+
+ZLExportOption ZLExportFlow::option() const
+{
+    return m_optionCheckBox && m_optionCheckBox->isChecked() ? ZLExportOption::On : ZLExportOption::Off;
+}
+
+QString ZLExportFlow::linePattern() const
+{
+    return m_linePatternView ? m_linePatternView->pattern() : QString();
 }
 
 void ZLExportFlow::updateAdvice()
@@ -115,6 +142,8 @@ void ZLExportFlow::updateAdvice()
     if (format.dialogKind == ZLExportDialogKind::Open)
         input.existingBytes = m_session.bytesOf(path);
     m_adviceView->setLines(ZLExportAdvice::lines(m_exporterClass, input));
+    if (m_linePatternView)
+        updatePreview(input);
 }
 
 void ZLExportFlow::dialogDidFinish(int result)
@@ -184,13 +213,10 @@ void ZLExportFlow::showAlert(const ZLExportAlert& alert)
 ZLExportInput ZLExportFlow::inputFor(const QString& path) const
 {
     ZLExportInput input = m_heldAtLast;
-    if (m_document) {
-        input.chapters = m_document->chapterManager().allChapters();
-        input.duration = m_document->duration();
-        input.isRecording = m_document->isRecording();
-    }
-    if (m_optionCheckBox)
-        input.option = m_optionCheckBox->isChecked() ? ZLExportOption::On : ZLExportOption::Off;
+    if (m_document)
+        input = ZLDocumentExportInput::of(*m_document);
+    input.option = option();
+    input.linePattern = linePattern();
     input.fileBaseName = ZLExporter::fileBaseName(path);
     return input;
 }

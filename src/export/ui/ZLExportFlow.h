@@ -13,6 +13,7 @@ class QFileDialog;
 class QMessageBox;
 class ZLChapterDocument;
 class ZLExportAdviceView;
+class ZLLinePatternView;
 
 /// One export, from the file dialog to the written file. It is made for one menu click, reports once at most and then
 /// deletes itself; nothing is remembered for the next export.
@@ -41,6 +42,12 @@ public:
     /// To be called before the document goes. The dialog stays, and the export will have what the document held.
     void documentWillClose();
 
+    /// How the file is written, or was: the checkbox and the line pattern of the dialog.
+    /// @{
+    [[nodiscard]] ZLExportOption option() const;
+    [[nodiscard]] QString linePattern() const;
+    /// @}
+
     /// The dialog while it stands, else null.
     [[nodiscard]] QFileDialog* dialog() const;
 
@@ -56,7 +63,9 @@ Q_SIGNALS:
 private:
     void createDialog(const QString& displayName);
     void installAdditions();
+    void addLinePattern();
     void updateAdvice();
+    void updatePreview(const ZLExportInput& input);
     void dialogDidFinish(int result);
     void showAlert(const ZLExportAlert& alert);
     void exportTo(const QString& path);
@@ -75,5 +84,6 @@ private:
     QPointer<QFileDialog> m_dialog;
     QPointer<QMessageBox> m_alert;
     QCheckBox* m_optionCheckBox = nullptr;
+    ZLLinePatternView* m_linePatternView = nullptr;
     ZLExportAdviceView* m_adviceView = nullptr;
 };

@@ -231,15 +231,21 @@ TEST_F(ZLChapterDocumentWindowTest, F2ReturnAndDeleteActOnTheListThatHasTheKeybo
     EXPECT_EQ(templates().count(), 1);
 }
 
-TEST_F(ZLChapterDocumentWindowTest, PasteGoesToTheDrawerThatHasTheKeyboard)
+TEST_F(ZLChapterDocumentWindowTest, PasteGoesToTheListThatHasTheKeyboard)
 {
     QGuiApplication::clipboard()->setText(u"- Intro\n- News"_s);
-    EXPECT_FALSE(action(u"paste"_s)->isEnabled());
+    const QSignalSpy chapterPaste(&m_window->editMenu(), &ZLEditMenu::chapterPasteRequested);
+    table().setFocus();
+    ASSERT_TRUE(action(u"paste"_s)->isEnabled());
+    action(u"paste"_s)->trigger();
+    EXPECT_EQ(chapterPaste.count(), 1);
+    EXPECT_EQ(templates().count(), 0);
     m_window->findChild<ZLTemplatesTableView*>()->setFocus();
     ASSERT_TRUE(action(u"paste"_s)->isEnabled());
     action(u"paste"_s)->trigger();
     EXPECT_EQ(templates().count(), 2);
     EXPECT_EQ(history().undoActionName(), u"Import Templates"_s);
+    EXPECT_EQ(chapterPaste.count(), 1);
 }
 
 TEST_F(ZLChapterDocumentWindowTest, TheMenuOfAChapterOpensAndCopiesItsLink)

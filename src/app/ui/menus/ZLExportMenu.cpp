@@ -1,7 +1,8 @@
 #include "app/ui/menus/ZLExportMenu.h"
 
-#include "export/ZLExporter.h"
+#include "export/lists/ZLListExporter.h"
 #include "export/ui/ZLExportFlow.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -9,14 +10,27 @@
 using namespace Qt::StringLiterals;
 
 ZLExportMenu::ZLExportMenu(ZLDocumentController& controller)
-    : QMenu(tr("&Export"))
-    , m_controller(controller)
+    : ZLExportMenu(controller, tr("&Export"), ZLExporter::allExporters())
 {
     setObjectName(u"exportMenu"_s);
+}
+
+std::unique_ptr<ZLExportMenu> ZLExportMenu::ofFurtherFormats(ZLDocumentController& controller)
+{
+    std::unique_ptr<ZLExportMenu> menu(new ZLExportMenu(controller, tr("Export Ot&her"), ZLListExporter::allForms()));
+    menu->setObjectName(u"exportOtherMenu"_s);
+    return menu;
+}
+
+ZLExportMenu::ZLExportMenu(
+    ZLDocumentController& controller, const QString& title, QList<ZLExporterClass> exporterClasses)
+    : QMenu(title)
+    , m_controller(controller)
+    , m_exporterClasses(std::move(exporterClasses))
+{
     setToolTipsVisible(true);
-    const QList<ZLExporterClass> exporters = ZLExporter::allExporters();
-    for (qsizetype tag = 0; tag < exporters.size(); ++tag) {
-        const ZLExportFormat& format = exporters.at(tag).format();
+    for (qsizetype tag = 0; tag < m_exporterClasses.size(); ++tag) {
+        const ZLExportFormat& format = m_exporterClasses.at(tag).format();
         const QString name = format.shownName();
         QAction* item = addAction(tr("%1…").arg(name), this, [this, tag] { exportItemClicked(tag); });
         item->setProperty("tag", int(tag));
@@ -33,16 +47,19 @@ ZLExportMenu::~ZLExportMenu()
 
 void ZLExportMenu::exportItemClicked(qsizetype tag)
 {
-    const ZLExporterClass exporterClass = ZLExporter::allExporters().at(tag);
+    const ZLExporterClass& exporterClass = m_exporterClasses.at(tag);
     const QString format = exporterClass.format().name;
     auto* flow = new ZLExportFlow(exporterClass, this);
     const QPointer<ZLChapterDocument> document = m_controller.currentOrLastDocument();
     const ZLDocumentSaver* saver = m_controller.saverOf(document);
-    flow->setFolder(m_folders.folderFor(format, saver ? saver->path() : QString()));
-    connect(flow, &ZLExportFlow::exportDidFinish, this, [this, document, format](const QString& path) {
-        m_folders.remember(format, path);
-        Q_EMIT exportDidFinish(document, format, path);
-    });
+    const QString documentPath = saver ? saver->path() : QString();
+    flow->setFolder(m_folders.folderFor(format, documentPath));
+    connect(
+        flow, &ZLExportFlow::exportDidFinish, this, [this, flow, documentPath, document, format](const QString& path) {
+            m_folders.remember(format, path);
+            rememberTarget(*flow, documentPath, format, path);
+            Q_EMIT exportDidFinish(document, format, path);
+        });
     connect(flow, &ZLExportFlow::exportDidInsertNothing, this,
         [this, document, format](const QString& path, const QString& reason) {
             Q_EMIT exportDidInsertNothing(document, format, path, reason);
@@ -56,6 +73,19 @@ void ZLExportMenu::exportItemClicked(qsizetype tag)
         });
     connect(flow, &QObject::destroyed, this, &ZLExportMenu::exportDidEnd);
     flow->exportChapters(document, QApplication::activeWindow());
+}
+
+void ZLExportMenu::rememberTarget(
+    const ZLExportFlow& flow, const QString& documentPath, const QString& format, const QString& path) const
+{
+    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
+    if (bytes)
+        m_targets.remember(documentPath,
+            { .formatName = format,
+                .path = path,
+                .option = flow.option(),
+                .linePattern = flow.linePattern(),
+                .digest = ZLExportTargets::digestOf(bytes.value()) });
 }
 
 bool ZLExportMenu::isExporting() const

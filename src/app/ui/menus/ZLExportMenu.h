@@ -2,17 +2,24 @@
 
 #include "app/ZLDocumentController.h"
 #include "export/ZLExportFolders.h"
+#include "export/ZLExportTargets.h"
 
 #include <QMenu>
 
-/// The export menu, made once from the registry: one item an exporter, in its order, the item's tag being its position.
-/// All windows share it.
+#include <memory>
+
+class ZLExportFlow;
+
+/// A menu of exports, made once: one item an exporter, in its order, the item's tag being its position. All windows
+/// share it.
 class ZLExportMenu : public QMenu {
     Q_OBJECT
 
 public:
-    /// `controller` has to outlive the menu.
+    /// The exporters of the registry. `controller` has to outlive the menu.
     explicit ZLExportMenu(ZLDocumentController& controller);
+    /// The further formats.
+    [[nodiscard]] static std::unique_ptr<ZLExportMenu> ofFurtherFormats(ZLDocumentController& controller);
     /// Ends the exports whose dialogs stand.
     ~ZLExportMenu() override;
 
@@ -29,8 +36,13 @@ Q_SIGNALS:
     void exportDidEnd();
 
 private:
+    ZLExportMenu(ZLDocumentController& controller, const QString& title, QList<ZLExporterClass> exporterClasses);
     void exportItemClicked(qsizetype tag);
+    void rememberTarget(
+        const ZLExportFlow& flow, const QString& documentPath, const QString& format, const QString& path) const;
 
     ZLDocumentController& m_controller;
+    const QList<ZLExporterClass> m_exporterClasses;
     const ZLExportFolders m_folders { ZLStateFolder::path() };
+    const ZLExportTargets m_targets { ZLStateFolder::path() };
 };

@@ -15,8 +15,8 @@
 
 using namespace Qt::StringLiterals;
 
-ZLFileMenu::ZLFileMenu(
-    ZLDocumentController& controller, ZLSavePanel& savePanel, ZLExportMenu& exportMenu, ZLChapterDocumentWindow& window)
+ZLFileMenu::ZLFileMenu(ZLDocumentController& controller, ZLSavePanel& savePanel,
+    const QList<ZLExportMenu*>& exportMenus, ZLChapterDocumentWindow& window)
     : QObject(&window)
     , m_controller(controller)
     , m_savePanel(savePanel)
@@ -30,7 +30,7 @@ ZLFileMenu::ZLFileMenu(
     m_menu->addSeparator();
     addSavingActions();
     m_menu->addSeparator();
-    m_menu->addMenu(&exportMenu);
+    addExportActions(exportMenus);
     connect(ZLActionHelp::addAction(*m_menu, u"writeChaptersIntoAudio"_s, tr("&Write Chapters into Audio File…"),
                 QKeySequence(u"Ctrl+Shift+E"_s)),
         &QAction::triggered, this, &ZLFileMenu::writeChaptersRequested);
@@ -66,6 +66,17 @@ void ZLFileMenu::addSavingActions()
     connect(m_revertAction, &QAction::triggered, this, &ZLFileMenu::revert);
     m_revertMenu = new ZLRevertMenu(m_controller, m_window, m_menu);
     m_menu->addMenu(m_revertMenu);
+}
+
+void ZLFileMenu::addExportActions(const QList<ZLExportMenu*>& exportMenus)
+{
+    connect(
+        ZLActionHelp::addAction(*m_menu, u"importChapters"_s, tr("&Import Chapters…"), QKeySequence(u"Ctrl+Shift+I"_s)),
+        &QAction::triggered, this, &ZLFileMenu::importRequested);
+    for (ZLExportMenu* exportMenu : exportMenus)
+        m_menu->addMenu(exportMenu);
+    connect(ZLActionHelp::addAction(*m_menu, u"exportAgain"_s, tr("Export A&gain"), QKeySequence(u"Ctrl+Alt+E"_s)),
+        &QAction::triggered, this, &ZLFileMenu::exportAgainRequested);
 }
 
 void ZLFileMenu::addClosingActions()

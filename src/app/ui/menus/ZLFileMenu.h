@@ -16,8 +16,8 @@ class ZLFileMenu : public QObject {
     Q_OBJECT
 
 public:
-    /// Belongs to `window` and puts itself before the other menus; `exportMenu` is shown as a submenu.
-    ZLFileMenu(ZLDocumentController& controller, ZLSavePanel& savePanel, ZLExportMenu& exportMenu,
+    /// Belongs to `window` and puts itself before the other menus; `exportMenus` are shown as submenus.
+    ZLFileMenu(ZLDocumentController& controller, ZLSavePanel& savePanel, const QList<ZLExportMenu*>& exportMenus,
         ZLChapterDocumentWindow& window);
 
 Q_SIGNALS:
@@ -25,10 +25,13 @@ Q_SIGNALS:
     void openRequested(const QStringList& paths);
     void writeChaptersRequested();
     void quitRequested();
+    void importRequested();
+    void exportAgainRequested();
 
 private:
     void addOpeningActions();
     void addSavingActions();
+    void addExportActions(const QList<ZLExportMenu*>& exportMenus);
     void addClosingActions();
     void chooseFilesToOpen();
     void fillRecentMenu();

@@ -1,5 +1,6 @@
 #include "app/ui/windows/ZLDocumentWindows.h"
 
+#include "app/ui/menus/ZLCopyAsMenu.h"
 #include "app/ui/menus/ZLFileMenu.h"
 #include "app/ui/menus/ZLHelpMenu.h"
 #include "app/ui/menus/ZLWindowMenu.h"
@@ -8,12 +9,15 @@
 #include "app/ui/saving/ZLSavingDisplay.h"
 #include "app/ui/saving/ZLWindowCloser.h"
 #include "app/ui/windows/ZLDeliveryDisplay.h"
+#include "app/ui/windows/ZLExportAgainDisplay.h"
+#include "app/ui/windows/ZLImportDisplay.h"
 #include "app/ui/windows/ZLOpeningProblems.h"
 #include "delivery/ZLMediaImport.h"
 #include "document/concerns/ZLConcern.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
+#include "document/ui/menus/ZLEditMenu.h"
 #include "document/ui/menus/ZLViewMenu.h"
 #include "platform/window/ZLWindowInFront.h"
 #include "platform/window/ZLWindowPlace.h"
@@ -41,13 +45,16 @@ ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller)
     : m_controller(controller)
     , m_exportMenu(controller)
     , m_exportDisplay(m_exportMenu, *this)
+    , m_exportOtherMenu(ZLExportMenu::ofFurtherFormats(controller))
+    , m_exportOtherDisplay(*m_exportOtherMenu, *this)
 {
     connect(&controller, &ZLDocumentController::didOpenDocument, this, &ZLDocumentWindows::addWindow);
     connect(&controller, &ZLDocumentController::willCloseDocument, this, &ZLDocumentWindows::removeWindow);
     // The manager waits for the answer, which has to be given before this returns.
     connect(qApp, &QGuiApplication::commitDataRequest, this, &ZLDocumentWindows::answerLogOut, Qt::DirectConnection);
-    connect(&m_exportMenu, &ZLExportMenu::exportDidEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen,
-        Qt::QueuedConnection);
+    for (const ZLExportMenu* menu : { &m_exportMenu, m_exportOtherMenu.get() })
+        connect(menu, &ZLExportMenu::exportDidEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen,
+            Qt::QueuedConnection);
 }
 
 ZLDocumentWindows::~ZLDocumentWindows()
@@ -194,7 +201,7 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
     new ZLSavingDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLConcernDisplay(*m_controller.saverOf(document), *savePanel, *window);
     new ZLWindowCloser(m_controller, *savePanel, *window);
-    addDelivery(*window, *fileMenu);
+    addDelivery(*window, *fileMenu, addLists(*window, *fileMenu));
     window->installEventFilter(this);
     findPlaceFor(*window);
     window->show();
@@ -203,19 +210,32 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
 
 ZLFileMenu* ZLDocumentWindows::addFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)
 {
-    auto* menu = new ZLFileMenu(m_controller, savePanel, m_exportMenu, window);
+    auto* menu = new ZLFileMenu(m_controller, savePanel, { &m_exportMenu, m_exportOtherMenu.get() }, window);
     connect(menu, &ZLFileMenu::newDocumentRequested, &m_controller, &ZLDocumentController::newDocument);
     connect(menu, &ZLFileMenu::openRequested, this, &ZLDocumentWindows::open);
     connect(menu, &ZLFileMenu::quitRequested, this, &ZLDocumentWindows::quit);
     return menu;
 }
 
-void ZLDocumentWindows::addDelivery(ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu)
+ZLImportDisplay& ZLDocumentWindows::addLists(ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu)
+{
+    window.editMenu().addClipboardMenu(*new ZLCopyAsMenu(window));
+    auto* again = new ZLExportAgainDisplay(m_controller, window);
+    connect(&fileMenu, &ZLFileMenu::exportAgainRequested, again, &ZLExportAgainDisplay::exportAgain);
+    auto* import = new ZLImportDisplay(window);
+    connect(&fileMenu, &ZLFileMenu::importRequested, import, &ZLImportDisplay::chooseFile);
+    connect(import, &ZLImportDisplay::openRequested, this, &ZLDocumentWindows::open);
+    return *import;
+}
+
+void ZLDocumentWindows::addDelivery(
+    ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu, ZLImportDisplay& import)
 {
     auto* delivery = new ZLDeliveryDisplay(m_controller, window);
     connect(&fileMenu, &ZLFileMenu::writeChaptersRequested, delivery, &ZLDeliveryDisplay::show);
+    // Audio files are written into, lists are imported, and what is neither is opened.
     connect(&window, &ZLChapterDocumentWindow::filesDropped, delivery, &ZLDeliveryDisplay::takeDroppedFiles);
-    connect(delivery, &ZLDeliveryDisplay::openRequested, this, &ZLDocumentWindows::open);
+    connect(delivery, &ZLDeliveryDisplay::openRequested, &import, &ZLImportDisplay::takeDroppedFiles);
 }
 
 void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)
@@ -233,7 +253,7 @@ void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)
 void ZLDocumentWindows::quitUnlessWindowsAreOpen()
 {
     // A document that takes the place of the last one opens its window in the meantime, and an export goes on alone.
-    if (m_windows.isEmpty() && !m_exportMenu.isExporting())
+    if (m_windows.isEmpty() && !m_exportMenu.isExporting() && !m_exportOtherMenu->isExporting())
         quitAtOnce();
 }
 

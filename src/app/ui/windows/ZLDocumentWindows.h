@@ -11,6 +11,7 @@
 class QSessionManager;
 class ZLChapterDocumentWindow;
 class ZLFileMenu;
+class ZLImportDisplay;
 class ZLSavePanel;
 
 /// Keeps one window for each open document, with its menus, its closing and what it shows of the saving, and tells the
@@ -60,7 +61,8 @@ private:
     void addWindow(ZLChapterDocument* document);
     void answerLogOut(QSessionManager& manager);
     ZLFileMenu* addFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel);
-    void addDelivery(ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu);
+    ZLImportDisplay& addLists(ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu);
+    void addDelivery(ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu, ZLImportDisplay& import);
     void removeWindow(ZLChapterDocument* document);
     void quitUnlessWindowsAreOpen();
     void findPlaceFor(ZLChapterDocumentWindow& window) const;
@@ -77,5 +79,7 @@ private:
     ZLDocumentController& m_controller;
     ZLExportMenu m_exportMenu;
     ZLExportDisplay m_exportDisplay;
+    const std::unique_ptr<ZLExportMenu> m_exportOtherMenu;
+    ZLExportDisplay m_exportOtherDisplay;
     QHash<ZLChapterDocument*, ZLChapterDocumentWindow*> m_windows;
 };

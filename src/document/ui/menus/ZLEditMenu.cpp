@@ -81,6 +81,11 @@ void ZLEditMenu::validate()
     validateClipboardActions();
 }
 
+void ZLEditMenu::addClipboardMenu(QMenu& menu)
+{
+    m_menu->insertMenu(m_paste, &menu);
+}
+
 void ZLEditMenu::addUndoActions()
 {
     m_undo = ZLActionHelp::addAction(*m_menu, u"undo"_s, tr("&Undo"), QKeySequence(u"Ctrl+Z"_s));
@@ -129,7 +134,7 @@ void ZLEditMenu::validateClipboardActions()
     const QLineEdit* field = focusedField();
     for (QAction* action : { m_cut, m_copy, m_selectAll })
         action->setEnabled(field != nullptr);
-    m_paste->setEnabled(field || hasListForPaste());
+    m_paste->setEnabled(field || hasListForPaste() || m_tableView.hasFocus());
 }
 
 void ZLEditMenu::paste()
@@ -138,6 +143,8 @@ void ZLEditMenu::paste()
         field->paste();
     else if (hasListForPaste())
         Q_EMIT listPasteRequested();
+    else if (m_tableView.hasFocus())
+        Q_EMIT chapterPasteRequested();
 }
 
 bool ZLEditMenu::hasListForPaste() const

@@ -10,8 +10,8 @@ class ZLChapterDocument;
 class ZLChapterTableView;
 
 /// The Edit menu of a document window. Undo, redo and the clipboard commands go to the text field that has the keyboard
-/// as long as it has a use for them; otherwise undo and redo go to the document, and Paste goes to the list that takes
-/// text.
+/// as long as it has a use for them; otherwise undo and redo go to the document, and Paste goes to the list that
+/// has the keyboard.
 class ZLEditMenu : public QObject {
     Q_OBJECT
 
@@ -20,6 +20,8 @@ public:
 
     [[nodiscard]] QMenu* menu() const { return m_menu; }
     [[nodiscard]] QAction* deleteItem() const { return m_delete; }
+    /// Behind the clipboard commands.
+    void addClipboardMenu(QMenu& menu);
     /// Where listPasteRequested() follows on Paste while no text field has the keyboard.
     void setPasteList(const QWidget& list) { m_pasteList = &list; }
     void undo();
@@ -30,6 +32,8 @@ public:
 Q_SIGNALS:
     void importTemplatesRequested();
     void listPasteRequested();
+    /// Paste was chosen while the chapter list has the keyboard.
+    void chapterPasteRequested();
 
 private:
     void addUndoActions();

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "import/ZLImportSource.h"
+
+#include <QObject>
+
+class ZLChapterDocumentWindow;
+class ZLImportSheet;
+
+/// Brings chapters from files, the clipboard and dropped texts into a document, in its window. A sheet shows what will
+/// come before anything is changed.
+class ZLImportDisplay : public QObject {
+    Q_OBJECT
+
+public:
+    /// Belongs to `window`.
+    explicit ZLImportDisplay(ZLChapterDocumentWindow& window);
+
+    /// Asks for a file.
+    void chooseFile();
+    /// Shows what is in the file at `path`, or says why there is nothing.
+    void importFile(const QString& path);
+    void importText(const QString& text);
+    void importFromClipboard();
+    /// The first list among them is imported; documents are asked to be opened.
+    void takeDroppedFiles(const QStringList& paths);
+
+Q_SIGNALS:
+    void openRequested(const QStringList& paths);
+
+private:
+    void show(const ZLImportSource& source, const QString& name);
+    void makeSheet();
+    void carryOut();
+    void close();
+
+    ZLChapterDocumentWindow& m_window;
+    /// Null until it is wanted.
+    ZLImportSheet* m_sheet = nullptr;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "import/ZLImportPlan.h"
+
+class ZLChapterDocument;
+
+/// Carries out an import in an open document.
+namespace ZLDocumentImport {
+
+struct Outcome {
+    qsizetype chapters = 0;
+    qsizetype templates = 0;
+};
+
+/// Everything is one undoable step. The clock is not touched, whether it runs or stands.
+Outcome carryOut(ZLChapterDocument& document, const ZLImportSource& source, const ZLImportChoices& choices);
+
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "import/ZLImportPlan.h"
+
+#include <QFrame>
+
+class QBoxLayout;
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+class QLabel;
+class QListWidget;
+class QMenuBar;
+class QPushButton;
+class QRadioButton;
+class QTreeView;
+class ZLImportRowsModel;
+
+/// What an import will bring, in a document's window: the rows that come, what was not understood, and the choices. It
+/// changes nothing by itself.
+class ZLImportSheet : public QFrame {
+    Q_OBJECT
+
+public:
+    /// Its buttons take no mnemonic that `menus` have.
+    explicit ZLImportSheet(const QMenuBar& menus, QWidget* parent = nullptr);
+
+    /// Shows another import with the usual choices; `name` is where it comes from.
+    void setSource(const ZLImportSource& source, const QString& name);
+    [[nodiscard]] const ZLImportSource& source() const { return m_source; }
+    [[nodiscard]] ZLImportChoices choices() const;
+    void takeKeyboard();
+
+Q_SIGNALS:
+    void importRequested();
+    void wantsToClose();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    [[nodiscard]] QTreeView* makeRows();
+    void addItemRow(QBoxLayout& layout);
+    void addChoiceRow(QBoxLayout& layout);
+    void addButtonRow(QBoxLayout& layout);
+    void nameTheParts(const QMenuBar& menus);
+    void fillItems();
+    void update();
+    void updateRemarks(const QList<ZLListRemark>& remarks);
+    [[nodiscard]] QString headingFor(const ZLImportPlan& plan) const;
+
+    ZLImportSource m_source;
+    QString m_name;
+    ZLImportRowsModel* m_model;
+    QLabel* m_heading;
+    QWidget* m_itemRow;
+    QComboBox* m_items;
+    QTreeView* m_rows;
+    QListWidget* m_remarks;
+    QRadioButton* m_add;
+    QRadioButton* m_replace;
+    QDoubleSpinBox* m_shift;
+    QLabel* m_shiftLabel;
+    QCheckBox* m_templates;
+    QPushButton* m_cancel;
+    QPushButton* m_import;
+};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <xcb/xcb.h>
 
 class QWindow;

@@ -42,6 +42,20 @@ QRect ZLWindowPlace::fitted(QPoint place, QSize size, const QRect& available)
         fitting };
 }
 
+QRect ZLWindowPlace::returned(const QRect& contents, const QRect& available)
+{
+    const QSize size = contents.size().boundedTo(roomAt(available.topLeft(), available));
+    const auto moved = [](int wanted, int first, int lastStart, int border) {
+        return wanted < first ? first + border : std::min(wanted, lastStart);
+    };
+    const QPoint lastStart = available.topLeft() + QPoint(frame.left(), frame.top())
+        + QPoint(available.width(), available.height())
+        - QPoint(size.grownBy(frame).width(), size.grownBy(frame).height());
+    return { QPoint(moved(contents.x(), available.x(), lastStart.x(), frame.left()),
+                 moved(contents.y(), available.y(), lastStart.y(), frame.top())),
+        size };
+}
+
 QRect ZLWindowPlace::cascaded(QPoint front, QSize size, QSize least, const QList<QPoint>& taken, const QRect& available)
 {
     QPoint place = front + step;

@@ -185,10 +185,11 @@ void ZLOSCConnectionsWindow::restoreWindowState()
         restoreGeometry(state->geometry);
         m_areSizesSettled = m_splitter->restoreState(state->panels);
     }
-    const QRect place = ZLWindowPlace::fitted(pos(), size(), screen()->availableGeometry());
-    resize(place.size());
+    const QRect contents = ZLWindowPlace::returned(geometry(), screen()->availableGeometry());
     if (testAttribute(Qt::WA_Moved))
-        move(place.topLeft());
+        setGeometry(contents);
+    else
+        resize(contents.size());
 }
 
 void ZLOSCConnectionsWindow::saveWindowState() const

@@ -256,6 +256,23 @@ class WindowsTest(unittest.TestCase):
         self.start()
         self.check_fits(self.window)
 
+    def test_windows_come_back_to_where_they_stood(self):
+        self.start()
+        self.desktop.xdotool("windowsize", "--sync", self.window, 700, 400)
+        self.desktop.xdotool("windowmove", self.window, 60, 70)
+        wait_until(lambda: frame_of(self.window)[0] > 40, "the window to move")
+        places = []
+        for _ in range(3):
+            self.accessible.press(self.menu_item(("OSC Connections",)))
+            connections = self.new_window({self.window})
+            places.append((frame_of(self.window), frame_of(connections)))
+            self.activate(self.window)
+            self.desktop.press("ctrl+q")
+            self.assertEqual(self.program.wait(30), 0)
+            self.start()
+        self.assertEqual(places[2], places[1], places)
+        self.assertEqual(places[1][0], places[0][0], places)
+
     def test_preferences_that_were_left_on_a_larger_screen_come_back_as_a_whole(self):
         settings = self.desktop.home / "config/zelta/zelta.conf"
         settings.parent.mkdir(parents=True)

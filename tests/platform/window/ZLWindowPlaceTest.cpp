@@ -29,6 +29,18 @@ TEST(ZLWindowPlaceTest, ALargeOrLostWindowComesOntoTheScreenAsAWhole)
     }
 }
 
+TEST(ZLWindowPlaceTest, AWindowThatComesBackDoesNotWanderFromStartToStart)
+{
+    EXPECT_EQ(ZLWindowPlace::returned({ 100, 70, 700, 420 }, smallScreen), QRect(100, 70, 700, 420));
+    for (const QPoint place : { QPoint(0, 0), QPoint(-5000, 300), QPoint(5000, 5000), QPoint(900, 50) }) {
+        for (const QSize size : { QSize(700, 420), QSize(99999, 99999) }) {
+            const QRect first = ZLWindowPlace::returned({ place, size }, smallScreen);
+            EXPECT_TRUE(smallScreen.contains(first)) << place.x();
+            EXPECT_EQ(ZLWindowPlace::returned(first, smallScreen), first) << place.x();
+        }
+    }
+}
+
 TEST(ZLWindowPlaceTest, ANewWindowStandsBesideTheFrontOne)
 {
     const QRect large(0, 0, 1920, 1080);

@@ -268,13 +268,18 @@ void ZLDocumentWindows::findPlaceFor(ZLChapterDocumentWindow& window) const
     }
     const QWidget* front = frontWindow();
     const QRect screen = (taken.isEmpty() ? window.screen() : front->screen())->availableGeometry();
-    QRect place = ZLWindowPlace::fitted(window.pos(), window.size(), screen);
-    if (!taken.isEmpty())
-        place = ZLWindowPlace::cascaded(front->pos(), window.size(), window.minimumSize(), taken, screen);
-    window.resize(place.size());
-    // The window manager knows best where a first window goes that never stood anywhere.
-    if (!taken.isEmpty() || window.testAttribute(Qt::WA_Moved))
+    if (!taken.isEmpty()) {
+        const QRect place = ZLWindowPlace::cascaded(front->pos(), window.size(), window.minimumSize(), taken, screen);
+        window.resize(place.size());
         window.move(place.topLeft());
+        return;
+    }
+    const QRect contents = ZLWindowPlace::returned(window.geometry(), screen);
+    // The window manager knows best where a first window goes that never stood anywhere.
+    if (window.testAttribute(Qt::WA_Moved))
+        window.setGeometry(contents);
+    else
+        window.resize(contents.size());
 }
 
 void ZLDocumentWindows::bringToFront(ZLChapterDocument* document) const

@@ -34,6 +34,7 @@ QList<KnownWord> knownWords()
         { u"import"_s, u"zelta import"_s },
         { u"send"_s, u"zelta send"_s },
         { u"show"_s, u"zelta show"_s },
+        { u"write"_s, u"zelta write"_s },
         { u"headless"_s, u"zelta --headless"_s },
         { u"help"_s, u"zelta --help"_s },
         { u"new"_s, u"zelta --new"_s },
@@ -44,6 +45,18 @@ QList<KnownWord> knownWords()
     for (const ZLRemoteAction& action : ZLRemoteActions::all())
         words.append({ action.commandWord(), u"zelta send "_s + action.commandWord() });
     return words;
+}
+
+/// "export, formats, send": the words that are commands by themselves.
+QString listedCommands()
+{
+    QStringList commands;
+    const auto words = knownWords();
+    for (const KnownWord& known : words) {
+        if (known.usage == "zelta "_L1 + known.word)
+            commands.append(known.word);
+    }
+    return commands.join(", "_L1);
 }
 
 /// How many characters have to be put in, left out or exchanged to make one word of the other.
@@ -85,8 +98,7 @@ QString hintFor(const QString& word)
             near.append(u"\"%1\""_s.arg(known.usage));
     }
     if (near.isEmpty())
-        return FileWordTexts::tr(
-            "The commands are export, formats, import, send, show and write; \"zelta --help\" explains them.");
+        return FileWordTexts::tr("The commands are %1; \"zelta --help\" explains them.").arg(listedCommands());
     const QString last = near.takeLast();
     return near.isEmpty() ? FileWordTexts::tr("Did you mean %1?").arg(last)
                           : FileWordTexts::tr("Did you mean %1 or %2?").arg(near.join(", "_L1), last);

@@ -33,7 +33,7 @@ protected:
 TEST_F(ZLFileWordsTest, AWordThatIsNeitherAFileNorACommandIsToldWithTheCommands)
 {
     EXPECT_EQ(problemWith({ u"list"_s }),
-        u"\"list\" is neither a file nor a command. The commands are export, formats, import, send, show and write; "
+        u"\"list\" is neither a file nor a command. The commands are export, formats, import, send, show, write; "
         "\"zelta --help\" explains them."_s);
     EXPECT_EQ(problemWith({ u"--new"_s, u"show.zelta"_s, u"list"_s }).section(u'.', 0, 0),
         u"\"list\" is neither a file nor a command"_s);
@@ -43,6 +43,7 @@ TEST_F(ZLFileWordsTest, TheCommandsThatComeNearAreNamed)
 {
     const QString known = u"\"%1\" is neither a file nor a command. Did you mean %2?"_s;
     EXPECT_EQ(problemWith({ u"exprot"_s }), known.arg(u"exprot"_s, u"\"zelta export\""_s));
+    EXPECT_EQ(problemWith({ u"wirte"_s }), known.arg(u"wirte"_s, u"\"zelta write\""_s));
     EXPECT_EQ(problemWith({ u"Format"_s }), known.arg(u"Format"_s, u"\"zelta formats\""_s));
     EXPECT_EQ(problemWith({ u"newchapter"_s }), known.arg(u"newchapter"_s, u"\"zelta send newChapter\""_s));
     EXPECT_EQ(problemWith({ u"help"_s }), known.arg(u"help"_s, u"\"zelta --help\""_s));

@@ -47,13 +47,18 @@ void ZLBoxStyle::drawPrimitive(
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    if (element != PE_IndicatorCheckBox && element != PE_IndicatorItemViewItemCheck)
+    const bool isRound = element == PE_IndicatorRadioButton;
+    if (!isRound && element != PE_IndicatorCheckBox && element != PE_IndicatorItemViewItemCheck)
         return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     const bool isInSelection = element == PE_IndicatorItemViewItemCheck && option->state.testFlag(State_Selected);
     painter->setPen(isInSelection ? option->palette.color(QPalette::HighlightedText) : outlineOf(option->palette));
     painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
+    const QRectF outline = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    if (isRound)
+        painter->drawEllipse(outline);
+    else
+        painter->drawRoundedRect(outline, cornerRadius, cornerRadius);
     painter->restore();
 }

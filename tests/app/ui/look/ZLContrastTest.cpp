@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include <algorithm>
 #include <array>
@@ -262,6 +263,14 @@ TEST_P(ZLContrastTest, UntickedBoxesCanBeSeen)
         const QImage image = pane.grab().toImage().copy(QRect(box->mapTo(&pane, QPoint()), QSize(16, box->height())));
         EXPECT_GE(contrastIn(image), ZLReadableColors::LeastForSigns) << qPrintable(box->text());
     }
+}
+
+TEST_P(ZLContrastTest, RoundButtonsThatAreNotChosenCanBeSeen)
+{
+    QRadioButton button(u"Only these addresses"_s);
+    button.show();
+    const QImage image = button.grab().toImage().copy(0, 0, 16, button.height());
+    EXPECT_GE(contrastIn(image), ZLReadableColors::LeastForSigns);
 }
 
 TEST_P(ZLContrastTest, BarsCanBeReadAndAreTinted)

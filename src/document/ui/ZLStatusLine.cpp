@@ -125,7 +125,10 @@ void ZLStatusLine::hidePassingMessage()
 void ZLStatusLine::setHint(const QString& text)
 {
     m_hint->setText(text);
-    if (passingMessage().isEmpty())
+    // A hint is about what begins now, a message about what is over.
+    if (!text.isEmpty())
+        hidePassingMessage();
+    else if (passingMessage().isEmpty())
         showHintOrTemplate();
 }
 

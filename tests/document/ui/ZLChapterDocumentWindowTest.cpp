@@ -370,6 +370,21 @@ TEST_F(ZLChapterDocumentWindowTest, TheFormOfATimeIsShownWhileOneIsTyped)
     ZLSettingsManager::setShowAbsoluteTime(false);
 }
 
+TEST_F(ZLChapterDocumentWindowTest, TheFormOfATimeTakesThePlaceOfAnOlderMessage)
+{
+    addChapterAt(10.0);
+    const auto* form = m_window->statusLine().findChild<QLabel*>(u"hint"_s);
+    m_window->statusLine().showPassingMessage(u"1 chapter tidied"_s);
+    table().beginEditing(timeCell(0));
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(m_window->statusLine().passingMessage(), QString());
+    // What comes meanwhile is told, and the form stands there again afterwards.
+    m_window->statusLine().showPassingMessage(u"Chapter 2 at 00:00:12, from OSC"_s);
+    EXPECT_FALSE(form->isVisible());
+    m_window->statusLine().hidePassingMessage();
+    EXPECT_TRUE(form->isVisible());
+}
+
 TEST_F(ZLChapterDocumentWindowTest, ARejectedTimeIsOpenAgainWithWhatWasTypedSelected)
 {
     const auto chapter = addChapterAt(10.0);

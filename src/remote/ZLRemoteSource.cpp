@@ -14,5 +14,5 @@ QString ZLRemoteSource::name() const
     case ZLRemoteOrigin::Shortcut:
         break;
     }
-    return QCoreApplication::translate("ZLRemoteSource", "a system-wide shortcut");
+    return QCoreApplication::translate("ZLRemoteSource", "a global shortcut");
 }

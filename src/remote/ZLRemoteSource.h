@@ -13,6 +13,6 @@ struct ZLRemoteSource {
     /// Whether Alt is among the keys that gave the command; absent when no keys gave it.
     std::optional<bool> hasOptionKey {};
 
-    /// "OSC", "zelta send" or "a system-wide shortcut"
+    /// "OSC", "zelta send" or "a global shortcut"
     [[nodiscard]] QString name() const;
 };

@@ -134,7 +134,7 @@ TEST_F(ZLOutsideCommandsTest, AChapterThatComesIsToldWithItsWay)
         { ZLOSCMessage(u"/zl/newChapter"_s, { 1.0F }), { QHostAddress::LocalHost, 9 }, 0 });
     pressKeys(storedControl);
     send(u"selectPreviousChapter"_s);
-    EXPECT_EQ(ways, (QStringList { u"Show zelta send"_s, u"Show OSC"_s, u"Show a system-wide shortcut"_s }));
+    EXPECT_EQ(ways, (QStringList { u"Show zelta send"_s, u"Show OSC"_s, u"Show a global shortcut"_s }));
 }
 
 TEST_F(ZLOutsideCommandsTest, AShortcutThatContainsAltActsAsWithAltHeldAndNoOther)

@@ -2871,8 +2871,8 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Befehle von außen bleiben hier, bis dieses Dokument geschlossen wird.</translation>
     </message>
     <message>
-        <source>OSC, zelta send and system-wide shortcuts act on this document.</source>
-        <translation>OSC, zelta send und systemweite Kürzel wirken auf dieses Dokument.</translation>
+        <source>OSC, zelta send and global shortcuts act on this document.</source>
+        <translation>OSC, zelta send und globale Kürzel wirken auf dieses Dokument.</translation>
     </message>
     <message>
         <source>They stay with it until it is closed. Click to let them follow the window in front.</source>
@@ -3168,8 +3168,8 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
 <context>
     <name>ZLRemoteSource</name>
     <message>
-        <source>a system-wide shortcut</source>
-        <translation>ein systemweites Kürzel</translation>
+        <source>a global shortcut</source>
+        <translation>ein globales Kürzel</translation>
     </message>
 </context>
 <context>

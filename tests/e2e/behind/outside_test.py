@@ -123,7 +123,7 @@ class OutsideTest(unittest.TestCase):
             self.wait_for_text(show, "from OSC")
             self.desktop.xdotool("key", "F7")
             self.wait_for_text(show, f"Chapter {before + 3} at 00:00:")
-            self.wait_for_text(show, "from a system-wide shortcut")
+            self.wait_for_text(show, "from a global shortcut")
         wait_until(lambda: self.chapters_in(self.show) == 6, "all chapters in the file")
         self.assertEqual(self.chapters_in(self.old), 0)
         self.surface.wait_for(lambda told: told.is_recording, "the state of the pinned document")

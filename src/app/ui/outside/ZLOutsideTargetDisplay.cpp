@@ -74,7 +74,7 @@ void ZLOutsideTargetDisplay::setPinned(ZLChapterDocumentWindow& window, bool isP
 
 QString ZLOutsideTargetDisplay::reason() const
 {
-    const QString who = tr("OSC, zelta send and system-wide shortcuts act on this document.");
+    const QString who = tr("OSC, zelta send and global shortcuts act on this document.");
     if (m_application.outsideCommands().pinnedDocument())
         return who + u' ' + tr("They stay with it until it is closed. Click to let them follow the window in front.");
     ZLDocumentController& controller = m_application.documentController();

@@ -4,7 +4,7 @@ zelta_build_packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libgl-dev
   pkgconf libxcb-keysyms1-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
-  libpulse-dev libsndfile1-dev libtag1-dev python3 python3-markdown-it
+  libpulse-dev libsndfile1-dev libsoxr-dev libkissfft-dev libtag1-dev python3 python3-markdown-it
 )
 zelta_run_packages=(
   libqt6svg6 qt6-translations-l10n qt6-wayland fonts-dejavu-core
@@ -14,7 +14,7 @@ zelta_test_packages=(
   python3 libplist-utils libxml2-utils
   liblo-tools nodejs npm
   ffmpeg mkvtoolnix cuetools python3-webvtt
-  lame opus-tools vorbis-tools flac sox sndfile-programs mediainfo python3-mutagen
+  espeak-ng lame opus-tools vorbis-tools flac sox sndfile-programs mediainfo python3-mutagen
   avahi-daemon iproute2
   pulseaudio pulseaudio-utils
   xvfb openbox weston sway wtype xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst

@@ -28,11 +28,11 @@ _zelta() {
     --format)
       _zelta_words < <(zelta formats 2>/dev/null | cut -f1)
       return ;;
-    --output)
+    --output | --finished | --heard)
       compopt -o filenames -o default 2>/dev/null
       COMPREPLY=()
       return ;;
-    --osc-port | --osc-send | --shift | --pattern | --item)
+    --osc-port | --osc-send | --shift | --pattern | --item | --zero)
       COMPREPLY=()
       return ;;
   esac
@@ -44,13 +44,14 @@ _zelta() {
       export) _zelta_words < <(printf '%s\n' --format --option --pattern --output) ;;
       write) _zelta_words < <(printf '%s\n' --shift --output) ;;
       import) _zelta_words < <(printf '%s\n' --shift --item --add --output) ;;
+      fit) _zelta_words < <(printf '%s\n' --finished --heard --zero --output --json) ;;
       show) _zelta_words < <(printf '%s\n' --json --item) ;;
       *) _zelta_words < <(printf '%s\n' --headless --record --new --osc-port --osc-send --help --version) ;;
     esac
   elif [[ $COMP_CWORD -eq 1 ]]; then
     _zelta_files zelta "${audio[@]}"
     local files=("${COMPREPLY[@]}")
-    _zelta_words < <(printf '%s\n' send formats export import show write)
+    _zelta_words < <(printf '%s\n' send formats export import show write fit)
     COMPREPLY+=("${files[@]}")
   elif [[ $command == import || $command == show || ( $command == write && $COMP_CWORD -gt 2 ) ]]; then
     compopt -o filenames 2>/dev/null

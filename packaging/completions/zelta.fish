@@ -1,6 +1,6 @@
 # Completion of zelta for fish.
 
-set -l commands send formats export import show write
+set -l commands send formats export import show write fit
 set -l without_command "not __fish_seen_subcommand_from $commands"
 
 complete -c zelta -n "$without_command" -a send -d 'Give the running recorder a command'
@@ -9,6 +9,7 @@ complete -c zelta -n "$without_command" -a export -d 'Write the chapters for ano
 complete -c zelta -n "$without_command" -a import -d 'Make a document of a list'
 complete -c zelta -n "$without_command" -a show -d 'Print the chapters'
 complete -c zelta -n "$without_command" -a write -d 'Put the chapters into audio files'
+complete -c zelta -n "$without_command" -a fit -d 'Find the chapters in a finished file'
 complete -c zelta -n "$without_command" -l headless -d 'Record without a window'
 complete -c zelta -n "$without_command" -l record -d 'Start the clock at once'
 complete -c zelta -n "$without_command" -l new -d 'Open a new, empty document'
@@ -30,4 +31,9 @@ complete -c zelta -n '__fish_seen_subcommand_from import' -l add -d 'Add to the 
 complete -c zelta -n '__fish_seen_subcommand_from import' -l output -r -d 'Document to make'
 complete -c zelta -n '__fish_seen_subcommand_from write' -l shift -x -d 'Seconds by which the chapters are later'
 complete -c zelta -n '__fish_seen_subcommand_from write' -l output -r -d 'File to write'
+complete -c zelta -n '__fish_seen_subcommand_from fit' -l finished -r -d 'Finished audio file'
+complete -c zelta -n '__fish_seen_subcommand_from fit' -l heard -r -d 'Raw recording of the show'
+complete -c zelta -n '__fish_seen_subcommand_from fit' -l zero -x -d "Where the clock's zero lies in it, in seconds"
+complete -c zelta -n '__fish_seen_subcommand_from fit' -l output -r -d 'Document to write'
+complete -c zelta -n '__fish_seen_subcommand_from fit' -l json -d 'For programs'
 complete -c zelta -n '__fish_seen_subcommand_from formats' -f

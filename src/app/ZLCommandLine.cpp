@@ -206,6 +206,39 @@ private:
     }
 };
 
+class FitReader final : public CommandReader {
+public:
+    FitReader()
+        : CommandReader(ZLCommand::FitChapters)
+    {
+        m_parser.addOptions({ { u"finished"_s, {}, u"file"_s }, { u"heard"_s, {}, u"file"_s },
+            { u"zero"_s, {}, u"seconds"_s }, { u"output"_s, {}, u"file"_s }, { u"json"_s, {} } });
+    }
+
+private:
+    QString fillIn() override
+    {
+        m_result.finishedPath = m_parser.value(u"finished"_s);
+        m_result.heardPath = m_parser.value(u"heard"_s);
+        m_result.outputPath = m_parser.value(u"output"_s);
+        if (m_parser.isSet(u"json"_s))
+            m_result.showForm = ZLShowForm::Json;
+        bool isNumber = true;
+        if (m_parser.isSet(u"zero"_s))
+            m_result.zero = QLocale::c().toDouble(m_parser.value(u"zero"_s), &isNumber);
+        if (!isNumber || !std::isfinite(m_result.zero))
+            return CommandLineTexts::tr("--zero needs a number of seconds, such as 12.5.");
+        if (m_result.finishedPath.isEmpty())
+            return CommandLineTexts::tr("\"fit\" needs --finished with the finished audio file.");
+        if (m_result.heardPath.isEmpty())
+            return CommandLineTexts::tr("\"fit\" needs --heard with the raw recording of the show.");
+        if (m_parser.isSet(u"output"_s) && m_result.outputPath.isEmpty())
+            return CommandLineTexts::tr("The name of a file is empty.");
+        return m_result.files.size() == 1 ? QString()
+                                          : CommandLineTexts::tr("\"fit\" needs exactly one file with chapters.");
+    }
+};
+
 class SendReader final : public CommandReader {
 public:
     SendReader()
@@ -326,6 +359,8 @@ ZLResult<ZLCommandLine> ZLCommandLine::parse(const QStringList& arguments)
         return readCommand<WriteReader>(withoutWord);
     if (word == "import"_L1)
         return readCommand<ImportReader>(withoutWord);
+    if (word == "fit"_L1)
+        return readCommand<FitReader>(withoutWord);
     if (word == "send"_L1)
         return readCommand<SendReader>(withoutWord);
     return readCommand<StartReader>(arguments.isEmpty() ? QStringList { u"zelta"_s } : arguments);
@@ -366,6 +401,11 @@ QString ZLCommandLine::helpText()
         "                                       put the chapters of FILE into each audio file in place "
         "of its own,\n"
         "                                       with --output into a copy of the one that is given\n"
+        "  zelta fit --finished AUDIO --heard RAW [--zero SECONDS] [--output OUT] [--json] FILE\n"
+        "                                       find the chapters of FILE in the finished AUDIO, by the "
+        "raw recording;\n"
+        "                                       SECONDS is where the clock's zero lies in RAW, OUT a "
+        "new document\n"
         "  zelta --help | --version\n"
         "\n"
         "Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as "

@@ -24,6 +24,7 @@ enum class ZLCommand {
     ExportFile,
     ShowFile,
     WriteChapters,
+    FitChapters,
     ImportChapters,
     SendAction,
     PrintHelp,
@@ -56,6 +57,12 @@ struct ZLCommandLine {
     ZLImportMode importMode = ZLImportMode::NewDocument;
     /// For ImportChapters and ShowFile: which of several shows in the file, from 1.
     std::optional<int> item {};
+    /// For FitChapters: the finished file, the raw recording of the show, and the place in seconds at which the
+    /// recording clock's zero lies in the latter.
+    QString finishedPath {};
+    QString heardPath {};
+    double zero = 0.0;
+    /// For ShowFile and FitChapters.
     ZLShowForm showForm = ZLShowForm::Table;
     /// For SendAction: the command word of an action, see ZLRemoteActions.
     QString action {};

@@ -3,6 +3,7 @@
 #include "app/ZLChapterListing.h"
 #include "app/ZLErrorLines.h"
 #include "app/ZLExportOutput.h"
+#include "app/ZLFitCommand.h"
 #include "app/ZLWriteCommand.h"
 #include "delivery/ZLMediaImport.h"
 #include "document/ZLUnreadableDocument.h"
@@ -72,6 +73,8 @@ int ZLFileCommands::run(const ZLCommandLine& commandLine)
         return showFile(commandLine);
     case ZLCommand::WriteChapters:
         return writeChapters(commandLine);
+    case ZLCommand::FitChapters:
+        return fitChapters(commandLine);
     case ZLCommand::ImportChapters:
         return importCommand().run(commandLine);
     case ZLCommand::PrintVersion:
@@ -209,6 +212,16 @@ int ZLFileCommands::writeChapters(const ZLCommandLine& commandLine)
     ZLWriteCommand command(
         [this](const QString& line) { return print(line); }, [this](const QString& line) { printErrorLine(line); });
     return command.run(sortedChapters(contents.value().chapters), commandLine);
+}
+
+int ZLFileCommands::fitChapters(const ZLCommandLine& commandLine)
+{
+    const auto contents = readDocument(commandLine.files.constFirst());
+    if (!contents)
+        return fail(ZLExitStatus::Failed, contents.error().message);
+    ZLFitCommand command(
+        [this](const QString& text) { return print(text); }, [this](const QString& line) { printErrorLine(line); });
+    return command.run(contents.value(), commandLine);
 }
 
 int ZLFileCommands::print(const QString& text)

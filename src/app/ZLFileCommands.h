@@ -27,6 +27,7 @@ private:
     [[nodiscard]] ZLResult<ZLDocumentContents> readToShow(const ZLCommandLine& commandLine);
     [[nodiscard]] ZLImportCommand importCommand();
     [[nodiscard]] int writeChapters(const ZLCommandLine& commandLine);
+    [[nodiscard]] int fitChapters(const ZLCommandLine& commandLine);
     [[nodiscard]] int print(const QString& text);
     [[nodiscard]] int fail(int status, const QString& message);
     void advise(const QStringList& lines);

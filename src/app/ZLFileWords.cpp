@@ -30,6 +30,7 @@ QList<KnownWord> knownWords()
 {
     QList<KnownWord> words {
         { u"export"_s, u"zelta export"_s },
+        { u"fit"_s, u"zelta fit"_s },
         { u"formats"_s, u"zelta formats"_s },
         { u"import"_s, u"zelta import"_s },
         { u"send"_s, u"zelta send"_s },

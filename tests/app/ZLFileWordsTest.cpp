@@ -33,7 +33,7 @@ protected:
 TEST_F(ZLFileWordsTest, AWordThatIsNeitherAFileNorACommandIsToldWithTheCommands)
 {
     EXPECT_EQ(problemWith({ u"list"_s }),
-        u"\"list\" is neither a file nor a command. The commands are export, formats, import, send, show, write; "
+        u"\"list\" is neither a file nor a command. The commands are export, fit, formats, import, send, show, write; "
         "\"zelta --help\" explains them."_s);
     EXPECT_EQ(problemWith({ u"--new"_s, u"show.zelta"_s, u"list"_s }).section(u'.', 0, 0),
         u"\"list\" is neither a file nor a command"_s);

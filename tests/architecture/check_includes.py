@@ -32,6 +32,8 @@ ALLOWED = {
     "platform/osc": "platform",
     "platform/sound": "platform",
     "platform/window": "",
+    "platform/media/decoding": "platform platform/media",
+    "alignment": "",
     "resources": "",
     "resources/sounds": "",
     "resources/translations": "",
@@ -46,14 +48,14 @@ ALLOWED = {
     "document/editing": "platform model settings templates document/shared document/recording",
     "document": "platform platform/archive model lists settings templates document/shared document/recording"
     " document/editing",
-    "document/saving": "platform platform/archive model document document/recording",
+    "document/saving": "platform platform/archive model document/recording document",
     "commands": "settings document",
     "document/concerns": "platform document/recording document/saving",
-    "document/ui/table": "settings templates/ui document document/editing",
-    "document/ui/menus": "model settings document document/editing document/ui/table",
-    "document/ui": "platform platform/window resources model settings templates templates/ui document document/editing"
-    " document/ui/table document/ui/menus",
-    "remote": "platform platform/dnssd platform/hotkey platform/osc model settings document",
+    "document/ui/table": "settings templates/ui document/editing document",
+    "document/ui/menus": "model settings document/editing document commands document/ui/table",
+    "document/ui": "platform platform/window resources model settings templates templates/ui document/editing"
+    " document commands document/ui/table document/ui/menus",
+    "remote": "platform platform/dnssd platform/hotkey platform/osc model settings document commands",
     "remote/ui": "platform/dnssd platform/osc platform/window settings templates/ui document/ui remote",
     "export": "platform model document/saving",
     "export/formats": "model export",
@@ -61,25 +63,30 @@ ALLOWED = {
     "export/ui": "platform document document/saving document/ui export export/formats",
     "import": "platform platform/media/file model lists/forms document",
     "delivery": "platform platform/media platform/media/file model document document/saving",
-    "delivery/ui": "platform platform/media templates/ui document/ui export/ui lists delivery",
-    "import/ui": "platform model document/ui templates/ui import",
-    "settings/ui": "platform/hotkey platform/sound platform/window resources settings",
+    "delivery/ui": "platform platform/media lists templates/ui document/ui export/ui delivery",
+    "import/ui": "platform model templates/ui document/ui import",
+    "delivery/fit": "platform platform/media/decoding alignment model",
+    "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
     "app/session": "platform document document/saving",
-    "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model settings"
-    " document document/saving remote export export/formats delivery import app/session",
-    "app/headless": "platform document document/concerns document/saving remote app",
+    "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model"
+    " settings document document/saving commands remote export export/formats import delivery delivery/fit"
+    " app/session",
+    "app/headless": "platform document document/saving commands document/concerns remote app",
     "app/ui/look": "templates/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
-    "app/ui/saving": "platform document/concerns document/saving document/ui app",
-    "app/ui/menus": "document/ui document/ui/menus export export/ui app app/ui/saving",
-    "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui document/ui document/ui/menus commands"
+    "app/ui/saving": "platform document/saving document/concerns document/ui app",
+    "app/ui/menus": "platform document document/ui/menus document/ui export export/formats export/lists export/ui"
+    " delivery app app/ui/saving",
+    "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui commands document/ui/menus document/ui"
     " app",
-    "app/ui/windows": "platform/filemanager platform/window document/concerns document/ui document/ui/menus app"
+    "app/ui/windows": "platform platform/filemanager platform/window templates/ui document/concerns document/ui/table"
+    " document/ui/menus document/ui export export/lists export/ui import delivery delivery/ui import/ui app"
     " app/ui/saving app/ui/menus",
-    "app/ui/outside": "platform/dnssd model document/ui document/ui/menus remote remote/ui app app/ui/windows",
-    "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window settings"
-    " settings/ui document/ui document/ui/menus app app/ui/look app/ui/quickedit app/ui/shortcuts app/ui/windows"
-    " app/ui/outside commands",
+    "app/ui/outside": "platform/dnssd model commands document/ui/menus document/ui remote remote/ui app"
+    " app/ui/windows",
+    "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window"
+    " settings commands document/ui/menus document/ui settings/ui app app/ui/look app/ui/quickedit app/ui/shortcuts"
+    " app/ui/windows app/ui/outside",
 }
 # Puts everything together, so it may include everything.
 COMPOSITION_ROOT = "app/main.cpp"

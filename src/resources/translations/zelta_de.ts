@@ -591,6 +591,22 @@
         <translation>„import“ braucht genau eine Datei zum Lesen.</translation>
     </message>
     <message>
+        <source>--zero needs a number of seconds, such as 12.5.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;fit&quot; needs --finished with the finished audio file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;fit&quot; needs --heard with the raw recording of the show.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;fit&quot; needs exactly one file with chapters.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Usage:
   zelta [--new] [FILE…]                open documents in windows, with --new a new one too
   zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record starts the clock at once;
@@ -611,35 +627,14 @@
   zelta write [--shift SECONDS] [--output OUT] FILE AUDIO…
                                        put the chapters of FILE into each audio file in place of its own,
                                        with --output into a copy of the one that is given
+  zelta fit --finished AUDIO --heard RAW [--zero SECONDS] [--output OUT] [--json] FILE
+                                       find the chapters of FILE in the finished AUDIO, by the raw recording;
+                                       SECONDS is where the clock&apos;s zero lies in RAW, OUT a new document
   zelta --help | --version
 
 Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as ./NAME.
 </source>
-        <translation>Aufruf:
-  zelta [--new] [DATEI…]               öffnet Dokumente in Fenstern, mit --new auch ein neues
-  zelta --headless [--record] [DATEI]  nimmt ohne Fenster auf, gesteuert über OSC; --record startet die Uhr sofort;
-                                       fehlt DATEI, wird sie angelegt, wenn ihr Name auf .zelta endet
-        --osc-port N                   hört bei diesem Lauf auf diesen UDP-Port; 0 für irgendeinen freien
-        --osc-send RECHNER:PORT        sendet den Stand bei diesem Lauf dorthin; auch mehrmals
-  zelta send AKTION [--osc-port N]     gibt dem laufenden Rekorder einen Befehl, sonst dem dieses Benutzers;
-                                       mit --osc-port dem an diesem Port dieses Computers
-%1  zelta formats                        zählt die Exportformate auf: Name, Tabulator, Dateityp
-  zelta export --format NAME [--option] [--pattern TEXT] --output ZIEL DATEI
-                                       schreibt die Kapitel von DATEI nach ZIEL, - für die Standardausgabe;
-                                       --option setzt das Häkchen des Formats, --pattern ist eine Zeile von
-                                       Show Notes, etwa „({time}) {title} {link}“
-  zelta import [--shift SEKUNDEN] [--item N] [--add] --output ZIEL DATEI
-                                       macht aus den Kapiteln in DATEI, einer Liste oder Audiodatei, das Dokument
-                                       ZIEL; --add fügt sie zu ZIEL hinzu; --item wählt in einem Feed mit
-                                       mehreren Sendungen
-  zelta show [--json] [--item N] DATEI gibt die Kapitel von DATEI aus, einem Dokument, einer Audiodatei oder Liste
-  zelta write [--shift SEKUNDEN] [--output ZIEL] DATEI AUDIO…
-                                       schreibt die Kapitel von DATEI in jede Audiodatei, anstelle der eigenen,
-                                       mit --output in eine Kopie der einen, die angegeben ist
-  zelta --help | --version
-
-Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein Befehl heißt, wird als ./NAME angegeben.
-</translation>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -772,6 +767,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLCopyAsMenu</name>
+    <message>
+        <source>%1 – %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;opy As</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copied as %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ZLCueSheet</name>
     <message>
         <source>The sheet speaks of %1 files, and the times of each begin at 0.</source>
@@ -791,6 +801,63 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1 of %2 chapters are in %3</source>
         <translation>%1 von %2 Kapiteln sind in %3</translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliveryComparison</name>
+    <message>
+        <source>Choose the finished audio files, or drop them on this window.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No enabled chapter lies in this file, so it will not be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In the file now: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After writing: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliveryDraft</name>
+    <message>
+        <source>%1 was not written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliveryFilesModel</name>
+    <message>
+        <source>Reading…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Chapters now: %1, to come: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -826,6 +893,84 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Pictures of chapters in the file that are lost, since no new chapter stands at their time: %1.</source>
         <translation>Bilder von Kapiteln in der Datei, die verloren gehen, weil zu ihrer Zeit kein neues Kapitel steht: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliveryJob</name>
+    <message>
+        <source>%1: Another program changed this file since it was read, so nothing was written. Look at it again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZLDeliverySheet</name>
+    <message>
+        <source>Write Chapters into Audio File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Audio files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shift in seconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The chapters come this much later in the file than in the document, because of an intro.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Progress of the writing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose Files…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import Its Chapters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add the chapters that are in the selected file now to the document</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shift (s):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose Audio Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Audio files (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation type="unfinished">Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Chapters were written into %1 of %2 files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Imported chapters: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1174,6 +1319,57 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLExportAgainDisplay</name>
+    <message>
+        <source>“%1” is gone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” was changed by another program.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is open in another program.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write the Others</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Abbrechen</translation>
+    </message>
+    <message>
+        <source>Exported again: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This document has not been exported to a file yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Left out, as chapters in a session would come twice: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The export failed. %1</source>
+        <translation type="unfinished">Der Export ist fehlgeschlagen. %1</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation type="unfinished">Schließen</translation>
+    </message>
+</context>
+<context>
     <name>ZLExportDisplay</name>
     <message>
         <source>Exported %1.</source>
@@ -1256,6 +1452,34 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Titles as Tags</source>
         <translation>Titel als Tags</translation>
     </message>
+    <message>
+        <source>Podcast Chapters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Audacity Labels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>REAPER Markers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Matroska Chapters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WebVTT Chapters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CUE Sheet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZLExportMenu</name>
@@ -1270,6 +1494,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1…</source>
         <translation>%1 …</translation>
+    </message>
+    <message>
+        <source>Export Ot&amp;her</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1299,6 +1527,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>The tags would become larger than a FLAC file can hold.</source>
         <translation>Die Tags würden größer, als eine FLAC-Datei fassen kann.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFfmpegReader</name>
+    <message>
+        <source>This form can be read when the program ffmpeg is installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program ffmpeg does not answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no sound in it.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1390,6 +1633,22 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Dismiss</source>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>&amp;Write Chapters into Audio File…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Import Chapters…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export A&amp;gain</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Audio files (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZLFileName</name>
@@ -1417,8 +1676,38 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>„%1“ ist weder eine Datei noch ein Befehl.</translation>
     </message>
     <message>
-        <source>The commands are export, formats, import, send, show and write; &quot;zelta --help&quot; explains them.</source>
-        <translation>Die Befehle sind export, formats, import, send, show und write; „zelta --help“ erklärt sie.</translation>
+        <source>The commands are %1; &quot;zelta --help&quot; explains them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitCommand</name>
+    <message>
+        <source>%1 is not the show: too little of %2 is in it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is there already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitReport</name>
+    <message>
+        <source>kept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>moved to the seam</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not found</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1648,6 +1937,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLHeardSound</name>
+    <message>
+        <source>%1: There is nothing to be heard in it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ZLHelpMenu</name>
     <message>
         <source>&amp;Help</source>
@@ -1766,6 +2062,41 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLImportDisplay</name>
+    <message>
+        <source>Import Chapters</source>
+        <translation type="unfinished">Kapitel importieren</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation type="unfinished">Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation type="unfinished">Schließen</translation>
+    </message>
+    <message>
+        <source>the text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The clipboard holds no text.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>One list is imported at a time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 chapter imported</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 chapters imported</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ZLImportNews</name>
     <message>
         <source>1 template imported</source>
@@ -1793,6 +2124,88 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Line %1: %2</source>
         <translation>Zeile %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZLImportRowsModel</name>
+    <message>
+        <source>Will be disabled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Zeit</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation type="unfinished">Titel</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation type="unfinished">Link</translation>
+    </message>
+</context>
+<context>
+    <name>ZLImportSheet</name>
+    <message>
+        <source>Import Chapters</source>
+        <translation type="unfinished">Kapitel importieren</translation>
+    </message>
+    <message>
+        <source>What was not understood</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Chapters that will come</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation type="unfinished">Zeigen</translation>
+    </message>
+    <message>
+        <source>Shift in seconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation type="unfinished">Importieren</translation>
+    </message>
+    <message>
+        <source>Add to the chapters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace the chapters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shift (s):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lines without a time become templates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Abbrechen</translation>
+    </message>
+    <message>
+        <source>1 chapter</source>
+        <translation type="unfinished">1 Kapitel</translation>
+    </message>
+    <message>
+        <source>%1 chapters</source>
+        <translation type="unfinished">%1 Kapitel</translation>
+    </message>
+    <message>
+        <source>%1 from %2, read as %3</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2119,6 +2532,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLLinePatternView</name>
+    <message>
+        <source>{time}, {title}, {link} and {number} stand for those of the chapter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>L&amp;ine:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ZLListAdvice</name>
     <message>
         <source>No enabled chapters: the file will hold none.</source>
@@ -2283,6 +2711,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Chapters without a time were left out: %1.</source>
         <translation>Kapitel ohne Zeit wurden ausgelassen: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLMediaChaptersModel</name>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Zeit</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation type="unfinished">Titel</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation type="unfinished">Link</translation>
     </message>
 </context>
 <context>
@@ -3489,6 +3932,13 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>%1 h %2 min</source>
         <translation>%1 h %2 min</translation>
+    </message>
+</context>
+<context>
+    <name>ZLSndfileReader</name>
+    <message>
+        <source>The sound cannot be brought to another sample rate.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "alignment/ZLAlignmentProgress.h"
+#include "alignment/ZLSoundFingerprint.h"
+
+#include <cstdint>
+#include <vector>
+
+/// A short window of the show and a place in the file at which it may be heard.
+struct ZLAlignmentSeed {
+    std::int64_t showFrame = 0;
+    std::int64_t fileFrame = 0;
+    float differingShare = 1.0F;
+
+    /// How far the file is behind the show there.
+    [[nodiscard]] std::int64_t shift() const { return fileFrame - showFrame; }
+};
+
+/// Looks for many short windows of a show in a file. Most of what it finds in an edited show is right, and some is not.
+namespace ZLAlignmentSeeds {
+
+/// In the order of the show; a window may have several places, the best first. Empty when cancelled, and when a first
+/// look finds nothing that lies in the same order in both.
+[[nodiscard]] std::vector<ZLAlignmentSeed> find(
+    const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLAlignmentProgress& progress);
+
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "alignment/ZLAlignmentProgress.h"
+#include "alignment/ZLSoundFingerprint.h"
+
+#include <vector>
+
+/// A piece of the show that is in the file without a break. All times are in seconds.
+struct ZLSoundPiece {
+    double showStart = 0.0;
+    double fileStart = 0.0;
+    /// In the show.
+    double length = 0.0;
+    /// Seconds of the file for one of the show: 1 but for the clocks of the two devices.
+    double rate = 1.0;
+    /// Share of the bits that differ, from 0 to 1: how sure it is that they are the same.
+    double differingShare = 0.0;
+
+    [[nodiscard]] double showEnd() const { return showStart + length; }
+    [[nodiscard]] double fileEnd() const { return fileStart + length * rate; }
+    [[nodiscard]] double fileTimeOf(double showTime) const { return fileStart + (showTime - showStart) * rate; }
+};
+
+/// Which pieces of a show are in a finished file, in the order of both.
+struct ZLSoundAlignment {
+    std::vector<ZLSoundPiece> pieces {};
+    /// What else of the show is in the file, out of order: a teaser in front of it, for example.
+    std::vector<ZLSoundPiece> movedPieces {};
+    double showLength = 0.0;
+    double fileLength = 0.0;
+
+    /// Whether the pieces cover a tenth of the shorter one at least.
+    [[nodiscard]] bool isTheShow() const;
+
+    /// Empty when cancelled.
+    [[nodiscard]] static ZLSoundAlignment of(
+        const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLAlignmentProgress& progress);
+};

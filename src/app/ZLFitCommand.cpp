@@ -1,0 +1,85 @@
+#include "app/ZLFitCommand.h"
+
+#include "delivery/fit/ZLFitReport.h"
+#include "delivery/fit/ZLHeardSound.h"
+#include "document/saving/ZLWriteProtection.h"
+#include "model/ZLChapterManager.h"
+#include "platform/ZLAtomicFile.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct FitTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLFitCommand)
+};
+
+}
+
+ZLFitCommand::ZLFitCommand(std::function<int(const QString&)> print, std::function<void(const QString&)> warn)
+    : m_print(std::move(print))
+    , m_warn(std::move(warn))
+{
+}
+
+int ZLFitCommand::run(const ZLDocumentContents& contents, const ZLCommandLine& commandLine)
+{
+    const auto fitted = fit(contents, commandLine);
+    if (!fitted) {
+        m_warn(fitted.error().message);
+        return ZLExitStatus::Failed;
+    }
+    if (const ZLStatus written = write(fitted.value(), contents, commandLine); !written) {
+        m_warn(written.error().message);
+        return ZLExitStatus::Failed;
+    }
+    return m_print(commandLine.showForm == ZLShowForm::Json ? QString::fromUtf8(ZLFitReport::json(fitted.value()))
+                                                            : ZLFitReport::table(fitted.value()));
+}
+
+ZLResult<ZLFit> ZLFitCommand::fit(const ZLDocumentContents& contents, const ZLCommandLine& commandLine) const
+{
+    // Told before minutes of work.
+    if (const ZLStatus free = checkOutput(commandLine.outputPath); !free)
+        return free.error();
+    ZLAlignmentProgress progress;
+    const auto show = ZLHeardSound::fingerprintOf(commandLine.heardPath, progress);
+    if (!show)
+        return show.error();
+    const auto file = ZLHeardSound::fingerprintOf(commandLine.finishedPath, progress);
+    if (!file)
+        return file.error();
+    const ZLFit fit = ZLFit::of(ZLChapterManager(contents.chapters).allChapters(),
+        ZLSoundAlignment::of(show.value(), file.value(), progress), commandLine.zero);
+    if (!fit.isTheShow())
+        return ZLError { FitTexts::tr("%1 is not the show: too little of %2 is in it.")
+                .arg(commandLine.finishedPath, commandLine.heardPath) };
+    return fit;
+}
+
+ZLStatus ZLFitCommand::checkOutput(const QString& path) const
+{
+    if (path.isEmpty())
+        return ZLDone {};
+    const QFileInfo file(path);
+    if (file.exists() || file.isSymLink())
+        return ZLError { FitTexts::tr("%1 is there already.").arg(path) };
+    return ZLWriteProtection::check(path);
+}
+
+ZLStatus ZLFitCommand::write(
+    const ZLFit& fit, const ZLDocumentContents& contents, const ZLCommandLine& commandLine) const
+{
+    if (commandLine.outputPath.isEmpty())
+        return ZLDone {};
+    ZLDocumentContents fitted { {}, fit.alignment.fileLength, contents.templates };
+    ZLChapterManager sorted;
+    for (const ZLChapterPointer& chapter : fit.fittedChapters())
+        sorted.addChapter(chapter);
+    for (const ZLChapterPointer& chapter : sorted.allChapters())
+        fitted.chapters.append(chapter->dictionaryRepresentation());
+    return ZLAtomicFile::write(commandLine.outputPath, ZLDocumentFile::encode(fitted));
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/ZLCommandLine.h"
+#include "delivery/fit/ZLFit.h"
+#include "document/ZLDocumentFile.h"
+
+#include <functional>
+
+/// "zelta fit": finds the chapters of a document in a finished file, by the raw recording of the show.
+class ZLFitCommand {
+public:
+    /// `print` writes to the standard output and returns a ZLExitStatus, `warn` tells a reason.
+    ZLFitCommand(std::function<int(const QString&)> print, std::function<void(const QString&)> warn);
+
+    [[nodiscard]] int run(const ZLDocumentContents& contents, const ZLCommandLine& commandLine);
+
+private:
+    [[nodiscard]] ZLResult<ZLFit> fit(const ZLDocumentContents& contents, const ZLCommandLine& commandLine) const;
+    [[nodiscard]] ZLStatus checkOutput(const QString& path) const;
+    [[nodiscard]] ZLStatus write(
+        const ZLFit& fit, const ZLDocumentContents& contents, const ZLCommandLine& commandLine) const;
+
+    std::function<int(const QString&)> m_print;
+    std::function<void(const QString&)> m_warn;
+};

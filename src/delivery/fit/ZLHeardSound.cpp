@@ -1,0 +1,39 @@
+#include "delivery/fit/ZLHeardSound.h"
+
+#include "alignment/ZLFingerprinter.h"
+#include "platform/media/decoding/ZLSoundDecoder.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+struct HeardSoundTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLHeardSound)
+};
+
+}
+
+ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, const ZLAlignmentProgress& progress)
+{
+    ZLFingerprinter fingerprinter;
+    ZLSoundFingerprint fingerprint;
+    const auto takeFrames = [&] {
+        const auto frames = fingerprinter.takeFrames();
+        fingerprint.frames.insert(fingerprint.frames.end(), frames.begin(), frames.end());
+    };
+    const ZLStatus status =
+        ZLSoundDecoder::decode(path, ZLSoundFingerprint::SamplesPerSecond, [&](std::span<const float> samples) {
+            fingerprinter.hear(samples);
+            takeFrames();
+            return !progress.isCancelled();
+        });
+    if (!status)
+        return status.error();
+    fingerprinter.finish();
+    takeFrames();
+    if (std::ranges::all_of(fingerprint.frames, [](auto frame) { return frame == ZLSoundFingerprint::Nothing; }))
+        return ZLError { HeardSoundTexts::tr("%1: There is nothing to be heard in it.").arg(path) };
+    return fingerprint;
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "alignment/ZLAlignmentProgress.h"
+#include "alignment/ZLSoundFingerprint.h"
+#include "platform/ZLResult.h"
+
+#include <QString>
+
+/// How media files sound, for comparing them.
+namespace ZLHeardSound {
+
+/// The fingerprint of the sound in a file; what was heard so far when it is cancelled. The error names the file.
+[[nodiscard]] ZLResult<ZLSoundFingerprint> fingerprintOf(const QString& path, const ZLAlignmentProgress& progress);
+
+}

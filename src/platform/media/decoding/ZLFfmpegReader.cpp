@@ -1,0 +1,95 @@
+#include "platform/media/decoding/ZLFfmpegReader.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <cstring>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct FfmpegTexts {
+    Q_DECLARE_TR_FUNCTIONS(ZLFfmpegReader)
+};
+
+constexpr int millisecondsOfPatience = 200;
+/// A program that gives nothing for so long hangs.
+constexpr int mostSilentWaits = 150;
+constexpr qsizetype mostMessage = 300;
+
+QStringList arguments(const QString& path, int samplesPerSecond)
+{
+    // Other protocols could reach the network from within a file.
+    return { u"-nostdin"_s, u"-v"_s, u"error"_s, u"-protocol_whitelist"_s, u"file,pipe"_s, u"-i"_s, u"file:"_s + path,
+        u"-vn"_s, u"-sn"_s, u"-dn"_s, u"-ac"_s, u"1"_s, u"-ar"_s, QString::number(samplesPerSecond), u"-f"_s,
+        u"f32le"_s, u"-"_s };
+}
+
+/// The last line that the program has to say.
+QString reasonOf(QProcess& process)
+{
+    const QByteArray said = process.readAllStandardError().right(4 * mostMessage).trimmed();
+    return QString::fromUtf8(said.mid(said.lastIndexOf('\n') + 1)).left(mostMessage).simplified();
+}
+
+/// Hands on the whole samples of what has arrived and keeps the rest.
+class Samples {
+public:
+    explicit Samples(const ZLSoundDecoder::Sink& sink)
+        : m_sink(sink)
+    {
+    }
+    [[nodiscard]] bool take(const QByteArray& bytes)
+    {
+        m_bytes += bytes;
+        const auto count = size_t(m_bytes.size()) / sizeof(float);
+        m_samples.resize(count);
+        std::memcpy(m_samples.data(), m_bytes.constData(), count * sizeof(float));
+        m_bytes.remove(0, qsizetype(count * sizeof(float)));
+        m_count += double(count);
+        return m_sink(m_samples);
+    }
+    [[nodiscard]] double count() const { return m_count; }
+
+private:
+    const ZLSoundDecoder::Sink& m_sink;
+    QByteArray m_bytes {};
+    std::vector<float> m_samples {};
+    double m_count = 0.0;
+};
+
+}
+
+ZLStatus ZLFfmpegReader::decode(const QString& path, int samplesPerSecond, const ZLSoundDecoder::Sink& sink)
+{
+    const QString program = QStandardPaths::findExecutable(u"ffmpeg"_s);
+    if (program.isEmpty())
+        return ZLError { FfmpegTexts::tr("This form can be read when the program ffmpeg is installed.") };
+    QProcess process;
+    process.start(program, arguments(path, samplesPerSecond), QIODevice::ReadOnly);
+    Samples samples(sink);
+    int silentWaits = 0;
+    bool isWanted = true;
+    while (isWanted && samples.count() < ZLSoundDecoder::MostSeconds * samplesPerSecond) {
+        const bool isMore = process.waitForReadyRead(millisecondsOfPatience);
+        const QByteArray bytes = process.readAllStandardOutput();
+        if (bytes.isEmpty() && process.state() == QProcess::NotRunning)
+            break;
+        silentWaits = isMore ? 0 : silentWaits + 1;
+        if (silentWaits > mostSilentWaits)
+            return ZLError { FfmpegTexts::tr("The program ffmpeg does not answer.") };
+        isWanted = samples.take(bytes);
+    }
+    if (process.state() != QProcess::NotRunning) {
+        process.kill();
+        process.waitForFinished();
+        return ZLDone {};
+    }
+    if (samples.count() > 0.0)
+        return ZLDone {};
+    const QString reason = reasonOf(process);
+    return ZLError { reason.isEmpty() ? FfmpegTexts::tr("There is no sound in it.") : reason };
+}

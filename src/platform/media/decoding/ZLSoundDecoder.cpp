@@ -1,0 +1,17 @@
+#include "platform/media/decoding/ZLSoundDecoder.h"
+
+#include "platform/media/ZLMediaSource.h"
+#include "platform/media/decoding/ZLFfmpegReader.h"
+#include "platform/media/decoding/ZLSndfileReader.h"
+
+using namespace Qt::StringLiterals;
+
+ZLStatus ZLSoundDecoder::decode(const QString& path, int samplesPerSecond, const Sink& sink)
+{
+    const auto source = ZLMediaSource::open(path);
+    if (!source)
+        return source.error();
+    const auto known = ZLSndfileReader::decode(*source.value(), samplesPerSecond, sink);
+    const ZLStatus status = known ? *known : ZLFfmpegReader::decode(path, samplesPerSecond, sink);
+    return status ? status : ZLStatus(ZLError { u"%1: %2"_s.arg(path, status.error().message) });
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/ZLResult.h"
+
+#include <QString>
+
+#include <functional>
+#include <span>
+
+/// What a media file sounds like. libsndfile reads WAV, FLAC, Ogg, Opus and MP3; all else, video too, goes through the
+/// program ffmpeg where it is installed.
+namespace ZLSoundDecoder {
+
+/// Gets the samples one part after the other; false ends the decoding, which then is a success.
+using Sink = std::function<bool(std::span<const float>)>;
+
+/// No file is read any farther.
+inline constexpr double MostSeconds = 48.0 * 3600.0;
+
+/// All channels mixed into one, `samplesPerSecond` a second, from -1 to 1. The error names the file.
+[[nodiscard]] ZLStatus decode(const QString& path, int samplesPerSecond, const Sink& sink);
+
+}

@@ -1,0 +1,291 @@
+#!/usr/bin/env python3
+"""Makes shows that are spoken, heard, cut and delivered, and says where each moment of them went.
+
+A show has several voices, also at once, and music beds. It is heard through a room: echo, noise, a dull microphone, a
+clock of another speed. It is cut, shortened and lengthened, and delivered in a lossy form. All of it comes from a seed,
+so that the same show can be made again.
+
+    show_simulator.py FOLDER --seed 1 --minutes 10 --noise 10 --cuts 12 --shorten-pauses --form mp3
+
+writes heard.wav, finished.mp3 and truth.txt into FOLDER. Each line of truth.txt is a moment by the clock of heard.wav,
+"kept" or "cut", and its moment in the finished file: for one that was cut, that of the seam.
+"""
+
+import argparse
+import array
+import bisect
+import json
+import math
+import random
+import subprocess
+import sys
+from dataclasses import dataclass, field
+from pathlib import Path
+
+RATE = 16000
+VOICES = ("en", "de", "fr", "es", "it", "pl", "sv", "pt", "en-us+f3", "de+f2", "nl+m3", "ru")
+SYLLABLES = ("ka la mi to ren du shi po ne ver ta gon li sa bre mu kel fin dor za pe ni ro "
+             "wal tem gu hal ser ko vi ban ri").split()
+
+
+def run(*command, **options):
+    return subprocess.run([str(part) for part in command], check=True, capture_output=True, **options).stdout
+
+
+def seconds(samples):
+    return samples / RATE
+
+
+@dataclass
+class Track:
+    """One channel, and where in it somebody speaks."""
+
+    samples: array.array = field(default_factory=lambda: array.array("h"))
+    spoken: list = field(default_factory=list)
+
+    def silence(self, length):
+        self.samples.extend(array.array("h", bytes(2 * max(int(length * RATE), 0))))
+
+    def add(self, samples):
+        self.spoken.append((len(self.samples), len(self.samples) + len(samples)))
+        self.samples.extend(samples)
+
+
+def read_samples(path):
+    data = array.array("h")
+    data.frombytes(run("sox", path, "-t", "raw", "-r", RATE, "-c", 1, "-e", "signed", "-b", 16, "-"))
+    return data
+
+
+def write_samples(samples, path):
+    run("sox", "-t", "raw", "-r", RATE, "-c", 1, "-e", "signed", "-b", 16, "-", path, input=samples.tobytes())
+
+
+class Speaker:
+    def __init__(self, chance, folder):
+        self.chance = chance
+        self.folder = folder
+
+    def say(self, voice):
+        """A sentence that nobody has said before, without the silence around it."""
+        words = " ".join("".join(self.chance.choices(SYLLABLES, k=self.chance.randint(1, 4)))
+                         for _ in range(self.chance.randint(4, 14)))
+        path = self.folder / "sentence.wav"
+        run("espeak-ng", "-v", voice, "-s", self.chance.randint(130, 190), "-p", self.chance.randint(30, 70), "-w", path,
+            words)
+        trimmed = self.folder / "trimmed.wav"
+        run("sox", path, trimmed, "silence", "1", "0.01", "0.5%", "reverse", "silence", "1", "0.01", "0.5%", "reverse")
+        return read_samples(trimmed)
+
+
+class Show:
+    """What happened in the studio."""
+
+    def __init__(self, chance, folder, length, voices, with_music=True):
+        self.chance = chance
+        self.folder = folder
+        speaker = Speaker(chance, folder)
+        self.first = self.voice_track(speaker, voices[:2], length, (0.2, 1.4))
+        self.second = self.voice_track(speaker, voices[2:], length, (6.0, 25.0))
+        paths = [folder / "first.wav", folder / "second.wav"]
+        for track, path in zip((self.first, self.second), paths):
+            write_samples(track.samples, path)
+        levels = [1.0, 0.5]
+        if with_music:
+            paths.append(self.music(length))
+            levels.append(0.25)
+        mix = []
+        for level, path in zip(levels, paths):
+            mix += ["-v", level, path]
+        self.path = folder / "show.wav"
+        run("sox", "-m", *mix, self.path, "trim", 0, length)
+        self.samples = read_samples(self.path)
+
+    @staticmethod
+    def voice_track(speaker, voices, length, pauses):
+        track = Track()
+        while seconds(len(track.samples)) < length:
+            track.silence(speaker.chance.uniform(*pauses))
+            track.add(speaker.say(speaker.chance.choice(voices)))
+        return track
+
+    def music(self, length):
+        """A bed now and then: plucked strings whose notes come from the seed."""
+        track = Track()
+        path = self.folder / "notes.wav"
+        while seconds(len(track.samples)) < length:
+            track.silence(self.chance.uniform(20.0, 90.0))
+            for _ in range(self.chance.randint(8, 30)):
+                note = 110.0 * 2.0 ** (self.chance.randint(0, 36) / 12.0)
+                run("sox", "-n", "-r", RATE, "-b", 16, path, "synth", 0.4, "pluck", f"{note:.2f}", "gain", "-6")
+                track.add(read_samples(path))
+        path = self.folder / "music.wav"
+        write_samples(track.samples, path)
+        return path
+
+    def pauses(self, least):
+        """Where nobody speaks for so long, in samples."""
+        spoken = sorted(self.first.spoken + self.second.spoken)
+        pauses, end = [], 0
+        for begin, until in spoken:
+            if begin - end >= least * RATE:
+                pauses.append((end, min(begin, len(self.samples))))
+            end = max(end, until)
+        return [(begin, until) for begin, until in pauses if until > begin]
+
+
+@dataclass
+class Cut:
+    """What of the show is not in the finished file, from a sample to another one, and how much comes in instead."""
+
+    begin: int
+    end: int
+    insertion: array.array = field(default_factory=lambda: array.array("h"))
+
+
+class Edit:
+    """What became of a show: cuts in order, and something in front of it."""
+
+    def __init__(self, show, cuts, intro):
+        self.cuts = sorted(cuts, key=lambda cut: cut.begin)
+        self.intro = intro
+        self.finished = array.array("h", intro)
+        self.kept = []  # (begin in the show, begin in the file, length), in samples
+        position = 0
+        for cut in self.cuts:
+            if cut.begin < position:
+                continue
+            self.keep(show, position, cut.begin)
+            self.finished.extend(cut.insertion)
+            position = cut.end
+        self.keep(show, position, len(show.samples))
+
+    def keep(self, show, begin, end):
+        if end > begin:
+            self.kept.append((begin, len(self.finished), end - begin))
+            self.finished.extend(show.samples[begin:end])
+
+    def place_of(self, sample):
+        """"kept" and the place, or "cut" and the seam."""
+        index = bisect.bisect_right([begin for begin, _, _ in self.kept], sample) - 1
+        if index >= 0:
+            begin, place, length = self.kept[index]
+            if sample < begin + length:
+                return "kept", place + sample - begin
+        if index + 1 < len(self.kept):
+            return "cut", self.kept[index + 1][1]
+        return "cut", len(self.finished)
+
+
+def choose_cuts(chance, show, options, speaker):
+    """Cuts of half a second to a twentieth of the show, and shortened pauses between them."""
+    length = len(show.samples)
+    cuts = []
+    for _ in range(options.cuts):
+        size = int(RATE * math.exp(chance.uniform(math.log(0.5), math.log(max(min(seconds(length) / 20, 300.0), 1.0)))))
+        begin = chance.randint(0, max(length - size, 1))
+        if all(begin + size + 3 * RATE < cut.begin or cut.end + 3 * RATE < begin for cut in cuts):
+            cuts.append(Cut(begin, begin + size))
+    for cut in chance.sample(cuts, min(options.insertions, len(cuts))):
+        for _ in range(chance.randint(2, 8)):
+            cut.insertion.extend(speaker.say("en-gb"))
+    if options.shorten_pauses:
+        for begin, end in show.pauses(0.45):
+            middle, keep = (begin + end) // 2, int(0.15 * RATE)
+            new = Cut(middle - (middle - begin) + keep, end - keep)
+            if all(new.end < cut.begin or cut.end < new.begin for cut in cuts):
+                cuts.append(new)
+    return cuts
+
+
+def level_of(path):
+    text = subprocess.run(["sox", str(path), "-n", "stat"], capture_output=True, text=True, check=True).stderr
+    return next(float(line.split()[-1]) for line in text.splitlines() if line.startswith("RMS     amplitude"))
+
+
+def hear(show, options, folder):
+    """The show as a microphone in the room hears it, by a clock of its own. Returns the place of a sample there."""
+    speed = 1.0 + options.drift * 1e-6
+    room = folder / "room.wav"
+    effects = ["pad", options.lead, 1.0]
+    if options.echo:
+        effects += ["reverb", options.echo]
+    run("sox", show.path, "-r", 44100, room, *effects, "lowpass", options.lowpass, "speed", f"{speed:.9f}", "rate")
+    heard = folder / "heard.wav"
+    noise = folder / "noise.wav"
+    length = float(run("soxi", "-D", room))
+    run("sox", "-R", "-n", "-r", 44100, "-c", 1, noise, "synth", length, "pinknoise", "vol", 0.5)
+    wanted = level_of(room) / 10.0 ** (options.noise / 20.0)
+    run("sox", "-m", "-v", 1, room, "-v", f"{wanted / level_of(noise):.6f}", noise, heard)
+    return lambda sample: (seconds(sample) + options.lead) / speed
+
+
+def deliver(edit, options, folder):
+    raw = folder / "edited.wav"
+    write_samples(edit.finished, raw)
+    mixed = folder / "mixed.wav"
+    run("sox", raw, "-r", 44100, mixed, "compand", "0.05,0.3", "6:-70,-60,-20", "-4", "-90", "0.1", "treble", "+3", "gain",
+        "-n", "-1", "channels", options.channels)
+    finished = folder / f"finished.{options.form}"
+    bits = f"{options.kilobits}k"
+    codec = {"mp3": ["-c:a", "libmp3lame", "-b:a", bits], "opus": ["-c:a", "libopus", "-b:a", bits],
+             "flac": [], "m4a": ["-c:a", "aac", "-b:a", bits]}[options.form]
+    run("ffmpeg", "-v", "error", "-y", "-i", mixed, *codec, finished)
+    return finished
+
+
+def simulate(folder, options):
+    chance = random.Random(options.seed)
+    folder.mkdir(parents=True, exist_ok=True)
+    voices = chance.sample(VOICES, 4)
+    show = Show(chance, folder, options.minutes * 60.0, voices, not options.no_music)
+    speaker = Speaker(chance, folder)
+    intro = array.array("h")
+    while seconds(len(intro)) < options.intro:
+        intro.extend(speaker.say("en-gb"))
+    edit = Edit(show, choose_cuts(chance, show, options, speaker), intro)
+    if options.teaser:
+        begin = chance.randint(0, len(show.samples) - int(options.teaser * RATE))
+        teaser = show.samples[begin:begin + int(options.teaser * RATE)]
+        edit.finished = teaser + edit.finished
+        edit.kept = [(start, place + len(teaser), length) for start, place, length in edit.kept]
+    heard_place = hear(show, options, folder)
+    finished = deliver(edit, options, folder)
+    lines = []
+    for _ in range(options.marks):
+        sample = chance.randint(0, len(show.samples) - 1)
+        state, place = edit.place_of(sample)
+        lines.append((heard_place(sample), state, seconds(place)))
+    with (folder / "truth.txt").open("w") as truth:
+        for moment, state, place in sorted(lines):
+            truth.write(f"{moment:.4f} {state} {place:.4f}\n")
+    (folder / "options.json").write_text(json.dumps(vars(options), default=str))
+    return finished
+
+
+def arguments(words):
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("folder", type=Path)
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--minutes", type=float, default=10.0)
+    parser.add_argument("--marks", type=int, default=60)
+    parser.add_argument("--noise", type=float, default=10.0, help="of the show above the noise of the room, in dB")
+    parser.add_argument("--echo", type=float, default=40.0)
+    parser.add_argument("--lowpass", type=float, default=5000.0)
+    parser.add_argument("--drift", type=float, default=80.0, help="of the clock that hears, in ppm")
+    parser.add_argument("--lead", type=float, default=7.0)
+    parser.add_argument("--cuts", type=int, default=8)
+    parser.add_argument("--insertions", type=int, default=1)
+    parser.add_argument("--intro", type=float, default=8.0)
+    parser.add_argument("--teaser", type=float, default=0.0)
+    parser.add_argument("--shorten-pauses", action="store_true")
+    parser.add_argument("--no-music", action="store_true")
+    parser.add_argument("--form", choices=("mp3", "opus", "flac", "m4a"), default="mp3")
+    parser.add_argument("--kilobits", type=int, default=64)
+    parser.add_argument("--channels", type=int, default=1)
+    return parser.parse_args(words)
+
+
+if __name__ == "__main__":
+    options = arguments(sys.argv[1:])
+    print(simulate(options.folder, options))

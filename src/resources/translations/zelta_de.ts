@@ -592,19 +592,19 @@
     </message>
     <message>
         <source>--zero needs a number of seconds, such as 12.5.</source>
-        <translation type="unfinished"></translation>
+        <translation>--zero braucht eine Zahl von Sekunden, zum Beispiel 12.5.</translation>
     </message>
     <message>
         <source>&quot;fit&quot; needs --finished with the finished audio file.</source>
-        <translation type="unfinished"></translation>
+        <translation>„fit“ braucht --finished mit der fertigen Audiodatei.</translation>
     </message>
     <message>
         <source>&quot;fit&quot; needs --heard with the raw recording of the show.</source>
-        <translation type="unfinished"></translation>
+        <translation>„fit“ braucht --heard mit der rohen Aufnahme der Sendung.</translation>
     </message>
     <message>
         <source>&quot;fit&quot; needs exactly one file with chapters.</source>
-        <translation type="unfinished"></translation>
+        <translation>„fit“ braucht genau eine Datei mit Kapiteln.</translation>
     </message>
     <message>
         <source>Usage:
@@ -634,7 +634,34 @@
 
 Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as ./NAME.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Aufruf:
+  zelta [--new] [DATEI…]               öffnet Dokumente in Fenstern, mit --new auch ein neues
+  zelta --headless [--record] [DATEI]  nimmt ohne Fenster auf, gesteuert über OSC; --record startet die Uhr sofort;
+                                       fehlt DATEI, wird sie angelegt, wenn ihr Name auf .zelta endet
+        --osc-port N                   hört bei diesem Lauf auf diesen UDP-Port; 0 für irgendeinen freien
+        --osc-send RECHNER:PORT        sendet den Stand bei diesem Lauf dorthin; auch mehrmals
+  zelta send AKTION [--osc-port N]     gibt dem laufenden Rekorder einen Befehl, sonst dem dieses Benutzers;
+                                       mit --osc-port dem an diesem Port dieses Computers
+%1  zelta formats                        zählt die Exportformate auf: Name, Tabulator, Dateityp
+  zelta export --format NAME [--option] [--pattern TEXT] --output ZIEL DATEI
+                                       schreibt die Kapitel von DATEI nach ZIEL, - für die Standardausgabe;
+                                       --option setzt das Häkchen des Formats, --pattern ist eine Zeile von
+                                       Show Notes, etwa „({time}) {title} {link}“
+  zelta import [--shift SEKUNDEN] [--item N] [--add] --output ZIEL DATEI
+                                       macht aus den Kapiteln in DATEI, einer Liste oder Audiodatei, das Dokument
+                                       ZIEL; --add fügt sie zu ZIEL hinzu; --item wählt in einem Feed mit
+                                       mehreren Sendungen
+  zelta show [--json] [--item N] DATEI gibt die Kapitel von DATEI aus, einem Dokument, einer Audiodatei oder Liste
+  zelta write [--shift SEKUNDEN] [--output ZIEL] DATEI AUDIO…
+                                       schreibt die Kapitel von DATEI in jede Audiodatei, anstelle der eigenen,
+                                       mit --output in eine Kopie der einen, die angegeben ist
+  zelta fit --finished AUDIO --heard ROH [--zero SEKUNDEN] [--output ZIEL] [--json] DATEI
+                                       findet die Kapitel von DATEI im fertigen AUDIO, mit Hilfe der rohen Aufnahme;
+                                       SEKUNDEN ist die Stelle in ROH, an der die Uhr beginnt, ZIEL ein neues Dokument
+  zelta --help | --version
+
+Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein Befehl heißt, wird als ./NAME angegeben.
+</translation>
     </message>
 </context>
 <context>
@@ -770,15 +797,15 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLCopyAsMenu</name>
     <message>
         <source>%1 – %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 – %2</translation>
     </message>
     <message>
         <source>C&amp;opy As</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopieren al&amp;s</translation>
     </message>
     <message>
         <source>Copied as %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopiert als %1.</translation>
     </message>
 </context>
 <context>
@@ -807,57 +834,57 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLDeliveryComparison</name>
     <message>
         <source>Choose the finished audio files, or drop them on this window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wähle die fertigen Audiodateien, oder ziehe sie auf dieses Fenster.</translation>
     </message>
     <message>
         <source>No enabled chapter lies in this file, so it will not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>In dieser Datei liegt kein aktives Kapitel, deshalb wird sie nicht geschrieben.</translation>
     </message>
     <message>
         <source>In the file now: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Jetzt in der Datei: %1</translation>
     </message>
     <message>
         <source>After writing: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach dem Schreiben: %1</translation>
     </message>
 </context>
 <context>
     <name>ZLDeliveryDraft</name>
     <message>
         <source>%1 was not written.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde nicht geschrieben.</translation>
     </message>
 </context>
 <context>
     <name>ZLDeliveryFilesModel</name>
     <message>
         <source>Reading…</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird gelesen&#xa0;…</translation>
     </message>
     <message>
         <source>Writing…</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird geschrieben&#xa0;…</translation>
     </message>
     <message>
         <source>Chapters now: %1, to come: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel jetzt: %1, künftig: %2</translation>
     </message>
     <message>
         <source>File</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei</translation>
     </message>
     <message>
         <source>Form</source>
-        <translation type="unfinished"></translation>
+        <translation>Form</translation>
     </message>
     <message>
         <source>Length</source>
-        <translation type="unfinished"></translation>
+        <translation>Länge</translation>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished"></translation>
+        <translation>Stand</translation>
     </message>
 </context>
 <context>
@@ -899,78 +926,78 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLDeliveryJob</name>
     <message>
         <source>%1: Another program changed this file since it was read, so nothing was written. Look at it again.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: Ein anderes Programm hat diese Datei geändert, seit sie gelesen wurde. Deshalb wurde nichts geschrieben. Sieh sie dir noch einmal an.</translation>
     </message>
 </context>
 <context>
     <name>ZLDeliverySheet</name>
     <message>
         <source>Write Chapters into Audio File</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel in Audiodatei schreiben</translation>
     </message>
     <message>
         <source>Audio files</source>
-        <translation type="unfinished"></translation>
+        <translation>Audiodateien</translation>
     </message>
     <message>
         <source>Shift in seconds</source>
-        <translation type="unfinished"></translation>
+        <translation>Versatz in Sekunden</translation>
     </message>
     <message>
         <source>The chapters come this much later in the file than in the document, because of an intro.</source>
-        <translation type="unfinished"></translation>
+        <translation>Um so viel später kommen die Kapitel in der Datei als im Dokument, wegen eines Vorspanns.</translation>
     </message>
     <message>
         <source>Progress of the writing</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortschritt des Schreibens</translation>
     </message>
     <message>
         <source>Write</source>
-        <translation type="unfinished"></translation>
+        <translation>Schreiben</translation>
     </message>
     <message>
         <source>Choose Files…</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien wählen&#xa0;…</translation>
     </message>
     <message>
         <source>Import Its Chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Kapitel importieren</translation>
     </message>
     <message>
         <source>Add the chapters that are in the selected file now to the document</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Kapitel, die jetzt in der gewählten Datei sind, dem Dokument hinzufügen</translation>
     </message>
     <message>
         <source>Shift (s):</source>
-        <translation type="unfinished"></translation>
+        <translation>Versatz (s):</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Choose Audio Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Audiodateien wählen</translation>
     </message>
     <message>
         <source>Audio files (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Audiodateien (%1)</translation>
     </message>
     <message>
         <source>All files (*)</source>
-        <translation type="unfinished">Alle Dateien (*)</translation>
+        <translation>Alle Dateien (*)</translation>
     </message>
     <message>
         <source>Chapters were written into %1 of %2 files.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel wurden in %1 von %2 Dateien geschrieben.</translation>
     </message>
     <message>
         <source>Imported chapters: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Importierte Kapitel: %1</translation>
     </message>
 </context>
 <context>
@@ -1322,51 +1349,51 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLExportAgainDisplay</name>
     <message>
         <source>“%1” is gone.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist nicht mehr da.</translation>
     </message>
     <message>
         <source>“%1” was changed by another program.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ wurde von einem anderen Programm verändert.</translation>
     </message>
     <message>
         <source>“%1” is open in another program.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist in einem anderen Programm geöffnet.</translation>
     </message>
     <message>
         <source>“%1” cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ lässt sich nicht lesen.</translation>
     </message>
     <message>
         <source>Write All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle schreiben</translation>
     </message>
     <message>
         <source>Write the Others</source>
-        <translation type="unfinished"></translation>
+        <translation>Die übrigen schreiben</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Exported again: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut exportiert: %1.</translation>
     </message>
     <message>
         <source>This document has not been exported to a file yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Dokument wurde noch in keine Datei exportiert.</translation>
     </message>
     <message>
         <source>Left out, as chapters in a session would come twice: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgelassen, weil Kapitel in einer Session doppelt kämen: %1.</translation>
     </message>
     <message>
         <source>The export failed. %1</source>
-        <translation type="unfinished">Der Export ist fehlgeschlagen. %1</translation>
+        <translation>Der Export ist gescheitert. %1</translation>
     </message>
     <message>
         <source>Dismiss</source>
-        <translation type="unfinished">Schließen</translation>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -1454,31 +1481,31 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     </message>
     <message>
         <source>Podcast Chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>Podcast-Kapitel</translation>
     </message>
     <message>
         <source>Audacity Labels</source>
-        <translation type="unfinished"></translation>
+        <translation>Audacity-Textmarken</translation>
     </message>
     <message>
         <source>REAPER Markers</source>
-        <translation type="unfinished"></translation>
+        <translation>REAPER-Marker</translation>
     </message>
     <message>
         <source>Matroska Chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>Matroska-Kapitel</translation>
     </message>
     <message>
         <source>WebVTT Chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>WebVTT-Kapitel</translation>
     </message>
     <message>
         <source>CUE Sheet</source>
-        <translation type="unfinished"></translation>
+        <translation>CUE-Sheet</translation>
     </message>
     <message>
         <source>Show Notes</source>
-        <translation type="unfinished"></translation>
+        <translation>Shownotes</translation>
     </message>
 </context>
 <context>
@@ -1497,7 +1524,7 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     </message>
     <message>
         <source>Export Ot&amp;her</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Weiterer Export</translation>
     </message>
 </context>
 <context>
@@ -1533,15 +1560,15 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLFfmpegReader</name>
     <message>
         <source>This form can be read when the program ffmpeg is installed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Form lässt sich lesen, wenn das Programm ffmpeg installiert ist.</translation>
     </message>
     <message>
         <source>The program ffmpeg does not answer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm ffmpeg antwortet nicht.</translation>
     </message>
     <message>
         <source>There is no sound in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist kein Ton darin.</translation>
     </message>
 </context>
 <context>
@@ -1635,19 +1662,19 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     </message>
     <message>
         <source>&amp;Write Chapters into Audio File…</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel in Audio&amp;datei schreiben&#xa0;…</translation>
     </message>
     <message>
         <source>&amp;Import Chapters…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kapitel importieren …</translation>
     </message>
     <message>
         <source>Export A&amp;gain</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut e&amp;xportieren</translation>
     </message>
     <message>
         <source>Audio files (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Audiodateien (%1)</translation>
     </message>
 </context>
 <context>
@@ -1677,37 +1704,37 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     </message>
     <message>
         <source>The commands are %1; &quot;zelta --help&quot; explains them.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Befehle sind %1; „zelta --help“ erklärt sie.</translation>
     </message>
 </context>
 <context>
     <name>ZLFitCommand</name>
     <message>
         <source>%1 is not the show: too little of %2 is in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht die Sendung: Es ist zu wenig von %2 darin.</translation>
     </message>
     <message>
         <source>%1 is there already.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gibt es schon.</translation>
     </message>
 </context>
 <context>
     <name>ZLFitReport</name>
     <message>
         <source>kept</source>
-        <translation type="unfinished"></translation>
+        <translation>erhalten</translation>
     </message>
     <message>
         <source>moved to the seam</source>
-        <translation type="unfinished"></translation>
+        <translation>am Schnitt</translation>
     </message>
     <message>
         <source>cut</source>
-        <translation type="unfinished"></translation>
+        <translation>herausgeschnitten</translation>
     </message>
     <message>
         <source>not found</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht gefunden</translation>
     </message>
 </context>
 <context>
@@ -1940,7 +1967,7 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLHeardSound</name>
     <message>
         <source>%1: There is nothing to be heard in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: Darin ist nichts zu hören.</translation>
     </message>
 </context>
 <context>
@@ -2065,35 +2092,35 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLImportDisplay</name>
     <message>
         <source>Import Chapters</source>
-        <translation type="unfinished">Kapitel importieren</translation>
+        <translation>Kapitel importieren</translation>
     </message>
     <message>
         <source>All files (*)</source>
-        <translation type="unfinished">Alle Dateien (*)</translation>
+        <translation>Alle Dateien (*)</translation>
     </message>
     <message>
         <source>Dismiss</source>
-        <translation type="unfinished">Schließen</translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>the text</source>
-        <translation type="unfinished"></translation>
+        <translation>dem Text</translation>
     </message>
     <message>
         <source>The clipboard holds no text.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zwischenablage enthält keinen Text.</translation>
     </message>
     <message>
         <source>One list is imported at a time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wird jeweils nur eine Liste importiert.</translation>
     </message>
     <message>
         <source>1 chapter imported</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Kapitel importiert</translation>
     </message>
     <message>
         <source>%1 chapters imported</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Kapitel importiert</translation>
     </message>
 </context>
 <context>
@@ -2130,82 +2157,82 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLImportRowsModel</name>
     <message>
         <source>Will be disabled</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird nicht aktiv sein</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished">Zeit</translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished">Titel</translation>
+        <translation>Titel</translation>
     </message>
     <message>
         <source>Link</source>
-        <translation type="unfinished">Link</translation>
+        <translation>Link</translation>
     </message>
 </context>
 <context>
     <name>ZLImportSheet</name>
     <message>
         <source>Import Chapters</source>
-        <translation type="unfinished">Kapitel importieren</translation>
+        <translation>Kapitel importieren</translation>
     </message>
     <message>
         <source>What was not understood</source>
-        <translation type="unfinished"></translation>
+        <translation>Was nicht verstanden wurde</translation>
     </message>
     <message>
         <source>Chapters that will come</source>
-        <translation type="unfinished"></translation>
+        <translation>Kapitel, die kommen werden</translation>
     </message>
     <message>
         <source>Show:</source>
-        <translation type="unfinished"></translation>
+        <translation>Sendung:</translation>
     </message>
     <message>
         <source>Show</source>
-        <translation type="unfinished">Zeigen</translation>
+        <translation>Sendung</translation>
     </message>
     <message>
         <source>Shift in seconds</source>
-        <translation type="unfinished"></translation>
+        <translation>Verschiebung in Sekunden</translation>
     </message>
     <message>
         <source>Import</source>
-        <translation type="unfinished">Importieren</translation>
+        <translation>Importieren</translation>
     </message>
     <message>
         <source>Add to the chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu den Kapiteln hinzufügen</translation>
     </message>
     <message>
         <source>Replace the chapters</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Kapitel ersetzen</translation>
     </message>
     <message>
         <source>Shift (s):</source>
-        <translation type="unfinished"></translation>
+        <translation>Verschieben (s):</translation>
     </message>
     <message>
         <source>Lines without a time become templates</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeilen ohne Zeit werden zu Vorlagen</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>1 chapter</source>
-        <translation type="unfinished">1 Kapitel</translation>
+        <translation>1 Kapitel</translation>
     </message>
     <message>
         <source>%1 chapters</source>
-        <translation type="unfinished">%1 Kapitel</translation>
+        <translation>%1 Kapitel</translation>
     </message>
     <message>
         <source>%1 from %2, read as %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 aus %2, gelesen als %3</translation>
     </message>
 </context>
 <context>
@@ -2535,15 +2562,15 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLLinePatternView</name>
     <message>
         <source>{time}, {title}, {link} and {number} stand for those of the chapter.</source>
-        <translation type="unfinished"></translation>
+        <translation>{time}, {title}, {link} und {number} stehen für Zeit, Titel, Link und Nummer des Kapitels.</translation>
     </message>
     <message>
         <source>L&amp;ine:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ze&amp;ile:</translation>
     </message>
     <message>
         <source>Preview:</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorschau:</translation>
     </message>
 </context>
 <context>
@@ -2717,15 +2744,15 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
     <name>ZLMediaChaptersModel</name>
     <message>
         <source>Time</source>
-        <translation type="unfinished">Zeit</translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished">Titel</translation>
+        <translation>Titel</translation>
     </message>
     <message>
         <source>Link</source>
-        <translation type="unfinished">Link</translation>
+        <translation>Link</translation>
     </message>
 </context>
 <context>
@@ -3938,7 +3965,7 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <name>ZLSndfileReader</name>
     <message>
         <source>The sound cannot be brought to another sample rate.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ton lässt sich nicht auf eine andere Abtastrate bringen.</translation>
     </message>
 </context>
 <context>

@@ -15,10 +15,10 @@ protected:
         QList<QUrl> addresses;
         for (const QString& path : QCoreApplication::arguments().sliced(1))
             addresses.append(QUrl::fromLocalFile(path));
-        auto* data = new QMimeData;
-        data->setUrls(addresses);
+        auto* dragged = new QMimeData;
+        dragged->setUrls(addresses);
         auto* drag = new QDrag(this);
-        drag->setMimeData(data);
+        drag->setMimeData(dragged);
         drag->exec(Qt::CopyAction);
     }
 };

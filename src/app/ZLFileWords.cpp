@@ -41,7 +41,6 @@ QList<KnownWord> knownWords()
         { u"new"_s, u"zelta --new"_s },
         { u"record"_s, u"zelta --headless --record"_s },
         { u"version"_s, u"zelta --version"_s },
-        { u"write"_s, u"zelta write"_s },
     };
     for (const ZLRemoteAction& action : ZLRemoteActions::all())
         words.append({ action.commandWord(), u"zelta send "_s + action.commandWord() });

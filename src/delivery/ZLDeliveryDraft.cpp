@@ -22,6 +22,8 @@ ZLDeliveryDraft::ZLDeliveryDraft(ZLChapterDocument& document, Reader reader, QOb
         if (change.concerns(ZLDocumentChange::concerningExports))
             planAgainSoon();
     });
+    // A window that is closing may go after its document, and what is still being read arrives in between.
+    connect(&document, &QObject::destroyed, this, [this] { m_targets.clear(); });
 }
 
 ZLDeliveryDraft::~ZLDeliveryDraft() = default;

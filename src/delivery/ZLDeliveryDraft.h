@@ -35,7 +35,7 @@ class ZLDeliveryDraft : public QObject {
 public:
     using Reader = std::function<ZLResult<ZLMediaContents>(const QString& path)>;
 
-    /// `document` has to outlive it. `reader` may be called on any thread.
+    /// Without the document it has no targets any more. `reader` may be called on any thread.
     explicit ZLDeliveryDraft(ZLChapterDocument& document, Reader reader = {}, QObject* parent = nullptr);
     ~ZLDeliveryDraft() override;
 

@@ -175,6 +175,18 @@ TEST_F(ZLDeliveryDraftTest, AFileIsTakenOnceAndADiskThatHangsHoldsNobodyUp)
     mayAnswer->set_value();
 }
 
+TEST_F(ZLDeliveryDraftTest, WhatArrivesAfterTheDocumentWentIsDropped)
+{
+    auto document = std::make_unique<ZLChapterDocument>(environment());
+    ZLDeliveryDraft draft(*document);
+    draft.setPaths({ makeFile(u"a.wav"_s) });
+    document.reset();
+    EXPECT_TRUE(draft.targets().isEmpty());
+    // The file is read by then.
+    choose({ m_folder.filePath(u"a.wav"_s) });
+    EXPECT_TRUE(draft.targets().isEmpty());
+}
+
 TEST_F(ZLDeliveryDraftTest, ImportsTheChaptersOfAFileInOneStep)
 {
     addChapterAt(1.0, u"Eins"_s);

@@ -11,6 +11,8 @@ namespace {
 
 constexpr float shareOfText = 0.45F;
 constexpr double cornerRadius = 2.0;
+/// A round line is softer than a straight one, and paler with it.
+constexpr double widthOfRoundLine = 1.5;
 
 QColor outlineOf(const QPalette& palette)
 {
@@ -53,9 +55,11 @@ void ZLBoxStyle::drawPrimitive(
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     const bool isInSelection = element == PE_IndicatorItemViewItemCheck && option->state.testFlag(State_Selected);
-    painter->setPen(isInSelection ? option->palette.color(QPalette::HighlightedText) : outlineOf(option->palette));
+    const double width = isRound ? widthOfRoundLine : 1.0;
+    const QColor color = isInSelection ? option->palette.color(QPalette::HighlightedText) : outlineOf(option->palette);
+    painter->setPen(QPen(color, width));
     painter->setBrush(Qt::NoBrush);
-    const QRectF outline = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    const QRectF outline = QRectF(option->rect).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0);
     if (isRound)
         painter->drawEllipse(outline);
     else

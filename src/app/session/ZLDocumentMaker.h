@@ -29,7 +29,8 @@ public:
     [[nodiscard]] const ZLRecoveryFolder& recoveryFolder() const { return m_recoveryFolder; }
 
     [[nodiscard]] ZLSavedDocument makeUntitled() const;
-    /// An untitled document of what was read elsewhere. It is written to the recovery folder at once, if that can be done.
+    /// An untitled document of what was read elsewhere. It is written to the recovery folder at once, if that can be
+    /// done.
     [[nodiscard]] ZLSavedDocument makeUntitledFrom(const ZLDocumentContents& contents) const;
     /// Writes a new, empty file at `path`.
     [[nodiscard]] ZLResult<ZLSavedDocument> createFile(const QString& path) const;
@@ -38,8 +39,8 @@ public:
     [[nodiscard]] ZLResult<ZLSavedDocument> readRecoveryFile(std::unique_ptr<ZLRecoveryFile> file) const;
     /// The document that `recovered` holds, for its file, which was found as `file`.
     [[nodiscard]] ZLSavedDocument rebuild(ZLRecoveredDocument recovered, const ZLFoundFile& file) const;
-    /// The document that `recovered` holds as an untitled one. It is written to the recovery folder at once, if that can
-    /// be done.
+    /// The document that `recovered` holds as an untitled one. It is written to the recovery folder at once, if that
+    /// can be done.
     [[nodiscard]] ZLSavedDocument rebuildAside(const ZLRecoveredDocument& recovered) const;
 
 private:

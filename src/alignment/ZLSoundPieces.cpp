@@ -19,7 +19,7 @@ constexpr std::int64_t mostBetweenSeeds = 2 * framesOfSeed;
 constexpr std::int64_t mostStep = 2;
 /// Between two runs of a piece.
 constexpr std::int64_t mostSkipped = 3;
-constexpr double leastAgreementOfPiece = 3.0;
+constexpr double leastAgreementOfPiece = 5.0;
 /// Half a minute, in the show and in the file.
 constexpr std::int64_t mostBetweenNeighbours = 1500;
 /// Together. Unrelated shows reach half of it.

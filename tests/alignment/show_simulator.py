@@ -117,7 +117,7 @@ class Show:
             track.silence(self.chance.uniform(20.0, 90.0))
             for _ in range(self.chance.randint(8, 30)):
                 note = 110.0 * 2.0 ** (self.chance.randint(0, 36) / 12.0)
-                run("sox", "-n", "-r", RATE, "-b", 16, path, "synth", 0.4, "pluck", f"{note:.2f}", "gain", "-6")
+                run("sox", "-R", "-n", "-r", RATE, "-b", 16, path, "synth", 0.4, "pluck", f"{note:.2f}", "gain", "-6")
                 track.add(read_samples(path))
         path = self.folder / "music.wav"
         write_samples(track.samples, path)

@@ -20,7 +20,12 @@ ZLWriteOrder order(const QByteArray& bytes)
     return { .path = u"show.zelta"_s, .bytes = bytes };
 }
 
-/// A disk that answers when the test lets it.
+/// A disk that answers when the test lets it. A write that was abandoned may outlive the test, so it shares these.
+struct Disk {
+    std::counting_semaphore<> answers { 0 };
+    std::counting_semaphore<> questions { 0 };
+};
+
 class ZLDocumentWriterTest : public testing::Test {
 protected:
     ZLDocumentWriterTest()
@@ -30,14 +35,15 @@ protected:
     }
     ~ZLDocumentWriterTest() override { disk.release(100); }
 
-    std::counting_semaphore<> disk { 0 };
-    std::counting_semaphore<> begun { 0 };
+    const std::shared_ptr<Disk> shared = std::make_shared<Disk>();
+    std::counting_semaphore<>& disk = shared->answers;
+    std::counting_semaphore<>& begun = shared->questions;
     std::deque<std::function<void()>> tasks;
     QList<QByteArray> written;
     ZLDocumentWriter writer {
-        [this](const QString&, const QByteArray&) {
-            begun.release();
-            disk.acquire();
+        [shared = shared](const QString&, const QByteArray&) {
+            shared->questions.release();
+            shared->answers.acquire();
             return ZLStatus(ZLDone {});
         },
         [this](std::function<void()> task) { tasks.push_back(std::move(task)); },

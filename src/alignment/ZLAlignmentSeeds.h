@@ -19,8 +19,7 @@ struct ZLAlignmentSeed {
 /// Looks for many short windows of a show in a file. Most of what it finds in an edited show is right, and some is not.
 namespace ZLAlignmentSeeds {
 
-/// In the order of the show; a window may have several places, the best first. Empty when cancelled, and when a first
-/// look finds nothing that lies in the same order in both.
+/// In the order of the show; a window may have several places. Empty when cancelled.
 [[nodiscard]] std::vector<ZLAlignmentSeed> find(
     const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLAlignmentProgress& progress);
 

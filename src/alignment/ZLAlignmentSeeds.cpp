@@ -26,7 +26,7 @@ using Places = std::vector<ZLFingerprintPlace>;
 /// The windows of a show, and what is known of them so far.
 class Windows {
 public:
-    Windows(const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLAlignmentProgress& progress)
+    Windows(const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLWorkProgress& progress)
         : m_frames(ZLFingerprintNoise::filled(show, ZLFingerprintNoise::Side::Show))
         , m_search(file)
         , m_progress(progress)
@@ -54,7 +54,7 @@ public:
             for (size_t window = next.fetch_add(stride); window < m_places.size() && !m_progress.isCancelled();
                 window = next.fetch_add(stride)) {
                 m_places[window] = placesOf(window, step);
-                m_progress.advance();
+                m_progress.advance(1);
             }
         };
         std::vector<std::jthread> helpers;
@@ -114,7 +114,7 @@ private:
 
     std::vector<std::uint32_t> m_frames;
     ZLFingerprintSearch m_search;
-    ZLAlignmentProgress& m_progress;
+    ZLWorkProgress& m_progress;
     std::vector<bool> m_isWorthLooking {};
     /// Absent where no one has looked yet.
     std::vector<std::optional<Places>> m_places {};
@@ -123,7 +123,7 @@ private:
 }
 
 std::vector<ZLAlignmentSeed> ZLAlignmentSeeds::find(
-    const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLAlignmentProgress& progress)
+    const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLWorkProgress& progress)
 {
     Windows windows(show, file, progress);
     for (size_t step = firstStep; step > 0; step /= 2)

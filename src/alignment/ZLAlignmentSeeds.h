@@ -1,7 +1,7 @@
 #pragma once
 
-#include "alignment/ZLAlignmentProgress.h"
 #include "alignment/ZLSoundFingerprint.h"
+#include "platform/ZLWorkProgress.h"
 
 #include <cstdint>
 #include <vector>
@@ -21,6 +21,6 @@ namespace ZLAlignmentSeeds {
 
 /// In the order of the show; a window may have several places. Empty when cancelled.
 [[nodiscard]] std::vector<ZLAlignmentSeed> find(
-    const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLAlignmentProgress& progress);
+    const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLWorkProgress& progress);
 
 }

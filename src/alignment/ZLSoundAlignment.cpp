@@ -33,7 +33,7 @@ bool ZLSoundAlignment::isTheShow() const
 }
 
 ZLSoundAlignment ZLSoundAlignment::of(
-    const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLAlignmentProgress& progress)
+    const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLWorkProgress& progress)
 {
     ZLSoundAlignment alignment;
     alignment.showLength = show.seconds();

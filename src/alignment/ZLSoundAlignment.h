@@ -1,7 +1,7 @@
 #pragma once
 
-#include "alignment/ZLAlignmentProgress.h"
 #include "alignment/ZLSoundFingerprint.h"
+#include "platform/ZLWorkProgress.h"
 
 #include <vector>
 
@@ -34,5 +34,5 @@ struct ZLSoundAlignment {
 
     /// Empty when cancelled.
     [[nodiscard]] static ZLSoundAlignment of(
-        const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLAlignmentProgress& progress);
+        const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLWorkProgress& progress);
 };

@@ -45,7 +45,7 @@ ZLResult<ZLFit> ZLFitCommand::fit(const ZLDocumentContents& contents, const ZLCo
     // Told before minutes of work.
     if (const ZLStatus free = checkOutput(commandLine.outputPath); !free)
         return free.error();
-    ZLAlignmentProgress progress;
+    ZLWorkProgress progress;
     const auto show = ZLHeardSound::fingerprintOf(commandLine.heardPath, progress);
     if (!show)
         return show.error();

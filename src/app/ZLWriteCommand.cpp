@@ -29,7 +29,7 @@ int ZLWriteCommand::write(const ZLChapterSequence& chapters, const QString& audi
     }
     for (const QString& finding : plan.value().findings)
         m_warn(u"%1: %2"_s.arg(audio, finding));
-    ZLWriteProgress progress;
+    ZLWorkProgress progress;
     const QString output = commandLine.outputPath.isEmpty() ? audio : commandLine.outputPath;
     const auto outcome = ZLDelivery::write(plan.value(), output, progress);
     if (outcome)

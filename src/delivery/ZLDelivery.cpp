@@ -28,7 +28,7 @@ bool isSameChapter(const ZLMediaChapter& wanted, const ZLMediaChapter& found)
 
 }
 
-ZLResult<QString> ZLDelivery::write(const ZLDeliveryPlan& plan, const QString& output, ZLWriteProgress& progress)
+ZLResult<QString> ZLDelivery::write(const ZLDeliveryPlan& plan, const QString& output, ZLWorkProgress& progress)
 {
     if (plan.toCome.isEmpty())
         return ZLError {

@@ -4,7 +4,7 @@
 
 namespace {
 
-ZLResult<QString> writeUnlessChanged(const ZLDeliveryPlan& plan, ZLWriteProgress& progress)
+ZLResult<QString> writeUnlessChanged(const ZLDeliveryPlan& plan, ZLWorkProgress& progress)
 {
     const auto found = ZLMediaFile::read(plan.audioPath);
     if (!found)

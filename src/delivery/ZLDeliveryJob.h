@@ -31,7 +31,7 @@ private:
     /// What the other thread uses, as long as it needs it.
     struct Shared {
         QList<ZLDeliveryPlan> plans {};
-        ZLWriteProgress progress {};
+        ZLWorkProgress progress {};
     };
 
     const std::shared_ptr<Shared> m_shared;

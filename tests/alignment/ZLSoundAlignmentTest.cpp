@@ -12,7 +12,7 @@ namespace {
 
 ZLSoundAlignment aligned(const Frames& showFrames, const Frames& fileFrames)
 {
-    ZLAlignmentProgress progress;
+    ZLWorkProgress progress;
     return ZLSoundAlignment::of({ showFrames }, { fileFrames }, progress);
 }
 
@@ -126,7 +126,7 @@ TEST(ZLSoundAlignmentTest, APauseInWhatWasHeardIsBridged)
 
 TEST(ZLSoundAlignmentTest, ItEndsWhenCancelled)
 {
-    ZLAlignmentProgress progress;
+    ZLWorkProgress progress;
     progress.cancel();
     const ZLSoundFingerprint sound { show(10, 60.0) };
     EXPECT_TRUE(ZLSoundAlignment::of(sound, sound, progress).pieces.empty());

@@ -90,7 +90,7 @@ TEST_F(ZLDeliveryPlanTest, TextsThatNoFileCanHoldAreMadeHarmless)
 {
     const auto chapter = chapterAt(1, u"a"_s + QChar(0) + u"b"_s + QChar(0xD800));
     const auto made = plan({ chapter });
-    ZLWriteProgress progress;
+    ZLWorkProgress progress;
     const auto outcome = ZLDelivery::write(made, m_path, progress);
     ASSERT_TRUE(outcome) << qPrintable(outcome.error().message);
     EXPECT_EQ(outcome.value(), u"1 of 1 chapters are in episode.wav"_s);
@@ -109,7 +109,7 @@ TEST_F(ZLDeliveryPlanTest, WhatIsMissingAfterwardsIsCounted)
 
 TEST_F(ZLDeliveryPlanTest, AnAudioFileReadsAsADocument)
 {
-    ZLWriteProgress progress;
+    ZLWorkProgress progress;
     ASSERT_TRUE(ZLDelivery::write(plan({ chapterAt(1.5, u"Eins"_s) }), m_path, progress));
     const auto contents = ZLMediaImport::read(m_path);
     ASSERT_TRUE(contents);

@@ -48,7 +48,7 @@ void requireWritten(const ZLMediaFormat& format, const ZLMediaSource& source, co
     const ZLMediaChapters& chapters)
 {
     const MemoryFile output;
-    ZLWriteProgress progress;
+    ZLWorkProgress progress;
     require(ZLPieceWriter(source, output.descriptor(), progress).write(pieces).isOk());
     const auto written = output.source();
     require(written->size() == pieces.size());

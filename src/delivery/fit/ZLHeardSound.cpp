@@ -15,7 +15,7 @@ struct HeardSoundTexts {
 
 }
 
-ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, const ZLAlignmentProgress& progress)
+ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, const ZLWorkProgress& progress)
 {
     ZLFingerprinter fingerprinter;
     ZLSoundFingerprint fingerprint;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "alignment/ZLAlignmentProgress.h"
 #include "alignment/ZLSoundFingerprint.h"
 #include "platform/ZLResult.h"
+#include "platform/ZLWorkProgress.h"
 
 #include <QString>
 
@@ -10,6 +10,6 @@
 namespace ZLHeardSound {
 
 /// The fingerprint of the sound in a file; what was heard so far when it is cancelled. The error names the file.
-[[nodiscard]] ZLResult<ZLSoundFingerprint> fingerprintOf(const QString& path, const ZLAlignmentProgress& progress);
+[[nodiscard]] ZLResult<ZLSoundFingerprint> fingerprintOf(const QString& path, const ZLWorkProgress& progress);
 
 }

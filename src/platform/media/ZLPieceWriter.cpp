@@ -29,7 +29,7 @@ bool isRefusal(int error)
 
 }
 
-ZLPieceWriter::ZLPieceWriter(const ZLMediaSource& source, int descriptor, ZLWriteProgress& progress)
+ZLPieceWriter::ZLPieceWriter(const ZLMediaSource& source, int descriptor, ZLWorkProgress& progress)
     : m_source(source)
     , m_descriptor(descriptor)
     , m_progress(progress)

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "platform/ZLWorkProgress.h"
 #include "platform/media/ZLFilePieces.h"
 #include "platform/media/ZLMediaSource.h"
-#include "platform/media/ZLWriteProgress.h"
 
 /// Writes the pieces of a new file. Stretches of the source are copied by the kernel where it can, and share their
 /// blocks where the file system can; otherwise they pass through one small buffer.
 class ZLPieceWriter {
 public:
-    ZLPieceWriter(const ZLMediaSource& source, int descriptor, ZLWriteProgress& progress);
+    ZLPieceWriter(const ZLMediaSource& source, int descriptor, ZLWorkProgress& progress);
 
     [[nodiscard]] ZLStatus write(const ZLFilePieces& pieces);
 
@@ -23,6 +23,6 @@ private:
 
     const ZLMediaSource& m_source;
     int m_descriptor;
-    ZLWriteProgress& m_progress;
+    ZLWorkProgress& m_progress;
     Kernel m_kernel = Kernel::Copies;
 };

@@ -65,7 +65,7 @@ protected:
     }
 
     QTemporaryDir m_folder;
-    ZLWriteProgress m_progress;
+    ZLWorkProgress m_progress;
     const ZLMediaChapters m_chapters { { 100, 500, QStringLiteral("Eins"), {} },
         { 500, 1000, QStringLiteral("世界"), {} } };
 };

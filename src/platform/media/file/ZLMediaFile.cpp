@@ -33,7 +33,7 @@ ZLError unknownForm(const QString& path)
 }
 
 ZLStatus replaceFile(
-    const ZLMediaSource& source, const ZLFilePieces& pieces, const QString& output, ZLWriteProgress& progress)
+    const ZLMediaSource& source, const ZLFilePieces& pieces, const QString& output, ZLWorkProgress& progress)
 {
     const ZLFileReplacement replacement {
         .fill = [&](int descriptor) { return ZLPieceWriter(source, descriptor, progress).write(pieces); },
@@ -79,7 +79,7 @@ ZLResult<ZLMediaContents> ZLMediaFile::read(const QString& path)
 }
 
 ZLStatus ZLMediaFile::write(
-    const QString& path, const ZLMediaChapters& chapters, const QString& output, ZLWriteProgress& progress)
+    const QString& path, const ZLMediaChapters& chapters, const QString& output, ZLWorkProgress& progress)
 {
     const auto source = ZLMediaSource::open(path);
     if (!source)

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/ZLWorkProgress.h"
 #include "platform/media/ZLMediaFormat.h"
-#include "platform/media/ZLWriteProgress.h"
 
 /// Media files and the chapters in them, whatever their form.
 namespace ZLMediaFile {
@@ -20,6 +20,6 @@ namespace ZLMediaFile {
 /// that is the old file or the new one at any moment, and with an error the old one. It is not replaced when another
 /// program writes to it meanwhile. May run on any thread.
 [[nodiscard]] ZLStatus write(
-    const QString& path, const ZLMediaChapters& chapters, const QString& output, ZLWriteProgress& progress);
+    const QString& path, const ZLMediaChapters& chapters, const QString& output, ZLWorkProgress& progress);
 
 }

@@ -102,7 +102,7 @@ TEST_F(ZLDeliveryDisplayTest, TheDocumentRemembersItsFileAndItsShift)
 TEST_F(ZLDeliveryDisplayTest, AnAudioFileOpensAsAnUntitledDocumentOfItsChapters)
 {
     const QString path = audioFile(u"a.wav"_s);
-    ZLWriteProgress progress;
+    ZLWorkProgress progress;
     ASSERT_TRUE(ZLMediaFile::write(path, { { 1500, 60'000, u"Eins"_s } }, path, progress));
     const QByteArray bytes = ZLBoundedFile::read(path, ZLFileBound::Document).value();
     newDocument();

@@ -4,15 +4,16 @@
 
 #include <atomic>
 
-/// How far the writing of a file is, and the wish to end it early. Any thread may read and cancel.
-class ZLWriteProgress {
+/// How far a long piece of work is, and the wish to end it early. Any thread may read and cancel.
+class ZLWorkProgress {
 public:
     void begin(qint64 total)
     {
         m_done = 0;
         m_total = total;
     }
-    void advance(qint64 bytes) { m_done += bytes; }
+    /// In the unit of begin(): bytes, or anything else that is counted.
+    void advance(qint64 steps) { m_done += steps; }
     /// From 0 to 1.
     [[nodiscard]] double fraction() const
     {

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QMetaType>
+
+/// What a recorder is doing.
+enum class ZLRecorderState { Standing, Recording, Paused };
+
+/// What a recorder says of itself at one moment.
+struct ZLRecorderReport {
+    ZLRecorderState state = ZLRecorderState::Standing;
+    /// Seconds since its recording began, without its pauses, over all files of a recording that is split.
+    double position = 0.0;
+    /// When the position was right, in seconds of ZLHostClock.
+    double hostTime = 0.0;
+    /// Seconds by which the position may be wrong at most: its steps, and the road of the message.
+    double uncertainty = 0.0;
+
+    bool operator==(const ZLRecorderReport&) const = default;
+};
+Q_DECLARE_METATYPE(ZLRecorderReport)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What a window says, in bars and without a dialog, of files that somebody else writes or has open and of disks that are
+"""What a window says, in bars and without a dialog, of files that another program writes or has open and of disks that are
 full or gone; and that each answer does what it says."""
 
 import json
@@ -215,7 +215,7 @@ class BarsTest(unittest.TestCase):
         window.wait_for_message(ELSEWHERE, "studio-in-another-town, process 4711")
         window.press("OK")
         window.wait_for_no_message()
-        # It keeps nobody from anything, and the other one's lock stays.
+        # It forbids nothing, and the lock of the other one stays.
         self.surface.send(window.osc_port, "toggleRecording")
         self.wait_for_file(MINE[:1])
         self.assertIn("studio-in-another-town", lock.read_text())

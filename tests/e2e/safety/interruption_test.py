@@ -89,7 +89,7 @@ class InterruptionTest(unittest.TestCase):
         self.latest_reading = time.time() - self.clock.earliest
 
     def start_interrupted_after_marks(self):
-        """Nobody knows better where the clock stood than the last mark."""
+        """The last mark says best where the clock stood."""
         window, reading = self.start_interrupted(self.file)
         self.assertGreaterEqual(seconds_of(reading), self.last_stamp - 0.1)  # Tenths, of which the rest is cut off.
         self.assertLessEqual(seconds_of(reading), self.latest_reading)

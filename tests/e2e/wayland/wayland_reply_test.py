@@ -20,7 +20,7 @@ NOTIFICATIONS = "org.freedesktop.Notifications"
 PANEL = "Chapter Title — Zelta"
 OTHER = "Other Program"
 NOBODY = 65534
-# Like a desktop that leaves the keyboard where it is until somebody may have it.
+# Like a desktop that leaves the keyboard where it is until a program may have it.
 COMPOSITOR_SETTINGS = f"""
 xwayland disable
 focus_follows_mouse no
@@ -30,7 +30,7 @@ for_window [title="^{PANEL}$"] floating enable
 
 
 class SwayDesktop(Desktop):
-    """A compositor that shows its screen to nobody."""
+    """A compositor without a real screen."""
 
     def _start_display(self):
         runtime = Path(os.environ["XDG_RUNTIME_DIR"])

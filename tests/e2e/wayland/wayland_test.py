@@ -18,7 +18,7 @@ NOTIFICATIONS = "org.freedesktop.Notifications"
 
 
 class WaylandDesktop(Desktop):
-    """A compositor that shows its screen to nobody, and has neither a keyboard nor a mouse."""
+    """A compositor without a real screen, which has neither a keyboard nor a mouse."""
 
     def _start_display(self):
         runtime = Path(os.environ["XDG_RUNTIME_DIR"])

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Somebody types in the window while marks come from outside: what is half typed stays, and every key arrives where it
+"""A person types in the window while marks come from outside: what is half typed stays, and every key arrives where it
 was meant to."""
 
 import json

@@ -8,7 +8,7 @@ namespace {
 
 using Mode = ZLOSCAccessPolicy::Mode;
 
-/// Three ports in a row that nobody uses, of which the first ones are then taken.
+/// Three free ports in a row, of which the first ones are then taken.
 class TakenPorts {
 public:
     explicit TakenPorts(int taken)

@@ -4,13 +4,13 @@ full or gone; and that each answer does what it says."""
 
 import json
 import os
-import shutil
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from mounts import enter_mount_namespace, fill, mount
 from osc_peers import start_reader
 from surface import Surface, document_with_templates
@@ -36,16 +36,9 @@ def titles_in(file, key="chapters"):
     return contents and [chapter["title"] for chapter in contents[key]]
 
 
-class BarsTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class BarsTest(DesktopTest):
     def setUp(self):
-        for folder in ("config", "state", "drive"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
+        self.forget_everything("drive")
         self.folder = self.desktop.home / "drive"
         self.file = self.folder / "show.zelta"
         self.surface = Surface()

@@ -3,14 +3,14 @@
 again; a clock that goes on is as right as if it had never stopped."""
 
 import json
-import shutil
 import subprocess
 import sys
 import time
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from surface import ClockBounds, Surface, document_with_templates
 from window import CONTINUE, KEEP, Window
 
@@ -19,16 +19,9 @@ MOST_CLOCK_ERROR = 0.1  # Seconds.
 TITLES = [f"chapter {number}" for number in range(1, 20)]
 
 
-class InterruptionTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class InterruptionTest(DesktopTest):
     def setUp(self):
-        for folder in ("config", "state"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
+        self.forget_everything()
         self.surface = Surface()
         self.addCleanup(self.surface.close)
         self.clock = ClockBounds()

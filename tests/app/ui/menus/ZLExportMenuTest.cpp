@@ -150,7 +150,7 @@ TEST_F(ZLExportMenuTest, AnExportReplacesNoOpenDocumentByWhateverPath)
         dialog->selectFile(target);
         Q_EMIT dialog->finished(QDialog::Accepted);
         flush();
-        EXPECT_TRUE(barText(document).contains("Zelta itself uses this file"_L1)) << qPrintable(barText(document));
+        EXPECT_TRUE(barText(document).contains(" is in use by Zelta. Choose another name."_L1)) << qPrintable(barText(document));
         EXPECT_EQ(titlesInFile(path), QStringList { u"Stored"_s });
         pressInBar(document, u"Dismiss"_s);
     }

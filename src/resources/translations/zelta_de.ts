@@ -2122,6 +2122,18 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>%1 chapters imported</source>
         <translation>%1 Kapitel importiert</translation>
     </message>
+    <message>
+        <source>Reading “%1”…</source>
+        <translation>„%1“ wird gelesen …</translation>
+    </message>
+    <message>
+        <source>1 template imported</source>
+        <translation>1 Vorlage importiert</translation>
+    </message>
+    <message>
+        <source>%1 templates imported</source>
+        <translation>%1 Vorlagen importiert</translation>
+    </message>
 </context>
 <context>
     <name>ZLImportNews</name>

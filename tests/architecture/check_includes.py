@@ -66,7 +66,9 @@ ALLOWED = {
     "delivery": "platform platform/media platform/media/file model document document/saving",
     "delivery/ui": "platform platform/media lists templates/ui document/ui export/ui delivery",
     "import/ui": "platform model templates/ui document/ui import",
-    "delivery/fit": "platform platform/media/decoding alignment model",
+    "delivery/fit": "platform platform/media platform/media/decoding platform/sound alignment model document/shared"
+    " document",
+    "delivery/fit/ui": "platform lists templates/ui document/ui delivery/fit",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
     "app/session": "platform document document/saving",
     "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model"
@@ -81,8 +83,8 @@ ALLOWED = {
     "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui commands document/ui/menus document/ui"
     " app",
     "app/ui/windows": "platform platform/filemanager platform/window templates/ui document/concerns document/ui/table"
-    " document/ui/menus document/ui export export/lists export/ui import delivery delivery/ui import/ui app"
-    " app/ui/saving app/ui/menus",
+    " document/ui/menus document/ui export export/lists export/ui import delivery delivery/fit delivery/fit/ui"
+    " delivery/ui import/ui app app/ui/saving app/ui/menus",
     "app/ui/outside": "platform/dnssd model commands document/ui/menus document/ui remote remote/ui app"
     " app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window"

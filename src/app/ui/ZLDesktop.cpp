@@ -31,7 +31,7 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     , m_application(desktopSetup(events, m_sounds), float(QFontInfo(QApplication::font()).pointSizeF()),
           { m_hotKeyCenter.get(), commandLine.oscPort, commandLine.oscOutputs,
               std::make_unique<ZLAvahiServicePublisher>(), ZLProcessActivity::create() })
-    , m_windows(m_application.documentController())
+    , m_windows(m_application.documentController(), m_sounds.soundMaker())
     , m_keyEquivalents(m_application.documentController(), m_application.commandKeys())
     , m_remoteStatus(m_application)
     , m_outsideTarget(m_application)

@@ -300,6 +300,10 @@
         <source>Import Chapters</source>
         <translation>Kapitel importieren</translation>
     </message>
+    <message>
+        <source>Fit to Finished File</source>
+        <translation>An fertige Datei anpassen</translation>
+    </message>
 </context>
 <context>
     <name>ZLChapterDocumentWindow</name>
@@ -854,6 +858,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1 was not written.</source>
         <translation>%1 wurde nicht geschrieben.</translation>
+    </message>
+    <message>
+        <source>The chapters are at the places where they were found in this file. No shift is added.</source>
+        <translation>Die Kapitel stehen da, wo sie in dieser Datei gefunden wurden. Ein Versatz kommt nicht dazu.</translation>
     </message>
 </context>
 <context>
@@ -1676,6 +1684,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Audio files (%1)</source>
         <translation>Audiodateien (%1)</translation>
     </message>
+    <message>
+        <source>Fit to &amp;Finished File…</source>
+        <translation>An &amp;fertige Datei anpassen …</translation>
+    </message>
 </context>
 <context>
     <name>ZLFileName</name>
@@ -1708,6 +1720,73 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLFitChoices</name>
+    <message>
+        <source>Finished file</source>
+        <translation>Fertige Datei</translation>
+    </message>
+    <message>
+        <source>Choose the Finished File</source>
+        <translation>Fertige Datei wählen</translation>
+    </message>
+    <message>
+        <source>Sound of the show</source>
+        <translation>Ton der Sendung</translation>
+    </message>
+    <message>
+        <source>Start of the clock in the recording, in seconds</source>
+        <translation>Beginn der Uhr in der Aufnahme, in Sekunden</translation>
+    </message>
+    <message>
+        <source>Where in the recording the clock of this document started, in seconds from its beginning.</source>
+        <translation>Wo in der Aufnahme die Uhr dieses Dokuments begonnen hat, in Sekunden von ihrem Anfang an.</translation>
+    </message>
+    <message>
+        <source>Choose the Recording</source>
+        <translation>Aufnahme wählen</translation>
+    </message>
+    <message>
+        <source>Finished file:</source>
+        <translation>Fertige Datei:</translation>
+    </message>
+    <message>
+        <source>Choose File…</source>
+        <translation>Datei wählen …</translation>
+    </message>
+    <message>
+        <source>Sound of the show:</source>
+        <translation>Ton der Sendung:</translation>
+    </message>
+    <message>
+        <source>Choose Recording…</source>
+        <translation>Aufnahme wählen …</translation>
+    </message>
+    <message>
+        <source>Clock starts at (s):</source>
+        <translation>Uhr beginnt bei (s):</translation>
+    </message>
+    <message>
+        <source>No file chosen</source>
+        <translation>Keine Datei gewählt</translation>
+    </message>
+    <message>
+        <source>%1, %2, fitted</source>
+        <translation>%1, %2, angepasst</translation>
+    </message>
+    <message>
+        <source>What was heard along</source>
+        <translation>Was mitgehört wurde</translation>
+    </message>
+    <message>
+        <source>The raw recording: choose a file</source>
+        <translation>Die rohe Aufnahme: Datei wählen</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
     <name>ZLFitCommand</name>
     <message>
         <source>%1 is not the show: too little of %2 is in it.</source>
@@ -1716,6 +1795,79 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1 is there already.</source>
         <translation>%1 gibt es schon.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitDraft</name>
+    <message>
+        <source>The fit was cancelled.</source>
+        <translation>Die Suche wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>%1 is not this show: too little of %2 is in it.</source>
+        <translation>%1 ist nicht diese Sendung: Zu wenig von %2 ist darin.</translation>
+    </message>
+    <message>
+        <source>what was heard along</source>
+        <translation>dem Mitgehörten</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitMarksModel</name>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Old Time</source>
+        <translation>Alte Zeit</translation>
+    </message>
+    <message>
+        <source>New Time</source>
+        <translation>Neue Zeit</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Confidence</source>
+        <translation>Sicherheit</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitPicture</name>
+    <message>
+        <source>in both</source>
+        <translation>in beiden</translation>
+    </message>
+    <message>
+        <source>cut out</source>
+        <translation>herausgeschnitten</translation>
+    </message>
+    <message>
+        <source>came in</source>
+        <translation>hinzugekommen</translation>
+    </message>
+    <message>
+        <source>played elsewhere too</source>
+        <translation>auch an anderer Stelle</translation>
+    </message>
+    <message>
+        <source>Picture of the fit</source>
+        <translation>Bild der Anpassung</translation>
+    </message>
+    <message>
+        <source>Pieces of the show that are in the finished file: %1. The list below has every mark.</source>
+        <translation>Teile der Sendung, die in der fertigen Datei sind: %1. In der Liste darunter steht jedes Kapitel.</translation>
+    </message>
+    <message>
+        <source>The show, %1</source>
+        <translation>Die Sendung, %1</translation>
+    </message>
+    <message>
+        <source>The finished file, %1</source>
+        <translation>Die fertige Datei, %1</translation>
     </message>
 </context>
 <context>
@@ -1735,6 +1887,89 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>not found</source>
         <translation>nicht gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitSheet</name>
+    <message>
+        <source>Fit to Finished File</source>
+        <translation>An fertige Datei anpassen</translation>
+    </message>
+    <message>
+        <source>Chapters in the finished file</source>
+        <translation>Kapitel in der fertigen Datei</translation>
+    </message>
+    <message>
+        <source>Progress of the fit</source>
+        <translation>Fortschritt der Anpassung</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Put the chapters of this document to their places in the finished file</source>
+        <translation>Die Kapitel dieses Dokuments an ihre Stellen in der fertigen Datei setzen</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Play four seconds of the finished file at the new place of the selected chapter</source>
+        <translation>Vier Sekunden der fertigen Datei an der neuen Stelle des gewählten Kapitels abspielen</translation>
+    </message>
+    <message>
+        <source>Find Chapters</source>
+        <translation>Kapitel suchen</translation>
+    </message>
+    <message>
+        <source>New Document</source>
+        <translation>Neues Dokument</translation>
+    </message>
+    <message>
+        <source>Make a new document of the chapters at their new places, and leave this one as it is</source>
+        <translation>Aus den Kapiteln an ihren neuen Stellen ein neues Dokument machen und dieses lassen, wie es ist</translation>
+    </message>
+    <message>
+        <source>Write into File…</source>
+        <translation>In Datei schreiben …</translation>
+    </message>
+    <message>
+        <source>Write the chapters at their new places into the finished file</source>
+        <translation>Die Kapitel an ihren neuen Stellen in die fertige Datei schreiben</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Listening to both files. The show can go on meanwhile.</source>
+        <translation>Beide Dateien werden angehört. Die Sendung kann dabei weitergehen.</translation>
+    </message>
+    <message>
+        <source>Choose the finished file, and the recording as it was before it was cut.</source>
+        <translation>Wähle die fertige Datei und die Aufnahme, wie sie vor dem Schneiden war.</translation>
+    </message>
+    <message>
+        <source>Kept: %1, moved to the seam: %2, cut: %3, not found: %4.</source>
+        <translation>Erhalten: %1, am Schnitt: %2, herausgeschnitten: %3, nicht gefunden: %4.</translation>
+    </message>
+    <message>
+        <source>The chapters of this document follow this file.</source>
+        <translation>Die Kapitel dieses Dokuments folgen dieser Datei.</translation>
+    </message>
+    <message>
+        <source>The chapters are where the finished file has them.</source>
+        <translation>Die Kapitel stehen da, wo die fertige Datei sie hat.</translation>
+    </message>
+    <message>
+        <source>Not found, unticked at their old times: %1</source>
+        <translation>Nicht gefunden, ohne Häkchen an der alten Zeit: %1</translation>
     </message>
 </context>
 <context>
@@ -3978,6 +4213,21 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>The sound cannot be brought to another sample rate.</source>
         <translation>Der Ton lässt sich nicht auf eine andere Abtastrate bringen.</translation>
+    </message>
+    <message>
+        <source>The file ends before that.</source>
+        <translation>Die Datei endet vorher.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLSoundExcerpt</name>
+    <message>
+        <source>%1: The file ends before that.</source>
+        <translation>%1: Die Datei endet vorher.</translation>
+    </message>
+    <message>
+        <source>There is no sound output to play it on.</source>
+        <translation>Es gibt keine Tonausgabe, um es abzuspielen.</translation>
     </message>
 </context>
 <context>

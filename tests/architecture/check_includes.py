@@ -82,8 +82,8 @@ ALLOWED = {
     " export/ui delivery app app/ui/saving",
     "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui commands document/ui/menus document/ui"
     " app",
-    "app/ui/windows": "platform platform/filemanager platform/window templates/ui document/concerns document/ui/table"
-    " document/ui/menus document/ui export export/lists export/ui import delivery delivery/fit delivery/fit/ui"
+    "app/ui/windows": "platform platform/filemanager platform/window resources/sounds templates/ui document/concerns"
+    " document/ui/table document/ui/menus document/ui export export/lists export/ui import delivery delivery/fit delivery/fit/ui"
     " delivery/ui import/ui app app/ui/saving app/ui/menus",
     "app/ui/outside": "platform/dnssd model commands document/ui/menus document/ui remote remote/ui app"
     " app/ui/windows",

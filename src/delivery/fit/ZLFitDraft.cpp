@@ -1,5 +1,6 @@
 #include "delivery/fit/ZLFitDraft.h"
 
+#include "delivery/fit/ZLClockStart.h"
 #include "delivery/fit/ZLFitApplication.h"
 #include "delivery/fit/ZLHeardSound.h"
 #include "delivery/fit/ZLKeptFits.h"
@@ -104,6 +105,23 @@ void ZLFitDraft::setZero(double seconds)
         Q_EMIT didChange();
 }
 
+bool ZLFitDraft::canFindZero() const
+{
+    return m_document && !isWorking() && m_source == Source::Recording && !m_recordingPath.isEmpty();
+}
+
+void ZLFitDraft::findZero()
+{
+    if (!canFindZero())
+        return;
+    forgetFit();
+    m_state = State::Working;
+    m_zeroJob = std::make_unique<ZLClockStartJob>();
+    connect(m_zeroJob.get(), &ZLClockStartJob::didEnd, this, &ZLFitDraft::takeZero);
+    m_zeroJob->start(zeroSearch());
+    Q_EMIT didChange();
+}
+
 QList<ZLKeptFit> ZLFitDraft::keptFits() const
 {
     return m_document ? ZLKeptFits::in(m_document->extras()) : QList<ZLKeptFit>();
@@ -144,6 +162,15 @@ void ZLFitDraft::cancel()
 {
     if (m_job)
         m_job->cancel();
+    if (m_zeroJob)
+        m_zeroJob->cancel();
+}
+
+double ZLFitDraft::fraction() const
+{
+    if (m_zeroJob)
+        return m_zeroJob->fraction();
+    return m_job ? m_job->fraction() : 0.0;
 }
 
 bool ZLFitDraft::isApplied() const
@@ -173,6 +200,27 @@ ZLFitJob::Hearing ZLFitDraft::hearing() const
             return fingerprint.error();
         return ZLShowSound { std::move(fingerprint).value(), zero };
     };
+}
+
+ZLClockStartJob::Search ZLFitDraft::zeroSearch() const
+{
+    return [path = m_recordingPath, beep = m_beep](
+               ZLWorkProgress& progress) { return ZLClockStart::byBeep(path, beep, progress); };
+}
+
+void ZLFitDraft::takeZero(const ZLResult<double>& zero)
+{
+    const bool isCancelled = m_zeroJob->isCancelled();
+    m_zeroJob.release()->deleteLater();
+    m_state = State::Choosing;
+    if (isCancelled)
+        m_message = tr("The search was cancelled.");
+    else if (zero)
+        m_zero = zero.value();
+    else
+        fail(zero.error().message);
+    Q_EMIT didChange();
+    Q_EMIT didFindZero();
 }
 
 void ZLFitDraft::takeFinding(const ZLResult<ZLFitFinding>& finding)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "delivery/fit/ZLClockStartJob.h"
 #include "delivery/fit/ZLFit.h"
 #include "delivery/fit/ZLFitJob.h"
 #include "delivery/fit/ZLKeptFit.h"
@@ -47,6 +48,11 @@ public:
     /// The place of the recording clock's zero in the recording, in seconds.
     void setZero(double seconds);
     [[nodiscard]] double zero() const { return m_zero; }
+    /// The bytes of the sound file that is heard before the clock starts.
+    void setBeep(const QByteArray& beep) { m_beep = beep; }
+    [[nodiscard]] bool canFindZero() const;
+    /// Looks for it in the recording: by what was heard along, where there is such, else by the beep.
+    void findZero();
 
     /// Finished files that were chosen before: their folders are not in the document.
     void setKnownPaths(const QStringList& paths) { m_knownPaths = paths; }
@@ -61,7 +67,7 @@ public:
     void cancel();
     [[nodiscard]] bool isWorking() const { return m_state == State::Working; }
     /// Of the fit that is being made, from 0 to 1.
-    [[nodiscard]] double fraction() const { return m_job ? m_job->fraction() : 0.0; }
+    [[nodiscard]] double fraction() const;
     [[nodiscard]] State state() const { return m_state; }
     /// One sentence: why there is no fit.
     [[nodiscard]] const QString& message() const { return m_message; }
@@ -80,11 +86,14 @@ Q_SIGNALS:
     void didChange();
     /// A fit that was started has its outcome.
     void didEnd();
+    void didFindZero();
 
 private:
     void lookForKeptFit();
     void showKeptFitOf(const QString& path, std::optional<double> length);
     [[nodiscard]] ZLFitJob::Hearing hearing() const;
+    [[nodiscard]] ZLClockStartJob::Search zeroSearch() const;
+    void takeZero(const ZLResult<double>& zero);
     void takeFinding(const ZLResult<ZLFitFinding>& finding);
     void keep(const ZLFitFinding& finding);
     void show(const ZLKeptFit& kept);
@@ -100,11 +109,13 @@ private:
     Source m_source = Source::Recording;
     QString m_recordingPath;
     double m_zero = 0.0;
+    QByteArray m_beep;
     QStringList m_knownPaths;
     State m_state = State::Choosing;
     QString m_message;
     /// Finds out how long the chosen file is.
     std::unique_ptr<ZLDiskWork> m_lookUp;
+    std::unique_ptr<ZLClockStartJob> m_zeroJob;
     std::unique_ptr<ZLFitJob> m_job;
     std::optional<ZLKeptFit> m_kept;
     std::optional<ZLFit> m_fit;

@@ -6,10 +6,13 @@
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLStatusLine.h"
 #include "document/ui/table/ZLChapterTableView.h"
+#include "resources/sounds/ZLSoundResource.h"
 
 #include <QBoxLayout>
 #include <QFileInfo>
 #include <QMenuBar>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,6 +31,7 @@ ZLFitDisplay::ZLFitDisplay(
     , m_draft(new ZLFitDraft(window.document(), this))
     , m_excerpt(new ZLSoundExcerpt(soundMaker, this))
 {
+    m_draft->setBeep(ZLSoundResource::named(u"beep.aiff"_s));
     connect(m_draft, &ZLFitDraft::didEnd, this, &ZLFitDisplay::rememberFiles);
     connect(m_excerpt, &ZLSoundExcerpt::didFail, this,
         [this](const QString& reason) { m_window.statusLine().showPassingMessage(reason); });

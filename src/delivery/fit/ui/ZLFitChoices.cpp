@@ -45,6 +45,7 @@ ZLFitChoices::ZLFitChoices(ZLFitDraft& draft, QWidget* parent)
     , m_chooseRecording(ZLSheetButton::make(u"chooseRecording"_s, this))
     , m_zeroLabel(new QLabel(this))
     , m_zero(new QDoubleSpinBox(this))
+    , m_findZero(ZLSheetButton::make(u"findZero"_s, this))
 {
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -84,6 +85,7 @@ void ZLFitChoices::addShowRow(QGridLayout& layout)
     layout.addWidget(m_chooseRecording, 1, 2);
     layout.addWidget(m_zeroLabel, 1, 3);
     layout.addWidget(m_zero, 1, 4);
+    layout.addWidget(m_findZero, 1, 5);
     connect(m_sources, &QComboBox::activated, this,
         [this](int index) { m_draft.setSource(Source(m_sources->itemData(index).toInt())); });
     connect(m_chooseRecording, &QPushButton::clicked, this, [this] {
@@ -91,6 +93,7 @@ void ZLFitChoices::addShowRow(QGridLayout& layout)
             tr("Choose the Recording"), u"recordingPanel"_s, m_draft.recordingPath(), &ZLFitDraft::setRecordingPath);
     });
     connect(m_zero, &QDoubleSpinBox::valueChanged, &m_draft, &ZLFitDraft::setZero);
+    connect(m_findZero, &QPushButton::clicked, &m_draft, &ZLFitDraft::findZero);
 }
 
 void ZLFitChoices::setTexts(ZLMnemonics& mnemonics)
@@ -100,6 +103,9 @@ void ZLFitChoices::setTexts(ZLMnemonics& mnemonics)
     m_sourcesLabel->setText(mnemonics.withMnemonic(tr("Sound of the show:")));
     m_chooseRecording->setText(mnemonics.withMnemonic(tr("Choose Recording…")));
     m_zeroLabel->setText(mnemonics.withMnemonic(tr("Clock starts at (s):")));
+    m_findZero->setText(mnemonics.withMnemonic(tr("Find Start")));
+    m_findZero->setToolTip(
+        tr("Find where the clock started: by what was heard along, or else by the start beep in the recording"));
 }
 
 void ZLFitChoices::takeKeyboard()
@@ -127,10 +133,12 @@ void ZLFitChoices::update()
     const bool isRecording = m_draft.source() == Source::Recording;
     m_zeroLabel->setVisible(isRecording);
     m_zero->setVisible(isRecording);
+    m_findZero->setVisible(isRecording);
     // The cell keeps its place, so that the keyboard does not get lost.
     for (QWidget* choice :
         std::initializer_list<QWidget*> { m_files, m_chooseFile, m_sources, m_chooseRecording, m_zero })
         choice->setEnabled(!m_draft.isWorking());
+    m_findZero->setEnabled(m_draft.canFindZero());
 }
 
 /// The one that is chosen, and those that were fitted before.

@@ -49,5 +49,6 @@ private:
     QPushButton* m_chooseRecording;
     QLabel* m_zeroLabel;
     QDoubleSpinBox* m_zero;
+    QPushButton* m_findZero;
     QString m_folder;
 };

@@ -173,6 +173,10 @@ void ZLFitSheet::connectParts()
             takeKeyboard();
         Q_EMIT hasNews(outcome());
     });
+    connect(&m_draft, &ZLFitDraft::didFindZero, this, [this] {
+        if (isVisible() && isAncestorOf(focusWidget()))
+            takeKeyboard();
+    });
     connect(m_choices, &ZLFitChoices::fileWasChosen, this, &ZLFitSheet::takeKeyboard);
     connect(m_play, &QPushButton::clicked, this, &ZLFitSheet::play);
     connect(m_close, &QPushButton::clicked, this, &ZLFitSheet::dismiss);
@@ -252,7 +256,7 @@ void ZLFitSheet::showOutcome()
 QString ZLFitSheet::outcome() const
 {
     if (m_draft.isWorking())
-        return tr("Listening to both files. The show can go on meanwhile.");
+        return tr("Listening. The show can go on meanwhile.");
     if (!m_draft.fit()) {
         return m_draft.message().isEmpty()
             ? tr("Choose the finished file, and the recording as it was before it was cut.")

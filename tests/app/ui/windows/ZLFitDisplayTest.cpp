@@ -7,8 +7,13 @@
 #include "document/ui/table/ZLChapterTableView.h"
 #include "platform/media/file/ZLMediaFile.h"
 
-#include "../../../delivery/ZLWaveFile.h"
+#include "platform/media/decoding/ZLSoundDecoder.h"
+#include "resources/sounds/ZLSoundResource.h"
 
+#include "../../../delivery/ZLWaveFile.h"
+#include "../../../delivery/fit/ZLShowSounds.h"
+
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QTreeView>
 
@@ -142,4 +147,31 @@ TEST_F(ZLFitDisplayTest, MarksArriveWhileItIsOpen)
     button(document, u"applyFit"_s)->click();
     EXPECT_EQ(times(document), (QList<double> { 10.0, 45.0, 50.0 }));
     EXPECT_TRUE(document->isRecording());
+}
+
+TEST_F(ZLFitDisplayTest, TheStartOfTheClockIsFoundByItsBeepInTheRecording)
+{
+    ASSERT_TRUE(ZLAtomicFile::write(filePath(u"beep.aiff"_s), ZLSoundResource::named(u"beep.aiff"_s)));
+    ZLShowSounds::Samples beep;
+    ASSERT_TRUE(ZLSoundDecoder::decode(
+        filePath(u"beep.aiff"_s), ZLShowSounds::SamplesPerSecond, [&beep](std::span<const float> part) {
+            beep.insert(beep.end(), part.begin(), part.end());
+            return true;
+        }));
+    // As loud as those who speak over it.
+    ZLShowSounds::Samples recording = ZLShowSounds::show(5, 30.0);
+    for (std::size_t at = 0; at < recording.size(); ++at)
+        recording[at] *= 0.2F;
+    constexpr double start = 7.25;
+    for (std::size_t at = 0; at < beep.size(); ++at)
+        recording[std::size_t(start * ZLShowSounds::SamplesPerSecond) - beep.size() + at] += 0.6F * beep[at];
+    ASSERT_TRUE(ZLShowSounds::write(filePath(u"raw.wav"_s), recording));
+    ZLChapterDocument* document = newDocument();
+    trigger(document, u"fitToFinishedFile"_s);
+    button(document, u"chooseRecording"_s)->click();
+    choose(dialogOf(document), filePath(u"raw.wav"_s));
+    button(document, u"findZero"_s)->click();
+    auto* zero = sheetOf(document)->findChild<QDoubleSpinBox*>(u"zero"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return zero->isEnabled() && zero->value() != 0.0; }, 30'000));
+    EXPECT_NEAR(zero->value(), start, 0.01);
 }

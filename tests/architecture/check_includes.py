@@ -49,7 +49,8 @@ ALLOWED = {
     "document/editing": "platform model settings templates document/shared document/recording",
     "document": "platform platform/archive model lists settings templates document/shared document/recording"
     " document/editing",
-    "document/saving": "platform platform/archive model document/shared document/recording document",
+    "document/saving/journal": "platform platform/archive model document/shared document/recording document",
+    "document/saving": "platform model document document/saving/journal",
     "commands": "settings document",
     "document/concerns": "platform document/recording document/saving",
     "document/ui/table": "settings templates/ui document/editing document",

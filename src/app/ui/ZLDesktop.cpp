@@ -18,6 +18,7 @@ ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events, ZLApp
     ZLDocumentControllerSetup setup;
     setup.environment.isApplicationActive = &ZLApplicationFocus::isActive;
     setup.environment.isOptionKeyHeld = [&events] { return events.isOptionKeyHeld(); };
+    setup.environment.pressUnderWay = [&events] { return events.pressUnderWay(); };
     setup.environment.soundNamed = sounds.soundNamed();
     setup.environment.bootClock = std::make_shared<ZLBootClock>();
     setup.environment.notificationCenter = std::make_shared<ZLBusNotificationCenter>();

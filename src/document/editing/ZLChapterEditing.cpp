@@ -264,8 +264,8 @@ void ZLChapterEditing::announceGoing(const ZLChapterPointer& chapter)
 
 void ZLChapterEditing::stampWithClock(ZLChapter& chapter) const
 {
-    chapter.setTimeStamp(m_recording.clock().currentDuration());
-    chapter.setRealDate(m_basis.environment.wallClock());
+    chapter.setTimeStamp(m_recording.commandTime().reading());
+    chapter.setRealDate(m_recording.commandTime().wallClock());
 }
 
 void ZLChapterEditing::notifyOfNewChapter()

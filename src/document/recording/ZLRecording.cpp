@@ -21,6 +21,7 @@ ZLRecording::ZLRecording(ZLDocumentBasis& basis, Mark mark)
     , m_sleepWatcher(basis.environment.hostClock, basis.environment.bootClock)
     , m_interruption(basis, m_clock, m_sleepWatcher)
     , m_sleptTime(basis, m_clock, m_sleepWatcher)
+    , m_commandTime(basis.environment, m_clock, m_sleptTime)
 {
     connect(&m_clock, &ZLRecordingClock::displayIsDue, this, &ZLRecording::tick);
 }
@@ -37,12 +38,12 @@ void ZLRecording::recordButtonPressed()
     if (m_clock.isRunning()) {
         m_sleptTime.noticeSleep();
         const double originalDuration = m_clock.duration();
-        stop(originalDuration, m_clock.currentDuration(), m_clock.startTime());
+        stop(originalDuration, m_commandTime.reading(), m_clock.startTime());
     } else if (ZLSettingsManager::playSoundBeforeRecording()) {
         playStartBeep();
         m_basis.changes.note(ZLDocumentChange::Recording);
     } else {
-        startNow();
+        beginSpanAt(m_commandTime.hostTime());
     }
 }
 
@@ -53,7 +54,7 @@ void ZLRecording::soundDidFinishPlaying()
         m_beep.release()->deleteLater();
     // An undo or redo may have started the clock while the beep was playing.
     if (!m_clock.isRunning())
-        startNow();
+        beginSpanAt(m_clock.hostTime());
 }
 
 void ZLRecording::startWithTime(double hostTime)
@@ -107,6 +108,7 @@ void ZLRecording::beginAnewAt(double duration)
 void ZLRecording::_realStartWithTime(double hostTime)
 {
     m_clock.startAt(hostTime);
+    const ZLCommandTime::Moment start(m_commandTime, hostTime);
     createAutomaticChapter();
     m_basis.changes.note(ZLDocumentChange::Recording);
 }
@@ -117,10 +119,10 @@ void ZLRecording::_realStop()
     m_basis.changes.note(ZLDocumentChange::Recording);
 }
 
-void ZLRecording::startNow()
+void ZLRecording::beginSpanAt(double hostTime)
 {
     m_sleepWatcher.restart();
-    startWithTime(m_clock.hostTime());
+    startWithTime(hostTime);
 }
 
 void ZLRecording::playStartBeep()

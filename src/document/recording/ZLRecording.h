@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/recording/ZLCommandTime.h"
 #include "document/recording/ZLRecordingClock.h"
 #include "document/recording/ZLRecordingInterruption.h"
 #include "document/recording/ZLSleptTime.h"
@@ -29,6 +30,9 @@ public:
     [[nodiscard]] ZLSleptTime& sleptTime() { return m_sleptTime; }
     [[nodiscard]] const ZLSleptTime& sleptTime() const { return m_sleptTime; }
 
+    /// When the command was given that is being carried out.
+    [[nodiscard]] const ZLCommandTime& commandTime() const { return m_commandTime; }
+
     /// Whether the start beep is playing, after which the clock starts.
     [[nodiscard]] bool isWaitingForBeep() const { return m_beep != nullptr; }
     /// "00:01:05.3": the clock, truncated to tenths.
@@ -36,6 +40,7 @@ public:
 
     /// Starts the clock, after the beep where one is wanted, or stops it.
     void recordButtonPressed();
+    /// Starts the clock at this moment: the press that had the beep played came before it.
     void soundDidFinishPlaying();
     void startWithTime(double hostTime);
     void undoStartWithTime(double hostTime);
@@ -51,7 +56,7 @@ Q_SIGNALS:
 private:
     void _realStartWithTime(double hostTime);
     void _realStop();
-    void startNow();
+    void beginSpanAt(double hostTime);
     void playStartBeep();
     void createAutomaticChapter();
     void tick();
@@ -62,5 +67,6 @@ private:
     ZLSleepWatcher m_sleepWatcher;
     ZLRecordingInterruption m_interruption;
     ZLSleptTime m_sleptTime;
+    ZLCommandTime m_commandTime;
     std::unique_ptr<ZLSound> m_beep;
 };

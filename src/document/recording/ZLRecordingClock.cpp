@@ -14,9 +14,9 @@ ZLRecordingClock::ZLRecordingClock(std::shared_ptr<const ZLHostClock> hostClock,
     connect(&m_displayTimer, &QTimer::timeout, this, &ZLRecordingClock::displayIsDue);
 }
 
-double ZLRecordingClock::currentDuration() const
+double ZLRecordingClock::readingAt(double hostTime) const
 {
-    return m_startTime == 0.0 ? m_duration : m_duration + (hostTime() - m_startTime);
+    return m_startTime == 0.0 ? m_duration : m_duration + (hostTime - m_startTime);
 }
 
 void ZLRecordingClock::startAt(double hostTime)

@@ -22,7 +22,9 @@ public:
     [[nodiscard]] double duration() const { return m_duration; }
     void setDuration(double seconds) { m_duration = seconds; }
     /// Seconds recorded up to now.
-    [[nodiscard]] double currentDuration() const;
+    [[nodiscard]] double currentDuration() const { return readingAt(hostTime()); }
+    /// What the clock read, or will read, at a moment of the running span; while it stands, what it reads.
+    [[nodiscard]] double readingAt(double hostTime) const;
     [[nodiscard]] bool isRunning() const { return m_displayTimer.isActive(); }
 
     /// Begins a span at `hostTime`, which may lie in the past.

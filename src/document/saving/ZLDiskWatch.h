@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/saving/ZLStandstill.h"
+#include "platform/ZLStandstill.h"
 #include "platform/ZLHostClock.h"
 
 #include <QObject>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/saving/ZLJournalReader.h"
+#include "document/saving/journal/ZLJournalReader.h"
 #include "document/saving/ZLRecoveryFolder.h"
 
 #include <functional>

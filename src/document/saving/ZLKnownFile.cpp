@@ -1,6 +1,6 @@
 #include "document/saving/ZLKnownFile.h"
 
-#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 #include "document/saving/ZLNewIdentifiers.h"
 
 ZLKnownFile::ZLKnownFile(const QByteArray& bytes, const QByteArray& fileBytes, const QDateTime& time)

@@ -38,8 +38,9 @@ public:
 
 private:
     void receivePendingDatagrams();
-    void handleDatagram(QByteArrayView datagram, const ZLOSCPeer& peer);
-    void handleMessage(const ZLOSCMessage& message, const ZLOSCPeer& peer, qsizetype weight);
+    [[nodiscard]] ZLPressStamp stampOfNextDatagram() const;
+    void handleDatagram(QByteArrayView datagram, const ZLOSCPeer& peer, ZLPressStamp stamp);
+    void handleMessage(const ZLOSCReceivedMessage& received, qsizetype weight);
     bool isAllowed(const QHostAddress& sender);
     void sample(ZLOSCDropReason reason, const ZLOSCPeer& peer, const std::function<void(ZLOSCDroppedDatagram&)>& fill);
     void wakeMainThread();

@@ -1,4 +1,4 @@
-#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 
 #include <QCryptographicHash>
 #include <QtEndian>
@@ -8,9 +8,12 @@ namespace {
 constexpr qsizetype recordHeadSize = 4 + 4 + 1;
 constexpr qsizetype recordDigestSize = 8;
 
-QByteArray shortDigestOf(QByteArrayView bytes)
+QByteArray shortDigestOf(QByteArrayView head, QByteArrayView payload)
 {
-    return ZLJournalRecords::digestOf(bytes).first(recordDigestSize);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(head);
+    hash.addData(payload);
+    return hash.result().first(recordDigestSize);
 }
 
 void appendNumber(QByteArray& bytes, quint32 number)
@@ -29,16 +32,24 @@ bool isKnownKind(quint8 kind)
 
 }
 
-QByteArray ZLJournalRecords::encoded(quint32 sequence, const ZLJournalRecord& record)
+QByteArray ZLJournalRecords::head(quint32 sequence, const ZLJournalRecord& record)
 {
     QByteArray bytes;
     bytes.reserve(recordHeadSize + record.payload.size() + recordDigestSize);
     appendNumber(bytes, quint32(record.payload.size()));
     appendNumber(bytes, sequence);
     bytes.append(char(record.kind));
-    bytes.append(record.payload);
-    bytes.append(shortDigestOf(bytes));
     return bytes;
+}
+
+QByteArray ZLJournalRecords::recordDigest(quint32 sequence, const ZLJournalRecord& record)
+{
+    return record.digest.isEmpty() ? shortDigestOf(head(sequence, record), record.payload) : record.digest;
+}
+
+QByteArray ZLJournalRecords::encoded(quint32 sequence, const ZLJournalRecord& record)
+{
+    return head(sequence, record) + record.payload + recordDigest(sequence, record);
 }
 
 ZLJournalRecords::Decoded ZLJournalRecords::decoded(QByteArrayView bytes)
@@ -59,9 +70,10 @@ ZLJournalRecords::Decoded ZLJournalRecords::decoded(QByteArrayView bytes)
             || qFromBigEndian<quint32>(bytes.data() + 4) != sequence)
             return result;
         const QByteArrayView covered = bytes.first(recordHeadSize + length);
-        if (bytes.sliced(covered.size(), recordDigestSize) != shortDigestOf(covered))
+        const QByteArrayView payload = covered.sliced(recordHeadSize);
+        if (bytes.sliced(covered.size(), recordDigestSize) != shortDigestOf(covered.first(recordHeadSize), payload))
             return result;
-        result.records.append({ ZLJournalRecord::Kind(kind), covered.sliced(recordHeadSize).toByteArray() });
+        result.records.append({ .kind = ZLJournalRecord::Kind(kind), .payload = payload.toByteArray() });
         bytes = bytes.sliced(covered.size() + recordDigestSize);
         result.isTorn = false;
     }

@@ -1,4 +1,4 @@
-#include "document/saving/ZLChapterListShadow.h"
+#include "document/saving/journal/ZLChapterListShadow.h"
 
 #include "document/ZLDocumentFile.h"
 #include "support/ZLChapterBuilders.h"

@@ -1,18 +1,7 @@
-#include "document/saving/ZLChapterListShadow.h"
+#include "document/saving/journal/ZLChapterListShadow.h"
 
 #include <algorithm>
-#include <bit>
 #include <utility>
-
-namespace {
-
-/// Null and empty texts are told apart when they are stored. One text object needs no reading.
-bool isSameText(const QString& left, const QString& right)
-{
-    return left.isNull() == right.isNull() && (left.constData() == right.constData() || left == right);
-}
-
-}
 
 ZLChapterListShadow::ZLChapterListShadow(const ZLChapterManager& chapters)
     : m_manager(chapters)
@@ -24,21 +13,6 @@ ZLChapterListShadow::ZLChapterListShadow(const ZLChapterManager& chapters)
     connect(&chapters, &ZLChapterManager::didReplaceChapters, this, &ZLChapterListShadow::doubtEverything);
 }
 
-ZLChapterListShadow::Entry ZLChapterListShadow::Entry::of(const ZLChapter& chapter)
-{
-    return { chapter.timeStamp(), chapter.isEnabled(), chapter.title(), chapter.link(), chapter.tags(),
-        chapter.realDate(), chapter.dateAsRead(), chapter.uuid() };
-}
-
-bool ZLChapterListShadow::Entry::matches(const ZLChapter& chapter) const
-{
-    // By bits: a time that is no number is not equal to itself.
-    return std::bit_cast<quint64>(timeStamp) == std::bit_cast<quint64>(chapter.timeStamp())
-        && isEnabled == chapter.isEnabled() && isSameText(title, chapter.title()) && isSameText(link, chapter.link())
-        && isSameText(tags, chapter.tags()) && isSameText(uuid, chapter.uuid()) && realDate == chapter.realDate()
-        && dateAsRead == chapter.dateAsRead();
-}
-
 std::optional<ZLJournalSplice> ZLChapterListShadow::takeDifference()
 {
     if (m_changesSeen != m_manager.changeCount())
@@ -46,11 +20,11 @@ std::optional<ZLJournalSplice> ZLChapterListShadow::takeDifference()
     const ZLChapterSequence& chapters = m_manager.chapters();
     const qsizetype shorter = std::min(m_entries.size(), chapters.size());
     qsizetype first = std::min(std::exchange(m_sameAtFront, chapters.size()), shorter);
-    while (first < shorter && m_entries.at(first).matches(*chapters.at(first)))
+    while (first < shorter && chapters.at(first)->isAsIn(*m_entries.at(first)))
         ++first;
     qsizetype last = std::min(std::exchange(m_sameAtBack, chapters.size()), shorter - first);
     while (last < shorter - first
-        && m_entries.at(m_entries.size() - 1 - last).matches(*chapters.at(chapters.size() - 1 - last)))
+        && chapters.at(chapters.size() - 1 - last)->isAsIn(*m_entries.at(m_entries.size() - 1 - last)))
         ++last;
     m_changesSeen = m_manager.changeCount();
     ZLJournalSplice splice { .first = first, .removedCount = m_entries.size() - first - last };
@@ -58,9 +32,9 @@ std::optional<ZLJournalSplice> ZLChapterListShadow::takeDifference()
     if (splice.removedCount == 0 && insertedCount == 0)
         return std::nullopt;
     m_entries.remove(first, splice.removedCount);
-    m_entries.insert(first, insertedCount, Entry());
+    m_entries.insert(first, insertedCount, {});
     for (qsizetype index = first; index < first + insertedCount; ++index) {
-        m_entries[index] = Entry::of(*chapters.at(index));
+        m_entries[index] = chapters.at(index)->record();
         splice.inserted.append(chapters.at(index)->dictionaryRepresentation());
     }
     return splice;

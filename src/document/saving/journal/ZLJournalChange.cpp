@@ -1,4 +1,4 @@
-#include "document/saving/ZLJournalChange.h"
+#include "document/saving/journal/ZLJournalChange.h"
 
 #include "platform/ZLUtcTime.h"
 #include "platform/archive/ZLKeyedArchiver.h"

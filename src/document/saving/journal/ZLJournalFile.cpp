@@ -1,4 +1,4 @@
-#include "document/saving/ZLJournalFile.h"
+#include "document/saving/journal/ZLJournalFile.h"
 
 #include "platform/ZLAbandonedWork.h"
 #include "platform/ZLRemainingTime.h"
@@ -60,16 +60,40 @@ struct ZLJournalFile::Descriptor {
         const int error = writeWholly(disk, number, bytes);
         if (error == 0)
             size += bytes.size();
-        else if (ftruncate(number, size) != 0 || lseek(number, size, SEEK_SET) != size)
-            qCWarning(journalLog) << "half a record stays at the end";
+        else
+            cutTo(size);
         return error;
     }
 
     int append(const ZLJournalDisk& disk, const ZLJournalRecord& record)
     {
-        const int error = append(disk, ZLJournalRecords::encoded(nextSequence, record));
+        const int error = record.payload.size() <= LongestPayloadInOnePiece
+            ? append(disk, ZLJournalRecords::encoded(nextSequence, record))
+            : appendInPieces(disk, record);
         nextSequence += error == 0 ? 1 : 0;
         return error;
+    }
+
+private:
+    /// Bytes. A longer one is not worth a copy.
+    static constexpr qsizetype LongestPayloadInOnePiece = 64 * 1024;
+
+    int appendInPieces(const ZLJournalDisk& disk, const ZLJournalRecord& record)
+    {
+        const off_t sizeBefore = size;
+        int error = append(disk, ZLJournalRecords::head(nextSequence, record));
+        error = error == 0 ? append(disk, record.payload) : error;
+        error = error == 0 ? append(disk, ZLJournalRecords::recordDigest(nextSequence, record)) : error;
+        if (error != 0)
+            cutTo(sizeBefore);
+        return error;
+    }
+
+    void cutTo(off_t wanted)
+    {
+        size = wanted;
+        if (ftruncate(number, size) != 0 || lseek(number, size, SEEK_SET) != size)
+            qCWarning(journalLog) << "half a record stays at the end";
     }
 };
 
@@ -79,6 +103,7 @@ ZLJournalFile::ZLJournalFile(const QString& path, ZLJournalDisk disk)
 {
     m_writer.setMaxThreadCount(1);
     m_syncer.setMaxThreadCount(1);
+    m_maker.setMaxThreadCount(1);
 }
 
 ZLJournalFile::~ZLJournalFile()
@@ -95,9 +120,9 @@ bool ZLJournalFile::finish(QDeadlineTimer deadline)
         if (!m_progress.wait_for(lock, ZLRemainingTime(deadline), isSynced))
             return false;
     }
-    // Each of them may give the other one work: a successor is made by one and installed by the other.
+    // They give one another work: a successor goes from the maker to the syncer, to the writer and to the syncer.
     for (int round = 0; round < 2; ++round) {
-        for (QThreadPool* thread : { &m_writer, &m_syncer }) {
+        for (QThreadPool* thread : { &m_writer, &m_maker, &m_syncer }) {
             if (!thread->waitForDone(deadline.isForever() ? -1 : int(deadline.remainingTime())))
                 return false;
         }
@@ -118,9 +143,9 @@ bool ZLJournalFile::leave(std::shared_ptr<ZLJournalFile> file, QDeadlineTimer de
     return false;
 }
 
-void ZLJournalFile::begin(QList<ZLJournalRecord> records)
+void ZLJournalFile::begin(MakeRecords makeRecords)
 {
-    post([this, records = std::move(records)] { performBegin(records); }, Sync::AtOnce);
+    post([this, makeRecords = std::move(makeRecords)] { performBegin(makeRecords); }, Sync::AtOnce);
 }
 
 void ZLJournalFile::append(ZLJournalRecord record, Sync sync)
@@ -184,6 +209,12 @@ qint64 ZLJournalFile::size() const
     return m_size;
 }
 
+qint64 ZLJournalFile::sizeAtBeginning() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_sizeAtBeginning;
+}
+
 // No lock is held while another thread is woken, which would run into it at once.
 void ZLJournalFile::post(std::function<void()> task, Sync sync)
 {
@@ -235,27 +266,36 @@ void ZLJournalFile::syncNow()
     m_progress.notify_all();
 }
 
-void ZLJournalFile::performBegin(const QList<ZLJournalRecord>& records)
+void ZLJournalFile::performBegin(const MakeRecords& makeRecords)
 {
     if (!m_descriptor) {
-        if (const DescriptorPointer successor = makeSuccessor(records))
-            install(successor);
+        performFirstBegin(makeRecords);
         return;
     }
-    // Making the successor takes a sync of its own. Until then records go into the old file, and into the new one
-    // after.
+    // The records of a long document take their time, and so does the sync of their own. Until then records go into the
+    // old file, and into the new one after.
     if (std::exchange(m_hasSuccessor, true))
         return;
     m_recordsForSuccessor.clear();
-    m_syncer.start([this, records] {
-        const DescriptorPointer successor = isLeft() ? nullptr : makeSuccessor(records);
-        const auto takeOver = [this, successor] {
-            if (successor)
-                install(successor);
-            m_hasSuccessor = false;
-        };
-        post(takeOver, Sync::AtOnce);
+    m_maker.start([this, makeRecords] {
+        const auto records = isLeft() ? QList<ZLJournalRecord>() : makeRecords();
+        m_syncer.start([this, records] {
+            const DescriptorPointer successor = isLeft() ? nullptr : makeSuccessor(records, Sync::AtOnce);
+            const auto takeOver = [this, successor] {
+                if (successor)
+                    install(successor);
+                m_hasSuccessor = false;
+            };
+            post(takeOver, Sync::AtOnce);
+        });
     });
+}
+
+void ZLJournalFile::performFirstBegin(const MakeRecords& makeRecords)
+{
+    const bool isAnythingThere = access(m_nativePath.constData(), F_OK) == 0;
+    if (const auto successor = makeSuccessor(makeRecords(), isAnythingThere ? Sync::AtOnce : Sync::WithTheNext))
+        install(successor);
 }
 
 void ZLJournalFile::performAppend(const ZLJournalRecord& record)
@@ -270,7 +310,7 @@ void ZLJournalFile::performAppend(const ZLJournalRecord& record)
     noteSize();
 }
 
-ZLJournalFile::DescriptorPointer ZLJournalFile::makeSuccessor(const QList<ZLJournalRecord>& records)
+ZLJournalFile::DescriptorPointer ZLJournalFile::makeSuccessor(const QList<ZLJournalRecord>& records, Sync sync)
 {
     const int number =
         open(successorPath().constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
@@ -282,7 +322,7 @@ ZLJournalFile::DescriptorPointer ZLJournalFile::makeSuccessor(const QList<ZLJour
     int error = fchmod(number, 0600) == 0 ? successor->append(m_disk, ZLJournalRecords::Signature) : errno;
     for (const ZLJournalRecord& record : records)
         error = error == 0 ? successor->append(m_disk, record) : error;
-    if (error == 0 && m_disk.sync(number) != 0 && errno != EINVAL)
+    if (error == 0 && sync == Sync::AtOnce && m_disk.sync(number) != 0 && errno != EINVAL)
         error = errno;
     if (error == 0)
         return successor;
@@ -294,6 +334,7 @@ ZLJournalFile::DescriptorPointer ZLJournalFile::makeSuccessor(const QList<ZLJour
 void ZLJournalFile::install(const DescriptorPointer& successor)
 {
     int error = 0;
+    const qint64 sizeAtBeginning = successor->size;
     for (const ZLJournalRecord& record : std::as_const(m_recordsForSuccessor))
         error = error == 0 ? successor->append(m_disk, record) : error;
     if (error == 0 && !m_recordsForSuccessor.isEmpty() && m_disk.sync(successor->number) != 0)
@@ -309,6 +350,7 @@ void ZLJournalFile::install(const DescriptorPointer& successor)
     {
         const std::lock_guard lock(m_mutex);
         m_descriptor = successor;
+        m_sizeAtBeginning = sizeAtBeginning;
         m_error = 0;
     }
     noteSize();

@@ -1,7 +1,7 @@
-#include "document/saving/ZLJournalReader.h"
+#include "document/saving/journal/ZLJournalReader.h"
 
-#include "document/saving/ZLJournalChange.h"
-#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalChange.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 
 #include <QCoreApplication>
 

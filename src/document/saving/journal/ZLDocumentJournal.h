@@ -1,14 +1,17 @@
 #pragma once
 
 #include "document/ZLChapterDocument.h"
-#include "document/saving/ZLChapterListShadow.h"
-#include "document/saving/ZLJournalFile.h"
-#include "document/saving/ZLKnownFile.h"
+#include "document/saving/journal/ZLChapterListShadow.h"
+#include "document/saving/journal/ZLJournalBase.h"
+#include "document/saving/journal/ZLJournalChange.h"
+#include "document/saving/journal/ZLJournalFile.h"
+#include "document/saving/journal/ZLKnownVersions.h"
 
 #include <QObject>
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 /// Journals one document: whatever changes in it is handed to the kernel before the document tells its listeners, and
 /// synced by a thread of the journal's own. While no file is begun it only watches.
@@ -31,10 +34,12 @@ public:
     /// Whether a wait for the hand-over of changes has run out, and they are not handed over yet.
     [[nodiscard]] bool isLagging() const { return m_file && m_file->isLagging(); }
     [[nodiscard]] ZLProgress progress() const { return m_file ? m_file->progress() : ZLProgress(); }
-    /// Begins the journal at `journalPath`. `snapshot` is the document as it is now, `filePath` the user's file, empty
-    /// for none, and `versions` what that may hold.
-    void begin(const QString& journalPath, const QString& filePath, const ZLKnownVersions& versions,
-        const QByteArray& snapshot);
+    /// The document as it is now, in bytes that are there already: a journal that is begun after the next change starts
+    /// from them. To be called while no file is begun.
+    void setBase(const QByteArray& bytes);
+    /// Begins the journal at `journalPath`. `filePath` is the user's file, empty for none, and `versions` what that may
+    /// hold.
+    void begin(const QString& journalPath, const QString& filePath, const ZLKnownVersions& versions);
     /// Begins it anew, from a new snapshot, when it is broken or has outgrown the last one several times.
     void tidy(const ZLKnownVersions& versions);
     /// Stops journaling and leaves the file as it is. Returns false when its disk does not take everything before
@@ -63,16 +68,20 @@ private:
     void followClock();
     void rememberDocument();
     [[nodiscard]] ZLJournalChange readingNow() const;
-    void beginFile(const ZLKnownVersions& versions, const QByteArray& snapshot);
+    /// What differs from the last call; absent for nothing.
+    [[nodiscard]] std::optional<ZLJournalChange> takeDifference();
+    void beginFile(const ZLKnownVersions& versions);
 
     ZLChapterDocument& m_document;
     const ZLJournalDisk m_disk;
     std::shared_ptr<ZLJournalFile> m_file;
     QString m_filePath;
-    qint64 m_snapshotSize = 0;
     ZLChapterListShadow m_chapters;
     ZLChapterListShadow m_templates;
     ClockState m_clock;
+    /// Absent when the document has become different in more than one step since.
+    std::optional<ZLJournalBase> m_base;
+    std::optional<ZLJournalChange> m_changeSinceBase;
     QTimer m_tickTimer { this };
     int m_ticks = 0;
 };

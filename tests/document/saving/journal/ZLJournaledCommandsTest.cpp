@@ -1,4 +1,4 @@
-#include "SavingFixture.h"
+#include "document/saving/SavingFixture.h"
 
 #include <list>
 

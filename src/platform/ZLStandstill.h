@@ -10,6 +10,8 @@ struct ZLProgress {
     bool isAwaited = false;
     /// Any number that is another one after each step.
     quint64 reached = 0;
+    /// While it is not, no disk has been asked yet.
+    bool isAtDisk = true;
 };
 
 /// Notices that something which is awaited has stood still for longer than any healthy disk needs.
@@ -22,7 +24,7 @@ public:
     /// Returns whether it hangs. `now` is in seconds.
     bool look(const ZLProgress& progress, double now)
     {
-        const bool standsStill = progress.isAwaited && m_lastLook && progress.reached == m_reached;
+        const bool standsStill = progress.isAwaited && progress.isAtDisk && m_lastLook && progress.reached == m_reached;
         m_silence = standsStill ? m_silence + std::min(now - *m_lastLook, LongestStep) : 0.0;
         m_lastLook = progress.isAwaited ? std::optional(now) : std::nullopt;
         m_reached = progress.reached;

@@ -1,4 +1,4 @@
-#include "document/saving/ZLStandstill.h"
+#include "platform/ZLStandstill.h"
 
 #include <gtest/gtest.h>
 

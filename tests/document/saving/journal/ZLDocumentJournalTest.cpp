@@ -1,4 +1,4 @@
-#include "SavingFixture.h"
+#include "document/saving/SavingFixture.h"
 
 #include <QScopeGuard>
 
@@ -95,8 +95,8 @@ TEST_F(ZLDocumentJournalTest, ASyncThatHangsDelaysNoMarkAtAll)
     std::binary_semaphore disk(0);
     std::atomic<int> syncs = 0;
     machinery.journalDisk.sync = [&](int descriptor) {
-        // The first one belongs to the beginning.
-        if (++syncs == 2)
+        // Not even the first mark, with which the journal begins, waits for it.
+        if (++syncs == 1)
             disk.acquire();
         return ::fdatasync(descriptor);
     };
@@ -106,6 +106,47 @@ TEST_F(ZLDocumentJournalTest, ASyncThatHangsDelaysNoMarkAtAll)
         addChapter("More");
         ASSERT_EQ(journaledTitles().size(), mark) << "the kernel has it although nothing is synced";
     }
+}
+
+TEST_F(ZLDocumentJournalTest, AJournalBeginsWithTheBytesThatWereOpenedAndTheFirstChangeFollows)
+{
+    addChapter("Opened");
+    document.undoManager().removeAllActions();
+    const QString path = filePath("show.zelta");
+    const auto saver = titledSaver(path);
+    addChapter("First");
+    const auto records =
+        ZLJournalRecords::decoded(ZLBoundedFile::read(journalPath(), ZLFileBound::Document).value()).records;
+    ASSERT_GE(records.size(), 2);
+    EXPECT_EQ(records.at(1).payload, ZLBoundedFile::read(path, ZLFileBound::Document).value())
+        << "no bytes of a long document are made for the first mark";
+    EXPECT_EQ(journaledTitles(), (QStringList { u"Opened"_s, u"First"_s }));
+    EXPECT_TRUE(journaled().hasChangesSinceFile);
+    addChapter("Second");
+    EXPECT_EQ(journaledTitles(), (QStringList { u"Opened"_s, u"First"_s, u"Second"_s }));
+}
+
+TEST_F(ZLDocumentJournalTest, AJournalThatCouldNotBeginAtTheFirstChangeBeginsWithAllOfThem)
+{
+    QFile obstacle(temporary.filePath(u"state"_s));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    const auto saver = titledSaver(filePath("show.zelta"));
+    addChapter("First");
+    addChapter("Second");
+    EXPECT_FALSE(saver->recoveryFailureText().isEmpty());
+    ASSERT_TRUE(obstacle.remove());
+    saver->retryJournal();
+    EXPECT_EQ(journaledTitles(), (QStringList { u"First"_s, u"Second"_s }));
+}
+
+TEST_F(ZLDocumentJournalTest, AfterSaveAsTheJournalBeginsWithTheBytesThatWereSaved)
+{
+    const auto saver = titledSaver(filePath("show.zelta"));
+    addChapter("First");
+    ASSERT_TRUE(saver->saveAs(filePath("other.zelta")));
+    addChapter("Second");
+    EXPECT_EQ(journaledTitles(), (QStringList { u"First"_s, u"Second"_s }));
+    EXPECT_EQ(journaled().filePath, filePath("other.zelta"));
 }
 
 TEST_F(ZLDocumentJournalTest, RecoveryDataAreForTheirUserAlone)

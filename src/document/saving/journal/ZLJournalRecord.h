@@ -14,6 +14,8 @@ struct ZLJournalRecord {
     };
     Kind kind = Kind::Change;
     QByteArray payload {};
+    /// Its digest under its sequence number, where somebody knows that already; see ZLJournalRecords::recordDigest().
+    QByteArray digest {};
 
     bool operator==(const ZLJournalRecord&) const = default;
 };
@@ -29,6 +31,10 @@ struct Decoded {
 
 inline const QByteArray Signature = QByteArrayLiteral("zelta journal 1\n");
 
+/// What stands before the payload.
+[[nodiscard]] QByteArray head(quint32 sequence, const ZLJournalRecord& record);
+/// What stands behind the payload.
+[[nodiscard]] QByteArray recordDigest(quint32 sequence, const ZLJournalRecord& record);
 [[nodiscard]] QByteArray encoded(quint32 sequence, const ZLJournalRecord& record);
 /// The records up to the first that is not whole, in no order or does not fit its digest. None without a signature.
 [[nodiscard]] Decoded decoded(QByteArrayView bytes);

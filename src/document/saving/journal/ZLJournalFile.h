@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/saving/ZLJournalRecord.h"
-#include "document/saving/ZLStandstill.h"
+#include "document/saving/journal/ZLJournalRecord.h"
+#include "platform/ZLStandstill.h"
 
 #include <QDeadlineTimer>
 #include <QString>
@@ -31,6 +31,8 @@ class ZLJournalFile {
 public:
     /// When a record has to be safe from a power cut.
     enum class Sync { AtOnce, WithTheNext };
+    /// Makes the records that a file begins with, on a thread of the file's.
+    using MakeRecords = std::function<QList<ZLJournalRecord>()>;
 
     explicit ZLJournalFile(const QString& path, ZLJournalDisk disk = {});
     /// Waits until everything is written and synced, however long that lasts; see leave().
@@ -42,8 +44,9 @@ public:
     static bool leave(std::shared_ptr<ZLJournalFile> file, QDeadlineTimer deadline);
 
     /// Begins the file anew. What stands under its name is replaced when the new one is synced, so that at each moment
-    /// one of both is whole.
-    void begin(QList<ZLJournalRecord> records);
+    /// one of both is whole; where nothing stands, the sync comes after the hand-over as for every other record. Does
+    /// nothing while the file is being begun anew already.
+    void begin(MakeRecords makeRecords);
     void append(ZLJournalRecord record, Sync sync);
 
     /// Waits until the kernel has everything that was appended, so that a kill of the process cannot lose it. Returns
@@ -61,6 +64,8 @@ public:
     /// Which folder does not take it and why, while isBroken(); else empty.
     [[nodiscard]] QString failureText() const;
     [[nodiscard]] qint64 size() const;
+    /// The size with which it was begun last.
+    [[nodiscard]] qint64 sizeAtBeginning() const;
 
 private:
     struct Descriptor;
@@ -75,9 +80,10 @@ private:
     void noteWritten();
     void startSync();
     void syncNow();
-    void performBegin(const QList<ZLJournalRecord>& records);
+    void performBegin(const MakeRecords& makeRecords);
+    void performFirstBegin(const MakeRecords& makeRecords);
     void performAppend(const ZLJournalRecord& record);
-    [[nodiscard]] DescriptorPointer makeSuccessor(const QList<ZLJournalRecord>& records);
+    [[nodiscard]] DescriptorPointer makeSuccessor(const QList<ZLJournalRecord>& records, Sync sync);
     void install(const DescriptorPointer& successor);
     [[nodiscard]] bool isLeft() const;
     void noteSize();
@@ -101,6 +107,7 @@ private:
     bool m_isLeft = false;
     int m_error = 0;
     qint64 m_size = 0;
+    qint64 m_sizeAtBeginning = 0;
     /// Replaced by the writing thread alone.
     DescriptorPointer m_descriptor;
 
@@ -111,4 +118,6 @@ private:
     /// Last, so that their tasks end before anything else goes.
     QThreadPool m_syncer;
     QThreadPool m_writer;
+    /// Makes records where both others have their own work meanwhile.
+    QThreadPool m_maker;
 };

@@ -1,4 +1,4 @@
-#include "document/saving/ZLDocumentJournal.h"
+#include "document/saving/journal/ZLDocumentJournal.h"
 
 #include <utility>
 
@@ -18,21 +18,27 @@ ZLDocumentJournal::ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk 
     rememberDocument();
 }
 
-void ZLDocumentJournal::begin(
-    const QString& journalPath, const QString& filePath, const ZLKnownVersions& versions, const QByteArray& snapshot)
+void ZLDocumentJournal::setBase(const QByteArray& bytes)
+{
+    rememberDocument();
+    m_base.emplace(bytes);
+    m_changeSinceBase.reset();
+}
+
+void ZLDocumentJournal::begin(const QString& journalPath, const QString& filePath, const ZLKnownVersions& versions)
 {
     m_file = std::make_shared<ZLJournalFile>(journalPath, m_disk);
     m_filePath = filePath;
-    beginFile(versions, snapshot);
+    beginFile(versions);
     m_file->waitUntilHandedOver(m_disk.longestHandOver);
 }
 
 void ZLDocumentJournal::tidy(const ZLKnownVersions& versions)
 {
-    if (!m_file || (!m_file->isBroken() && m_file->size() <= std::max(SmallSize, 4 * m_snapshotSize)))
+    if (!m_file || (!m_file->isBroken() && m_file->size() <= std::max(SmallSize, 4 * m_file->sizeAtBeginning())))
         return;
     note();
-    beginFile(versions, m_document.dataOfType());
+    beginFile(versions);
 }
 
 bool ZLDocumentJournal::end(QDeadlineTimer deadline)
@@ -42,30 +48,40 @@ bool ZLDocumentJournal::end(QDeadlineTimer deadline)
 
 bool ZLDocumentJournal::noticeChange()
 {
-    const bool areChaptersOther = m_chapters.takeDifference().has_value();
-    const bool areTemplatesOther = m_templates.takeDifference().has_value();
-    const bool areExtrasOther = m_document.extras().takeDifference().has_value();
-    const ClockState clock = clockState();
-    return std::exchange(m_clock, clock) != clock || areChaptersOther || areTemplatesOther
-        || areExtrasOther;
+    auto change = takeDifference();
+    if (!change)
+        return false;
+    // What came in several steps would have to be put together, and so is told by a snapshot.
+    if (m_changeSinceBase)
+        m_base.reset();
+    m_changeSinceBase = std::move(change);
+    return true;
 }
 
 void ZLDocumentJournal::note()
 {
     if (!m_file)
         return;
+    const auto change = takeDifference();
+    if (!change)
+        return;
+    m_file->append({ ZLJournalRecord::Kind::Change, change->encoded() }, ZLJournalFile::Sync::AtOnce);
+    m_file->waitUntilHandedOver(m_disk.longestHandOver);
+}
+
+std::optional<ZLJournalChange> ZLDocumentJournal::takeDifference()
+{
     auto chapters = m_chapters.takeDifference();
     auto templates = m_templates.takeDifference();
     auto extras = m_document.extras().takeDifference();
     const ClockState clock = clockState();
     if (std::exchange(m_clock, clock) == clock && !chapters && !templates && !extras)
-        return;
+        return std::nullopt;
     ZLJournalChange change = readingNow();
     change.chapters = std::move(chapters);
     change.templates = std::move(templates);
     change.extras = std::move(extras);
-    m_file->append({ ZLJournalRecord::Kind::Change, change.encoded() }, ZLJournalFile::Sync::AtOnce);
-    m_file->waitUntilHandedOver(m_disk.longestHandOver);
+    return change;
 }
 
 ZLDocumentJournal::ClockState ZLDocumentJournal::clockState() const
@@ -106,15 +122,22 @@ ZLJournalChange ZLDocumentJournal::readingNow() const
     return change;
 }
 
-void ZLDocumentJournal::beginFile(const ZLKnownVersions& versions, const QByteArray& snapshot)
+void ZLDocumentJournal::beginFile(const ZLKnownVersions& versions)
 {
     using Kind = ZLJournalRecord::Kind;
     rememberDocument();
-    m_snapshotSize = snapshot.size();
-    QList<ZLJournalRecord> records { { Kind::Origin, m_filePath.toUtf8() }, { Kind::Snapshot, snapshot } };
+    QList<ZLJournalRecord> others;
     const auto digests = versions.value_or(QList<QByteArray>());
     for (const QByteArray& digest : digests)
-        records.append({ Kind::KnownFile, digest });
-    records.append({ Kind::Change, readingNow().encoded() });
-    m_file->begin(records);
+        others.append({ Kind::KnownFile, digest });
+    const auto base = std::exchange(m_base, std::nullopt);
+    const auto changeSinceBase = std::exchange(m_changeSinceBase, std::nullopt);
+    others.append({ Kind::Change, base && changeSinceBase ? changeSinceBase->encoded() : readingNow().encoded() });
+    const ZLJournalRecord origin { Kind::Origin, m_filePath.toUtf8() };
+    if (base)
+        m_file->begin([origin, base, others] { return QList { origin, base->record() } + others; });
+    else
+        m_file->begin([origin, snapshot = m_document.snapshot(), others] {
+            return QList { origin, ZLJournalRecord { Kind::Snapshot, snapshot.encoded() } } + others;
+        });
 }

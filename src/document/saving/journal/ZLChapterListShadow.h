@@ -1,9 +1,8 @@
 #pragma once
 
-#include "document/saving/ZLJournalChange.h"
+#include "document/saving/journal/ZLJournalChange.h"
 #include "model/ZLChapterManager.h"
 
-#include <QList>
 #include <QObject>
 
 /// Remembers how a list of chapters read last, and tells what became different since. It follows the rows that come and
@@ -21,28 +20,14 @@ public:
     [[nodiscard]] std::optional<ZLJournalSplice> takeDifference();
 
 private:
-    /// Copies share the texts with the chapter, so that comparing them is quick.
-    struct Entry {
-        double timeStamp;
-        bool isEnabled;
-        QString title;
-        QString link;
-        QString tags;
-        QDateTime realDate;
-        std::optional<ZLArchivedDate> dateAsRead;
-        QString uuid;
-
-        [[nodiscard]] static Entry of(const ZLChapter& chapter);
-        [[nodiscard]] bool matches(const ZLChapter& chapter) const;
-    };
-
     void noteInsertion(qsizetype index);
     void noteRemoval(qsizetype index);
     /// Makes the next comparison begin at both ends of the list.
     void doubtEverything();
 
     const ZLChapterManager& m_manager;
-    QList<Entry> m_entries;
+    /// What the chapters said. The record of a chapter that has not changed is the same one, which is seen at once.
+    ZLChapterSnapshot m_entries;
     /// How many chapters at the front and at the back were not touched, as long as no chapter changed by itself.
     qsizetype m_sameAtFront = 0;
     qsizetype m_sameAtBack = 0;

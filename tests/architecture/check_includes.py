@@ -35,6 +35,7 @@ ALLOWED = {
     "platform/media/decoding": "platform platform/media",
     "alignment": "platform",
     "recorder": "",
+    "recorder/osctime": "platform platform/osc recorder",
     "resources": "",
     "resources/sounds": "",
     "resources/translations": "",

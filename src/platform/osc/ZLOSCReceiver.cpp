@@ -114,6 +114,8 @@ void ZLOSCReceiver::handleMessage(const ZLOSCMessage& message, const ZLOSCPeer& 
         dropped.detail = message.description();
     };
     if (m_filter && !m_filter(message)) {
+        if (takeBesideQueue(message))
+            return;
         ++m_reception.filtered;
         return sample(ZLOSCDropReason::Filtered, peer, describe);
     }
@@ -124,6 +126,16 @@ void ZLOSCReceiver::handleMessage(const ZLOSCMessage& message, const ZLOSCPeer& 
     if (discarded > 0)
         sample(ZLOSCDropReason::Overflow, peer, describe);
     wakeMainThread();
+}
+
+bool ZLOSCReceiver::takeBesideQueue(const ZLOSCMessage& message)
+{
+    if (!m_newestOnly || !m_newestOnly(message))
+        return false;
+    ++m_reception.accepted;
+    m_reception.newest.put({ message, m_clock->now() });
+    wakeMainThread();
+    return true;
 }
 
 bool ZLOSCReceiver::isAllowed(const QHostAddress& sender)

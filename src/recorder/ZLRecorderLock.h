@@ -27,6 +27,8 @@ public:
     [[nodiscard]] bool isDriftKnown() const { return m_isDriftKnown; }
     /// Whether the position has stayed for so long where it is that a person can be told of it.
     [[nodiscard]] bool isSettledAt(double hostTime) const;
+    /// Host time from which on it lies there.
+    [[nodiscard]] double settledFrom() const { return m_settledFrom; }
     /// Host time of the last report.
     [[nodiscard]] double lastHostTime() const { return m_lastHostTime; }
 

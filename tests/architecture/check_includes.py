@@ -51,6 +51,7 @@ ALLOWED = {
     "document": "platform platform/archive model lists settings templates document/shared document/recording"
     " document/editing",
     "document/saving": "platform platform/archive model document/shared document/recording document",
+    "following": "platform model settings document/shared document recorder",
     "commands": "settings document",
     "document/concerns": "platform document/recording document/saving",
     "document/ui/table": "settings templates/ui document/editing document",

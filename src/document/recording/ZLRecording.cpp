@@ -38,6 +38,8 @@ void ZLRecording::recordButtonPressed()
         m_sleptTime.noticeSleep();
         const double originalDuration = m_clock.duration();
         stop(originalDuration, m_clock.currentDuration(), m_clock.startTime());
+    } else if (m_recorderStart && m_recorderStart()) {
+        m_basis.changes.note(ZLDocumentChange::Recording);
     } else if (ZLSettingsManager::playSoundBeforeRecording()) {
         playStartBeep();
         m_basis.changes.note(ZLDocumentChange::Recording);
@@ -54,6 +56,12 @@ void ZLRecording::soundDidFinishPlaying()
     // An undo or redo may have started the clock while the beep was playing.
     if (!m_clock.isRunning())
         startNow();
+}
+
+void ZLRecording::startWithRecorder(double hostTime)
+{
+    m_sleepWatcher.restart();
+    startWithTime(hostTime);
 }
 
 void ZLRecording::startWithTime(double hostTime)
@@ -101,6 +109,7 @@ void ZLRecording::beginAnewAt(double duration)
     m_clock.setDuration(duration);
     m_interruption.setPending(std::nullopt);
     m_sleptTime.forget();
+    m_recorderDifference.forget();
     m_basis.changes.note(ZLDocumentChange::Recording | ZLDocumentChange::Reading);
 }
 
@@ -108,12 +117,18 @@ void ZLRecording::_realStartWithTime(double hostTime)
 {
     m_clock.startAt(hostTime);
     createAutomaticChapter();
-    m_basis.changes.note(ZLDocumentChange::Recording);
+    noteStartOrStop();
 }
 
 void ZLRecording::_realStop()
 {
     m_clock.stop();
+    noteStartOrStop();
+}
+
+void ZLRecording::noteStartOrStop()
+{
+    m_isAsHistoryLeftIt = m_basis.undoManager.isUndoing() || m_basis.undoManager.isRedoing();
     m_basis.changes.note(ZLDocumentChange::Recording);
 }
 

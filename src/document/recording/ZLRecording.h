@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/recording/ZLRecorderDifference.h"
 #include "document/recording/ZLRecordingClock.h"
 #include "document/recording/ZLRecordingInterruption.h"
 #include "document/recording/ZLSleptTime.h"
@@ -10,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 /// The recording clock with its undoable commands and the beep before a start. Times are seconds, `hostTime` those of
 /// the host clock.
@@ -29,6 +31,12 @@ public:
     [[nodiscard]] ZLSleptTime& sleptTime() { return m_sleptTime; }
     [[nodiscard]] const ZLSleptTime& sleptTime() const { return m_sleptTime; }
 
+    [[nodiscard]] ZLRecorderDifference& recorderDifference() { return m_recorderDifference; }
+    [[nodiscard]] const ZLRecorderDifference& recorderDifference() const { return m_recorderDifference; }
+
+    /// Whether an undo or a redo started or stopped the clock last, and no command.
+    [[nodiscard]] bool isAsHistoryLeftIt() const { return m_isAsHistoryLeftIt; }
+
     /// Whether the start beep is playing, after which the clock starts.
     [[nodiscard]] bool isWaitingForBeep() const { return m_beep != nullptr; }
     /// "00:01:05.3": the clock, truncated to tenths.
@@ -36,6 +44,11 @@ public:
 
     /// Starts the clock, after the beep where one is wanted, or stops it.
     void recordButtonPressed();
+    /// A press that starts the clock asks this first, while it is not empty. True: the clock will be started by a
+    /// recorder that was told to record, and not by the press.
+    void setRecorderStart(std::function<bool()> recorderStart) { m_recorderStart = std::move(recorderStart); }
+    /// Starts the clock at once and without a beep; the recorder's recording began at `hostTime`, or its time was read.
+    void startWithRecorder(double hostTime);
     void soundDidFinishPlaying();
     void startWithTime(double hostTime);
     void undoStartWithTime(double hostTime);
@@ -53,6 +66,7 @@ private:
     void _realStop();
     void startNow();
     void playStartBeep();
+    void noteStartOrStop();
     void createAutomaticChapter();
     void tick();
 
@@ -62,5 +76,8 @@ private:
     ZLSleepWatcher m_sleepWatcher;
     ZLRecordingInterruption m_interruption;
     ZLSleptTime m_sleptTime;
+    ZLRecorderDifference m_recorderDifference { m_basis, m_clock };
     std::unique_ptr<ZLSound> m_beep;
+    std::function<bool()> m_recorderStart;
+    bool m_isAsHistoryLeftIt = false;
 };

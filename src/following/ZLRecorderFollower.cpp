@@ -248,7 +248,7 @@ double ZLRecorderFollower::baseForStart(const ZLRecorderReport& report, std::opt
     const double recorded = m_document.duration();
     if (former == ZLRecorderState::Paused)
         return m_baseOfRecording.value_or(recorded - report.position);
-    if (former)
+    if (m_hasTied)
         return recorded;
     // Zelta was started again in the middle: the recording may still be the one that it followed.
     const auto kept = ZLFollowedRecording::keptIn(m_document.extras());
@@ -289,6 +289,7 @@ void ZLRecorderFollower::keepRecording(double base, const ZLRecorderReport& repo
         .recorder = recorderName(), .base = base, .began = wallClockSeconds() - age - report.position
     };
     recording.keepIn(m_document.extras());
+    m_hasTied = true;
 }
 
 void ZLRecorderFollower::loseRecorder()

@@ -103,6 +103,8 @@ private:
     double m_lostAt = 0.0;
     /// What the base was before the recorder paused; nothing once the clock went its own way.
     std::optional<double> m_baseOfRecording;
+    /// Whether a recording was followed here already.
+    bool m_hasTied = false;
     /// Files that were told before the clock was tied.
     QStringList m_waitingFiles;
     /// As the clock was when it was looked at last.

@@ -52,6 +52,7 @@ ALLOWED = {
     " document/editing",
     "document/saving": "platform platform/archive model document/shared document/recording document",
     "following": "platform model settings document/shared document recorder",
+    "following/ui": "platform/window model document document/ui following",
     "commands": "settings document",
     "document/concerns": "platform document/recording document/saving",
     "document/ui/table": "settings templates/ui document/editing document",
@@ -72,9 +73,9 @@ ALLOWED = {
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
     "app/session": "platform document document/saving",
     "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model"
-    " settings document document/saving commands remote export export/formats import delivery delivery/fit"
-    " app/session",
-    "app/headless": "platform document document/saving commands document/concerns remote app",
+    " settings document document/saving following commands remote export export/formats import delivery delivery/fit"
+    " app/session recorder/osctime",
+    "app/headless": "platform document document/saving following commands document/concerns remote app",
     "app/ui/look": "templates/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "platform document/saving document/concerns document/ui app",
@@ -85,7 +86,7 @@ ALLOWED = {
     "app/ui/windows": "platform platform/filemanager platform/window templates/ui document/concerns document/ui/table"
     " document/ui/menus document/ui export export/lists export/ui import delivery delivery/ui import/ui app"
     " app/ui/saving app/ui/menus",
-    "app/ui/outside": "platform/dnssd model commands document/ui/menus document/ui remote remote/ui app"
+    "app/ui/outside": "platform/dnssd model templates/ui following following/ui commands document/ui/menus document/ui remote remote/ui app"
     " app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window"
     " settings commands document/ui/menus document/ui settings/ui app app/ui/look app/ui/quickedit app/ui/shortcuts"

@@ -235,6 +235,8 @@ TEST_F(ZLRecorderFollowerTest, AfterARestartInTheMiddleTheBaseIsKnownAgain)
     m_document.recordButtonPressed();
     advance(30.0);
     follow({});
+    // Some kinds need a moment until they know that it records.
+    reportStanding();
     report();
     EXPECT_TRUE(m_document.isRecording());
     EXPECT_NEAR(m_document.currentDuration(), 190.0, 0.05);

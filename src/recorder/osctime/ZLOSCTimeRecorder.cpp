@@ -8,6 +8,20 @@ namespace {
 
 constexpr int silenceMilliseconds = 500;
 
+/// Nothing where the message carries no number: what somebody sent by mistake must not stop a clock.
+std::optional<double> numberIn(const ZLOSCMessage& message)
+{
+    if (message.arguments().isEmpty())
+        return std::nullopt;
+    const ZLOSCArgument& first = message.arguments().first();
+    bool isNumber = std::holds_alternative<qint32>(first) || std::holds_alternative<qint64>(first)
+        || std::holds_alternative<float>(first) || std::holds_alternative<double>(first)
+        || std::holds_alternative<bool>(first);
+    if (const auto* text = std::get_if<QString>(&first))
+        (void)text->toDouble(&isNumber);
+    return isNumber ? std::optional(message.floatValue()) : std::nullopt;
+}
+
 }
 
 ZLOSCTimeRecorder::ZLOSCTimeRecorder(
@@ -50,9 +64,12 @@ void ZLOSCTimeRecorder::close()
 
 void ZLOSCTimeRecorder::receive(const ZLOSCTimedMessage& timed)
 {
+    const auto number = numberIn(timed.message);
+    if (!number)
+        return;
     m_lastArrival = timed.hostTime;
     setConnection(ZLRecorderConnection::Connected);
-    const auto report = m_reading.note(timed.message.address(), timed.message.floatValue(), timed.hostTime);
+    const auto report = m_reading.note(timed.message.address(), *number, timed.hostTime);
     if (!report)
         return;
     m_state = report->state;

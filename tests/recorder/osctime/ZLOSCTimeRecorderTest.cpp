@@ -53,6 +53,20 @@ TEST_F(ZLOSCTimeRecorderTest, ItIsGoneWhenNoTimeComesWhileItRecords)
     EXPECT_EQ(m_connections.last().first().value<ZLRecorderConnection>(), ZLRecorderConnection::Connected);
 }
 
+TEST_F(ZLOSCTimeRecorderTest, AMessageWithoutANumberIsNone)
+{
+    m_recorder.open();
+    receive(u"/record"_s, 1.0F);
+    receive(u"/time"_s, 0.1F);
+    for (const ZLOSCArgument& argument : { ZLOSCArgument(QByteArray("blob")), ZLOSCArgument(ZLOSCNil()),
+             ZLOSCArgument(u"stop"_s), ZLOSCArgument(ZLOSCTimeTag()) })
+        m_recorder.receive({ ZLOSCMessage(u"/record"_s, { argument }), m_clock->now() });
+    m_recorder.receive({ ZLOSCMessage(u"/record"_s), m_clock->now() });
+    EXPECT_EQ(m_reports.size(), 1);
+    m_recorder.receive({ ZLOSCMessage(u"/record"_s, { u"0"_s }), m_clock->now() });
+    EXPECT_EQ(m_reports.size(), 2);
+}
+
 TEST_F(ZLOSCTimeRecorderTest, ItHearsTheTimeAtTheOSCPortWhileItIsOpen)
 {
     m_manager.setPortRange(ZLOSCPortRange::exactly(0));

@@ -8,8 +8,8 @@
 namespace {
 
 /// In which a small distance goes, and by how much the clock may go faster or slower for that at most.
-constexpr double secondsOfCorrection = 3.0;
-constexpr double largestRateOfCorrection = 0.01;
+constexpr double secondsOfCorrection = 1.0;
+constexpr double largestRateOfCorrection = 0.02;
 
 }
 

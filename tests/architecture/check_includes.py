@@ -21,6 +21,7 @@ ALLOWED = {
     "platform/dnssd": "",
     "platform/filemanager": "",
     "platform/hotkey": "platform platform/bus",
+    "platform/keyring": "platform",
     "platform/media": "platform",
     "platform/media/mp3": "platform/media",
     "platform/media/mp4": "platform/media",
@@ -51,7 +52,7 @@ ALLOWED = {
     "document": "platform platform/archive model lists settings templates document/shared document/recording"
     " document/editing",
     "document/saving": "platform platform/archive model document/shared document/recording document",
-    "following": "platform model settings document/shared document recorder",
+    "following": "platform platform/keyring model settings document/shared document recorder",
     "following/ui": "platform/window model document document/ui following",
     "commands": "settings document",
     "document/concerns": "platform document/recording document/saving",

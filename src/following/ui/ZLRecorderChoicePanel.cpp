@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -36,12 +37,17 @@ ZLRecorderChoicePanel::ZLRecorderChoicePanel(
         tr("Where the recorder can do that; OBS Studio can from version 30.2 on."));
     m_startsRecorder->setChecked(ZLFollowingSettings::startsRecorder());
     m_marksChapters->setChecked(ZLFollowingSettings::marksChapters());
+    // A screen reader sets a button without a click, and a click on the same one lets another document follow.
     connect(m_choices, &QButtonGroup::idClicked, this, &ZLRecorderChoicePanel::choose);
-    connect(m_startsRecorder, &QCheckBox::clicked, this, [this](bool isOn) {
+    connect(m_choices, &QButtonGroup::idToggled, this, [this](int number, bool isOn) {
+        if (isOn)
+            choose(number);
+    });
+    connect(m_startsRecorder, &QCheckBox::toggled, this, [this](bool isOn) {
         ZLFollowingSettings::setStartsRecorder(isOn);
         followAnew();
     });
-    connect(m_marksChapters, &QCheckBox::clicked, this, [this](bool isOn) {
+    connect(m_marksChapters, &QCheckBox::toggled, this, [this](bool isOn) {
         ZLFollowingSettings::setMarksChapters(isOn);
         followAnew();
     });
@@ -83,6 +89,8 @@ void ZLRecorderChoicePanel::choose(int number)
     const QString word = m_words.value(number);
     ZLFollowingSettings::setKind(word);
     ZLChapterDocument* const document = m_currentDocument();
+    if (m_following.word() == word && (word.isEmpty() || m_following.document() == document))
+        return update();
     // Every kind of the list can be followed; without a document there is nothing that could.
     if (word.isEmpty() || !document)
         m_following.stop();
@@ -94,6 +102,7 @@ void ZLRecorderChoicePanel::choose(int number)
 void ZLRecorderChoicePanel::update()
 {
     const ZLChapterDocument* const document = m_following.document();
+    const QSignalBlocker blocker(m_choices);
     m_choices->button(int(std::max<qsizetype>(0, m_words.indexOf(m_following.word()))))->setChecked(true);
     m_document->setText(
         document ? tr("Followed by “%1”.").arg(document->displayName()) : tr("The document in front will follow."));

@@ -1,5 +1,6 @@
 #include "following/ui/ZLRecorderWindow.h"
 
+#include "document/ui/ZLAccessibleWindows.h"
 #include "following/ui/ZLOSCTimePanel.h"
 #include "following/ui/ZLRecorderChoicePanel.h"
 #include "following/ui/ZLRecorderStatePanel.h"
@@ -21,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize firstWindowSize { 760, 640 };
+constexpr QSize firstWindowSize { 760, 600 };
 
 }
 
@@ -35,6 +36,7 @@ ZLRecorderWindow::ZLRecorderWindow(ZLRecorderWindowSetup setup)
     , m_choice(new ZLRecorderChoicePanel(setup.following, std::move(setup.currentDocument), this))
     , m_settings(new QVBoxLayout)
 {
+    ZLAccessibleWindows::addClass(u"ZLRecorderWindow"_s);
     setObjectName(u"recorderWindow"_s);
     setWindowTitle(tr("Recorder"));
     setAttribute(Qt::WA_QuitOnClose, false);

@@ -1,16 +1,13 @@
 #!/usr/bin/env python3
 """A recorder is chosen in the window, starts the clock behind another program, and is lost and found in the lamp."""
 
-import sys
 import time
-from pathlib import Path
 
 from desktop import Desktop, wait_until
 from osc_player import Player
+from osc_recorder import PROGRAM
 from other_program import OtherProgram, focused_window
 from window import Window
-
-PROGRAM = Path(sys.argv[1])
 
 
 def main():

@@ -4,7 +4,7 @@ zelta_build_packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libgl-dev
   pkgconf libxcb-keysyms1-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
-  libpulse-dev libsndfile1-dev libsoxr-dev libkissfft-dev libtag1-dev python3 python3-markdown-it
+  qtkeychain-qt6-dev libpulse-dev libsndfile1-dev libsoxr-dev libkissfft-dev libtag1-dev python3 python3-markdown-it
 )
 zelta_run_packages=(
   libqt6svg6 qt6-translations-l10n qt6-wayland fonts-dejavu-core

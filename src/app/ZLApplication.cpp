@@ -1,5 +1,6 @@
 #include "app/ZLApplication.h"
 
+#include "app/ZLRecorderKinds.h"
 #include "export/formats/ZLRegisterExporters.h"
 #include "settings/ZLSettingsManager.h"
 
@@ -22,6 +23,7 @@ ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSi
     if (m_hotKeyCenter && ZLSettingsManager::globalHotkeys())
         createHotkeyController();
     m_oscController = std::make_unique<ZLOSCController>(this, oscSetup(remote));
+    m_following = std::make_unique<ZLFollowing>(ZLRecorderKinds::all(m_oscController->manager()));
     if (remote.oscPublisher)
         m_oscAnnouncement =
             std::make_unique<ZLOSCAnnouncement>(m_oscController->inPort(), std::move(remote.oscPublisher));
@@ -39,6 +41,7 @@ ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSi
 ZLApplication::~ZLApplication()
 {
     m_activity->end();
+    m_following.reset();
     // The documents outlive the controllers, and shall not wake them again.
     m_documentController.disconnect(this);
     const auto documents = m_documentController.documents();
@@ -158,6 +161,10 @@ void ZLApplication::followDocuments()
 {
     connect(&m_documentController, &ZLDocumentController::didOpenDocument, this, [this](ZLChapterDocument* document) {
         connect(document, &ZLChapterDocument::changed, this, &ZLApplication::documentDidChange);
+    });
+    connect(&m_documentController, &ZLDocumentController::willCloseDocument, this, [this](ZLChapterDocument* document) {
+        if (m_following->document() == document)
+            m_following->stop();
     });
     connect(
         &m_outsideCommands, &ZLOutsideCommands::pinDidChange, this, &ZLApplication::informControllersOfDocumentChange);

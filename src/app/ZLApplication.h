@@ -2,6 +2,7 @@
 
 #include "app/ZLDocumentController.h"
 #include "app/ZLOutsideCommands.h"
+#include "following/ZLFollowing.h"
 #include "platform/activity/ZLProcessActivity.h"
 #include "remote/ZLCommandSocket.h"
 #include "remote/ZLHotkeyController.h"
@@ -51,6 +52,8 @@ public:
     /// Present exactly while global hot keys are on and there is a centre for them.
     [[nodiscard]] ZLHotkeyController* hotkeyController() const { return m_hotkeyController.get(); }
     [[nodiscard]] ZLOSCController& oscController() { return *m_oscController; }
+    /// Which document follows which recorder.
+    [[nodiscard]] ZLFollowing& following() { return *m_following; }
     /// Null when the OSC port is not announced.
     [[nodiscard]] const ZLServicePublisher* oscPublisher() const;
     /// Null where there are no hot keys. Its unavailabilityReason() tells why none at all can work.
@@ -101,4 +104,5 @@ private:
     std::unique_ptr<ZLOSCAnnouncement> m_oscAnnouncement;
     std::unique_ptr<ZLCommandSocket> m_commandSocket;
     std::unique_ptr<ZLProcessActivity> m_activity;
+    std::unique_ptr<ZLFollowing> m_following;
 };

@@ -274,8 +274,8 @@ public:
     StartReader()
         : CommandReader(ZLCommand::OpenWindows)
     {
-        m_parser.addOptions(
-            { { u"headless"_s, {} }, { u"record"_s, {} }, { u"new"_s, {} }, { u"osc-send"_s, {}, u"host:port"_s } });
+        m_parser.addOptions({ { u"headless"_s, {} }, { u"record"_s, {} }, { u"new"_s, {} },
+            { u"osc-send"_s, {}, u"host:port"_s }, { u"follow"_s, {}, u"recorder"_s } });
         addPortOption();
         letToolkitOptionsPass();
     }
@@ -309,9 +309,20 @@ private:
         return {};
     }
 
+    /// Takes over --follow when it is there; returns what is wrong with it, or nothing.
+    QString fillInFollow()
+    {
+        if (!m_parser.isSet(u"follow"_s))
+            return {};
+        m_result.follow = m_parser.value(u"follow"_s);
+        if (!QStringList { u"obs"_s, u"jack"_s, u"osc"_s }.contains(m_result.follow))
+            return CommandLineTexts::tr("--follow needs obs, jack or osc.");
+        return m_parser.isSet(u"headless"_s) ? QString() : CommandLineTexts::tr("--follow needs --headless.");
+    }
+
     QString fillIn() override
     {
-        if (const QString problem = fillInPort(0) + fillInOutputs(); !problem.isEmpty())
+        if (const QString problem = fillInPort(0) + fillInOutputs() + fillInFollow(); !problem.isEmpty())
             return problem;
         const bool records = m_parser.isSet(u"record"_s);
         m_result.wantsNewDocument = m_parser.isSet(u"new"_s);
@@ -378,6 +389,8 @@ QString ZLCommandLine::helpText()
         "is free\n"
         "        --osc-send HOST:PORT           send the recorder's state there in this run; may be "
         "given several times\n"
+        "        --follow obs|jack|osc          start, pause and stop the clock with this recorder, and keep it in "
+        "step\n"
         "  zelta send ACTION [--osc-port N]     give the running recorder a command, by default the "
         "one of this user;\n"
         "                                       with --osc-port the one on that port of this "

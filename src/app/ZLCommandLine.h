@@ -66,6 +66,8 @@ struct ZLCommandLine {
     ZLShowForm showForm = ZLShowForm::Table;
     /// For SendAction: the command word of an action, see ZLRemoteActions.
     QString action {};
+    /// For RecordHeadless: the word of the recorder to follow, see ZLRecorderKind; empty for none.
+    QString follow {};
     /// The OSC input to open, 0 for any that is free; for SendAction the one to speak to instead of the recorder that
     /// runs here.
     std::optional<quint16> oscPort {};

@@ -75,6 +75,8 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
     sounds.prepareForRecording();
     ZLHeadlessRecorder recorder(application.documentController(), ZLHeadlessStreams::standard());
     recorder.showRemoteControl(application.oscController());
+    if (!commandLine.follow.isEmpty())
+        recorder.follow(application.following(), commandLine.follow);
     QObject::connect(&recorder, &ZLHeadlessRecorder::didFinish, &events, &QCoreApplication::exit, Qt::QueuedConnection);
     QObject::connect(&events, &QCoreApplication::aboutToQuit, &ZLAbandonedWork::endProcessSoon);
     const auto file = commandLine.files.isEmpty() ? std::nullopt : std::optional(commandLine.files.first());

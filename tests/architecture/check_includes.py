@@ -21,6 +21,7 @@ ALLOWED = {
     "platform/dnssd": "",
     "platform/filemanager": "",
     "platform/hotkey": "platform platform/bus",
+    "platform/keyring": "platform",
     "platform/media": "platform",
     "platform/media/mp3": "platform/media",
     "platform/media/mp4": "platform/media",
@@ -35,6 +36,7 @@ ALLOWED = {
     "platform/media/decoding": "platform platform/media",
     "alignment": "platform",
     "recorder": "",
+    "recorder/osctime": "platform platform/osc recorder",
     "resources": "",
     "resources/sounds": "",
     "resources/translations": "",
@@ -51,6 +53,8 @@ ALLOWED = {
     " document/editing",
     "document/saving/journal": "platform platform/archive model document/shared document/recording document",
     "document/saving": "platform model document document/saving/journal",
+    "following": "platform platform/keyring model settings document/shared document recorder",
+    "following/ui": "platform/window model document document/ui following",
     "commands": "settings document",
     "document/concerns": "platform document/recording document/saving",
     "document/ui/table": "settings templates/ui document/editing document",
@@ -73,9 +77,9 @@ ALLOWED = {
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
     "app/session": "platform document document/saving",
     "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model"
-    " settings document document/saving commands remote export export/formats import delivery delivery/fit"
-    " app/session",
-    "app/headless": "platform document document/saving commands document/concerns remote app",
+    " settings document document/saving following commands remote export export/formats import delivery delivery/fit"
+    " app/session recorder/osctime",
+    "app/headless": "platform document document/saving following commands document/concerns remote app",
     "app/ui/look": "templates/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "platform document/saving document/concerns document/ui app",
@@ -86,7 +90,7 @@ ALLOWED = {
     "app/ui/windows": "platform platform/filemanager platform/window resources/sounds templates/ui document/concerns"
     " document/ui/table document/ui/menus document/ui export export/lists export/ui import delivery delivery/fit delivery/fit/ui"
     " delivery/ui import/ui app app/ui/saving app/ui/menus",
-    "app/ui/outside": "platform/dnssd model commands document/ui/menus document/ui remote remote/ui app"
+    "app/ui/outside": "platform/dnssd model templates/ui following following/ui commands document/ui/menus document/ui remote remote/ui app"
     " app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window"
     " settings commands document/ui/menus document/ui settings/ui app app/ui/look app/ui/quickedit app/ui/shortcuts"

@@ -61,6 +61,8 @@ void ZLHeadlessCommands::performChoice(const ZLConcernChoice& choice)
         break;
     case Action::AddSleptTime:
     case Action::LeaveSleptTime:
+    case Action::TakeRecordersTime:
+    case Action::KeepZeltasTime:
         m_report.printClock(tr("the clock reads %1"));
         break;
     case Action::KeepMine:

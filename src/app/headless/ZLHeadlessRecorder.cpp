@@ -1,6 +1,7 @@
 #include "app/headless/ZLHeadlessRecorder.h"
 
 #include "app/headless/ZLHeadlessCommands.h"
+#include "app/headless/ZLHeadlessFollowing.h"
 #include "app/headless/ZLHeadlessReport.h"
 #include "commands/ZLRemoteActions.h"
 #include "platform/ZLLineReader.h"
@@ -20,6 +21,11 @@ ZLHeadlessRecorder::ZLHeadlessRecorder(ZLDocumentController& controller, ZLHeadl
 {
 }
 
+void ZLHeadlessRecorder::follow(ZLFollowing& following, const QString& word)
+{
+    m_following = new ZLHeadlessFollowing(following, word, m_streams, this);
+}
+
 ZLStatus ZLHeadlessRecorder::start(
     const std::optional<QString>& file, ZLHeadlessStart headlessStart, ZLMissingFile missingFile)
 {
@@ -37,8 +43,9 @@ ZLStatus ZLHeadlessRecorder::start(
         m_commands->performChoice(ZLConcernChoices::of(ZLConcernAction::ContinueRecording));
     else if (headlessStart == ZLHeadlessStart::Recording)
         m_commands->performAction(*ZLRemoteActions::withIdentifier(ZLControllerToggleRecordingAction));
+    const ZLStatus followed = m_following ? m_following->begin(document) : ZLStatus(ZLDone {});
     openInput();
-    return ZLDone {};
+    return followed;
 }
 
 void ZLHeadlessRecorder::watchSignals()

@@ -9,7 +9,9 @@
 
 #include <optional>
 
+class ZLFollowing;
 class ZLHeadlessCommands;
+class ZLHeadlessFollowing;
 class ZLHeadlessReport;
 class ZLOSCController;
 
@@ -26,6 +28,9 @@ public:
     /// Makes the recorder say on which port it listens, at the start, when that changes and on demand. `oscController`
     /// has to outlive the recorder.
     void showRemoteControl(const ZLOSCController& oscController) { m_oscController = &oscController; }
+
+    /// Makes the document follow the recorder with this word from start() on. `following` has to outlive the recorder.
+    void follow(ZLFollowing& following, const QString& word);
 
     /// Opens `file`; without one, what was open before or a new document. It says so when it made a missing one. From
     /// here on SIGINT, SIGTERM and SIGHUP end the program as terminate() does.
@@ -54,6 +59,8 @@ private:
     const ZLHeadlessStreams m_streams;
     const ZLOSCController* m_oscController = nullptr;
     ZLHeadlessConcerns m_concerns;
+    /// Null where nothing is followed.
+    ZLHeadlessFollowing* m_following = nullptr;
     /// Both are there from start() on.
     ZLHeadlessReport* m_report = nullptr;
     ZLHeadlessCommands* m_commands = nullptr;

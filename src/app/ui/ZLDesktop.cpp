@@ -38,6 +38,7 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     , m_outsideTarget(m_application)
     , m_outsideNews(m_application.outsideCommands(), m_windows)
     , m_oscConnections(m_application)
+    , m_following(m_application)
     , m_preferences(m_application, m_sounds.server())
     , m_shortcutList(m_application)
     , m_quickEdits(m_application)
@@ -60,6 +61,7 @@ int ZLDesktop::run(const ZLLaunchRequest& request)
         ZLErrorLines::print(missing);
         return ZLExitStatus::Failed;
     }
+    m_following.followAsBefore();
     m_runningInstance = std::make_unique<ZLRunningInstance>(
         [this](const ZLLaunchRequest& later) { return m_windows.openLater(later); });
     return QCoreApplication::exec();
@@ -79,5 +81,6 @@ void ZLDesktop::equipWindow(ZLChapterDocumentWindow* window)
     m_keyEquivalents.addWindow(*window);
     m_remoteStatus.addStatusLine(window->statusLine());
     m_oscConnections.addWindow(*window);
+    m_following.addWindow(*window);
     m_outsideTarget.addWindow(*window);
 }

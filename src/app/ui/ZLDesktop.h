@@ -5,6 +5,7 @@
 #include "app/ZLCommandLine.h"
 #include "app/ZLRunningInstance.h"
 #include "app/ui/ZLPreferences.h"
+#include "app/ui/outside/ZLFollowingDisplay.h"
 #include "app/ui/outside/ZLOSCConnections.h"
 #include "app/ui/outside/ZLOutsideNewsDisplay.h"
 #include "app/ui/outside/ZLOutsideTargetDisplay.h"
@@ -46,6 +47,7 @@ private:
     ZLOutsideTargetDisplay m_outsideTarget;
     ZLOutsideNewsDisplay m_outsideNews;
     ZLOSCConnections m_oscConnections;
+    ZLFollowingDisplay m_following;
     ZLPreferences m_preferences;
     ZLShortcutListDisplay m_shortcutList;
     ZLQuickEdits m_quickEdits;

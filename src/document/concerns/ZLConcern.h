@@ -38,5 +38,6 @@ inline const QString OpenElsewhere = QStringLiteral("openElsewhere");
 inline const QString RecoveryFailure = QStringLiteral("recoveryFailure");
 inline const QString SavingFailure = QStringLiteral("savingFailure");
 inline const QString ReadOnlyFile = QStringLiteral("readOnlyFile");
+inline const QString RecorderDifference = QStringLiteral("recorderDifference");
 inline const QString Sleep = QStringLiteral("sleep");
 }

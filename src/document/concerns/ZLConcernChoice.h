@@ -10,6 +10,8 @@ enum class ZLConcernAction {
     StayPaused,
     AddSleptTime,
     LeaveSleptTime,
+    TakeRecordersTime,
+    KeepZeltasTime,
     KeepMine,
     TakeTheirs,
     KeepBoth,

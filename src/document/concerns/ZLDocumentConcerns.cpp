@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include <cmath>
+
 using Action = ZLConcernAction;
 using Matter = ZLConcernMatter;
 
@@ -20,7 +22,8 @@ ZLDocumentConcerns::ZLDocumentConcerns(
     connect(&saver, &ZLDocumentSaver::locationDidChange, this, &ZLDocumentConcerns::followLocation);
     connect(&document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
         // Undoing the start of the recording takes away what could be decided about a sleep.
-        if (change.concerns(ZLDocumentChange::Interruption | ZLDocumentChange::Sleeps | ZLDocumentChange::Recording))
+        if (change.concerns(ZLDocumentChange::Interruption | ZLDocumentChange::Sleeps | ZLDocumentChange::Recording
+                | ZLDocumentChange::RecorderDifference))
             Q_EMIT didChange();
     });
     followLocation();
@@ -44,6 +47,8 @@ QList<ZLConcern> ZLDocumentConcerns::all() const
         concerns.append(readOnlyFile());
     if (!m_document.undecidedSleeps().isEmpty())
         concerns.append(sleep());
+    if (m_document.recording().recorderDifference().undecided())
+        concerns.append(recorderDifference());
     concerns.removeIf([this](const ZLConcern& concern) { return m_dismissed.value(concern.name) == concern.sentence; });
     return concerns;
 }
@@ -73,6 +78,12 @@ ZLStatus ZLDocumentConcerns::perform(ZLConcernAction action)
         break;
     case Action::LeaveSleptTime:
         m_document.leaveSleptTime();
+        break;
+    case Action::TakeRecordersTime:
+        m_document.recording().recorderDifference().takeRecorders();
+        break;
+    case Action::KeepZeltasTime:
+        m_document.recording().recorderDifference().keepZeltas();
         break;
     case Action::KeepMine:
         return m_saver.keepMine();
@@ -183,5 +194,16 @@ ZLConcern ZLDocumentConcerns::sleep() const
     return { .name = ZLConcernName::Sleep,
         .sentence = ZLSleepText::sentence(m_document.undecidedSleeps()),
         .choices = { Action::AddSleptTime, Action::LeaveSleptTime },
+        .matter = Matter::Recording };
+}
+
+ZLConcern ZLDocumentConcerns::recorderDifference() const
+{
+    const double seconds = m_document.recording().recorderDifference().undecided()->seconds;
+    const QString size = QLocale().toString(std::abs(seconds), 'f', 1);
+    return { .name = ZLConcernName::RecorderDifference,
+        .sentence = seconds > 0.0 ? tr("The recorder’s time is %1 s ahead of Zelta’s clock.").arg(size)
+                                  : tr("The recorder’s time is %1 s behind Zelta’s clock.").arg(size),
+        .choices = { Action::TakeRecordersTime, Action::KeepZeltasTime },
         .matter = Matter::Recording };
 }

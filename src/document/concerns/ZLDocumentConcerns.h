@@ -43,6 +43,7 @@ private:
     [[nodiscard]] ZLConcern savingFailure() const;
     [[nodiscard]] ZLConcern readOnlyFile() const;
     [[nodiscard]] ZLConcern sleep() const;
+    [[nodiscard]] ZLConcern recorderDifference() const;
 
     ZLChapterDocument& m_document;
     ZLDocumentSaver& m_saver;

@@ -39,6 +39,8 @@ void ZLRecording::recordButtonPressed()
         m_sleptTime.noticeSleep();
         const double originalDuration = m_clock.duration();
         stop(originalDuration, m_commandTime.reading(), m_clock.startTime());
+    } else if (m_recorderStart && m_recorderStart()) {
+        m_basis.changes.note(ZLDocumentChange::Recording);
     } else if (ZLSettingsManager::playSoundBeforeRecording()) {
         playStartBeep();
         m_basis.changes.note(ZLDocumentChange::Recording);
@@ -55,6 +57,12 @@ void ZLRecording::soundDidFinishPlaying()
     // An undo or redo may have started the clock while the beep was playing.
     if (!m_clock.isRunning())
         beginSpanAt(m_clock.hostTime());
+}
+
+void ZLRecording::startWithRecorder(double hostTime)
+{
+    m_sleepWatcher.restart();
+    startWithTime(hostTime);
 }
 
 void ZLRecording::startWithTime(double hostTime)
@@ -102,6 +110,7 @@ void ZLRecording::beginAnewAt(double duration)
     m_clock.setDuration(duration);
     m_interruption.setPending(std::nullopt);
     m_sleptTime.forget();
+    m_recorderDifference.forget();
     m_basis.changes.note(ZLDocumentChange::Recording | ZLDocumentChange::Reading);
 }
 
@@ -110,12 +119,18 @@ void ZLRecording::_realStartWithTime(double hostTime)
     m_clock.startAt(hostTime);
     const ZLCommandTime::Moment start(m_commandTime, hostTime);
     createAutomaticChapter();
-    m_basis.changes.note(ZLDocumentChange::Recording);
+    noteStartOrStop();
 }
 
 void ZLRecording::_realStop()
 {
     m_clock.stop();
+    noteStartOrStop();
+}
+
+void ZLRecording::noteStartOrStop()
+{
+    m_isAsHistoryLeftIt = m_basis.undoManager.isUndoing() || m_basis.undoManager.isRedoing();
     m_basis.changes.note(ZLDocumentChange::Recording);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/recording/ZLCommandTime.h"
+#include "document/recording/ZLRecorderDifference.h"
 #include "document/recording/ZLRecordingClock.h"
 #include "document/recording/ZLRecordingInterruption.h"
 #include "document/recording/ZLSleptTime.h"
@@ -11,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 /// The recording clock with its undoable commands and the beep before a start. Times are seconds, `hostTime` those of
 /// the host clock.
@@ -32,6 +34,11 @@ public:
 
     /// When the command was given that is being carried out.
     [[nodiscard]] const ZLCommandTime& commandTime() const { return m_commandTime; }
+    [[nodiscard]] ZLRecorderDifference& recorderDifference() { return m_recorderDifference; }
+    [[nodiscard]] const ZLRecorderDifference& recorderDifference() const { return m_recorderDifference; }
+
+    /// Whether an undo or a redo started or stopped the clock last, and no command.
+    [[nodiscard]] bool isAsHistoryLeftIt() const { return m_isAsHistoryLeftIt; }
 
     /// Whether the start beep is playing, after which the clock starts.
     [[nodiscard]] bool isWaitingForBeep() const { return m_beep != nullptr; }
@@ -40,6 +47,11 @@ public:
 
     /// Starts the clock, after the beep where one is wanted, or stops it.
     void recordButtonPressed();
+    /// A press that starts the clock asks this first, while it is not empty. True: the clock will be started by a
+    /// recorder that was told to record, and not by the press.
+    void setRecorderStart(std::function<bool()> recorderStart) { m_recorderStart = std::move(recorderStart); }
+    /// Starts the clock at once and without a beep; the recorder's recording began at `hostTime`, or its time was read.
+    void startWithRecorder(double hostTime);
     /// Starts the clock at this moment: the press that had the beep played came before it.
     void soundDidFinishPlaying();
     void startWithTime(double hostTime);
@@ -58,6 +70,7 @@ private:
     void _realStop();
     void beginSpanAt(double hostTime);
     void playStartBeep();
+    void noteStartOrStop();
     void createAutomaticChapter();
     void tick();
 
@@ -68,5 +81,8 @@ private:
     ZLRecordingInterruption m_interruption;
     ZLSleptTime m_sleptTime;
     ZLCommandTime m_commandTime;
+    ZLRecorderDifference m_recorderDifference { m_basis, m_clock };
     std::unique_ptr<ZLSound> m_beep;
+    std::function<bool()> m_recorderStart;
+    bool m_isAsHistoryLeftIt = false;
 };

@@ -16,12 +16,13 @@ ZLRecordingClock::ZLRecordingClock(std::shared_ptr<const ZLHostClock> hostClock,
 
 double ZLRecordingClock::readingAt(double hostTime) const
 {
-    return m_startTime == 0.0 ? m_duration : m_duration + (hostTime - m_startTime);
+    return m_startTime == 0.0 ? m_duration : m_duration + (hostTime - m_startTime) + gainAt(hostTime);
 }
 
 void ZLRecordingClock::startAt(double hostTime)
 {
     m_startTime = hostTime;
+    m_rate = 0.0;
     m_displayTimer.start();
 }
 
@@ -29,4 +30,22 @@ void ZLRecordingClock::stop()
 {
     m_displayTimer.stop();
     m_startTime = 0.0;
+    m_rate = 0.0;
+}
+
+void ZLRecordingClock::setRate(double rate)
+{
+    if (!isRunning())
+        return;
+    m_startTime = startTime();
+    m_rateFrom = hostTime();
+    m_rate = rate;
+}
+
+void ZLRecordingClock::moveBy(double seconds)
+{
+    if (isRunning())
+        m_startTime -= seconds;
+    else
+        m_duration += seconds;
 }

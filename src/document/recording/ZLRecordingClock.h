@@ -16,8 +16,9 @@ public:
 
     /// Seconds of the host clock now.
     [[nodiscard]] double hostTime() const { return m_hostClock->now(); }
-    /// Host time at which the running span began; 0 while the clock stands.
-    [[nodiscard]] double startTime() const { return m_startTime; }
+    /// Host time at which the running span began; 0 while the clock stands. With a rate it moves, so that the clock is
+    /// the duration and the time since then all the same.
+    [[nodiscard]] double startTime() const { return m_startTime == 0.0 ? 0.0 : m_startTime - gainAt(hostTime()); }
     /// Seconds of all finished spans.
     [[nodiscard]] double duration() const { return m_duration; }
     void setDuration(double seconds) { m_duration = seconds; }
@@ -31,14 +32,23 @@ public:
     void startAt(double hostTime);
     /// Ends the running span without adding it to the duration.
     void stop();
+    /// Lets a running clock gain `rate` seconds a second from now on, until it stops. It goes on from where it is.
+    void setRate(double rate);
+    /// Sets the clock forward by `seconds`, or back.
+    void moveBy(double seconds);
 
 Q_SIGNALS:
     /// Ten times a second while the clock runs.
     void displayIsDue();
 
 private:
+    /// Seconds that the rate has given until a moment.
+    [[nodiscard]] double gainAt(double hostTime) const { return m_rate * (hostTime - m_rateFrom); }
+
     std::shared_ptr<const ZLHostClock> m_hostClock;
     double m_startTime = 0.0;
     double m_duration = 0.0;
+    double m_rate = 0.0;
+    double m_rateFrom = 0.0;
     QTimer m_displayTimer { this };
 };

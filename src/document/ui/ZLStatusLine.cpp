@@ -97,6 +97,13 @@ void ZLStatusLine::setPart(const QString& name, const QString& text, const QStri
     part->setVisible(!text.isEmpty());
 }
 
+void ZLStatusLine::setPartIcon(const QString& name, const QIcon& icon)
+{
+    QToolButton* part = m_parts.value(name);
+    part->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    part->setIcon(icon);
+}
+
 void ZLStatusLine::showPassingMessage(
     const QString& text, const QString& actionText, const std::function<void()>& action)
 {

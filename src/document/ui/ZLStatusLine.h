@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QIcon>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -26,6 +27,9 @@ public:
     /// Shows a further part at the right-hand side, or changes it. `name` is its object name and comes back with
     /// partClicked(); an empty text hides the part.
     void setPart(const QString& name, const QString& text, const QString& toolTip);
+
+    /// Shows an icon before the text of a part that was set.
+    void setPartIcon(const QString& name, const QIcon& icon);
 
     /// With `action` the message carries a button. Replaces the message before.
     void showPassingMessage(

@@ -41,6 +41,11 @@ void ZLOSCInPort::setFilter(Filter filter)
     runOnReceiver([&] { m_receiver->setFilter(std::move(filter)); });
 }
 
+void ZLOSCInPort::setNewestOnly(Filter filter)
+{
+    runOnReceiver([&] { m_receiver->setNewestOnly(std::move(filter)); });
+}
+
 void ZLOSCInPort::setAccessPolicy(const ZLOSCAccessPolicy& policy)
 {
     runOnReceiver([&] { m_receiver->setAccessPolicy(policy); });
@@ -87,7 +92,20 @@ void ZLOSCInPort::deliver()
     const QPointer<ZLOSCInPort> self(this);
     deliverMessages();
     if (self)
+        deliverNewest();
+    if (self)
         deliverSamples();
+}
+
+void ZLOSCInPort::deliverNewest()
+{
+    const QPointer<ZLOSCInPort> self(this);
+    const QList<ZLOSCTimedMessage> newest = m_reception.newest.takeAll();
+    for (const ZLOSCTimedMessage& timed : newest) {
+        Q_EMIT newestReceived(timed);
+        if (!self)
+            return;
+    }
 }
 
 void ZLOSCInPort::deliverMessages()

@@ -24,6 +24,9 @@ public:
 
     /// Runs on the receiving thread for each message and must be quick; a false drops it. No filter lets all through.
     void setFilter(Filter filter);
+    /// Messages that the filter drops and this one wants tell a value again and again: of each address only the newest
+    /// waits, and none of them takes a place in the queue. Runs on the receiving thread too.
+    void setNewestOnly(Filter filter);
     /// From the return on, nothing is let in that the policy does not allow; what was queued before is still delivered.
     void setAccessPolicy(const ZLOSCAccessPolicy& policy);
 
@@ -42,6 +45,8 @@ public:
 
 Q_SIGNALS:
     void messageReceived(const ZLOSCReceivedMessage& received);
+    /// One of those of which only the newest waits.
+    void newestReceived(const ZLOSCTimedMessage& timed);
     void datagramDropped(const ZLOSCDroppedDatagram& dropped);
     /// The port in use or the reason for having none is another now.
     void portDidChange();
@@ -50,6 +55,7 @@ private:
     void wake();
     void deliverInTurn();
     void deliver();
+    void deliverNewest();
     void deliverMessages();
     void deliverSamples();
     void runOnReceiver(const std::function<void()>& order);

@@ -24,6 +24,13 @@ void ZLOSCManager::setFilter(const ZLOSCInPort::Filter& filter)
         input->setFilter(filter);
 }
 
+void ZLOSCManager::setNewestOnly(const ZLOSCInPort::Filter& filter)
+{
+    m_newestOnly = filter;
+    for (ZLOSCInPort* input : std::as_const(m_inPorts))
+        input->setNewestOnly(filter);
+}
+
 ZLOSCInPort* ZLOSCManager::createNewInput()
 {
     const QString label =
@@ -32,7 +39,9 @@ ZLOSCInPort* ZLOSCManager::createNewInput()
     m_inPorts.append(input);
     connect(input, &ZLOSCInPort::messageReceived, this, &ZLOSCManager::receivedOSCMessage);
     connect(input, &ZLOSCInPort::datagramDropped, this, &ZLOSCManager::droppedOSCDatagram);
+    connect(input, &ZLOSCInPort::newestReceived, this, &ZLOSCManager::receivedNewestMessage);
     input->setFilter(m_filter);
+    input->setNewestOnly(m_newestOnly);
     input->setAccessPolicy(m_policy);
     // The input remembers a failure, see ZLOSCInPort::failure().
     (void)input->bind(m_portRange);

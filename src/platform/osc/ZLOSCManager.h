@@ -18,6 +18,7 @@ public:
     /// For all inputs, those that exist and those created later; see ZLOSCInPort.
     void setAccessPolicy(const ZLOSCAccessPolicy& policy);
     void setFilter(const ZLOSCInPort::Filter& filter);
+    void setNewestOnly(const ZLOSCInPort::Filter& filter);
 
     /// An input on the first free port of the range. When there is none, it exists all the same and says why.
     /// The manager owns it.
@@ -36,6 +37,8 @@ public:
 Q_SIGNALS:
     /// A message that passed the filter, from any input.
     void receivedOSCMessage(const ZLOSCReceivedMessage& received);
+    /// Of those messages of which only the newest waits, from any input.
+    void receivedNewestMessage(const ZLOSCTimedMessage& timed);
     void droppedOSCDatagram(const ZLOSCDroppedDatagram& dropped);
     /// An output was added or removed, or its state is another.
     void outputsDidChange();
@@ -47,6 +50,7 @@ private:
     ZLOSCPortRange m_portRange;
     ZLOSCAccessPolicy m_policy;
     ZLOSCInPort::Filter m_filter;
+    ZLOSCInPort::Filter m_newestOnly;
     QList<ZLOSCInPort*> m_inPorts;
     ZLOSCOutPortArray m_outPorts;
 };

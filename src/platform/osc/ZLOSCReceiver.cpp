@@ -128,6 +128,8 @@ void ZLOSCReceiver::handleMessage(const ZLOSCReceivedMessage& received, qsizetyp
         dropped.detail = message.description();
     };
     if (m_filter && !m_filter(message)) {
+        if (takeBesideQueue(received))
+            return;
         ++m_reception.filtered;
         return sample(ZLOSCDropReason::Filtered, received.peer, describe);
     }
@@ -137,6 +139,16 @@ void ZLOSCReceiver::handleMessage(const ZLOSCReceivedMessage& received, qsizetyp
     if (discarded > 0)
         sample(ZLOSCDropReason::Overflow, received.peer, describe);
     wakeMainThread();
+}
+
+bool ZLOSCReceiver::takeBesideQueue(const ZLOSCReceivedMessage& received)
+{
+    if (!m_newestOnly || !m_newestOnly(received.message))
+        return false;
+    ++m_reception.accepted;
+    m_reception.newest.put({ received.message, received.stamp ? received.stamp->hostTime() : m_clock->now() });
+    wakeMainThread();
+    return true;
 }
 
 bool ZLOSCReceiver::isAllowed(const QHostAddress& sender)

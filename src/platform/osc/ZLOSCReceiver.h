@@ -30,6 +30,8 @@ public:
     ~ZLOSCReceiver() override;
 
     void setFilter(Filter filter) { m_filter = std::move(filter); }
+    /// Of the messages that the filter does not want, those that this one wants are taken beside the queue.
+    void setNewestOnly(Filter filter) { m_newestOnly = std::move(filter); }
     void setAccessPolicy(ZLOSCAccessPolicy policy);
 
     /// Closes the socket that is open and opens one on the first free port; gives that port or why there is none.
@@ -41,6 +43,8 @@ private:
     [[nodiscard]] ZLPressStamp stampOfNextDatagram() const;
     void handleDatagram(QByteArrayView datagram, const ZLOSCPeer& peer, ZLPressStamp stamp);
     void handleMessage(const ZLOSCReceivedMessage& received, qsizetype weight);
+    /// Returns whether the message is one of those that are taken beside the queue.
+    bool takeBesideQueue(const ZLOSCReceivedMessage& received);
     bool isAllowed(const QHostAddress& sender);
     void sample(ZLOSCDropReason reason, const ZLOSCPeer& peer, const std::function<void(ZLOSCDroppedDatagram&)>& fill);
     void wakeMainThread();
@@ -50,6 +54,7 @@ private:
     ZLOSCConnectedNetworks m_networks;
     std::shared_ptr<const ZLHostClock> m_clock;
     Filter m_filter;
+    Filter m_newestOnly;
     ZLOSCAccessPolicy m_policy;
     std::unique_ptr<QUdpSocket> m_socket;
     QByteArray m_buffer;

@@ -2,7 +2,7 @@
 
 #include "platform/ZLPressStamp.h"
 #include "platform/osc/ZLOSCMailbox.h"
-#include "platform/osc/ZLOSCMessage.h"
+#include "platform/osc/ZLOSCNewestMessages.h"
 
 #include <QHostAddress>
 
@@ -77,6 +77,8 @@ struct ZLOSCReception {
     static constexpr qsizetype mostSamples = 64;
 
     ZLOSCMailbox<ZLOSCReceivedMessage> messages { mostMessages, mostMessageBytes };
+    /// Beside the queue, see ZLOSCReceiver::setNewestOnly().
+    ZLOSCNewestMessages newest;
     ZLOSCMailbox<ZLOSCDroppedDatagram> samples { mostSamples, mostMessageBytes };
     /// Whether the main thread has been told and has not looked yet, so that a flood posts one event and not thousands.
     std::atomic<bool> wakePosted = false;

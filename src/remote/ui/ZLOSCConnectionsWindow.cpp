@@ -1,5 +1,6 @@
 #include "remote/ui/ZLOSCConnectionsWindow.h"
 
+#include "document/ui/ZLAccessibleWindows.h"
 #include "platform/window/ZLWindowInFront.h"
 #include "platform/window/ZLWindowPlace.h"
 #include "remote/ui/ZLOSCAcceptPanel.h"
@@ -8,8 +9,6 @@
 #include "remote/ui/ZLOSCOutputsPanel.h"
 #include "remote/ui/ZLOSCServicesPanel.h"
 
-#include <QAccessible>
-#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -31,21 +30,6 @@ constexpr int firstLogLines = 12;
 /// Of the screen: the frame and a desktop's own bars need some, too.
 constexpr double largestPart = 0.9;
 
-/// A bare widget is no window to a screen reader, even where it is one.
-QAccessibleInterface* accessibleConnectionsWindow(const QString& className, QObject* object)
-{
-    auto* window = className == "ZLOSCConnectionsWindow"_L1 ? qobject_cast<QWidget*>(object) : nullptr;
-    return window ? new QAccessibleWidget(window, QAccessible::Window) : nullptr;
-}
-
-void installConnectionsWindowFactory()
-{
-    [[maybe_unused]] static const bool isInstalled = [] {
-        QAccessible::installFactory(accessibleConnectionsWindow);
-        return true;
-    }();
-}
-
 }
 
 ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
@@ -54,7 +38,7 @@ ZLOSCConnectionsWindow::ZLOSCConnectionsWindow(ZLOSCConnectionsSetup setup)
     , m_splitter(new QSplitter(Qt::Vertical, this))
     , m_panels(new QScrollArea(m_splitter))
 {
-    installConnectionsWindowFactory();
+    ZLAccessibleWindows::addClass(u"ZLOSCConnectionsWindow"_s);
     setObjectName(u"oscConnections"_s);
     setWindowTitle(tr("OSC Connections"));
     setAttribute(Qt::WA_QuitOnClose, false);

@@ -26,8 +26,8 @@ TEST(ZLConcernChoiceTest, AWordLeadsToItsChoiceAndSaysWhatItDoes)
         words.insert(choice.word());
     }
     EXPECT_EQ(words,
-        (QSet<QString> {
-            u"continue"_s, u"keep"_s, u"addsleep"_s, u"leavesleep"_s, u"mine"_s, u"theirs"_s, u"both"_s }));
+        (QSet<QString> { u"continue"_s, u"keep"_s, u"addsleep"_s, u"leavesleep"_s, u"taketime"_s, u"keeptime"_s,
+            u"mine"_s, u"theirs"_s, u"both"_s }));
     EXPECT_EQ(ZLConcernChoices::withWord(u"ours"_s), nullptr);
     EXPECT_EQ(ZLConcernChoices::withWord(QString()), nullptr);
 }

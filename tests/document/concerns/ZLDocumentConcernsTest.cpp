@@ -71,6 +71,24 @@ TEST_F(ZLDocumentConcernsTest, ARefusedDecisionIsToldInTheWindowUntilTheNextOne)
     EXPECT_EQ(titlesIn(path), QStringList { u"Mine"_s });
 }
 
+TEST_F(ZLDocumentConcernsTest, ARecorderThatDiffersIsToldWithItsSize)
+{
+    const auto saver = titledSaver(path);
+    ZLDocumentConcerns concerns(document, *saver, ZLConcernReader::Window);
+    QSignalSpy changed(&concerns, &ZLDocumentConcerns::didChange);
+    ZLRecorderDifference& difference = document.recording().recorderDifference();
+    difference.setUndecided(ZLRecorderDifference::Undecided { .seconds = -2.34, .reading = 0.0 });
+    EXPECT_GT(changed.size(), 0);
+    EXPECT_EQ(only(concerns).sentence, u"The recorder’s time is 2.3 s behind Zelta’s clock."_s);
+    EXPECT_EQ(only(concerns).choices, (QList { Action::TakeRecordersTime, Action::KeepZeltasTime }));
+    EXPECT_TRUE(concerns.choose(only(concerns), Action::KeepZeltasTime));
+    EXPECT_EQ(namesOf(concerns), QStringList());
+    EXPECT_DOUBLE_EQ(difference.kept(), -2.34);
+    document.undoManager().undo();
+    EXPECT_TRUE(concerns.choose(only(concerns), Action::TakeRecordersTime));
+    EXPECT_EQ(difference.kept(), 0.0);
+}
+
 TEST_F(ZLDocumentConcernsTest, AFailureStaysUntilTheDocumentIsWritten)
 {
     ASSERT_TRUE(QDir().mkpath(filePath("stick")));

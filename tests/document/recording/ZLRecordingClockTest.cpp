@@ -47,3 +47,29 @@ TEST_F(ZLRecordingClockTest, TheDisplayIsDueOnlyWhileItRuns)
     ASSERT_NE(timer, nullptr);
     EXPECT_EQ(timer->interval(), 100) << "ten times a second";
 }
+
+TEST_F(ZLRecordingClockTest, ARateMovesTheStartTimeAndNeverTheReading)
+{
+    m_clock.setDuration(10.0);
+    m_hostClock->setNow(100.0);
+    m_clock.startAt(100.0);
+    m_hostClock->setNow(200.0);
+    m_clock.setRate(0.01);
+    EXPECT_DOUBLE_EQ(m_clock.currentDuration(), 110.0);
+    m_hostClock->setNow(300.0);
+    EXPECT_DOUBLE_EQ(m_clock.currentDuration(), 211.0);
+    EXPECT_DOUBLE_EQ(m_clock.startTime(), 99.0);
+    EXPECT_DOUBLE_EQ(m_clock.readingAt(290.0), 200.9);
+    m_clock.setRate(-0.01);
+    EXPECT_DOUBLE_EQ(m_clock.currentDuration(), 211.0);
+    m_hostClock->setNow(400.0);
+    EXPECT_DOUBLE_EQ(m_clock.currentDuration(), 310.0);
+    m_clock.moveBy(5.0);
+    EXPECT_DOUBLE_EQ(m_clock.currentDuration(), 315.0);
+    m_clock.stop();
+    m_clock.moveBy(-4.0);
+    EXPECT_EQ(m_clock.currentDuration(), 6.0);
+    m_clock.startAt(400.0);
+    m_hostClock->setNow(500.0);
+    EXPECT_EQ(m_clock.currentDuration(), 106.0) << "a new span begins without a rate";
+}

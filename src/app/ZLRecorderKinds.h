@@ -1,0 +1,15 @@
+#pragma once
+
+#include "following/ZLRecorderKind.h"
+
+#include <QList>
+
+class ZLOSCManager;
+
+/// The one table of the kinds of recorders that can be followed.
+namespace ZLRecorderKinds {
+
+/// `manager` receives the time by OSC, and has to outlive what is made.
+[[nodiscard]] QList<ZLRecorderKind> all(ZLOSCManager& manager);
+
+}

@@ -1,0 +1,112 @@
+#include "following/ui/ZLRecorderStatePanel.h"
+
+#include "document/ZLChapterDocument.h"
+#include "model/ZLTimeText.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int updateMilliseconds = 200;
+constexpr double partsPerMillion = 1e6;
+
+QString withSign(double value)
+{
+    const QString number = QLocale().toString(std::abs(std::round(value)), 'f', 0);
+    // U+2212 is as wide as the plus.
+    return (std::round(value) < 0.0 ? u"\u2212"_s : u"+"_s) + number;
+}
+
+QString distanceText(double seconds)
+{
+    constexpr double longestInMilliseconds = 10.0;
+    if (std::abs(seconds) < longestInMilliseconds)
+        return ZLRecorderStatePanel::tr("%1 ms").arg(withSign(seconds * 1000.0));
+    return ZLRecorderStatePanel::tr("%1 s").arg(withSign(seconds));
+}
+
+}
+
+ZLRecorderStatePanel::ZLRecorderStatePanel(ZLFollowing& following, QWidget* parent)
+    : QGroupBox(tr("State"), parent)
+    , m_following(following)
+{
+    setObjectName(u"statePanel"_s);
+    auto* const form = new QFormLayout(this);
+    m_state = addText(*form, u"recorderState"_s, tr("State:"));
+    m_position = addText(*form, u"recorderPosition"_s, tr("Position:"));
+    m_distance = addText(*form, u"recorderDistance"_s, tr("Distance:"));
+    m_drift = addText(*form, u"recorderDrift"_s, tr("Drift:"));
+    m_distance->setToolTip(tr("By which the recorder is ahead of Zelta’s clock."));
+    m_drift->setToolTip(tr("How much faster the recorder’s clock goes than that of this computer."));
+    m_takeRecorders = addTakeButton(
+        *form, u"takeRecorders"_s, tr("Take the &Recorder’s Time for All Chapters"), ZLReadingOf::Recorder);
+    m_takeZeltas = addTakeButton(*form, u"takeZeltas"_s, tr("Take &Zelta’s Time for All Chapters"), ZLReadingOf::Zelta);
+    m_timer.setInterval(updateMilliseconds);
+    connect(&m_timer, &QTimer::timeout, this, &ZLRecorderStatePanel::update);
+    connect(&following, &ZLFollowing::stateDidChange, this, &ZLRecorderStatePanel::update);
+    update();
+}
+
+QLabel* ZLRecorderStatePanel::addText(QFormLayout& form, const QString& objectName, const QString& title)
+{
+    auto* const label = new QLabel(this);
+    label->setObjectName(objectName);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    form.addRow(title, label);
+    return label;
+}
+
+QPushButton* ZLRecorderStatePanel::addTakeButton(
+    QFormLayout& form, const QString& objectName, const QString& text, ZLReadingOf wanted)
+{
+    auto* const button = new QPushButton(text, this);
+    button->setObjectName(objectName);
+    button->setToolTip(tr("Of all chapters that were marked while a recorder was followed. It can be undone."));
+    connect(button, &QPushButton::clicked, this, [this, wanted] {
+        if (ZLChapterDocument* document = m_following.document())
+            ZLChapterReadings(*document).takeForAll(wanted);
+    });
+    form.addRow(button);
+    return button;
+}
+
+void ZLRecorderStatePanel::showEvent(QShowEvent* event)
+{
+    update();
+    m_timer.start();
+    QGroupBox::showEvent(event);
+}
+
+void ZLRecorderStatePanel::hideEvent(QHideEvent* event)
+{
+    m_timer.stop();
+    QGroupBox::hideEvent(event);
+}
+
+void ZLRecorderStatePanel::update()
+{
+    const ZLRecorderFollower* const follower = m_following.follower();
+    const QString unknown = u"–"_s;
+    const auto position = follower ? follower->position() : std::nullopt;
+    const auto distance = follower ? follower->distance() : std::nullopt;
+    const auto drift = follower ? follower->drift() : std::nullopt;
+    m_state->setText(m_following.stateText());
+    m_position->setText(
+        position ? ZLTimeText::hoursMinutesSeconds(ZLTimeText::truncated(std::max(0.0, *position))) : unknown);
+    m_distance->setText(distance ? distanceText(*distance) : unknown);
+    m_drift->setText(drift ? tr("%1 ppm").arg(withSign(*drift * partsPerMillion)) : unknown);
+    ZLChapterDocument* const document = m_following.document();
+    const bool canTake = document && ZLChapterReadings(*document).hasAny();
+    m_takeRecorders->setEnabled(canTake);
+    m_takeZeltas->setEnabled(canTake);
+}

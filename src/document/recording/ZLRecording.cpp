@@ -61,8 +61,7 @@ void ZLRecording::soundDidFinishPlaying()
 
 void ZLRecording::startWithRecorder(double hostTime)
 {
-    m_sleepWatcher.restart();
-    startWithTime(hostTime);
+    beginSpanAt(hostTime);
 }
 
 void ZLRecording::startWithTime(double hostTime)

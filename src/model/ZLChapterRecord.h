@@ -24,8 +24,8 @@ inline const QString Date = QStringLiteral("Date");
 inline const QString UUID = QStringLiteral("UUID");
 }
 
-/// All that a chapter says, with its stored forms. A chapter shares its record with whoever took a snapshot of it, and
-/// takes a copy before it changes, so that a record in a snapshot stays as it is and may be read on any thread.
+/// All that a chapter says, with its stored forms. A chapter shares its record with the snapshots of it, and takes a
+/// copy before it changes, so that a record in a snapshot stays as it is and may be read on any thread.
 struct ZLChapterRecord : public QSharedData {
     double timeStamp = 0.0;
     bool isEnabled = true;

@@ -18,7 +18,7 @@ public:
 
     /// The stamp of an event with this time that arrived at `arrival`, in seconds of the host clock.
     ZLPressStamp stampOf(quint32 milliseconds, double arrival);
-    /// The same for a time whose clock nobody promises: it is believed only when it is the host clock's.
+    /// The same for a time that may be that of any clock: it is believed only when it is the host clock's.
     [[nodiscard]] static ZLPressStamp stampOnHostClock(quint64 milliseconds, double arrival);
 
 private:

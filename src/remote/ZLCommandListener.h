@@ -32,7 +32,7 @@ public:
     ZLCommandListener(QString path, Deliver deliver);
     ~ZLCommandListener() override;
 
-    /// Listens, or waits until whoever does so has ended.
+    /// Listens, or waits until the program that listens has ended.
     void begin();
     void end();
     /// Sends the answer and closes the connection, if it still stands.

@@ -63,7 +63,7 @@ TEST(ZLEventClock, AClockThatFallsBehindIsFollowedAfterAWhile)
         now - 0.01 * 2.0 * ZLEventClock::Memory / 10.0 - 0.01);
 }
 
-TEST(ZLEventClock, AClockThatNobodyPromisesIsBelievedOnlyWhenItIsTheHostClock)
+TEST(ZLEventClock, ATimeOfAnyClockIsBelievedOnlyWhenItIsThatOfTheHostClock)
 {
     EXPECT_NEAR(ZLEventClock::stampOnHostClock(5000250, 5000.5).hostTime(), 5000.25, wholeMilliseconds);
     EXPECT_EQ(ZLEventClock::stampOnHostClock(5000, 5000.5).hostTime(), 5000.5) << "seconds";

@@ -89,7 +89,7 @@ bool ZLBackgroundWrite::abandon()
 
 QByteArray ZLBackgroundWrite::makeBytes()
 {
-    // Nobody else looks at the snapshot while the write runs, and letting go of many chapters takes its time too.
+    // The main thread does not look at the snapshot while the write runs. Letting go of many chapters takes time too.
     const auto snapshot = std::exchange(m_order.snapshot, std::nullopt);
     return snapshot ? snapshot->encoded() : m_order.bytes;
 }

@@ -25,6 +25,7 @@ class Keyboard:
         self.x11.XOpenDisplay.argtypes = [ctypes.c_char_p]
         self.x11.XStringToKeysym.restype = ctypes.c_ulong
         self.x11.XKeysymToKeycode.argtypes = [ctypes.c_void_p, ctypes.c_ulong]
+        self.x11.XSync.argtypes = [ctypes.c_void_p, ctypes.c_int]
         self.x11.XFlush.argtypes = self.x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
         number, flag, delay = ctypes.c_uint, ctypes.c_int, ctypes.c_ulong
         self.xtst.XTestFakeKeyEvent.argtypes = [ctypes.c_void_p, number, flag, delay]
@@ -40,10 +41,11 @@ class Keyboard:
         """Presses the key with this name and gives the moment."""
         code = self.x11.XKeysymToKeycode(self.display, self.x11.XStringToKeysym(key.encode())) & 0xFF
         moment = now()
+        # Both at once: a server that got to the release late would repeat the key.
         self.xtst.XTestFakeKeyEvent(self.display, code, 1, 0)
-        self.x11.XFlush(self.display)
         self.xtst.XTestFakeKeyEvent(self.display, code, 0, 0)
-        self.x11.XFlush(self.display)
+        # A press in the millisecond of the last release would count as the repeat of a held key.
+        self.x11.XSync(self.display, 0)
         return moment
 
     def click(self):

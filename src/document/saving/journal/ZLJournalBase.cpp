@@ -28,7 +28,7 @@ ZLJournalBase::ZLJournalBase(const QByteArray& bytes)
 ZLJournalRecord ZLJournalBase::record() const
 {
     ZLJournalRecord record = snapshotRecord(m_bytes);
-    // One that is not made yet is not waited for: whoever writes the record makes it.
+    // One that is not made yet is not waited for: the thread that writes the record makes it then.
     if (m_digest.wait_for(std::chrono::seconds(0)) == std::future_status::ready)
         record.digest = m_digest.get();
     return record;

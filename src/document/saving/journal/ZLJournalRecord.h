@@ -14,7 +14,7 @@ struct ZLJournalRecord {
     };
     Kind kind = Kind::Change;
     QByteArray payload {};
-    /// Its digest under its sequence number, where somebody knows that already; see ZLJournalRecords::recordDigest().
+    /// Its digest under its sequence number, where it is known already; see ZLJournalRecords::recordDigest().
     QByteArray digest {};
 
     bool operator==(const ZLJournalRecord&) const = default;

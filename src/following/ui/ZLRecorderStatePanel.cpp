@@ -17,19 +17,17 @@ namespace {
 constexpr int updateMilliseconds = 200;
 constexpr double partsPerMillion = 1e6;
 
-QString withSign(double value)
+QString withSign(double value, int decimals)
 {
-    const QString number = QLocale().toString(std::abs(std::round(value)), 'f', 0);
     // U+2212 is as wide as the plus.
-    return (std::round(value) < 0.0 ? u"\u2212"_s : u"+"_s) + number;
+    return (value < 0.0 ? u"\u2212"_s : u"+"_s) + QLocale().toString(std::abs(value), 'f', decimals);
 }
 
 QString distanceText(double seconds)
 {
-    constexpr double longestInMilliseconds = 10.0;
-    if (std::abs(seconds) < longestInMilliseconds)
-        return ZLRecorderStatePanel::tr("%1 ms").arg(withSign(seconds * 1000.0));
-    return ZLRecorderStatePanel::tr("%1 s").arg(withSign(seconds));
+    if (std::abs(seconds) < 1.0)
+        return ZLRecorderStatePanel::tr("%1 ms").arg(withSign(seconds * 1000.0, 0));
+    return ZLRecorderStatePanel::tr("%1 s").arg(withSign(seconds, 2));
 }
 
 }
@@ -104,7 +102,7 @@ void ZLRecorderStatePanel::update()
     m_position->setText(
         position ? ZLTimeText::hoursMinutesSeconds(ZLTimeText::truncated(std::max(0.0, *position))) : unknown);
     m_distance->setText(distance ? distanceText(*distance) : unknown);
-    m_drift->setText(drift ? tr("%1 ppm").arg(withSign(*drift * partsPerMillion)) : unknown);
+    m_drift->setText(drift ? tr("%1 ppm").arg(withSign(*drift * partsPerMillion, 0)) : unknown);
     ZLChapterDocument* const document = m_following.document();
     const bool canTake = document && ZLChapterReadings(*document).hasAny();
     m_takeRecorders->setEnabled(canTake);

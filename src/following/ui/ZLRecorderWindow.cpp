@@ -22,7 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize firstWindowSize { 760, 600 };
+constexpr QSize firstWindowSize { 760, 640 };
+constexpr int logRowMargin = 6;
 
 }
 
@@ -113,6 +114,9 @@ QWidget* ZLRecorderWindow::buildLog(ZLFollowingLog& log)
     m_log->setTabKeyNavigation(false);
     m_log->setShowGrid(false);
     m_log->verticalHeader()->hide();
+    m_log->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_log->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + logRowMargin);
+    m_log->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     m_log->horizontalHeader()->setHighlightSections(false);
     m_log->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_log->horizontalHeader()->setStretchLastSection(true);

@@ -90,11 +90,11 @@ QString ZLFollowing::stateText() const
         return m_follower->reason().isEmpty() ? tr("%1 does not answer yet.").arg(m_follower->recorderName())
                                               : m_follower->reason();
     case ZLFollowingState::Ready:
-        return tr("%1 is there. Zelta’s clock starts with it.").arg(m_follower->recorderName());
+        return tr("%1 is there. Zelta's clock starts with it.").arg(m_follower->recorderName());
     case ZLFollowingState::Following:
-        return tr("Zelta’s clock goes as that of %1.").arg(m_follower->recorderName());
+        return tr("Zelta's clock goes as that of %1.").arg(m_follower->recorderName());
     case ZLFollowingState::Lost:
-        return tr("%1 has been lost since %2. Zelta’s clock goes on as it went last.")
+        return tr("%1 has been lost since %2. Zelta's clock goes on as it went last.")
             .arg(m_follower->recorderName(),
                 QLocale().toString(m_follower->lostSince().toLocalTime().time(), QLocale::ShortFormat));
     }

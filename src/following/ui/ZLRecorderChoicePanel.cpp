@@ -33,7 +33,7 @@ ZLRecorderChoicePanel::ZLRecorderChoicePanel(
     layout()->addWidget(m_document);
     addOption(m_startsRecorder, u"startsRecorder"_s, tr("&Start and stop the recorder with Zelta"),
         tr("A press that starts or stops the clock starts and stops the recorder, where it can be told to."));
-    addOption(m_marksChapters, u"marksChapters"_s, tr("&Write marks into the recorder’s file"),
+    addOption(m_marksChapters, u"marksChapters"_s, tr("&Write marks into the recorder's file"),
         tr("Where the recorder can do that; OBS Studio can from version 30.2 on."));
     m_startsRecorder->setChecked(ZLFollowingSettings::startsRecorder());
     m_marksChapters->setChecked(ZLFollowingSettings::marksChapters());

@@ -42,11 +42,11 @@ ZLRecorderStatePanel::ZLRecorderStatePanel(ZLFollowing& following, QWidget* pare
     m_position = addText(*form, u"recorderPosition"_s, tr("Position:"));
     m_distance = addText(*form, u"recorderDistance"_s, tr("Distance:"));
     m_drift = addText(*form, u"recorderDrift"_s, tr("Drift:"));
-    m_distance->setToolTip(tr("By which the recorder is ahead of Zelta’s clock."));
-    m_drift->setToolTip(tr("How much faster the recorder’s clock goes than that of this computer."));
+    m_distance->setToolTip(tr("By which the recorder is ahead of Zelta's clock."));
+    m_drift->setToolTip(tr("How much faster the recorder's clock goes than that of this computer."));
     m_takeRecorders = addTakeButton(
-        *form, u"takeRecorders"_s, tr("Take the &Recorder’s Time for All Chapters"), ZLReadingOf::Recorder);
-    m_takeZeltas = addTakeButton(*form, u"takeZeltas"_s, tr("Take &Zelta’s Time for All Chapters"), ZLReadingOf::Zelta);
+        *form, u"takeRecorders"_s, tr("Take the &Recorder's Time for All Chapters"), ZLReadingOf::Recorder);
+    m_takeZeltas = addTakeButton(*form, u"takeZeltas"_s, tr("Take &Zelta's Time for All Chapters"), ZLReadingOf::Zelta);
     m_timer.setInterval(updateMilliseconds);
     connect(&m_timer, &QTimer::timeout, this, &ZLRecorderStatePanel::update);
     connect(&following, &ZLFollowing::stateDidChange, this, &ZLRecorderStatePanel::update);

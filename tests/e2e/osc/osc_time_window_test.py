@@ -44,7 +44,7 @@ def main():
         time.sleep(1)
         player.jump(30.0)
         window.wait_for_message("30.0 s ahead")
-        accessible.press(window.button("Take the Recorder’s Time"))
+        accessible.press(window.button("Take the Recorder's Time"))
         wait_until(lambda: not any("ahead" in text for text in window.messages()), "the bar to go")
         player.stop()
         wait_until(lambda: lamp() == "OSC: ready", f"the lamp, not {lamp()}")

@@ -73,7 +73,7 @@ ALLOWED = {
     "delivery/fit": "platform platform/media/decoding alignment model",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
     "app/session": "platform document document/saving",
-    "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model"
+    "app": "platform platform/activity platform/keyring platform/media/file platform/osc platform/sound resources/sounds model"
     " settings document document/saving following commands remote export export/formats import delivery delivery/fit"
     " app/session recorder/osctime",
     "app/headless": "platform document document/saving following commands document/concerns remote app",

@@ -45,11 +45,11 @@ ZLRecorderChoicePanel::ZLRecorderChoicePanel(
     });
     connect(m_startsRecorder, &QCheckBox::toggled, this, [this](bool isOn) {
         ZLFollowingSettings::setStartsRecorder(isOn);
-        followAnew();
+        m_following.followAnew();
     });
     connect(m_marksChapters, &QCheckBox::toggled, this, [this](bool isOn) {
         ZLFollowingSettings::setMarksChapters(isOn);
-        followAnew();
+        m_following.followAnew();
     });
     connect(&following, &ZLFollowing::stateDidChange, this, &ZLRecorderChoicePanel::update);
     update();
@@ -58,12 +58,6 @@ ZLRecorderChoicePanel::ZLRecorderChoicePanel(
 QString ZLRecorderChoicePanel::chosenWord() const
 {
     return m_words.value(m_choices->checkedId());
-}
-
-void ZLRecorderChoicePanel::followAnew()
-{
-    if (ZLChapterDocument* document = m_following.document())
-        (void)m_following.follow(*document, QString(m_following.word()));
 }
 
 void ZLRecorderChoicePanel::addChoice(const QString& word, const QString& text)

@@ -55,7 +55,7 @@ ZLRecorderWindow::ZLRecorderWindow(ZLRecorderWindowSetup setup)
     column->addLayout(columns);
     column->addWidget(buildLog(setup.following.log()), 1);
     auto* const oscTime = new ZLOSCTimePanel(this);
-    connect(oscTime, &ZLOSCTimePanel::settingsDidChange, this, &ZLRecorderWindow::followAnew);
+    connect(oscTime, &ZLOSCTimePanel::settingsDidChange, &setup.following, &ZLFollowing::followAnew);
     addSettings(u"osc"_s, oscTime);
     connect(m_choice, &ZLRecorderChoicePanel::chosenWordDidChange, this, &ZLRecorderWindow::updateSettings);
     restoreWindowState();
@@ -74,11 +74,6 @@ void ZLRecorderWindow::addSettings(const QString& word, QWidget* panel)
     m_panels.insert(word, panel);
     m_settings->addWidget(panel);
     updateSettings();
-}
-
-void ZLRecorderWindow::followAnew()
-{
-    m_choice->followAnew();
 }
 
 void ZLRecorderWindow::present()

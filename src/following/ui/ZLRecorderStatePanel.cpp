@@ -9,6 +9,7 @@
 #include <QPushButton>
 
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -50,6 +51,8 @@ ZLRecorderStatePanel::ZLRecorderStatePanel(ZLFollowing& following, QWidget* pare
     m_timer.setInterval(updateMilliseconds);
     connect(&m_timer, &QTimer::timeout, this, &ZLRecorderStatePanel::update);
     connect(&following, &ZLFollowing::stateDidChange, this, &ZLRecorderStatePanel::update);
+    m_takeRecorders->setEnabled(false);
+    m_takeZeltas->setEnabled(false);
     update();
 }
 
@@ -103,7 +106,17 @@ void ZLRecorderStatePanel::update()
         position ? ZLTimeText::hoursMinutesSeconds(ZLTimeText::truncated(std::max(0.0, *position))) : unknown);
     m_distance->setText(distance ? distanceText(*distance) : unknown);
     m_drift->setText(drift ? tr("%1 ppm").arg(withSign(*drift * partsPerMillion, 0)) : unknown);
+    updateTakeButtons();
+}
+
+void ZLRecorderStatePanel::updateTakeButtons()
+{
     ZLChapterDocument* const document = m_following.document();
+    const qsizetype count = document ? document->chapterManager().count() : 0;
+    const auto looked = std::pair(static_cast<const ZLChapterDocument*>(document), count);
+    // Thousands of chapters are not looked through again and again.
+    if (std::exchange(m_looked, looked) == looked)
+        return;
     const bool canTake = document && ZLChapterReadings(*document).hasAny();
     m_takeRecorders->setEnabled(canTake);
     m_takeZeltas->setEnabled(canTake);

@@ -35,6 +35,8 @@ ALLOWED = {
     "platform/media/decoding": "platform platform/media",
     "alignment": "platform",
     "recorder": "",
+    "recorder/jack": "platform recorder",
+    "recorder/obs": "platform recorder",
     "resources": "",
     "resources/sounds": "",
     "resources/translations": "",

@@ -1,0 +1,42 @@
+"""Clicks in recorded sound: where they are, and which of those that were played each of them is."""
+
+import subprocess
+
+import numpy
+
+RATE = 48000
+LOUD = 3000
+# Between two clicks there is more silence than this, in seconds.
+APART = 0.1
+# So many lines tell of the same time.
+NEAR = 8
+
+
+def places_in(samples):
+    """The seconds at which the clicks begin in an array of samples of 16 bits."""
+    loud = numpy.flatnonzero(numpy.abs(samples.astype(float)) > LOUD)
+    if not len(loud):
+        return numpy.array([])
+    first = numpy.concatenate([[True], numpy.diff(loud) > APART * RATE])
+    return loud[first] / RATE
+
+
+def places_in_file(path):
+    """The same of the first sound in any media file."""
+    decoded = subprocess.run(
+        ["ffmpeg", "-v", "error", "-i", path, "-map", "0:a:0", "-ac", "1", "-ar", str(RATE), "-f", "s16le", "-"],
+        check=True, capture_output=True,
+    ).stdout
+    return places_in(numpy.frombuffer(decoded, numpy.int16))
+
+
+def moments_of(lines):
+    """When the clicks were heard, by what zelta_sound_clicks printed. A server that was late has moved what came after."""
+    words = [line.split() for line in lines]
+    words = [(word[0], float(word[1])) for word in words if len(word) == 2]
+    found = []
+    for index, (kind, frame) in enumerate(words):
+        near = [number for name, number in words[index:index + NEAR] if name == "zero"]
+        if kind == "click" and near:
+            found.append(frame / RATE + numpy.median(near))
+    return numpy.array(found)

@@ -22,8 +22,8 @@ constexpr std::chrono::milliseconds lookPause = 40ms;
 constexpr std::chrono::milliseconds searchPause = 1s;
 /// A server whose time stands for so long hangs.
 constexpr std::chrono::milliseconds longestStandstill = 3s;
-/// To leave the server properly. It is not waited for longer when it hangs.
-constexpr std::chrono::milliseconds leavePatience = 500ms;
+/// To leave the server properly takes a few milliseconds. One that hangs is left behind with its thread.
+constexpr std::chrono::milliseconds leavePatience = 20ms;
 
 }
 

@@ -112,7 +112,7 @@ QString ZLOBSConnection::reasonOfEnd() const
 
 void ZLOBSConnection::textDidArrive(const QString& text)
 {
-    if (isFlooded()) {
+    if (isFlooded(text.size())) {
         failed(tr("OBS Studio sends more than it should."));
         return;
     }
@@ -180,13 +180,16 @@ void ZLOBSConnection::waitForMessage()
         m_startTimer(longestSilence, [this, giveUp] { QMetaObject::invokeMethod(this, giveUp, Qt::QueuedConnection); });
 }
 
-bool ZLOBSConnection::isFlooded()
+bool ZLOBSConnection::isFlooded(qsizetype characters)
 {
     if (m_clock.now() >= m_second + 1.0) {
         m_second = m_clock.now();
         m_messagesThisSecond = 0;
+        m_charactersThisSecond = 0;
     }
-    return ++m_messagesThisSecond > MostMessagesPerSecond;
+    ++m_messagesThisSecond;
+    m_charactersThisSecond += characters;
+    return m_messagesThisSecond > MostMessagesPerSecond || m_charactersThisSecond > MostCharactersPerSecond;
 }
 
 QString ZLOBSConnection::place() const

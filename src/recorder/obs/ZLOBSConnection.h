@@ -36,9 +36,10 @@ public:
     void send(const ZLOBSMessage& message);
 
     /// No message has more bytes.
-    static constexpr quint64 LargestMessage = 1U << 20U;
-    /// OBS sends a few dozen messages in a second.
+    static constexpr quint64 LargestMessage = 1U << 18U;
+    /// OBS sends a few dozen messages in a second, of which the largest has ten thousand characters.
     static constexpr int MostMessagesPerSecond = 1000;
+    static constexpr qsizetype MostCharactersPerSecond = qsizetype(1) << 20;
 
 Q_SIGNALS:
     void stateDidChange(ZLRecorderConnection state, const QString& reason);
@@ -55,7 +56,7 @@ private:
     void refused(const QString& reason);
     void setState(ZLRecorderConnection state, const QString& reason);
     void waitForMessage();
-    [[nodiscard]] bool isFlooded();
+    [[nodiscard]] bool isFlooded(qsizetype characters);
     [[nodiscard]] QString place() const;
     [[nodiscard]] QString reasonOfEnd() const;
 
@@ -70,4 +71,5 @@ private:
     int m_failures = 0;
     double m_second = 0.0;
     int m_messagesThisSecond = 0;
+    qsizetype m_charactersThisSecond = 0;
 };

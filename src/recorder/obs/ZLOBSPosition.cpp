@@ -13,7 +13,7 @@ constexpr double earlyFramesOut = 1.5;
 constexpr double spanMeasure = 3.0;
 constexpr double hastyMeasure = 1.5;
 /// Between the announced start and the first frame there are at most so many seconds.
-constexpr double longestStart = 1.0;
+constexpr double longestWayToFrames = 1.0;
 /// No encoder looks ahead further than this; a larger difference of the counters comes from pauses.
 constexpr double longestDelay = 4.0;
 /// The delay of usual settings, for a recording that was joined after pauses.
@@ -167,9 +167,9 @@ void ZLOBSPosition::beginSpan()
 void ZLOBSPosition::findFirstFrame()
 {
     const double zero = *m_frames.zero();
-    if (zero > m_starting - m_frameSeconds && zero < m_started + longestStart) {
+    if (zero > m_starting - m_frameSeconds && zero < m_started + longestWayToFrames) {
         m_framesBeside = 0.0;
-    } else if (m_status.answered > m_started + longestStart) {
+    } else if (m_status.answered > m_started + longestWayToFrames) {
         // Another output was running before, so the frames are counted from its start.
         m_framesBeside = firstFrameFrom((m_starting + m_started) / 2);
     }

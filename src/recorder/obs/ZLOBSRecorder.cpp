@@ -4,6 +4,7 @@
 #include <QLoggingCategory>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +23,8 @@ constexpr int standingLookPause = 400;
 /// A frame takes no longer, and no less, whatever is answered; in seconds.
 constexpr double longestFrame = 1.0;
 constexpr double shortestFrame = 0.001;
+/// From the moment it is told to start until it has started, in seconds.
+constexpr double longestStart = 5.0;
 constexpr qsizetype longestPath = 4096;
 constexpr qsizetype longestTitle = 1000;
 constexpr double millisecondsInSecond = 1000.0;
@@ -186,7 +189,7 @@ void ZLOBSRecorder::recordStateDidChange(const QString& state, const QString& pa
         return;
     }
     if (state == "OBS_WEBSOCKET_OUTPUT_STARTED"_L1) {
-        m_position.began(m_starting, now);
+        m_position.began(std::max(m_starting, now - longestStart), now);
         m_file.clear();
         setFile(path);
     } else if (state == "OBS_WEBSOCKET_OUTPUT_PAUSED"_L1) {

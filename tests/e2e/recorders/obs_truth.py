@@ -15,7 +15,7 @@ from clicks import moments_of, places_in_file
 from desktop import Desktop
 from obs_control import Control
 from obs_studio import PASSWORD, OBSStudio, start_sound
-from recorder_probe import Probe, position_at
+from recorder_probe import Probe, changes, position_at
 
 PROBE = Path(sys.argv.pop(1))
 CLICKS = Path(sys.argv.pop(1))
@@ -28,11 +28,6 @@ USUAL, LARGEST = 0.040, 0.080
 SETTLING = 6
 # A click so close to a pause may be half in the file.
 EDGE = 0.12
-
-
-def changes(reports):
-    """The moments at which the state changed."""
-    return numpy.array([late[2] for early, late in zip(reports, reports[1:]) if early[0] != late[0]])
 
 
 def distances(probe, moments, places, first, last):

@@ -8,7 +8,7 @@ RATE = 48000
 LOUD = 3000
 # Between two clicks there is more silence than this, in seconds.
 APART = 0.1
-# So many lines tell of the same time.
+# So many lines, or stretches of sound, tell of the same time.
 NEAR = 8
 
 
@@ -39,4 +39,18 @@ def moments_of(lines):
         near = [number for name, number in words[index:index + NEAR] if name == "zero"]
         if kind == "click" and near:
             found.append(frame / RATE + numpy.median(near))
+    return numpy.array(found)
+
+
+def jack_moments_of(lines):
+    """When the clicks were heard, by what zelta_jack_clicks printed. The server may begin with a stretch of sound late,
+    but never early, so the earliest of those around it is right."""
+    words = [line.split() for line in lines]
+    stretches = numpy.array([(float(frame), float(moment)) for kind, frame, moment in
+                             (word for word in words if word[0] == "stretch")])
+    zeros = stretches[:, 1] - stretches[:, 0] / RATE
+    found = []
+    for frame in (float(word[1]) for word in words if word[0] == "click"):
+        own = numpy.searchsorted(stretches[:, 0], frame, side="right") - 1
+        found.append(frame / RATE + min(zeros[max(0, own - NEAR):own + NEAR]))
     return numpy.array(found)

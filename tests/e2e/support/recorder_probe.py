@@ -3,6 +3,7 @@
 import subprocess
 import threading
 
+import numpy
 from desktop import wait_until
 
 
@@ -44,14 +45,14 @@ class Probe:
                    f"the connection to be {number}")
 
 
-def position_at(reports, moment, patience=0.0):
-    """Where the recording was at the moment, by the reports around it; None while it did not record. With `patience`,
-    also so many seconds before the first report of a recording: a position that comes late still tells of the start."""
+def changes(reports):
+    """The moments at which the state changed."""
+    return numpy.array([late[2] for early, late in zip(reports, reports[1:]) if early[0] != late[0]])
+
+
+def position_at(reports, moment):
+    """Where the recording was at the moment, by the last report before it; None while it did not record."""
     before = [report for report in reports if report[2] <= moment]
-    if before and before[-1][0] == "recording":
-        return before[-1][1] + moment - before[-1][2]
-    after = next((report for report in reports if report[2] > moment), None)
-    if not patience or after is None or after[0] != "recording" or after[2] - moment > patience:
+    if not before or before[-1][0] != "recording":
         return None
-    position = after[1] - (after[2] - moment)
-    return position if position >= 0 else None
+    return before[-1][1] + moment - before[-1][2]

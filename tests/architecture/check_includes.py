@@ -36,6 +36,8 @@ ALLOWED = {
     "platform/media/decoding": "platform platform/media",
     "alignment": "platform",
     "recorder": "",
+    "recorder/jack": "platform recorder",
+    "recorder/obs": "platform recorder",
     "recorder/osctime": "platform platform/osc recorder",
     "resources": "",
     "resources/sounds": "",

@@ -4,7 +4,8 @@ zelta_build_packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libgl-dev
   pkgconf libxcb-keysyms1-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
-  qtkeychain-qt6-dev libpulse-dev libsndfile1-dev libsoxr-dev libkissfft-dev libtag1-dev python3 python3-markdown-it
+  libpulse-dev libsndfile1-dev libsoxr-dev libkissfft-dev libtag1-dev qt6-websockets-dev libjack-jackd2-dev
+  qtkeychain-qt6-dev python3 python3-markdown-it
 )
 zelta_run_packages=(
   libqt6svg6 qt6-translations-l10n qt6-wayland fonts-dejavu-core
@@ -16,7 +17,7 @@ zelta_test_packages=(
   ffmpeg mkvtoolnix cuetools python3-webvtt
   espeak-ng lame opus-tools vorbis-tools flac sox sndfile-programs mediainfo python3-mutagen
   avahi-daemon iproute2
-  pulseaudio pulseaudio-utils
+  pulseaudio pulseaudio-utils jackd2 python3-numpy
   xvfb openbox weston sway wtype xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst
   python3-dbus python3-gi
   desktop-file-utils appstream lintian man-db groff

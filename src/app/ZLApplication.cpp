@@ -16,14 +16,15 @@ const QString commandSocketPeer = QStringLiteral("zelta send");
 }
 
 ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSize, ZLRemoteSetup remote)
-    : m_notificationCenter(setup.environment.notificationCenter)
+    : m_hostClock(setup.environment.hostClock)
+    , m_notificationCenter(setup.environment.notificationCenter)
     , m_documentController(prepared(std::move(setup), systemFontSize))
     , m_hotKeyCenter(remote.hotKeyCenter)
 {
     if (m_hotKeyCenter && ZLSettingsManager::globalHotkeys())
         createHotkeyController();
     m_oscController = std::make_unique<ZLOSCController>(this, oscSetup(remote));
-    m_following = std::make_unique<ZLFollowing>(ZLRecorderKinds::all(m_oscController->manager()));
+    beginFollowing();
     if (remote.oscPublisher)
         m_oscAnnouncement =
             std::make_unique<ZLOSCAnnouncement>(m_oscController->inPort(), std::move(remote.oscPublisher));
@@ -157,14 +158,20 @@ void ZLApplication::updateActivity()
         m_activity->holdBackLogOut(tr("A recording is running."));
 }
 
+void ZLApplication::beginFollowing()
+{
+    m_following = std::make_unique<ZLFollowing>(ZLRecorderKinds::all(m_oscController->manager()), m_hostClock);
+    connect(&m_obsPassword, &ZLOBSPassword::didLoad, m_following.get(), &ZLFollowing::followAnew);
+    connect(&m_documentController, &ZLDocumentController::willCloseDocument, this, [this](ZLChapterDocument* document) {
+        if (m_following->document() == document)
+            m_following->stop();
+    });
+}
+
 void ZLApplication::followDocuments()
 {
     connect(&m_documentController, &ZLDocumentController::didOpenDocument, this, [this](ZLChapterDocument* document) {
         connect(document, &ZLChapterDocument::changed, this, &ZLApplication::documentDidChange);
-    });
-    connect(&m_documentController, &ZLDocumentController::willCloseDocument, this, [this](ZLChapterDocument* document) {
-        if (m_following->document() == document)
-            m_following->stop();
     });
     connect(
         &m_outsideCommands, &ZLOutsideCommands::pinDidChange, this, &ZLApplication::informControllersOfDocumentChange);

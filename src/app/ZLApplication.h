@@ -3,7 +3,9 @@
 #include "app/ZLDocumentController.h"
 #include "app/ZLOutsideCommands.h"
 #include "following/ZLFollowing.h"
+#include "following/ZLOBSPassword.h"
 #include "platform/activity/ZLProcessActivity.h"
+#include "platform/keyring/ZLDesktopKeyring.h"
 #include "remote/ZLCommandSocket.h"
 #include "remote/ZLHotkeyController.h"
 #include "remote/ZLOSCAnnouncement.h"
@@ -54,6 +56,7 @@ public:
     [[nodiscard]] ZLOSCController& oscController() { return *m_oscController; }
     /// Which document follows which recorder.
     [[nodiscard]] ZLFollowing& following() { return *m_following; }
+    [[nodiscard]] ZLOBSPassword& obsPassword() { return m_obsPassword; }
     /// Null when the OSC port is not announced.
     [[nodiscard]] const ZLServicePublisher* oscPublisher() const;
     /// Null where there are no hot keys. Its unavailabilityReason() tells why none at all can work.
@@ -93,7 +96,9 @@ private:
     /// A running clock holds back the end of the session.
     void documentDidChange(const ZLDocumentChange& change);
     void updateActivity();
+    void beginFollowing();
 
+    std::shared_ptr<const ZLHostClock> m_hostClock;
     std::shared_ptr<ZLUserNotificationCenter> m_notificationCenter;
     ZLCommandKeys m_commandKeys;
     ZLDocumentController m_documentController;
@@ -104,5 +109,6 @@ private:
     std::unique_ptr<ZLOSCAnnouncement> m_oscAnnouncement;
     std::unique_ptr<ZLCommandSocket> m_commandSocket;
     std::unique_ptr<ZLProcessActivity> m_activity;
+    ZLOBSPassword m_obsPassword { std::make_unique<ZLDesktopKeyring>() };
     std::unique_ptr<ZLFollowing> m_following;
 };

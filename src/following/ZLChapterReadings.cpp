@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString takeRecordersActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Take Recorder’s Times"));
-const QString takeZeltasActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Take Zelta’s Times"));
+const QString takeRecordersActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Take Recorder's Times"));
+const QString takeZeltasActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Take Zelta's Times"));
 
 /// A mark that is noted later than this is none that was made just now. No stamp of a press is older.
 constexpr double latestNote = 2.5;

@@ -45,6 +45,12 @@ ZLStatus ZLFollowing::follow(ZLChapterDocument& document, const QString& word)
     return ZLDone {};
 }
 
+void ZLFollowing::followAnew()
+{
+    if (m_follower)
+        (void)follow(m_follower->document(), QString(m_word));
+}
+
 void ZLFollowing::stop()
 {
     if (!m_follower)
@@ -75,7 +81,7 @@ QString ZLFollowing::lampText() const
     case ZLFollowingState::Following:
         return tr("%1: following").arg(m_follower->recorderName());
     case ZLFollowingState::Lost:
-        return tr("%1: lost").arg(m_follower->recorderName());
+        return tr("%1: lost since %2").arg(m_follower->recorderName(), lostSinceText());
     }
     return {};
 }
@@ -90,15 +96,19 @@ QString ZLFollowing::stateText() const
         return m_follower->reason().isEmpty() ? tr("%1 does not answer yet.").arg(m_follower->recorderName())
                                               : m_follower->reason();
     case ZLFollowingState::Ready:
-        return tr("%1 is there. Zelta’s clock starts with it.").arg(m_follower->recorderName());
+        return tr("%1 is there. Zelta's clock starts with it.").arg(m_follower->recorderName());
     case ZLFollowingState::Following:
-        return tr("Zelta’s clock goes as that of %1.").arg(m_follower->recorderName());
+        return tr("Zelta's clock goes as that of %1.").arg(m_follower->recorderName());
     case ZLFollowingState::Lost:
-        return tr("%1 has been lost since %2. Zelta’s clock goes on as it went last.")
-            .arg(m_follower->recorderName(),
-                QLocale().toString(m_follower->lostSince().toLocalTime().time(), QLocale::ShortFormat));
+        return tr("%1 has been lost since %2. Zelta's clock goes on as it went last.")
+            .arg(m_follower->recorderName(), lostSinceText());
     }
     return {};
+}
+
+QString ZLFollowing::lostSinceText() const
+{
+    return QLocale().toString(m_follower->lostSince().toLocalTime().time(), QLocale::ShortFormat);
 }
 
 void ZLFollowing::tell(const QString& sentence)

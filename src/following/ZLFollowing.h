@@ -25,6 +25,8 @@ public:
     /// Lets the document follow a recorder of this kind by the present settings, in place of what was followed before.
     /// The error says that there is no such kind.
     ZLStatus follow(ZLChapterDocument& document, const QString& word);
+    /// The same document and kind with changed settings; nothing where none is followed.
+    void followAnew();
     void stop();
 
     /// Null while no document follows, as is the follower.
@@ -46,6 +48,7 @@ Q_SIGNALS:
     void didHappen(const QString& sentence);
 
 private:
+    [[nodiscard]] QString lostSinceText() const;
     void tell(const QString& sentence);
 
     const QList<ZLRecorderKind> m_kinds;

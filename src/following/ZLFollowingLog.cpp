@@ -37,5 +37,5 @@ QVariant ZLFollowingLog::headerData(int section, Qt::Orientation orientation, in
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return section == TimeColumn ? tr("Time") : tr("What happened");
+    return section == TimeColumn ? tr("Time") : tr("Event");
 }

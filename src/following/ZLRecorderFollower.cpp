@@ -103,7 +103,7 @@ void ZLRecorderFollower::update()
         return;
     m_readings.noteAgainSince(m_document.recording().recorderDifference().undecided()->reading,
         *noticed + m_document.recording().recorderDifference().kept());
-    Q_EMIT didHappen(tr("%1 went away from Zelta’s clock by %2 s at %3.")
+    Q_EMIT didHappen(tr("%1 went away from Zelta's clock by %2 s at %3.")
             .arg(recorderName(), QString::number(*noticed, 'f', 2), clockText(m_document.currentDuration())));
 }
 
@@ -212,7 +212,7 @@ void ZLRecorderFollower::recorderIsBack(const ZLRecorderReport& report)
         m_tie.untie();
         m_tie.lock().begin();
         m_baseOfRecording.reset();
-        Q_EMIT didHappen(tr("%1 is back and does not record. Zelta’s clock goes on.").arg(recorderName()));
+        Q_EMIT didHappen(tr("%1 is back and does not record. Zelta's clock goes on.").arg(recorderName()));
         Q_EMIT stateDidChange();
         return;
     }
@@ -264,7 +264,7 @@ void ZLRecorderFollower::tieRunningClock(const ZLRecorderReport& report)
     const double base = recording.clock().readingAt(report.hostTime) - report.position;
     m_tie.tie(base);
     keepRecording(base, report);
-    Q_EMIT didHappen(tr("Zelta’s clock runs already. From %1 on it goes as fast as %2.")
+    Q_EMIT didHappen(tr("Zelta's clock runs already. From %1 on it goes as fast as %2.")
             .arg(clockText(m_document.currentDuration()), recorderName()));
 }
 
@@ -297,7 +297,7 @@ void ZLRecorderFollower::loseRecorder()
     m_lostSince = m_document.wallClockTime();
     m_lostAt = m_tie.lock().lastHostTime();
     m_tie.goOnAlone();
-    Q_EMIT didHappen(tr("%1 is lost. Zelta’s clock goes on as it went last.").arg(recorderName()));
+    Q_EMIT didHappen(tr("%1 is lost. Zelta's clock goes on as it went last.").arg(recorderName()));
     Q_EMIT stateDidChange();
 }
 
@@ -344,7 +344,7 @@ void ZLRecorderFollower::startWithoutRecorder()
     m_startTimer.stop();
     if (m_document.isRecording())
         return;
-    Q_EMIT didHappen(tr("%1 did not start. Zelta’s clock runs from the press on.").arg(recorderName()));
+    Q_EMIT didHappen(tr("%1 did not start. Zelta's clock runs from the press on.").arg(recorderName()));
     m_document.recording().startWithRecorder(m_pressedAt);
 }
 

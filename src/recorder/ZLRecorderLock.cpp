@@ -12,10 +12,10 @@ constexpr double secondsPerBest = 10.0;
 constexpr qsizetype mostBest = 60;
 constexpr qsizetype fewestBestForDrift = 3;
 /// Clocks of computers and of sound cards are seldom worse.
-constexpr double usualDrift = 100e-6;
+constexpr double usualDrift = 50e-6;
 constexpr double largestDrift = 1000e-6;
 /// How exact the best of ten seconds is at best, and which part of the uncertainty is left in it.
-constexpr double bestError = 0.001;
+constexpr double bestError = 0.002;
 constexpr double remainingPart = 0.2;
 constexpr double elsewhereSeconds = 0.05;
 constexpr double behindSeconds = 0.1;

@@ -127,6 +127,20 @@ TEST_F(ZLApplicationTest, ARemoteActionReachesTheCurrentDocumentOrElseTheFirst)
     EXPECT_TRUE(second->isRecording());
 }
 
+TEST_F(ZLApplicationTest, ADocumentThatIsClosedFollowsNoRecorderAnyMore)
+{
+    ZLApplication application(setup(), ZLApplication::StandardFontSize, { .oscPort = 0 });
+    ZLDocumentController& controller = application.documentController();
+    ZLChapterDocument* document = controller.newDocument();
+    controller.newDocument();
+    EXPECT_FALSE(application.following().follow(*document, u"tape"_s));
+    EXPECT_TRUE(application.following().follow(*document, u"osc"_s));
+    EXPECT_EQ(application.following().document(), document);
+    EXPECT_TRUE(controller.closeDocument(document, ZLClosing::Discard));
+    EXPECT_EQ(application.following().document(), nullptr);
+    EXPECT_EQ(application.following().state(), ZLFollowingState::Off);
+}
+
 TEST_F(ZLApplicationTest, SelectingThePreviousChapterGoesUpAndNeverToTheLastRow)
 {
     ZLRecordingHotKeyCenter center;

@@ -69,6 +69,13 @@ TEST(ZLCommandLine, RecordsHeadless)
     EXPECT_FALSE(plain.isFileCommand());
 }
 
+TEST(ZLCommandLine, FollowsARecorderWithoutAWindow)
+{
+    for (const QString& word : { u"obs"_s, u"jack"_s, u"osc"_s })
+        EXPECT_EQ(parsed({ u"--headless"_s, u"--follow"_s, word }).value().follow, word);
+    EXPECT_EQ(parsed({ u"--headless"_s }).value().follow, QString());
+}
+
 TEST(ZLCommandLine, ListsFormats)
 {
     EXPECT_EQ(parsed({ u"formats"_s }).value().command, ZLCommand::ListFormats);
@@ -136,6 +143,9 @@ TEST(ZLCommandLine, RefusesWrongUsage)
     expectUsageError({ u"--record"_s, u"a.zelta"_s });
     expectUsageError({ u"--headless"_s, u"a.zelta"_s, u"b.zelta"_s });
     expectUsageError({ u"--headless=1"_s });
+    expectUsageError({ u"--follow"_s, u"osc"_s });
+    expectUsageError({ u"--headless"_s, u"--follow"_s, u"tape"_s });
+    expectUsageError({ u"--headless"_s, u"--follow"_s });
     expectUsageError({ u"formats"_s, u"a.zelta"_s });
     expectUsageError({ u"formats"_s, u"--json"_s });
     expectUsageError({ u"show"_s });

@@ -36,6 +36,8 @@ ALLOWED = {
     "platform/media/decoding": "platform platform/media",
     "alignment": "platform",
     "recorder": "",
+    "recorder/jack": "platform recorder",
+    "recorder/obs": "platform recorder",
     "recorder/osctime": "platform platform/osc recorder",
     "resources": "",
     "resources/sounds": "",
@@ -76,7 +78,7 @@ ALLOWED = {
     "delivery/fit/ui": "platform lists templates/ui document/ui delivery/fit",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
     "app/session": "platform document document/saving",
-    "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model"
+    "app": "platform platform/activity platform/keyring platform/media/file platform/osc platform/sound resources/sounds model"
     " settings document document/saving following commands remote export export/formats import delivery delivery/fit"
     " app/session recorder/osctime",
     "app/headless": "platform document document/saving following commands document/concerns remote app",

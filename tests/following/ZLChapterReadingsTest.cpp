@@ -55,7 +55,7 @@ TEST_F(ZLChapterReadingsTest, EitherIsTakenForAllAndUndone)
     m_readings.takeForAll(ZLReadingOf::Recorder);
     EXPECT_NEAR(second->timeStamp(), zeltas + 3.0, 0.01);
     EXPECT_NEAR(first->timeStamp(), 10.0, 0.01);
-    EXPECT_EQ(history().undoActionName(), u"Take Recorder’s Times");
+    EXPECT_EQ(history().undoActionName(), u"Take Recorder's Times");
     const double taken = second->timeStamp();
     m_readings.takeForAll(ZLReadingOf::Recorder);
     EXPECT_EQ(second->timeStamp(), taken) << "twice is once";
@@ -65,7 +65,7 @@ TEST_F(ZLChapterReadingsTest, EitherIsTakenForAllAndUndone)
     EXPECT_EQ(second->timeStamp(), taken);
     history().undo();
     EXPECT_NEAR(second->timeStamp(), zeltas, 1e-9);
-    EXPECT_EQ(history().redoActionName(), u"Take Recorder’s Times");
+    EXPECT_EQ(history().redoActionName(), u"Take Recorder's Times");
     history().redo();
     EXPECT_EQ(second->timeStamp(), taken);
 }

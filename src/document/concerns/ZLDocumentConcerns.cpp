@@ -202,8 +202,8 @@ ZLConcern ZLDocumentConcerns::recorderDifference() const
     const double seconds = m_document.recording().recorderDifference().undecided()->seconds;
     const QString size = QLocale().toString(std::abs(seconds), 'f', 1);
     return { .name = ZLConcernName::RecorderDifference,
-        .sentence = seconds > 0.0 ? tr("The recorder’s time is %1 s ahead of Zelta’s clock.").arg(size)
-                                  : tr("The recorder’s time is %1 s behind Zelta’s clock.").arg(size),
+        .sentence = seconds > 0.0 ? tr("The recorder's time is %1 s ahead of Zelta's clock.").arg(size)
+                                  : tr("The recorder's time is %1 s behind Zelta's clock.").arg(size),
         .choices = { Action::TakeRecordersTime, Action::KeepZeltasTime },
         .matter = Matter::Recording };
 }

@@ -7,8 +7,8 @@
 
 namespace {
 
-const QString takeRecordersActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Take Recorder’s Time"));
-const QString keepZeltasActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Keep Zelta’s Time"));
+const QString takeRecordersActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Take Recorder's Time"));
+const QString keepZeltasActionName = QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Keep Zelta's Time"));
 
 }
 

@@ -38,7 +38,7 @@ ZLOSCTimePanel::ZLOSCTimePanel(QWidget* parent)
     addField(*form, u"play"_s, tr("&Play:"));
     addField(*form, u"record"_s, tr("R&ecord:"));
     addField(*form, u"pause"_s, tr("P&ause:"));
-    auto* const note = new QLabel(tr("The recorder sends to Zelta’s OSC port, which OSC Connections shows."), this);
+    auto* const note = new QLabel(tr("The recorder sends to Zelta's OSC port, which OSC Connections shows."), this);
     note->setWordWrap(true);
     form->addRow(note);
     connect(m_preset, &QComboBox::activated, this, &ZLOSCTimePanel::takePreset);

@@ -33,7 +33,7 @@ ZLRecorderChoicePanel::ZLRecorderChoicePanel(
     layout()->addWidget(m_document);
     addOption(m_startsRecorder, u"startsRecorder"_s, tr("&Start and stop the recorder with Zelta"),
         tr("A press that starts or stops the clock starts and stops the recorder, where it can be told to."));
-    addOption(m_marksChapters, u"marksChapters"_s, tr("&Write marks into the recorder’s file"),
+    addOption(m_marksChapters, u"marksChapters"_s, tr("&Write marks into the recorder's file"),
         tr("Where the recorder can do that; OBS Studio can from version 30.2 on."));
     m_startsRecorder->setChecked(ZLFollowingSettings::startsRecorder());
     m_marksChapters->setChecked(ZLFollowingSettings::marksChapters());
@@ -45,11 +45,11 @@ ZLRecorderChoicePanel::ZLRecorderChoicePanel(
     });
     connect(m_startsRecorder, &QCheckBox::toggled, this, [this](bool isOn) {
         ZLFollowingSettings::setStartsRecorder(isOn);
-        followAnew();
+        m_following.followAnew();
     });
     connect(m_marksChapters, &QCheckBox::toggled, this, [this](bool isOn) {
         ZLFollowingSettings::setMarksChapters(isOn);
-        followAnew();
+        m_following.followAnew();
     });
     connect(&following, &ZLFollowing::stateDidChange, this, &ZLRecorderChoicePanel::update);
     update();
@@ -58,12 +58,6 @@ ZLRecorderChoicePanel::ZLRecorderChoicePanel(
 QString ZLRecorderChoicePanel::chosenWord() const
 {
     return m_words.value(m_choices->checkedId());
-}
-
-void ZLRecorderChoicePanel::followAnew()
-{
-    if (ZLChapterDocument* document = m_following.document())
-        (void)m_following.follow(*document, QString(m_following.word()));
 }
 
 void ZLRecorderChoicePanel::addChoice(const QString& word, const QString& text)

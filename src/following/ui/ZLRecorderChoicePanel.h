@@ -22,8 +22,6 @@ public:
 
     /// The word of the kind whose button is down; empty for none.
     [[nodiscard]] QString chosenWord() const;
-    /// Follows anew with changed settings, where a recorder is followed.
-    void followAnew();
 
 Q_SIGNALS:
     void chosenWordDidChange();

@@ -9,6 +9,7 @@
 #include <QPushButton>
 
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,19 +18,17 @@ namespace {
 constexpr int updateMilliseconds = 200;
 constexpr double partsPerMillion = 1e6;
 
-QString withSign(double value)
+QString withSign(double value, int decimals)
 {
-    const QString number = QLocale().toString(std::abs(std::round(value)), 'f', 0);
     // U+2212 is as wide as the plus.
-    return (std::round(value) < 0.0 ? u"\u2212"_s : u"+"_s) + number;
+    return (value < 0.0 ? u"\u2212"_s : u"+"_s) + QLocale().toString(std::abs(value), 'f', decimals);
 }
 
 QString distanceText(double seconds)
 {
-    constexpr double longestInMilliseconds = 10.0;
-    if (std::abs(seconds) < longestInMilliseconds)
-        return ZLRecorderStatePanel::tr("%1 ms").arg(withSign(seconds * 1000.0));
-    return ZLRecorderStatePanel::tr("%1 s").arg(withSign(seconds));
+    if (std::abs(seconds) < 1.0)
+        return ZLRecorderStatePanel::tr("%1 ms").arg(withSign(seconds * 1000.0, 0));
+    return ZLRecorderStatePanel::tr("%1 s").arg(withSign(seconds, 2));
 }
 
 }
@@ -44,14 +43,16 @@ ZLRecorderStatePanel::ZLRecorderStatePanel(ZLFollowing& following, QWidget* pare
     m_position = addText(*form, u"recorderPosition"_s, tr("Position:"));
     m_distance = addText(*form, u"recorderDistance"_s, tr("Distance:"));
     m_drift = addText(*form, u"recorderDrift"_s, tr("Drift:"));
-    m_distance->setToolTip(tr("By which the recorder is ahead of Zelta’s clock."));
-    m_drift->setToolTip(tr("How much faster the recorder’s clock goes than that of this computer."));
+    m_distance->setToolTip(tr("By which the recorder is ahead of Zelta's clock."));
+    m_drift->setToolTip(tr("How much faster the recorder's clock goes than that of this computer."));
     m_takeRecorders = addTakeButton(
-        *form, u"takeRecorders"_s, tr("Take the &Recorder’s Time for All Chapters"), ZLReadingOf::Recorder);
-    m_takeZeltas = addTakeButton(*form, u"takeZeltas"_s, tr("Take &Zelta’s Time for All Chapters"), ZLReadingOf::Zelta);
+        *form, u"takeRecorders"_s, tr("Take the &Recorder's Time for All Chapters"), ZLReadingOf::Recorder);
+    m_takeZeltas = addTakeButton(*form, u"takeZeltas"_s, tr("Take &Zelta's Time for All Chapters"), ZLReadingOf::Zelta);
     m_timer.setInterval(updateMilliseconds);
     connect(&m_timer, &QTimer::timeout, this, &ZLRecorderStatePanel::update);
     connect(&following, &ZLFollowing::stateDidChange, this, &ZLRecorderStatePanel::update);
+    m_takeRecorders->setEnabled(false);
+    m_takeZeltas->setEnabled(false);
     update();
 }
 
@@ -104,8 +105,18 @@ void ZLRecorderStatePanel::update()
     m_position->setText(
         position ? ZLTimeText::hoursMinutesSeconds(ZLTimeText::truncated(std::max(0.0, *position))) : unknown);
     m_distance->setText(distance ? distanceText(*distance) : unknown);
-    m_drift->setText(drift ? tr("%1 ppm").arg(withSign(*drift * partsPerMillion)) : unknown);
+    m_drift->setText(drift ? tr("%1 ppm").arg(withSign(*drift * partsPerMillion, 0)) : unknown);
+    updateTakeButtons();
+}
+
+void ZLRecorderStatePanel::updateTakeButtons()
+{
     ZLChapterDocument* const document = m_following.document();
+    const qsizetype count = document ? document->chapterManager().count() : 0;
+    const auto looked = std::pair(static_cast<const ZLChapterDocument*>(document), count);
+    // Thousands of chapters are not looked through again and again.
+    if (std::exchange(m_looked, looked) == looked)
+        return;
     const bool canTake = document && ZLChapterReadings(*document).hasAny();
     m_takeRecorders->setEnabled(canTake);
     m_takeZeltas->setEnabled(canTake);

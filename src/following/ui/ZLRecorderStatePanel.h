@@ -5,6 +5,8 @@
 #include <QGroupBox>
 #include <QTimer>
 
+#include <utility>
+
 class QFormLayout;
 class QLabel;
 class QPushButton;
@@ -26,6 +28,7 @@ private:
     QLabel* addText(QFormLayout& form, const QString& objectName, const QString& title);
     QPushButton* addTakeButton(QFormLayout& form, const QString& objectName, const QString& text, ZLReadingOf wanted);
     void update();
+    void updateTakeButtons();
 
     ZLFollowing& m_following;
     QLabel* m_state;
@@ -34,5 +37,7 @@ private:
     QLabel* m_drift;
     QPushButton* m_takeRecorders;
     QPushButton* m_takeZeltas;
+    /// Whose chapters were looked at for both readings, and how many.
+    std::pair<const ZLChapterDocument*, qsizetype> m_looked { nullptr, 0 };
     QTimer m_timer;
 };

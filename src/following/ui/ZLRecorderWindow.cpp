@@ -22,7 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize firstWindowSize { 760, 600 };
+constexpr QSize firstWindowSize { 760, 640 };
+constexpr int logRowMargin = 6;
 
 }
 
@@ -54,7 +55,7 @@ ZLRecorderWindow::ZLRecorderWindow(ZLRecorderWindowSetup setup)
     column->addLayout(columns);
     column->addWidget(buildLog(setup.following.log()), 1);
     auto* const oscTime = new ZLOSCTimePanel(this);
-    connect(oscTime, &ZLOSCTimePanel::settingsDidChange, this, &ZLRecorderWindow::followAnew);
+    connect(oscTime, &ZLOSCTimePanel::settingsDidChange, &setup.following, &ZLFollowing::followAnew);
     addSettings(u"osc"_s, oscTime);
     connect(m_choice, &ZLRecorderChoicePanel::chosenWordDidChange, this, &ZLRecorderWindow::updateSettings);
     restoreWindowState();
@@ -73,11 +74,6 @@ void ZLRecorderWindow::addSettings(const QString& word, QWidget* panel)
     m_panels.insert(word, panel);
     m_settings->addWidget(panel);
     updateSettings();
-}
-
-void ZLRecorderWindow::followAnew()
-{
-    m_choice->followAnew();
 }
 
 void ZLRecorderWindow::present()
@@ -113,6 +109,9 @@ QWidget* ZLRecorderWindow::buildLog(ZLFollowingLog& log)
     m_log->setTabKeyNavigation(false);
     m_log->setShowGrid(false);
     m_log->verticalHeader()->hide();
+    m_log->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_log->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + logRowMargin);
+    m_log->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     m_log->horizontalHeader()->setHighlightSections(false);
     m_log->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_log->horizontalHeader()->setStretchLastSection(true);

@@ -34,8 +34,6 @@ public:
 
     /// Shows `panel` while recorders of this kind are chosen, and takes it over.
     void addSettings(const QString& word, QWidget* panel);
-    /// Follows anew with changed settings, where a recorder is followed.
-    void followAnew();
 
     /// Opens the window, or brings it to the front.
     void present();

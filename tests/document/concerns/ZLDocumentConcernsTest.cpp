@@ -79,7 +79,7 @@ TEST_F(ZLDocumentConcernsTest, ARecorderThatDiffersIsToldWithItsSize)
     ZLRecorderDifference& difference = document.recording().recorderDifference();
     difference.setUndecided(ZLRecorderDifference::Undecided { .seconds = -2.34, .reading = 0.0 });
     EXPECT_GT(changed.size(), 0);
-    EXPECT_EQ(only(concerns).sentence, u"The recorder’s time is 2.3 s behind Zelta’s clock."_s);
+    EXPECT_EQ(only(concerns).sentence, u"The recorder's time is 2.3 s behind Zelta's clock."_s);
     EXPECT_EQ(only(concerns).choices, (QList { Action::TakeRecordersTime, Action::KeepZeltasTime }));
     EXPECT_TRUE(concerns.choose(only(concerns), Action::KeepZeltasTime));
     EXPECT_EQ(namesOf(concerns), QStringList());

@@ -117,7 +117,7 @@ class OSCTimeTest(OSCTestCase):
         self.wait_for("Started with OSC at 00:00:00.")
         time.sleep(2)
         player.is_silent = True
-        self.wait_for("OSC is lost. Zelta’s clock goes on as it went last.")
+        self.wait_for("OSC is lost. Zelta's clock goes on as it went last.")
         self.mark_often(player.position_at, 3)
         player.is_silent = False
         self.wait_for("OSC is back after")
@@ -133,7 +133,7 @@ class OSCTimeTest(OSCTestCase):
         self.wait_for("Started with OSC at 00:00:00.")
         time.sleep(2)
         player.jump(20.0)
-        self.wait_for("The recorder’s time is 20.0 s ahead of Zelta’s clock.")
+        self.wait_for("The recorder's time is 20.0 s ahead of Zelta's clock.")
         self.recorder.write("taketime")
         self.wait_for("the clock reads 00:00:2")
         self.mark_often(player.position_at, 3)

@@ -3,7 +3,7 @@
 
 import time
 
-from desktop import Desktop, wait_until
+from desktop import Desktop, kill_at_once, wait_until
 from osc_player import Player
 from osc_recorder import PROGRAM
 from other_program import OtherProgram, focused_window
@@ -38,14 +38,27 @@ def main():
         assert focused_window() == other.window, "the start has taken the keyboard from the other program"
 
         player.is_silent = True
-        wait_until(lambda: lamp() == "OSC: lost", f"the lamp, not {lamp()}")
+        wait_until(lambda: lamp().startswith("OSC: lost since "), f"the lamp, not {lamp()}")
         player.is_silent = False
         wait_until(lambda: lamp() == "OSC: following", f"the lamp, not {lamp()}")
         time.sleep(1)
         player.jump(30.0)
         window.wait_for_message("30.0 s ahead")
-        accessible.press(window.button("Take the Recorder’s Time"))
+        accessible.press(window.button("Take the Recorder's Time"))
         wait_until(lambda: not any("ahead" in text for text in window.messages()), "the bar to go")
+        player.stop()
+        wait_until(lambda: lamp() == "OSC: ready", f"the lamp, not {lamp()}")
+        player.close()
+
+        # Killed in the middle of a show: it follows again and reads what the recorder reads.
+        player = Player(window.osc_port)
+        time.sleep(0.5)
+        player.record()
+        wait_until(lambda: lamp() == "OSC: following", f"the lamp, not {lamp()}")
+        kill_at_once(window.process)
+        window = Window(desktop, [PROGRAM]).wait_until_shown()
+        player.peer = ("127.0.0.1", window.osc_port)
+        wait_until(lambda: lamp() == "OSC: following", f"the lamp, not {lamp()}")
         player.stop()
         wait_until(lambda: lamp() == "OSC: ready", f"the lamp, not {lamp()}")
         player.close()

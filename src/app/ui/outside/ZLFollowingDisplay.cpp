@@ -6,6 +6,7 @@
 #include "document/ui/menus/ZLActionHelp.h"
 #include "document/ui/menus/ZLViewMenu.h"
 #include "following/ZLFollowingSettings.h"
+#include "following/ui/ZLOBSPanel.h"
 #include "following/ui/ZLRecorderWindow.h"
 #include "templates/ui/ZLReadableColors.h"
 
@@ -94,6 +95,9 @@ void ZLFollowingDisplay::open()
             .following = m_application.following(),
             .currentDocument = [this] { return m_application.documentController().currentOrLastDocument(); },
         });
+        auto* const obs = new ZLOBSPanel(m_application.obsPassword(), m_window.get());
+        connect(obs, &ZLOBSPanel::settingsDidChange, &m_application.following(), &ZLFollowing::followAnew);
+        m_window->addSettings(u"obs"_s, obs);
     }
     m_window->present();
 }

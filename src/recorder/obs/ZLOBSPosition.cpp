@@ -1,0 +1,238 @@
+#include "recorder/obs/ZLOBSPosition.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// Looks at what leaves the encoder are kept this long, in seconds.
+constexpr double framesOutMemory = 4.0;
+/// In so many seconds after a start or a resumption the frames leave the encoder a little early.
+constexpr double earlyFramesOut = 1.5;
+/// What leaves the encoder is looked at for so many seconds in each span; less where the position waits for it.
+constexpr double spanMeasure = 3.0;
+constexpr double hastyMeasure = 1.5;
+/// Between the announced start and the first frame there are at most so many seconds.
+constexpr double longestWayToFrames = 1.0;
+/// No encoder looks ahead further than this; a larger difference of the counters comes from pauses.
+constexpr double longestDelay = 4.0;
+/// The delay of usual settings, for a recording that was joined after pauses.
+constexpr double usualDelay = 0.7;
+constexpr double usualDelayUncertainty = 1.0;
+/// By so many seconds the encoder may be early or late.
+constexpr double encoderUnevenness = 0.08;
+/// Of a frame.
+constexpr double sharpMeasure = 0.25;
+/// A status that disagrees with the events is believed this long after the last of them.
+constexpr double eventPatience = 1.0;
+
+}
+
+ZLOBSPosition::ZLOBSPosition()
+    : m_frames(m_frameSeconds)
+    , m_framesOut(m_frameSeconds, framesOutMemory)
+{
+}
+
+void ZLOBSPosition::setFrameSeconds(double seconds)
+{
+    if (seconds == m_frameSeconds)
+        return;
+    m_frameSeconds = seconds;
+    m_frames = ZLStepClock(seconds);
+    m_framesOut = ZLStepClock(seconds, framesOutMemory);
+    m_framesBeside.reset();
+    beginSpan();
+}
+
+void ZLOBSPosition::setEncoderDelay(double seconds, bool isOfThisRecording)
+{
+    m_encoderDelay = seconds;
+    m_isDelayOfThisRecording = isOfThisRecording;
+}
+
+void ZLOBSPosition::began(double starting, double started)
+{
+    m_state = ZLRecorderState::Recording;
+    m_isEnding = false;
+    m_starting = starting;
+    m_started = started;
+    m_changed = started;
+    m_standsAt = 0.0;
+    m_frames.clear();
+    m_framesBeside.reset();
+    m_isDelayOfThisRecording = false;
+    m_isDelayGuessed = false;
+    m_earlyUntil = earlyFramesOut;
+    beginSpan();
+}
+
+void ZLOBSPosition::joined()
+{
+    m_state = ZLRecorderState::Recording;
+    m_started = 0.0;
+    m_earlyUntil = 0.0;
+    m_frames.clear();
+    m_framesBeside.reset();
+    m_isDelayGuessed = false;
+    beginSpan();
+}
+
+void ZLOBSPosition::paused(double hostTime)
+{
+    m_state = ZLRecorderState::Paused;
+    m_changed = hostTime;
+    m_hostTime = hostTime;
+    m_pauseFrame = firstFrameFrom(hostTime);
+    m_standsAt = m_framesBeside ? (m_pauseFrame - *m_framesBeside) * m_frameSeconds : 0.0;
+}
+
+void ZLOBSPosition::resumed(double hostTime)
+{
+    m_state = ZLRecorderState::Recording;
+    m_changed = hostTime;
+    m_hostTime = hostTime;
+    if (m_framesBeside)
+        *m_framesBeside += firstFrameFrom(hostTime) - m_pauseFrame;
+    m_earlyUntil = m_status.duration + earlyFramesOut;
+    beginSpan();
+}
+
+void ZLOBSPosition::ended(double hostTime)
+{
+    if (m_state == ZLRecorderState::Recording && m_framesBeside)
+        m_standsAt = positionAt(hostTime);
+    m_state = ZLRecorderState::Standing;
+    m_changed = hostTime;
+    m_hostTime = hostTime;
+    m_isEnding = true;
+}
+
+void ZLOBSPosition::take(const ZLOBSStatus& status)
+{
+    if (isOutdated(status))
+        return;
+    m_status = status;
+    m_hostTime = (status.asked + status.answered) / 2;
+    followState(status);
+    if (m_state == ZLRecorderState::Standing)
+        return;
+    m_frames.take(status.asked, status.answered, double(status.frames));
+    if (m_state == ZLRecorderState::Paused) {
+        if (!m_framesBeside)
+            m_standsAt = status.duration + m_encoderDelay.value_or(usualDelay);
+        return;
+    }
+    if (!m_framesBeside && m_started > 0.0)
+        findFirstFrame();
+    lookAtFramesOut();
+    if (!m_isSpanSettled && m_framesOut.lookedFor() >= (m_framesBeside ? spanMeasure : hastyMeasure))
+        settleSpan();
+}
+
+bool ZLOBSPosition::isOutdated(const ZLOBSStatus& status) const
+{
+    return status.asked <= m_changed || (m_isEnding && status.isActive);
+}
+
+void ZLOBSPosition::followState(const ZLOBSStatus& status)
+{
+    if (!status.isActive) {
+        if (m_state != ZLRecorderState::Standing && status.asked > m_changed + eventPatience)
+            ended(status.asked);
+        if (m_state == ZLRecorderState::Standing)
+            m_isEnding = false;
+        return;
+    }
+    if (m_state == ZLRecorderState::Standing) {
+        joined();
+        if (status.isPaused)
+            m_state = ZLRecorderState::Paused;
+        return;
+    }
+    if (status.asked < m_changed + eventPatience)
+        return;
+    if (status.isPaused && m_state == ZLRecorderState::Recording)
+        paused(status.asked);
+    else if (!status.isPaused && m_state == ZLRecorderState::Paused)
+        resumed(status.asked);
+}
+
+void ZLOBSPosition::beginSpan()
+{
+    m_framesOut.clear();
+    m_isSpanSettled = false;
+}
+
+void ZLOBSPosition::findFirstFrame()
+{
+    const double zero = *m_frames.zero();
+    if (zero > m_starting - m_frameSeconds && zero < m_started + longestWayToFrames) {
+        m_framesBeside = 0.0;
+    } else if (m_status.answered > m_started + longestWayToFrames) {
+        // Another output was running before, so the frames are counted from its start.
+        m_framesBeside = firstFrameFrom((m_starting + m_started) / 2);
+    }
+}
+
+void ZLOBSPosition::lookAtFramesOut()
+{
+    if (m_status.duration >= m_earlyUntil)
+        m_framesOut.take(m_status.asked, m_status.answered, std::round(m_status.duration / m_frameSeconds));
+}
+
+void ZLOBSPosition::settleSpan()
+{
+    const double lag = (*m_framesOut.zero() - *m_frames.zero()) / m_frameSeconds;
+    if (m_encoderDelay && m_isDelayOfThisRecording) {
+        correctFramesBeside(lag - *m_encoderDelay / m_frameSeconds);
+    } else if (m_framesBeside && !m_isDelayGuessed) {
+        setEncoderDelay((lag - *m_framesBeside) * m_frameSeconds, true);
+    } else {
+        settleJoinedSpan(lag);
+    }
+    m_isSpanSettled = true;
+}
+
+void ZLOBSPosition::correctFramesBeside(double measured)
+{
+    // The delay is a whole number of frames, so what is measured well is nearly one, too. The moments of the events may
+    // be wrong by a frame; by more where one was missed.
+    const double frames = std::round(measured);
+    const bool isSharp = std::abs(measured - frames) < sharpMeasure;
+    if (!m_framesBeside || isSharp || std::abs(frames - *m_framesBeside) * m_frameSeconds > encoderUnevenness)
+        m_framesBeside = frames;
+}
+
+void ZLOBSPosition::settleJoinedSpan(double lag)
+{
+    if (lag * m_frameSeconds <= longestDelay)
+        m_encoderDelay = lag * m_frameSeconds;
+    else
+        m_isDelayGuessed = !m_encoderDelay;
+    const double delay = m_encoderDelay.value_or(usualDelay);
+    m_framesBeside = std::max(0.0, std::round(lag - delay / m_frameSeconds));
+    // From here on the pauses are measured against what this span gave.
+    setEncoderDelay(delay, true);
+}
+
+double ZLOBSPosition::firstFrameFrom(double hostTime) const
+{
+    return std::ceil((hostTime - m_frames.zero().value_or(hostTime)) / m_frameSeconds);
+}
+
+double ZLOBSPosition::positionAt(double hostTime) const
+{
+    return std::max(0.0, hostTime - m_frames.zero().value_or(hostTime) - *m_framesBeside * m_frameSeconds);
+}
+
+std::optional<ZLRecorderReport> ZLOBSPosition::report() const
+{
+    if (m_state != ZLRecorderState::Recording)
+        return ZLRecorderReport { m_state, m_standsAt, m_hostTime, m_frameSeconds };
+    if (!m_framesBeside || !m_frames.zero())
+        return std::nullopt;
+    const double ofSpan = m_isSpanSettled ? 0.0 : m_frameSeconds;
+    const double ofDelay = m_isDelayGuessed ? usualDelayUncertainty : 0.0;
+    return ZLRecorderReport { m_state, positionAt(m_hostTime), m_hostTime, m_frames.uncertainty() + ofSpan + ofDelay };
+}

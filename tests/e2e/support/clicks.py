@@ -1,0 +1,56 @@
+"""Clicks in recorded sound: where they are, and which of those that were played each of them is."""
+
+import subprocess
+
+import numpy
+
+RATE = 48000
+LOUD = 3000
+# Between two clicks there is more silence than this, in seconds.
+APART = 0.1
+# So many lines, or stretches of sound, tell of the same time.
+NEAR = 8
+
+
+def places_in(samples):
+    """The seconds at which the clicks begin in an array of samples of 16 bits."""
+    loud = numpy.flatnonzero(numpy.abs(samples.astype(float)) > LOUD)
+    if not len(loud):
+        return numpy.array([])
+    first = numpy.concatenate([[True], numpy.diff(loud) > APART * RATE])
+    return loud[first] / RATE
+
+
+def places_in_file(path):
+    """The same of the first sound in any media file."""
+    decoded = subprocess.run(
+        ["ffmpeg", "-v", "error", "-i", path, "-map", "0:a:0", "-ac", "1", "-ar", str(RATE), "-f", "s16le", "-"],
+        check=True, capture_output=True,
+    ).stdout
+    return places_in(numpy.frombuffer(decoded, numpy.int16))
+
+
+def moments_of(lines):
+    """When the clicks were heard, by what zelta_sound_clicks printed. A server that was late has moved what came after."""
+    words = [line.split() for line in lines]
+    words = [(word[0], float(word[1])) for word in words if len(word) == 2]
+    found = []
+    for index, (kind, frame) in enumerate(words):
+        near = [number for name, number in words[index:index + NEAR] if name == "zero"]
+        if kind == "click" and near:
+            found.append(frame / RATE + numpy.median(near))
+    return numpy.array(found)
+
+
+def jack_moments_of(lines):
+    """When the clicks were heard, by what zelta_jack_clicks printed. The server may begin with a stretch of sound late,
+    but never early, so the earliest of those around it is right."""
+    words = [line.split() for line in lines]
+    stretches = numpy.array([(float(frame), float(moment)) for kind, frame, moment in
+                             (word for word in words if word[0] == "stretch")])
+    zeros = stretches[:, 1] - stretches[:, 0] / RATE
+    found = []
+    for frame in (float(word[1]) for word in words if word[0] == "click"):
+        own = numpy.searchsorted(stretches[:, 0], frame, side="right") - 1
+        found.append(frame / RATE + min(zeros[max(0, own - NEAR):own + NEAR]))
+    return numpy.array(found)

@@ -1,0 +1,100 @@
+"""OBS Studio on the desktop of a test, with a sound output of its own that it records, and no question asked."""
+
+import os
+import shutil
+import socket
+import subprocess
+from pathlib import Path
+
+from desktop import wait_until
+
+PASSWORD = "open sesame"
+
+SOUND = """load-module module-native-protocol-unix auth-anonymous=1 socket={socket}
+load-module module-null-sink sink_name=studio rate=48000 channels=2 norewinds=1
+set-default-sink studio
+"""
+
+GLOBAL = """[General]
+FirstRun=true
+EnableAutoUpdates=false
+[Basic]
+Profile=Untitled
+ProfileDir=Untitled
+SceneCollection=Untitled
+SceneCollectionFile=Untitled
+[OBSWebSocket]
+FirstLoad=false
+ServerEnabled=true
+ServerPort={port}
+AuthRequired=true
+ServerPassword={password}
+"""
+
+PROFILE = """[General]
+Name=Untitled
+[SimpleOutput]
+FilePath={folder}
+RecFormat=mkv
+RecEncoder=x264
+RecQuality=Small
+[Video]
+BaseCX=320
+BaseCY=240
+OutputCX=320
+OutputCY=240
+FPSType=1
+FPSInt={frames}
+FPSCommon={frames}
+[Audio]
+SampleRate=48000
+"""
+
+
+def free_port():
+    with socket.socket() as taken:
+        taken.bind(("127.0.0.1", 0))
+        return taken.getsockname()[1]
+
+
+def is_installed():
+    return shutil.which("obs") is not None
+
+
+def start_sound(desktop):
+    """A sound server whose one output is called "studio"."""
+    place = desktop.home / "pulse.socket"
+    script = desktop.home / "pulse.pa"
+    script.write_text(SOUND.format(socket=place))
+    os.environ["PULSE_SERVER"] = f"unix:{place}"
+    desktop.start("pulseaudio", "-n", "-F", script, "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
+                  "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error")
+    wait_until(lambda: subprocess.run(["pactl", "info"], capture_output=True, check=False).returncode == 0,
+               "the sound server to answer")
+
+
+class OBSStudio:
+    def __init__(self, desktop, frames=30):
+        self.desktop = desktop
+        self.port = free_port()
+        self.folder = desktop.home / "recordings"
+        self.folder.mkdir()
+        configuration = Path(os.environ["XDG_CONFIG_HOME"]) / "obs-studio"
+        profile = configuration / "basic/profiles/Untitled"
+        profile.mkdir(parents=True)
+        (configuration / "global.ini").write_text(GLOBAL.format(port=self.port, password=PASSWORD))
+        (profile / "basic.ini").write_text(PROFILE.format(folder=self.folder, frames=frames))
+        self.process = None
+
+    def start(self):
+        environment = dict(os.environ, LIBGL_ALWAYS_SOFTWARE="1")
+        self.process = self.desktop.start("obs", "--multi", "--disable-shutdown-check", "--minimize-to-tray",
+                                          env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_until(self._listens, "OBS Studio to listen")
+
+    def _listens(self):
+        with socket.socket() as knock:
+            return knock.connect_ex(("127.0.0.1", self.port)) == 0
+
+    def files(self):
+        return sorted(self.folder.iterdir())

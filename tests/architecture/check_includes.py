@@ -35,6 +35,7 @@ ALLOWED = {
     "platform/media/decoding": "platform platform/media",
     "alignment": "platform",
     "recorder": "",
+    "listening": "platform/sound alignment",
     "resources": "",
     "resources/sounds": "",
     "resources/translations": "",

@@ -41,6 +41,7 @@ QByteArray ZLChapterDocument::dataOfType(const QString& typeName)
         .chapters = m_basis.chapters.chaptersForSaving(ZLDictionaryForm::Archived),
         .duration = currentDuration(),
         .templates = m_templateViewController.chaptersForSaving(),
+        .extras = m_basis.extras.values(),
     });
 }
 
@@ -58,6 +59,7 @@ bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeNa
     m_recording.beginAnewAt(contents.value().duration);
     m_basis.chapters.loadChapters(contents.value().chapters);
     m_templateViewController.loadChapters(contents.value().templates);
+    m_basis.extras.load(contents.value().extras);
     m_basis.undoManager.removeAllActions();
     m_editing.selection().selectSomeRow();
     setDocumentEdited(false);
@@ -79,6 +81,8 @@ void ZLChapterDocument::adoptContents(const ZLDocumentContents& contents)
     ZLChapterManager templates;
     templates.setWantsSortedChapters(false);
     templates.loadChapters(contents.templates);
+    const ZLUndoGroup group(m_basis.undoManager);
+    m_basis.extras.replace(contents.extras);
     replaceContents(adopted.allChapters(), isRecording() ? duration() : contents.duration, templates.allChapters());
 }
 

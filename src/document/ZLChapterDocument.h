@@ -34,6 +34,8 @@ public:
     [[nodiscard]] const ZLChapterEditing& editing() const { return m_editing; }
     [[nodiscard]] ZLTemplatesViewController& templateViewController() { return m_templateViewController; }
     [[nodiscard]] ZLUndoManager& undoManager() { return m_basis.undoManager; }
+    [[nodiscard]] ZLDocumentExtras& extras() { return m_basis.extras; }
+    [[nodiscard]] const ZLDocumentExtras& extras() const { return m_basis.extras; }
     /// What the document asks of its window while a text is being typed there.
     [[nodiscard]] ZLTypingRequests& typing() { return m_basis.typing; }
     /// @}

@@ -50,7 +50,7 @@ ALLOWED = {
     "document/editing": "platform model settings templates document/shared document/recording",
     "document": "platform platform/archive model lists settings templates document/shared document/recording"
     " document/editing",
-    "document/saving": "platform platform/archive model document/recording document",
+    "document/saving": "platform platform/archive model document/shared document/recording document",
     "commands": "settings document",
     "document/concerns": "platform document/recording document/saving",
     "document/ui/table": "settings templates/ui document/editing document",

@@ -57,6 +57,21 @@ TEST(ZLDocumentFileTest, TheFileHasExactlyThreeKeys)
         QVariantMap({ { u"Chapters"_s, QVariantList() }, { u"Duration"_s, 0.0 }, { u"Templates"_s, QVariantList() } }));
 }
 
+TEST(ZLDocumentFileTest, KeysOfOtherVersionsAreWrittenBackUnchanged)
+{
+    const QVariantMap inner { { u"b"_s, QByteArray("\0\xff", 2) }, { u"a"_s, QVariantList { 1.5, true, u"☕"_s } } };
+    const QVariantMap root { { u"Aardvark"_s, inner }, { u"Chapters"_s, QVariantList() }, { u"Duration"_s, 3.0 },
+        { u"Future"_s, QVariantList { inner, inner, ZLArchivedDate::value(700'000'000.123'456) } },
+        { u"Templates"_s, QVariantList() }, { u"Zero"_s, QVariant() } };
+    const QByteArray bytes = ZLKeyedArchiver::archivedData(root);
+    const auto maps = ZLDocumentFile::decode(bytes);
+    ASSERT_TRUE(maps.isOk());
+    EXPECT_EQ(ZLDocumentFile::encode(maps.value()), bytes);
+    ZLChapterDocument document({});
+    ASSERT_TRUE(document.readFromData(bytes));
+    EXPECT_EQ(document.dataOfType(), bytes);
+}
+
 TEST(ZLDocumentFileTest, MissingEntriesReadAsEmpty)
 {
     EXPECT_EQ(decoded(QVariantMap()), ZLDocumentContents());

@@ -44,8 +44,10 @@ bool ZLDocumentJournal::noticeChange()
 {
     const bool areChaptersOther = m_chapters.takeDifference().has_value();
     const bool areTemplatesOther = m_templates.takeDifference().has_value();
+    const bool areExtrasOther = m_document.extras().takeDifference().has_value();
     const ClockState clock = clockState();
-    return std::exchange(m_clock, clock) != clock || areChaptersOther || areTemplatesOther;
+    return std::exchange(m_clock, clock) != clock || areChaptersOther || areTemplatesOther
+        || areExtrasOther;
 }
 
 void ZLDocumentJournal::note()
@@ -54,12 +56,14 @@ void ZLDocumentJournal::note()
         return;
     auto chapters = m_chapters.takeDifference();
     auto templates = m_templates.takeDifference();
+    auto extras = m_document.extras().takeDifference();
     const ClockState clock = clockState();
-    if (std::exchange(m_clock, clock) == clock && !chapters && !templates)
+    if (std::exchange(m_clock, clock) == clock && !chapters && !templates && !extras)
         return;
     ZLJournalChange change = readingNow();
     change.chapters = std::move(chapters);
     change.templates = std::move(templates);
+    change.extras = std::move(extras);
     m_file->append({ ZLJournalRecord::Kind::Change, change.encoded() }, ZLJournalFile::Sync::AtOnce);
     m_file->waitUntilHandedOver(m_disk.longestHandOver);
 }

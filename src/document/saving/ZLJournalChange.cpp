@@ -16,6 +16,33 @@ QVariantMap archivedSplice(const ZLJournalSplice& splice)
         { u"Inserted"_s, splice.inserted } };
 }
 
+/// What is gone is named apart: in an archive, a key without a value may be one of the file.
+QVariantMap archivedExtras(const ZLExtrasDifference& extras)
+{
+    QVariantMap values;
+    QVariantList gone;
+    for (auto entry = extras.values.cbegin(); entry != extras.values.cend(); ++entry) {
+        if (entry.value().isValid())
+            values.insert(entry.key(), entry.value());
+        else
+            gone.append(entry.key());
+    }
+    return { { u"Values"_s, values }, { u"Gone"_s, gone }, { u"Notes"_s, extras.notesOfChapters } };
+}
+
+std::optional<ZLExtrasDifference> unarchivedExtras(const QVariant& value)
+{
+    if (value.typeId() != QMetaType::QVariantMap)
+        return std::nullopt;
+    const QVariantMap map = value.toMap();
+    ZLExtrasDifference extras { .values = map.value(u"Values"_s).toMap(),
+        .notesOfChapters = map.value(u"Notes"_s).toMap() };
+    const QVariantList gone = map.value(u"Gone"_s).toList();
+    for (const QVariant& key : gone)
+        extras.values.insert(key.toString(), QVariant());
+    return extras;
+}
+
 std::optional<ZLJournalSplice> unarchivedSplice(const QVariant& value)
 {
     if (value.typeId() != QMetaType::QVariantMap)
@@ -35,6 +62,8 @@ QByteArray ZLJournalChange::encoded() const
         map.insert(u"Chapters"_s, archivedSplice(*chapters));
     if (templates)
         map.insert(u"Templates"_s, archivedSplice(*templates));
+    if (extras)
+        map.insert(u"Extras"_s, archivedExtras(*extras));
     if (running) {
         map.insert(u"RunningFrom"_s, running->reading);
         map.insert(u"RunningAt"_s, running->lastSeen.toMSecsSinceEpoch());
@@ -50,6 +79,7 @@ ZLResult<ZLJournalChange> ZLJournalChange::decoded(QByteArrayView bytes)
     const QVariantMap map = root.value().toMap();
     ZLJournalChange change { .chapters = unarchivedSplice(map.value(u"Chapters"_s)),
         .templates = unarchivedSplice(map.value(u"Templates"_s)),
+        .extras = unarchivedExtras(map.value(u"Extras"_s)),
         .reading = map.value(u"Reading"_s).toDouble() };
     if (map.contains(u"RunningAt"_s))
         change.running = ZLInterruptedRecording { .reading = map.value(u"RunningFrom"_s).toDouble(),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/recording/ZLInterruptedRecording.h"
+#include "document/shared/ZLDocumentExtras.h"
 #include "platform/ZLResult.h"
 
 #include <QByteArray>
@@ -20,6 +21,7 @@ struct ZLJournalSplice {
 struct ZLJournalChange {
     std::optional<ZLJournalSplice> chapters {};
     std::optional<ZLJournalSplice> templates {};
+    std::optional<ZLExtrasDifference> extras {};
     /// Seconds of recorded time at that moment.
     double reading = 0.0;
     /// Present while the clock runs, and while an interruption waits for a decision.

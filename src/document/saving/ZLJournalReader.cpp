@@ -44,6 +44,8 @@ bool applyChange(const ZLJournalRecord& record, ZLJournaledDocument& document)
         return false;
     performSplice(change.chapters, document.contents.chapters);
     performSplice(change.templates, document.contents.templates);
+    if (change.extras)
+        change.extras->applyTo(document.contents.extras);
     document.contents.duration = change.reading;
     document.interruption = change.running;
     return true;

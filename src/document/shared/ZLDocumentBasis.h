@@ -2,6 +2,7 @@
 
 #include "document/shared/ZLDocumentChanges.h"
 #include "document/shared/ZLDocumentEnvironment.h"
+#include "document/shared/ZLDocumentExtras.h"
 #include "document/shared/ZLTypingRequests.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLUndoManager.h"
@@ -25,6 +26,7 @@ struct ZLDocumentBasis {
     ZLDocumentEnvironment environment;
     ZLUndoManager undoManager;
     ZLDocumentChanges changes { undoManager };
+    ZLDocumentExtras extras { undoManager, changes };
     ZLTypingRequests typing;
     /// The chapters of the document, in the order of their times.
     ZLChapterManager chapters;

@@ -23,6 +23,7 @@ struct ZLDocumentChange {
         EveryCell = 1U << 12U, ///< All cells of the table may read otherwise.
         Contents = 1U << 13U, ///< The file form: it is worth saving.
         Reminder = 1U << 14U, ///< Nothing, but the controllers are to be told the state once more.
+        Extras = 1U << 15U, ///< What the document keeps besides, see ZLDocumentExtras.
     };
     Q_DECLARE_FLAGS(Parts, Part)
 

@@ -104,6 +104,19 @@ TEST_F(ZLJournaledCommandsTest, Edits)
     expectOneRecordEachWay("revert", 1, [this] { document.adoptContents({ {}, 3.0, { QVariantMap {} } }); });
 }
 
+TEST_F(ZLJournaledCommandsTest, WhatTheDocumentKeepsBesides)
+{
+    addChapter("One");
+    const QString uuid = document.chapterManager().chapterAtIndex(0)->uuid();
+    ZLDocumentExtras& extras = document.extras();
+    expectOneRecordEachWay("a value", 0, [&] { extras.change(u"Sound"_s, QByteArray("abc")); });
+    expectOneRecordEachWay("a value that goes", 0, [&] { extras.change(u"Sound"_s, {}); });
+    expectOneRecordEachWay("a note", 0, [&] { extras.changeOfChapter(uuid, u"Moved"_s, 0.5); });
+    expectOneRecordEachWay(
+        "all of it", 1, [this] { document.adoptContents({ {}, 3.0, {}, { { u"Theirs"_s, QVariantList { 1 } } } }); });
+    expectOneRecord("no step", 0, [&] { extras.keep(u"Sound"_s, 1); });
+}
+
 TEST_F(ZLJournaledCommandsTest, TheDrawersButtons)
 {
     ZLTemplatesViewController& drawer = document.templateViewController();

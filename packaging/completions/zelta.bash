@@ -32,6 +32,9 @@ _zelta() {
       compopt -o filenames -o default 2>/dev/null
       COMPREPLY=()
       return ;;
+    --listen)
+      _zelta_words < <(printf '%s\n' default; pactl list short sources 2>/dev/null | cut -f2)
+      return ;;
     --osc-port | --osc-send | --shift | --pattern | --item | --zero)
       COMPREPLY=()
       return ;;
@@ -46,7 +49,7 @@ _zelta() {
       import) _zelta_words < <(printf '%s\n' --shift --item --add --output) ;;
       fit) _zelta_words < <(printf '%s\n' --finished --heard --zero --output --json) ;;
       show) _zelta_words < <(printf '%s\n' --json --item) ;;
-      *) _zelta_words < <(printf '%s\n' --headless --record --new --osc-port --osc-send --help --version) ;;
+      *) _zelta_words < <(printf '%s\n' --headless --record --new --osc-port --osc-send --listen --help --version) ;;
     esac
   elif [[ $COMP_CWORD -eq 1 ]]; then
     _zelta_files zelta "${audio[@]}"

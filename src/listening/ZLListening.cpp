@@ -1,7 +1,5 @@
 #include "listening/ZLListening.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -62,6 +60,14 @@ QString ZLListening::sourceName() const
     return source().isEmpty() ? tr("the default input") : source();
 }
 
+void ZLListening::countSilenceAnew()
+{
+    m_silence = 0.0;
+    if (isOn())
+        m_absenceTimer.start();
+    update();
+}
+
 void ZLListening::takeBlocks()
 {
     const auto blocks = m_input->takeBlocks();
@@ -108,8 +114,10 @@ void ZLListening::update()
         state = m_silence >= SilenceSeconds ? ZLListeningState::Silent : ZLListeningState::Hearing;
         break;
     }
-    if (state != ZLListeningState::Silent && state != ZLListeningState::Hearing)
+    if (state != ZLListeningState::Silent && state != ZLListeningState::Hearing) {
         m_level = 0.0;
+        m_silence = 0.0;
+    }
     if (std::exchange(m_state, state) != state)
         Q_EMIT stateDidChange();
 }

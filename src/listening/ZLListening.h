@@ -46,6 +46,8 @@ public:
     [[nodiscard]] ZLListeningState state() const { return m_state; }
     /// Of the last tenth of a second, from 0 for Quietest to 1.
     [[nodiscard]] double level() const { return m_level; }
+    /// The silence so far counts no more.
+    void countSilenceAnew();
 
 Q_SIGNALS:
     void didHear(const ZLHeardBlock& block);

@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QVariantList>
-#include <QVariantMap>
 #include <QtEndian>
 
 #include <algorithm>
@@ -23,7 +22,8 @@ bool makesSense(const ZLListeningSpan& span)
 {
     constexpr double wanted = ZLSoundFingerprint::SecondsPerFrame;
     // What is no number is in no range.
-    return !span.frames.empty() && span.start >= 0.0 && std::abs(span.interval / wanted - 1.0) <= ZLListeningData::WorstDrift
+    return !span.frames.empty() && span.start >= 0.0
+        && std::abs(span.interval / wanted - 1.0) <= ZLListeningData::WorstDrift
         && span.end() <= ZLListeningData::LongestShow;
 }
 
@@ -34,8 +34,10 @@ QByteArray bytesOf(const std::vector<std::uint32_t>& frames)
     return bytes;
 }
 
-std::vector<std::uint32_t> framesIn(const QByteArray& bytes)
+std::vector<std::uint32_t> framesIn(const QVariant& stored)
 {
+    // A text is none, whatever its letters would be as bytes.
+    const QByteArray bytes = stored.typeId() == QMetaType::QByteArray ? stored.toByteArray() : QByteArray();
     std::vector<std::uint32_t> frames(size_t(bytes.size() / bytesPerFrame));
     qFromBigEndian<quint32>(bytes.constData(), qsizetype(frames.size()), frames.data());
     return frames;
@@ -44,7 +46,7 @@ std::vector<std::uint32_t> framesIn(const QByteArray& bytes)
 ZLListeningSpan spanIn(const QVariantMap& stored)
 {
     return { stored.value(startKey).toDouble(), stored.value(intervalKey).toDouble(),
-        framesIn(stored.value(framesKey).toByteArray()) };
+        framesIn(stored.value(framesKey)) };
 }
 
 QVariantMap storedSpan(const ZLListeningSpan& span)
@@ -56,11 +58,12 @@ QVariantMap storedSpan(const ZLListeningSpan& span)
 double zeroThatFits(const std::vector<ZLListeningSpan>& spans)
 {
     constexpr double step = ZLSoundFingerprint::SecondsPerFrame;
-    const auto longest = std::ranges::max_element(
-        spans, {}, [](const ZLListeningSpan& span) { return span.frames.size(); });
+    const auto longest =
+        std::ranges::max_element(spans, {}, [](const ZLListeningSpan& span) { return span.frames.size(); });
     // In its middle, so that a clock that goes wrong is as far off at one end as at the other.
     const double middle = longest->start + longest->interval * double(longest->frames.size() / 2);
-    return std::ceil(middle / step) * step - middle;
+    // Rounding may bring it below by next to nothing.
+    return std::max(0.0, std::ceil(middle / step) * step - middle);
 }
 
 }
@@ -82,6 +85,18 @@ QVariant ZLListeningData::stored() const
     for (const ZLListeningSpan& span : m_spans)
         spans.append(storedSpan(span));
     return QVariantMap { { spansKey, spans } };
+}
+
+QVariant ZLListeningData::begun()
+{
+    return QVariantMap { { spansKey, QVariantList() } };
+}
+
+QVariantMap ZLListeningData::adopted(QVariantMap others, const QVariantMap& own)
+{
+    if (own.contains(Key) && !others.contains(Key))
+        others.insert(Key, own.value(Key));
+    return others;
 }
 
 void ZLListeningData::add(ZLListeningSpan span)
@@ -109,7 +124,8 @@ void ZLListeningData::forgetFrom(double reading)
 void ZLListeningData::insertTime(double reading, double seconds)
 {
     for (ZLListeningSpan& span : std::exchange(m_spans, {})) {
-        const double before = std::clamp(std::ceil((reading - span.start) / span.interval), 0.0, double(span.frames.size()));
+        const double before =
+            std::clamp(std::ceil((reading - span.start) / span.interval), 0.0, double(span.frames.size()));
         const auto cut = span.frames.begin() + std::ptrdiff_t(before);
         add({ span.start, span.interval, { span.frames.begin(), cut } });
         add({ span.start + before * span.interval + seconds, span.interval, { cut, span.frames.end() } });

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QVariant>
+#include <QVariantMap>
 
 #include <vector>
 
@@ -31,12 +32,18 @@ public:
     [[nodiscard]] static ZLListeningData fromStored(const QVariant& stored);
     /// An invalid value when nothing was heard.
     [[nodiscard]] QVariant stored() const;
+    /// What is stored as long as a first run of the clock is being heard: no spans yet.
+    [[nodiscard]] static QVariant begun();
 
     /// Ascending, and none reaches into the next one.
     [[nodiscard]] const std::vector<ZLListeningSpan>& spans() const { return m_spans; }
     [[nodiscard]] bool isEmpty() const { return m_spans.empty(); }
-    /// Adds what was heard last. What earlier ones have at its start and later goes: the clock was set back since, or it
-    /// is the same span once more. One that makes no sense is left out.
+    /// Those extras of a document that has listened along, `own`, and adopts `others`: what was heard stays where the
+    /// others have nothing of it.
+    [[nodiscard]] static QVariantMap adopted(QVariantMap others, const QVariantMap& own);
+
+    /// Adds what was heard last. What earlier ones have at its start and later goes: the clock was set back since, or
+    /// it is the same span once more. One that makes no sense is left out.
     void add(ZLListeningSpan span);
     /// The clock was put forward by `seconds`, as of `reading`: what was heard there and later was heard so much later.
     void insertTime(double reading, double seconds);

@@ -9,8 +9,8 @@ namespace {
 
 /// Blocks before the line is trusted: a stream that begins does not know its delay yet.
 constexpr int blocksToSettle = 5;
-/// How much is known of the drift before anything is heard: that it is hardly beyond 200 ppm. Told as the square of seconds
-/// that blocks would have to be apart, uncertain by 10 ms each, to say as much.
+/// How much is known of the drift before anything is heard: that it is hardly beyond 200 ppm. Told as the square of
+/// seconds that blocks would have to be apart, uncertain by 10 ms each, to say as much.
 constexpr double priorSquares = (0.01 / 200e-6) * (0.01 / 200e-6);
 
 }

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-/// When the samples of an input were heard. What the input says of each block is uncertain by some milliseconds, and its
-/// own clock goes a little fast or slow; a straight line through all of it is right by less than a millisecond.
+/// When the samples of an input were heard. What the input says of each block is uncertain by some milliseconds, and
+/// its own clock goes a little fast or slow; a straight line through all of it is right by less than a millisecond.
 class ZLSampleClock {
 public:
     /// A block whose time is farther off than this, in seconds, does not lie on the line.
@@ -27,7 +27,7 @@ public:
     [[nodiscard]] double drift() const;
 
 private:
-    /// A second of blocks.
+    /// In a row: half a second of blocks or more.
     static constexpr int MostStrays = 10;
 
     [[nodiscard]] double secondsOf(std::int64_t sample) const { return double(sample) / m_samplesPerSecond; }

@@ -29,8 +29,7 @@ void ZLSpanListener::hear(const ZLHeardBlock& block)
         beginSpan();
     const auto skipped = size_t(m_hearing->sampleCount > 0 ? 0.0 : std::ceil(early));
     const std::span samples = std::span(block.samples).subspan(skipped);
-    m_hearing->clock.note(
-        m_hearing->sampleCount, block.hostTime + double(skipped) / ZLSoundInput::SamplesPerSecond);
+    m_hearing->clock.note(m_hearing->sampleCount, block.hostTime + double(skipped) / ZLSoundInput::SamplesPerSecond);
     m_hearing->sampleCount += std::int64_t(samples.size());
     m_hearing->fingerprinter.hear(samples);
     takeFrames();

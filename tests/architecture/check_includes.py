@@ -48,9 +48,10 @@ ALLOWED = {
     "document/shared": "platform platform/notification platform/sound model",
     "document/recording": "platform platform/activity model settings document/shared",
     "document/editing": "platform model settings templates document/shared document/recording",
-    "document": "platform platform/archive model lists settings templates document/shared document/recording"
-    " document/editing",
-    "document/saving": "platform platform/archive model document/shared document/recording document",
+    "document": "platform platform/archive listening model lists settings templates document/shared"
+    " document/recording document/editing",
+    "document/saving": "platform platform/archive listening model document/shared document/recording document",
+    "document/listening": "platform listening document document/saving",
     "commands": "settings document",
     "document/concerns": "platform document/recording document/saving",
     "document/ui/table": "settings templates/ui document/editing document",
@@ -67,14 +68,15 @@ ALLOWED = {
     "delivery": "platform platform/media platform/media/file model document document/saving",
     "delivery/ui": "platform platform/media lists templates/ui document/ui export/ui delivery",
     "import/ui": "platform model templates/ui document/ui import",
-    "delivery/fit": "platform platform/media/decoding alignment model",
+    "delivery/fit": "platform platform/media/decoding alignment listening model",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
-    "app/session": "platform document document/saving",
-    "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds model"
-    " settings document document/saving commands remote export export/formats import delivery delivery/fit"
+    "app/session": "platform document document/saving document/listening",
+    "app": "platform platform/activity platform/media/file platform/osc platform/sound resources/sounds listening model"
+    " settings document document/saving document/listening commands remote export export/formats import delivery delivery/fit"
     " app/session",
-    "app/headless": "platform document document/saving commands document/concerns remote app",
+    "app/headless": "platform document document/saving document/listening commands document/concerns remote app",
     "app/ui/look": "templates/ui",
+    "app/ui/listening": "listening settings templates/ui document/listening document/ui/menus document/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "platform document/saving document/concerns document/ui app",
     "app/ui/menus": "platform document document/ui/menus document/ui export export/formats export/lists export/ui"
@@ -87,7 +89,7 @@ ALLOWED = {
     "app/ui/outside": "platform/dnssd model commands document/ui/menus document/ui remote remote/ui app"
     " app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window"
-    " settings commands document/ui/menus document/ui settings/ui app app/ui/look app/ui/quickedit app/ui/shortcuts"
+    " settings commands document/ui/menus document/ui settings/ui app app/ui/listening app/ui/look app/ui/quickedit app/ui/shortcuts"
     " app/ui/windows app/ui/outside",
 }
 # Puts everything together, so it may include everything.

@@ -134,12 +134,12 @@ TEST(ZLListeningDataTest, DamagedSpansAreLeftOutAndTheOthersStay)
     const double inf = std::numeric_limits<double>::infinity();
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const QByteArray frames = QByteArray::fromHex("0000000100000002");
-    const QVariantList bad {
-        storedSpan(nan, 0.02, frames), storedSpan(inf, 0.02, frames), storedSpan(-1.0, 0.02, frames),
-        storedSpan(1e300, 0.02, frames), storedSpan(360000.0, 0.02, frames), storedSpan(0.0, nan, frames),
-        storedSpan(0.0, 0.0, frames), storedSpan(0.0, -0.02, frames), storedSpan(0.0, 1e-300, frames),
-        storedSpan(0.0, 1e300, frames), storedSpan(0.0, 0.02, QByteArray()), storedSpan(0.0, 0.02, QByteArray("abc")),
-        storedSpan(0.0, 0.02, u"text"_s), storedSpan(QVariantList {}, QVariantMap {}, frames), 7, u"span"_s, QVariant() };
+    const QVariantList bad { storedSpan(nan, 0.02, frames), storedSpan(inf, 0.02, frames),
+        storedSpan(-1.0, 0.02, frames), storedSpan(1e300, 0.02, frames), storedSpan(360000.0, 0.02, frames),
+        storedSpan(0.0, nan, frames), storedSpan(0.0, 0.0, frames), storedSpan(0.0, -0.02, frames),
+        storedSpan(0.0, 1e-300, frames), storedSpan(0.0, 1e300, frames), storedSpan(0.0, 0.02, QByteArray()),
+        storedSpan(0.0, 0.02, QByteArray("abc")), storedSpan(0.0, 0.02, u"text"_s),
+        storedSpan(QVariantList {}, QVariantMap {}, frames), 7, u"span"_s, QVariant() };
     for (const QVariant& span : bad)
         EXPECT_TRUE(ZLListeningData::fromStored(storedSpans({ span })).isEmpty()) << bad.indexOf(span);
     const auto data = ZLListeningData::fromStored(storedSpans(bad + QVariantList { storedSpan(4, 0.02, frames) }));
@@ -148,9 +148,17 @@ TEST(ZLListeningDataTest, DamagedSpansAreLeftOutAndTheOthersStay)
         EXPECT_TRUE(ZLListeningData::fromStored(stored).isEmpty());
 }
 
+TEST(ZLListeningDataTest, TheLongestShowHasRoomAndALongerOneIsLeftOut)
+{
+    const auto show = dataOf({ countingSpan(359990.0, 500), countingSpan(359999.9, 500) }).heardShow();
+    EXPECT_NEAR(show.fingerprint.seconds(), 360000.0, 0.1);
+    EXPECT_EQ(show.fingerprint.frames.back(), 500U);
+}
+
 TEST(ZLListeningDataTest, BytesAfterTheLastWholeFrameAreLeftOut)
 {
-    const auto data = ZLListeningData::fromStored(storedSpans({ storedSpan(0.0, 0.02, QByteArray::fromHex("0000000100")) }));
+    const auto data =
+        ZLListeningData::fromStored(storedSpans({ storedSpan(0.0, 0.02, QByteArray::fromHex("0000000100")) }));
     EXPECT_EQ(data, dataOf({ countingSpan(0.0, 1) }));
 }
 

@@ -70,6 +70,16 @@ TEST_F(ZLListeningTest, AMissingInputAndAServerThatIsGoneAreTold)
     EXPECT_EQ(m_listening.state(), ZLListeningState::Off);
 }
 
+TEST_F(ZLListeningTest, AnInputThatComesBackHasItsTenSecondsAgain)
+{
+    m_listening.listenTo({});
+    hear(0.0F, 11.0);
+    ASSERT_EQ(m_listening.state(), ZLListeningState::Silent);
+    m_input->setState(ZLSoundInput::State::Missing);
+    hear(0.0F, 1.0);
+    EXPECT_EQ(m_listening.state(), ZLListeningState::Hearing);
+}
+
 TEST_F(ZLListeningTest, NumbersThatAreNoneAreSilence)
 {
     m_listening.listenTo({});

@@ -11,7 +11,8 @@ constexpr double rate = 8000.0;
 constexpr int blockSamples = 800;
 
 /// Notes blocks of an input whose seconds are longer by `drift`, that began at 100 s and is uncertain by `jitter`.
-void noteBlocks(ZLSampleClock& clock, double seconds, double drift, double jitter, double jumpAfter = 1e9, double jump = 0.0)
+void noteBlocks(
+    ZLSampleClock& clock, double seconds, double drift, double jitter, double jumpAfter = 1e9, double jump = 0.0)
 {
     std::mt19937 chance(7);
     std::normal_distribution error(0.0, jitter > 0.0 ? jitter : 1.0);

@@ -1,23 +1,24 @@
+#include "listening/ZLSpanListener.h"
 #include "alignment/ZLFingerprinter.h"
 #include "listening/ZLListeningData.h"
-#include "listening/ZLSpanListener.h"
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <random>
 
 namespace {
 
-constexpr int rate = ZLSoundInput::SamplesPerSecond;
-constexpr std::size_t blockSamples = rate / 10;
+constexpr int spanRate = ZLSoundInput::SamplesPerSecond;
+constexpr std::size_t spanBlockSamples = spanRate / 10;
 
 /// Noise whose colour changes all the time, so that each frame is its own.
 std::vector<float> changingSound(unsigned seed, double seconds)
 {
     std::mt19937 chance(seed);
     std::normal_distribution noise(0.0F, 0.1F);
-    std::vector<float> samples(std::size_t(seconds * rate));
+    std::vector<float> samples(std::size_t(seconds * spanRate));
     float low = 0.0F;
     for (std::size_t index = 0; index < samples.size(); ++index) {
         const float share = 0.5F + 0.45F * std::sin(float(index) / 900.0F);
@@ -31,20 +32,22 @@ std::vector<float> changingSound(unsigned seed, double seconds)
 /// `drift`.
 void hear(ZLSpanListener& listener, const std::vector<float>& samples, double hostTime, double drift = 0.0)
 {
-    for (std::size_t begin = 0; begin + blockSamples <= samples.size(); begin += blockSamples) {
+    for (std::size_t begin = 0; begin + spanBlockSamples <= samples.size(); begin += spanBlockSamples) {
         const auto first = samples.begin() + std::ptrdiff_t(begin);
-        listener.hear({ hostTime + double(begin) / rate * (1.0 + drift), { first, first + std::ptrdiff_t(blockSamples) } });
+        listener.hear({ hostTime + double(begin) / spanRate * (1.0 + drift),
+            { first, first + std::ptrdiff_t(spanBlockSamples) } });
     }
 }
 
-/// How many of the frames of `heard` are those of `sound`, at their times on the recording clock.
+/// How many of the frames of `heard` are those of `sound`, at their times on the recording clock. A start between two
+/// samples costs a bit here and there.
 double shareOfRightFrames(const ZLHeardShow& heard, const ZLSoundFingerprint& sound, double soundBegin)
 {
     int right = 0;
     for (std::size_t frame = 0; frame < sound.frames.size(); ++frame) {
         const auto index = std::lround((double(frame) * 0.02 + soundBegin + heard.zero) / 0.02);
         if (index >= 0 && std::size_t(index) < heard.fingerprint.frames.size())
-            right += heard.fingerprint.frames[std::size_t(index)] == sound.frames[frame] ? 1 : 0;
+            right += std::popcount(heard.fingerprint.frames[std::size_t(index)] ^ sound.frames[frame]) <= 4 ? 1 : 0;
     }
     return double(right) / double(sound.frames.size());
 }
@@ -93,7 +96,7 @@ TEST(ZLSpanListenerTest, WhatWasHeardBeforeTheStartIsLeftOut)
     listener.begin(505.05, 0.0);
     hear(listener, sound, 500.0);
     EXPECT_NEAR(listener.spans().at(0).start, 0.0, 0.001);
-    const std::vector<float> rest(sound.begin() + std::ptrdiff_t(5.05 * rate), sound.end());
+    const std::vector<float> rest(sound.begin() + std::ptrdiff_t(5.05 * spanRate), sound.end());
     EXPECT_GT(shareOfRightFrames(showOf(listener), ZLFingerprinter::of(rest), 0.0), 0.98);
 }
 

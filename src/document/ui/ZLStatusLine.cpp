@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QStyle>
 #include <QToolButton>
@@ -95,6 +96,16 @@ void ZLStatusLine::setPart(const QString& name, const QString& text, const QStri
     part->setToolTip(toolTip);
     part->setAccessibleDescription(toolTip);
     part->setVisible(!text.isEmpty());
+}
+
+void ZLStatusLine::setPartIcon(const QString& name, const QIcon& icon, QSize size)
+{
+    QToolButton* part = m_parts.value(name);
+    if (!part)
+        return;
+    part->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    part->setIconSize(size);
+    part->setIcon(icon);
 }
 
 void ZLStatusLine::showPassingMessage(

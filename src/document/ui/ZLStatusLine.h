@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class QIcon;
 class QLabel;
 class QToolButton;
 
@@ -26,6 +27,8 @@ public:
     /// Shows a further part at the right-hand side, or changes it. `name` is its object name and comes back with
     /// partClicked(); an empty text hides the part.
     void setPart(const QString& name, const QString& text, const QString& toolTip);
+    /// Puts a sign before the text of a part that is there.
+    void setPartIcon(const QString& name, const QIcon& icon, QSize size);
 
     /// With `action` the message carries a button. Replaces the message before.
     void showPassingMessage(

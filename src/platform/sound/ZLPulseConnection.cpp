@@ -182,8 +182,8 @@ void ZLPulseConnection::askForInputs()
     const auto serverWasTold = [](pa_context*, const pa_server_info* server, void* self) {
         // A server without any source has no default one.
         if (server)
-            static_cast<ZLPulseConnection*>(self)->m_inputsBeingListed.defaultId
-                = QString::fromUtf8(server->default_source_name);
+            static_cast<ZLPulseConnection*>(self)->m_inputsBeingListed.defaultId =
+                QString::fromUtf8(server->default_source_name);
     };
     forgetOperation(pa_context_get_server_info(m_context, serverWasTold, this));
     const auto inputWasListed = [](pa_context*, const pa_source_info* input, int end, void* self) {

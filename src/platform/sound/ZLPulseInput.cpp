@@ -13,8 +13,7 @@ void ZLPulseInput::prepare()
 {
     if (!m_connection) {
         m_connection = std::make_shared<ZLPulseConnection>(ZLPulseConnection::Interest::Inputs);
-        connect(
-            m_connection.get(), &ZLPulseConnection::didChange, this, &ZLPulseInput::follow, Qt::QueuedConnection);
+        connect(m_connection.get(), &ZLPulseConnection::didChange, this, &ZLPulseInput::follow, Qt::QueuedConnection);
     }
     m_connection->connectToServer();
 }

@@ -21,15 +21,15 @@ struct ZLInputDevice {
 
 /// A stretch of sound as one source heard it.
 struct ZLHeardBlock {
-    /// Seconds of ZLSteadyHostClock at which the first sample sounded: the delay of the source is taken out. Of a monitor,
-    /// when the output plays it.
+    /// Seconds of ZLSteadyHostClock at which the first sample sounded: the delay of the source is taken out. Of a
+    /// monitor, when the output plays it.
     double hostTime = 0.0;
     /// Of one channel, ZLSoundInput::SamplesPerSecond a second, from -1 to 1.
     std::vector<float> samples {};
 };
 
-/// Hears one source of the system. No call waits: what becomes of the source is told by signal, and a server or a source
-/// that is missing is taken as soon as it is there.
+/// Hears one source of the system. No call waits: what becomes of the source is told by signal, and a server or a
+/// source that is missing is taken as soon as it is there.
 class ZLSoundInput : public QObject {
     Q_OBJECT
 
@@ -49,7 +49,8 @@ public:
 
     /// Asks for the list of sources, without hearing one.
     virtual void prepare() = 0;
-    /// Hears the source with this identifier from now on; an empty one stands for the default source, whichever that is.
+    /// Hears the source with this identifier from now on; an empty one stands for the default source, whichever that
+    /// is.
     virtual void listenTo(const QString& id) = 0;
     virtual void stop() = 0;
 

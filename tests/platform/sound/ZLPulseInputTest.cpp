@@ -1,7 +1,7 @@
+#include "platform/sound/ZLPulseInput.h"
 #include "platform/ZLHostClock.h"
 #include "platform/sound/ZLOutputRecording.h"
 #include "platform/sound/ZLPrivateSoundServer.h"
-#include "platform/sound/ZLPulseInput.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

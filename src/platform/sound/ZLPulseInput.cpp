@@ -82,8 +82,17 @@ void ZLPulseInput::open(const QString& id)
 {
     m_openId = id;
     m_stream = std::make_unique<ZLPulseInputStream>(m_connection);
-    connect(m_stream.get(), &ZLPulseInputStream::didHear, this, &ZLPulseInput::noteSound, Qt::QueuedConnection);
-    connect(m_stream.get(), &ZLPulseInputStream::didFail, this, &ZLPulseInput::noteFailure, Qt::QueuedConnection);
+    // One that was replaced meanwhile has nothing to tell any more.
+    const auto ifCurrent = [this, stream = m_stream.get()](void (ZLPulseInput::*note)()) {
+        return [this, stream, note] {
+            if (m_stream.get() == stream)
+                (this->*note)();
+        };
+    };
+    connect(
+        m_stream.get(), &ZLPulseInputStream::didHear, this, ifCurrent(&ZLPulseInput::noteSound), Qt::QueuedConnection);
+    connect(m_stream.get(), &ZLPulseInputStream::didFail, this, ifCurrent(&ZLPulseInput::noteFailure),
+        Qt::QueuedConnection);
     setState(State::Opening);
     if (!m_stream->open(id))
         noteFailure();
@@ -91,9 +100,6 @@ void ZLPulseInput::open(const QString& id)
 
 void ZLPulseInput::noteFailure()
 {
-    // One that was replaced meanwhile has nothing to tell any more.
-    if (sender() && sender() != m_stream.get())
-        return;
     m_stream.reset();
     m_hasFailed = true;
     m_retryTimer.start();
@@ -103,8 +109,6 @@ void ZLPulseInput::noteFailure()
 
 void ZLPulseInput::noteSound()
 {
-    if (!m_stream)
-        return;
     m_retryTimer.stop();
     setState(State::Hearing);
     Q_EMIT didHear();

@@ -35,6 +35,9 @@ _zelta() {
     --follow)
       _zelta_words < <(printf '%s\n' obs jack osc)
       return ;;
+    --listen)
+      _zelta_words < <(printf '%s\n' default; pactl list short sources 2>/dev/null | cut -f2)
+      return ;;
     --osc-port | --osc-send | --shift | --pattern | --item | --zero)
       COMPREPLY=()
       return ;;
@@ -49,7 +52,7 @@ _zelta() {
       import) _zelta_words < <(printf '%s\n' --shift --item --add --output) ;;
       fit) _zelta_words < <(printf '%s\n' --finished --heard --zero --output --json) ;;
       show) _zelta_words < <(printf '%s\n' --json --item) ;;
-      *) _zelta_words < <(printf '%s\n' --headless --record --new --osc-port --osc-send --follow --help --version) ;;
+      *) _zelta_words < <(printf '%s\n' --headless --record --new --osc-port --osc-send --follow --listen --help --version) ;;
     esac
   elif [[ $COMP_CWORD -eq 1 ]]; then
     _zelta_files zelta "${audio[@]}"

@@ -16,6 +16,7 @@ complete -c zelta -n "$without_command" -l new -d 'Open a new, empty document'
 complete -c zelta -n "$without_command" -l osc-port -x -d 'Listen on this UDP port'
 complete -c zelta -n "$without_command" -l osc-send -x -d 'Send the state to HOST:PORT'
 complete -c zelta -n "$without_command" -l follow -x -a 'obs jack osc' -d 'Start, pause and stop the clock with this recorder'
+complete -c zelta -n "$without_command" -l listen -x -a 'default (pactl list short sources 2>/dev/null | cut -f2)' -d 'Listen along to this input'
 complete -c zelta -n "$without_command" -s h -l help -d 'Print the usage'
 complete -c zelta -n "$without_command" -s v -l version -d 'Print the version'
 

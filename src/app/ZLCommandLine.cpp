@@ -230,8 +230,10 @@ private:
             return CommandLineTexts::tr("--zero needs a number of seconds, such as 12.5.");
         if (m_result.finishedPath.isEmpty())
             return CommandLineTexts::tr("\"fit\" needs --finished with the finished audio file.");
-        if (m_result.heardPath.isEmpty())
-            return CommandLineTexts::tr("\"fit\" needs --heard with the raw recording of the show.");
+        if (m_parser.isSet(u"heard"_s) && m_result.heardPath.isEmpty())
+            return CommandLineTexts::tr("The name of a file is empty.");
+        if (m_parser.isSet(u"zero"_s) && m_result.heardPath.isEmpty())
+            return CommandLineTexts::tr("--zero needs --heard.");
         if (m_parser.isSet(u"output"_s) && m_result.outputPath.isEmpty())
             return CommandLineTexts::tr("The name of a file is empty.");
         return m_result.files.size() == 1 ? QString()
@@ -275,7 +277,8 @@ public:
         : CommandReader(ZLCommand::OpenWindows)
     {
         m_parser.addOptions({ { u"headless"_s, {} }, { u"record"_s, {} }, { u"new"_s, {} },
-            { u"osc-send"_s, {}, u"host:port"_s }, { u"follow"_s, {}, u"recorder"_s } });
+            { u"osc-send"_s, {}, u"host:port"_s }, { u"follow"_s, {}, u"recorder"_s },
+            { u"listen"_s, {}, u"source"_s } });
         addPortOption();
         letToolkitOptionsPass();
     }
@@ -320,6 +323,19 @@ private:
         return m_parser.isSet(u"headless"_s) ? QString() : CommandLineTexts::tr("--follow needs --headless.");
     }
 
+    /// The same for --listen.
+    QString fillInListening()
+    {
+        if (!m_parser.isSet(u"listen"_s))
+            return {};
+        m_result.listeningSource = m_parser.value(u"listen"_s);
+        if (m_result.listeningSource->isEmpty())
+            return CommandLineTexts::tr("--listen needs the name of an input, or \"default\".");
+        if (m_result.listeningSource == "default"_L1)
+            m_result.listeningSource->clear();
+        return {};
+    }
+
     QString fillIn() override
     {
         if (const QString problem = fillInPort(0) + fillInOutputs() + fillInFollow(); !problem.isEmpty())
@@ -328,8 +344,12 @@ private:
         m_result.wantsNewDocument = m_parser.isSet(u"new"_s);
         if (m_result.wantsNewDocument && m_parser.isSet(u"headless"_s))
             return CommandLineTexts::tr("--new and --headless cannot be used together.");
+        if (!m_parser.isSet(u"headless"_s) && m_parser.isSet(u"listen"_s))
+            return CommandLineTexts::tr("--listen needs --headless.");
         if (!m_parser.isSet(u"headless"_s))
             return records ? CommandLineTexts::tr("--record needs --headless.") : QString();
+        if (const QString problem = fillInListening(); !problem.isEmpty())
+            return problem;
         m_result.command = ZLCommand::RecordHeadless;
         if (records)
             m_result.headlessStart = ZLHeadlessStart::Recording;
@@ -391,6 +411,9 @@ QString ZLCommandLine::helpText()
         "given several times\n"
         "        --follow obs|jack|osc          start, pause and stop the clock with this recorder, and keep it in "
         "step\n"
+        "        --listen SOURCE                keep how the show sounds, as this input of the sound "
+        "server hears it;\n"
+        "                                       \"default\" for the default one\n"
         "  zelta send ACTION [--osc-port N]     give the running recorder a command, by default the "
         "one of this user;\n"
         "                                       with --osc-port the one on that port of this "
@@ -414,11 +437,12 @@ QString ZLCommandLine::helpText()
         "                                       put the chapters of FILE into each audio file in place "
         "of its own,\n"
         "                                       with --output into a copy of the one that is given\n"
-        "  zelta fit --finished AUDIO --heard RAW [--zero SECONDS] [--output OUT] [--json] FILE\n"
-        "                                       find the chapters of FILE in the finished AUDIO, by the "
-        "raw recording;\n"
-        "                                       SECONDS is where the clock's zero lies in RAW, OUT a "
-        "new document\n"
+        "  zelta fit --finished AUDIO [--heard RAW [--zero SECONDS]] [--output OUT] [--json] FILE\n"
+        "                                       find the chapters of FILE in the finished AUDIO, by what "
+        "was heard along\n"
+        "                                       or by the raw recording; SECONDS is where the clock's "
+        "zero lies in RAW, OUT\n"
+        "                                       a new document\n"
         "  zelta --help | --version\n"
         "\n"
         "Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as "

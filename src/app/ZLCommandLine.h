@@ -46,6 +46,8 @@ struct ZLCommandLine {
     /// For OpenWindows: a new, empty document as well.
     bool wantsNewDocument = false;
     ZLHeadlessStart headlessStart = ZLHeadlessStart::Paused;
+    /// For RecordHeadless: the input to listen along to, empty for the default one; nothing for none.
+    std::optional<QString> listeningSource {};
     QString formatName {};
     ZLExportOption exportOption = ZLExportOption::Off;
     /// Of the lines of a format that has such a pattern; empty for its usual one.
@@ -58,7 +60,7 @@ struct ZLCommandLine {
     /// For ImportChapters and ShowFile: which of several shows in the file, from 1.
     std::optional<int> item {};
     /// For FitChapters: the finished file, the raw recording of the show, and the place in seconds at which the
-    /// recording clock's zero lies in the latter.
+    /// recording clock's zero lies in the latter. Without a recording the document knows how the show sounded.
     QString finishedPath {};
     QString heardPath {};
     double zero = 0.0;

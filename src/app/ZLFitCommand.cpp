@@ -47,18 +47,34 @@ ZLResult<ZLFit> ZLFitCommand::fit(const ZLDocumentContents& contents, const ZLCo
     if (const ZLStatus free = checkOutput(commandLine.outputPath); !free)
         return free.error();
     ZLWorkProgress progress;
-    const auto show = ZLHeardSound::fingerprintOf(commandLine.heardPath, progress);
+    const auto show = heardShow(contents, commandLine, progress);
     if (!show)
         return show.error();
     const auto file = ZLHeardSound::fingerprintOf(commandLine.finishedPath, progress);
     if (!file)
         return file.error();
     const ZLFit fit = ZLFit::of(ZLFitNotes::marksOf(ZLChapterManager(contents.chapters).allChapters(), contents.extras),
-        ZLSoundAlignment::of(show.value(), file.value(), progress), commandLine.zero);
-    if (!fit.isTheShow())
-        return ZLError { FitTexts::tr("%1 is not the show: too little of %2 is in it.")
-                .arg(commandLine.finishedPath, commandLine.heardPath) };
-    return fit;
+        ZLSoundAlignment::of(show.value().fingerprint, file.value(), progress), show.value().zero);
+    if (fit.isTheShow())
+        return fit;
+    return ZLError { FitTexts::tr("%1 is not the show: too little of %2 is in it.")
+            .arg(commandLine.finishedPath,
+                commandLine.heardPath.isEmpty() ? FitTexts::tr("what was heard along") : commandLine.heardPath) };
+}
+
+ZLResult<ZLHeardShow> ZLFitCommand::heardShow(
+    const ZLDocumentContents& contents, const ZLCommandLine& commandLine, ZLWorkProgress& progress) const
+{
+    if (!commandLine.heardPath.isEmpty()) {
+        auto fingerprint = ZLHeardSound::fingerprintOf(commandLine.heardPath, progress);
+        return fingerprint ? ZLResult(ZLHeardShow { std::move(fingerprint).value(), commandLine.zero })
+                           : ZLResult<ZLHeardShow>(fingerprint.error());
+    }
+    const auto show = ZLHeardSound::heardAlong(contents.extras.value(ZLListeningData::Key));
+    if (show)
+        return show;
+    return ZLError { u"%1: %2"_s.arg(commandLine.files.constFirst(), show.error().message) + u' '
+        + FitTexts::tr("Name the raw recording of the show with --heard.") };
 }
 
 ZLStatus ZLFitCommand::checkOutput(const QString& path) const

@@ -3,10 +3,13 @@
 #include "app/ZLCommandLine.h"
 #include "delivery/fit/ZLFit.h"
 #include "document/ZLDocumentFile.h"
+#include "listening/ZLListeningData.h"
+#include "platform/ZLWorkProgress.h"
 
 #include <functional>
 
-/// "zelta fit": finds the chapters of a document in a finished file, by the raw recording of the show.
+/// "zelta fit": finds the chapters of a document in a finished file, by what was heard along or by the raw recording of
+/// the show.
 class ZLFitCommand {
 public:
     /// `print` writes to the standard output and returns a ZLExitStatus, `warn` tells a reason.
@@ -16,6 +19,8 @@ public:
 
 private:
     [[nodiscard]] ZLResult<ZLFit> fit(const ZLDocumentContents& contents, const ZLCommandLine& commandLine) const;
+    [[nodiscard]] ZLResult<ZLHeardShow> heardShow(
+        const ZLDocumentContents& contents, const ZLCommandLine& commandLine, ZLWorkProgress& progress) const;
     [[nodiscard]] ZLStatus checkOutput(const QString& path) const;
     [[nodiscard]] ZLStatus write(
         const ZLFit& fit, const ZLDocumentContents& contents, const ZLCommandLine& commandLine) const;

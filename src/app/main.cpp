@@ -1,10 +1,12 @@
 #include "app/ZLApplication.h"
+#include "app/ZLApplicationListening.h"
 #include "app/ZLApplicationSounds.h"
 #include "app/ZLCommandLine.h"
 #include "app/ZLErrorLines.h"
 #include "app/ZLFileCommands.h"
 #include "app/ZLFileWords.h"
 #include "app/ZLSendCommand.h"
+#include "app/headless/ZLHeadlessListening.h"
 #include "app/headless/ZLHeadlessRecorder.h"
 #include "app/ui/ZLDesktop.h"
 #include "app/ui/ZLDesktopApplication.h"
@@ -73,6 +75,10 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
             .oscPublisher = std::make_unique<ZLAvahiServicePublisher>(),
             .activity = ZLProcessActivity::create() });
     sounds.prepareForRecording();
+    ZLApplicationListening listening(application.documentController());
+    ZLHeadlessListening listeningLines(listening.shows(), ZLHeadlessStreams::standard());
+    if (commandLine.listeningSource)
+        listeningLines.begin(*commandLine.listeningSource);
     ZLHeadlessRecorder recorder(application.documentController(), ZLHeadlessStreams::standard());
     recorder.showRemoteControl(application.oscController());
     if (!commandLine.follow.isEmpty())

@@ -1,5 +1,6 @@
 #include "document/ZLChapterDocument.h"
 
+#include "listening/ZLListeningData.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <utility>
@@ -87,7 +88,7 @@ void ZLChapterDocument::adoptContents(const ZLDocumentContents& contents)
     templates.setWantsSortedChapters(false);
     templates.loadChapters(contents.templates);
     const ZLUndoGroup group(m_basis.undoManager);
-    m_basis.extras.replace(contents.extras);
+    m_basis.extras.replace(ZLListeningData::adopted(contents.extras, m_basis.extras.values()));
     replaceContents(adopted.allChapters(), isRecording() ? duration() : contents.duration, templates.allChapters());
 }
 

@@ -125,6 +125,25 @@ TEST(ZLCommandLine, LetsOptionsOfTheWindowToolkitPass)
     EXPECT_EQ(commandLine.value().files, QStringList { u"a.zelta"_s });
 }
 
+TEST(ZLCommandLine, ListensAlongToAnInput)
+{
+    EXPECT_EQ(parsed({ u"--headless"_s }).value().listeningSource, std::nullopt);
+    EXPECT_EQ(parsed({ u"--headless"_s, u"--listen"_s, u"card.monitor"_s }).value().listeningSource, u"card.monitor"_s);
+    EXPECT_EQ(parsed({ u"--headless"_s, u"--listen"_s, u"default"_s }).value().listeningSource, QString());
+    expectUsageError({ u"--listen"_s, u"default"_s });
+    expectUsageError({ u"--headless"_s, u"--listen"_s });
+    expectUsageError({ u"--headless"_s, u"--listen"_s, QString() });
+}
+
+TEST(ZLCommandLine, FitsWithARecordingOrWithWhatWasHeardAlong)
+{
+    const auto along = parsed({ u"fit"_s, u"--finished"_s, u"a.mp3"_s, u"show.zelta"_s }).value();
+    EXPECT_EQ(along.command, ZLCommand::FitChapters);
+    EXPECT_EQ(along.heardPath, QString());
+    expectUsageError({ u"fit"_s, u"--finished"_s, u"a.mp3"_s, u"--zero"_s, u"3"_s, u"show.zelta"_s });
+    expectUsageError({ u"fit"_s, u"--finished"_s, u"a.mp3"_s, u"--heard"_s, QString(), u"show.zelta"_s });
+}
+
 TEST(ZLCommandLine, AsksForANewDocument)
 {
     EXPECT_FALSE(parsed({ u"a.zelta"_s }).value().wantsNewDocument);

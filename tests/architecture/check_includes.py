@@ -39,6 +39,7 @@ ALLOWED = {
     "recorder/jack": "platform recorder",
     "recorder/obs": "platform recorder",
     "recorder/osctime": "platform platform/osc recorder",
+    "listening": "platform/sound alignment",
     "resources": "",
     "resources/sounds": "",
     "resources/translations": "",
@@ -51,10 +52,11 @@ ALLOWED = {
     "document/shared": "platform platform/notification platform/sound model",
     "document/recording": "platform platform/activity model settings document/shared",
     "document/editing": "platform model settings templates document/shared document/recording",
-    "document": "platform platform/archive model lists settings templates document/shared document/recording"
-    " document/editing",
+    "document": "platform platform/archive listening model lists settings templates document/shared"
+    " document/recording document/editing",
     "document/saving/journal": "platform platform/archive model document/shared document/recording document",
-    "document/saving": "platform model document document/saving/journal",
+    "document/saving": "platform listening model document document/saving/journal",
+    "document/listening": "platform listening document document/saving",
     "following": "platform platform/keyring model settings document/shared document recorder",
     "following/ui": "platform/window model document document/ui following",
     "commands": "settings document",
@@ -73,16 +75,18 @@ ALLOWED = {
     "delivery": "platform platform/media platform/media/file model document document/saving",
     "delivery/ui": "platform platform/media lists templates/ui document/ui export/ui delivery",
     "import/ui": "platform model templates/ui document/ui import",
-    "delivery/fit": "platform platform/media platform/media/decoding platform/sound alignment model document/shared"
-    " document",
+    "delivery/fit": "platform platform/media platform/media/decoding platform/sound alignment listening model"
+    " document/shared document",
     "delivery/fit/ui": "platform lists templates/ui document/ui delivery/fit",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
-    "app/session": "platform document document/saving",
-    "app": "platform platform/activity platform/keyring platform/media/file platform/osc platform/sound resources/sounds model"
-    " settings document document/saving following commands remote export export/formats import delivery delivery/fit"
-    " app/session recorder/osctime",
-    "app/headless": "platform document document/saving following commands document/concerns remote app",
+    "app/session": "platform document document/saving document/listening",
+    "app": "platform platform/activity platform/keyring platform/media/file platform/osc platform/sound resources/sounds"
+    " listening model settings document document/saving document/listening following commands remote export"
+    " export/formats import delivery delivery/fit app/session recorder/osctime",
+    "app/headless": "platform document document/saving document/listening following commands document/concerns remote"
+    " app",
     "app/ui/look": "templates/ui",
+    "app/ui/listening": "listening settings templates/ui document/listening document/ui/menus document/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "platform document/saving document/concerns document/ui app",
     "app/ui/menus": "platform settings document document/ui/menus document/ui export export/formats export/lists"
@@ -95,7 +99,7 @@ ALLOWED = {
     "app/ui/outside": "platform/dnssd model templates/ui following following/ui commands document/ui/menus document/ui remote remote/ui app"
     " app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window"
-    " settings commands document/ui/menus document/ui settings/ui app app/ui/look app/ui/quickedit app/ui/shortcuts"
+    " settings commands document/ui/menus document/ui settings/ui app app/ui/listening app/ui/look app/ui/quickedit app/ui/shortcuts"
     " app/ui/windows app/ui/outside",
 }
 # Puts everything together, so it may include everything.

@@ -1,6 +1,7 @@
 #include "app/session/ZLDocumentMaker.h"
 
 #include "document/ZLUnreadableDocument.h"
+#include "document/listening/ZLDocumentListening.h"
 #include "platform/ZLBoundedFile.h"
 
 #include <QCoreApplication>
@@ -76,7 +77,7 @@ ZLResult<ZLSavedDocument> ZLDocumentMaker::readRecoveryFile(std::unique_ptr<ZLRe
 ZLSavedDocument ZLDocumentMaker::rebuild(ZLRecoveredDocument recovered, const ZLFoundFile& file) const
 {
     const ZLJournaledDocument& journal = recovered.journal;
-    auto document = makeDocumentFrom(journal);
+    auto document = makeDocumentFrom(journal, recovered.file->listeningPath());
     if (!journal.filePath.isEmpty())
         document->setDisplayName(QFileInfo(journal.filePath).fileName());
     auto saver = std::make_unique<ZLDocumentSaver>(
@@ -86,7 +87,7 @@ ZLSavedDocument ZLDocumentMaker::rebuild(ZLRecoveredDocument recovered, const ZL
 
 ZLSavedDocument ZLDocumentMaker::rebuildAside(const ZLRecoveredDocument& recovered) const
 {
-    auto document = makeDocumentFrom(recovered.journal);
+    auto document = makeDocumentFrom(recovered.journal, recovered.file->listeningPath());
     document->setDisplayName(QCoreApplication::translate("ZLDocumentMaker", "%1 (recovered)")
             .arg(QFileInfo(recovered.journal.filePath).fileName()));
     return keepAtOnce(std::move(document));
@@ -107,10 +108,13 @@ std::unique_ptr<ZLChapterDocument> ZLDocumentMaker::makeDocument() const
     return document;
 }
 
-std::unique_ptr<ZLChapterDocument> ZLDocumentMaker::makeDocumentFrom(const ZLJournaledDocument& journal) const
+std::unique_ptr<ZLChapterDocument> ZLDocumentMaker::makeDocumentFrom(
+    const ZLJournaledDocument& journal, const QString& listeningPath) const
 {
     auto document = makeDocument();
-    document->readFromData(ZLDocumentFile::encode(journal.contents));
+    ZLDocumentContents contents = journal.contents;
+    ZLDocumentListening::recover(contents.extras, listeningPath);
+    document->readFromData(ZLDocumentFile::encode(contents));
     document->setInterruptedRecording(journal.interruption);
     return document;
 }

@@ -46,7 +46,8 @@ public:
 private:
     [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
     [[nodiscard]] ZLSavedDocument keepAtOnce(std::unique_ptr<ZLChapterDocument> document) const;
-    [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocumentFrom(const ZLJournaledDocument& journal) const;
+    [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocumentFrom(
+        const ZLJournaledDocument& journal, const QString& listeningPath) const;
     [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> readDocument(
         const QString& path, const QByteArray& bytes) const;
 

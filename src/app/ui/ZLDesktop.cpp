@@ -32,9 +32,11 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     , m_application(desktopSetup(events, m_sounds), float(QFontInfo(QApplication::font()).pointSizeF()),
           { m_hotKeyCenter.get(), commandLine.oscPort, commandLine.oscOutputs,
               std::make_unique<ZLAvahiServicePublisher>(), ZLProcessActivity::create() })
+    , m_listening(m_application.documentController())
     , m_windows(m_application.documentController(), m_sounds.soundMaker())
     , m_keyEquivalents(m_application.documentController(), m_application.commandKeys())
     , m_remoteStatus(m_application)
+    , m_listeningDisplay(m_listening.shows())
     , m_outsideTarget(m_application)
     , m_outsideNews(m_application.outsideCommands(), m_windows)
     , m_oscConnections(m_application)
@@ -82,5 +84,6 @@ void ZLDesktop::equipWindow(ZLChapterDocumentWindow* window)
     m_remoteStatus.addStatusLine(window->statusLine());
     m_oscConnections.addWindow(*window);
     m_following.addWindow(*window);
+    m_listeningDisplay.addWindow(*window);
     m_outsideTarget.addWindow(*window);
 }

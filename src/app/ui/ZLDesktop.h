@@ -1,10 +1,12 @@
 #pragma once
 
 #include "app/ZLApplication.h"
+#include "app/ZLApplicationListening.h"
 #include "app/ZLApplicationSounds.h"
 #include "app/ZLCommandLine.h"
 #include "app/ZLRunningInstance.h"
 #include "app/ui/ZLPreferences.h"
+#include "app/ui/listening/ZLListeningDisplay.h"
 #include "app/ui/outside/ZLFollowingDisplay.h"
 #include "app/ui/outside/ZLOSCConnections.h"
 #include "app/ui/outside/ZLOutsideNewsDisplay.h"
@@ -40,10 +42,12 @@ private:
     std::unique_ptr<ZLHotKeyCenter> m_hotKeyCenter;
     ZLApplicationSounds m_sounds;
     ZLApplication m_application;
+    ZLApplicationListening m_listening;
     ZLDocumentWindows m_windows;
     ZLMenuShortcuts m_menuShortcuts;
     ZLKeyEquivalents m_keyEquivalents;
     ZLRemoteStatusDisplay m_remoteStatus;
+    ZLListeningDisplay m_listeningDisplay;
     ZLOutsideTargetDisplay m_outsideTarget;
     ZLOutsideNewsDisplay m_outsideNews;
     ZLOSCConnections m_oscConnections;

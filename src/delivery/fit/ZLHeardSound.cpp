@@ -13,6 +13,11 @@ struct HeardSoundTexts {
     Q_DECLARE_TR_FUNCTIONS(ZLHeardSound)
 };
 
+bool saysNothing(const ZLSoundFingerprint& fingerprint)
+{
+    return std::ranges::all_of(fingerprint.frames, [](auto frame) { return frame == ZLSoundFingerprint::Nothing; });
+}
+
 }
 
 ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, ZLWorkProgress& progress)
@@ -35,7 +40,15 @@ ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, ZL
         return status.error();
     fingerprinter.finish();
     takeFrames();
-    if (std::ranges::all_of(fingerprint.frames, [](auto frame) { return frame == ZLSoundFingerprint::Nothing; }))
+    if (saysNothing(fingerprint))
         return ZLError { HeardSoundTexts::tr("%1: There is nothing to be heard in it.").arg(path) };
     return fingerprint;
+}
+
+ZLResult<ZLHeardShow> ZLHeardSound::heardAlong(const QVariant& stored)
+{
+    ZLHeardShow show = ZLListeningData::fromStored(stored).heardShow();
+    if (saysNothing(show.fingerprint))
+        return ZLError { HeardSoundTexts::tr("The document has nothing of listening along.") };
+    return show;
 }

@@ -1,6 +1,7 @@
 #include "document/saving/ZLDocumentHistory.h"
 
 #include "document/saving/journal/ZLJournalRecord.h"
+#include "listening/ZLListeningData.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
 #include "platform/ZLPrivateFolder.h"
@@ -78,6 +79,12 @@ bool isWholeState(const ZLDocumentState& state)
     return bytes && QFileInfo(state.path).completeBaseName().endsWith(u'-' + shortDigest(bytes.value()));
 }
 
+/// What was heard of a show is large and the same in all of its states, so that none has it.
+QByteArray withoutListeningData(const QByteArray& document, ZLDocumentContents contents)
+{
+    return contents.extras.remove(ZLListeningData::Key) > 0 ? ZLDocumentFile::encode(contents) : document;
+}
+
 /// Of states, newest first, the one whose loss is felt least: near to a moment they stand close, far from it wide
 /// apart. The newest stays, and the oldest too, unless it stems from a time long gone.
 qsizetype leastMissedState(const QList<ZLDocumentState>& states)
@@ -139,15 +146,16 @@ ZLResult<ZLDocumentContents> ZLDocumentHistory::contentsOf(const ZLDocumentState
 }
 
 ZLStateKeeping ZLDocumentHistory::keep(
-    const QByteArray& bytes, const QDateTime& time, const QByteArray& successor) const
+    const QByteArray& document, const QDateTime& time, const QByteArray& successor) const
 {
-    const auto contents = ZLDocumentFile::decode(bytes);
+    const auto contents = ZLDocumentFile::decode(document);
     const auto next = ZLDocumentFile::decode(successor);
     if (!contents || (contents.value().chapters.isEmpty() && contents.value().templates.isEmpty()))
         return ZLStateKeeping::NothingNew;
     if (next && next.value().chapters == contents.value().chapters
         && next.value().templates == contents.value().templates)
         return ZLStateKeeping::NothingNew;
+    const QByteArray bytes = withoutListeningData(document, contents.value());
     const auto kept = namedStates(m_folderPath);
     if (!kept.isEmpty() && QFileInfo(kept.first().path).completeBaseName().endsWith(shortDigest(bytes)))
         return ZLStateKeeping::NothingNew;

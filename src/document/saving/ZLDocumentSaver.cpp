@@ -89,6 +89,11 @@ void ZLDocumentSaver::end(QDeadlineTimer deadline)
         m_place.forgetUntitledHistory();
 }
 
+QString ZLDocumentSaver::listeningPath() const
+{
+    return m_place.recoveryFile() ? m_place.recoveryFile()->listeningPath() : QString();
+}
+
 bool ZLDocumentSaver::hasContent() const
 {
     return m_document.isRecording() || m_document.currentDuration() != 0.0 || m_document.chapterManager().count() > 0

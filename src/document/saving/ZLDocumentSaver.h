@@ -62,6 +62,9 @@ public:
     [[nodiscard]] QString otherHolder() const { return m_place.otherHolder(); }
     /// Where an untitled document is kept; empty when it has nothing to keep or a file of the user's.
     [[nodiscard]] QString recoveryPath() const { return m_place.recoveryPath(); }
+    /// Where what is heard of the show is kept while its clock runs; empty as long as the recovery folder has nothing
+    /// of the document.
+    [[nodiscard]] QString listeningPath() const;
     /// Whether there is anything that would be missed.
     [[nodiscard]] bool hasContent() const;
     /// Whether the document may go without a word: it is untitled and empty, and nothing was ever done in it.

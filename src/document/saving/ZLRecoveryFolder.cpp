@@ -46,6 +46,7 @@ void ZLRecoveryFile::remove()
 void ZLRecoveryFile::removeJournal()
 {
     QFile::remove(journalPath());
+    QFile::remove(listeningPath());
 }
 
 ZLStatus ZLRecoveryFolder::prepare() const

@@ -19,13 +19,17 @@ public:
 
     [[nodiscard]] const QString& path() const { return m_path; }
     [[nodiscard]] QString journalPath() const { return m_path + JournalSuffix; }
+    /// Where a show that is being recorded keeps what was heard of it.
+    [[nodiscard]] QString listeningPath() const { return m_path + ListeningSuffix; }
     /// Whether the file's lock is still there. It is not when the whole folder was deleted.
     [[nodiscard]] bool isStillHeld() const;
-    /// Deletes the file and its journal; nothing happens when there is none.
+    /// Deletes the file and what lies beside it; nothing happens when there is none.
     void remove();
+    /// Deletes what lies beside the file.
     void removeJournal();
 
     static inline const QString JournalSuffix = QStringLiteral(".journal");
+    static inline const QString ListeningSuffix = QStringLiteral(".listening");
 
 private:
     QString m_path;

@@ -1,8 +1,15 @@
 #include "document/saving/ZLReverting.h"
 
+#include "listening/ZLListeningData.h"
+
 bool ZLReverting::canRevert() const
 {
-    return !m_document.isRecording() && !m_point.isEmpty() && m_document.dataOfType() != m_point;
+    if (m_document.isRecording() || m_point.isEmpty() || m_document.dataOfType() == m_point)
+        return false;
+    if (!m_document.extras().value(ZLListeningData::Key).isValid())
+        return true;
+    const auto contents = ZLDocumentFile::decode(m_point);
+    return !contents || leadsElsewhere(contents.value());
 }
 
 ZLStatus ZLReverting::revert()
@@ -25,11 +32,17 @@ ZLStatus ZLReverting::revertTo(const ZLDocumentState& state)
     const auto contents = ZLDocumentHistory::contentsOf(state);
     if (!contents)
         return contents.error();
-    if (m_document.dataOfType() == ZLDocumentFile::encode(contents.value()))
+    if (!leadsElsewhere(contents.value()))
         return ZLDone {};
     m_states.makeDue();
     m_document.revertToContents(contents.value());
     return ZLDone {};
+}
+
+bool ZLReverting::leadsElsewhere(ZLDocumentContents contents) const
+{
+    contents.extras = ZLListeningData::adopted(contents.extras, m_document.extras().values());
+    return m_document.dataOfType() != ZLDocumentFile::encode(contents);
 }
 
 ZLError ZLReverting::clockIsRunning()

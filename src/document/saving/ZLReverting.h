@@ -27,6 +27,7 @@ public:
     ZLStatus revertTo(const ZLDocumentState& state);
 
 private:
+    [[nodiscard]] bool leadsElsewhere(ZLDocumentContents contents) const;
     [[nodiscard]] static ZLError clockIsRunning();
 
     ZLChapterDocument& m_document;

@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QStyle>
 #include <QToolButton>
@@ -97,10 +98,14 @@ void ZLStatusLine::setPart(const QString& name, const QString& text, const QStri
     part->setVisible(!text.isEmpty());
 }
 
-void ZLStatusLine::setPartIcon(const QString& name, const QIcon& icon)
+void ZLStatusLine::setPartIcon(const QString& name, const QIcon& icon, QSize size)
 {
     QToolButton* part = m_parts.value(name);
+    if (!part)
+        return;
     part->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    if (size.isValid())
+        part->setIconSize(size);
     part->setIcon(icon);
 }
 

@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class QIcon;
 class QLabel;
 class QToolButton;
 
@@ -27,9 +28,8 @@ public:
     /// Shows a further part at the right-hand side, or changes it. `name` is its object name and comes back with
     /// partClicked(); an empty text hides the part.
     void setPart(const QString& name, const QString& text, const QString& toolTip);
-
-    /// Shows an icon before the text of a part that was set.
-    void setPartIcon(const QString& name, const QIcon& icon);
+    /// Shows an icon before the text of a part that is there, in the usual size unless it is told.
+    void setPartIcon(const QString& name, const QIcon& icon, QSize size = {});
 
     /// With `action` the message carries a button. Replaces the message before.
     void showPassingMessage(

@@ -29,8 +29,9 @@ void forgetOperation(pa_operation* operation)
 
 }
 
-ZLPulseConnection::ZLPulseConnection()
-    : m_mainloop(pa_threaded_mainloop_new())
+ZLPulseConnection::ZLPulseConnection(Interest interest)
+    : m_interest(interest)
+    , m_mainloop(pa_threaded_mainloop_new())
 {
     if (m_mainloop && pa_threaded_mainloop_start(m_mainloop) != 0)
         pa_threaded_mainloop_free(std::exchange(m_mainloop, nullptr));
@@ -133,14 +134,27 @@ void ZLPulseConnection::contextStateDidChange()
 void ZLPulseConnection::contextIsReady()
 {
     m_outputsBeingListed.clear();
+    m_inputsBeingListed = {};
     publish({ .state = State::Ready });
-    const auto outputsDidChange = [](pa_context*, pa_subscription_event_type_t, uint32_t, void* self) {
-        static_cast<ZLPulseConnection*>(self)->askForOutputs();
+    const auto listDidChange = [](pa_context*, pa_subscription_event_type_t, uint32_t, void* self) {
+        static_cast<ZLPulseConnection*>(self)->askForList();
     };
-    pa_context_set_subscribe_callback(m_context, outputsDidChange, this);
+    pa_context_set_subscribe_callback(m_context, listDidChange, this);
+    // Which source is the default one is a matter of the server's.
+    const auto matters = m_interest == Interest::Outputs
+        ? PA_SUBSCRIPTION_MASK_SINK
+        : pa_subscription_mask_t(PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SERVER);
     // Subscribed before asked, so that what changes in between is announced.
-    forgetOperation(pa_context_subscribe(m_context, PA_SUBSCRIPTION_MASK_SINK, nullptr, nullptr));
-    askForOutputs();
+    forgetOperation(pa_context_subscribe(m_context, matters, nullptr, nullptr));
+    askForList();
+}
+
+void ZLPulseConnection::askForList()
+{
+    if (m_interest == Interest::Outputs)
+        askForOutputs();
+    else
+        askForInputs();
 }
 
 void ZLPulseConnection::askForOutputs()
@@ -161,6 +175,31 @@ void ZLPulseConnection::outputWasListed(const pa_sink_info* output, int end)
     if (end < 0)
         reading = { .error = pa_context_errno(m_context) };
     publish({ .state = State::Ready, .isListed = true, .reading = std::move(reading) });
+}
+
+void ZLPulseConnection::askForInputs()
+{
+    const auto serverWasTold = [](pa_context*, const pa_server_info* server, void* self) {
+        // A server without any source has no default one.
+        if (server)
+            static_cast<ZLPulseConnection*>(self)->m_inputsBeingListed.defaultId =
+                QString::fromUtf8(server->default_source_name);
+    };
+    forgetOperation(pa_context_get_server_info(m_context, serverWasTold, this));
+    const auto inputWasListed = [](pa_context*, const pa_source_info* input, int end, void* self) {
+        static_cast<ZLPulseConnection*>(self)->inputWasListed(input, end);
+    };
+    forgetOperation(pa_context_get_source_info_list(m_context, inputWasListed, this));
+}
+
+void ZLPulseConnection::inputWasListed(const pa_source_info* input, int end)
+{
+    if (end == 0) {
+        m_inputsBeingListed.devices.append({ QString::fromUtf8(input->name), QString::fromUtf8(input->description),
+            input->monitor_of_sink != PA_INVALID_INDEX });
+        return;
+    }
+    publish({ .state = State::Ready, .isListed = end > 0, .inputs = std::exchange(m_inputsBeingListed, {}) });
 }
 
 void ZLPulseConnection::publish(const Snapshot& snapshot)

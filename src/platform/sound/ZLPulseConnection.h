@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/sound/ZLSoundInput.h"
 #include "platform/sound/ZLSoundServer.h"
 
 #include <QDeadlineTimer>
@@ -10,25 +11,37 @@
 
 struct pa_context;
 struct pa_sink_info;
+struct pa_source_info;
 struct pa_threaded_mainloop;
 
+/// The sources as the sound system reported them.
+struct ZLInputReading {
+    QList<ZLInputDevice> devices {};
+    /// The identifier of the source that the system takes where none is chosen.
+    QString defaultId {};
+};
+
 /// The line to the sound server. It is read on a thread of its own, so nothing else waits for a server that answers
-/// late or never, and a busy window tears no hole into what is playing. It keeps the list of outputs up to date by the
-/// server's own announcements; a question is then answered from memory, and is as fresh as one sent to the server.
+/// late or never, and a busy window tears no hole into what is playing. It keeps the list of outputs, or that of
+/// sources, up to date by the server's own announcements; a question is then answered from memory, and is as fresh as
+/// one sent to the server.
 class ZLPulseConnection : public QObject {
     Q_OBJECT
 
 public:
     enum class State { Idle, Connecting, Ready, Failed };
+    /// Which list is kept.
+    enum class Interest { Outputs, Inputs };
 
     struct Snapshot {
         State state = State::Idle;
-        /// Whether `reading` is the server's answer.
+        /// Whether the list is the server's answer.
         bool isListed = false;
         ZLOutputReading reading {};
+        ZLInputReading inputs {};
     };
 
-    ZLPulseConnection();
+    explicit ZLPulseConnection(Interest interest = Interest::Outputs);
     ~ZLPulseConnection() override;
 
     /// Begins to connect unless there is a connection or one on its way. Never waits.
@@ -53,14 +66,19 @@ private:
     void dropContext();
     void contextStateDidChange();
     void contextIsReady();
+    void askForList();
     void askForOutputs();
+    void askForInputs();
     void outputWasListed(const pa_sink_info* output, int end);
+    void inputWasListed(const pa_source_info* input, int end);
     void publish(const Snapshot& snapshot);
 
+    const Interest m_interest;
     pa_threaded_mainloop* m_mainloop;
     pa_context* m_context = nullptr;
-    /// Belongs to the connection's thread.
+    /// These two belong to the connection's thread.
     QList<ZLOutputDevice> m_outputsBeingListed;
+    ZLInputReading m_inputsBeingListed;
 
     mutable std::mutex m_mutex;
     std::condition_variable m_answered;

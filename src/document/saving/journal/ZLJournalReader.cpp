@@ -62,6 +62,8 @@ bool applyRecord(const ZLJournalRecord& record, ZLJournaledDocument& document)
         return true;
     case ZLJournalRecord::Kind::Change:
         return applyChange(record, document);
+    case ZLJournalRecord::Kind::Heard:
+        return false;
     case ZLJournalRecord::Kind::Snapshot:
         break;
     }

@@ -27,7 +27,7 @@ bool isKnownKind(quint8 kind)
 {
     using Kind = ZLJournalRecord::Kind;
     return kind == quint8(Kind::Origin) || kind == quint8(Kind::Snapshot) || kind == quint8(Kind::Change)
-        || kind == quint8(Kind::KnownFile);
+        || kind == quint8(Kind::KnownFile) || kind == quint8(Kind::Heard);
 }
 
 }

@@ -11,6 +11,7 @@ struct ZLJournalRecord {
         Snapshot = 'S', ///< The whole document in its file form.
         Change = 'C', ///< What differs from the record before, see ZLJournalChange.
         KnownFile = 'F', ///< Digest of bytes that the user's file holds, or is about to hold.
+        Heard = 'H', ///< In a journal of its own: what was heard of the show, see ZLListeningJournal.
     };
     Kind kind = Kind::Change;
     QByteArray payload {};

@@ -1,0 +1,124 @@
+#include "document/listening/ZLDocumentListening.h"
+
+#include <cmath>
+#include <utility>
+
+namespace {
+
+const QString removeListeningDataActionName =
+    QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Remove Listening Data"));
+
+}
+
+ZLDocumentListening::ZLDocumentListening(
+    ZLListening& listening, ZLChapterDocument& document, const ZLDocumentSaver& saver)
+    : m_listening(listening)
+    , m_document(document)
+    , m_saver(saver)
+    , m_sleeps(document.undecidedSleeps())
+    , m_duration(document.duration())
+{
+    connect(&document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
+        using Change = ZLDocumentChange;
+        if (change.concerns(Change::Recording | Change::Reading | Change::Sleeps | Change::Times))
+            followClock();
+    });
+    connect(&listening, &ZLListening::stateDidChange, this, &ZLDocumentListening::followClock);
+    connect(&listening, &ZLListening::didHear, this, &ZLDocumentListening::hear);
+    followClock();
+}
+
+ZLDocumentListening::~ZLDocumentListening()
+{
+    noteInJournal();
+}
+
+void ZLDocumentListening::followClock()
+{
+    const bool isWanted = m_document.isRecording() && m_listening.isOn();
+    if (m_listener.isListening() && (!isWanted || m_clockOffset != clockOffset()))
+        finishRun();
+    followSleeps();
+    if (!isWanted || m_listener.isListening())
+        return;
+    m_clockOffset = clockOffset();
+    m_listener.begin(m_document.startTime(), m_document.duration());
+}
+
+void ZLDocumentListening::hear(const ZLHeardBlock& block)
+{
+    m_listener.hear(block);
+    m_samplesSinceNote += block.samples.size();
+    if (m_samplesSinceNote >= SamplesPerNote)
+        noteInJournal();
+}
+
+void ZLDocumentListening::noteInJournal()
+{
+    m_samplesSinceNote = 0;
+    if (!m_listener.isListening() || m_listener.spans().empty())
+        return;
+    m_journal.note(m_saver.listeningPath(), m_listener.spans());
+    // That there is something is to be known before the clock stops: from here on moves of chapters are remembered.
+    if (!m_document.extras().value(ZLListeningData::Key).isValid())
+        m_document.extras().keep(ZLListeningData::Key, ZLListeningData::begun());
+}
+
+void ZLDocumentListening::finishRun()
+{
+    noteInJournal();
+    m_journal.endRun();
+    m_listener.end();
+    ZLListeningData data = storedData();
+    for (const ZLListeningSpan& span : m_listener.spans())
+        data.add(span);
+    // The journal stays: what stands in both counts once.
+    if (!m_listener.spans().empty())
+        m_document.extras().keep(ZLListeningData::Key, data.stored());
+}
+
+void ZLDocumentListening::followSleeps()
+{
+    const QList<ZLSleepWhileRecording> sleeps = std::exchange(m_sleeps, m_document.undecidedSleeps());
+    const double added = m_document.duration() - std::exchange(m_duration, m_document.duration());
+    double slept = 0.0;
+    for (const ZLSleepWhileRecording& sleep : sleeps)
+        slept += sleep.seconds;
+    if (sleeps.isEmpty() || !m_sleeps.isEmpty() || std::abs(added - slept) > 0.001)
+        return;
+    ZLListeningData data = storedData();
+    // The last one first, so that those before it keep their readings.
+    for (auto sleep = sleeps.crbegin(); sleep != sleeps.crend(); ++sleep)
+        data.insertTime(sleep->reading, sleep->seconds);
+    m_document.extras().keep(ZLListeningData::Key, data.stored());
+}
+
+ZLListeningData ZLDocumentListening::storedData() const
+{
+    return ZLListeningData::fromStored(m_document.extras().value(ZLListeningData::Key));
+}
+
+bool ZLDocumentListening::hasData() const
+{
+    return m_document.extras().value(ZLListeningData::Key).isValid()
+        || (m_listener.isListening() && !m_listener.spans().empty());
+}
+
+void ZLDocumentListening::removeData()
+{
+    m_journal.remove(m_saver.listeningPath());
+    if (m_listener.isListening())
+        m_listener.begin(m_document.recording().clock().hostTime(), m_document.currentDuration());
+    const ZLUndoGroup group(m_document.undoManager());
+    m_document.extras().change(ZLListeningData::Key, {});
+    m_document.undoManager().setActionName(removeListeningDataActionName);
+}
+
+void ZLDocumentListening::recover(QVariantMap& extras, const QString& path)
+{
+    ZLListeningData data = ZLListeningData::fromStored(extras.value(ZLListeningData::Key));
+    const ZLListeningData former = data;
+    ZLListeningJournal::addTo(data, path);
+    if (data != former)
+        extras.insert(ZLListeningData::Key, data.stored());
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "alignment/ZLFingerprinter.h"
+#include "listening/ZLListeningSpan.h"
+#include "listening/ZLSampleClock.h"
+#include "platform/sound/ZLSoundInput.h"
+
+#include <optional>
+#include <vector>
+
+/// Makes spans of what an input hears while a recording clock runs.
+class ZLSpanListener {
+public:
+    /// The recording clock runs; it shows `reading` at `hostTime`.
+    void begin(double hostTime, double reading);
+    /// What was heard before the clock was started is left out.
+    void hear(const ZLHeardBlock& block);
+    /// The recording clock stands.
+    void end();
+    [[nodiscard]] bool isListening() const { return m_clockOffset.has_value(); }
+
+    /// The spans since begin(), the last of which still grows. One is over where sound is missing, or the input's clock
+    /// jumped.
+    [[nodiscard]] const std::vector<ZLListeningSpan>& spans() const { return m_spans; }
+
+private:
+    struct Hearing {
+        ZLFingerprinter fingerprinter {};
+        ZLSampleClock clock { ZLSoundInput::SamplesPerSecond };
+        std::int64_t sampleCount = 0;
+    };
+
+    void beginSpan();
+    void takeFrames();
+
+    /// How much the recording clock shows more than the host clock.
+    std::optional<double> m_clockOffset;
+    double m_beginning = 0.0;
+    std::optional<Hearing> m_hearing;
+    std::vector<ZLListeningSpan> m_spans;
+};

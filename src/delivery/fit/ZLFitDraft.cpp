@@ -196,8 +196,7 @@ ZLDocumentContents ZLFitDraft::contentsOfFittedDocument() const
 ZLFitJob::Hearing ZLFitDraft::hearing() const
 {
     if (m_source == Source::HeardAlong)
-        return
-            [kept = keptHearing(), read = m_heardReader](ZLWorkProgress&) { return ZLResult<ZLShowSound>(read(kept)); };
+        return [kept = keptHearing(), read = m_heardReader](ZLWorkProgress&) { return read(kept); };
     return [path = m_recordingPath, zero = m_zero](ZLWorkProgress& progress) -> ZLResult<ZLShowSound> {
         auto fingerprint = ZLHeardSound::fingerprintOf(path, progress);
         if (!fingerprint)
@@ -210,7 +209,10 @@ ZLClockStartJob::Search ZLFitDraft::zeroSearch() const
 {
     if (hasHeardAlong())
         return [path = m_recordingPath, kept = keptHearing(), read = m_heardReader](
-                   ZLWorkProgress& progress) { return ZLClockStart::byHeard(path, read(kept), progress); };
+                   ZLWorkProgress& progress) -> ZLResult<double> {
+            const auto heard = read(kept);
+            return heard ? ZLClockStart::byHeard(path, heard.value(), progress) : ZLResult<double>(heard.error());
+        };
     return [path = m_recordingPath, beep = m_beep](
                ZLWorkProgress& progress) { return ZLClockStart::byBeep(path, beep, progress); };
 }

@@ -32,7 +32,7 @@ public:
     };
 
     /// Makes the sound of a show of what a document keeps of listening along. May be called on any thread.
-    using HeardReader = std::function<ZLShowSound(const QVariant& kept)>;
+    using HeardReader = std::function<ZLResult<ZLShowSound>(const QVariant& kept)>;
 
     /// Without the document it has nothing to show any more.
     explicit ZLFitDraft(ZLChapterDocument& document, HeardReader heardReader = {}, QObject* parent = nullptr);

@@ -170,7 +170,7 @@ TEST_F(ZLFitDraftTest, WhatWasHeardAlongNeedsNoRecording)
     m_document.extras().keep(ZLChapterMoves::ListeningKey, QByteArray("heard"));
     ZLFitDraft draft(m_document, [this](const QVariant& kept) {
         EXPECT_EQ(kept.toByteArray(), "heard");
-        return ZLShowSound { ZLFingerprinter::of(m_show), 0.0 };
+        return ZLResult(ZLShowSound { ZLFingerprinter::of(m_show), 0.0 });
     });
     EXPECT_TRUE(draft.hasHeardAlong());
     draft.setSource(ZLFitDraft::Source::HeardAlong);

@@ -28,7 +28,7 @@ zelta_tidy_packages=(
   clang-format-19 clang-tidy-19
 )
 zelta_bench_packages=(
-  libbenchmark-dev liblo-dev faketime
+  libbenchmark-dev liblo-dev faketime python3-numpy
 )
 
 # Prints the installed packages and what they provide, one a line: some builds of nodejs bring npm with them.

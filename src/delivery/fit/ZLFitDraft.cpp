@@ -32,9 +32,10 @@ bool isWhereItBelongs(const ZLFittedChapter& found)
 
 }
 
-ZLFitDraft::ZLFitDraft(ZLChapterDocument& document, QObject* parent)
+ZLFitDraft::ZLFitDraft(ZLChapterDocument& document, HeardReader heardReader, QObject* parent)
     : QObject(parent)
     , m_document(&document)
+    , m_heardReader(std::move(heardReader))
 {
     connect(&document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
         if (change.concerns(concerningFits))
@@ -87,7 +88,7 @@ void ZLFitDraft::setSource(Source source)
 
 bool ZLFitDraft::hasHeardAlong() const
 {
-    return m_document && m_document->extras().value(ZLChapterMoves::ListeningKey).isValid();
+    return keptHearing().isValid();
 }
 
 void ZLFitDraft::setRecordingPath(const QString& path)
@@ -194,6 +195,8 @@ ZLDocumentContents ZLFitDraft::contentsOfFittedDocument() const
 
 ZLFitJob::Hearing ZLFitDraft::hearing() const
 {
+    if (m_source == Source::HeardAlong)
+        return [kept = keptHearing(), read = m_heardReader](ZLWorkProgress&) { return read(kept); };
     return [path = m_recordingPath, zero = m_zero](ZLWorkProgress& progress) -> ZLResult<ZLShowSound> {
         auto fingerprint = ZLHeardSound::fingerprintOf(path, progress);
         if (!fingerprint)
@@ -204,6 +207,12 @@ ZLFitJob::Hearing ZLFitDraft::hearing() const
 
 ZLClockStartJob::Search ZLFitDraft::zeroSearch() const
 {
+    if (hasHeardAlong())
+        return [path = m_recordingPath, kept = keptHearing(), read = m_heardReader](
+                   ZLWorkProgress& progress) -> ZLResult<double> {
+            const auto heard = read(kept);
+            return heard ? ZLClockStart::byHeard(path, heard.value(), progress) : ZLResult<double>(heard.error());
+        };
     return [path = m_recordingPath, beep = m_beep](
                ZLWorkProgress& progress) { return ZLClockStart::byBeep(path, beep, progress); };
 }
@@ -294,4 +303,9 @@ void ZLFitDraft::fitAgainSoon()
 QString ZLFitDraft::showName() const
 {
     return m_source == Source::HeardAlong ? tr("what was heard along") : QFileInfo(m_recordingPath).fileName();
+}
+
+QVariant ZLFitDraft::keptHearing() const
+{
+    return m_document && m_heardReader ? m_document->extras().value(ZLChapterMoves::ListeningKey) : QVariant();
 }

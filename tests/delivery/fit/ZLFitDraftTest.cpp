@@ -3,7 +3,9 @@
 #include "ZLFitFixture.h"
 #include "ZLShowSounds.h"
 
+#include "alignment/ZLFingerprinter.h"
 #include "delivery/fit/ZLKeptFits.h"
+#include "document/shared/ZLChapterMoves.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -160,4 +162,23 @@ TEST_F(ZLFitDraftTest, OutlivesItsDocumentWhileItWorks)
     draft.cancel();
     QTest::qWait(50);
     EXPECT_FALSE(draft.fit());
+}
+
+TEST_F(ZLFitDraftTest, WhatWasHeardAlongNeedsNoRecording)
+{
+    addChapterAt(40.0);
+    m_document.extras().keep(ZLChapterMoves::ListeningKey, QByteArray("heard"));
+    ZLFitDraft draft(m_document, [this](const QVariant& kept) {
+        EXPECT_EQ(kept.toByteArray(), "heard");
+        return ZLResult(ZLShowSound { ZLFingerprinter::of(m_show), 0.0 });
+    });
+    EXPECT_TRUE(draft.hasHeardAlong());
+    draft.setSource(ZLFitDraft::Source::HeardAlong);
+    draft.setFinishedPath(finishedFile());
+    QSignalSpy ends(&draft, &ZLFitDraft::didEnd);
+    draft.start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ends.count() == 1; }, 60'000));
+    ASSERT_TRUE(draft.fit()) << qPrintable(draft.message());
+    EXPECT_NEAR(draft.fit()->chapters[0].newTime(), 30.0, 0.05);
+    EXPECT_FALSE(m_draft.hasHeardAlong()) << "nobody reads it there";
 }

@@ -19,9 +19,10 @@ from surface import archive  # noqa: E402
 PROGRAM = Path(sys.argv.pop(1))
 
 
-def document_with_marks(times):
-    """A chapter at each time; its UUID is its number."""
-    return archive({"Chapters": [{"TimeStamp": time, "Enabled": True, "Title": f"mark {number}", "Link": "", "Tags": "",
+def document_with_marks(times, moved=0.0):
+    """A chapter at each time, which was moved there by so many seconds; its UUID is its number."""
+    notes = {"ChapterNotes": {str(number): {"Moved": moved} for number in range(len(times))}} if moved else {}
+    return archive({**notes, "Chapters": [{"TimeStamp": time, "Enabled": True, "Title": f"mark {number}", "Link": "", "Tags": "",
                                   "UUID": str(number)} for number, time in enumerate(times)],
                     "Duration": 600.0, "Templates": []})
 
@@ -120,6 +121,18 @@ class FitTest(unittest.TestCase):
         _, err = self.zelta("fit", "--finished", finished, "--heard", heard, "--output", output, marks, status=1)
         self.assertIn("is there already", err)
         self.assertEqual(output.read_bytes(), written)
+
+    def test_a_mark_is_looked_for_where_it_was_set_before_it_was_moved(self):
+        marks, heard, finished, truth = self.shows["cuts"]
+        moved = self.folder / "moved.zelta"
+        moved.write_bytes(document_with_marks([float(moment) + 4.5 for moment, _, _ in truth], 4.5))
+        out, _ = self.zelta("fit", "--finished", finished, "--heard", heard, "--json", moved)
+        plain, _ = self.fit("cuts")
+        answer = json.loads(out)["chapters"]
+        for chapter, unmoved in zip(answer, plain["chapters"]):
+            self.assertAlmostEqual(chapter["oldTime"], unmoved["oldTime"] + 4.5, delta=0.002)
+            self.assertEqual(chapter["state"], unmoved["state"])
+            self.assertAlmostEqual(chapter["newTime"], unmoved["newTime"], delta=0.002)
 
     def test_the_zero_of_the_clock_may_lie_within_the_recording(self):
         marks, heard, finished, truth = self.shows["cuts"]

@@ -1,4 +1,5 @@
 #include "app/ui/look/ZLBoxStyle.h"
+#include "delivery/fit/ui/ZLFitPicture.h"
 #include "document/ui/ZLWindowFixture.h"
 #include "settings/ui/ZLGeneralPrefsViewController.h"
 #include "templates/ui/ZLReadableColors.h"
@@ -291,6 +292,24 @@ TEST_P(ZLContrastTest, BarsCanBeReadAndAreTinted)
         EXPECT_FALSE(grounds.contains(groundOf(sentence))) << qPrintable(name);
         grounds.append(groundOf(sentence));
     }
+}
+
+TEST_P(ZLContrastTest, WhatAFitFoundCanBeSeen)
+{
+    const ZLSoundAlignment cutShow { { { 0.0, 5.0, 40.0, 1.0, 0.1 }, { 60.0, 45.0, 40.0, 1.0, 0.1 } }, {}, 100.0,
+        85.0 };
+    ZLFitPicture picture;
+    picture.resize(1000, 160);
+    picture.setFit(ZLFit::of(
+        { { ZLTestChapters::chapterAt(20.0), 20.0 }, { ZLTestChapters::chapterAt(50.0), 50.0 } }, cutShow, 0.0));
+    const QImage image = picture.grab().toImage();
+    const auto around = [&](int mark, int right) {
+        return image.copy(QRect(picture.pointOf(mark) + QPoint(right - 10, 2), QSize(20, 12)));
+    };
+    const QColor base = QApplication::palette().color(QPalette::Base);
+    EXPECT_GE(ZLReadableColors::contrast(groundOf(around(0, 30)), base), ZLReadableColors::LeastForSigns) << "a piece";
+    EXPECT_GE(contrastIn(around(0, 0)), ZLReadableColors::LeastForSigns) << "a mark on it";
+    EXPECT_GE(contrastIn(around(1, 40), base), ZLReadableColors::LeastForSigns) << "what was cut out";
 }
 
 TEST_P(ZLContrastTest, HintsInEmptyListsCanBeRead)

@@ -77,7 +77,7 @@ ALLOWED = {
     "app/session": "platform document document/saving",
     "app": "platform platform/activity platform/keyring platform/media/file platform/osc platform/sound resources/sounds model"
     " settings document document/saving following commands remote export export/formats import delivery delivery/fit"
-    " app/session recorder/osctime",
+    " app/session recorder/obs recorder/jack recorder/osctime",
     "app/headless": "platform document document/saving following commands document/concerns remote app",
     "app/ui/look": "templates/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",

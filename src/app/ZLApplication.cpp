@@ -160,7 +160,8 @@ void ZLApplication::updateActivity()
 
 void ZLApplication::beginFollowing()
 {
-    m_following = std::make_unique<ZLFollowing>(ZLRecorderKinds::all(m_oscController->manager()), m_hostClock);
+    m_following =
+        std::make_unique<ZLFollowing>(ZLRecorderKinds::all(m_oscController->manager(), m_obsPassword), m_hostClock);
     connect(&m_obsPassword, &ZLOBSPassword::didLoad, m_following.get(), &ZLFollowing::followAnew);
     connect(&m_documentController, &ZLDocumentController::willCloseDocument, this, [this](ZLChapterDocument* document) {
         if (m_following->document() == document)

@@ -4,12 +4,13 @@
 
 #include <QList>
 
+class ZLOBSPassword;
 class ZLOSCManager;
 
 /// The one table of the kinds of recorders that can be followed.
 namespace ZLRecorderKinds {
 
-/// `manager` receives the time by OSC, and has to outlive what is made.
-[[nodiscard]] QList<ZLRecorderKind> all(ZLOSCManager& manager);
+/// `manager` receives the time by OSC. Both have to outlive what is made.
+[[nodiscard]] QList<ZLRecorderKind> all(ZLOSCManager& manager, ZLOBSPassword& password);
 
 }

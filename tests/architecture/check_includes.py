@@ -49,7 +49,7 @@ ALLOWED = {
     "settings": "platform",
     "templates": "platform model",
     "templates/ui": "templates",
-    "document/shared": "platform platform/notification platform/sound model",
+    "document/shared": "platform platform/notification platform/sound listening model",
     "document/recording": "platform platform/activity model settings document/shared",
     "document/editing": "platform model settings templates document/shared document/recording",
     "document": "platform platform/archive listening model lists settings templates document/shared"
@@ -82,7 +82,7 @@ ALLOWED = {
     "app/session": "platform document document/saving document/listening",
     "app": "platform platform/activity platform/keyring platform/media/file platform/osc platform/sound resources/sounds"
     " listening model settings document document/saving document/listening following commands remote export"
-    " export/formats import delivery delivery/fit app/session recorder/osctime",
+    " export/formats import delivery delivery/fit app/session recorder/obs recorder/jack recorder/osctime",
     "app/headless": "platform document document/saving document/listening following commands document/concerns remote"
     " app",
     "app/ui/look": "templates/ui",

@@ -59,7 +59,7 @@ ZLResult<double> ZLClockStart::byBeep(const QString& recordingPath, const QByteA
     return (found->place + double(wanted.size())) / samplesPerSecond;
 }
 
-ZLResult<double> ZLClockStart::byHeard(const QString& recordingPath, const ZLShowSound& heard, ZLWorkProgress& progress)
+ZLResult<double> ZLClockStart::byHeard(const QString& recordingPath, const ZLHeardShow& heard, ZLWorkProgress& progress)
 {
     const auto recording = ZLHeardSound::fingerprintOf(recordingPath, progress);
     if (!recording)

@@ -13,6 +13,6 @@ namespace ZLClockStart {
 
 /// By what was heard along of the show, of which a part will do.
 [[nodiscard]] ZLResult<double> byHeard(
-    const QString& recordingPath, const ZLShowSound& heard, ZLWorkProgress& progress);
+    const QString& recordingPath, const ZLHeardShow& heard, ZLWorkProgress& progress);
 
 }

@@ -32,10 +32,9 @@ bool isWhereItBelongs(const ZLFittedChapter& found)
 
 }
 
-ZLFitDraft::ZLFitDraft(ZLChapterDocument& document, HeardReader heardReader, QObject* parent)
+ZLFitDraft::ZLFitDraft(ZLChapterDocument& document, QObject* parent)
     : QObject(parent)
     , m_document(&document)
-    , m_heardReader(std::move(heardReader))
 {
     connect(&document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
         if (change.concerns(concerningFits))
@@ -88,7 +87,7 @@ void ZLFitDraft::setSource(Source source)
 
 bool ZLFitDraft::hasHeardAlong() const
 {
-    return keptHearing().isValid();
+    return !ZLListeningData::fromStored(keptHearing()).isEmpty();
 }
 
 void ZLFitDraft::setRecordingPath(const QString& path)
@@ -196,21 +195,20 @@ ZLDocumentContents ZLFitDraft::contentsOfFittedDocument() const
 ZLFitJob::Hearing ZLFitDraft::hearing() const
 {
     if (m_source == Source::HeardAlong)
-        return [kept = keptHearing(), read = m_heardReader](ZLWorkProgress&) { return read(kept); };
-    return [path = m_recordingPath, zero = m_zero](ZLWorkProgress& progress) -> ZLResult<ZLShowSound> {
+        return [kept = keptHearing()](ZLWorkProgress&) { return ZLHeardSound::heardAlong(kept); };
+    return [path = m_recordingPath, zero = m_zero](ZLWorkProgress& progress) -> ZLResult<ZLHeardShow> {
         auto fingerprint = ZLHeardSound::fingerprintOf(path, progress);
         if (!fingerprint)
             return fingerprint.error();
-        return ZLShowSound { std::move(fingerprint).value(), zero };
+        return ZLHeardShow { std::move(fingerprint).value(), zero };
     };
 }
 
 ZLClockStartJob::Search ZLFitDraft::zeroSearch() const
 {
     if (hasHeardAlong())
-        return [path = m_recordingPath, kept = keptHearing(), read = m_heardReader](
-                   ZLWorkProgress& progress) -> ZLResult<double> {
-            const auto heard = read(kept);
+        return [path = m_recordingPath, kept = keptHearing()](ZLWorkProgress& progress) -> ZLResult<double> {
+            const auto heard = ZLHeardSound::heardAlong(kept);
             return heard ? ZLClockStart::byHeard(path, heard.value(), progress) : ZLResult<double>(heard.error());
         };
     return [path = m_recordingPath, beep = m_beep](
@@ -307,5 +305,5 @@ QString ZLFitDraft::showName() const
 
 QVariant ZLFitDraft::keptHearing() const
 {
-    return m_document && m_heardReader ? m_document->extras().value(ZLChapterMoves::ListeningKey) : QVariant();
+    return m_document ? m_document->extras().value(ZLListeningData::Key) : QVariant();
 }

@@ -31,11 +31,8 @@ public:
         Recording, ///< The raw recording, as a file.
     };
 
-    /// Makes the sound of a show of what a document keeps of listening along. May be called on any thread.
-    using HeardReader = std::function<ZLResult<ZLShowSound>(const QVariant& kept)>;
-
     /// Without the document it has nothing to show any more.
-    explicit ZLFitDraft(ZLChapterDocument& document, HeardReader heardReader = {}, QObject* parent = nullptr);
+    explicit ZLFitDraft(ZLChapterDocument& document, QObject* parent = nullptr);
     ~ZLFitDraft() override;
 
     /// The file may have been fitted before: then the kept fit is shown soon. Refused while one is being made, as all
@@ -110,7 +107,6 @@ private:
 
     /// Null once it is gone.
     ZLChapterDocument* m_document;
-    const HeardReader m_heardReader;
     QString m_finishedPath;
     Source m_source = Source::Recording;
     QString m_recordingPath;

@@ -1,18 +1,13 @@
 #pragma once
 
 #include "alignment/ZLSoundAlignment.h"
+#include "listening/ZLListeningData.h"
 #include "platform/ZLDiskWork.h"
 #include "platform/ZLResult.h"
 #include "platform/ZLWorkProgress.h"
 
 #include <functional>
 #include <memory>
-
-/// How a show sounded, and where the recording clock's zero lies in it, in seconds.
-struct ZLShowSound {
-    ZLSoundFingerprint fingerprint {};
-    double zero = 0.0;
-};
 
 /// The pieces that a show and a finished file share.
 struct ZLFitFinding {
@@ -27,7 +22,7 @@ class ZLFitJob final : public QObject {
 
 public:
     /// May be called on any thread. What it returns after the progress was cancelled is not used.
-    using Hearing = std::function<ZLResult<ZLShowSound>(ZLWorkProgress& progress)>;
+    using Hearing = std::function<ZLResult<ZLHeardShow>(ZLWorkProgress& progress)>;
 
     explicit ZLFitJob(Hearing hearShow, QString finishedPath, QObject* parent = nullptr);
     /// Cancels what is not done.

@@ -1,5 +1,7 @@
 #include "document/shared/ZLChapterMoves.h"
 
+#include "listening/ZLListeningData.h"
+
 #include "model/ZLStoredValue.h"
 
 #include <cmath>
@@ -21,7 +23,7 @@ double secondsIn(const QVariant& stored)
 
 bool ZLChapterMoves::areRemembered(const ZLDocumentExtras& extras)
 {
-    return extras.value(ListeningKey).isValid() || extras.value(FitsKey).isValid();
+    return extras.value(ZLListeningData::Key).isValid() || extras.value(FitsKey).isValid();
 }
 
 double ZLChapterMoves::of(const ZLDocumentExtras& extras, const QString& uuid)

@@ -10,8 +10,7 @@
 /// always were.
 namespace ZLChapterMoves {
 
-/// The root keys that make a document remember: what was heard along, and which pieces finished files have.
-inline const QString ListeningKey = QStringLiteral("Listening");
+/// The root key of the pieces that finished files have. With it, or with what was heard along, a document remembers.
 inline const QString FitsKey = QStringLiteral("Fits");
 
 [[nodiscard]] bool areRemembered(const ZLDocumentExtras& extras);

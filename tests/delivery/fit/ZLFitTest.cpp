@@ -49,7 +49,7 @@ TEST_F(ZLFitTest, ANewDocumentHasCopiesInTheOrderOfTheFile)
 TEST_F(ZLFitTest, AMarkIsLookedForWhereItWasSetBeforeItWasMoved)
 {
     addChapterAt(10.0);
-    m_document.extras().keep(ZLChapterMoves::ListeningKey, QVariantMap { { u"Version"_s, 1 } });
+    m_document.extras().keep(ZLListeningData::Key, QVariantMap { { u"Version"_s, 1 } });
     m_document.moveChaptersByMilliseconds(2500.0F);
     addChapterAt(20.0);
     const ZLFit fit = fitOf(cutShow());

@@ -28,7 +28,7 @@ ZLFitDisplay::ZLFitDisplay(
     , m_controller(controller)
     , m_window(window)
     , m_memory(ZLStateFolder::path(), ZLAudioFileMemory::FittedFiles)
-    , m_draft(new ZLFitDraft(window.document(), {}, this))
+    , m_draft(new ZLFitDraft(window.document(), this))
     , m_excerpt(new ZLSoundExcerpt(soundMaker, this))
 {
     m_draft->setBeep(ZLSoundResource::named(u"beep.aiff"_s));

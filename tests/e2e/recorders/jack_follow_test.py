@@ -1,0 +1,115 @@
+#!/usr/bin/env python3
+"""Zelta's clock follows the transport of a real JACK server: start, pause, resume, a late join, a server that is killed."""
+
+import json
+import os
+import random
+import socket
+import statistics
+import subprocess
+import time
+import unittest
+
+import jack
+from desktop import Desktop, wait_until
+from osc_recorder import PRESS, PROGRAM, OSCTestCase, Recorder
+
+RATE = 48000
+# A busy machine may hold up the press for a moment.
+SELDOM, USUAL = 0.15, 0.03
+
+
+class JackFollowTest(OSCTestCase):
+    def setUp(self):
+        super().setUp()
+        self.desktop = Desktop()
+        self.desktop.__enter__()
+        self.addCleanup(self.desktop.__exit__, None, None, None)
+        os.environ["JACK_DEFAULT_SERVER"] = f"zelta-follow-{os.getpid()}"
+        self.start_server()
+
+    def start_server(self):
+        self.server = self.desktop.start(
+            "jackd", "-r", "-n", os.environ["JACK_DEFAULT_SERVER"], "-d", "dummy", "-r", RATE, "-p", 256,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_until(self.connect, "the server")
+
+    def connect(self):
+        try:
+            self.transport = jack.Client("transport", no_start_server=True)
+        except jack.JackOpenError:
+            return False
+        self.transport.activate()
+        return True
+
+    def follow(self):
+        self.recorder = Recorder(self.home, "--follow", "jack", "--osc-port", "0", self.file)
+        self.addCleanup(self.recorder.reader.stop)
+
+    def wait_for(self, text, count=1):
+        wait_until(lambda: sum(text in line for line in list(self.recorder.reader.lines)) >= count,
+                   f"“{text}”, not {self.recorder.reader.lines}")
+
+    def mark_often(self, marks, count=6):
+        for _ in range(count):
+            time.sleep(random.uniform(0.1, 0.3))
+            before = self.recorder.count("chapter ")
+            with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as surface:
+                marks.append(self.transport.transport_frame / RATE)
+                surface.sendto(PRESS, ("127.0.0.1", self.recorder.port))
+            wait_until(lambda: self.recorder.count("chapter ") > before, "the mark")
+
+    def assert_marks_are_right(self, marks):
+        self.recorder.write("quit")
+        self.assertEqual(self.recorder.reader.process.wait(30), 0)
+        shown = subprocess.run([PROGRAM, "show", "--json", self.file], capture_output=True, text=True, timeout=60,
+                               check=True)
+        times = [chapter["timeStamp"] for chapter in json.loads(shown.stdout)["chapters"]][-len(marks):]
+        errors = [abs(time - mark) for time, mark in zip(times, marks)]
+        self.assertLess(max(errors), SELDOM, errors)
+        self.assertLess(statistics.median(errors), USUAL, errors)
+
+    def test_the_clock_starts_pauses_and_resumes_with_the_transport(self):
+        self.follow()
+        self.wait_for("JACK answers.")
+        marks = []
+        self.transport.transport_start()
+        self.wait_for("Started with JACK at 00:00:00.")
+        self.mark_often(marks)
+        self.transport.transport_stop()
+        self.wait_for("Stopped with JACK at")
+        time.sleep(1)
+        self.transport.transport_start()
+        self.wait_for("Started with JACK at", 2)
+        self.mark_often(marks)
+        self.transport.transport_stop()
+        self.wait_for("Stopped with JACK at", 2)
+        self.assert_marks_are_right(marks)
+
+    def test_a_transport_that_rolls_is_joined(self):
+        self.transport.transport_locate(751 * RATE)
+        self.transport.transport_start()
+        time.sleep(1)
+        self.follow()
+        self.wait_for("Joined JACK at 00:12:3")
+        marks = []
+        self.mark_often(marks)
+        self.transport.transport_stop()
+        self.wait_for("Stopped with JACK at")
+        self.assert_marks_are_right(marks)
+
+    def test_a_server_that_is_killed_stops_nothing(self):
+        self.follow()
+        self.wait_for("JACK answers.")
+        self.transport.transport_start()
+        self.wait_for("Started with JACK at 00:00:00.")
+        time.sleep(1)
+        self.server.kill()
+        self.wait_for("JACK is lost. Zelta's clock goes on as it went last.")
+        for _ in range(3):
+            self.press_until_chapter(self.recorder)
+        self.assertFalse(self.recorder.has_said("Stopped with JACK"))
+
+
+if __name__ == "__main__":
+    unittest.main()

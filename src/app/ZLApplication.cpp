@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// How the log calls whoever uses the command socket.
+/// How the log calls a program that uses the command socket.
 const QString commandSocketPeer = QStringLiteral("zelta send");
 
 }

@@ -21,7 +21,7 @@ struct ZLRemoteSetup {
     /// For this run, see ZLOSCControllerSetup.
     std::optional<quint16> oscPort {};
     std::optional<QList<ZLOSCDestination>> oscOutputs {};
-    /// Announces the port on which OSC messages are received; null when nobody shall hear of it.
+    /// Announces the port on which OSC messages are received; null when it shall not be announced.
     std::unique_ptr<ZLServicePublisher> oscPublisher {};
     /// Keeps the system awake, since commands may come at any time; null where the system is not to be asked.
     std::unique_ptr<ZLProcessActivity> activity {};

@@ -7,7 +7,7 @@
 #include <QObject>
 #include <QSet>
 
-/// Collects which chapters came into a list and which left it, until somebody asks. What came and went in between is
+/// Collects which chapters came into a list and which left it, until it is asked. What came and went in between is
 /// left out. It keeps no copy of the list, which would make the list's next change copy all of it.
 class ZLChapterChanges : public QObject {
     Q_OBJECT

@@ -190,7 +190,7 @@ ZLStatus ZLDocumentController::closeDocument(ZLChapterDocument* document, ZLClos
 
 QStringList ZLDocumentController::saveAllNow()
 {
-    // Each on its own way at first, so that a disk that hangs takes nobody else's time.
+    // Each on its own way at first, so that a disk that hangs takes no other document's time.
     for (const ZLSavedDocument& entry : m_entries)
         entry.saver->writeNewestState();
     m_endDeadline = QDeadlineTimer(ZLSilentDisk::EndPatience);

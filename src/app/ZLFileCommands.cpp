@@ -35,7 +35,7 @@ ZLResult<ZLDocumentContents> readDocument(const QString& path)
         return bytes.error();
     auto contents = ZLDocumentFile::decode(bytes.value());
     if (!contents)
-        return ZLUnreadableDocument::error(path, bytes.value(), contents.error().message);
+        return ZLUnreadableDocument::error(path, bytes.value());
     return contents;
 }
 

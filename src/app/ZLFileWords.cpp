@@ -20,7 +20,7 @@ struct FileWordTexts {
     Q_DECLARE_TR_FUNCTIONS(ZLFileWords)
 };
 
-/// A word that somebody may have meant, and how it is given.
+/// A word that may have been meant, and how it is given.
 struct KnownWord {
     QString word;
     QString usage;

@@ -96,7 +96,7 @@ ZLResult<ZLDocumentContents> ZLImportCommand::contentsBefore(const ZLCommandLine
         return bytes.error();
     auto contents = ZLDocumentFile::decode(bytes.value(), ZLDictionaryForm::Archived);
     if (!contents)
-        return ZLUnreadableDocument::error(target, bytes.value(), contents.error().message);
+        return ZLUnreadableDocument::error(target, bytes.value());
     return contents;
 }
 

@@ -9,7 +9,7 @@
 #include <memory>
 #include <optional>
 
-/// What somebody asks of the program by starting it.
+/// What a start asks of the program.
 struct ZLLaunchRequest {
     /// Absolute paths.
     QStringList files {};
@@ -27,7 +27,7 @@ struct ZLHandover {
 };
 
 /// The one process with windows that a user has. One that is started later hands over what was asked of it and ends;
-/// one that crashed stands in nobody's way.
+/// one that crashed hinders no later one.
 class ZLRunningInstance {
 public:
     /// Carries out a request and returns what could not be opened, a sentence each.

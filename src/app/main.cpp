@@ -66,7 +66,7 @@ int runHeadless(int& argc, char** argv, const ZLCommandLine& commandLine)
         QTextStream(stderr) << QCoreApplication::translate(
             "main", "zelta: No X or Wayland display was found. Recording without a window.\n");
     ZLApplicationSounds sounds;
-    // No notifications: whoever runs this reads and types at its streams, and an answer to a button needs a window.
+    // No notifications: its user reads and types at its streams, and an answer to a button needs a window.
     ZLApplication application(
         { .environment = { .bootClock = std::make_shared<ZLBootClock>(), .soundNamed = sounds.soundNamed() } },
         ZLApplication::StandardFontSize,

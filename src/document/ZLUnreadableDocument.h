@@ -8,14 +8,14 @@
 /// What to tell of a file that cannot be read as a document.
 namespace ZLUnreadableDocument {
 
-/// For the file at `path`, whose `bytes` ZLDocumentFile::decode() refuses with `reason`.
-[[nodiscard]] inline ZLError error(const QString& path, QByteArrayView bytes, const QString& reason)
+/// For the file at `path`, whose `bytes` ZLDocumentFile::decode() refuses.
+[[nodiscard]] inline ZLError error(const QString& path, QByteArrayView bytes)
 {
     if (!bytes.startsWith("bplist"))
         return ZLError { QCoreApplication::translate("ZLUnreadableDocument", "%1 is not a Zelta document.").arg(path) };
-    return ZLError { QCoreApplication::translate(
-        "ZLUnreadableDocument", "%1 is not a Zelta document, or it is damaged: %2")
-            .arg(path, reason) };
+    return ZLError {
+        QCoreApplication::translate("ZLUnreadableDocument", "%1 is damaged, or it is not a Zelta document.").arg(path)
+    };
 }
 
 }

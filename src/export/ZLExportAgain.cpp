@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A lease for writing is given only where nobody else has the file open. Where there are no leases, nobody knows.
+/// A lease for writing is given only for a file that is open nowhere else. Where there are no leases, it counts as so.
 bool isOpenElsewhere(const QString& path)
 {
     const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);

@@ -54,7 +54,7 @@ struct ZLExportInput {
     ZLChapterSequence chapters {};
     /// Seconds of all finished recording spans.
     double duration = 0.0;
-    /// Whether a further span still runs, whose end nobody knows. No byte depends on it, only what the user is told.
+    /// Whether a further span still runs, whose end is not known. No byte depends on it, only what the user is told.
     bool isRecording = false;
     ZLExportOption option = ZLExportOption::Off;
     /// For a format with a line pattern; empty for its usual one.

@@ -38,7 +38,7 @@ ZLResult<ZLImportSource> fromDocument(const QString& path)
         return bytes.error();
     const auto contents = ZLDocumentFile::decode(bytes.value());
     if (!contents)
-        return ZLUnreadableDocument::error(path, bytes.value(), contents.error().message);
+        return ZLUnreadableDocument::error(path, bytes.value());
     ZLChapterList list;
     for (const ZLChapterPointer& chapter : ZLChapterManager(contents.value().chapters).allChapters())
         list.chapters.append({ chapter->timeStamp(), chapter->title(), chapter->link(), chapter->isEnabled() });

@@ -100,3 +100,17 @@ void ZLListText::noteUnknownLine(ZLChapterList& list, qsizetype lineIndex)
     else if (list.remarks.size() == MostRemarks)
         list.remarks.append(remark(lineIndex, TextTexts::tr("Further lines were not understood.")));
 }
+
+ZLChapterList ZLListText::chaptersInLines(
+    const ZLListSource& source, const std::function<std::optional<ZLListedChapter>(QStringView line)>& chapterIn)
+{
+    ZLChapterList list;
+    for (qsizetype i = 0; i < source.lines().size(); ++i) {
+        const QStringView line = source.lines().at(i);
+        if (const auto chapter = chapterIn(line))
+            list.chapters.append(*chapter);
+        else if (!line.trimmed().isEmpty())
+            noteUnknownLine(list, i);
+    }
+    return list;
+}

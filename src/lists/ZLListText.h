@@ -1,8 +1,12 @@
 #pragma once
 
 #include "lists/ZLChapterList.h"
+#include "lists/ZLListSource.h"
 
 #include <QStringView>
+
+#include <functional>
+#include <optional>
 
 /// Small things that several forms do with texts.
 namespace ZLListText {
@@ -26,5 +30,10 @@ inline constexpr qsizetype MostRemarks = 1000;
 
 /// Adds the remark that the line was not understood.
 void noteUnknownLine(ZLChapterList& list, qsizetype lineIndex);
+
+/// The chapters of a form that has one in each line. A line that is not blank and in which `chapterIn` finds none is
+/// remarked.
+[[nodiscard]] ZLChapterList chaptersInLines(
+    const ZLListSource& source, const std::function<std::optional<ZLListedChapter>(QStringView line)>& chapterIn);
 
 }

@@ -210,7 +210,7 @@ ZLStatus finishReplacing(
     return statusOf(file.takePlaceOf(path));
 }
 
-/// A name that nobody has, in the same folder. It is short, since the name of the file may be as long as names can be.
+/// A free name in the same folder. It is short, since the name of the file may be as long as names can be.
 QByteArray temporaryPathBeside(const QByteArray& path)
 {
     const QByteArray folder = path.first(path.lastIndexOf('/') + 1);

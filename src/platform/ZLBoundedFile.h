@@ -41,7 +41,7 @@ namespace ZLBoundedFile {
 /// The first `length` bytes, or all when there are fewer. The file itself may have any size.
 [[nodiscard]] ZLFoundFile findBeginning(const QString& path, qint64 length, ZLFileLinks links = ZLFileLinks::Follow);
 
-/// find() for whoever asks only for the bytes.
+/// find() for callers that want only the bytes.
 [[nodiscard]] ZLResult<QByteArray> read(const QString& path, qint64 bound, ZLFileLinks links = ZLFileLinks::Follow);
 
 /// "This is a pipe, not a file." and the like; empty for an ordinary file.

@@ -47,7 +47,7 @@ void ZLDiskWork::start(Work work)
     m_line->receiver = this;
     std::thread([this, line = m_line, carryOut = std::move(work)]() mutable {
         carryOut([line](std::function<void()> call) { line->tell(std::move(call)); });
-        // What it held goes on this thread, before anybody hears of the end.
+        // What it held goes on this thread, before the end is told.
         carryOut = nullptr;
         line->tell([this] {
             m_line = nullptr;

@@ -15,7 +15,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(fileLockLog, "zelta.platform.lock", QtInfoMsg)
 
-/// Empty when the open file can be one. Whoever may put something else there would have us write into it.
+/// Empty when the open file can be one. A person who put something else there would have us write into it.
 QString whyNoLockFile(int descriptor)
 {
     struct stat opened {};

@@ -54,5 +54,4 @@ void ZLLineReader::finish()
     m_notifier->setEnabled(false);
     if (!m_line.isEmpty())
         finishLine();
-    Q_EMIT didReachEnd();
 }

@@ -19,7 +19,6 @@ public:
 Q_SIGNALS:
     /// `line` has no line end; a last line without one counts too.
     void didReadLine(const QString& line);
-    void didReachEnd();
 
 private:
     void readAvailable();

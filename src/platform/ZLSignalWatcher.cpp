@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Where the handler writes; -1 while nobody watches.
+/// Where the handler writes; -1 while there is no watcher.
 std::atomic<int> signalPipeWriteEnd { -1 };
 static_assert(std::atomic<int>::is_always_lock_free, "the signal handler reads it");
 

@@ -19,7 +19,7 @@ bool fitsSocketAddress(const QString& path)
     return QFile::encodeName(path).size() <= ZLSocketPath::LongestPath;
 }
 
-/// Else somebody else could stand behind the socket.
+/// Else a program of another user could stand behind the socket.
 bool belongsToUserAlone(const QString& folder)
 {
     struct stat status {};

@@ -73,7 +73,7 @@ void ZLCommandSocket::listenIfNobodyDoes()
     ZLResult<std::unique_ptr<ZLFileLock>> lock = ZLFileLock::tryLock(lockPath(m_path));
     if (lock && lock.value()) {
         m_lock = std::move(lock).value();
-        // Whoever had the lock before may have ended without clearing away its socket.
+        // The former holder of the lock may have ended without clearing away its socket.
         const QString address = ZLSocketPath::reachable(m_path);
         QLocalServer::removeServer(address);
         m_retryTimer.stop();

@@ -12,7 +12,7 @@
 
 class QLocalSocket;
 
-/// Takes commands from this user's other programs, whoever may speak on the network: a socket in the user's own state
+/// Takes commands from this user's other programs, apart from the network's rules: a socket in the user's own state
 /// folder, on which an OSC message comes and a sentence goes back. Where several recorders run, the first one has it,
 /// and when that ends another. Where the
 /// path is too long for a socket, ZLSocketPath tells where it is instead; the lock is always beside the path.

@@ -6,7 +6,7 @@
 #include <optional>
 
 /// Makes the six recorded shortcuts work in the whole system. It follows the stored shortcuts; the hot keys themselves
-/// belong to the centre, and whoever drops the controller unregisters them.
+/// belong to the centre, and the owner of the controller unregisters them.
 class ZLHotkeyController : public ZLRemoteController {
     Q_OBJECT
 
@@ -14,7 +14,7 @@ public:
     /// The centre has to outlive the controller.
     ZLHotkeyController(ZLRemoteControllerDelegate* delegate, ZLHotKeyCenter& center, QObject* parent = nullptr);
 
-    /// Takes every hot key out of the centre, whoever registered it, and registers those that are stored.
+    /// Takes every hot key out of the centre, also those of others, and registers those that are stored.
     void setupHotkeys();
     /// Delivers the action of the hot key that fired.
     void hotkeyAction(const QString& identifier);

@@ -185,7 +185,7 @@ QList<ZLOSCMessage> ZLOSCController::timeMessages() const
 
 void ZLOSCController::sendMessage(const ZLOSCMessage& message, ZLOSCOutPort& port)
 {
-    // First of all, since somebody may be waiting for the answer.
+    // First of all, since the sender may be waiting for the answer.
     const bool wasSent = port.sendThisMessage(message);
     const QString outcome = ZLOSCLogTexts::outcomeOfSending(wasSent, port);
     if (!m_unsentMessages.note(port, message.address(), wasSent ? QString() : outcome))

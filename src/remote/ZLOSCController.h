@@ -47,7 +47,7 @@ public:
     [[nodiscard]] ZLOSCUnsentMessages& unsentMessages() { return m_unsentMessages; }
     /// The outputs in force, without those to answered senders.
     [[nodiscard]] QList<ZLOSCDestination> outputs() const;
-    /// The outputs that exist only because somebody sent a command, among those of the manager.
+    /// The outputs that exist only because a command came from there, among those of the manager.
     [[nodiscard]] bool isAnsweredSender(const ZLOSCOutPort* port) const { return m_answeredSenders.contains(port); }
 
     /// The text that the labels of inputs begin with.

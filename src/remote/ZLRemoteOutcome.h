@@ -6,8 +6,8 @@
 
 class ZLChapterDocument;
 
-/// Says in words what an action has done: made before the action, asked after it. Nobody else could tell, for whoever
-/// carries out an action gives no answer.
+/// Says in words what an action has done: made before the action, asked after it. It compares the document before and
+/// after, since an action itself gives no answer.
 class ZLRemoteOutcome {
 public:
     /// The document may be null. `recordingBeside` is another one that records meanwhile, null when there is none: then

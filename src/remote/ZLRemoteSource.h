@@ -7,7 +7,7 @@
 /// By which way a command from outside came.
 enum class ZLRemoteOrigin { OSC, CommandSocket, Shortcut };
 
-/// What is known of whoever gave a command from outside.
+/// What is known of the sender of a command from outside.
 struct ZLRemoteSource {
     ZLRemoteOrigin origin = ZLRemoteOrigin::OSC;
     /// Whether Alt is among the keys that gave the command; absent when no keys gave it.

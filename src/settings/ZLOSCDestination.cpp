@@ -14,7 +14,7 @@ std::optional<ZLOSCDestination> ZLOSCDestination::fromText(QStringView text)
     const bool isBracketed = host.startsWith(u'[') && host.endsWith(u']');
     if (isBracketed)
         host = host.sliced(1).chopped(1);
-    // Without brackets nobody can tell where an IPv6 address ends and the port begins.
+    // Without brackets the end of an IPv6 address and the beginning of the port cannot be told apart.
     const bool isAmbiguous = !isBracketed && host.contains(u':');
     if (!isNumber || port == 0 || host.isEmpty() || isAmbiguous)
         return std::nullopt;

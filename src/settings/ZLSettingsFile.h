@@ -7,8 +7,8 @@
 #include <QString>
 #include <QVariant>
 
-/// Values by their keys in a text file in the INI form. What a person wrote there (remarks, order, keys that nobody
-/// asks for) stays. A file that cannot be read, as it is a pipe, a device or too large, is told in the log and never
+/// Values by their keys in a text file in the INI form. What a person wrote there (remarks, order, unknown
+/// keys) stays. A file that cannot be read, as it is a pipe, a device or too large, is told in the log and never
 /// written; the values then live as long as the object.
 class ZLSettingsFile {
 public:

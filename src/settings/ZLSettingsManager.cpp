@@ -130,7 +130,7 @@ float ZLSettingsManager::fontSize()
 
 void ZLSettingsManager::setFontSize(float points)
 {
-    // Stored as a double: a float would be written in a binary form that nobody can read or edit.
+    // Stored as a double: a float would be written in a binary form that a person cannot read or edit.
     storeSetting(ZLSettingKey::FontSize, double(points));
     Q_EMIT notifications().ZLFontSizeSettingDidChange();
 }

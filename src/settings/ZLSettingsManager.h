@@ -88,7 +88,7 @@ public:
     /// Without what is stored but names no host and port.
     [[nodiscard]] static QList<ZLOSCDestination> oscOutputs();
     static void setOSCOutputs(const QList<ZLOSCDestination>& outputs);
-    /// Whether the state is sent for a while to whoever sent a valid command.
+    /// Whether the state is sent for a while to the sender of a valid command.
     [[nodiscard]] static bool oscAnswersSenders();
     static void setOSCAnswersSenders(bool enabled);
 
@@ -100,7 +100,7 @@ public:
     static void removeKeyComboForKey(const QString& key);
     [[nodiscard]] static QStringList allKeyComboKeys();
 
-    /// What a window remembers under a key of its own, which is announced to nobody. Null when nothing is stored.
+    /// What a window remembers under a key of its own, which is not announced. Null when nothing is stored.
     [[nodiscard]] static QString textForKey(const QString& key);
     static void setText(const QString& text, const QString& key);
 };

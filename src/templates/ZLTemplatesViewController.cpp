@@ -180,7 +180,7 @@ bool ZLTemplatesViewController::takeAwayEmptyNewTemplate(qsizetype row)
     if (!chapter || chapter != m_newTemplate.lock() || !chapter->title().isEmpty() || !chapter->link().isEmpty())
         return false;
     m_newTemplate.reset();
-    // Nobody wants to undo what came to nothing.
+    // What came to nothing is no step to undo.
     if (m_isAdditionLastStep)
         m_undoManager.undo();
     else

@@ -11,7 +11,7 @@
 
 class ZLTemplatesViewController;
 
-/// Whoever keeps the templates is told of changes that came through the drawer's buttons, an import or a drag, and of
+/// The owner of the templates is told of changes that came through the drawer's buttons, an import or a drag, and of
 /// their undo and redo: before the first template moves, and when the last one did.
 class ZLTemplatesViewControllerDelegate {
 public:

@@ -38,7 +38,7 @@ def seconds(samples):
 
 @dataclass
 class Track:
-    """One channel, and where in it somebody speaks."""
+    """One channel, and where in it a voice speaks."""
 
     samples: array.array = field(default_factory=lambda: array.array("h"))
     spoken: list = field(default_factory=list)
@@ -67,7 +67,7 @@ class Speaker:
         self.folder = folder
 
     def say(self, voice):
-        """A sentence that nobody has said before, without the silence around it."""
+        """A sentence that was not said before, without the silence around it."""
         words = " ".join("".join(self.chance.choices(SYLLABLES, k=self.chance.randint(1, 4)))
                          for _ in range(self.chance.randint(4, 14)))
         path = self.folder / "sentence.wav"
@@ -124,7 +124,7 @@ class Show:
         return path
 
     def pauses(self, least):
-        """Where nobody speaks for so long, in samples."""
+        """Where no voice speaks for so long, in samples."""
         spoken = sorted(self.first.spoken + self.second.spoken)
         pauses, end = [], 0
         for begin, until in spoken:

@@ -5,7 +5,20 @@
 
 using namespace Qt::StringLiterals;
 
-class ZLDocumentControllerRecoveryTest : public ZLDocumentControllerFixture { };
+class ZLDocumentControllerRecoveryTest : public ZLDocumentControllerFixture {
+protected:
+    /// An untitled one whose clock ran, as the start after the kill brings it back.
+    ZLChapterDocument* documentOfKilledRecording()
+    {
+        ZLChapterDocument* document = controller->newDocument();
+        document->startRecordingWithTime(clock->seconds);
+        clock->seconds += 30.0;
+        addChapter(*document, "Marked live");
+        start();
+        controller->restoreSession();
+        return controller->documents().value(0);
+    }
+};
 
 TEST_F(ZLDocumentControllerRecoveryTest, AfterAKillTheNewestStateOfAFileIsBackAndThenInTheFile)
 {
@@ -67,13 +80,7 @@ TEST_F(ZLDocumentControllerRecoveryTest, AKilledRecordingIsBackPausedAndCanGoOnA
 
 TEST_F(ZLDocumentControllerRecoveryTest, AKilledRecordingCanStayPausedAndTheChoiceCanBeUndone)
 {
-    ZLChapterDocument* document = controller->newDocument();
-    document->startRecordingWithTime(clock->seconds);
-    clock->seconds += 30.0;
-    addChapter(*document, "Marked live");
-    start();
-    controller->restoreSession();
-    document = controller->documents().first();
+    ZLChapterDocument* document = documentOfKilledRecording();
     document->keepInterruptedRecordingPaused();
     EXPECT_FALSE(document->interruptedRecording());
     EXPECT_EQ(document->currentDuration(), 30.0);
@@ -102,13 +109,7 @@ TEST_F(ZLDocumentControllerRecoveryTest, AnUndecidedInterruptionSurvivesTheNextK
 
 TEST_F(ZLDocumentControllerRecoveryTest, StartingTheClockDecidesForThePause)
 {
-    ZLChapterDocument* document = controller->newDocument();
-    document->startRecordingWithTime(clock->seconds);
-    clock->seconds += 30.0;
-    addChapter(*document, "Marked live");
-    start();
-    controller->restoreSession();
-    document = controller->documents().first();
+    ZLChapterDocument* document = documentOfKilledRecording();
     document->startRecordingWithTime(clock->seconds);
     EXPECT_FALSE(document->interruptedRecording());
     EXPECT_EQ(document->currentDuration(), 30.0);
@@ -236,7 +237,7 @@ TEST_F(ZLDocumentControllerRecoveryTest, ATornJournalGivesTheStateBefore)
     EXPECT_EQ(open(path)->chapterManager().count(), 2);
 }
 
-TEST_F(ZLDocumentControllerRecoveryTest, AJournalThatIsNoneStandsInNobodysWay)
+TEST_F(ZLDocumentControllerRecoveryTest, AJournalThatIsNoneHindersNothing)
 {
     ASSERT_TRUE(ZLRecoveryFolder(filePath("state/recovery")).prepare());
     const QString journal = filePath("state/recovery/a.zelta.journal");

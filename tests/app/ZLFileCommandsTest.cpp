@@ -204,7 +204,7 @@ TEST_F(ZLFileCommandsTest, ExportReplacesNoDocumentThatIsOpen)
     ASSERT_TRUE(ZLAtomicFile::write(open, "open").isOk());
     const ZLDocumentLock lock(open);
     expectFailure(1, exportTo(open, u"Podlove Simple Chapters"_s));
-    EXPECT_EQ(m_err, u"zelta: "_s + open + u": Zelta itself uses this file, so nothing else is written over it.\n"_s);
+    EXPECT_EQ(m_err, u"zelta: "_s + open + u" is in use by Zelta. Choose another name.\n"_s);
     EXPECT_EQ(contentsOf(open), "open");
 }
 

@@ -94,7 +94,7 @@ TEST_F(ZLShowCommandTest, ShowsAllFieldsAsJson)
     const QJsonArray templates = document.value("templates"_L1).toArray();
     ASSERT_EQ(templates.size(), 2);
     EXPECT_EQ(templates.at(0)["title"_L1].toString(), u"Nine"_s) << "templates keep their own order";
-    EXPECT_EQ(templates.at(0)["date"_L1], QJsonValue(QJsonValue::Null)) << "nobody knows the date";
+    EXPECT_EQ(templates.at(0)["date"_L1], QJsonValue(QJsonValue::Null)) << "the date is not known";
 }
 
 TEST_F(ZLShowCommandTest, JsonIsValidWhateverTheDocumentHolds)

@@ -53,7 +53,7 @@ def complaints(root: Path) -> list[str]:
 
 
 def self_test() -> int:
-    """A lost file, a lost heading and a folder that nobody names must each be found, and a good tree pass."""
+    """A lost file, a lost heading and a folder without a name must each be found, and a good tree pass."""
     with tempfile.TemporaryDirectory() as name:
         root = Path(name)
         for folder in ("src/model", "src/model/ui", "docs"):

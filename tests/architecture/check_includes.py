@@ -79,8 +79,8 @@ ALLOWED = {
     "app/ui/listening": "listening settings templates/ui document/listening document/ui/menus document/ui",
     "app/ui/quickedit": "platform platform/notification platform/window model document app",
     "app/ui/saving": "platform document/saving document/concerns document/ui app",
-    "app/ui/menus": "platform document document/ui/menus document/ui export export/formats export/lists export/ui"
-    " delivery app app/ui/saving",
+    "app/ui/menus": "platform settings document document/ui/menus document/ui export export/formats export/lists"
+    " export/ui delivery app app/ui/saving",
     "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui commands document/ui/menus document/ui"
     " app",
     "app/ui/windows": "platform platform/filemanager platform/window templates/ui document/concerns document/ui/table"

@@ -76,7 +76,7 @@ TEST_F(ZLChapterImportTest, LeavesARunningClockAloneAndLetsMarksCome)
     EXPECT_TRUE(m_document.isRecording());
     EXPECT_EQ(m_document.currentDuration(), 20.0);
     EXPECT_EQ(editings, 0) << "no title opens for typing";
-    EXPECT_EQ(chapters().chapterAtIndex(m_document.selectedRow()), marked) << "which somebody may be working on";
+    EXPECT_EQ(chapters().chapterAtIndex(m_document.selectedRow()), marked) << "which may be in use";
     advance(5.0);
     m_document.addNewBlankChapter();
     EXPECT_EQ(times(), (QList<double> { 0.0, 20.0, 25.0, 30.0 }));

@@ -56,7 +56,7 @@ TEST_F(ZLChapterInsertionTest, TheDateComesFromTheNearestEarlierChapterOrElseThe
 {
     EXPECT_EQ(dateAt(5.0), ZLChapter::distantPast());
     addChapterAt(4.0);
-    EXPECT_EQ(dateAt(5.0), ZLChapter::distantPast()) << "whose date nobody knows either";
+    EXPECT_EQ(dateAt(5.0), ZLChapter::distantPast()) << "whose date is not known either";
     const QDateTime later = m_wallClock.addDays(1);
     addDatedChapterAt(100.0, later);
     addDatedChapterAt(200.0, m_wallClock.addDays(2));

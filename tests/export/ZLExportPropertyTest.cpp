@@ -1,4 +1,4 @@
-// Thousands of documents that nobody would think of, through all formats, and read by parsers that others wrote; see
+// Thousands of documents made by chance, through all formats, and read by parsers that others wrote; see
 // read_exports.py. The documents are the same in every run.
 #include "export/ZLExportCase.h"
 #include "export/formats/ZLRegisterExporters.h"

@@ -1,4 +1,4 @@
-// Text from anywhere as a time that somebody typed.
+// Text from anywhere as a time that was typed.
 #include "document/editing/ZLTimeEntry.h"
 
 #include <QString>

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What ./run says to somebody who has just got the sources, on a computer where the tools are replaced by stand-ins."""
+"""What ./run says to a person who has just got the sources, on a computer where the tools are replaced by stand-ins."""
 
 import os
 import re

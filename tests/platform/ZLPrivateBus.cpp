@@ -20,7 +20,7 @@ const QString busConfiguration = u"<!DOCTYPE busconfig PUBLIC \"-//freedesktop//
                                  "<policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
                                  "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>"_s;
 
-/// A test that crashes takes its helpers along: they would keep its output open, and whoever reads it waiting.
+/// A test that crashes takes its helpers along: they would keep its output open, and its reader waiting.
 void startBusProcess(QProcess& process, const QString& program, const QStringList& arguments)
 {
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });

@@ -25,7 +25,7 @@ public:
     /// when it does not come up.
     [[nodiscard]] bool startMock(const QString& program, const QStringList& arguments = {});
     void endMock();
-    /// Lets the bus start the Python program when somebody wants this service; the bus's end ends it.
+    /// Lets the bus start the Python program when a program wants this service; the bus's end ends it.
     void offerService(const QString& name, const QString& program);
     /// Ends the bus itself.
     void end();

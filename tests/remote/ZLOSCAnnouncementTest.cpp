@@ -27,7 +27,7 @@ private:
     QStringList& m_notes;
 };
 
-/// Nobody else gets its port as long as it lives.
+/// No other program gets its port as long as it lives.
 class PortHolder {
 public:
     PortHolder() { m_socket.bind(QHostAddress::Any, 0); }

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A port that nobody else gets as long as the object lives.
+/// A port that no other program gets as long as the object lives.
 class TakenPort {
 public:
     TakenPort() { m_socket.bind(QHostAddress::Any, 0); }

@@ -121,7 +121,7 @@ TEST_F(ZLSettingsFileTest, WhatAnotherProcessWroteStays)
 
 TEST_F(ZLSettingsFileTest, ATypeThatNeedsAWindowSystemIsNoValue)
 {
-    // A colour, a font, an image and a type that nobody knows, as Qt's own settings write them.
+    // A colour, a font, an image and an unknown type, as Qt's own settings write them.
     for (const char* type : { "\\0\\0\\0\\x43", "\\0\\0\\0@", "\\0\\0\\0\\x46", "\\x7f\\xff\\xff\\xff" }) {
         write(QByteArray("[General]\nx=@Variant(") + type
             + "\\x1\\xff\\xff\\0\\0\\x80\\x80\\0\\0)\ny=@DateTime(\\0)\nz=@Rect(1 2 3 4)\nw=7\n");

@@ -123,8 +123,7 @@ ZLResult<std::unique_ptr<ZLChapterDocument>> ZLDocumentMaker::readDocument(
     const QString& path, const QByteArray& bytes) const
 {
     auto document = makeDocument();
-    ZLFileOperationError error;
-    if (!document->readFromData(bytes, {}, &error))
-        return ZLUnreadableDocument::error(path, bytes, error.message);
+    if (!document->readFromData(bytes))
+        return ZLUnreadableDocument::error(path, bytes);
     return document;
 }

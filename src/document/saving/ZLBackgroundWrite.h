@@ -59,8 +59,8 @@ public:
 
     [[nodiscard]] const ZLWriteOrder& order() const { return m_order; }
 
-    /// Writes, then calls `didWrite`, both on the calling thread. Does nothing when the write was called off, and calls
-    /// nobody when it was abandoned.
+    /// Writes, then calls `didWrite`, both on the calling thread. Does nothing when the write was called off, and does
+    /// not call when it was abandoned.
     void run(const std::function<void()>& didWrite);
     /// Keeps a write that has not begun from beginning.
     void callOff();
@@ -69,7 +69,7 @@ public:
     /// Whether it was, once it is over; only then there is an outcome.
     [[nodiscard]] bool wasCarriedOut() const;
     [[nodiscard]] const ZLWriteOutcome& outcome() const { return m_outcome; }
-    /// Makes a write that is under way tell nobody of its end. Returns whether it is.
+    /// Makes a write that is under way keep silent about its end. Returns whether it is under way.
     bool abandon();
 
     /// How long a write waits for the journal to have its digest: the two roads to the disk do not wait for each other

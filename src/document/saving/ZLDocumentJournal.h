@@ -10,8 +10,8 @@
 
 #include <memory>
 
-/// Journals one document: whatever changes in it is handed to the kernel before the document tells anybody, and synced
-/// by a thread of the journal's own. While no file is begun it only watches.
+/// Journals one document: whatever changes in it is handed to the kernel before the document tells its listeners, and
+/// synced by a thread of the journal's own. While no file is begun it only watches.
 class ZLDocumentJournal : public QObject {
     Q_OBJECT
 

@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The lines of a lock file: machine, process. A file that is too large for one is somebody else's, whose name it does
-/// not tell.
+/// The lines of a lock file: machine, process. A file that is too large for one is that of another program, whose name
+/// it does not tell.
 QStringList linesOfLockFile(const QString& path)
 {
     const ZLFoundFile found = ZLBoundedFile::find(path, ZLFileBound::Lock, ZLFileLinks::Refuse);
@@ -26,7 +26,7 @@ QString describeHolder(const QStringList& lines)
 {
     if (lines.size() < 2)
         return QCoreApplication::translate("ZLDocumentLock", "another program");
-    // Whoever wrote it is not to be trusted with more than one line's space.
+    // The words come from another program, so they get no more than one line's space.
     constexpr qsizetype longestWord = 100;
     return QCoreApplication::translate("ZLDocumentLock", "%1, process %2")
         .arg(lines.at(0).left(longestWord), lines.at(1).left(longestWord));

@@ -31,7 +31,7 @@ public:
     /// Since when the document's file is as it is; never later than `now`, and `now` where there is no file.
     [[nodiscard]] QDateTime timeOfFile(const QDateTime& now) const;
 
-    /// Who else has the user's file open; empty when nobody has.
+    /// Who else has the user's file open; empty when it is not open elsewhere.
     [[nodiscard]] QString otherHolder() const { return m_lock ? m_lock->otherHolder() : QString(); }
     /// That the user's file is open here; null for an untitled document.
     [[nodiscard]] const ZLOpenFileNote* openFileNote() const { return m_lock ? &m_lock->note() : nullptr; }

@@ -16,10 +16,10 @@ struct ZLRecoveredDocument {
 namespace ZLDocumentRecovery {
 
 /// The journal of `file`, which is taken over only on success. A journal that cannot be read is renamed, so that it
-/// stands in nobody's way.
+/// hinders no later start.
 [[nodiscard]] std::optional<ZLRecoveredDocument> read(std::unique_ptr<ZLRecoveryFile>& file);
 
-/// Takes over the first journal that nobody holds and whose document's path `isWanted`.
+/// Takes over the first journal that is not held and whose document's path `isWanted`.
 [[nodiscard]] std::optional<ZLRecoveredDocument> claimJournal(
     const ZLRecoveryFolder& folder, const std::function<bool(const QString& filePath)>& isWanted);
 

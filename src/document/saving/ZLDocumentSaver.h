@@ -57,7 +57,7 @@ public:
     [[nodiscard]] bool isUntitled() const { return m_place.isUntitled(); }
     /// The user's file; empty for an untitled document.
     [[nodiscard]] const QString& path() const { return m_place.path(); }
-    /// Who else has the user's file open; empty when nobody has.
+    /// Who else has the user's file open; empty when it is not open elsewhere.
     [[nodiscard]] QString otherHolder() const { return m_place.otherHolder(); }
     /// Where an untitled document is kept; empty when it has nothing to keep or a file of the user's.
     [[nodiscard]] QString recoveryPath() const { return m_place.recoveryPath(); }

@@ -73,7 +73,7 @@ void ZLDocumentWriter::run(const Executor& executor)
 
 void ZLDocumentWriter::finishByItself(const std::shared_ptr<ZLBackgroundWrite>& write)
 {
-    // Somebody who could not wait may have settled it before.
+    // A caller that could not wait may have settled it before.
     if (write != m_write)
         return;
     (void)settle(QDeadlineTimer(QDeadlineTimer::Forever));

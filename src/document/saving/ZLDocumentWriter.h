@@ -12,7 +12,7 @@
 #include <optional>
 
 /// Carries the writes of one document out on a thread of its own, one at a time, and waits for none longer than it is
-/// told. A write that hangs can be left to itself: what becomes of it is then told to nobody.
+/// told. A write that hangs can be left to itself: what becomes of it is then not told.
 class ZLDocumentWriter : public QObject {
     Q_OBJECT
 
@@ -41,7 +41,7 @@ public:
 Q_SIGNALS:
     /// A write has its outcome.
     void didWrite(const ZLWriteOrder& order, const ZLWriteOutcome& outcome);
-    /// The same for one that nobody waited for, after didWrite().
+    /// The same for a write without a waiting caller, after didWrite().
     void didFinishByItself();
 
 private:

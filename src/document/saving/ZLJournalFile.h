@@ -47,11 +47,11 @@ public:
     void append(ZLJournalRecord record, Sync sync);
 
     /// Waits until the kernel has everything that was appended, so that a kill of the process cannot lose it. Returns
-    /// false when that lasts longer than `limit`; then nobody waits again until that has come.
+    /// false when that lasts longer than `limit`; then there is no further wait until that has come.
     bool waitUntilHandedOver(std::chrono::milliseconds limit);
     /// The same until everything is on the disk.
     bool waitUntilSynced(std::chrono::milliseconds limit);
-    /// Whether something is not handed over that was waited for in vain.
+    /// Whether something is not handed over although a wait for it ran out.
     [[nodiscard]] bool isLagging() const;
     /// How far the syncing has come that was asked for.
     [[nodiscard]] ZLProgress progress() const;
@@ -66,7 +66,7 @@ private:
     struct Descriptor;
     using DescriptorPointer = std::shared_ptr<Descriptor>;
 
-    /// What somebody waited for in vain.
+    /// What a wait did not see come in time.
     using Missed = std::optional<quint64>;
 
     void post(std::function<void()> task, Sync sync);

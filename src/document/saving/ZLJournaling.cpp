@@ -63,7 +63,7 @@ void ZLJournaling::retry()
     if (!m_journal.isBegun() && m_failureText.isEmpty())
         return;
     note();
-    // What this brings is known when the next change or attempt comes, for nobody waits for a disk.
+    // What this brings is known when the next change or attempt comes, for the program waits for no disk.
     m_journal.tidy(m_knownFile.versions());
 }
 

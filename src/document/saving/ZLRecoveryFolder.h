@@ -21,7 +21,7 @@ public:
     [[nodiscard]] QString journalPath() const { return m_path + JournalSuffix; }
     /// Where a show that is being recorded keeps what was heard of it.
     [[nodiscard]] QString listeningPath() const { return m_path + ListeningSuffix; }
-    /// Whether nobody took the file's lock away, as it happens when the whole folder is deleted.
+    /// Whether the file's lock is still there. It is not when the whole folder was deleted.
     [[nodiscard]] bool isStillHeld() const;
     /// Deletes the file and what lies beside it; nothing happens when there is none.
     void remove();
@@ -51,9 +51,9 @@ public:
     [[nodiscard]] ZLStatus prepare() const;
     /// Reserves a new name. The file itself comes with the first write.
     [[nodiscard]] ZLResult<std::unique_ptr<ZLRecoveryFile>> createFile() const;
-    /// Paths of all documents in the folder, whoever holds them, oldest first.
+    /// Paths of all documents in the folder, held or not, oldest first.
     [[nodiscard]] QStringList files() const;
-    /// Paths that have a journal, whether or not there is a file, whoever holds them, oldest first.
+    /// Paths that have a journal, whether or not there is a file, held or not, oldest first.
     [[nodiscard]] QStringList journaledFiles() const;
     /// Takes a file or its journal over; a null pointer when another holder has it, or when both are gone.
     [[nodiscard]] ZLResult<std::unique_ptr<ZLRecoveryFile>> claim(const QString& path) const;

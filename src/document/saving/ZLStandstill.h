@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <optional>
 
-/// How far something has come that somebody waits for.
+/// How far a task has come, and whether its end is waited for.
 struct ZLProgress {
     bool isAwaited = false;
     /// Any number that is another one after each step.
@@ -16,7 +16,7 @@ struct ZLProgress {
 class ZLStandstill {
 public:
     static constexpr double LongestSilence = 3.0; ///< Seconds.
-    /// What one look adds at most: while nobody could look, as in a program that was stopped, nothing was waited for.
+    /// What one look adds at most: a program that was stopped meanwhile could not look, and waited for nothing.
     static constexpr double LongestStep = 1.0;
 
     /// Returns whether it hangs. `now` is in seconds.

@@ -17,7 +17,7 @@ ZLResult<ZLTheirVersion> ZLTheirVersion::read(const QString& path)
         return bytes.error();
     const auto contents = ZLDocumentFile::decode(bytes.value());
     if (!contents)
-        return ZLUnreadableDocument::error(path, bytes.value(), contents.error().message);
+        return ZLUnreadableDocument::error(path, bytes.value());
     return ZLTheirVersion(bytes.value(), contents.value());
 }
 

@@ -64,8 +64,8 @@ ZLStatus ZLWriteProtection::check(const QString& path, const ZLOpenFileNote* own
     // The lock beside it tells also of a process with a state folder of its own, as in a sandbox.
     if (isInStateFolder(path) || isHardLinkIntoStateFolder(path) || isOpenDocument(path, own)
         || ZLFileLock::isHeld(ZLDocumentLock::lockPath(path)))
-        return ZLError { QCoreApplication::translate(
-            "ZLWriteProtection", "%1: Zelta itself uses this file, so nothing else is written over it.")
-                .arg(path) };
+        return ZLError {
+            QCoreApplication::translate("ZLWriteProtection", "%1 is in use by Zelta. Choose another name.").arg(path)
+        };
     return ZLDone {};
 }

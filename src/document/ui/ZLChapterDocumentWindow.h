@@ -26,7 +26,7 @@ class ZLChapterDocument;
 }
 
 /// The window of a chapter document: it shows the document's models, forwards clicks and keys to its operations and
-/// follows its signals. It makes the menus Edit, Recording and View; whoever opens it may insert others around them.
+/// follows its signals. It makes the menus Edit, Recording and View; its owner may insert others around them.
 class ZLChapterDocumentWindow : public QMainWindow {
     Q_OBJECT
 
@@ -56,7 +56,7 @@ public:
     void setCloseGuard(std::function<bool()> guard) { m_closeGuard = std::move(guard); }
     void saveWindowState() const;
 
-    /// Nobody may hide the toolbar, so there is no menu for it.
+    /// The toolbar cannot be hidden, so there is no menu for it.
     QMenu* createPopupMenu() override { return nullptr; }
 
 Q_SIGNALS:

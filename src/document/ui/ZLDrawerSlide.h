@@ -23,7 +23,7 @@ public:
     /// Brings the drawer to where it is going. To be called before its width is remembered.
     void finish();
 
-    /// Milliseconds; 0 for none. Without a call it is what the style says, and none where nobody can see it.
+    /// Milliseconds; 0 for none. Without a call it is what the style says, and none where it cannot be seen.
     void setDuration(int milliseconds) { m_duration = milliseconds; }
 
     /// The drawer's own close button slides it out, too.

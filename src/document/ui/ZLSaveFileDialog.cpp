@@ -29,7 +29,7 @@ ZLSaveFileDialog::ZLSaveFileDialog(QWidget* parent, const QString& title, const 
 
 void ZLSaveFileDialog::accept()
 {
-    // The desktop's own dialog has no such field; whoever gets its name completes it.
+    // The desktop's own dialog has no such field; the caller that gets its name completes it.
     auto* nameEdit = findChild<QLineEdit*>(u"fileNameEdit"_s);
     const QString typed = nameEdit ? nameEdit->text() : QString();
     const QFileInfo file(directory(), withoutTilde(typed));

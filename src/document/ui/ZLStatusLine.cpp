@@ -118,7 +118,7 @@ void ZLStatusLine::showPassingMessage(
     m_hint->hide();
     m_message->show();
     m_messageButton->setVisible(!actionText.isEmpty());
-    // Somebody who wants to press the button needs the time to get there.
+    // A person who wants to press the button needs the time to get there.
     m_passingTimer.start(actionText.isEmpty() ? m_passingMilliseconds : 2 * m_passingMilliseconds);
     announcePassingMessage();
 }

@@ -10,7 +10,7 @@ class ZLChapterDocument;
 class ZLChapterTableView;
 
 /// What is being typed in a document window, in the table or in the drawer, and what becomes of it when a command
-/// comes. A command of the window's own writes it. One from outside leaves alone what nobody has finished: a time,
+/// comes. A command of the window's own writes it. One from outside leaves alone what is not finished: a time,
 /// which might not be one yet, and the text of a template.
 class ZLWindowTyping : public QObject {
     Q_OBJECT

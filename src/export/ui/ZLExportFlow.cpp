@@ -113,7 +113,8 @@ void ZLExportFlow::installAdditions()
 
 void ZLExportFlow::addLinePattern()
 {
-    m_linePatternView = new ZLLinePatternView(m_exporterClass.format().usualLinePattern, m_dialog);
+    const QString& usual = m_exporterClass.format().usualLinePattern;
+    m_linePatternView = new ZLLinePatternView(m_proposedPattern.isEmpty() ? usual : m_proposedPattern, m_dialog);
     connect(m_linePatternView, &ZLLinePatternView::patternDidChange, this, &ZLExportFlow::updateAdvice);
     appendToDialog(*m_dialog, m_linePatternView);
 }

@@ -30,6 +30,8 @@ public:
 
     /// Where the dialog starts; the working directory unless it is told.
     void setFolder(const QString& folder) { m_folder = folder; }
+    /// What the dialog proposes as the line pattern of a format that has one; empty for the format's usual one.
+    void setLinePattern(const QString& pattern) { m_proposedPattern = pattern; }
 
     /// Shows the dialog, as a window of its own, and returns at once. The chapters are taken when the dialog is
     /// confirmed, or when the document closes before. Without a document the format's empty file is written. `window`
@@ -75,6 +77,7 @@ private:
     ZLExporterClass m_exporterClass;
     FileOpener m_openFile;
     QString m_folder;
+    QString m_proposedPattern;
     ZLSelectedSession m_session;
     /// Null when there was no document from the start, or when it was closed since.
     QPointer<ZLChapterDocument> m_document;

@@ -37,15 +37,7 @@ bool recognises(const ZLListSource& source)
 
 ZLResult<QList<ZLChapterList>> read(const ZLListSource& source)
 {
-    ZLChapterList list;
-    for (qsizetype i = 0; i < source.lines().size(); ++i) {
-        const QStringView line = source.lines().at(i);
-        if (const auto chapter = chapterIn(line))
-            list.chapters.append(*chapter);
-        else if (!line.trimmed().isEmpty())
-            ZLListText::noteUnknownLine(list, i);
-    }
-    return QList { list };
+    return QList { ZLListText::chaptersInLines(source, chapterIn) };
 }
 
 QByteArray write(const ZLListToWrite& list)

@@ -24,7 +24,7 @@ ZLBusProcessActivity::ZLBusProcessActivity(const QDBusConnection& systemBus, con
     standIn(m_idle, m_portalSuspend);
     standIn(m_logOut, m_portalLogOut);
     QDBusConnection bus = systemBus;
-    // From whoever it comes: naming the login manager here would wait for the bus, and a false alarm only saves.
+    // From any sender: naming the login manager here would wait for the bus, and a false alarm only saves.
     if (bus.isConnected()
         && !bus.connect({}, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, u"PrepareForShutdown"_s,
             this, SLOT(prepareForShutdown(bool))))

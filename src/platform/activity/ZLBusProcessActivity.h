@@ -8,12 +8,12 @@
 /// The activity as the login manager, the desktop's session manager and the desktop portal know it.
 ///
 /// The login manager's lock is on "idle" and not on "sleep": a sleep that the user asks for, or a closed lid, is no
-/// idling, and a lock on "sleep" is refused to whoever is not at the computer, for example a service. The session
+/// idling, and a lock on "sleep" is refused to users who are not at the computer, such as a service. The session
 /// manager falls asleep by a rule of its own and is asked beside it. The portal is asked where the login manager cannot
 /// be reached, which is so in a sandbox.
 ///
 /// A log-out is held back by the session manager, or else the portal; a shutdown by the login manager. A lock that only
-/// delays a shutdown is held all the time: it gives time to save when somebody with the right to it insists.
+/// delays a shutdown is held all the time: it gives time to save when an administrator insists.
 class ZLBusProcessActivity final : public ZLProcessActivity {
     Q_OBJECT
 

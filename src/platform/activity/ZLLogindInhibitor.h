@@ -10,7 +10,7 @@ class ZLLogindInhibitor final : public ZLBusInhibitor {
 
 public:
     enum class Operation {
-        Idle, ///< Whatever the system does when nobody touches the computer, above all falling asleep.
+        Idle, ///< What the system does when the computer is not touched for long, above all falling asleep.
         Shutdown,
     };
     enum class Mode {

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-/// What the process asks of the system while it is at work: not to fall asleep because nobody touches the computer,
+/// What the process asks of the system while it is at work: not to fall asleep while the computer is not touched,
 /// and, for shorter spans, not to end the session. A sleep or a shutdown that the user insists on is the user's: the
 /// system is asked, never forced. Where nothing can be asked all of this does nothing.
 class ZLProcessActivity : public QObject {
@@ -16,7 +16,7 @@ public:
     [[nodiscard]] static std::unique_ptr<ZLProcessActivity> create();
 
     /// From here until end() the system does not idle to sleep, and tells when it shuts down. The reason is shown to
-    /// whoever asks the system what keeps it awake.
+    /// a person who asks the system what keeps it awake.
     virtual void begin(const QString& reason) = 0;
     /// Gives back everything. Destroying the activity does so, too; what has not been answered by then goes with the
     /// process.

@@ -5,7 +5,7 @@
 #include <memory>
 
 /// Tells how long the computer slept, from two clocks of which only one stands still meanwhile. It needs no message
-/// from the system, so it also knows of a sleep that nobody announced. It has to be asked: nothing runs by itself.
+/// from the system, so it also knows of a sleep that was not announced. It has to be asked: nothing runs by itself.
 class ZLSleepWatcher {
 public:
     /// Seconds. What is shorter is kept until it adds up.

@@ -23,7 +23,7 @@ public:
 private:
     using ArchivedObject = ZLBinaryPropertyListObject;
 
-    /// A value with what it costs whoever walks it.
+    /// A value with what a walk through it costs.
     struct Node {
         QVariant value;
         quint32 weight = 1;

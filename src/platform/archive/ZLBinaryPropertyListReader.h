@@ -6,7 +6,7 @@
 /// Looks into a binary property list ("bplist00") without building anything: an object is found by its index and
 /// decoded on request. Every offset, count and reference size is checked against the bytes, so a damaged or hostile
 /// file gives Kind::Invalid, never an access outside of it. What objects make of each other (cycles, depth, expansion)
-/// is the business of whoever follows the references. The bytes must outlive the reader.
+/// is the business of the code that follows the references. The bytes must outlive the reader.
 class ZLBinaryPropertyListReader {
 public:
     /// Fails when the bytes are no binary property list or their table of offsets does not fit into them.

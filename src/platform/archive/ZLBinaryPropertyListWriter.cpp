@@ -13,7 +13,6 @@ namespace {
 constexpr uchar kIntegerMarker = 0x10;
 constexpr uchar kReal32Marker = 0x22;
 constexpr uchar kReal64Marker = 0x23;
-constexpr uchar kDateMarker = 0x33;
 constexpr uchar kDataMarker = 0x40;
 constexpr uchar kAsciiMarker = 0x50;
 constexpr uchar kUtf16Marker = 0x60;
@@ -123,13 +122,6 @@ ZLBinaryPropertyListWriter::Reference ZLBinaryPropertyListWriter::addReal(double
 {
     const Reference self = nextObject();
     appendFixed(kReal64Marker, std::bit_cast<quint64>(value), 8);
-    return self;
-}
-
-ZLBinaryPropertyListWriter::Reference ZLBinaryPropertyListWriter::addDate(double referenceSeconds)
-{
-    const Reference self = nextObject();
-    appendFixed(kDateMarker, std::bit_cast<quint64>(referenceSeconds), 8);
     return self;
 }
 

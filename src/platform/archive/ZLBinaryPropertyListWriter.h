@@ -22,8 +22,6 @@ public:
     Reference addUnsignedInteger(quint64 value);
     Reference addReal(float value);
     Reference addReal(double value);
-    /// Seconds since the first moment of 2001, UTC.
-    Reference addDate(double referenceSeconds);
     Reference addData(QByteArrayView value);
     Reference addText(QStringView value);
     Reference addText(QLatin1StringView ascii);

@@ -12,7 +12,7 @@ class QDBusPendingCall;
 class QDBusServiceWatcher;
 
 /// Whether Avahi, the program that speaks DNS-SD for all others, is there. It may come, go and start anew at any time.
-/// Nothing here waits for an answer, and nothing starts an Avahi that somebody stopped.
+/// Nothing here waits for an answer, and nothing starts an Avahi that was stopped.
 class ZLAvahiDaemon : public QObject {
     Q_OBJECT
 

@@ -3,7 +3,7 @@
 #include <QHostAddress>
 #include <QString>
 
-/// A service that somebody announces on the network. Names come from strangers: they are to be shown as plain text.
+/// A service that a program announces on the network. Names come from strangers: they are to be shown as plain text.
 struct ZLFoundService {
     /// Unique among the services of its type, fit for one line of a window.
     QString name;

@@ -30,7 +30,7 @@ void ZLServiceBrowser::setServices(const Services& services)
     if (m_services == services)
         return;
     const Services before = std::exchange(m_services, services);
-    // Copies, since whoever listens may cause the next change.
+    // Copies, since a listener may cause the next change.
     const Services after = services;
     for (auto service = before.cbegin(); service != before.cend(); ++service) {
         const auto now = after.constFind(service.key());

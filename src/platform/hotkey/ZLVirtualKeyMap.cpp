@@ -157,16 +157,6 @@ const ZLVirtualKey* ZLVirtualKeyMap::keyForKeyCode(int keyCode)
     return firstVirtualKey([keyCode](const ZLVirtualKey& key) { return key.keyCode == keyCode; });
 }
 
-const ZLVirtualKey* ZLVirtualKeyMap::keyForEvdevCode(quint32 evdevCode)
-{
-    return firstVirtualKey([evdevCode](const ZLVirtualKey& key) { return key.evdevCode == evdevCode; });
-}
-
-const ZLVirtualKey* ZLVirtualKeyMap::keyForXkbKeycode(quint32 xkbKeycode)
-{
-    return xkbKeycode < 8 ? nullptr : keyForEvdevCode(xkbKeycode - 8);
-}
-
 const ZLVirtualKey* ZLVirtualKeyMap::keyForQtKey(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     // Tab with Shift has a name of its own in Qt.

@@ -29,9 +29,7 @@ public:
 
     /// Null for a number that stands for no key.
     [[nodiscard]] static const ZLVirtualKey* keyForKeyCode(int keyCode);
-    [[nodiscard]] static const ZLVirtualKey* keyForEvdevCode(quint32 evdevCode);
     /// A key code of X11 or of a Wayland compositor, both of which stand 8 above the kernel's.
-    [[nodiscard]] static const ZLVirtualKey* keyForXkbKeycode(quint32 xkbKeycode);
     [[nodiscard]] static quint32 xkbKeycodeForKey(const ZLVirtualKey& key) { return key.evdevCode + 8U; }
 
     /// A digit stands twice on the keyboard: the modifiers tell whether the keypad's is meant.

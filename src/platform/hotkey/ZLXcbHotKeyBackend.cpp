@@ -186,7 +186,7 @@ bool ZLXcbHotKeyBackend::handleKeyRelease(quint8 keycode, quint32 time)
 
 void ZLXcbHotKeyBackend::fireLater(const QString& identifier)
 {
-    // Whoever hears of it may open a window, which must not happen inside an event filter.
+    // A listener may open a window, which must not happen inside an event filter.
     QMetaObject::invokeMethod(
         this,
         [this, identifier] {

@@ -32,7 +32,7 @@ bool isSameFile(const struct stat& left, const struct stat& right)
 
 ZLResult<std::shared_ptr<ZLMediaSource>> ZLMediaSource::open(const QString& path)
 {
-    // Without waiting, so that a pipe is told apart before anybody writes into it.
+    // Without waiting, so that a pipe is told apart even while no program writes into it.
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0)
         return ZLError { u"%1: %2"_s.arg(path, qt_error_string(errno)) };

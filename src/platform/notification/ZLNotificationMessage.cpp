@@ -24,7 +24,7 @@ bool canBeReplied(const QStringList& capabilities)
 
 QStringList actionsFor(const ZLUserNotification& notification, const QStringList& capabilities)
 {
-    // One button is enough for whoever has an eye on the talk: that of the reply is the action button too.
+    // One button is enough for a person who follows the talk: that of the reply is the action button too.
     if (notification.hasReplyButton && capabilities.contains(replyFieldKey))
         return { replyFieldKey, replyLabel() };
     if (!capabilities.contains("actions"_L1))
@@ -79,7 +79,7 @@ std::optional<ZLUserNotificationActivationType> ZLNotificationMessage::typeOfAct
     const ZLUserNotification& notification, const QString& key)
 {
     using Type = ZLUserNotificationActivationType;
-    // Some servers send it for a click on the notification although nobody asked for that.
+    // Some servers send it for a click on the notification although it was not asked for.
     if (key == bodyClickKey)
         return Type::ContentsClicked;
     if (key == replyButtonKey && notification.hasReplyButton)

@@ -56,7 +56,7 @@ void ZLNotificationServer::askCapabilities(const ZLResult<QString>& owner)
         Q_EMIT isMissing();
         return;
     }
-    // By its unique name: nobody else's capabilities are taken for its own, nor another program's signals later on.
+    // By its unique name, so that the answers and signals of no other program are taken for those of the server.
     ZLBusCall::send(m_bus, callOfServer(owner.value(), u"GetCapabilities"_s), notificationPatienceMilliseconds, this,
         [this, server = owner.value()](const QDBusMessage& answer) { receiveCapabilities(server, answer); });
 }

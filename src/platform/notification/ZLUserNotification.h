@@ -21,7 +21,7 @@ struct ZLUserNotification {
 enum class ZLUserNotificationActivationType {
     ContentsClicked,
     ActionButtonClicked,
-    /// The Reply button of a desktop that has no reply field: somebody else has to ask for the text.
+    /// The Reply button of a desktop that has no reply field: the program has to ask for the text.
     ReplyButtonClicked,
     /// A text was typed into the reply field.
     Replied,

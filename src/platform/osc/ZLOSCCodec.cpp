@@ -232,22 +232,6 @@ ZLResult<QByteArray> ZLOSCCodec::encode(const ZLOSCMessage& message)
     return bytes.isEmpty() ? ZLResult<QByteArray>(tooLarge()) : ZLResult<QByteArray>(std::move(bytes));
 }
 
-ZLResult<QByteArray> ZLOSCCodec::encodeBundle(const QList<ZLOSCMessage>& messages, ZLOSCTimeTag time)
-{
-    QByteArray bundle = bundleMark.toByteArray();
-    appendInteger(bundle, time.value);
-    for (const ZLOSCMessage& message : messages) {
-        const QByteArray bytes = messageBytes(message);
-        if (bytes.isEmpty())
-            return tooLarge();
-        appendInteger(bundle, static_cast<qint32>(bytes.size()));
-        bundle.append(bytes);
-        if (bundle.size() > largestDatagram)
-            return tooLarge();
-    }
-    return bundle;
-}
-
 ZLResult<QList<ZLOSCMessage>> ZLOSCCodec::decode(QByteArrayView datagram)
 {
     if (datagram.size() > largestDatagram)

@@ -21,9 +21,6 @@ inline constexpr int mostArguments = 1024;
 /// within a text is left out, for the wire knows it only as the end.
 ZLResult<QByteArray> encode(const ZLOSCMessage& message);
 
-/// A bundle of the messages, to be acted on at the time.
-ZLResult<QByteArray> encodeBundle(const QList<ZLOSCMessage>& messages, ZLOSCTimeTag time = {});
-
 /// All messages of a datagram in their order, with bundles taken apart and their times ignored; or, when anything in it
 /// is malformed, none and the reason. The arguments of an array ([ ]) are listed as if there were no array. A message
 /// that ends after its address has no arguments. Bytes of a text argument that are not UTF-8 become U+FFFD.

@@ -95,7 +95,7 @@ void ZLOSCInPort::deliverMessages()
     const QPointer<ZLOSCInPort> self(this);
     const double begin = m_clock->now();
     int count = 0;
-    // At least one, also on a computer that was busy for the whole turn: nobody would come back to it.
+    // At least one, also on a computer that was busy for the whole turn: nothing would come back to it.
     do {
         const std::optional<ZLOSCReceivedMessage> received = m_reception.messages.take();
         if (!received)

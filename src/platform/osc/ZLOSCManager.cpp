@@ -63,7 +63,7 @@ void ZLOSCManager::removeOutput(ZLOSCOutPort* port)
     m_outPorts.unlock();
     if (!wasListed)
         return;
-    // What the port still has to report concerns nobody any more.
+    // What the port still has to report is of no use any more.
     port->disconnect(this);
     port->deleteLater();
     Q_EMIT outputsDidChange();

@@ -26,7 +26,7 @@ public:
     /// Adds an output at the end of the list. It reports when it is ready, also when that is at once.
     /// The manager owns it.
     ZLOSCOutPort* createNewOutput(const QString& label, const QString& host, quint16 port);
-    /// An output to whoever sent something. How long it stays is the caller's decision.
+    /// An output to the sender of a message. How long it stays is the caller's decision.
     ZLOSCOutPort* createNewOutput(const QString& label, const ZLOSCPeer& peer);
     /// Takes the output out of the list at once and deletes it soon; ignored when it is none of the manager's.
     void removeOutput(ZLOSCOutPort* port);

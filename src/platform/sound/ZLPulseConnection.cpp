@@ -79,7 +79,7 @@ ZLPulseConnection::Snapshot ZLPulseConnection::answeredSnapshot()
     connectToServer();
     std::unique_lock guard(m_mutex);
     const auto isAnswered = [this] { return m_snapshot.state == State::Failed || m_snapshot.isListed; };
-    // Whoever was once waited for in vain is not waited for again.
+    // The program does not wait again for a server that once gave no answer in time.
     if (!m_isSilent) {
         const std::chrono::milliseconds patience(m_answerDeadline.remainingTime());
         m_isSilent = !m_answered.wait_for(guard, patience, isAnswered);

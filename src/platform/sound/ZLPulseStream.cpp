@@ -34,7 +34,7 @@ ZLPulseStream::~ZLPulseStream()
     pa_stream_set_state_callback(m_stream, nullptr, nullptr);
     pa_stream_set_started_callback(m_stream, nullptr, nullptr);
     pa_stream_set_latency_update_callback(m_stream, nullptr, nullptr);
-    // The server may still answer the drain, long after there is anybody to tell.
+    // The server may still answer the drain when this stream is gone already.
     if (m_drain) {
         pa_operation_cancel(m_drain);
         pa_operation_unref(m_drain);

@@ -10,7 +10,7 @@ class QDBusPendingCallWatcher;
 class QDBusVariant;
 
 /// What the desktop's settings say about things that move by themselves. They are read from the portal that gives them
-/// to programs; where none runs, nobody has said no.
+/// to programs; where no portal runs, things move.
 class ZLDesktopAnimations : public QObject {
     Q_OBJECT
 

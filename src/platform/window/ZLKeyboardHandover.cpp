@@ -14,8 +14,8 @@ namespace {
 
 constexpr quint32 noTime = XCB_CURRENT_TIME;
 
-/// The server tells the time with its events alone, so a window that nobody sees gets one. On a connection of its own,
-/// since the events of the program's own one belong to the toolkit.
+/// The server tells the time with its events alone, so a window that is never shown gets one. On a connection of its
+/// own, since the events of the program's own one belong to the toolkit.
 quint32 serverTime()
 {
     int screenNumber = 0;

@@ -21,7 +21,7 @@ public:
         ZLOSCConnectedNetworks::Source networks = &ZLOSCConnectedNetworks::ofThisComputer, QWidget* parent = nullptr);
 
 protected:
-    /// Addresses are asked for only while somebody can see them.
+    /// Addresses are asked for only while they can be seen.
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     /// The size of the texts to be read off follows the font.

@@ -3,7 +3,7 @@
 #include <QPersistentModelIndex>
 #include <QTableView>
 
-/// Shows the log of messages. It keeps to its end unless somebody scrolled up; then it keeps to what is being read,
+/// Shows the log of messages. It keeps to its end until it is scrolled up; then it keeps to what is being read,
 /// while older rows go.
 class ZLOSCLogView : public QTableView {
     Q_OBJECT

@@ -1666,7 +1666,7 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
     <message>
         <source>&amp;Import Chapters…</source>
-        <translation>&amp;Kapitel importieren …</translation>
+        <translation>&amp;Kapitel importieren&#xa0;…</translation>
     </message>
     <message>
         <source>Export A&amp;gain</source>
@@ -2121,6 +2121,18 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1 chapters imported</source>
         <translation>%1 Kapitel importiert</translation>
+    </message>
+    <message>
+        <source>Reading “%1”…</source>
+        <translation>„%1“ wird gelesen …</translation>
+    </message>
+    <message>
+        <source>1 template imported</source>
+        <translation>1 Vorlage importiert</translation>
+    </message>
+    <message>
+        <source>%1 templates imported</source>
+        <translation>%1 Vorlagen importiert</translation>
     </message>
 </context>
 <context>
@@ -4095,8 +4107,8 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>%1 ist kein Zelta-Dokument.</translation>
     </message>
     <message>
-        <source>%1 is not a Zelta document, or it is damaged: %2</source>
-        <translation>%1 ist kein Zelta-Dokument oder beschädigt: %2</translation>
+        <source>%1 is damaged, or it is not a Zelta document.</source>
+        <translation>%1 ist beschädigt oder kein Zelta-Dokument.</translation>
     </message>
 </context>
 <context>
@@ -4208,8 +4220,8 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
 <context>
     <name>ZLWriteProtection</name>
     <message>
-        <source>%1: Zelta itself uses this file, so nothing else is written over it.</source>
-        <translation>%1: Zelta selbst benutzt diese Datei, deshalb wird nichts anderes darübergeschrieben.</translation>
+        <source>%1 is in use by Zelta. Choose another name.</source>
+        <translation>%1 wird gerade von Zelta benutzt. Bitte einen anderen Namen wählen.</translation>
     </message>
 </context>
 <context>

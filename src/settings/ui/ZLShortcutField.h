@@ -26,7 +26,7 @@ public:
     /// Ends recording; what was pressed does not count.
     void cancelRecording();
 
-    /// Whether the combination stands for text or moves the cursor, so that nobody could type any more if it were
+    /// Whether the combination stands for text or moves the cursor, so that typing would be impossible if it were
     /// taken away from all programs.
     [[nodiscard]] static bool wouldBlockTyping(const ZLKeyCombo& keyCombo);
 

@@ -4,8 +4,8 @@
 
 class QLineEdit;
 
-/// Edits texts of any length in the cells of a table. Text that nobody typed is never written, so that looking leaves
-/// no undo step, and text that somebody is typing is never replaced by what the model says meanwhile. Return commits at
+/// Edits texts of any length in the cells of a table. Text that was not typed is never written, so that looking leaves
+/// no undo step, and text that is being typed is never replaced by what the model says meanwhile. Return commits at
 /// once. A field that has nothing to undo or redo leaves the key to the window.
 class ZLTextCellDelegate : public ZLSelectionDelegate {
     Q_OBJECT

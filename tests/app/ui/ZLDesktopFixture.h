@@ -173,7 +173,7 @@ protected:
     static void choose(QFileDialog* dialog, const QString& path)
     {
         ASSERT_NE(dialog, nullptr);
-        // The field keeps what it has while somebody types into it.
+        // The field keeps what it has while a person types into it.
         dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->clearFocus();
         dialog->selectFile(path);
         static_cast<QDialog*>(dialog)->accept();

@@ -142,7 +142,7 @@ TEST_F(ZLDocumentHistoryTest, WhatIsTornOrHostileIsLeftOut)
     ASSERT_TRUE(QFile::link(history.states().first().path, folder + u"20240503-150000000-1-0.zelta"_s));
     ASSERT_EQ(mkfifo(QFile::encodeName(folder + u"20240503-160000000-1-0.zelta"_s).constData(), 0600), 0);
     EXPECT_EQ(countsOfStates(), QList<qsizetype> { 1 });
-    EXPECT_EQ(keep(3, start.addSecs(120)), ZLStateKeeping::Kept) << "and stands in nobody's way";
+    EXPECT_EQ(keep(3, start.addSecs(120)), ZLStateKeeping::Kept) << "and hinders nothing";
     EXPECT_EQ(countsOfStates(), (QList<qsizetype> { 3, 1 }));
 }
 

@@ -141,8 +141,8 @@ TEST_F(ZLJournaledCommandsTest, ASelectionIsToldAtOnceAndIsNoRecord)
     EXPECT_EQ(recordCount(), before);
 }
 
-/// Nobody hears of a command before the journal has it, whoever was connected first: the parameter is the place of the
-/// saver among three listeners.
+/// No listener hears of a command before the journal has it, in any order of connections: the parameter is the place of
+/// the saver among three listeners.
 class ZLJournalBeforeListenersTest : public SavingFixture, public testing::WithParamInterface<int> {
 protected:
     static constexpr int listenerCount = 3;

@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// A recording with two chapters and three templates, and commands from outside while somebody types.
+/// A recording with two chapters and three templates, and commands from outside while a person types.
 class ZLWindowTypingTest : public ZLWindowFixture {
 protected:
     void SetUp() override

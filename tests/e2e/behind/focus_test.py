@@ -3,14 +3,14 @@
 marks from outside bring notifications, open no editor, and go to the document that was opened first."""
 
 import json
-import os
 import shutil
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from osc_peers import free_port, oscsend
 from other_program import OtherProgram, focused_window
 
@@ -29,15 +29,11 @@ def notifications():
     return json.loads(ask_server("Notifications"))
 
 
-class FocusTest(unittest.TestCase):
+class FocusTest(DesktopTest):
     @classmethod
     def setUpClass(cls):
-        cls.desktop = Desktop()
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-        folder = Path(os.environ["XDG_CONFIG_HOME"]) / "zelta"
-        folder.mkdir(parents=True)
-        (folder / "zelta.conf").write_text("[General]\nZLShowQuickEditSetting=true\nZLNewChapterOnStartSetting=false\n")
+        super().setUpClass()
+        cls.write_settings("ZLShowQuickEditSetting=true\nZLNewChapterOnStartSetting=false\n")
         server = cls.desktop.start("/usr/bin/python3", MOCK, "body", "actions", stdout=subprocess.PIPE, text=True)
         server.stdout.readline()
         server.stdout.close()

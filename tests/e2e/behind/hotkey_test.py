@@ -7,19 +7,17 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from shortcuts import CODE_OF_F6, CODE_OF_F7, CODE_OF_M, CONTROL, OPTION, stored_shortcut
 
 PROGRAM = Path(sys.argv.pop(1))
 
 
-class HotkeyTest(unittest.TestCase):
+class HotkeyTest(DesktopTest):
     @classmethod
     def setUpClass(cls):
-        # One for all: the accessibility bindings know only the bus that they found first.
-        cls.desktop = Desktop()
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
+        super().setUpClass()
         subprocess.run(["setxkbmap", "us"], check=True)
         import accessible
 

@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 """The keys of the commands with another window of the program in front, and keys that contain Alt, in front and behind."""
 
-import shutil
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from other_program import OtherProgram
 from shortcuts import CODE_OF_F6, CODE_OF_M, CONTROL, OPTION, stored_shortcut
 from surface import document_with_templates
@@ -16,21 +16,16 @@ from window import Window
 PROGRAM = Path(sys.argv.pop(1))
 
 
-class KeyEquivalentsTest(unittest.TestCase):
+class KeyEquivalentsTest(DesktopTest):
     @classmethod
     def setUpClass(cls):
-        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
+        super().setUpClass()
         subprocess.run(["setxkbmap", "us"], check=True)
 
     def start(self, works_everywhere, templates=()):
-        for folder in ("config", "state"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
-        settings = self.desktop.home / "config/zelta/zelta.conf"
-        settings.parent.mkdir(parents=True)
-        settings.write_text(
-            "[General]\nZLNewChapterOnStartSetting=false\n"
+        self.forget_everything()
+        self.write_settings(
+            "ZLNewChapterOnStartSetting=false\n"
             f"ZLGlobalHotkeysSetting={'true' if works_everywhere else 'false'}\n"
             f'ZLToggleRecordingKeyCombo="{stored_shortcut(CODE_OF_F6, 0)}"\n'
             f'ZLNewChapterKeyCombo="{stored_shortcut(CODE_OF_M, CONTROL | OPTION)}"\n')

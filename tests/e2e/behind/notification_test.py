@@ -2,16 +2,15 @@
 """A chapter that is added while another program is in front: the notification, its Reply button, and the panel for the
 title, which comes by itself where there are no notifications."""
 
-import os
-import shutil
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
-from osc_peers import free_port, oscsend
-from other_program import OtherProgram, focused_window
+from behind_test import BehindTest
+from desktop import wait_until
+from osc_peers import oscsend
+from other_program import focused_window
 
 PROGRAM = Path(sys.argv.pop(1))
 
@@ -20,45 +19,15 @@ def dunst(*arguments):
     return subprocess.run(["dunstctl", *arguments], capture_output=True, text=True, check=False).stdout.strip()
 
 
-class NotificationTest(unittest.TestCase):
+class NotificationTest(BehindTest):
     @classmethod
     def setUpClass(cls):
-        cls.desktop = Desktop()
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-        folder = Path(os.environ["XDG_CONFIG_HOME"]) / "zelta"
-        folder.mkdir(parents=True)
-        (folder / "zelta.conf").write_text(
-            "[General]\nZLShowQuickEditSetting=true\nZLNewChapterOnStartSetting=false\n")
-
-    def start_process(self, *command, **options):
-        process = self.desktop.start(*command, **options)
-        self.addCleanup(process.wait, 10)
-        self.addCleanup(process.terminate)
-        return process
+        super().setUpClass()
+        cls.write_settings("ZLShowQuickEditSetting=true\nZLNewChapterOnStartSetting=false\n")
 
     def start_notifications(self):
         self.start_process("dunst", "-conf", "/dev/null", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         wait_until(lambda: dunst("count", "displayed") == "0", "the notification server")
-
-    def start(self):
-        self.port = free_port()
-        # What it keeps would be back at the next start.
-        self.addCleanup(shutil.rmtree, os.environ["XDG_STATE_HOME"])
-        self.start_process(PROGRAM, "--osc-port", self.port)
-        import accessible  # The bindings look for their bus when they are imported.
-
-        self.accessible = accessible
-        self.program = accessible.application()
-        frame = accessible.find(self.program, "frame")
-        self.table = accessible.find(frame, "table", "Chapters")
-        self.other = OtherProgram()
-        self.addCleanup(self.other.reader.stop)
-        # The toolkit waits a tenth of a second for another window of the program before it believes this.
-        wait_until(lambda: not accessible.is_active(frame), "the program to notice that another one is in front")
-
-    def titles(self):
-        return [row[4] for row in self.accessible.table_texts(self.table)]
 
     def add_chapter(self, count):
         oscsend(self.port, "/zl/newChapter", "f", 1)
@@ -112,7 +81,7 @@ class NotificationTest(unittest.TestCase):
         return self.accessible.find(window, "label", text)
 
     def test_without_a_notification_server_the_panel_comes_at_once_and_never_takes_the_keyboard(self):
-        self.start()
+        self.start_behind(PROGRAM)
         oscsend(self.port, "/zl/toggleRecording", "f", 1)
         panel, attempts = self.add_chapters_until_a_panel_is_clicked()
         self.check_that_it_floats(panel)
@@ -124,7 +93,7 @@ class NotificationTest(unittest.TestCase):
 
     def test_the_reply_button_opens_the_panel_and_gives_it_the_keyboard(self):
         self.start_notifications()
-        self.start()
+        self.start_behind(PROGRAM)
         oscsend(self.port, "/zl/toggleRecording", "f", 1)
         self.add_chapter(1)
         wait_until(lambda: dunst("count", "displayed") == "1", "the notification")

@@ -4,14 +4,14 @@ at one document, also while another window or another program is in front."""
 
 import json
 import os
-import shutil
 import signal
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from other_program import OtherProgram
 from shortcuts import CODE_OF_F7, stored_shortcut
 from surface import Surface, document_with_templates
@@ -21,19 +21,10 @@ PROGRAM = Path(sys.argv.pop(1))
 COME_HERE = "Commands From Outside Come Here"
 
 
-class OutsideTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class OutsideTest(DesktopTest):
     def setUp(self):
-        for folder in ("config", "state"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
-        settings = self.desktop.home / "config/zelta/zelta.conf"
-        settings.parent.mkdir(parents=True)
-        settings.write_text("[General]\nZLNewChapterOnStartSetting=false\nZLGlobalHotkeysSetting=true\n"
+        self.forget_everything()
+        self.write_settings("ZLNewChapterOnStartSetting=false\nZLGlobalHotkeysSetting=true\n"
                             f'ZLNewChapterKeyCombo="{stored_shortcut(CODE_OF_F7, 0)}"\n')
         self.surface = Surface()
         self.addCleanup(self.surface.close)

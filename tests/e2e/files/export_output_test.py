@@ -10,7 +10,7 @@ import unittest
 from desktop import wait_until
 from osc_recorder import PROGRAM, OSCTestCase, Recorder
 
-REFUSAL = "Zelta itself uses this file, so nothing else is written over it."
+REFUSAL = " is in use by Zelta. Choose another name."
 
 
 class ExportOutputTest(OSCTestCase):
@@ -86,7 +86,7 @@ class ExportOutputTest(OSCTestCase):
     def check_refused(self, target):
         before = self.file.read_bytes()
         ended = self.export(target, document=self.other_document())
-        self.assertEqual((ended.returncode, ended.stderr.decode()), (1, f"zelta: {target}: {REFUSAL}\n"))
+        self.assertEqual((ended.returncode, ended.stderr.decode()), (1, f"zelta: {target}{REFUSAL}\n"))
         self.assertEqual(self.file.read_bytes(), before)
 
     def test_an_open_document_is_not_replaced_by_whatever_path(self):
@@ -122,7 +122,7 @@ class ExportOutputTest(OSCTestCase):
         self.file.rename(second)
         ended = subprocess.run([PROGRAM, "--headless", "--osc-port", "0", self.file], env=self.recorder.environment,
                                stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60, check=False)
-        self.assertEqual((ended.returncode, ended.stderr.strip().splitlines()[-1]), (1, f"zelta: {self.file}: {REFUSAL}"))
+        self.assertEqual((ended.returncode, ended.stderr.strip().splitlines()[-1]), (1, f"zelta: {self.file}{REFUSAL}"))
 
 
 if __name__ == "__main__":

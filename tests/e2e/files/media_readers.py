@@ -120,7 +120,7 @@ def packets(path):
 
 
 def id3_tags(path):
-    """All frames but those of chapters, with the bytes of those that nobody knows, and the version."""
+    """All frames but those of chapters, with the bytes of the unknown ones, and the version."""
     try:
         tags = mutagen.id3.ID3(path, translate=False)
     except mutagen.id3.ID3NoHeaderError:

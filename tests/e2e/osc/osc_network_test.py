@@ -21,7 +21,7 @@ import unittest
 from osc_recorder import OSCTestCase
 from surface import Surface
 
-# Longer than a few attempts, so that whoever waits longer after each is found out.
+# Longer than a few attempts, so that a program that waits longer after each is found out.
 OUTAGE = 7.0
 # Two seconds, and what a busy machine may take for it.
 LONGEST_DELAY = 3.5

@@ -1,16 +1,16 @@
 #!/usr/bin/env python3
-"""What a window says, in bars and without a dialog, of files that somebody else writes or has open and of disks that are
+"""What a window says, in bars and without a dialog, of files that another program writes or has open and of disks that are
 full or gone; and that each answer does what it says."""
 
 import json
 import os
-import shutil
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from mounts import enter_mount_namespace, fill, mount
 from osc_peers import start_reader
 from surface import Surface, document_with_templates
@@ -36,16 +36,9 @@ def titles_in(file, key="chapters"):
     return contents and [chapter["title"] for chapter in contents[key]]
 
 
-class BarsTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class BarsTest(DesktopTest):
     def setUp(self):
-        for folder in ("config", "state", "drive"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
+        self.forget_everything("drive")
         self.folder = self.desktop.home / "drive"
         self.file = self.folder / "show.zelta"
         self.surface = Surface()
@@ -215,7 +208,7 @@ class BarsTest(unittest.TestCase):
         window.wait_for_message(ELSEWHERE, "studio-in-another-town, process 4711")
         window.press("OK")
         window.wait_for_no_message()
-        # It keeps nobody from anything, and the other one's lock stays.
+        # It forbids nothing, and the lock of the other one stays.
         self.surface.send(window.osc_port, "toggleRecording")
         self.wait_for_file(MINE[:1])
         self.assertIn("studio-in-another-town", lock.read_text())

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Disks that are full, read-only or gone, and files that somebody else writes or has open: it is told on standard error,
+"""Disks that are full, read-only or gone, and files that another program writes or has open: it is told on standard error,
 everything is kept meanwhile, and nothing is overwritten silently."""
 
 import json

@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
 """A window says which disk hangs, marks go on meanwhile, and it can be quit."""
 
-import shutil
 import sys
 import time
 import unittest
@@ -10,7 +9,8 @@ from pathlib import Path
 PROGRAM = Path(sys.argv.pop(1))
 LIBRARY = sys.argv.pop(1)
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from surface import Surface, document_with_templates
 from window import Window
 
@@ -20,16 +20,9 @@ LONGEST_END = 5.0  # Seconds that the end of the program waits for a disk.
 SLACK = 5.0  # Seconds that a busy machine may take for the rest.
 
 
-class HangingWindowTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class HangingWindowTest(DesktopTest):
     def setUp(self):
-        for folder in ("config", "state", "show"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
+        self.forget_everything("show")
         self.show = self.desktop.home / "show"
         self.show.mkdir()
         self.file = self.show / "show.zelta"

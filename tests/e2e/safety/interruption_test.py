@@ -3,14 +3,14 @@
 again; a clock that goes on is as right as if it had never stopped."""
 
 import json
-import shutil
 import subprocess
 import sys
 import time
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from surface import ClockBounds, Surface, document_with_templates
 from window import CONTINUE, KEEP, Window
 
@@ -19,16 +19,9 @@ MOST_CLOCK_ERROR = 0.1  # Seconds.
 TITLES = [f"chapter {number}" for number in range(1, 20)]
 
 
-class InterruptionTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class InterruptionTest(DesktopTest):
     def setUp(self):
-        for folder in ("config", "state"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
+        self.forget_everything()
         self.surface = Surface()
         self.addCleanup(self.surface.close)
         self.clock = ClockBounds()
@@ -89,7 +82,7 @@ class InterruptionTest(unittest.TestCase):
         self.latest_reading = time.time() - self.clock.earliest
 
     def start_interrupted_after_marks(self):
-        """Nobody knows better where the clock stood than the last mark."""
+        """The last mark says best where the clock stood."""
         window, reading = self.start_interrupted(self.file)
         self.assertGreaterEqual(seconds_of(reading), self.last_stamp - 0.1)  # Tenths, of which the rest is cut off.
         self.assertLessEqual(seconds_of(reading), self.latest_reading)

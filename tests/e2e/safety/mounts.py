@@ -1,4 +1,4 @@
-"""File systems of one's own, which nobody else on the machine notices."""
+"""File systems that no other program on the machine sees."""
 
 import os
 import subprocess

@@ -9,7 +9,7 @@ from surface import ClockBounds
 
 
 def name_of(title):
-    """What a chapter was called before anybody edited its title."""
+    """What a chapter was called before its title was edited."""
     return title.split(" ")[0]
 
 

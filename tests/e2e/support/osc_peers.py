@@ -27,7 +27,7 @@ def oscsend(port, address, *arguments):
 
 
 class Reader:
-    """The lines that a program prints, read by a thread, so that nobody waits for a full pipe."""
+    """The lines that a program prints, read by a thread, so that the program never waits for a full pipe."""
 
     def __init__(self, process):
         self.process = process

@@ -4,14 +4,14 @@ press brings along, and where the compositor refuses, it goes by itself."""
 
 import json
 import os
-import shutil
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
+from behind_test import BehindTest
 from desktop import Desktop, wait_until
-from osc_peers import free_port, oscsend, start_reader
+from osc_peers import oscsend, start_reader
 
 PROGRAM = Path(sys.argv.pop(1))
 HERE = Path(__file__).resolve().parent
@@ -20,7 +20,7 @@ NOTIFICATIONS = "org.freedesktop.Notifications"
 PANEL = "Chapter Title — Zelta"
 OTHER = "Other Program"
 NOBODY = 65534
-# Like a desktop that leaves the keyboard where it is until somebody may have it.
+# Like a desktop that leaves the keyboard where it is until a program may have it.
 COMPOSITOR_SETTINGS = f"""
 xwayland disable
 focus_follows_mouse no
@@ -30,7 +30,7 @@ for_window [title="^{PANEL}$"] floating enable
 
 
 class SwayDesktop(Desktop):
-    """A compositor that shows its screen to nobody."""
+    """A compositor without a real screen."""
 
     def _start_display(self):
         runtime = Path(os.environ["XDG_RUNTIME_DIR"])
@@ -96,47 +96,28 @@ class OtherProgram:
         return [line.split()[1] for line in list(self.reader.lines) if line.startswith("token ")]
 
 
-class WaylandReplyTest(unittest.TestCase):
+class WaylandReplyTest(BehindTest):
+    other_program = OtherProgram
+
+    @classmethod
+    def make_desktop(cls):
+        return SwayDesktop()
+
     @classmethod
     def setUpClass(cls):
-        cls.desktop = SwayDesktop()
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-        settings = cls.desktop.home / "config/zelta/zelta.conf"
-        settings.parent.mkdir(parents=True)
-        settings.write_text("[General]\nZLShowQuickEditSetting=true\nZLNewChapterOnStartSetting=false\n")
+        super().setUpClass()
+        cls.write_settings("ZLShowQuickEditSetting=true\nZLNewChapterOnStartSetting=false\n")
 
     def start_notifications(self):
         server = self.start_process("/usr/bin/python3", MOCK, "body", "actions", stdout=subprocess.PIPE, text=True)
         self.assertEqual(server.stdout.readline(), "ready\n")
         server.stdout.close()
 
-    def start_process(self, *command, **options):
-        process = self.desktop.start(*command, **options)
-        self.addCleanup(process.wait, 10)
-        self.addCleanup(process.terminate)
-        return process
-
     def start(self):
-        self.port = free_port()
-        # What it keeps would be back at the next start.
-        self.addCleanup(shutil.rmtree, os.environ["XDG_STATE_HOME"])
-        self.start_process(PROGRAM, "--osc-port", self.port)
-        import accessible  # The bindings look for their bus when they are imported.
-
-        self.accessible = accessible
-        self.program = accessible.application()
-        frame = accessible.find(self.program, "frame")
-        self.table = accessible.find(frame, "table", "Chapters")
-        self.other = OtherProgram()
-        self.addCleanup(self.other.reader.stop)
-        wait_until(lambda: not accessible.is_active(frame), "the recorder to know that another program is in front")
+        self.start_behind(PROGRAM)
         oscsend(self.port, "/zl/toggleRecording", "f", 1)
         oscsend(self.port, "/zl/newChapter", "f", 1)
         wait_until(lambda: len(self.titles()) == 1, "the chapter")
-
-    def titles(self):
-        return [row[4] for row in self.accessible.table_texts(self.table)]
 
     def control(self, method, *arguments):
         return subprocess.run(["dbus-send", "--session", "--print-reply", f"--dest={NOTIFICATIONS}",

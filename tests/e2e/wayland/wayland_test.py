@@ -9,6 +9,7 @@ import unittest
 from pathlib import Path
 
 from desktop import Desktop, wait_until
+from desktop_test import DesktopTest
 from osc_peers import free_port, oscsend
 from shortcuts import CODE_OF_F6, stored_shortcut
 
@@ -18,7 +19,7 @@ NOTIFICATIONS = "org.freedesktop.Notifications"
 
 
 class WaylandDesktop(Desktop):
-    """A compositor that shows its screen to nobody, and has neither a keyboard nor a mouse."""
+    """A compositor without a real screen, which has neither a keyboard nor a mouse."""
 
     def _start_display(self):
         runtime = Path(os.environ["XDG_RUNTIME_DIR"])
@@ -33,16 +34,16 @@ class WaylandDesktop(Desktop):
         """The compositor is one."""
 
 
-class WaylandTest(unittest.TestCase):
+class WaylandTest(DesktopTest):
+    @classmethod
+    def make_desktop(cls):
+        return WaylandDesktop()
+
     @classmethod
     def setUpClass(cls):
-        cls.desktop = WaylandDesktop()
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-        settings = cls.desktop.home / "config/zelta/zelta.conf"
-        settings.parent.mkdir(parents=True)
-        settings.write_text(
-            "[General]\nZLShowQuickEditSetting=true\nZLNewChapterOnStartSetting=false\nZLGlobalHotkeysSetting=true\n"
+        super().setUpClass()
+        cls.write_settings(
+            "ZLShowQuickEditSetting=true\nZLNewChapterOnStartSetting=false\nZLGlobalHotkeysSetting=true\n"
             f'ZLNewChapterKeyCombo="{stored_shortcut(CODE_OF_F6, 0)}"\n')
         server = cls.desktop.start("/usr/bin/python3", MOCK, "body", "actions", stdout=subprocess.PIPE, text=True)
         server.stdout.readline()

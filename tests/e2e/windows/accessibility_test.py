@@ -2,13 +2,13 @@
 """Every window as a screen reader walks it: nothing that can be used is without a name, and the first minute of a show
 goes by accessibility actions, with the keyboard only for texts."""
 
-import shutil
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, kill_at_once, wait_until
+from desktop import kill_at_once, wait_until
+from desktop_test import DesktopTest
 from other_program import OtherProgram
 
 PROGRAM = Path(sys.argv.pop(1))
@@ -21,16 +21,9 @@ ROLES_WITH_A_NAME = {
 }
 
 
-class AccessibilityTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class AccessibilityTest(DesktopTest):
     def setUp(self):
-        for folder in ("config", "state"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
+        self.forget_everything()
         self.start()
 
     def start(self):

@@ -7,20 +7,15 @@ import time
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from surface import document_with_templates
 from window import Window
 
 PROGRAM = Path(sys.argv.pop(1))
 
 
-class EditingTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class EditingTest(DesktopTest):
     def start(self, *templates):
         path = self.desktop.home / f"{self.id().rsplit('.', 1)[-1]}.zelta"
         path.write_bytes(document_with_templates(templates))

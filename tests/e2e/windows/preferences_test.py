@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 """The preferences window: shortcuts that are recorded there and pressed elsewhere, and what the window remembers."""
 
-import shutil
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 
 PROGRAM = Path(sys.argv.pop(1))
 
@@ -48,16 +48,9 @@ class OtherProgram:
         return f", {key})" in self.log.read_text()
 
 
-class PreferencesTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class PreferencesTest(DesktopTest):
     def setUp(self):
-        for folder in ("config", "state"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
+        self.forget_everything()
         self.start()
         import accessible
 

@@ -1,16 +1,15 @@
 #!/usr/bin/env python3
-"""Somebody types in the window while marks come from outside: what is half typed stays, and every key arrives where it
+"""A person types in the window while marks come from outside: what is half typed stays, and every key arrives where it
 was meant to."""
 
-import json
-import shutil
 import subprocess
 import sys
 import time
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import wait_until
+from desktop_test import DesktopTest
 from surface import Surface, document_with_templates
 from window import Window
 
@@ -18,19 +17,10 @@ PROGRAM = Path(sys.argv.pop(1))
 TIME, TITLE = 2, 4
 
 
-class TypingTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = Desktop()  # One for all, since the accessibility bindings stay with the bus that they found first.
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
-
+class TypingTest(DesktopTest):
     def start(self, templates, chapters):
-        for folder in ("config", "state"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
-        settings = self.desktop.home / "config/zelta/zelta.conf"
-        settings.parent.mkdir(parents=True)
-        settings.write_text("[General]\nZLNewChapterOnStartSetting=false\n")
+        self.forget_everything()
+        self.write_settings("ZLNewChapterOnStartSetting=false\n")
         file = self.desktop.home / "show.zelta"
         file.write_bytes(document_with_templates(templates))
         self.surface = Surface()

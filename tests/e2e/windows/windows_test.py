@@ -5,13 +5,13 @@ off the screen come back to where they can be used."""
 import ctypes
 import os
 import re
-import shutil
 import subprocess
 import sys
 import unittest
 from pathlib import Path
 
 from desktop import Desktop, wait_until
+from desktop_test import DesktopTest
 from osc_peers import free_port, oscsend
 
 PROGRAM = Path(sys.argv.pop(1))
@@ -63,19 +63,20 @@ def is_minimized(window):
     return "Iconic" in state
 
 
-class WindowsTest(unittest.TestCase):
+class WindowsTest(DesktopTest):
+    @classmethod
+    def make_desktop(cls):
+        return Desktop(size=f"{WIDTH}x{HEIGHT}")
+
     @classmethod
     def setUpClass(cls):
-        cls.desktop = Desktop(size=f"{WIDTH}x{HEIGHT}")
-        cls.desktop.__enter__()
-        cls.addClassCleanup(cls.desktop.__exit__)
+        super().setUpClass()
         import accessible  # The bindings look for their bus when they are imported.
 
         cls.accessible = accessible
 
     def setUp(self):
-        for folder in ("config", "state"):
-            shutil.rmtree(self.desktop.home / folder, ignore_errors=True)
+        self.forget_everything()
 
     def start(self, language="C.UTF-8"):
         self.port = free_port()
@@ -274,9 +275,7 @@ class WindowsTest(unittest.TestCase):
         self.assertEqual(places[1][0], places[0][0], places)
 
     def test_preferences_that_were_left_on_a_larger_screen_come_back_as_a_whole(self):
-        settings = self.desktop.home / "config/zelta/zelta.conf"
-        settings.parent.mkdir(parents=True)
-        settings.write_text("[General]\nMASPreferences%20Frame%20Top%20Left=\"{900, 20}\"\n"
+        self.write_settings("MASPreferences%20Frame%20Top%20Left=\"{900, 20}\"\n"
                             "MASPreferences%20GeneralPreferences%20Frame=\"{{0, 0}, {3000, 2000}}\"\n")
         self.start()
         self.desktop.press("ctrl+comma")

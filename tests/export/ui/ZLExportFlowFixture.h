@@ -64,7 +64,7 @@ class ZLExportFlowFixture : public testing::Test {
 protected:
     void SetUp() override
     {
-        // The dialog starts in the working directory, where somebody's export of this name might lie.
+        // The dialog starts in the working directory, where an export of this name might lie.
         ASSERT_TRUE(QDir::setCurrent(m_folder.path()));
         m_document->setDisplayName(u"Episode 12.zelta"_s);
         addChapter(5, u"One & only"_s);

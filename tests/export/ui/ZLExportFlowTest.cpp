@@ -156,7 +156,7 @@ TEST_F(ZLExportFlowTest, HandsOverTheRecordedDuration)
     start<NotingExporter>(m_document.get());
     save(at(u"long.note"_s));
     EXPECT_EQ(contentsOf(u"long.note"_s), "0 12.5 0 long");
-    // Nobody knows yet how long a span will be that still runs.
+    // The length of a span that still runs is not known yet.
     m_document->startRecordingWithTime(m_hostClock->now() - 60.0);
     ASSERT_EQ(m_document->currentDuration(), 72.5);
     start<NotingExporter>(m_document.get());

@@ -4,7 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// Begins an activity and stays until somebody ends the process.
+/// Begins an activity and stays until the process is ended.
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);

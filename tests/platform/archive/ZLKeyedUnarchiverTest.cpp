@@ -42,7 +42,7 @@ QByteArray smallArchive()
         QVariantMap { { u"Chapters"_s, QVariantList { chapter, chapter } }, { u"Duration"_s, -70'000 } });
 }
 
-/// Counts every value of a tree as somebody who walks it would meet it.
+/// Counts every value of a tree as a walk through it would meet it.
 quint64 walkedSize(const QVariant& value)
 {
     quint64 size = 1;

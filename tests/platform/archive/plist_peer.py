@@ -38,7 +38,7 @@ def describe_record(objects, record):
         return {"text": record["NS.string"]}
     if name == "NSNull":
         return {"null": True}
-    raise ValueError(f"a class that nobody wrote: {name}")
+    raise ValueError(f"an unknown class: {name}")
 
 
 def describe(objects, uid):

@@ -177,7 +177,7 @@ class Server(dbus.service.Object):
     def ServiceResolverPrepare(self, interface, protocol, name, kind, domain, aprotocol, flags):
         key = (int(interface), int(protocol), str(name))
         self.resolvers.append(Resolver(self, self.new_path("ServiceResolver"), key))
-        # As the real one: what is known is told at once, before anybody can listen to the new object.
+        # As the real one: what is known is told at once, before a listener can know the new object.
         self.resolvers[-1].tell()
         return self.resolvers[-1]._object_path
 
@@ -237,7 +237,7 @@ def main() -> None:
     dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
     bus = dbus.SessionBus()
     server = Server(bus, options)
-    # Last, so that whoever sees the name finds the object, too.
+    # Last, so that a program that sees the name finds the object, too.
     name = dbus.service.BusName(SERVICE, bus, do_not_queue=True)
     print("ready", flush=True)
     GLib.MainLoop().run()

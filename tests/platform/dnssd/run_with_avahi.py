@@ -97,7 +97,7 @@ def main() -> int:
         return SKIPPED
     apart = ["unshare", "--map-root-user", "--net", "--mount"]
     if subprocess.run([*apart, "true"]).returncode != 0:
-        print("skipped: this computer lets nobody make a network of his own (unshare --map-root-user --net --mount)")
+        print("skipped: this computer forbids a network of one's own (unshare --map-root-user --net --mount)")
         return SKIPPED
     return subprocess.run([*apart, sys.executable, __file__, INSIDE, *sys.argv[1:]]).returncode
 

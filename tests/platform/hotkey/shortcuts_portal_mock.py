@@ -165,7 +165,7 @@ def main() -> None:
     dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
     bus = dbus.SessionBus()
     portal = KINDS[options.kind](bus, options.answer)
-    # Last, so that whoever sees the name finds the objects, too.
+    # Last, so that a program that sees the name finds the objects, too.
     name = dbus.service.BusName(SERVICE, bus, do_not_queue=True)
     print("ready", flush=True)
     GLib.MainLoop().run()

@@ -1,6 +1,7 @@
 #include "ZLRecordedInput.h"
 
 #include "LoopbackPeer.h"
+#include "OSCBundle.h"
 
 using namespace Qt::StringLiterals;
 
@@ -8,7 +9,7 @@ namespace {
 
 using Mode = ZLOSCAccessPolicy::Mode;
 
-/// Three ports in a row that nobody uses, of which the first ones are then taken.
+/// Three free ports in a row, of which the first ones are then taken.
 class TakenPorts {
 public:
     explicit TakenPorts(int taken)
@@ -69,8 +70,8 @@ TEST(ZLOSCInPort, aBundleArrivesAsItsMessages)
 {
     ZLRecordedInput input;
     LoopbackPeer peer;
-    const QList<ZLOSCMessage> messages { ZLOSCMessage(u"/1"_s), ZLOSCMessage(u"/2"_s), ZLOSCMessage(u"/3"_s) };
-    ASSERT_TRUE(peer.send(ZLOSCCodec::encodeBundle(messages).value(), input.port.port()));
+    const QByteArray bundle = OSCBundle::of({ encoded(u"/1"_s), encoded(u"/2"_s), encoded(u"/3"_s) });
+    ASSERT_TRUE(peer.send(bundle, input.port.port()));
     ASSERT_TRUE(waitUntil([&] { return input.messages.size() == 3; }));
     EXPECT_EQ(input.addresses(), QStringList({ u"/1"_s, u"/2"_s, u"/3"_s }));
 }

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// A PulseAudio server of the test's own, with two outputs that play to nobody: "left_card", the default one, known as
+/// A PulseAudio server of the test's own, with two outputs that are not heard: "left_card", the default one, known as
 /// "Left Card", and "right_card", known as "Right Card". While it lives, this process's sound goes to it.
 class ZLPrivateSoundServer {
 public:

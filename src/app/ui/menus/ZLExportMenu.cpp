@@ -3,11 +3,21 @@
 #include "export/lists/ZLListExporter.h"
 #include "export/ui/ZLExportFlow.h"
 #include "platform/ZLBoundedFile.h"
+#include "settings/ZLSettingsManager.h"
 
 #include <QApplication>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString linePatternKey(const QString& format)
+{
+    return u"LinePattern "_s + format;
+}
+
+}
 
 ZLExportMenu::ZLExportMenu(ZLDocumentController& controller)
     : ZLExportMenu(controller, tr("&Export"), ZLExporter::allExporters())
@@ -54,9 +64,12 @@ void ZLExportMenu::exportItemClicked(qsizetype tag)
     const ZLDocumentSaver* saver = m_controller.saverOf(document);
     const QString documentPath = saver ? saver->path() : QString();
     flow->setFolder(m_folders.folderFor(format, documentPath));
+    flow->setLinePattern(ZLSettingsManager::textForKey(linePatternKey(format)));
     connect(
         flow, &ZLExportFlow::exportDidFinish, this, [this, flow, documentPath, document, format](const QString& path) {
             m_folders.remember(format, path);
+            if (const QString pattern = flow->linePattern(); !pattern.isEmpty())
+                ZLSettingsManager::setText(pattern, linePatternKey(format));
             rememberTarget(*flow, documentPath, format, path);
             Q_EMIT exportDidFinish(document, format, path);
         });

@@ -30,7 +30,7 @@ class ZLQuickEditWindowController : public QObject {
     Q_PROPERTY(double opacity READ opacity WRITE setOpacity)
 
 public:
-    /// How long the panel stays when nobody works in it.
+    /// How long the panel stays when it is not used.
     static constexpr std::chrono::milliseconds hideDelay { 5000 };
     static constexpr std::chrono::milliseconds fadeDuration { 100 };
 

@@ -41,7 +41,7 @@ void ZLQuickEdits::notificationCouldNotBeShown(const ZLUserNotification& notific
 
 void ZLQuickEdits::makeRoomForUnasked()
 {
-    // One that somebody works in is no longer counted.
+    // A panel that is being used is no longer counted.
     m_unasked.removeIf([](const ZLQuickEditWindowController* panel) { return !panel->hasHideTimer(); });
     while (m_unasked.size() >= maximumUnasked)
         m_unasked.takeFirst()->close();

@@ -14,7 +14,7 @@ class ZLQuickEdits : public QObject {
     Q_OBJECT
 
 public:
-    /// Of those panels that come by themselves and that nobody has worked in; the oldest goes.
+    /// Of those panels that come by themselves and that were not used yet; the oldest goes.
     static constexpr qsizetype maximumUnasked = 3;
 
     /// `application` has to outlive the object.

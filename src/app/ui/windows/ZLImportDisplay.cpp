@@ -5,7 +5,6 @@
 #include "document/ui/ZLStatusLine.h"
 #include "document/ui/menus/ZLEditMenu.h"
 #include "document/ui/table/ZLChapterTableView.h"
-#include "import/ZLDocumentImport.h"
 #include "import/ui/ZLImportSheet.h"
 #include "templates/ui/ZLTextDrop.h"
 
@@ -24,6 +23,8 @@ const QString importFailureName = QStringLiteral("importFailure");
 /// How the sheet and the table share the height of the window.
 constexpr int importSheetShare = 2;
 constexpr int tableBesideShare = 1;
+/// A disk that takes longer is told.
+constexpr int slowReadingMilliseconds = 1000;
 
 }
 
@@ -31,6 +32,8 @@ ZLImportDisplay::ZLImportDisplay(ZLChapterDocumentWindow& window)
     : QObject(&window)
     , m_window(window)
 {
+    m_slowReading.setSingleShot(true);
+    m_slowReading.setInterval(slowReadingMilliseconds);
     connect(&window.editMenu(), &ZLEditMenu::chapterPasteRequested, this, &ZLImportDisplay::importFromClipboard);
     connect(
         new ZLTextDrop(*window.tableView().viewport()), &ZLTextDrop::textDropped, this, &ZLImportDisplay::importText);
@@ -50,7 +53,26 @@ void ZLImportDisplay::chooseFile()
 
 void ZLImportDisplay::importFile(const QString& path)
 {
-    const auto source = ZLImportSource::fromFile(path);
+    read(
+        [this, path](const ZLDiskWork::Teller& tell) {
+            tell([this, path, source = ZLImportSource::fromFile(path)] { takeSource(path, source); });
+        },
+        QFileInfo(path).fileName());
+}
+
+void ZLImportDisplay::read(ZLDiskWork::Work work, const QString& name)
+{
+    m_slowReading.disconnect(this);
+    connect(&m_slowReading, &QTimer::timeout, this,
+        [this, name] { m_window.statusLine().showPassingMessage(tr("Reading “%1”…").arg(name)); });
+    m_slowReading.start();
+    m_reading = std::make_unique<ZLDiskWork>();
+    connect(m_reading.get(), &ZLDiskWork::didEnd, &m_slowReading, &QTimer::stop);
+    m_reading->start(std::move(work));
+}
+
+void ZLImportDisplay::takeSource(const QString& path, const ZLResult<ZLImportSource>& source)
+{
     if (!source) {
         m_window.messageBar().showMessage(
             importFailureName, source.error().message, { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
@@ -79,17 +101,26 @@ void ZLImportDisplay::importFromClipboard()
 
 void ZLImportDisplay::takeDroppedFiles(const QStringList& paths)
 {
-    QStringList documents = paths;
-    QStringList lists = paths;
-    lists.removeIf([](const QString& path) { return !ZLImportSource::isList(path); });
-    documents.removeIf([&lists](const QString& path) { return lists.contains(path); });
+    read(
+        [this, paths](const ZLDiskWork::Teller& tell) {
+            QStringList documents;
+            QStringList lists;
+            for (const QString& path : paths)
+                (ZLImportSource::isList(path) ? lists : documents).append(path);
+            tell([this, documents, lists] { takeSortedFiles(documents, lists); });
+        },
+        QFileInfo(paths.value(0)).fileName());
+}
+
+void ZLImportDisplay::takeSortedFiles(const QStringList& documents, const QStringList& lists)
+{
     if (!documents.isEmpty())
         Q_EMIT openRequested(documents);
     if (lists.isEmpty())
         return;
-    importFile(lists.constFirst());
     if (lists.size() > 1)
         m_window.statusLine().showPassingMessage(tr("One list is imported at a time."));
+    importFile(lists.constFirst());
 }
 
 void ZLImportDisplay::show(const ZLImportSource& source, const QString& name)
@@ -119,8 +150,18 @@ void ZLImportDisplay::carryOut()
 {
     const auto outcome = ZLDocumentImport::carryOut(m_window.document(), m_sheet->source(), m_sheet->choices());
     close();
-    m_window.statusLine().showPassingMessage(
-        outcome.chapters == 1 ? tr("1 chapter imported") : tr("%1 chapters imported").arg(outcome.chapters));
+    m_window.statusLine().showPassingMessage(textFor(outcome));
+}
+
+QString ZLImportDisplay::textFor(const ZLDocumentImport::Outcome& outcome)
+{
+    const QString chapters =
+        outcome.chapters == 1 ? tr("1 chapter imported") : tr("%1 chapters imported").arg(outcome.chapters);
+    const QString templates =
+        outcome.templates == 1 ? tr("1 template imported") : tr("%1 templates imported").arg(outcome.templates);
+    if (outcome.templates == 0)
+        return chapters;
+    return outcome.chapters == 0 ? templates : chapters + u", "_s + templates;
 }
 
 void ZLImportDisplay::close()

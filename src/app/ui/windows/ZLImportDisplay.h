@@ -1,8 +1,12 @@
 #pragma once
 
-#include "import/ZLImportSource.h"
+#include "import/ZLDocumentImport.h"
+#include "platform/ZLDiskWork.h"
 
 #include <QObject>
+#include <QTimer>
+
+#include <memory>
 
 class ZLChapterDocumentWindow;
 class ZLImportSheet;
@@ -18,7 +22,8 @@ public:
 
     /// Asks for a file.
     void chooseFile();
-    /// Shows what is in the file at `path`, or says why there is nothing.
+    /// Shows what is in the file at `path`, or says why there is nothing. The file is read beside the main thread,
+    /// since its disk may not answer; a file that is named later takes its place.
     void importFile(const QString& path);
     void importText(const QString& text);
     void importFromClipboard();
@@ -29,12 +34,18 @@ Q_SIGNALS:
     void openRequested(const QStringList& paths);
 
 private:
+    void read(ZLDiskWork::Work work, const QString& name);
+    void takeSortedFiles(const QStringList& documents, const QStringList& lists);
+    void takeSource(const QString& path, const ZLResult<ZLImportSource>& source);
     void show(const ZLImportSource& source, const QString& name);
     void makeSheet();
     void carryOut();
+    [[nodiscard]] static QString textFor(const ZLDocumentImport::Outcome& outcome);
     void close();
 
     ZLChapterDocumentWindow& m_window;
     /// Null until it is wanted.
     ZLImportSheet* m_sheet = nullptr;
+    std::unique_ptr<ZLDiskWork> m_reading;
+    QTimer m_slowReading;
 };

@@ -180,7 +180,7 @@ void ZLChapterTableView::currentChanged(const QModelIndex& current, const QModel
 {
     const QScopedValueRollback keeping(m_isFieldKept, isEditingTime() && m_document->isCommandFromOutside());
     const bool scrolls = hasAutoScroll();
-    // The row in which somebody types stays where it is.
+    // The row in which a person types stays where it is.
     setAutoScroll(scrolls && !m_isFieldKept);
     QTableView::currentChanged(current, previous);
     setAutoScroll(scrolls);

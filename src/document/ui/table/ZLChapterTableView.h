@@ -66,7 +66,7 @@ protected:
 private:
     void configure();
     void dropTypedText();
-    /// A time that nobody has finished is dropped with its row.
+    /// A time that is not finished is dropped with its row.
     void dropTimeTypedInRow(int row);
     void showTimeForm(int column);
     void editSelectedCell();

@@ -109,6 +109,22 @@ TEST_F(ZLExportMenuTest, TheCurrentDocumentIsExported)
     EXPECT_EQ(passingMessage(first), QString());
 }
 
+TEST_F(ZLExportMenuTest, ALinePatternIsProposedAgain)
+{
+    ZLChapterDocument* document = newDocument();
+    addChapter(document, u"First"_s);
+    const auto further = ZLExportMenu::ofFurtherFormats(m_controller);
+    auto* item = further->findChild<QAction*>(u"exportShowNotes"_s);
+    ASSERT_NE(item, nullptr);
+    item->trigger();
+    QFileDialog* dialog = exportDialog();
+    dialog->findChild<QLineEdit*>(u"linePattern"_s)->setText(u"* {title}"_s);
+    choose(dialog, filePath(u"notes.txt"_s));
+    EXPECT_EQ(contentsOf(u"notes.txt"_s).trimmed(), "* First");
+    item->trigger();
+    EXPECT_EQ(exportDialog()->findChild<QLineEdit*>(u"linePattern"_s)->text(), u"* {title}"_s);
+}
+
 TEST_F(ZLExportMenuTest, WithoutACurrentDocumentTheOneOpenedFirstIsExported)
 {
     ZLChapterDocument* first = newDocument();
@@ -150,7 +166,8 @@ TEST_F(ZLExportMenuTest, AnExportReplacesNoOpenDocumentByWhateverPath)
         dialog->selectFile(target);
         Q_EMIT dialog->finished(QDialog::Accepted);
         flush();
-        EXPECT_TRUE(barText(document).contains("Zelta itself uses this file"_L1)) << qPrintable(barText(document));
+        EXPECT_TRUE(barText(document).contains(" is in use by Zelta. Choose another name."_L1))
+            << qPrintable(barText(document));
         EXPECT_EQ(titlesInFile(path), QStringList { u"Stored"_s });
         pressInBar(document, u"Dismiss"_s);
     }

@@ -124,6 +124,6 @@ TEST_F(ZLSavePanelTest, AFileThatIsOpenInAnotherWindowIsNotTaken)
     addChapter(document, u"Mine"_s);
     trigger(document, u"saveAs"_s);
     Q_EMIT dialogOf(document)->fileSelected(filePath(u"show.zelta"_s));
-    EXPECT_TRUE(barText(document).contains("Zelta itself uses this file"_L1));
+    EXPECT_TRUE(barText(document).contains(" is in use by Zelta. Choose another name."_L1));
     EXPECT_EQ(titlesInFile(filePath(u"show.zelta"_s)), titles(other));
 }

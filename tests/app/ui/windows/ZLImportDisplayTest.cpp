@@ -45,6 +45,11 @@ protected:
         const auto* sheet = windowOf(m_document).findChild<QWidget*>(u"importSheet"_s);
         return sheet && sheet->isVisible();
     }
+    /// A file is read beside the main thread.
+    bool sheetComes()
+    {
+        return QTest::qWaitFor([this] { return isSheetShown(); }, readingDeadlineMilliseconds);
+    }
     QStringList rows()
     {
         QStringList rows;
@@ -70,6 +75,8 @@ protected:
         trigger(m_document, u"paste"_s);
     }
 
+    static constexpr int readingDeadlineMilliseconds = 30'000;
+
     ZLChapterDocument* m_document = newDocument();
 };
 
@@ -78,7 +85,7 @@ TEST_F(ZLImportDisplayTest, AFileIsShownAndThenImportedByTheKeyboard)
     addChapter(m_document, u"Mine"_s);
     trigger(m_document, u"importChapters"_s);
     choose(dialogOf(m_document), list("1:00 News https://a.example/\nodd\n0:10 Welcome\n"));
-    ASSERT_TRUE(isSheetShown());
+    ASSERT_TRUE(sheetComes());
     EXPECT_EQ(rows(), (QStringList { u"00:00:10.000|Welcome|"_s, u"00:01:00.000|News|https://a.example/"_s }));
     EXPECT_EQ(remarks(), QStringList { u"Line 2: This line was not understood."_s });
     EXPECT_EQ(part<QLabel>(u"importHeading"_s).text(), u"2 chapters from list.txt, read as Simple List"_s);
@@ -139,7 +146,7 @@ TEST_F(ZLImportDisplayTest, ADroppedListIsImportedAndADocumentIsOpened)
 {
     addChapter(m_document, u"Mine"_s);
     drop({ list("0:10 Welcome\n"), storedFile(u"other.zelta"_s) });
-    EXPECT_TRUE(isSheetShown());
+    EXPECT_TRUE(sheetComes());
     EXPECT_EQ(rows().size(), 1);
     EXPECT_EQ(m_controller.documents().size(), 2);
 }
@@ -147,10 +154,28 @@ TEST_F(ZLImportDisplayTest, ADroppedListIsImportedAndADocumentIsOpened)
 TEST_F(ZLImportDisplayTest, WhatIsNoListIsToldInTheBar)
 {
     drop({ list("no times at all\n") });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !barText(m_document).isEmpty(); }, readingDeadlineMilliseconds));
     EXPECT_FALSE(isSheetShown());
     EXPECT_TRUE(barText(m_document).contains(u"list.txt"_s)) << qPrintable(barText(m_document));
     drop({ list("0:10 Welcome\n") });
+    EXPECT_TRUE(sheetComes());
     EXPECT_EQ(barText(m_document), QString());
+}
+
+TEST_F(ZLImportDisplayTest, TemplatesThatCameAreTold)
+{
+    paste(u"0:10 Welcome\nMail bag\nGuests\n"_s);
+    part<QCheckBox>(u"importTemplates"_s).setChecked(true);
+    part<QPushButton>(u"importNow"_s).click();
+    EXPECT_EQ(passingMessage(m_document), u"1 chapter imported, 2 templates imported"_s);
+}
+
+TEST_F(ZLImportDisplayTest, OfTwoFilesTheLastOneIsShown)
+{
+    drop({ list("0:10 Welcome\n", u"first.txt"_s) });
+    drop({ list("0:20 News\n", u"second.txt"_s) });
+    ASSERT_TRUE(sheetComes());
+    EXPECT_EQ(rows(), QStringList { u"00:00:20.000|News|"_s }) << "the file that was named last";
 }
 
 TEST_F(ZLImportDisplayTest, PastingATextWithoutTimesIsToldInTheStatusLine)

@@ -36,9 +36,9 @@ QString ZLShowListening::trouble() const
 {
     switch (m_listening.state()) {
     case ZLListeningState::NoServer:
-        return tr("No sound server answers, so nothing is heard. Listening along goes on when it is back.");
+        return tr("No sound server answers, so nothing is heard.");
     case ZLListeningState::Missing:
-        return tr("The input “%1” is missing. Listening along goes on when it is back.").arg(m_listening.sourceName());
+        return tr("The input “%1” is missing.").arg(m_listening.sourceName());
     case ZLListeningState::Silent:
         return isRecording() ? tr("Nothing has been heard from “%1” for ten seconds.").arg(m_listening.sourceName())
                              : QString();

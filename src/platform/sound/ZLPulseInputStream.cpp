@@ -71,7 +71,7 @@ bool ZLPulseInputStream::open(const QString& id)
         .minreq = serverDecides,
         .fragsize = uint32_t(pa_usec_to_bytes(blockMicroseconds, &spec)),
     };
-    // Never moved to another source: that one may hear what nobody chose.
+    // Never moved to another source: only the one that was chosen may be heard.
     const auto flags = pa_stream_flags_t(
         PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY | PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
     return pa_stream_connect_record(m_stream, id.toUtf8().constData(), &buffer, flags) == 0;

@@ -57,7 +57,7 @@ public:
     [[nodiscard]] virtual State state() const = 0;
     /// All sources, in the order of the sound system; empty as long as no server has told them.
     [[nodiscard]] virtual QList<ZLInputDevice> devices() const = 0;
-    /// What was heard since the last call, in order. Of what nobody takes for a minute, the oldest goes.
+    /// What was heard since the last call, in order. When it is not taken for a minute, the oldest goes.
     [[nodiscard]] virtual std::vector<ZLHeardBlock> takeBlocks() = 0;
 
 Q_SIGNALS:

@@ -15,7 +15,7 @@ constexpr std::size_t blockSamples = ZLSoundInput::SamplesPerSecond / 10;
 
 }
 
-/// A document in a file, its saver and somebody who plays to it.
+/// A document in a file, its saver, and an input that the test plays to.
 class ZLDocumentListeningTest : public ZLDocumentFixture {
 protected:
     void SetUp() override

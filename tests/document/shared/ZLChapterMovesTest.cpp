@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 class ZLChapterMovesTest : public ZLDocumentFixture {
 protected:
-    void listen() { m_document.extras().keep(ZLChapterMoves::ListeningKey, QVariantMap { { u"Version"_s, 1 } }); }
+    void listen() { m_document.extras().keep(ZLListeningData::Key, QVariantMap { { u"Version"_s, 1 } }); }
     [[nodiscard]] double moved(const ZLChapterPointer& chapter)
     {
         return ZLChapterMoves::of(m_document.extras(), chapter->uuid());

@@ -276,9 +276,9 @@ public:
     StartReader()
         : CommandReader(ZLCommand::OpenWindows)
     {
-        m_parser.addOptions({ { u"headless"_s, {} }, { u"record"_s, {} }, { u"new"_s, {} },
-            { u"osc-send"_s, {}, u"host:port"_s }, { u"follow"_s, {}, u"recorder"_s },
-            { u"listen"_s, {}, u"source"_s } });
+        m_parser.addOptions(
+            { { u"headless"_s, {} }, { u"record"_s, {} }, { u"new"_s, {} }, { u"osc-send"_s, {}, u"host:port"_s },
+                { u"follow"_s, {}, u"recorder"_s }, { u"listen"_s, {}, u"source"_s } });
         addPortOption();
         letToolkitOptionsPass();
     }

@@ -56,7 +56,7 @@ ALLOWED = {
     " document/recording document/editing",
     "document/saving/journal": "platform platform/archive model document/shared document/recording document",
     "document/saving": "platform listening model document document/saving/journal",
-    "document/listening": "platform listening document document/saving",
+    "document/listening": "platform listening document document/saving document/saving/journal",
     "following": "platform platform/keyring model settings document/shared document recorder",
     "following/ui": "platform/window model document document/ui following",
     "commands": "settings document",

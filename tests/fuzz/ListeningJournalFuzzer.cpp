@@ -1,7 +1,7 @@
 // Bytes from anywhere as the file that keeps what is heard while the clock runs. The digests keep altered bytes out, so
 // the bytes are also taken for payloads and framed anew.
 #include "document/listening/ZLListeningJournal.h"
-#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 
 #include <QFile>
 #include <QTemporaryDir>

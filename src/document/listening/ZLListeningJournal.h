@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/saving/ZLJournalFile.h"
+#include "document/saving/journal/ZLJournalFile.h"
 #include "listening/ZLListeningData.h"
 
 #include <QString>

@@ -305,19 +305,23 @@
         <translation>An fertige Datei anpassen</translation>
     </message>
     <message>
-        <source>Take Recorder’s Time</source>
+        <source>Remove Listening Data</source>
+        <translation>Gehörtes entfernen</translation>
+    </message>
+    <message>
+        <source>Take Recorder&apos;s Time</source>
         <translation>Zeit des Rekorders übernehmen</translation>
     </message>
     <message>
-        <source>Keep Zelta’s Time</source>
+        <source>Keep Zelta&apos;s Time</source>
         <translation>Zeit von Zelta behalten</translation>
     </message>
     <message>
-        <source>Take Recorder’s Times</source>
+        <source>Take Recorder&apos;s Times</source>
         <translation>Zeiten des Rekorders übernehmen</translation>
     </message>
     <message>
-        <source>Take Zelta’s Times</source>
+        <source>Take Zelta&apos;s Times</source>
         <translation>Zeiten von Zelta übernehmen</translation>
     </message>
 </context>
@@ -630,10 +634,6 @@
         <translation>„fit“ braucht --finished mit der fertigen Audiodatei.</translation>
     </message>
     <message>
-        <source>&quot;fit&quot; needs --heard with the raw recording of the show.</source>
-        <translation>„fit“ braucht --heard mit der rohen Aufnahme der Sendung.</translation>
-    </message>
-    <message>
         <source>&quot;fit&quot; needs exactly one file with chapters.</source>
         <translation>„fit“ braucht genau eine Datei mit Kapiteln.</translation>
     </message>
@@ -646,6 +646,18 @@
         <translation>--follow braucht --headless.</translation>
     </message>
     <message>
+        <source>--zero needs --heard.</source>
+        <translation>--zero braucht --heard.</translation>
+    </message>
+    <message>
+        <source>--listen needs the name of an input, or &quot;default&quot;.</source>
+        <translation>--listen braucht den Namen eines Eingangs oder „default“.</translation>
+    </message>
+    <message>
+        <source>--listen needs --headless.</source>
+        <translation>--listen braucht --headless.</translation>
+    </message>
+    <message>
         <source>Usage:
   zelta [--new] [FILE…]                open documents in windows, with --new a new one too
   zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record starts the clock at once;
@@ -653,6 +665,8 @@
         --osc-port N                   listen on this UDP port in this run; 0 for any that is free
         --osc-send HOST:PORT           send the recorder&apos;s state there in this run; may be given several times
         --follow obs|jack|osc          start, pause and stop the clock with this recorder, and keep it in step
+        --listen SOURCE                keep how the show sounds, as this input of the sound server hears it;
+                                       &quot;default&quot; for the default one
   zelta send ACTION [--osc-port N]     give the running recorder a command, by default the one of this user;
                                        with --osc-port the one on that port of this computer
 %1  zelta formats                        list the export formats: name, tab, file type
@@ -667,9 +681,10 @@
   zelta write [--shift SECONDS] [--output OUT] FILE AUDIO…
                                        put the chapters of FILE into each audio file in place of its own,
                                        with --output into a copy of the one that is given
-  zelta fit --finished AUDIO --heard RAW [--zero SECONDS] [--output OUT] [--json] FILE
-                                       find the chapters of FILE in the finished AUDIO, by the raw recording;
-                                       SECONDS is where the clock&apos;s zero lies in RAW, OUT a new document
+  zelta fit --finished AUDIO [--heard RAW [--zero SECONDS]] [--output OUT] [--json] FILE
+                                       find the chapters of FILE in the finished AUDIO, by what was heard along
+                                       or by the raw recording; SECONDS is where the clock&apos;s zero lies in RAW, OUT
+                                       a new document
   zelta --help | --version
 
 Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is given as ./NAME.
@@ -680,7 +695,9 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
                                        fehlt DATEI, wird sie angelegt, wenn ihr Name auf .zelta endet
         --osc-port N                   hört bei diesem Lauf auf diesen UDP-Port; 0 für irgendeinen freien
         --osc-send RECHNER:PORT        sendet den Stand bei diesem Lauf dorthin; auch mehrmals
-        --follow obs|jack|osc          die Uhr mit diesem Rekorder starten, pausieren und stoppen, im Gleichlauf
+        --follow obs|jack|osc          startet, pausiert und stoppt die Uhr mit diesem Rekorder, im Gleichlauf
+        --listen QUELLE                bewahrt auf, wie die Sendung klingt, wie dieser Eingang des Tonservers sie hört;
+                                       „default“ für den Standardeingang
   zelta send AKTION [--osc-port N]     gibt dem laufenden Rekorder einen Befehl, sonst dem dieses Benutzers;
                                        mit --osc-port dem an diesem Port dieses Computers
 %1  zelta formats                        zählt die Exportformate auf: Name, Tabulator, Dateityp
@@ -696,9 +713,10 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
   zelta write [--shift SEKUNDEN] [--output ZIEL] DATEI AUDIO…
                                        schreibt die Kapitel von DATEI in jede Audiodatei, anstelle der eigenen,
                                        mit --output in eine Kopie der einen, die angegeben ist
-  zelta fit --finished AUDIO --heard ROH [--zero SEKUNDEN] [--output ZIEL] [--json] DATEI
-                                       findet die Kapitel von DATEI im fertigen AUDIO, mit Hilfe der rohen Aufnahme;
-                                       SEKUNDEN ist die Stelle in ROH, an der die Uhr beginnt, ZIEL ein neues Dokument
+  zelta fit --finished AUDIO [--heard ROH [--zero SEKUNDEN]] [--output ZIEL] [--json] DATEI
+                                       findet die Kapitel von DATEI im fertigen AUDIO, nach dem Mitgehörten oder mit
+                                       Hilfe der rohen Aufnahme; SEKUNDEN ist die Stelle in ROH, an der die Uhr
+                                       beginnt, ZIEL ein neues Dokument
   zelta --help | --version
 
 Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein Befehl heißt, wird als ./NAME angegeben.
@@ -834,10 +852,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>OK</translation>
     </message>
     <message>
-        <source>Take the Recorder’s Time</source>
-        <translation>Zeit des Rekorders übernehmen</translation>
-    </message>
-    <message>
         <source>sets the clock and the chapters since then to it</source>
         <translation>stellt die Uhr und die Kapitel seitdem danach</translation>
     </message>
@@ -850,16 +864,20 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>kein Rekorder weicht von der Uhr ab</translation>
     </message>
     <message>
-        <source>Keep Zelta’s</source>
-        <translation>Die von Zelta behalten</translation>
-    </message>
-    <message>
         <source>leaves the clock as it is</source>
         <translation>lässt die Uhr, wie sie ist</translation>
     </message>
     <message>
         <source>leave the clock as it is though the recorder&apos;s time differs</source>
         <translation>die Uhr lassen, wie sie ist, obwohl der Rekorder abweicht</translation>
+    </message>
+    <message>
+        <source>Take the Recorder&apos;s Time</source>
+        <translation>Zeit des Rekorders übernehmen</translation>
+    </message>
+    <message>
+        <source>Keep Zelta&apos;s</source>
+        <translation>Die von Zelta behalten</translation>
     </message>
 </context>
 <context>
@@ -1108,11 +1126,11 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>%1 ist schreibgeschützt. Änderungen werden aufbewahrt, lassen sich aber nicht in dieser Datei speichern.</translation>
     </message>
     <message>
-        <source>The recorder’s time is %1 s ahead of Zelta’s clock.</source>
+        <source>The recorder&apos;s time is %1 s ahead of Zelta&apos;s clock.</source>
         <translation>Die Zeit des Rekorders ist der Uhr von Zelta um %1 s voraus.</translation>
     </message>
     <message>
-        <source>The recorder’s time is %1 s behind Zelta’s clock.</source>
+        <source>The recorder&apos;s time is %1 s behind Zelta&apos;s clock.</source>
         <translation>Die Zeit des Rekorders ist um %1 s hinter der Uhr von Zelta.</translation>
     </message>
 </context>
@@ -1877,6 +1895,14 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>%1 is there already.</source>
         <translation>%1 gibt es schon.</translation>
     </message>
+    <message>
+        <source>what was heard along</source>
+        <translation>dem Mitgehörten</translation>
+    </message>
+    <message>
+        <source>Name the raw recording of the show with --heard.</source>
+        <translation>Nenne die rohe Aufnahme der Sendung mit --heard.</translation>
+    </message>
 </context>
 <context>
     <name>ZLFitDraft</name>
@@ -2088,10 +2114,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>%1: im Gleichlauf</translation>
     </message>
     <message>
-        <source>%1: lost</source>
-        <translation>%1: verloren</translation>
-    </message>
-    <message>
         <source>No recorder is followed.</source>
         <translation>Zelta folgt keinem Rekorder.</translation>
     </message>
@@ -2100,15 +2122,19 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>%1 antwortet noch nicht.</translation>
     </message>
     <message>
-        <source>%1 is there. Zelta’s clock starts with it.</source>
+        <source>%1: lost since %2</source>
+        <translation>%1: verloren seit %2</translation>
+    </message>
+    <message>
+        <source>%1 is there. Zelta&apos;s clock starts with it.</source>
         <translation>%1 ist da. Die Uhr von Zelta startet mit der Aufnahme.</translation>
     </message>
     <message>
-        <source>Zelta’s clock goes as that of %1.</source>
+        <source>Zelta&apos;s clock goes as that of %1.</source>
         <translation>Die Uhr von Zelta geht wie die von %1.</translation>
     </message>
     <message>
-        <source>%1 has been lost since %2. Zelta’s clock goes on as it went last.</source>
+        <source>%1 has been lost since %2. Zelta&apos;s clock goes on as it went last.</source>
         <translation>%1 ist seit %2 verloren. Die Uhr von Zelta geht weiter wie zuletzt.</translation>
     </message>
 </context>
@@ -2126,8 +2152,8 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>Zeit</translation>
     </message>
     <message>
-        <source>What happened</source>
-        <translation>Was geschah</translation>
+        <source>Event</source>
+        <translation>Ereignis</translation>
     </message>
 </context>
 <context>
@@ -2252,6 +2278,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLHeadlessListening</name>
+    <message>
+        <source>listening along: %1</source>
+        <translation>mitgehört wird: %1</translation>
+    </message>
+</context>
+<context>
     <name>ZLHeadlessRecorder</name>
     <message>
         <source>Commands come from standard input, one a line; &quot;help&quot; lists them.</source>
@@ -2361,6 +2394,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1: There is nothing to be heard in it.</source>
         <translation>%1: Darin ist nichts zu hören.</translation>
+    </message>
+    <message>
+        <source>The document has nothing of listening along.</source>
+        <translation>In dem Dokument ist nichts vom Mithören.</translation>
     </message>
 </context>
 <context>
@@ -2668,6 +2705,21 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Chapter %1 has no time and was left out.</source>
         <translation>Kapitel %1 hat keine Zeit und wurde ausgelassen.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLJackRecorder</name>
+    <message>
+        <source>Waiting for a JACK server.</source>
+        <translation>Warte auf einen JACK-Server.</translation>
+    </message>
+    <message>
+        <source>The JACK server has gone.</source>
+        <translation>Der JACK-Server ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>No JACK server is running.</source>
+        <translation>Es läuft kein JACK-Server.</translation>
     </message>
 </context>
 <context>
@@ -3083,6 +3135,79 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLListening</name>
+    <message>
+        <source>the default input</source>
+        <translation>der Standardeingang</translation>
+    </message>
+</context>
+<context>
+    <name>ZLListeningDisplay</name>
+    <message>
+        <source>Remove Listening Data</source>
+        <translation>Gehörtes entfernen</translation>
+    </message>
+    <message>
+        <source>Listen along? While the clock runs, Zelta then keeps how the show sounds, so that the marks can be found in the finished file. No sound is kept: only 32 bits every 20 ms, which cannot be played back as sound. They are in the document, and can be removed again.</source>
+        <translation>Mithören? Solange die Uhr läuft, bewahrt Zelta dann auf, wie die Sendung klingt, damit sich die Kapitel in der fertigen Datei wiederfinden lassen. Ton wird nicht aufbewahrt: nur 32 Bit alle 20 ms, die sich nicht als Ton abspielen lassen. Sie stehen im Dokument und lassen sich wieder entfernen.</translation>
+    </message>
+    <message>
+        <source>Listen Along</source>
+        <translation>Mithören</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>No input</source>
+        <translation>Kein Eingang</translation>
+    </message>
+    <message>
+        <source>Silence</source>
+        <translation>Stille</translation>
+    </message>
+    <message>
+        <source>Listening</source>
+        <translation>Hört mit</translation>
+    </message>
+    <message>
+        <source>Nothing is heard from “%1”.</source>
+        <translation>Von „%1“ ist nichts zu hören.</translation>
+    </message>
+    <message>
+        <source>Zelta listens along to “%1” while the clock runs.</source>
+        <translation>Zelta hört „%1“ mit, solange die Uhr läuft.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLListeningMenu</name>
+    <message>
+        <source>&amp;Listen Along</source>
+        <translation>&amp;Mithören</translation>
+    </message>
+    <message>
+        <source>&amp;Listen Along to the Show</source>
+        <translation>Sendung &amp;mithören</translation>
+    </message>
+    <message>
+        <source>Keep how the show sounds, so that its marks can be found in the finished file.</source>
+        <translation>Aufbewahren, wie die Sendung klingt, damit sich ihre Kapitel in der fertigen Datei wiederfinden lassen.</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>Default Input of the System</source>
+        <translation>Standardeingang des Systems</translation>
+    </message>
+    <message>
+        <source>%1 (missing)</source>
+        <translation>%1 (fehlt)</translation>
+    </message>
+</context>
+<context>
     <name>ZLMP3Format</name>
     <message>
         <source>The ID3v2.2 tag becomes an ID3v2.3 tag, since the old one cannot hold chapters.</source>
@@ -3250,6 +3375,45 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>This chapter has no time and was left out.</source>
         <translation>Dieses Kapitel hat keine Zeit und wurde ausgelassen.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLOBSConnection</name>
+    <message>
+        <source>Waiting for OBS Studio at %1.</source>
+        <translation>Warte auf OBS Studio bei %1.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 is not OBS Studio.</source>
+        <translation>Was bei %1 antwortet, ist nicht OBS Studio.</translation>
+    </message>
+    <message>
+        <source>OBS Studio refuses the password. It is shown in OBS under Tools, WebSocket Server Settings.</source>
+        <translation>OBS Studio lehnt das Passwort ab. In OBS steht es unter Werkzeuge, WebSocket-Servereinstellungen.</translation>
+    </message>
+    <message>
+        <source>This OBS Studio speaks another version of its protocol. It has to be OBS 28 or newer.</source>
+        <translation>Dieses OBS Studio spricht eine andere Version seines Protokolls. Nötig ist OBS 28 oder neuer.</translation>
+    </message>
+    <message>
+        <source>OBS Studio has thrown Zelta out.</source>
+        <translation>OBS Studio hat Zelta hinausgeworfen.</translation>
+    </message>
+    <message>
+        <source>OBS Studio has ended the connection.</source>
+        <translation>OBS Studio hat die Verbindung beendet.</translation>
+    </message>
+    <message>
+        <source>OBS Studio does not answer at %1.</source>
+        <translation>OBS Studio antwortet bei %1 nicht.</translation>
+    </message>
+    <message>
+        <source>OBS Studio sends more than it should.</source>
+        <translation>OBS Studio sendet mehr, als es sollte.</translation>
+    </message>
+    <message>
+        <source>OBS Studio wants a password. It is shown in OBS under Tools, WebSocket Server Settings.</source>
+        <translation>OBS Studio verlangt ein Passwort. In OBS steht es unter Werkzeuge, WebSocket-Servereinstellungen.</translation>
     </message>
 </context>
 <context>
@@ -3740,16 +3904,16 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>P&amp;ause:</translation>
     </message>
     <message>
-        <source>The recorder sends to Zelta’s OSC port, which OSC Connections shows.</source>
-        <translation>Der Rekorder sendet an den OSC-Port von Zelta, den „OSC-Verbindungen“ zeigt.</translation>
-    </message>
-    <message>
         <source>not sent</source>
         <translation>wird nicht gesendet</translation>
     </message>
     <message>
         <source>An address such as /time; * stands for any signs, ? for one.</source>
         <translation>Eine Adresse wie /time; * steht für beliebige Zeichen, ? für eines.</translation>
+    </message>
+    <message>
+        <source>The recorder sends to Zelta&apos;s OSC port, which OSC Connections shows.</source>
+        <translation>Der Rekorder sendet an den OSC-Port von Zelta, den „OSC-Verbindungen“ zeigt.</translation>
     </message>
 </context>
 <context>
@@ -3978,10 +4142,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Ein Druck, der die Uhr startet oder stoppt, startet und stoppt auch den Rekorder, wo sich das sagen lässt.</translation>
     </message>
     <message>
-        <source>&amp;Write marks into the recorder’s file</source>
-        <translation>Kapitel in die Datei des Rekorders schrei&amp;ben</translation>
-    </message>
-    <message>
         <source>Where the recorder can do that; OBS Studio can from version 30.2 on.</source>
         <translation>Wo der Rekorder das kann; OBS Studio kann es ab Version 30.2.</translation>
     </message>
@@ -3993,13 +4153,13 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <source>The document in front will follow.</source>
         <translation>Das Dokument, das vorn ist, wird folgen.</translation>
     </message>
+    <message>
+        <source>&amp;Write marks into the recorder&apos;s file</source>
+        <translation>Kapitel in die Datei des Rekorders schrei&amp;ben</translation>
+    </message>
 </context>
 <context>
     <name>ZLRecorderFollower</name>
-    <message>
-        <source>%1 went away from Zelta’s clock by %2 s at %3.</source>
-        <translation>%1 wich bei %3 um %2 s von der Uhr von Zelta ab.</translation>
-    </message>
     <message>
         <source>%1 answers.</source>
         <translation>%1 antwortet.</translation>
@@ -4011,10 +4171,6 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>An undo started or stopped the clock. It follows again when %1 starts again.</source>
         <translation>Ein Rückgängig hat die Uhr gestartet oder gestoppt. Sie folgt wieder, wenn %1 neu startet.</translation>
-    </message>
-    <message>
-        <source>%1 is back and does not record. Zelta’s clock goes on.</source>
-        <translation>%1 ist wieder da und nimmt nicht auf. Die Uhr von Zelta geht weiter.</translation>
     </message>
     <message>
         <source>%1 is back after %2 s.</source>
@@ -4029,19 +4185,27 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Mit %1 gestartet, bei %2.</translation>
     </message>
     <message>
-        <source>Zelta’s clock runs already. From %1 on it goes as fast as %2.</source>
-        <translation>Die Uhr von Zelta läuft schon. Ab %1 geht sie so schnell wie %2.</translation>
-    </message>
-    <message>
         <source>Stopped with %1 at %2.</source>
         <translation>Mit %1 gestoppt, bei %2.</translation>
     </message>
     <message>
-        <source>%1 is lost. Zelta’s clock goes on as it went last.</source>
+        <source>%1 went away from Zelta&apos;s clock by %2 s at %3.</source>
+        <translation>%1 wich bei %3 um %2 s von der Uhr von Zelta ab.</translation>
+    </message>
+    <message>
+        <source>%1 is back and does not record. Zelta&apos;s clock goes on.</source>
+        <translation>%1 ist wieder da und nimmt nicht auf. Die Uhr von Zelta geht weiter.</translation>
+    </message>
+    <message>
+        <source>Zelta&apos;s clock runs already. From %1 on it goes as fast as %2.</source>
+        <translation>Die Uhr von Zelta läuft schon. Ab %1 geht sie so schnell wie %2.</translation>
+    </message>
+    <message>
+        <source>%1 is lost. Zelta&apos;s clock goes on as it went last.</source>
         <translation>%1 ist verloren. Die Uhr von Zelta geht weiter wie zuletzt.</translation>
     </message>
     <message>
-        <source>%1 did not start. Zelta’s clock runs from the press on.</source>
+        <source>%1 did not start. Zelta&apos;s clock runs from the press on.</source>
         <translation>%1 ist nicht gestartet. Die Uhr von Zelta läuft ab dem Druck.</translation>
     </message>
 </context>
@@ -4076,28 +4240,28 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>Drift:</translation>
     </message>
     <message>
-        <source>By which the recorder is ahead of Zelta’s clock.</source>
-        <translation>So weit ist der Rekorder der Uhr von Zelta voraus.</translation>
-    </message>
-    <message>
-        <source>How much faster the recorder’s clock goes than that of this computer.</source>
-        <translation>Um so viel schneller geht die Uhr des Rekorders als die dieses Computers.</translation>
-    </message>
-    <message>
-        <source>Take the &amp;Recorder’s Time for All Chapters</source>
-        <translation>Zeit des &amp;Rekorders für alle Kapitel</translation>
-    </message>
-    <message>
-        <source>Take &amp;Zelta’s Time for All Chapters</source>
-        <translation>Zeit von &amp;Zelta für alle Kapitel</translation>
-    </message>
-    <message>
         <source>Of all chapters that were marked while a recorder was followed. It can be undone.</source>
         <translation>Für alle Kapitel, die gesetzt wurden, während Zelta einem Rekorder folgte. Lässt sich rückgängig machen.</translation>
     </message>
     <message>
         <source>%1 ppm</source>
         <translation>%1 ppm</translation>
+    </message>
+    <message>
+        <source>By which the recorder is ahead of Zelta&apos;s clock.</source>
+        <translation>So weit ist der Rekorder der Uhr von Zelta voraus.</translation>
+    </message>
+    <message>
+        <source>How much faster the recorder&apos;s clock goes than that of this computer.</source>
+        <translation>Um so viel schneller geht die Uhr des Rekorders als die dieses Computers.</translation>
+    </message>
+    <message>
+        <source>Take the &amp;Recorder&apos;s Time for All Chapters</source>
+        <translation>Zeit des &amp;Rekorders für alle Kapitel</translation>
+    </message>
+    <message>
+        <source>Take &amp;Zelta&apos;s Time for All Chapters</source>
+        <translation>Zeit von &amp;Zelta für alle Kapitel</translation>
     </message>
 </context>
 <context>
@@ -4574,6 +4738,21 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>Clear %1</source>
         <translation>%1 löschen</translation>
+    </message>
+</context>
+<context>
+    <name>ZLShowListening</name>
+    <message>
+        <source>No sound server answers, so nothing is heard.</source>
+        <translation>Kein Tonserver antwortet, also ist nichts zu hören.</translation>
+    </message>
+    <message>
+        <source>The input “%1” is missing.</source>
+        <translation>Der Eingang „%1“ fehlt.</translation>
+    </message>
+    <message>
+        <source>Nothing has been heard from “%1” for ten seconds.</source>
+        <translation>Von „%1“ ist seit zehn Sekunden nichts zu hören.</translation>
     </message>
 </context>
 <context>

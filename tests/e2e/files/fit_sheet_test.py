@@ -4,6 +4,7 @@
     fit_sheet_test.py PROGRAM [FOLDER_FOR_PICTURES]
 """
 
+import array
 import json
 import shutil
 import subprocess
@@ -15,6 +16,7 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent.parent / "alignment"))
 import show_simulator  # noqa: E402
 from desktop import Desktop, wait_until  # noqa: E402
+from sound_server import SoundServer, is_silent  # noqa: E402
 from surface import archive  # noqa: E402
 from window import Window  # noqa: E402
 
@@ -27,11 +29,29 @@ def seconds(text):
     return int(hours) * 3600 + int(minutes) * 60 + float(rest)
 
 
+RATE = 44100
+BLOCK = RATE // 50
+
+
+def loudness(samples):
+    """Of each 20 ms."""
+    return [sum(abs(sample) for sample in samples[at:at + BLOCK]) for at in range(0, len(samples) - BLOCK, BLOCK)]
+
+
+def likeness(left, right):
+    """The correlation of two lists, from -1 to 1."""
+    mean_left, mean_right = sum(left) / len(left), sum(right) / len(right)
+    left, right = [value - mean_left for value in left], [value - mean_right for value in right]
+    norm = (sum(value * value for value in left) * sum(value * value for value in right)) ** 0.5
+    return sum(a * b for a, b in zip(left, right)) / norm if norm else 0.0
+
+
 class FitSheetTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         # The bindings of the accessibility tree stay with the first bus that they meet.
         cls.desktop = cls.enterClassContext(Desktop())
+        cls.server = SoundServer(cls.desktop)
         cls.sounds = Path(tempfile.mkdtemp(dir=cls.desktop.home))
         cls.finished = cls.simulate("cuts", "--seed", 1, "--cuts", 5, "--noise", 10, "--marks", 20)
         cls.heard = cls.sounds / "cuts" / "heard.wav"
@@ -170,6 +190,36 @@ class FitSheetTest(unittest.TestCase):
         import pyatspi
 
         self.assertTrue(play.getState().contains(pyatspi.STATE_SENSITIVE))
+
+    def samples_of(self, start):
+        """The four seconds of the finished file from there on."""
+        samples = array.array("h")
+        samples.frombytes(subprocess.run(
+            ["ffmpeg", "-v", "error", "-i", self.finished, "-ss", str(start), "-t", "4", "-ac", "1", "-ar", str(RATE),
+             "-f", "s16le", "-"], check=True, capture_output=True).stdout)
+        return samples
+
+    def test_space_plays_the_finished_file_at_the_new_place(self):
+        self.open()
+        self.start_fit(self.finished)
+        place = seconds(self.wait_for_rows()[2][2])
+        heard = self.server.listen("left_card")
+        self.desktop.press("Down", "Down", "space")
+        wait_until(lambda: not is_silent(heard), "the sound")
+        wait_until(lambda: not any(heard.read_bytes()[-RATE:]) and heard.stat().st_size > 16 * RATE, "its end")
+        # Two channels, of which one is enough.
+        samples = array.array("h")
+        content = heard.read_bytes()
+        samples.frombytes(content[:len(content) // 4 * 4])
+        samples = samples[::2]
+        first = next(at for at, sample in enumerate(samples) if sample)
+        wanted = loudness(self.samples_of(place))
+        # The output may begin within a block.
+        best = max(likeness(wanted, loudness(samples[begin:begin + 4 * RATE])[:len(wanted)])
+                   for begin in range(max(first - BLOCK, 0), first + 5 * BLOCK, BLOCK // 4)
+                   if begin + 4 * RATE <= len(samples))
+        self.assertGreater(best, 0.9)
+        self.assertLess(sum(1 for value in loudness(samples) if value > 0), 4.3 * 50)
 
     def test_a_mark_comes_while_both_files_are_heard(self):
         self.open()

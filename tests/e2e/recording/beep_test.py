@@ -1,49 +1,14 @@
 #!/usr/bin/env python3
 """The beep is switched on in the preferences, an output is chosen there, and the next recording is heard on it."""
 
-import os
-import subprocess
 import sys
 import unittest
 from pathlib import Path
 
 from desktop import Desktop, wait_until
+from sound_server import SoundServer, is_silent
 
 PROGRAM = Path(sys.argv.pop(1))
-
-OUTPUTS = """load-module module-native-protocol-unix auth-anonymous=1 socket={socket}
-load-module module-null-sink sink_name=left_card sink_properties="device.description='Left\\ Card'" norewinds=1
-load-module module-null-sink sink_name=right_card sink_properties="device.description='Right\\ Card'" norewinds=1
-set-default-sink left_card
-"""
-
-
-class SoundServer:
-    """A sound server with two outputs, and an ear at each."""
-
-    def __init__(self, desktop):
-        self.desktop = desktop
-        socket = desktop.home / "pulse.socket"
-        script = desktop.home / "pulse.pa"
-        script.write_text(OUTPUTS.format(socket=socket))
-        os.environ["PULSE_SERVER"] = f"unix:{socket}"
-        desktop.start("pulseaudio", "-n", "-F", script, "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
-                      "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error")
-        wait_until(lambda: subprocess.run(["pactl", "info"], capture_output=True, check=False).returncode == 0,
-                   "the sound server to answer")
-
-    def listen(self, output):
-        """Returns the file that everything which is played there goes into."""
-        heard = self.desktop.home / f"{output}.raw"
-        with heard.open("wb") as file:
-            self.desktop.start("parec", "-d", f"{output}.monitor", "--format=s16le", "--latency-msec=20", stdout=file)
-        wait_until(lambda: heard.stat().st_size > 0, f"the ear at {output}")
-        return heard
-
-
-def is_silent(heard):
-    return not any(heard.read_bytes())
-
 
 class BeepTest(unittest.TestCase):
     def test_the_beep_is_heard_on_the_chosen_output_alone(self):

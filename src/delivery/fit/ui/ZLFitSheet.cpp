@@ -76,14 +76,22 @@ void ZLFitSheet::takeKeyboard()
         m_choices->takeKeyboard();
 }
 
+bool ZLFitSheet::eventFilter(QObject* watched, QEvent* event)
+{
+    // A list would keep this key for itself.
+    const bool isSpace = event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space;
+    if (watched != m_list || !isSpace)
+        return QFrame::eventFilter(watched, event);
+    play();
+    return true;
+}
+
 void ZLFitSheet::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
         dismiss();
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         goOn();
-    else if (event->key() == Qt::Key_Space)
-        play();
     else
         QFrame::keyPressEvent(event);
 }
@@ -193,6 +201,7 @@ void ZLFitSheet::connectMarks()
 {
     connect(m_picture, &ZLFitPicture::markSelected, this, &ZLFitSheet::selectMark);
     connect(m_picture, &ZLFitPicture::playRequested, this, &ZLFitSheet::play);
+    m_list->installEventFilter(this);
     connect(m_list, &QTreeView::clicked, this, &ZLFitSheet::play);
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& current) {
         m_picture->setSelectedMark(current.row());

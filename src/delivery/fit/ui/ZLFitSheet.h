@@ -27,6 +27,8 @@ public:
     void setFolder(const QString& folder);
     void takeKeyboard();
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     /// The user is done with it.
     void wantsToClose();

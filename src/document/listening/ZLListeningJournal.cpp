@@ -117,7 +117,7 @@ void ZLListeningJournal::beginFile(const std::vector<ZLListeningSpan>& spans)
     QList<ZLJournalRecord> records;
     for (std::size_t number = 0; number < spans.size(); ++number)
         records.append(recordOf(number, spans[number], 0));
-    m_file->begin(std::move(records));
+    m_file->begin([records] { return records; });
     m_isNew = false;
     m_formerSpans = 0;
     m_spanCount = spans.size();

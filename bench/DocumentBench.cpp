@@ -3,6 +3,7 @@
 #include "document/ZLChapterDocument.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLBoundedFile.h"
 
 #include <QApplication>
 #include <QTableView>
@@ -145,7 +146,7 @@ void openFile(benchmark::State& state)
         state.SkipWithError("no file to open");
     for (auto _ : state) {
         auto document = std::make_unique<ZLChapterDocument>(ZLDocumentEnvironment {});
-        const auto bytes = ZLAtomicFile::read(path);
+        const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
         if (!document->readFromData(bytes.value()))
             state.SkipWithError("the file was not read");
         // Closing it again is no part of opening.

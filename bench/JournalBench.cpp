@@ -1,6 +1,6 @@
 // From the press of the key that makes a mark to its record on the disk, beside a bare write and fdatasync of as many
 // bytes in the same folder, both interleaved in one run. Prints the medians and the worst cases in milliseconds.
-#include "document/saving/ZLDocumentJournal.h"
+#include "document/saving/journal/ZLDocumentJournal.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -53,7 +53,7 @@ void measure(int chapterCount, const QString& folder)
     document.readFromData(documentOfChapters(chapterCount));
     ZLDocumentJournal journal(document, {});
     const QString path = folder + u"/%1.journal"_s.arg(chapterCount);
-    journal.begin(path, {}, {}, document.dataOfType());
+    journal.begin(path, {}, {});
     QObject::connect(&document, &ZLChapterDocument::changed, &journal, &ZLDocumentJournal::note);
     document.startRecordingWithTime(1.0);
     journal.file()->waitUntilSynced(kSyncPatience);

@@ -29,8 +29,9 @@ ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSi
         m_oscAnnouncement =
             std::make_unique<ZLOSCAnnouncement>(m_oscController->inPort(), std::move(remote.oscPublisher));
     beginActivity(std::move(remote.activity));
-    m_commandSocket = std::make_unique<ZLCommandSocket>(
-        [this](const ZLOSCMessage& message) { return m_oscController->performMessage(message, commandSocketPeer); });
+    m_commandSocket = std::make_unique<ZLCommandSocket>([this](const ZLOSCMessage& message, const ZLPressStamp& press) {
+        return m_oscController->performMessage(message, commandSocketPeer, press);
+    });
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLGlobalHotkeysDidChange, this,
         &ZLApplication::globalHotkeysDidChange);
     connect(m_notificationCenter.get(), &ZLUserNotificationCenter::didActivateNotification, this,
@@ -56,6 +57,9 @@ ZLDocumentControllerSetup ZLApplication::prepared(ZLDocumentControllerSetup setu
     ZLRegisterExporters();
     setup.environment.isOptionKeyHeld = [this, isHeldOnKeyboard = setup.environment.isOptionKeyHeld] {
         return m_commandKeys.hasOptionKey ? *m_commandKeys.hasOptionKey : isHeldOnKeyboard();
+    };
+    setup.environment.pressUnderWay = [this, pressInWindow = setup.environment.pressUnderWay] {
+        return m_outsideCommands.isCommandUnderWay() ? m_outsideCommands.pressUnderWay() : pressInWindow();
     };
     setup.environment.isCommandFromOutside = [this] { return m_outsideCommands.isCommandUnderWay(); };
     return setup;

@@ -15,6 +15,11 @@ std::function<std::unique_ptr<ZLSound>(const QString& name)> ZLApplicationSounds
     return [this](const QString& name) { return m_server->sound(ZLSoundResource::named(name)); };
 }
 
+std::function<std::unique_ptr<ZLSound>(const QByteArray& file)> ZLApplicationSounds::soundMaker()
+{
+    return [this](const QByteArray& file) { return m_server->sound(file); };
+}
+
 void ZLApplicationSounds::prepareForRecording()
 {
     if (ZLSettingsManager::playSoundBeforeRecording())

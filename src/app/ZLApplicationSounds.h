@@ -16,6 +16,9 @@ public:
     /// itself and the connection stays open, so nothing but the output's own latency lies between a press and the beep.
     [[nodiscard]] std::function<std::unique_ptr<ZLSound>(const QString& name)> soundNamed();
 
+    /// Makes a sound of the bytes of a sound file; valid as long as this object lives.
+    [[nodiscard]] std::function<std::unique_ptr<ZLSound>(const QByteArray& file)> soundMaker();
+
     /// Connects to the sound server if recordings start with a beep. To be called when settings can be read.
     void prepareForRecording();
 

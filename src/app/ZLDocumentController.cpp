@@ -150,7 +150,12 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openAudioFile(const QString& 
     const auto contents = ZLMediaImport::read(absoluteDocumentPath(path));
     if (!contents)
         return contents.error();
-    ZLSavedDocument made = m_maker.makeUntitledFrom(contents.value());
+    return openContents(contents.value());
+}
+
+ZLChapterDocument* ZLDocumentController::openContents(const ZLDocumentContents& contents)
+{
+    ZLSavedDocument made = m_maker.makeUntitledFrom(contents);
     made.document->setDocumentEdited(true);
     return adoptInPlaceOfTransient(std::move(made));
 }

@@ -64,6 +64,8 @@ public:
     ZLResult<ZLChapterDocument*> openDocument(const QString& path, ZLMissingFile missingFile = ZLMissingFile::Fail);
     /// A new untitled document of what is in the audio file at `path`; nothing is ever saved to that file.
     ZLResult<ZLChapterDocument*> openAudioFile(const QString& path);
+    /// A new untitled document of `contents`, which are in no file yet.
+    ZLChapterDocument* openContents(const ZLDocumentContents& contents);
     /// Opens what was open when the program ended, whatever ended it, and every untitled document that was kept; a new
     /// document when there is none of both. Returns what could not be opened, a sentence each.
     QStringList restoreSession();

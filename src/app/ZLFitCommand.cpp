@@ -1,5 +1,6 @@
 #include "app/ZLFitCommand.h"
 
+#include "delivery/fit/ZLFitApplication.h"
 #include "delivery/fit/ZLFitReport.h"
 #include "delivery/fit/ZLHeardSound.h"
 #include "document/saving/ZLWriteProtection.h"
@@ -52,7 +53,7 @@ ZLResult<ZLFit> ZLFitCommand::fit(const ZLDocumentContents& contents, const ZLCo
     const auto file = ZLHeardSound::fingerprintOf(commandLine.finishedPath, progress);
     if (!file)
         return file.error();
-    const ZLFit fit = ZLFit::of(ZLChapterManager(contents.chapters).allChapters(),
+    const ZLFit fit = ZLFit::of(ZLFitNotes::marksOf(ZLChapterManager(contents.chapters).allChapters(), contents.extras),
         ZLSoundAlignment::of(show.value(), file.value(), progress), commandLine.zero);
     if (!fit.isTheShow())
         return ZLError { FitTexts::tr("%1 is not the show: too little of %2 is in it.")
@@ -75,11 +76,7 @@ ZLStatus ZLFitCommand::write(
 {
     if (commandLine.outputPath.isEmpty())
         return ZLDone {};
-    ZLDocumentContents fitted { {}, fit.alignment.fileLength, contents.templates };
-    ZLChapterManager sorted;
-    for (const ZLChapterPointer& chapter : fit.fittedChapters())
-        sorted.addChapter(chapter);
-    for (const ZLChapterPointer& chapter : sorted.allChapters())
-        fitted.chapters.append(chapter->dictionaryRepresentation());
+    ZLDocumentContents fitted = ZLFitApplication::contentsOf(fit);
+    fitted.templates = contents.templates;
     return ZLAtomicFile::write(commandLine.outputPath, ZLDocumentFile::encode(fitted));
 }

@@ -119,8 +119,8 @@ ZLResult<QString> ZLImportCommand::write(const ZLCommandLine& commandLine) const
     if (const ZLStatus allowed = ZLWriteProtection::check(target); !allowed)
         return allowed.error();
     ZLDocumentContents after = std::move(before).value();
-    after.chapters =
-        ZLChapterManager(after.chapters + found.value().chapters).chaptersForSaving(ZLDictionaryForm::Archived);
+    after.chapters = ZLChapterSnapshots::archivedRepresentations(
+        ZLChapterManager(after.chapters + found.value().chapters).snapshot());
     after.duration = std::max(after.duration, found.value().duration);
     if (const ZLStatus written = ZLAtomicFile::write(target, ZLDocumentFile::encode(after)); !written)
         return written.error();

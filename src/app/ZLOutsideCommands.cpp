@@ -47,6 +47,7 @@ void ZLOutsideCommands::perform(const QString& action, const ZLRemoteSource& sou
     const ZLRemoteOutcome outcome(document);
     {
         const QScopedValueRollback isUnderWay(m_isCommandUnderWay, true);
+        const QScopedValueRollback press(m_pressUnderWay, source.press);
         const QScopedValueRollback keys(m_keys.hasOptionKey, source.hasOptionKey);
         (document->*operation)();
     }

@@ -7,6 +7,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 /// Carries out the commands that come from outside the windows, and knows which document they reach: the one that they
 /// are pinned to, as long as it is open, else the one that is current or was opened first.
 class ZLOutsideCommands : public QObject {
@@ -28,6 +30,8 @@ public:
     /// Does nothing without a document, or when `action` is none of the published constants.
     void perform(const QString& action, const ZLRemoteSource& source);
     [[nodiscard]] bool isCommandUnderWay() const { return m_isCommandUnderWay; }
+    /// When the press came whose command is under way; absent when that is not known.
+    [[nodiscard]] const std::optional<ZLPressStamp>& pressUnderWay() const { return m_pressUnderWay; }
 
 Q_SIGNALS:
     /// The target may be another one, or may be it for another reason.
@@ -46,4 +50,5 @@ private:
     ZLCommandKeys& m_keys;
     ZLChapterDocument* m_pinned = nullptr;
     bool m_isCommandUnderWay = false;
+    std::optional<ZLPressStamp> m_pressUnderWay;
 };

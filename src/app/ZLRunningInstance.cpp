@@ -80,7 +80,7 @@ ZLResult<ZLHandover> ZLRunningInstance::handOver(const ZLLaunchRequest& request,
 
 ZLRunningInstance::ZLRunningInstance(Handler handler, const QString& path)
     : m_handler(std::move(handler))
-    , m_socket([this](const ZLOSCMessage& message) { return take(message); }, path)
+    , m_socket([this](const ZLOSCMessage& message, const ZLPressStamp&) { return take(message); }, path)
 {
 }
 

@@ -30,9 +30,9 @@ bool isOf(const QJsonValue& entry, const QString& documentPath)
 
 }
 
-ZLAudioFileMemory::ZLAudioFileMemory(const QString& stateFolder)
+ZLAudioFileMemory::ZLAudioFileMemory(const QString& stateFolder, const QString& listName)
     : m_stateFolder(stateFolder)
-    , m_path(stateFolder + u"/audio-files.json"_s)
+    , m_path(stateFolder + u'/' + listName)
 {
 }
 

@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-/// The audio files that a document's chapters were written into last.
+/// The audio files that a document had to do with last.
 struct ZLRememberedAudio {
     QStringList paths {};
     /// Seconds.
@@ -18,7 +18,11 @@ class ZLAudioFileMemory {
 public:
     static constexpr qsizetype MostDocuments = 100;
 
-    explicit ZLAudioFileMemory(const QString& stateFolder);
+    /// Names of the lists in the state folder.
+    static inline const QString WrittenFiles = QStringLiteral("audio-files.json");
+    static inline const QString FittedFiles = QStringLiteral("fitted-files.json");
+
+    ZLAudioFileMemory(const QString& stateFolder, const QString& listName);
 
     /// Nothing for a document of which nothing is known, or without a path.
     [[nodiscard]] ZLRememberedAudio recall(const QString& documentPath) const;

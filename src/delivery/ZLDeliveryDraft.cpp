@@ -19,7 +19,7 @@ ZLDeliveryDraft::ZLDeliveryDraft(ZLChapterDocument& document, Reader reader, QOb
     , m_reader(reader ? std::move(reader) : &ZLMediaFile::read)
 {
     connect(&document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
-        if (change.concerns(ZLDocumentChange::concerningExports))
+        if (change.concerns(ZLDocumentChange::concerningExports | ZLDocumentChange::Extras))
             planAgainSoon();
     });
     // A window that is closing may go after its document, and what is still being read arrives in between.
@@ -163,7 +163,13 @@ void ZLDeliveryDraft::planAgainSoon()
 
 void ZLDeliveryDraft::updatePlan(ZLDeliveryTarget& target, const ZLMediaContents& contents)
 {
-    target.plan = ZLDeliveryPlan::make(m_document.chapterManager().allChapters(), target.path, contents, m_shift);
+    const auto carried = m_carrier ? m_carrier(target.path, contents) : std::nullopt;
+    target.plan = ZLDeliveryPlan::make(
+        carried.value_or(m_document.chapterManager().allChapters()), target.path, contents, carried ? 0.0 : m_shift);
+    if (carried)
+        target.plan->findings.prepend(
+            tr("The chapters are at the places where they were found in this file. No shift is "
+               "added."));
 }
 
 QList<ZLDeliveryPlan> ZLDeliveryDraft::plansToCarryOut()

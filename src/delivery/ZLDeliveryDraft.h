@@ -34,6 +34,8 @@ class ZLDeliveryDraft : public QObject {
 
 public:
     using Reader = std::function<ZLResult<ZLMediaContents>(const QString& path)>;
+    /// The document's chapters at their places in this very file, where those are known.
+    using Carrier = std::function<std::optional<ZLChapterSequence>(const QString& path, const ZLMediaContents& file)>;
 
     /// Without the document it has no targets any more. `reader` may be called on any thread.
     explicit ZLDeliveryDraft(ZLChapterDocument& document, Reader reader = {}, QObject* parent = nullptr);
@@ -43,7 +45,9 @@ public:
     void setPaths(const QStringList& paths);
     [[nodiscard]] QStringList paths() const;
     [[nodiscard]] const QList<ZLDeliveryTarget>& targets() const { return m_targets; }
-    /// Seconds by which the chapters come later in the files than in the document.
+    void setCarrier(Carrier carrier) { m_carrier = std::move(carrier); }
+    /// Seconds by which the chapters come later in the files than in the document. What the carrier says of a file is
+    /// not shifted.
     void setShift(double seconds);
     [[nodiscard]] double shift() const { return m_shift; }
 
@@ -77,6 +81,7 @@ private:
 
     ZLChapterDocument& m_document;
     const Reader m_reader;
+    Carrier m_carrier;
     QList<ZLDeliveryTarget> m_targets;
     double m_shift = 0.0;
     bool m_isPlanDue = false;

@@ -37,12 +37,17 @@ void ZLChapterDocument::showAbsoluteTimePressed()
 QByteArray ZLChapterDocument::dataOfType(const QString& typeName)
 {
     Q_UNUSED(typeName);
-    return ZLDocumentFile::encode({
-        .chapters = m_basis.chapters.chaptersForSaving(ZLDictionaryForm::Archived),
+    return snapshot().encoded();
+}
+
+ZLDocumentSnapshot ZLChapterDocument::snapshot()
+{
+    return {
+        .chapters = m_basis.chapters.snapshot(),
         .duration = currentDuration(),
-        .templates = m_templateViewController.chaptersForSaving(),
-        .extras = m_basis.extras.values(),
-    });
+        .templates = m_templateViewController.chapterManager().snapshot(),
+        .extras = m_basis.extras.snapshot(),
+    };
 }
 
 bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeName, ZLFileOperationError* error)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ZLDocumentFile.h"
+#include "document/ZLDocumentSnapshot.h"
 #include "document/editing/ZLChapterEditing.h"
 #include "document/recording/ZLRecording.h"
 #include "document/shared/ZLDocumentBasis.h"
@@ -70,6 +71,8 @@ public:
     [[nodiscard]] static constexpr bool autosavesInPlace() { return true; }
     /// The bytes of the document as it is now; a running clock is stored with its reading and goes on. Never fails.
     [[nodiscard]] QByteArray dataOfType(const QString& typeName = {});
+    /// What the bytes are made of, which may be done on another thread.
+    [[nodiscard]] ZLDocumentSnapshot snapshot();
     /// Replaces everything by what `bytes` hold and empties the undo history. Returns false, and leaves the document
     /// as it was, for bytes that are no document. On success `error`, when given, is filled all the same and means
     /// nothing: the returned value alone tells.

@@ -8,56 +8,41 @@
 #include <QTimeZone>
 #include <QUuid>
 
-#include <algorithm>
-#include <array>
+#include <bit>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::size_t chapterEntryCount = 7;
-/// The places of the entries in the order of their keys' texts.
-constexpr std::array<std::size_t, chapterEntryCount> sortedChapterEntries { 5, 1, 3, 4, 0, 2, 6 };
-
-const std::array<QString, chapterEntryCount>& chapterEntryKeys()
+/// Null and empty texts are told apart when they are stored. One text object needs no reading.
+bool isSameChapterText(const QString& left, const QString& right)
 {
-    static const std::array<QString, chapterEntryCount> keys { ZLChapterKey::TimeStamp, ZLChapterKey::Enabled,
-        ZLChapterKey::Title, ZLChapterKey::Link, ZLChapterKey::Tags, ZLChapterKey::Date, ZLChapterKey::UUID };
-    return keys;
+    return left.isNull() == right.isNull() && (left.constData() == right.constData() || left == right);
 }
 
-/// By the number of entries that a chapter has.
-std::array<QStringList, chapterEntryCount + 1> sortedChapterKeys()
+}
+
+ZLChapter::ZLChapter()
 {
-    std::array<QStringList, chapterEntryCount + 1> lists;
-    for (std::size_t count = 0; count < lists.size(); ++count) {
-        for (const std::size_t place : sortedChapterEntries) {
-            if (place < count)
-                lists[count].append(chapterEntryKeys()[place]);
-        }
-    }
-    return lists;
+    m_record->realDate = distantPast();
+    m_record->uuid = generateUUID();
 }
-
-}
-
-ZLChapter::ZLChapter() = default;
 
 template <typename Dictionary>
 ZLChapter::ZLChapter(std::in_place_t, const Dictionary& dictionary)
-    : m_timeStamp(ZLStoredValue::number(dictionary.value(ZLChapterKey::TimeStamp)))
-    , m_enabled(ZLStoredValue::boolean(dictionary.value(ZLChapterKey::Enabled)))
-    , m_title(ZLStoredValue::text(dictionary.value(ZLChapterKey::Title)))
-    , m_link(ZLStoredValue::text(dictionary.value(ZLChapterKey::Link)))
-    , m_tags(ZLStoredValue::text(dictionary.value(ZLChapterKey::Tags)))
-    , m_realDate(dictionary.value(ZLChapterKey::Date).toDateTime())
-    , m_uuid(ZLStoredValue::text(dictionary.value(ZLChapterKey::UUID)))
 {
+    m_record->timeStamp = ZLStoredValue::number(dictionary.value(ZLChapterKey::TimeStamp));
+    m_record->isEnabled = ZLStoredValue::boolean(dictionary.value(ZLChapterKey::Enabled));
+    m_record->title = ZLStoredValue::text(dictionary.value(ZLChapterKey::Title));
+    m_record->link = ZLStoredValue::text(dictionary.value(ZLChapterKey::Link));
+    m_record->tags = ZLStoredValue::text(dictionary.value(ZLChapterKey::Tags));
+    m_record->realDate = dictionary.value(ZLChapterKey::Date).toDateTime();
+    m_record->uuid = ZLStoredValue::text(dictionary.value(ZLChapterKey::UUID));
     if (const auto date = ZLArchivedDate::in(dictionary.value(ZLChapterKey::Date)))
         setDateAsRead(*date);
-    if (m_uuid.isNull())
-        m_uuid = generateUUID();
+    if (m_record->uuid.isNull())
+        m_record->uuid = generateUUID();
 }
 
 ZLChapter::ZLChapter(const QVariantMap& dictionaryRepresentation)
@@ -70,31 +55,20 @@ ZLChapter::ZLChapter(const ZLArchivedDictionary& dictionaryRepresentation)
 {
 }
 
-QVariantMap ZLChapter::dictionaryRepresentation() const
+bool ZLChapter::isAsIn(const ZLChapterRecord& record) const
 {
-    QVariantMap map;
-    for (std::size_t place = 0; place < entryCount(); ++place)
-        map.insert(chapterEntryKeys()[place], entryAt(place));
-    return map;
-}
-
-ZLArchivedDictionary ZLChapter::archivedRepresentation() const
-{
-    // One list of keys for each count, which all chapters share.
-    static const std::array<QStringList, chapterEntryCount + 1> sortedKeys = sortedChapterKeys();
-    const std::size_t count = entryCount();
-    ZLArchivedDictionary dictionary { sortedKeys[count], {} };
-    dictionary.values.reserve(qsizetype(count));
-    for (const std::size_t place : sortedChapterEntries) {
-        if (place < count)
-            dictionary.values.append(entryAt(place));
-    }
-    return dictionary;
+    if (m_record.constData() == &record)
+        return true;
+    const auto isSame = isSameChapterText;
+    return std::bit_cast<quint64>(record.timeStamp) == std::bit_cast<quint64>(timeStamp())
+        && record.isEnabled == isEnabled() && isSame(record.title, title()) && isSame(record.link, link())
+        && isSame(record.tags, tags()) && isSame(record.uuid, uuid()) && record.realDate == realDate()
+        && record.dateAsRead == dateAsRead();
 }
 
 void ZLChapter::setTimeStamp(double seconds)
 {
-    const double formerTime = std::exchange(m_timeStamp, seconds);
+    const double formerTime = std::exchange(recordToChange().timeStamp, seconds);
     for (ZLChapterObserver* observer : std::as_const(m_observers))
         observer->chapterDidChangeTime(*this, formerTime);
     noteChange();
@@ -102,32 +76,32 @@ void ZLChapter::setTimeStamp(double seconds)
 
 void ZLChapter::setEnabled(bool enabled)
 {
-    m_enabled = enabled;
+    recordToChange().isEnabled = enabled;
     noteChange();
 }
 
 void ZLChapter::setTitle(const QString& title)
 {
-    m_title = title;
+    recordToChange().title = title;
     noteChange();
 }
 
 void ZLChapter::setLink(const QString& link)
 {
-    m_link = link;
+    recordToChange().link = link;
     noteChange();
 }
 
 void ZLChapter::setTags(const QString& tags)
 {
-    m_tags = tags;
+    recordToChange().tags = tags;
     noteChange();
 }
 
 void ZLChapter::setRealDate(const QDateTime& date)
 {
-    m_realDate = date;
-    m_dateAsRead.reset();
+    recordToChange().realDate = date;
+    recordToChange().dateAsRead.reset();
     noteChange();
 }
 
@@ -137,30 +111,30 @@ void ZLChapter::moveDate(double seconds)
     const double milliseconds = seconds * 1000.0;
     if (!(std::abs(milliseconds) < longestMove))
         return;
-    if (m_dateAsRead)
-        setDateAsRead({ m_dateAsRead->referenceSeconds + seconds });
+    if (const auto date = dateAsRead())
+        setDateAsRead({ date->referenceSeconds + seconds });
     else
-        m_realDate = m_realDate.addMSecs(std::llround(milliseconds));
+        recordToChange().realDate = realDate().addMSecs(std::llround(milliseconds));
     noteChange();
 }
 
 void ZLChapter::setDateAsRead(const ZLArchivedDate& date)
 {
-    m_dateAsRead = date;
-    m_realDate = date.toDateTime().value_or(distantPast());
+    recordToChange().dateAsRead = date;
+    recordToChange().realDate = date.toDateTime().value_or(distantPast());
 }
 
 void ZLChapter::setUuid(const QString& uuid)
 {
-    m_uuid = uuid;
+    recordToChange().uuid = uuid;
     noteChange();
 }
 
 QString ZLChapter::timeString() const
 {
-    const bool isNegative = m_timeStamp < 0.0;
+    const bool isNegative = timeStamp() < 0.0;
     const auto parts =
-        ZLTimeParts::ofMilliseconds(ZLTimeText::truncated(m_timeStamp * (isNegative ? -1000.0 : 1000.0)));
+        ZLTimeParts::ofMilliseconds(ZLTimeText::truncated(timeStamp() * (isNegative ? -1000.0 : 1000.0)));
     return u"%1%2:%3:%4.%5"_s.arg(isNegative ? u"-"_s : QString(), ZLTimeText::padded(parts.hours, 2),
         ZLTimeText::padded(parts.minutes, 2), ZLTimeText::padded(parts.seconds, 2),
         ZLTimeText::padded(parts.milliseconds, 3));
@@ -168,7 +142,7 @@ QString ZLChapter::timeString() const
 
 QString ZLChapter::durationToTimestamp(double seconds) const
 {
-    return ZLTimeText::hoursMinutesSeconds(ZLTimeText::truncated(seconds - m_timeStamp));
+    return ZLTimeText::hoursMinutesSeconds(ZLTimeText::truncated(seconds - timeStamp()));
 }
 
 QString ZLChapter::durationToNextChapter(const ZLChapter& next) const
@@ -189,32 +163,10 @@ QDateTime ZLChapter::distantPast()
     return moment;
 }
 
-QVariant ZLChapter::entryAt(std::size_t place) const
+ZLChapterRecord& ZLChapter::recordToChange()
 {
-    switch (place) {
-    case 0:
-        return m_timeStamp;
-    case 1:
-        return m_enabled;
-    case 2:
-        return m_title;
-    case 3:
-        return m_link;
-    case 4:
-        return m_tags;
-    case 5:
-        return m_dateAsRead ? QVariant::fromValue(*m_dateAsRead) : QVariant(m_realDate);
-    default:
-        return m_uuid;
-    }
-}
-
-std::size_t ZLChapter::entryCount() const
-{
-    constexpr std::size_t neverNull = 2;
-    const std::array<bool, chapterEntryCount - neverNull> areNull { m_title.isNull(), m_link.isNull(), m_tags.isNull(),
-        m_realDate.isNull(), m_uuid.isNull() };
-    return neverNull + std::size_t(std::find(areNull.begin(), areNull.end(), true) - areNull.begin());
+    m_record.detach();
+    return *m_record;
 }
 
 void ZLChapter::noteChange() const

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/archive/ZLArchivedDate.h"
-#include "platform/archive/ZLArchivedDictionary.h"
+#include "model/ZLChapterRecord.h"
 
 #include <QDateTime>
 #include <QList>
@@ -21,17 +20,6 @@ using ZLChapterPointer = std::shared_ptr<ZLChapter>;
 Q_DECLARE_TYPEINFO(ZLChapterPointer, Q_RELOCATABLE_TYPE);
 using ZLChapterSequence = QList<ZLChapterPointer>;
 
-/// Keys of a chapter's dictionary form, which documents and templates are stored in.
-namespace ZLChapterKey {
-inline const QString TimeStamp = QStringLiteral("TimeStamp");
-inline const QString Enabled = QStringLiteral("Enabled");
-inline const QString Title = QStringLiteral("Title");
-inline const QString Link = QStringLiteral("Link");
-inline const QString Tags = QStringLiteral("Tags");
-inline const QString Date = QStringLiteral("Date");
-inline const QString UUID = QStringLiteral("UUID");
-}
-
 /// One chapter mark on a recording clock.
 class ZLChapter {
 public:
@@ -45,37 +33,40 @@ public:
     Q_DISABLE_COPY_MOVE(ZLChapter)
     ~ZLChapter() = default;
 
-    /// The entries in the order of ZLChapterKey, up to the first null value.
-    [[nodiscard]] QVariantMap dictionaryRepresentation() const;
-    /// The same, sorted by key as a map is.
-    [[nodiscard]] ZLArchivedDictionary archivedRepresentation() const;
+    /// See ZLChapterRecord.
+    [[nodiscard]] QVariantMap dictionaryRepresentation() const { return m_record->dictionaryRepresentation(); }
+    [[nodiscard]] ZLArchivedDictionary archivedRepresentation() const { return m_record->archivedRepresentation(); }
+    /// What the chapter says at this moment. It does not change with the chapter.
+    [[nodiscard]] QExplicitlySharedDataPointer<const ZLChapterRecord> record() const { return m_record; }
+    /// Whether the chapter says what `record` does; a time that is no number is compared by its bits.
+    [[nodiscard]] bool isAsIn(const ZLChapterRecord& record) const;
 
     /// Position on the recording clock in seconds; negative before the recording's start.
-    [[nodiscard]] double timeStamp() const { return m_timeStamp; }
+    [[nodiscard]] double timeStamp() const { return m_record->timeStamp; }
     void setTimeStamp(double seconds);
 
     /// Whether the chapter takes part in exports.
-    [[nodiscard]] bool isEnabled() const { return m_enabled; }
+    [[nodiscard]] bool isEnabled() const { return m_record->isEnabled; }
     void setEnabled(bool enabled);
 
     /// Texts may be null (absent) or empty, which is told apart when the chapter is stored.
-    [[nodiscard]] const QString& title() const { return m_title; }
+    [[nodiscard]] const QString& title() const { return m_record->title; }
     void setTitle(const QString& title);
-    [[nodiscard]] const QString& link() const { return m_link; }
+    [[nodiscard]] const QString& link() const { return m_record->link; }
     void setLink(const QString& link);
-    [[nodiscard]] const QString& tags() const { return m_tags; }
+    [[nodiscard]] const QString& tags() const { return m_record->tags; }
     void setTags(const QString& tags);
 
     /// Wall-clock moment at which the chapter was set: distantPast() when it is not known, null when absent.
-    [[nodiscard]] const QDateTime& realDate() const { return m_realDate; }
+    [[nodiscard]] const QDateTime& realDate() const { return m_record->realDate; }
     void setRealDate(const QDateTime& date);
     /// The date as it was read, while it is what no QDateTime says. realDate() is then near to it, or distantPast()
     /// when it is too far away, and what is stored is this.
-    [[nodiscard]] const std::optional<ZLArchivedDate>& dateAsRead() const { return m_dateAsRead; }
+    [[nodiscard]] const std::optional<ZLArchivedDate>& dateAsRead() const { return m_record->dateAsRead; }
     /// Moves the date, later for positive `seconds`.
     void moveDate(double seconds);
 
-    [[nodiscard]] const QString& uuid() const { return m_uuid; }
+    [[nodiscard]] const QString& uuid() const { return m_record->uuid; }
     void setUuid(const QString& uuid);
 
     /// "01:02:05.500": truncated to milliseconds, with a leading "-" before the recording's start.
@@ -101,21 +92,12 @@ private:
     template <typename Dictionary>
     ZLChapter(std::in_place_t, const Dictionary& dictionary);
 
-    /// The value of the entry that has this place in the order of ZLChapterKey.
-    [[nodiscard]] QVariant entryAt(std::size_t place) const;
-    /// How many entries there are before the first null value.
-    [[nodiscard]] std::size_t entryCount() const;
+    /// The record, to be changed: one that is in a snapshot stays there as it is.
+    [[nodiscard]] ZLChapterRecord& recordToChange();
     void setDateAsRead(const ZLArchivedDate& date);
     void noteChange() const;
 
-    double m_timeStamp = 0.0;
-    bool m_enabled = true;
-    QString m_title = QStringLiteral("");
-    QString m_link = QStringLiteral("");
-    QString m_tags = QStringLiteral("");
-    QDateTime m_realDate = distantPast();
-    std::optional<ZLArchivedDate> m_dateAsRead;
-    QString m_uuid = generateUUID();
+    QExplicitlySharedDataPointer<ZLChapterRecord> m_record { new ZLChapterRecord };
 
     /// One for each place in a list. As a rule a chapter stands in one list.
     QVarLengthArray<ZLChapterObserver*, 1> m_observers;

@@ -49,16 +49,24 @@ void ZLChapterManager::loadChapters(const QVariantList& dictionaries)
     setChapters(chapters);
 }
 
-QVariantList ZLChapterManager::chaptersForSaving(ZLDictionaryForm form)
+QVariantList ZLChapterManager::chaptersForSaving()
 {
     sortChapters();
     QVariantList dictionaries;
     dictionaries.reserve(m_chapters.size());
-    for (const auto& chapter : std::as_const(m_chapters)) {
-        dictionaries.append(form == ZLDictionaryForm::Map ? QVariant(chapter->dictionaryRepresentation())
-                                                          : QVariant::fromValue(chapter->archivedRepresentation()));
-    }
+    for (const auto& chapter : std::as_const(m_chapters))
+        dictionaries.append(chapter->dictionaryRepresentation());
     return dictionaries;
+}
+
+ZLChapterSnapshot ZLChapterManager::snapshot()
+{
+    sortChapters();
+    ZLChapterSnapshot records;
+    records.reserve(m_chapters.size());
+    for (const auto& chapter : std::as_const(m_chapters))
+        records.append(chapter->record());
+    return records;
 }
 
 void ZLChapterManager::addChapter(ZLChapterPointer chapter)

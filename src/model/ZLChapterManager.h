@@ -28,7 +28,10 @@ public:
     void loadChapters(const QVariantList& dictionaries);
 
     /// The dictionaries of all chapters in list order.
-    [[nodiscard]] QVariantList chaptersForSaving(ZLDictionaryForm form = ZLDictionaryForm::Map);
+    [[nodiscard]] QVariantList chaptersForSaving();
+    /// What all chapters say at this moment, in list order. That takes little time, and the snapshot may be made into
+    /// dictionaries on another thread.
+    [[nodiscard]] ZLChapterSnapshot snapshot();
 
     void addChapter(ZLChapterPointer chapter);
     /// `index` from 0 to count(); any other is refused with a warning and changes nothing. With sorting on it only

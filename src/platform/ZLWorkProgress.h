@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <atomic>
 
 /// How far a long piece of work is, and the wish to end it early. Any thread may read and cancel.
@@ -18,7 +19,7 @@ public:
     [[nodiscard]] double fraction() const
     {
         const qint64 total = m_total;
-        return total > 0 ? double(m_done) / double(total) : 0.0;
+        return total > 0 ? std::min(double(m_done) / double(total), 1.0) : 0.0;
     }
 
     void cancel() { m_isCancelled = true; }

@@ -29,7 +29,7 @@ void ZLHotkeyController::setupHotkeys()
     Q_EMIT hotKeysDidChange();
 }
 
-void ZLHotkeyController::hotkeyAction(const QString& identifier)
+void ZLHotkeyController::hotkeyAction(const QString& identifier, std::optional<ZLPressStamp> press)
 {
     // A desktop gives back the text only; the delegate wants the published constant.
     const ZLRemoteAction* row = ZLRemoteActions::withIdentifier(identifier);
@@ -38,7 +38,8 @@ void ZLHotkeyController::hotkeyAction(const QString& identifier)
     const QList<ZLHotKey> hotKeys = m_center.allHotKeys();
     const auto pressed = std::ranges::find(hotKeys, identifier, &ZLHotKey::identifier);
     const bool hasOptionKey = pressed != hotKeys.end() && pressed->containsOptionKey();
-    deliverAction(row->identifier, { .origin = ZLRemoteOrigin::Shortcut, .hasOptionKey = hasOptionKey });
+    deliverAction(
+        row->identifier, { .origin = ZLRemoteOrigin::Shortcut, .hasOptionKey = hasOptionKey, .press = press });
 }
 
 QString ZLHotkeyController::actionForSettingsKey(const QString& settingsKey)

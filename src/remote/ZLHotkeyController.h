@@ -17,7 +17,7 @@ public:
     /// Takes every hot key out of the centre, also those of others, and registers those that are stored.
     void setupHotkeys();
     /// Delivers the action of the hot key that fired.
-    void hotkeyAction(const QString& identifier);
+    void hotkeyAction(const QString& identifier, std::optional<ZLPressStamp> press = {});
 
     /// "" for a key that is none of the six.
     [[nodiscard]] static QString actionForSettingsKey(const QString& settingsKey);

@@ -90,22 +90,23 @@ void ZLOSCController::receivedOSCMessage(const ZLOSCReceivedMessage& received)
         QMetaObject::invokeMethod(this, [this, received] { receivedOSCMessage(received); }, Qt::QueuedConnection);
         return;
     }
-    const Result result = carryOut(received.message, ZLRemoteOrigin::OSC);
+    const Result result = carryOut(received.message, { .origin = ZLRemoteOrigin::OSC, .press = received.stamp });
     // Later, since the sender may be waiting for the answer.
     logReceived(received.message, received.peer.text(), received.receivedAt, result);
     if (ZLSettingsManager::oscAnswersSenders())
         m_answeredSenders.noteCommand(received.peer, m_setup.hostClock->now());
 }
 
-QString ZLOSCController::performMessage(const ZLOSCMessage& message, const QString& peer)
+QString ZLOSCController::performMessage(
+    const ZLOSCMessage& message, const QString& peer, std::optional<ZLPressStamp> press)
 {
     const qint64 receivedAt = QDateTime::currentMSecsSinceEpoch();
-    const Result result = carryOut(message, ZLRemoteOrigin::CommandSocket);
+    const Result result = carryOut(message, { .origin = ZLRemoteOrigin::CommandSocket, .press = press });
     logReceived(message, peer, receivedAt, result);
     return result.outcome;
 }
 
-ZLOSCController::Result ZLOSCController::carryOut(const ZLOSCMessage& message, ZLRemoteOrigin origin)
+ZLOSCController::Result ZLOSCController::carryOut(const ZLOSCMessage& message, const ZLRemoteSource& source)
 {
     if (!isCommand(message))
         return { .outcome = ZLOSCLogTexts::reasonToIgnore(message), .isProblem = true };
@@ -115,7 +116,7 @@ ZLOSCController::Result ZLOSCController::carryOut(const ZLOSCMessage& message, Z
         qCInfo(oscLog, "%s", "-[ZLOSCController receivedOSCMessage:]");
         qCInfo(oscLog, "m: %s", qUtf8Printable(message.description()));
     }
-    deliverAction(action->identifier, { .origin = origin });
+    deliverAction(action->identifier, source);
     return { .outcome = outcome.description(*action), .isProblem = !outcome.hadEffect() };
 }
 

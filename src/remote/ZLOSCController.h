@@ -57,7 +57,7 @@ public:
     /// May be called on any thread.
     void receivedOSCMessage(const ZLOSCReceivedMessage& received);
     /// Carries out a message that came by another way than the network; what became of it, as the log says it.
-    QString performMessage(const ZLOSCMessage& message, const QString& peer);
+    QString performMessage(const ZLOSCMessage& message, const QString& peer, std::optional<ZLPressStamp> press = {});
 
     void sendUpdatesStatusInformation();
     /// Sends nothing unless the document records.
@@ -71,7 +71,7 @@ private:
         bool isProblem = false;
     };
 
-    [[nodiscard]] Result carryOut(const ZLOSCMessage& message, ZLRemoteOrigin origin);
+    [[nodiscard]] Result carryOut(const ZLOSCMessage& message, const ZLRemoteSource& source);
     void logReceived(const ZLOSCMessage& message, const QString& peer, qint64 receivedAt, const Result& result);
     [[nodiscard]] ZLChapterDocument* currentDocument() const;
     [[nodiscard]] QList<ZLOSCMessage> statusMessages() const;

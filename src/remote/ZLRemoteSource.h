@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ZLPressStamp.h"
+
 #include <QString>
 
 #include <optional>
@@ -12,6 +14,8 @@ struct ZLRemoteSource {
     ZLRemoteOrigin origin = ZLRemoteOrigin::OSC;
     /// Whether Alt is among the keys that gave the command; absent when no keys gave it.
     std::optional<bool> hasOptionKey {};
+    /// When the press reached the computer; absent when only its being carried out tells.
+    std::optional<ZLPressStamp> press {};
 
     /// "OSC", "zelta send" or "a global shortcut"
     [[nodiscard]] QString name() const;

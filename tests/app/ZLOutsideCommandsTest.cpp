@@ -40,7 +40,7 @@ protected:
     [[nodiscard]] ZLDocumentControllerSetup setup()
     {
         ZLDocumentControllerSetup result;
-        result.environment.hostClock = std::make_shared<ZLFakeHostClock>();
+        result.environment.hostClock = m_clock;
         result.environment.isOptionKeyHeld = [this] { return m_isOptionKeyHeld; };
         result.machinery.executor = [](const std::function<void()>& task) { task(); };
         result.stateFolder = m_folder.path();
@@ -72,6 +72,7 @@ protected:
     }
 
     ZLTemporarySettings m_settings;
+    std::shared_ptr<ZLFakeHostClock> m_clock = std::make_shared<ZLFakeHostClock>();
     QTemporaryDir m_folder;
     ZLRecordingHotKeyCenter m_center;
     bool m_isOptionKeyHeld = false;
@@ -162,4 +163,22 @@ TEST_F(ZLOutsideCommandsTest, AShortcutForTheStartThatContainsAltBeginsWithABlan
     EXPECT_TRUE(m_first->isRecording());
     EXPECT_EQ(titles(m_first), QStringList { u""_s });
     EXPECT_EQ(m_first->templateViewController().chapterManager().count(), 2);
+}
+
+TEST_F(ZLOutsideCommandsTest, AllThreeWaysCarryTheTimeOfThePressToTheClock)
+{
+    record(ZLKeyComboKey::NewChapter, storedControl);
+    commands().pinTo(m_second);
+    const double start = m_clock->now();
+    m_clock->advance(60.0);
+    m_application->oscController().receivedOSCMessage(
+        { ZLOSCMessage(u"/zl/newChapter"_s, { 1.0F }), { QHostAddress::LocalHost, 9 }, 0, ZLPressStamp(start + 10.0) });
+    m_center.pressTime = start + 20.0;
+    pressKeys(storedControl);
+    m_application->oscController().performMessage(
+        ZLOSCMessage(u"/zl/newChapter"_s, { 1.0F }), u"zelta send"_s, ZLPressStamp(start + 30.0));
+    m_second->addChapterButtonPressed();
+    EXPECT_EQ(
+        ZLTestChapters::times(m_second->chapterManager().allChapters()), (QList<double> { 10.0, 20.0, 30.0, 60.0 }))
+        << "and what comes after is not of that time any more";
 }

@@ -53,7 +53,8 @@ ALLOWED = {
     "document/editing": "platform model settings templates document/shared document/recording",
     "document": "platform platform/archive model lists settings templates document/shared document/recording"
     " document/editing",
-    "document/saving": "platform platform/archive model document/shared document/recording document",
+    "document/saving/journal": "platform platform/archive model document/shared document/recording document",
+    "document/saving": "platform model document document/saving/journal",
     "following": "platform platform/keyring model settings document/shared document recorder",
     "following/ui": "platform/window model document document/ui following",
     "commands": "settings document",
@@ -72,7 +73,9 @@ ALLOWED = {
     "delivery": "platform platform/media platform/media/file model document document/saving",
     "delivery/ui": "platform platform/media lists templates/ui document/ui export/ui delivery",
     "import/ui": "platform model templates/ui document/ui import",
-    "delivery/fit": "platform platform/media/decoding alignment model",
+    "delivery/fit": "platform platform/media platform/media/decoding platform/sound alignment model document/shared"
+    " document",
+    "delivery/fit/ui": "platform lists templates/ui document/ui delivery/fit",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
     "app/session": "platform document document/saving",
     "app": "platform platform/activity platform/keyring platform/media/file platform/osc platform/sound resources/sounds model"
@@ -86,9 +89,9 @@ ALLOWED = {
     " export/ui delivery app app/ui/saving",
     "app/ui/shortcuts": "platform/hotkey platform/window settings templates/ui commands document/ui/menus document/ui"
     " app",
-    "app/ui/windows": "platform platform/filemanager platform/window templates/ui document/concerns document/ui/table"
-    " document/ui/menus document/ui export export/lists export/ui import delivery delivery/ui import/ui app"
-    " app/ui/saving app/ui/menus",
+    "app/ui/windows": "platform platform/filemanager platform/window resources/sounds templates/ui document/concerns"
+    " document/ui/table document/ui/menus document/ui export export/lists export/ui import delivery delivery/fit delivery/fit/ui"
+    " delivery/ui import/ui app app/ui/saving app/ui/menus",
     "app/ui/outside": "platform/dnssd model templates/ui following following/ui commands document/ui/menus document/ui remote remote/ui app"
     " app/ui/windows",
     "app/ui": "platform platform/activity platform/dnssd platform/notification platform/sound platform/window"

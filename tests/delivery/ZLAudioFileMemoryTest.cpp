@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 class ZLAudioFileMemoryTest : public testing::Test {
 protected:
     QTemporaryDir m_folder;
-    const ZLAudioFileMemory m_memory { m_folder.filePath(u"state"_s) };
+    const ZLAudioFileMemory m_memory { m_folder.filePath(u"state"_s), ZLAudioFileMemory::WrittenFiles };
     const ZLRememberedAudio m_audio { .paths = { u"/a/ä.mp3"_s, u"/a/b.m4a"_s }, .shift = -12.345 };
 };
 

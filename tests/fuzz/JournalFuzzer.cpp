@@ -1,8 +1,8 @@
 // Bytes from anywhere into the reader of journals. The digests keep altered bytes out, so what follows the first byte
 // is also taken for payloads and framed anew: then the reader has to judge what they say.
 #include "document/ZLDocumentFile.h"
-#include "document/saving/ZLJournalReader.h"
-#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalReader.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 
 #include <cstddef>
 #include <cstdint>

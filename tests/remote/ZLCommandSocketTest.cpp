@@ -3,12 +3,16 @@
 #include "platform/osc/ZLOSCCodec.h"
 
 #include <QDataStream>
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 #include <gtest/gtest.h>
+
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
 
 using namespace Qt::StringLiterals;
 
@@ -19,7 +23,7 @@ protected:
     [[nodiscard]] std::unique_ptr<ZLCommandSocket> makeSocket(const QString& answer = u"done"_s)
     {
         return std::make_unique<ZLCommandSocket>(
-            [this, answer](const ZLOSCMessage& message) {
+            [this, answer](const ZLOSCMessage& message, const ZLPressStamp&) {
                 m_messages.append(message);
                 return answer;
             },
@@ -59,6 +63,21 @@ protected:
         QByteArray result;
         QDataStream(&result, QIODevice::WriteOnly) << size;
         return result + bytes;
+    }
+
+    /// Handles no event until a while after the other side has read what was written; gives the moment at which events
+    /// may be handled again.
+    static double busyUntilRead(const QLocalSocket& socket)
+    {
+        const QDeadlineTimer limit(socketDeadlineMilliseconds);
+        int unread = 1;
+        while (unread > 0 && !limit.hasExpired()) {
+            QThread::msleep(1);
+            ioctl(int(socket.socketDescriptor()), SIOCOUTQ, &unread);
+        }
+        EXPECT_EQ(unread, 0);
+        QThread::msleep(30);
+        return ZLSteadyHostClock().now();
     }
 
     QTemporaryDir m_folder;
@@ -158,4 +177,30 @@ TEST_F(ZLCommandSocketTest, AFolderThatLiesDeepIsNoObstacle)
     const ZLResult<QString> answer = send(m_command);
     ASSERT_TRUE(answer) << qPrintable(answer.error().message);
     EXPECT_EQ(answer.value(), u"from the deep"_s);
+}
+
+TEST_F(ZLCommandSocketTest, ACommandHasTheTimeOfItsArrivalHoweverBusyTheMainThreadIs)
+{
+    std::optional<ZLPressStamp> press;
+    const ZLCommandSocket socket(
+        [&press](const ZLOSCMessage&, const ZLPressStamp& stamp) {
+            press = stamp;
+            return u"done"_s;
+        },
+        m_path);
+    const ZLSteadyHostClock clock;
+    const QByteArray datagram = ZLOSCCodec::encode(m_command).value();
+    QLocalSocket other;
+    other.connectToServer(m_path);
+    ASSERT_TRUE(other.waitForConnected(socketDeadlineMilliseconds));
+    const double begin = clock.now();
+    other.write(sized(quint32(datagram.size()), datagram));
+    ASSERT_TRUE(other.waitForBytesWritten(socketDeadlineMilliseconds));
+    const double end = busyUntilRead(other);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return press.has_value(); }, socketDeadlineMilliseconds));
+    EXPECT_GE(press->hostTime(), begin);
+    EXPECT_LE(press->hostTime(), end);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return other.state() == QLocalSocket::UnconnectedState; }, socketDeadlineMilliseconds));
+    EXPECT_EQ(other.readAll(), QByteArray("done"));
 }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/ZLHostClock.h"
 #include "platform/hotkey/ZLHotKeyCenter.h"
 
 #include <QMap>
+
+#include <optional>
 
 /// A window system with hot keys in the hands of the test.
 class ZLRecordingHotKeyCenter final : public ZLHotKeyCenter {
@@ -15,7 +18,7 @@ public:
     {
         for (auto hotKey = active.cbegin(); hotKey != active.cend(); ++hotKey) {
             if (hotKey->keyCombo == combo)
-                Q_EMIT hotKeyPressed(hotKey.key());
+                Q_EMIT hotKeyPressed(hotKey.key(), ZLPressStamp(pressTime.value_or(ZLSteadyHostClock().now())));
         }
     }
 
@@ -29,6 +32,8 @@ public:
     QList<ZLKeyCombo> held;
     QMap<QString, ZLHotKey> active;
     QString unavailability;
+    /// When the next press reaches the computer; absent for the moment at which it is handled.
+    std::optional<double> pressTime;
 
 protected:
     void activateHotKey(const ZLHotKey& hotKey) override

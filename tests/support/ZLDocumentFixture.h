@@ -11,6 +11,8 @@
 #include <QTimeZone>
 #include <gtest/gtest.h>
 
+#include <optional>
+
 /// A document without a window, with everything around it in the hands of the test: both clocks, the keyboard, the
 /// sound and the notifications. No chapter is created by itself until a test asks for that.
 class ZLDocumentFixture : public testing::Test {
@@ -26,6 +28,7 @@ protected:
             .isApplicationActive = [this] { return m_isApplicationActive; },
             .isOptionKeyHeld = [this] { return m_isOptionKeyHeld; },
             .isCommandFromOutside = [this] { return m_isCommandFromOutside; },
+            .pressUnderWay = [this] { return m_press; },
             .soundNamed = [this](const QString& name) { return makeSound(name); },
             .notificationCenter = m_notificationCenter,
         };
@@ -81,6 +84,8 @@ protected:
     bool m_isCommandFromOutside = false;
     std::shared_ptr<ZLRecordingNotificationCenter> m_notificationCenter =
         std::make_shared<ZLRecordingNotificationCenter>();
+    /// Of the command that the test gives next.
+    std::optional<ZLPressStamp> m_press;
     /// The latest sound that the document asked for, and the names of all of them.
     QPointer<ZLFakeSound> m_sound;
     QStringList m_soundNames;

@@ -18,6 +18,7 @@ ZLDocumentControllerSetup desktopSetup(const ZLDesktopApplication& events, ZLApp
     ZLDocumentControllerSetup setup;
     setup.environment.isApplicationActive = &ZLApplicationFocus::isActive;
     setup.environment.isOptionKeyHeld = [&events] { return events.isOptionKeyHeld(); };
+    setup.environment.pressUnderWay = [&events] { return events.pressUnderWay(); };
     setup.environment.soundNamed = sounds.soundNamed();
     setup.environment.bootClock = std::make_shared<ZLBootClock>();
     setup.environment.notificationCenter = std::make_shared<ZLBusNotificationCenter>();
@@ -31,7 +32,7 @@ ZLDesktop::ZLDesktop(ZLDesktopApplication& events, const ZLCommandLine& commandL
     , m_application(desktopSetup(events, m_sounds), float(QFontInfo(QApplication::font()).pointSizeF()),
           { m_hotKeyCenter.get(), commandLine.oscPort, commandLine.oscOutputs,
               std::make_unique<ZLAvahiServicePublisher>(), ZLProcessActivity::create() })
-    , m_windows(m_application.documentController())
+    , m_windows(m_application.documentController(), m_sounds.soundMaker())
     , m_keyEquivalents(m_application.documentController(), m_application.commandKeys())
     , m_remoteStatus(m_application)
     , m_outsideTarget(m_application)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ui/ZLInputPress.h"
 #include "app/ui/ZLModifierState.h"
 #include "app/ui/look/ZLReadablePalette.h"
 #include "platform/window/ZLApplicationFocus.h"
@@ -15,6 +16,8 @@ public:
 
     /// Whether Alt is held in the event that is being handled.
     [[nodiscard]] bool isOptionKeyHeld() const { return m_modifiers.isOptionKeyHeld(); }
+    /// When the key or button was pressed whose event is being handled; absent when it is no such event.
+    [[nodiscard]] const std::optional<ZLPressStamp>& pressUnderWay() const { return m_press.underWay(); }
     [[nodiscard]] ZLApplicationFocus& focus() { return m_focus; }
 
     /// Dispatches as inherited, and then announces a modifier key that was pressed or released. No event is swallowed.
@@ -31,6 +34,7 @@ private:
     void forgetModifiers();
 
     ZLModifierState m_modifiers;
+    ZLInputPress m_press;
     ZLApplicationFocus m_focus;
     ZLReadablePalette m_palette;
 };

@@ -2,27 +2,31 @@
 
 #include <algorithm>
 
-ZLFit ZLFit::of(const ZLChapterSequence& chapters, const ZLSoundAlignment& alignment, double zero)
+ZLFit ZLFit::of(const ZLShowMarks& marks, const ZLSoundAlignment& alignment, double zero)
 {
-    ZLFit fit { {}, alignment };
+    ZLFit fit { {}, alignment, zero };
     const ZLShowMap map(alignment);
-    for (qsizetype index = 0; index < chapters.size(); ++index) {
-        const double time = chapters[index]->timeStamp();
-        const double end = index + 1 < chapters.size() ? chapters[index + 1]->timeStamp() : alignment.showLength - zero;
-        fit.chapters.append({ chapters[index], time, map.place(time + zero, end + zero) });
+    for (qsizetype index = 0; index < marks.size(); ++index) {
+        const double time = marks[index].showTime;
+        const double end = index + 1 < marks.size() ? marks[index + 1].showTime : alignment.showLength - zero;
+        fit.chapters.append({ marks[index], map.place(time + zero, end + zero) });
     }
     return fit;
+}
+
+qsizetype ZLFit::count(ZLMomentState state) const
+{
+    return std::ranges::count_if(
+        chapters, [state](const ZLFittedChapter& found) { return found.place.state == state; });
 }
 
 ZLChapterSequence ZLFit::fittedChapters() const
 {
     ZLChapterSequence fitted;
     for (const ZLFittedChapter& found : chapters) {
-        const auto chapter = std::make_shared<ZLChapter>(found.chapter->archivedRepresentation());
-        if (found.place.state != ZLMomentState::NotFound)
-            chapter->setTimeStamp(found.place.fileTime);
-        if (!found.isInFile())
-            chapter->setEnabled(false);
+        const auto chapter = std::make_shared<ZLChapter>(found.mark.chapter->archivedRepresentation());
+        chapter->setTimeStamp(found.newTime());
+        chapter->setEnabled(found.isEnabledThere());
         fitted.append(chapter);
     }
     return fitted;

@@ -40,8 +40,8 @@ double rounded(double seconds)
 
 QJsonObject objectOf(const ZLFittedChapter& found)
 {
-    const bool isFound = found.place.state != ZLMomentState::NotFound;
-    return { { u"uuid"_s, found.chapter->uuid() }, { u"oldTime"_s, rounded(found.oldTime) },
+    const bool isFound = found.isFound();
+    return { { u"uuid"_s, found.mark.chapter->uuid() }, { u"oldTime"_s, rounded(found.oldTime()) },
         { u"newTime"_s, isFound ? QJsonValue(rounded(found.place.fileTime)) : QJsonValue() },
         { u"state"_s, stateWord(found.place.state) }, { u"confidence"_s, rounded(found.place.confidence) } };
 }
@@ -75,12 +75,12 @@ QString ZLFitReport::table(const ZLFit& fit)
     QString text;
     for (qsizetype index = 0; index < fitted.size(); ++index) {
         const ZLFittedChapter& found = fit.chapters[index];
-        const bool isFound = found.place.state != ZLMomentState::NotFound;
-        text += u"%1  %2  %3  %4  %5\n"_s.arg(found.chapter->timeString(),
+        const bool isFound = found.isFound();
+        text += u"%1  %2  %3  %4  %5\n"_s.arg(found.mark.chapter->timeString(),
             isFound ? fitted[index]->timeString() : u"–"_s.leftJustified(12),
             stateText(found.place.state).leftJustified(17),
             u"%1 %"_s.arg(std::lround(found.place.confidence * 100.0)).rightJustified(5),
-            ZLShownText::asOneLine(ZLShownText::shortened(found.chapter->title())));
+            ZLShownText::asOneLine(ZLShownText::shortened(found.mark.chapter->title())));
     }
     return text;
 }

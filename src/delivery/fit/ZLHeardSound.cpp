@@ -15,8 +15,9 @@ struct HeardSoundTexts {
 
 }
 
-ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, const ZLWorkProgress& progress)
+ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, ZLWorkProgress& progress)
 {
+    progress.begin(qint64(ZLSoundDecoder::claimedSeconds(path).value_or(0.0) * ZLSoundFingerprint::SamplesPerSecond));
     ZLFingerprinter fingerprinter;
     ZLSoundFingerprint fingerprint;
     const auto takeFrames = [&] {
@@ -27,6 +28,7 @@ ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, co
         ZLSoundDecoder::decode(path, ZLSoundFingerprint::SamplesPerSecond, [&](std::span<const float> samples) {
             fingerprinter.hear(samples);
             takeFrames();
+            progress.advance(qint64(samples.size()));
             return !progress.isCancelled();
         });
     if (!status)

@@ -10,6 +10,7 @@
 namespace ZLHeardSound {
 
 /// The fingerprint of the sound in a file; what was heard so far when it is cancelled. The error names the file.
-[[nodiscard]] ZLResult<ZLSoundFingerprint> fingerprintOf(const QString& path, const ZLWorkProgress& progress);
+/// The progress stays at 0 while it is not known how long the sound is.
+[[nodiscard]] ZLResult<ZLSoundFingerprint> fingerprintOf(const QString& path, ZLWorkProgress& progress);
 
 }

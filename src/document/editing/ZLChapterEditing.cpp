@@ -1,6 +1,7 @@
 #include "document/editing/ZLChapterEditing.h"
 
 #include "document/recording/ZLRecording.h"
+#include "document/shared/ZLChapterMoves.h"
 #include "settings/ZLSettingsManager.h"
 #include "templates/ZLTemplatesViewController.h"
 
@@ -163,6 +164,7 @@ void ZLChapterEditing::moveChaptersByMilliseconds(float milliseconds)
         if (chapter->timeStamp() < 0.0)
             beforeStart.append(chapter);
     }
+    rememberMove(chapters, delta);
     // All of them in one step: refreshing once a chapter would make a long list crawl.
     setEnabledStates(beforeStart, false);
     m_basis.noteEdit(ZLDocumentChange::Times, {});
@@ -262,8 +264,8 @@ void ZLChapterEditing::announceGoing(const ZLChapterPointer& chapter)
 
 void ZLChapterEditing::stampWithClock(ZLChapter& chapter) const
 {
-    chapter.setTimeStamp(m_recording.clock().currentDuration());
-    chapter.setRealDate(m_basis.environment.wallClock());
+    chapter.setTimeStamp(m_recording.commandTime().reading());
+    chapter.setRealDate(m_recording.commandTime().wallClock());
 }
 
 void ZLChapterEditing::notifyOfNewChapter()
@@ -285,6 +287,15 @@ void ZLChapterEditing::updateInterfaceForNewChapter(const ZLChapterPointer& chap
     m_selection.selectRow(int(m_basis.chapters.indexOfChapter(chapter).value_or(0)));
     if (m_basis.environment.isApplicationActive())
         editCurrentTitle();
+}
+
+void ZLChapterEditing::rememberMove(const ZLChapterSequence& chapters, double seconds)
+{
+    // Undo and redo bring what was remembered back by themselves.
+    if (m_basis.undoManager.isUndoing() || m_basis.undoManager.isRedoing())
+        return;
+    for (const auto& chapter : chapters)
+        ZLChapterMoves::add(m_basis.extras, chapter->uuid(), seconds);
 }
 
 void ZLChapterEditing::setEnabledStates(const ZLChapterSequence& chapters, bool enabled)

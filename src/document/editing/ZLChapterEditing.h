@@ -72,6 +72,7 @@ private:
     void notifyOfNewChapter();
     void updateInterfaceForNewChapter(const ZLChapterPointer& chapter);
     /// Those that are in this state already are left out; without any other there is no step.
+    void rememberMove(const ZLChapterSequence& chapters, double seconds);
     void setEnabledStates(const ZLChapterSequence& chapters, bool enabled);
     void editSelectedRow(const QString& columnIdentifier);
 

@@ -21,6 +21,7 @@ ZLRecording::ZLRecording(ZLDocumentBasis& basis, Mark mark)
     , m_sleepWatcher(basis.environment.hostClock, basis.environment.bootClock)
     , m_interruption(basis, m_clock, m_sleepWatcher)
     , m_sleptTime(basis, m_clock, m_sleepWatcher)
+    , m_commandTime(basis.environment, m_clock, m_sleptTime)
 {
     connect(&m_clock, &ZLRecordingClock::displayIsDue, this, &ZLRecording::tick);
 }
@@ -37,14 +38,14 @@ void ZLRecording::recordButtonPressed()
     if (m_clock.isRunning()) {
         m_sleptTime.noticeSleep();
         const double originalDuration = m_clock.duration();
-        stop(originalDuration, m_clock.currentDuration(), m_clock.startTime());
+        stop(originalDuration, m_commandTime.reading(), m_clock.startTime());
     } else if (m_recorderStart && m_recorderStart()) {
         m_basis.changes.note(ZLDocumentChange::Recording);
     } else if (ZLSettingsManager::playSoundBeforeRecording()) {
         playStartBeep();
         m_basis.changes.note(ZLDocumentChange::Recording);
     } else {
-        startNow();
+        beginSpanAt(m_commandTime.hostTime());
     }
 }
 
@@ -55,13 +56,12 @@ void ZLRecording::soundDidFinishPlaying()
         m_beep.release()->deleteLater();
     // An undo or redo may have started the clock while the beep was playing.
     if (!m_clock.isRunning())
-        startNow();
+        beginSpanAt(m_clock.hostTime());
 }
 
 void ZLRecording::startWithRecorder(double hostTime)
 {
-    m_sleepWatcher.restart();
-    startWithTime(hostTime);
+    beginSpanAt(hostTime);
 }
 
 void ZLRecording::startWithTime(double hostTime)
@@ -116,6 +116,7 @@ void ZLRecording::beginAnewAt(double duration)
 void ZLRecording::_realStartWithTime(double hostTime)
 {
     m_clock.startAt(hostTime);
+    const ZLCommandTime::Moment start(m_commandTime, hostTime);
     createAutomaticChapter();
     noteStartOrStop();
 }
@@ -132,10 +133,10 @@ void ZLRecording::noteStartOrStop()
     m_basis.changes.note(ZLDocumentChange::Recording);
 }
 
-void ZLRecording::startNow()
+void ZLRecording::beginSpanAt(double hostTime)
 {
     m_sleepWatcher.restart();
-    startWithTime(m_clock.hostTime());
+    startWithTime(hostTime);
 }
 
 void ZLRecording::playStartBeep()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/recording/ZLCommandTime.h"
 #include "document/recording/ZLRecorderDifference.h"
 #include "document/recording/ZLRecordingClock.h"
 #include "document/recording/ZLRecordingInterruption.h"
@@ -31,6 +32,8 @@ public:
     [[nodiscard]] ZLSleptTime& sleptTime() { return m_sleptTime; }
     [[nodiscard]] const ZLSleptTime& sleptTime() const { return m_sleptTime; }
 
+    /// When the command was given that is being carried out.
+    [[nodiscard]] const ZLCommandTime& commandTime() const { return m_commandTime; }
     [[nodiscard]] ZLRecorderDifference& recorderDifference() { return m_recorderDifference; }
     [[nodiscard]] const ZLRecorderDifference& recorderDifference() const { return m_recorderDifference; }
 
@@ -49,6 +52,7 @@ public:
     void setRecorderStart(std::function<bool()> recorderStart) { m_recorderStart = std::move(recorderStart); }
     /// Starts the clock at once and without a beep; the recorder's recording began at `hostTime`, or its time was read.
     void startWithRecorder(double hostTime);
+    /// Starts the clock at this moment: the press that had the beep played came before it.
     void soundDidFinishPlaying();
     void startWithTime(double hostTime);
     void undoStartWithTime(double hostTime);
@@ -64,7 +68,7 @@ Q_SIGNALS:
 private:
     void _realStartWithTime(double hostTime);
     void _realStop();
-    void startNow();
+    void beginSpanAt(double hostTime);
     void playStartBeep();
     void noteStartOrStop();
     void createAutomaticChapter();
@@ -76,6 +80,7 @@ private:
     ZLSleepWatcher m_sleepWatcher;
     ZLRecordingInterruption m_interruption;
     ZLSleptTime m_sleptTime;
+    ZLCommandTime m_commandTime;
     ZLRecorderDifference m_recorderDifference { m_basis, m_clock };
     std::unique_ptr<ZLSound> m_beep;
     std::function<bool()> m_recorderStart;

@@ -39,8 +39,9 @@ void ZLSleptTime::noticeSleep()
     const double seconds = m_sleepWatcher.takeSleep();
     if (seconds == 0.0)
         return;
+    m_lastNoticedAt = m_clock.hostTime();
     m_sleeps.append({
-        .reading = m_clock.currentDuration(),
+        .reading = m_clock.readingAt(m_lastNoticedAt),
         .seconds = seconds,
         .begin = m_basis.environment.wallClock().addMSecs(-std::llround(seconds * 1000.0)),
     });

@@ -19,6 +19,8 @@ public:
 
     /// Looks whether the computer has slept. A running clock does so ten times a second, and before every mark.
     void noticeSleep();
+    /// Host time at which the last sleep was noticed: what is carried out later was given after it. 0 for none.
+    [[nodiscard]] double lastNoticedAt() const { return m_lastNoticedAt; }
     /// In order. Those that lie beyond the clock, because its start was undone, are left out.
     [[nodiscard]] QList<ZLSleepWhileRecording> undecided() const;
     /// Adds the time of all of them to the clock, and to each chapter the time of those that lie before it: that is to
@@ -42,4 +44,5 @@ private:
     ZLRecordingClock& m_clock;
     ZLSleepWatcher& m_sleepWatcher;
     QList<ZLSleepWhileRecording> m_sleeps;
+    double m_lastNoticedAt = 0.0;
 };

@@ -25,6 +25,12 @@ bool isOfAnotherProgram(const ZLFoundFile& found)
     return found.finding == ZLFileFinding::Read || found.finding == ZLFileFinding::TooLarge;
 }
 
+bool isThereAlready(const ZLWriteOrder& order, const QByteArray& bytes)
+{
+    // A file of the recovery folder may have been taken away; that of a user, when it is away, is a matter of its own.
+    return !order.present.isEmpty() && order.present == bytes && (!order.isForOwnerOnly || QFile::exists(order.path));
+}
+
 ZLError conflictError(const QString& path)
 {
     return { QCoreApplication::translate("ZLBackgroundWrite", "%1: Another program changed the file.").arg(path) };
@@ -40,7 +46,9 @@ void ZLBackgroundWrite::run(const std::function<void()>& didWrite)
             return;
         m_progress = Progress::Running;
     }
-    ZLWriteOutcome outcome = carryOut(m_order, m_writer);
+    const QByteArray bytes = makeBytes();
+    m_isAtDisk = true;
+    ZLWriteOutcome outcome = carryOut(m_order, bytes, m_writer);
     const std::lock_guard lock(m_mutex);
     if (m_progress == Progress::Abandoned)
         return;
@@ -79,9 +87,20 @@ bool ZLBackgroundWrite::abandon()
     return isUnderWay;
 }
 
-ZLWriteOutcome ZLBackgroundWrite::carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer)
+QByteArray ZLBackgroundWrite::makeBytes()
 {
-    ZLWriteOutcome outcome { .digest = ZLJournalRecords::digestOf(order.bytes) };
+    // The main thread does not look at the snapshot while the write runs. Letting go of many chapters takes time too.
+    const auto snapshot = std::exchange(m_order.snapshot, std::nullopt);
+    return snapshot ? snapshot->encoded() : m_order.bytes;
+}
+
+ZLWriteOutcome ZLBackgroundWrite::carryOut(
+    const ZLWriteOrder& order, const QByteArray& bytes, const ZLFileWriter& writer)
+{
+    ZLWriteOutcome outcome { .bytes = bytes, .isUnchanged = isThereAlready(order, bytes) };
+    if (outcome.isUnchanged)
+        return outcome;
+    outcome.digest = ZLJournalRecords::digestOf(bytes);
     if (order.replaceable) {
         if (const ZLFoundFile found = ZLBoundedFile::find(order.path, ZLFileBound::Document);
             !mayBeReplaced(found, order)) {
@@ -95,10 +114,10 @@ ZLWriteOutcome ZLBackgroundWrite::carryOut(const ZLWriteOrder& order, const ZLFi
         // Without the digest there, a power cut would make the file look like another program's, and nothing more.
         order.journal->waitUntilSynced(LongestWaitForJournal);
     }
-    outcome.status = writer(order.path, order.bytes);
+    outcome.status = writer(order.path, bytes);
     if (outcome && order.isForOwnerOnly)
         QFile::setPermissions(order.path, QFile::ReadOwner | QFile::WriteOwner);
     if (const auto& former = order.formerState; outcome && former)
-        outcome.keeping = order.stateKeeper->keep(*former, order.bytes);
+        outcome.keeping = order.stateKeeper->keep(*former, bytes);
     return outcome;
 }

@@ -1,14 +1,16 @@
 #pragma once
 
-#include "document/saving/ZLJournalFile.h"
+#include "document/ZLDocumentSnapshot.h"
 #include "document/saving/ZLKnownFile.h"
 #include "document/saving/ZLStateKeeper.h"
+#include "document/saving/journal/ZLJournalFile.h"
 #include "platform/ZLResult.h"
 
 #include <QByteArray>
 #include <QDeadlineTimer>
 #include <QString>
 
+#include <atomic>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
@@ -17,7 +19,11 @@
 /// What is to be on the disk, and where.
 struct ZLWriteOrder {
     QString path;
-    QByteArray bytes;
+    QByteArray bytes {};
+    /// What the bytes are made of by the thread that writes; absent when they are there already.
+    std::optional<ZLDocumentSnapshot> snapshot = {};
+    /// What the file is known to hold: with the same bytes it is not written. Empty when it is written in any case.
+    QByteArray present = {};
     /// A file that holds anything else was changed by another program and is left alone.
     ZLKnownVersions replaceable = {};
     /// Told of the bytes, and synced, before the file is touched; may be null.
@@ -34,9 +40,13 @@ struct ZLWriteOrder {
 /// What became of an order.
 struct ZLWriteOutcome {
     ZLStatus status = ZLDone {};
+    /// Those of the order, or those that were made of its snapshot.
+    QByteArray bytes = {};
+    /// Whether the file holds them already, which is why it was left alone. Then there is no digest.
+    bool isUnchanged = false;
     /// Whether the file holds what another program wrote, which is why it was left alone.
     bool isConflict = false;
-    /// Of the bytes of the order.
+    /// Of the bytes.
     QByteArray digest = {};
     /// What became of the order's former state.
     ZLStateKeeping keeping = ZLStateKeeping::NothingNew;
@@ -57,6 +67,7 @@ public:
     {
     }
 
+    /// Without its snapshot, once the write is over.
     [[nodiscard]] const ZLWriteOrder& order() const { return m_order; }
 
     /// Writes, then calls `didWrite`, both on the calling thread. Does nothing when the write was called off, and does
@@ -69,6 +80,8 @@ public:
     /// Whether it was, once it is over; only then there is an outcome.
     [[nodiscard]] bool wasCarriedOut() const;
     [[nodiscard]] const ZLWriteOutcome& outcome() const { return m_outcome; }
+    /// Whether the bytes are made, so that the disk alone is waited for.
+    [[nodiscard]] bool isAtDisk() const { return m_isAtDisk; }
     /// Makes a write that is under way keep silent about its end. Returns whether it is under way.
     bool abandon();
 
@@ -79,12 +92,15 @@ public:
 private:
     enum class Progress { Waiting, Running, Abandoned, Done, CalledOff };
 
-    [[nodiscard]] static ZLWriteOutcome carryOut(const ZLWriteOrder& order, const ZLFileWriter& writer);
+    [[nodiscard]] QByteArray makeBytes();
+    [[nodiscard]] static ZLWriteOutcome carryOut(
+        const ZLWriteOrder& order, const QByteArray& bytes, const ZLFileWriter& writer);
     [[nodiscard]] bool isOver() const { return m_progress == Progress::Done || m_progress == Progress::CalledOff; }
 
-    const ZLWriteOrder m_order;
+    ZLWriteOrder m_order;
     const ZLFileWriter m_writer;
     ZLWriteOutcome m_outcome;
+    std::atomic<bool> m_isAtDisk = false;
     mutable std::mutex m_mutex;
     std::condition_variable m_progressDidChange;
     Progress m_progress = Progress::Waiting;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/saving/ZLStandstill.h"
 #include "platform/ZLHostClock.h"
+#include "platform/ZLStandstill.h"
 
 #include <QObject>
 #include <QTimer>

@@ -1,6 +1,6 @@
 #include "document/saving/ZLDocumentHistory.h"
 
-#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
 #include "platform/ZLPrivateFolder.h"

@@ -1,6 +1,6 @@
 #include "document/saving/ZLDocumentRecovery.h"
 
-#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 #include "platform/ZLBoundedFile.h"
 
 #include <QFile>

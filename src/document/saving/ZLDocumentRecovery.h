@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/saving/ZLJournalReader.h"
 #include "document/saving/ZLRecoveryFolder.h"
+#include "document/saving/journal/ZLJournalReader.h"
 
 #include <functional>
 #include <memory>

@@ -41,6 +41,7 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     m_knownFile =
         ZLKnownFile(bytes, fileBytes.isEmpty() ? bytes : fileBytes, m_place.timeOfFile(m_document.wallClockTime()));
     m_reverting.setPoint(bytes);
+    m_journaling.setBase(bytes);
 }
 
 ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
@@ -49,6 +50,7 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
 {
     const QByteArray bytes = m_document.dataOfType();
     m_knownFile = ZLKnownFile(bytes, bytes, m_place.timeOfFile(m_document.wallClockTime()));
+    m_journaling.setBase(bytes);
     m_document.setDocumentEdited(hasContent());
 }
 
@@ -182,14 +184,14 @@ ZLStatus ZLDocumentSaver::saveNow(QDeadlineTimer deadline)
         return ZLError { m_failureText };
     if (keepNothingOfEmptyDocument())
         return ZLDone {};
-    auto order = makeOrder();
-    if (!order)
-        return noteFailure(order.error());
-    if (isOnDisk(order.value())) {
-        noteWritten(order.value().revision);
-        return ZLDone {};
-    }
-    const auto outcome = m_writer.write(std::move(order).value(), deadline);
+    auto made = makeOrder();
+    if (!made)
+        return noteFailure(made.error());
+    ZLWriteOrder order = std::move(made).value();
+    // Made here, since the deadline is for the disk alone.
+    order.bytes = order.snapshot->encoded();
+    order.snapshot.reset();
+    const auto outcome = m_writer.write(std::move(order), deadline);
     return outcome ? outcome->status : noteHangingFile();
 }
 
@@ -204,8 +206,6 @@ void ZLDocumentSaver::writeNewestState()
     auto order = makeOrder();
     if (!order) {
         noteFailure(order.error());
-    } else if (isOnDisk(order.value())) {
-        noteWritten(order.value().revision);
     } else {
         if (m_state != ZLSavingState::Failed)
             setState(ZLSavingState::Saving);
@@ -220,7 +220,8 @@ ZLResult<ZLWriteOrder> ZLDocumentSaver::makeOrder()
     // Else the journal, which is believed more, would lag behind the file.
     m_journaling.noteReading();
     ZLWriteOrder order { .path = path(),
-        .bytes = m_document.dataOfType(),
+        .snapshot = m_document.snapshot(),
+        .present = m_knownFile.bytes(),
         .replaceable = m_knownFile.versions(),
         .journal = m_journaling.file(),
         .stateKeeper = m_stateKeeper,
@@ -237,11 +238,6 @@ ZLResult<ZLWriteOrder> ZLDocumentSaver::makeOrder()
     if (!m_schedule.isEverythingWritten())
         order.formerState = m_states.stateToKeep(m_place.history(), m_knownFile);
     return order;
-}
-
-bool ZLDocumentSaver::isOnDisk(const ZLWriteOrder& order) const
-{
-    return m_knownFile.bytes() == order.bytes && (!isUntitled() || QFile::exists(order.path));
 }
 
 bool ZLDocumentSaver::keepNothingOfEmptyDocument()
@@ -301,6 +297,7 @@ void ZLDocumentSaver::moveTo(const ZLWriteOrder& order, const ZLWriteOutcome& ou
     m_place.moveTo(order.path);
     m_journaling.removeRecoveryFile();
     m_reverting.setPoint(order.bytes);
+    m_journaling.setBase(order.bytes);
     m_knownFile.noteWritten(order.bytes, outcome.digest, m_document.wallClockTime());
     noteWritten(order.revision);
     journalNow();
@@ -380,8 +377,10 @@ void ZLDocumentSaver::followDiskWatch()
 void ZLDocumentSaver::noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome)
 {
     m_states.noteOutcome(outcome.keeping);
-    if (outcome) {
-        m_knownFile.noteWritten(order.bytes, outcome.digest, m_document.wallClockTime());
+    if (outcome.isUnchanged) {
+        noteWritten(order.revision);
+    } else if (outcome) {
+        m_knownFile.noteWritten(outcome.bytes, outcome.digest, m_document.wallClockTime());
         noteWritten(order.revision);
     } else if (outcome.isConflict) {
         noteConflict(outcome.status.error());

@@ -4,7 +4,6 @@
 #include "document/saving/ZLDiskWatch.h"
 #include "document/saving/ZLDocumentPlace.h"
 #include "document/saving/ZLDocumentWriter.h"
-#include "document/saving/ZLJournalReader.h"
 #include "document/saving/ZLJournaling.h"
 #include "document/saving/ZLKnownFile.h"
 #include "document/saving/ZLReverting.h"
@@ -12,6 +11,7 @@
 #include "document/saving/ZLSilentDisk.h"
 #include "document/saving/ZLStateRhythm.h"
 #include "document/saving/ZLWriteSchedule.h"
+#include "document/saving/journal/ZLJournalReader.h"
 #include "platform/ZLBoundedFile.h"
 
 #include <QDeadlineTimer>
@@ -29,9 +29,10 @@ enum class ZLSavingState {
 };
 
 /// Keeps one document on the disk: in the user's file, or while it has none in a file of the recovery folder, which
-/// stands exactly while there is something worth keeping. The bytes are made on the main thread, which is quick; a
-/// worker writes them, so that a slow disk delays nothing. One write at a time; the newest state wins. What is not in
-/// the file yet, or cannot be brought there, is in a journal in the recovery folder from the moment of its change.
+/// stands exactly while there is something worth keeping. A worker makes the bytes from a snapshot and writes them, so
+/// that neither a long document nor a slow disk delays anything. One write at a time; the newest state wins. What is
+/// not in the file yet, or cannot be brought there, is in a journal in the recovery folder from the moment of its
+/// change.
 class ZLDocumentSaver : public QObject, private ZLChangeRecorder {
     Q_OBJECT
 
@@ -135,7 +136,6 @@ private:
     void planWrite();
     [[nodiscard]] bool keepNothingOfEmptyDocument();
     [[nodiscard]] ZLResult<ZLWriteOrder> makeOrder();
-    [[nodiscard]] bool isOnDisk(const ZLWriteOrder& order) const;
     [[nodiscard]] QDeadlineTimer commandDeadline() const;
     void moveTo(const ZLWriteOrder& order, const ZLWriteOutcome& outcome);
     ZLError noteHangingFile();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/saving/ZLBackgroundWrite.h"
-#include "document/saving/ZLStandstill.h"
+#include "platform/ZLStandstill.h"
 
 #include <QDeadlineTimer>
 #include <QObject>
@@ -25,7 +25,10 @@ public:
     ~ZLDocumentWriter() override;
 
     [[nodiscard]] bool isUnderWay() const { return m_write != nullptr; }
-    [[nodiscard]] ZLProgress progress() const { return { .isAwaited = isUnderWay(), .reached = m_begunCount }; }
+    [[nodiscard]] ZLProgress progress() const
+    {
+        return { .isAwaited = isUnderWay(), .reached = m_begunCount, .isAtDisk = isUnderWay() && m_write->isAtDisk() };
+    }
 
     /// Begins a write; none may be under way.
     void start(ZLWriteOrder order);

@@ -53,8 +53,7 @@ void ZLJournaling::begin()
         setFailureText(ensured.error().message);
         return;
     }
-    m_journal.begin(
-        m_place.recoveryFile()->journalPath(), m_place.path(), m_knownFile.versions(), m_document.dataOfType());
+    m_journal.begin(m_place.recoveryFile()->journalPath(), m_place.path(), m_knownFile.versions());
 }
 
 void ZLJournaling::retry()

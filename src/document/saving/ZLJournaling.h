@@ -1,9 +1,9 @@
 #pragma once
 
 #include "document/saving/ZLDiskWatch.h"
-#include "document/saving/ZLDocumentJournal.h"
 #include "document/saving/ZLDocumentPlace.h"
 #include "document/saving/ZLKnownFile.h"
+#include "document/saving/journal/ZLDocumentJournal.h"
 
 #include <QDeadlineTimer>
 #include <QObject>
@@ -29,6 +29,8 @@ public:
     /// The file that the journal is written to, which a write of the document tells what it writes; null for none.
     [[nodiscard]] const std::shared_ptr<ZLJournalFile>& file() const { return m_journal.file(); }
 
+    /// The document as it is now, in bytes that are there already. To be called while no journal is begun.
+    void setBase(const QByteArray& bytes) { m_journal.setBase(bytes); }
     /// Journals what changed, and waits until the kernel has it.
     void note();
     /// Begins a journal from the document as it is now.

@@ -1,7 +1,7 @@
 #include "document/saving/ZLKnownFile.h"
 
-#include "document/saving/ZLJournalRecord.h"
 #include "document/saving/ZLNewIdentifiers.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 
 ZLKnownFile::ZLKnownFile(const QByteArray& bytes, const QByteArray& fileBytes, const QDateTime& time)
     : m_bytes(bytes)

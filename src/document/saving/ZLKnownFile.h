@@ -1,14 +1,10 @@
 #pragma once
 
+#include "document/saving/journal/ZLKnownVersions.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QList>
-
-#include <optional>
-
-/// Digests of what a file may hold without being the work of another program; absent when whatever it holds may be
-/// replaced.
-using ZLKnownVersions = std::optional<QList<QByteArray>>;
 
 /// What a document's file holds, as far as this program knows: what it read there or wrote there last.
 class ZLKnownFile {

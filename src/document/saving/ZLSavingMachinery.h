@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/saving/ZLBackgroundWrite.h"
-#include "document/saving/ZLJournalFile.h"
+#include "document/saving/journal/ZLJournalFile.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLHostClock.h"
 

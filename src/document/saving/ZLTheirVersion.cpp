@@ -2,7 +2,7 @@
 
 #include "document/ZLUnreadableDocument.h"
 #include "document/saving/ZLDocumentPlace.h"
-#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 #include "platform/ZLBoundedFile.h"
 
 #include <QFile>

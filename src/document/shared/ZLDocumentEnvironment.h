@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ZLHostClock.h"
+#include "platform/ZLPressStamp.h"
 #include "platform/notification/ZLUserNotificationCenter.h"
 #include "platform/sound/ZLSound.h"
 
@@ -8,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 /// What a document asks of the program around it. The defaults are those of a program without windows; tests replace
 /// what they want to control.
@@ -23,6 +25,8 @@ struct ZLDocumentEnvironment {
     std::function<bool()> isOptionKeyHeld = [] { return false; };
     /// Whether the command that is being carried out came from outside the windows.
     std::function<bool()> isCommandFromOutside = [] { return false; };
+    /// When the press came whose command is being carried out; absent while no press gave the command.
+    std::function<std::optional<ZLPressStamp>()> pressUnderWay = [] { return std::optional<ZLPressStamp>(); };
     /// Makes the sound with this resource name.
     std::function<std::unique_ptr<ZLSound>(const QString& name)> soundNamed = [](const QString&) {
         return std::make_unique<ZLSilentSound>();

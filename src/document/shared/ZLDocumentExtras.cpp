@@ -75,16 +75,16 @@ void ZLDocumentExtras::changeOfChapter(const QString& uuid, const QString& key, 
     keepOfChapter(uuid, key, value);
 }
 
-QVariantMap ZLDocumentExtras::values() const
+QVariantMap ZLExtrasSnapshot::whole() const
 {
-    QVariantMap values = m_values;
-    if (m_ofChapters.isEmpty())
-        return values;
+    QVariantMap entries = values;
+    if (notesOfChapters.isEmpty())
+        return entries;
     QVariantMap notes;
-    for (auto chapter = m_ofChapters.cbegin(); chapter != m_ofChapters.cend(); ++chapter)
+    for (auto chapter = notesOfChapters.cbegin(); chapter != notesOfChapters.cend(); ++chapter)
         notes.insert(chapter.key(), chapter.value());
-    values.insert(ChapterNotesKey, notes);
-    return values;
+    entries.insert(ZLDocumentExtras::ChapterNotesKey, notes);
+    return entries;
 }
 
 void ZLDocumentExtras::load(const QVariantMap& values)

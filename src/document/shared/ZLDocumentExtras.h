@@ -20,6 +20,17 @@ struct ZLExtrasDifference {
     void applyTo(QVariantMap& extras) const;
 };
 
+/// The extras of a document as they were at one moment.
+struct ZLExtrasSnapshot {
+    /// By key; without the notes of chapters.
+    QVariantMap values {};
+    /// By UUID.
+    QHash<QString, QVariantMap> notesOfChapters {};
+
+    /// All of it, as it stands at the root of the file.
+    [[nodiscard]] QVariantMap whole() const;
+};
+
 /// What a document keeps besides its chapters, templates and clock, under keys of its own at the root of its file. Keys
 /// that this version does not know are kept as they are.
 ///
@@ -49,7 +60,9 @@ public:
 
     /// All of it, as it stands at the root of the file. Chapters that were deleted keep their notes, for undo may bring
     /// them back.
-    [[nodiscard]] QVariantMap values() const;
+    [[nodiscard]] QVariantMap values() const { return snapshot().whole(); }
+    /// The same, taken without looking at each chapter; it may be put together on another thread.
+    [[nodiscard]] ZLExtrasSnapshot snapshot() const { return { m_values, m_ofChapters }; }
     /// Replaces all of it, without a step and without a word.
     void load(const QVariantMap& values);
     /// Replaces all of it as an undoable step.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ZLPressStamp.h"
 #include "platform/hotkey/ZLHotKey.h"
 
 #include <QList>
@@ -32,7 +33,8 @@ public:
     [[nodiscard]] virtual QString unavailabilityReason() const = 0;
 
 Q_SIGNALS:
-    void hotKeyPressed(const QString& identifier);
+    /// `press` is when the keys reached the computer.
+    void hotKeyPressed(const QString& identifier, const ZLPressStamp& press);
     /// The state of a hot key or the unavailability reason has changed.
     void stateDidChange();
     /// The keys print other characters than before: texts made by ZLKeyboardLayout are out of date.

@@ -75,10 +75,11 @@ void ZLPortalHotKeyBackend::startSession()
 {
     m_session = std::make_unique<ZLPortalShortcutSession>(m_bus, wishesForHotKeys(m_wanted));
     connect(m_session.get(), &ZLPortalShortcutSession::didChange, this, &ZLPortalHotKeyBackend::sessionDidChange);
-    connect(m_session.get(), &ZLPortalShortcutSession::activated, this, [this](const QString& identifier) {
+    const auto fire = [this](const QString& identifier, const ZLPressStamp& press) {
         if (m_wanted.contains(identifier))
-            Q_EMIT hotKeyPressed(identifier);
-    });
+            Q_EMIT hotKeyPressed(identifier, press);
+    };
+    connect(m_session.get(), &ZLPortalShortcutSession::activated, this, fire);
     m_session->start();
 }
 

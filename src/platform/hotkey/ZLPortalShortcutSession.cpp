@@ -1,5 +1,7 @@
 #include "platform/hotkey/ZLPortalShortcutSession.h"
 
+#include "platform/ZLEventClock.h"
+#include "platform/ZLHostClock.h"
 #include "platform/bus/ZLBusCall.h"
 #include "platform/bus/ZLBusNameOwner.h"
 
@@ -149,10 +151,12 @@ void ZLPortalShortcutSession::adoptTriggers(const QList<ZLPortalShortcut>& short
 }
 
 void ZLPortalShortcutSession::receiveActivated(
-    const QDBusObjectPath& session, const QString& identifier, qulonglong, const QVariantMap&)
+    const QDBusObjectPath& session, const QString& identifier, qulonglong milliseconds, const QVariantMap&)
 {
+    // No desktop promises which clock it tells the time of.
+    const ZLPressStamp press = ZLEventClock::stampOnHostClock(milliseconds, ZLSteadyHostClock().now());
     if (session.path() == m_sessionPath && m_phase == Phase::Bound && m_boundTriggers.contains(identifier))
-        Q_EMIT activated(identifier);
+        Q_EMIT activated(identifier, press);
 }
 
 void ZLPortalShortcutSession::receiveShortcutsChanged(const QDBusMessage& message)

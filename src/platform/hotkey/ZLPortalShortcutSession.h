@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ZLPressStamp.h"
 #include "platform/ZLResult.h"
 #include "platform/hotkey/ZLPortalRequest.h"
 #include "platform/hotkey/ZLPortalShortcut.h"
@@ -49,10 +50,11 @@ public:
 Q_SIGNALS:
     /// Phase, reason or bound triggers have changed.
     void didChange();
-    void activated(const QString& identifier);
+    void activated(const QString& identifier, const ZLPressStamp& press);
 
 private Q_SLOTS:
-    void receiveActivated(const QDBusObjectPath& session, const QString& identifier, qulonglong, const QVariantMap&);
+    void receiveActivated(
+        const QDBusObjectPath& session, const QString& identifier, qulonglong milliseconds, const QVariantMap& options);
     void receiveShortcutsChanged(const QDBusMessage& message);
     void receiveClosed(const QDBusMessage& message);
 

@@ -161,6 +161,8 @@ bool ZLXcbHotKeyBackend::nativeEventFilter(const QByteArray& eventType, void* me
 
 bool ZLXcbHotKeyBackend::handleKeyPress(ZLXcbKeyGrab::Combination pressed, quint32 time)
 {
+    // Of every key, so that the clocks are known before a hot key comes late.
+    const ZLPressStamp press = m_serverClock.stampOf(time, m_hostClock.now());
     for (auto wanted = m_wanted.cbegin(); wanted != m_wanted.cend(); ++wanted) {
         if (!wanted->grab || wanted->grab->combination() != pressed)
             continue;
@@ -170,7 +172,7 @@ bool ZLXcbHotKeyBackend::handleKeyPress(ZLXcbKeyGrab::Combination pressed, quint
         if (!m_heldKeys.contains(pressed.keycode))
             m_heldKeys.append(pressed.keycode);
         if (!isRepeat)
-            fireLater(wanted.key());
+            fireLater(wanted.key(), press);
         return true;
     }
     return false;
@@ -184,14 +186,14 @@ bool ZLXcbHotKeyBackend::handleKeyRelease(quint8 keycode, quint32 time)
     return true;
 }
 
-void ZLXcbHotKeyBackend::fireLater(const QString& identifier)
+void ZLXcbHotKeyBackend::fireLater(const QString& identifier, const ZLPressStamp& press)
 {
     // A listener may open a window, which must not happen inside an event filter.
     QMetaObject::invokeMethod(
         this,
-        [this, identifier] {
+        [this, identifier, press] {
             if (m_wanted.contains(identifier))
-                Q_EMIT hotKeyPressed(identifier);
+                Q_EMIT hotKeyPressed(identifier, press);
         },
         Qt::QueuedConnection);
 }

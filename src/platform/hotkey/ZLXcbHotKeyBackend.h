@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ZLEventClock.h"
+#include "platform/ZLHostClock.h"
 #include "platform/hotkey/ZLHotKeyCenter.h"
 #include "platform/hotkey/ZLKeyboardLayout.h"
 #include "platform/hotkey/ZLXcbKeyGrab.h"
@@ -40,7 +42,7 @@ private:
     void keyboardDidChange();
     [[nodiscard]] bool handleKeyPress(ZLXcbKeyGrab::Combination pressed, quint32 time);
     [[nodiscard]] bool handleKeyRelease(quint8 keycode, quint32 time);
-    void fireLater(const QString& identifier);
+    void fireLater(const QString& identifier, const ZLPressStamp& press);
 
     QMap<QString, Wanted> m_wanted;
     ZLKeyboardLayout m_layout = ZLKeyboardLayout::current();
@@ -51,4 +53,6 @@ private:
     /// One change of layout comes as several events.
     QTimer m_keyboardChangeTimer;
     int m_xkbEventCode = -1;
+    const ZLSteadyHostClock m_hostClock {};
+    ZLEventClock m_serverClock;
 };

@@ -10,7 +10,7 @@
 /// A message whose moment matters.
 struct ZLOSCTimedMessage {
     ZLOSCMessage message;
-    /// When it arrived, in seconds of the host clock.
+    /// When it reached the computer, in seconds of the host clock.
     double hostTime = 0.0;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/osc/ZLOSCReceiver.h"
 
+#include "platform/osc/ZLDatagramTimes.h"
 #include "platform/osc/ZLOSCCodec.h"
 
 #include <QDateTime>
@@ -66,6 +67,7 @@ ZLResult<quint16> ZLOSCReceiver::bind(ZLOSCPortRange range)
         if (!m_socket)
             continue;
         m_socket->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, receiveBufferBytes);
+        ZLDatagramTimes::switchOn(int(m_socket->socketDescriptor()));
         connect(m_socket.get(), &QUdpSocket::readyRead, this, &ZLOSCReceiver::receivePendingDatagrams);
         return m_socket->localPort();
     }
@@ -81,15 +83,23 @@ void ZLOSCReceiver::receivePendingDatagrams()
 {
     for (int count = 0; count < datagramsPerTurn && m_socket->hasPendingDatagrams(); ++count) {
         ZLOSCPeer peer;
+        const ZLPressStamp stamp = stampOfNextDatagram();
         const qint64 size = m_socket->readDatagram(m_buffer.data(), m_buffer.size(), &peer.address, &peer.port);
         if (size < 0)
             continue;
         peer.address = ZLOSCPlainAddress(peer.address);
-        handleDatagram(QByteArrayView(m_buffer).first(size), peer);
+        handleDatagram(QByteArrayView(m_buffer).first(size), peer, stamp);
     }
 }
 
-void ZLOSCReceiver::handleDatagram(QByteArrayView datagram, const ZLOSCPeer& peer)
+ZLPressStamp ZLOSCReceiver::stampOfNextDatagram() const
+{
+    const auto age = ZLDatagramTimes::ageOfNext(int(m_socket->socketDescriptor()));
+    const double now = m_clock->now();
+    return { now - age.value_or(0.0), now };
+}
+
+void ZLOSCReceiver::handleDatagram(QByteArrayView datagram, const ZLOSCPeer& peer, ZLPressStamp stamp)
 {
     ++m_reception.received;
     if (!isAllowed(peer.address)) {
@@ -103,37 +113,40 @@ void ZLOSCReceiver::handleDatagram(QByteArrayView datagram, const ZLOSCPeer& pee
             [&](ZLOSCDroppedDatagram& dropped) { dropped.detail = messages.error().message; });
     }
     const qsizetype share = datagram.size() / qMax<qsizetype>(1, messages.value().size());
-    for (const ZLOSCMessage& message : messages.value())
-        handleMessage(message, peer, share + message.arguments().size() * qsizetype(sizeof(ZLOSCArgument)));
+    const qint64 wallClock = QDateTime::currentMSecsSinceEpoch();
+    for (const ZLOSCMessage& message : messages.value()) {
+        const qsizetype weight = share + message.arguments().size() * qsizetype(sizeof(ZLOSCArgument));
+        handleMessage({ message, peer, wallClock, stamp }, weight);
+    }
 }
 
-void ZLOSCReceiver::handleMessage(const ZLOSCMessage& message, const ZLOSCPeer& peer, qsizetype weight)
+void ZLOSCReceiver::handleMessage(const ZLOSCReceivedMessage& received, qsizetype weight)
 {
+    const ZLOSCMessage& message = received.message;
     const auto describe = [&](ZLOSCDroppedDatagram& dropped) {
         dropped.address = message.address();
         dropped.detail = message.description();
     };
     if (m_filter && !m_filter(message)) {
-        if (takeBesideQueue(message))
+        if (takeBesideQueue(received))
             return;
         ++m_reception.filtered;
-        return sample(ZLOSCDropReason::Filtered, peer, describe);
+        return sample(ZLOSCDropReason::Filtered, received.peer, describe);
     }
     ++m_reception.accepted;
-    const auto discarded =
-        static_cast<quint64>(m_reception.messages.push({ message, peer, QDateTime::currentMSecsSinceEpoch() }, weight));
+    const auto discarded = static_cast<quint64>(m_reception.messages.push(received, weight));
     m_reception.overflow += discarded;
     if (discarded > 0)
-        sample(ZLOSCDropReason::Overflow, peer, describe);
+        sample(ZLOSCDropReason::Overflow, received.peer, describe);
     wakeMainThread();
 }
 
-bool ZLOSCReceiver::takeBesideQueue(const ZLOSCMessage& message)
+bool ZLOSCReceiver::takeBesideQueue(const ZLOSCReceivedMessage& received)
 {
-    if (!m_newestOnly || !m_newestOnly(message))
+    if (!m_newestOnly || !m_newestOnly(received.message))
         return false;
     ++m_reception.accepted;
-    m_reception.newest.put({ message, m_clock->now() });
+    m_reception.newest.put({ received.message, received.stamp ? received.stamp->hostTime() : m_clock->now() });
     wakeMainThread();
     return true;
 }

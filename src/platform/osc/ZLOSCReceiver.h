@@ -40,10 +40,11 @@ public:
 
 private:
     void receivePendingDatagrams();
-    void handleDatagram(QByteArrayView datagram, const ZLOSCPeer& peer);
-    void handleMessage(const ZLOSCMessage& message, const ZLOSCPeer& peer, qsizetype weight);
+    [[nodiscard]] ZLPressStamp stampOfNextDatagram() const;
+    void handleDatagram(QByteArrayView datagram, const ZLOSCPeer& peer, ZLPressStamp stamp);
+    void handleMessage(const ZLOSCReceivedMessage& received, qsizetype weight);
     /// Returns whether the message is one of those that are taken beside the queue.
-    bool takeBesideQueue(const ZLOSCMessage& message);
+    bool takeBesideQueue(const ZLOSCReceivedMessage& received);
     bool isAllowed(const QHostAddress& sender);
     void sample(ZLOSCDropReason reason, const ZLOSCPeer& peer, const std::function<void(ZLOSCDroppedDatagram&)>& fill);
     void wakeMainThread();

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/ZLPressStamp.h"
 #include "platform/osc/ZLOSCMailbox.h"
 #include "platform/osc/ZLOSCNewestMessages.h"
 
 #include <QHostAddress>
 
 #include <atomic>
+#include <optional>
 
 /// Where a datagram came from; IPv4 is never wrapped in IPv6 here.
 struct ZLOSCPeer {
@@ -24,6 +26,8 @@ struct ZLOSCReceivedMessage {
     ZLOSCPeer peer;
     /// Wall clock at reception, milliseconds since 1970 UTC.
     qint64 receivedAt = 0;
+    /// When the kernel received it; absent when it did not come by a socket.
+    std::optional<ZLPressStamp> stamp {};
 };
 
 enum class ZLOSCDropReason {

@@ -300,6 +300,26 @@
         <source>Import Chapters</source>
         <translation>Kapitel importieren</translation>
     </message>
+    <message>
+        <source>Fit to Finished File</source>
+        <translation>An fertige Datei anpassen</translation>
+    </message>
+    <message>
+        <source>Take Recorder’s Time</source>
+        <translation>Zeit des Rekorders übernehmen</translation>
+    </message>
+    <message>
+        <source>Keep Zelta’s Time</source>
+        <translation>Zeit von Zelta behalten</translation>
+    </message>
+    <message>
+        <source>Take Recorder’s Times</source>
+        <translation>Zeiten des Rekorders übernehmen</translation>
+    </message>
+    <message>
+        <source>Take Zelta’s Times</source>
+        <translation>Zeiten von Zelta übernehmen</translation>
+    </message>
 </context>
 <context>
     <name>ZLChapterDocumentWindow</name>
@@ -505,6 +525,17 @@
     </message>
 </context>
 <context>
+    <name>ZLClockStart</name>
+    <message>
+        <source>%1: The start beep is not to be heard in it.</source>
+        <translation>%1: Der Piepton vor dem Start ist darin nicht zu hören.</translation>
+    </message>
+    <message>
+        <source>%1 is not the recording of this show: too little of what was heard along is in it.</source>
+        <translation>%1 ist nicht die Aufnahme dieser Sendung: Zu wenig vom Mitgehörten ist darin.</translation>
+    </message>
+</context>
+<context>
     <name>ZLCommandLine</name>
     <message>
         <source>The name of a file is empty.</source>
@@ -607,12 +638,21 @@
         <translation>„fit“ braucht genau eine Datei mit Kapiteln.</translation>
     </message>
     <message>
+        <source>--follow needs obs, jack or osc.</source>
+        <translation>--follow braucht obs, jack oder osc.</translation>
+    </message>
+    <message>
+        <source>--follow needs --headless.</source>
+        <translation>--follow braucht --headless.</translation>
+    </message>
+    <message>
         <source>Usage:
   zelta [--new] [FILE…]                open documents in windows, with --new a new one too
   zelta --headless [--record] [FILE]   record without a window, driven by OSC; --record starts the clock at once;
                                        a FILE that is missing is made when its name ends in .zelta
         --osc-port N                   listen on this UDP port in this run; 0 for any that is free
         --osc-send HOST:PORT           send the recorder&apos;s state there in this run; may be given several times
+        --follow obs|jack|osc          start, pause and stop the clock with this recorder, and keep it in step
   zelta send ACTION [--osc-port N]     give the running recorder a command, by default the one of this user;
                                        with --osc-port the one on that port of this computer
 %1  zelta formats                        list the export formats: name, tab, file type
@@ -640,6 +680,7 @@ Exit status: 0 done, 1 failed, 2 wrong usage. A file named like a command is giv
                                        fehlt DATEI, wird sie angelegt, wenn ihr Name auf .zelta endet
         --osc-port N                   hört bei diesem Lauf auf diesen UDP-Port; 0 für irgendeinen freien
         --osc-send RECHNER:PORT        sendet den Stand bei diesem Lauf dorthin; auch mehrmals
+        --follow obs|jack|osc          die Uhr mit diesem Rekorder starten, pausieren und stoppen, im Gleichlauf
   zelta send AKTION [--osc-port N]     gibt dem laufenden Rekorder einen Befehl, sonst dem dieses Benutzers;
                                        mit --osc-port dem an diesem Port dieses Computers
 %1  zelta formats                        zählt die Exportformate auf: Name, Tabulator, Dateityp
@@ -792,6 +833,34 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>Take the Recorder’s Time</source>
+        <translation>Zeit des Rekorders übernehmen</translation>
+    </message>
+    <message>
+        <source>sets the clock and the chapters since then to it</source>
+        <translation>stellt die Uhr und die Kapitel seitdem danach</translation>
+    </message>
+    <message>
+        <source>set the clock, and the chapters since it differs, to the recorder&apos;s time</source>
+        <translation>die Uhr, und die Kapitel seit der Abweichung, nach dem Rekorder stellen</translation>
+    </message>
+    <message>
+        <source>no recorder differs from the clock</source>
+        <translation>kein Rekorder weicht von der Uhr ab</translation>
+    </message>
+    <message>
+        <source>Keep Zelta’s</source>
+        <translation>Die von Zelta behalten</translation>
+    </message>
+    <message>
+        <source>leaves the clock as it is</source>
+        <translation>lässt die Uhr, wie sie ist</translation>
+    </message>
+    <message>
+        <source>leave the clock as it is though the recorder&apos;s time differs</source>
+        <translation>die Uhr lassen, wie sie ist, obwohl der Rekorder abweicht</translation>
+    </message>
 </context>
 <context>
     <name>ZLCopyAsMenu</name>
@@ -854,6 +923,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1 was not written.</source>
         <translation>%1 wurde nicht geschrieben.</translation>
+    </message>
+    <message>
+        <source>The chapters are at the places where they were found in this file. No shift is added.</source>
+        <translation>Die Kapitel stehen da, wo sie in dieser Datei gefunden wurden. Ein Versatz kommt nicht dazu.</translation>
     </message>
 </context>
 <context>
@@ -1033,6 +1106,14 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1 is read-only. Changes are kept, but they cannot be saved to this file.</source>
         <translation>%1 ist schreibgeschützt. Änderungen werden aufbewahrt, lassen sich aber nicht in dieser Datei speichern.</translation>
+    </message>
+    <message>
+        <source>The recorder’s time is %1 s ahead of Zelta’s clock.</source>
+        <translation>Die Zeit des Rekorders ist der Uhr von Zelta um %1 s voraus.</translation>
+    </message>
+    <message>
+        <source>The recorder’s time is %1 s behind Zelta’s clock.</source>
+        <translation>Die Zeit des Rekorders ist um %1 s hinter der Uhr von Zelta.</translation>
     </message>
 </context>
 <context>
@@ -1676,6 +1757,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Audio files (%1)</source>
         <translation>Audiodateien (%1)</translation>
     </message>
+    <message>
+        <source>Fit to &amp;Finished File…</source>
+        <translation>An &amp;fertige Datei anpassen …</translation>
+    </message>
 </context>
 <context>
     <name>ZLFileName</name>
@@ -1708,6 +1793,81 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLFitChoices</name>
+    <message>
+        <source>Finished file</source>
+        <translation>Fertige Datei</translation>
+    </message>
+    <message>
+        <source>Choose the Finished File</source>
+        <translation>Fertige Datei wählen</translation>
+    </message>
+    <message>
+        <source>Sound of the show</source>
+        <translation>Ton der Sendung</translation>
+    </message>
+    <message>
+        <source>Start of the clock in the recording, in seconds</source>
+        <translation>Beginn der Uhr in der Aufnahme, in Sekunden</translation>
+    </message>
+    <message>
+        <source>Where in the recording the clock of this document started, in seconds from its beginning.</source>
+        <translation>Wo in der Aufnahme die Uhr dieses Dokuments begonnen hat, in Sekunden von ihrem Anfang an.</translation>
+    </message>
+    <message>
+        <source>Choose the Recording</source>
+        <translation>Aufnahme wählen</translation>
+    </message>
+    <message>
+        <source>Finished file:</source>
+        <translation>Fertige Datei:</translation>
+    </message>
+    <message>
+        <source>Choose File…</source>
+        <translation>Datei wählen …</translation>
+    </message>
+    <message>
+        <source>Sound of the show:</source>
+        <translation>Ton der Sendung:</translation>
+    </message>
+    <message>
+        <source>Choose Recording…</source>
+        <translation>Aufnahme wählen …</translation>
+    </message>
+    <message>
+        <source>Clock starts at (s):</source>
+        <translation>Uhr beginnt bei (s):</translation>
+    </message>
+    <message>
+        <source>No file chosen</source>
+        <translation>Keine Datei gewählt</translation>
+    </message>
+    <message>
+        <source>%1, %2, fitted</source>
+        <translation>%1, %2, angepasst</translation>
+    </message>
+    <message>
+        <source>What was heard along</source>
+        <translation>Was mitgehört wurde</translation>
+    </message>
+    <message>
+        <source>The raw recording: choose a file</source>
+        <translation>Die rohe Aufnahme: Datei wählen</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Find Start</source>
+        <translation>Beginn suchen</translation>
+    </message>
+    <message>
+        <source>Find where the clock started: by what was heard along, or else by the start beep in the recording</source>
+        <translation>Finden, wo die Uhr begonnen hat: mit dem Mitgehörten oder sonst mit dem Piepton in der Aufnahme</translation>
+    </message>
+</context>
+<context>
     <name>ZLFitCommand</name>
     <message>
         <source>%1 is not the show: too little of %2 is in it.</source>
@@ -1716,6 +1876,83 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1 is there already.</source>
         <translation>%1 gibt es schon.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitDraft</name>
+    <message>
+        <source>The fit was cancelled.</source>
+        <translation>Die Suche wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>%1 is not this show: too little of %2 is in it.</source>
+        <translation>%1 ist nicht diese Sendung: Zu wenig von %2 ist darin.</translation>
+    </message>
+    <message>
+        <source>what was heard along</source>
+        <translation>dem Mitgehörten</translation>
+    </message>
+    <message>
+        <source>The search was cancelled.</source>
+        <translation>Die Suche wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitMarksModel</name>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Old Time</source>
+        <translation>Alte Zeit</translation>
+    </message>
+    <message>
+        <source>New Time</source>
+        <translation>Neue Zeit</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Confidence</source>
+        <translation>Sicherheit</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitPicture</name>
+    <message>
+        <source>in both</source>
+        <translation>in beiden</translation>
+    </message>
+    <message>
+        <source>cut out</source>
+        <translation>herausgeschnitten</translation>
+    </message>
+    <message>
+        <source>came in</source>
+        <translation>hinzugekommen</translation>
+    </message>
+    <message>
+        <source>played elsewhere too</source>
+        <translation>auch an anderer Stelle</translation>
+    </message>
+    <message>
+        <source>Picture of the fit</source>
+        <translation>Bild der Anpassung</translation>
+    </message>
+    <message>
+        <source>Pieces of the show that are in the finished file: %1. The list below has every mark.</source>
+        <translation>Teile der Sendung, die in der fertigen Datei sind: %1. In der Liste darunter steht jedes Kapitel.</translation>
+    </message>
+    <message>
+        <source>The show, %1</source>
+        <translation>Die Sendung, %1</translation>
+    </message>
+    <message>
+        <source>The finished file, %1</source>
+        <translation>Die fertige Datei, %1</translation>
     </message>
 </context>
 <context>
@@ -1735,6 +1972,162 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>not found</source>
         <translation>nicht gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFitSheet</name>
+    <message>
+        <source>Fit to Finished File</source>
+        <translation>An fertige Datei anpassen</translation>
+    </message>
+    <message>
+        <source>Chapters in the finished file</source>
+        <translation>Kapitel in der fertigen Datei</translation>
+    </message>
+    <message>
+        <source>Progress of the fit</source>
+        <translation>Fortschritt der Anpassung</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Put the chapters of this document to their places in the finished file</source>
+        <translation>Die Kapitel dieses Dokuments an ihre Stellen in der fertigen Datei setzen</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Play four seconds of the finished file at the new place of the selected chapter</source>
+        <translation>Vier Sekunden der fertigen Datei an der neuen Stelle des gewählten Kapitels abspielen</translation>
+    </message>
+    <message>
+        <source>Find Chapters</source>
+        <translation>Kapitel suchen</translation>
+    </message>
+    <message>
+        <source>New Document</source>
+        <translation>Neues Dokument</translation>
+    </message>
+    <message>
+        <source>Make a new document of the chapters at their new places, and leave this one as it is</source>
+        <translation>Aus den Kapiteln an ihren neuen Stellen ein neues Dokument machen und dieses lassen, wie es ist</translation>
+    </message>
+    <message>
+        <source>Write into File…</source>
+        <translation>In Datei schreiben …</translation>
+    </message>
+    <message>
+        <source>Write the chapters at their new places into the finished file</source>
+        <translation>Die Kapitel an ihren neuen Stellen in die fertige Datei schreiben</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose the finished file, and the recording as it was before it was cut.</source>
+        <translation>Wähle die fertige Datei und die Aufnahme, wie sie vor dem Schneiden war.</translation>
+    </message>
+    <message>
+        <source>Kept: %1, moved to the seam: %2, cut: %3, not found: %4.</source>
+        <translation>Erhalten: %1, am Schnitt: %2, herausgeschnitten: %3, nicht gefunden: %4.</translation>
+    </message>
+    <message>
+        <source>The chapters of this document follow this file.</source>
+        <translation>Die Kapitel dieses Dokuments folgen dieser Datei.</translation>
+    </message>
+    <message>
+        <source>The chapters are where the finished file has them.</source>
+        <translation>Die Kapitel stehen da, wo die fertige Datei sie hat.</translation>
+    </message>
+    <message>
+        <source>Not found, unticked at their old times: %1</source>
+        <translation>Nicht gefunden, ohne Häkchen an der alten Zeit: %1</translation>
+    </message>
+    <message>
+        <source>Listening. The show can go on meanwhile.</source>
+        <translation>Es wird gehört. Die Sendung kann dabei weitergehen.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFollowing</name>
+    <message>
+        <source>There is no recorder “%1” to follow.</source>
+        <translation>Es gibt keinen Rekorder „%1“, dem Zelta folgen kann.</translation>
+    </message>
+    <message>
+        <source>“%1” follows %2.</source>
+        <translation>„%1“ folgt %2.</translation>
+    </message>
+    <message>
+        <source>%1 is not followed any more.</source>
+        <translation>Zelta folgt %1 nicht mehr.</translation>
+    </message>
+    <message>
+        <source>%1: no answer</source>
+        <translation>%1: keine Antwort</translation>
+    </message>
+    <message>
+        <source>%1: refused</source>
+        <translation>%1: abgelehnt</translation>
+    </message>
+    <message>
+        <source>%1: ready</source>
+        <translation>%1: bereit</translation>
+    </message>
+    <message>
+        <source>%1: following</source>
+        <translation>%1: im Gleichlauf</translation>
+    </message>
+    <message>
+        <source>%1: lost</source>
+        <translation>%1: verloren</translation>
+    </message>
+    <message>
+        <source>No recorder is followed.</source>
+        <translation>Zelta folgt keinem Rekorder.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer yet.</source>
+        <translation>%1 antwortet noch nicht.</translation>
+    </message>
+    <message>
+        <source>%1 is there. Zelta’s clock starts with it.</source>
+        <translation>%1 ist da. Die Uhr von Zelta startet mit der Aufnahme.</translation>
+    </message>
+    <message>
+        <source>Zelta’s clock goes as that of %1.</source>
+        <translation>Die Uhr von Zelta geht wie die von %1.</translation>
+    </message>
+    <message>
+        <source>%1 has been lost since %2. Zelta’s clock goes on as it went last.</source>
+        <translation>%1 ist seit %2 verloren. Die Uhr von Zelta geht weiter wie zuletzt.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFollowingDisplay</name>
+    <message>
+        <source>&amp;Recorder…</source>
+        <translation>&amp;Rekorder …</translation>
+    </message>
+</context>
+<context>
+    <name>ZLFollowingLog</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>What happened</source>
+        <translation>Was geschah</translation>
     </message>
 </context>
 <context>
@@ -2860,6 +3253,32 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLOBSPanel</name>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>&amp;Adresse:</translation>
+    </message>
+    <message>
+        <source>&amp;Port:</source>
+        <translation>&amp;Port:</translation>
+    </message>
+    <message>
+        <source>Pass&amp;word:</source>
+        <translation>Pass&amp;wort:</translation>
+    </message>
+    <message>
+        <source>In OBS Studio: Tools ▸ WebSocket Server Settings.</source>
+        <translation>In OBS Studio: Werkzeuge ▸ WebSocket-Servereinstellungen.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLOBSPassword</name>
+    <message>
+        <source>The password is kept until Zelta ends, since no keyring takes it: %1</source>
+        <translation>Das Passwort gilt, bis Zelta endet, denn kein Schlüsselbund nimmt es: %1</translation>
+    </message>
+</context>
+<context>
     <name>ZLOSCAcceptPanel</name>
     <message>
         <source>&amp;This computer only</source>
@@ -3287,6 +3706,64 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     </message>
 </context>
 <context>
+    <name>ZLOSCTimePanel</name>
+    <message>
+        <source>Time by OSC</source>
+        <translation>Zeit über OSC</translation>
+    </message>
+    <message>
+        <source>Time alone</source>
+        <translation>Nur die Zeit</translation>
+    </message>
+    <message>
+        <source>Own addresses</source>
+        <translation>Eigene Adressen</translation>
+    </message>
+    <message>
+        <source>P&amp;reset:</source>
+        <translation>Vo&amp;rgabe:</translation>
+    </message>
+    <message>
+        <source>&amp;Time:</source>
+        <translation>&amp;Zeit:</translation>
+    </message>
+    <message>
+        <source>&amp;Play:</source>
+        <translation>&amp;Wiedergabe:</translation>
+    </message>
+    <message>
+        <source>R&amp;ecord:</source>
+        <translation>A&amp;ufnahme:</translation>
+    </message>
+    <message>
+        <source>P&amp;ause:</source>
+        <translation>P&amp;ause:</translation>
+    </message>
+    <message>
+        <source>The recorder sends to Zelta’s OSC port, which OSC Connections shows.</source>
+        <translation>Der Rekorder sendet an den OSC-Port von Zelta, den „OSC-Verbindungen“ zeigt.</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>wird nicht gesendet</translation>
+    </message>
+    <message>
+        <source>An address such as /time; * stands for any signs, ? for one.</source>
+        <translation>Eine Adresse wie /time; * steht für beliebige Zeichen, ? für eines.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLOSCTimeRecorder</name>
+    <message>
+        <source>No time has come by OSC yet.</source>
+        <translation>Über OSC kam noch keine Zeit.</translation>
+    </message>
+    <message>
+        <source>No time comes by OSC any more.</source>
+        <translation>Über OSC kommt keine Zeit mehr.</translation>
+    </message>
+</context>
+<context>
     <name>ZLOggFormat</name>
     <message>
         <source>The tags of this file are damaged.</source>
@@ -3480,6 +3957,162 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>The times are in beats. Set REAPER&apos;s ruler to minutes and seconds and export the markers again.</source>
         <translation>Die Zeiten sind in Taktschlägen. Stelle das Lineal von REAPER auf Minuten und Sekunden und exportiere die Marken noch einmal.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLRecorderChoicePanel</name>
+    <message>
+        <source>Follow</source>
+        <translation>Folgen</translation>
+    </message>
+    <message>
+        <source>O&amp;ff</source>
+        <translation>A&amp;us</translation>
+    </message>
+    <message>
+        <source>&amp;Start and stop the recorder with Zelta</source>
+        <translation>Den Rekorder mit Zelta &amp;starten und stoppen</translation>
+    </message>
+    <message>
+        <source>A press that starts or stops the clock starts and stops the recorder, where it can be told to.</source>
+        <translation>Ein Druck, der die Uhr startet oder stoppt, startet und stoppt auch den Rekorder, wo sich das sagen lässt.</translation>
+    </message>
+    <message>
+        <source>&amp;Write marks into the recorder’s file</source>
+        <translation>Kapitel in die Datei des Rekorders schrei&amp;ben</translation>
+    </message>
+    <message>
+        <source>Where the recorder can do that; OBS Studio can from version 30.2 on.</source>
+        <translation>Wo der Rekorder das kann; OBS Studio kann es ab Version 30.2.</translation>
+    </message>
+    <message>
+        <source>Followed by “%1”.</source>
+        <translation>„%1“ folgt.</translation>
+    </message>
+    <message>
+        <source>The document in front will follow.</source>
+        <translation>Das Dokument, das vorn ist, wird folgen.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLRecorderFollower</name>
+    <message>
+        <source>%1 went away from Zelta’s clock by %2 s at %3.</source>
+        <translation>%1 wich bei %3 um %2 s von der Uhr von Zelta ab.</translation>
+    </message>
+    <message>
+        <source>%1 answers.</source>
+        <translation>%1 antwortet.</translation>
+    </message>
+    <message>
+        <source>%1 records into %2.</source>
+        <translation>%1 nimmt in %2 auf.</translation>
+    </message>
+    <message>
+        <source>An undo started or stopped the clock. It follows again when %1 starts again.</source>
+        <translation>Ein Rückgängig hat die Uhr gestartet oder gestoppt. Sie folgt wieder, wenn %1 neu startet.</translation>
+    </message>
+    <message>
+        <source>%1 is back and does not record. Zelta’s clock goes on.</source>
+        <translation>%1 ist wieder da und nimmt nicht auf. Die Uhr von Zelta geht weiter.</translation>
+    </message>
+    <message>
+        <source>%1 is back after %2 s.</source>
+        <translation>%1 ist nach %2 s wieder da.</translation>
+    </message>
+    <message>
+        <source>Joined %1 at %2.</source>
+        <translation>Bei %1 eingestiegen, bei %2.</translation>
+    </message>
+    <message>
+        <source>Started with %1 at %2.</source>
+        <translation>Mit %1 gestartet, bei %2.</translation>
+    </message>
+    <message>
+        <source>Zelta’s clock runs already. From %1 on it goes as fast as %2.</source>
+        <translation>Die Uhr von Zelta läuft schon. Ab %1 geht sie so schnell wie %2.</translation>
+    </message>
+    <message>
+        <source>Stopped with %1 at %2.</source>
+        <translation>Mit %1 gestoppt, bei %2.</translation>
+    </message>
+    <message>
+        <source>%1 is lost. Zelta’s clock goes on as it went last.</source>
+        <translation>%1 ist verloren. Die Uhr von Zelta geht weiter wie zuletzt.</translation>
+    </message>
+    <message>
+        <source>%1 did not start. Zelta’s clock runs from the press on.</source>
+        <translation>%1 ist nicht gestartet. Die Uhr von Zelta läuft ab dem Druck.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLRecorderStatePanel</name>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Zustand:</translation>
+    </message>
+    <message>
+        <source>Position:</source>
+        <translation>Position:</translation>
+    </message>
+    <message>
+        <source>Distance:</source>
+        <translation>Abstand:</translation>
+    </message>
+    <message>
+        <source>Drift:</source>
+        <translation>Drift:</translation>
+    </message>
+    <message>
+        <source>By which the recorder is ahead of Zelta’s clock.</source>
+        <translation>So weit ist der Rekorder der Uhr von Zelta voraus.</translation>
+    </message>
+    <message>
+        <source>How much faster the recorder’s clock goes than that of this computer.</source>
+        <translation>Um so viel schneller geht die Uhr des Rekorders als die dieses Computers.</translation>
+    </message>
+    <message>
+        <source>Take the &amp;Recorder’s Time for All Chapters</source>
+        <translation>Zeit des &amp;Rekorders für alle Kapitel</translation>
+    </message>
+    <message>
+        <source>Take &amp;Zelta’s Time for All Chapters</source>
+        <translation>Zeit von &amp;Zelta für alle Kapitel</translation>
+    </message>
+    <message>
+        <source>Of all chapters that were marked while a recorder was followed. It can be undone.</source>
+        <translation>Für alle Kapitel, die gesetzt wurden, während Zelta einem Rekorder folgte. Lässt sich rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>%1 ppm</source>
+        <translation>%1 ppm</translation>
+    </message>
+</context>
+<context>
+    <name>ZLRecorderWindow</name>
+    <message>
+        <source>Recorder</source>
+        <translation>Rekorder</translation>
+    </message>
+    <message>
+        <source>What Happened</source>
+        <translation>Was geschah</translation>
+    </message>
+    <message>
+        <source>What happened</source>
+        <translation>Was geschah</translation>
     </message>
 </context>
 <context>
@@ -3978,6 +4611,21 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>The sound cannot be brought to another sample rate.</source>
         <translation>Der Ton lässt sich nicht auf eine andere Abtastrate bringen.</translation>
+    </message>
+    <message>
+        <source>The file ends before that.</source>
+        <translation>Die Datei endet vorher.</translation>
+    </message>
+</context>
+<context>
+    <name>ZLSoundExcerpt</name>
+    <message>
+        <source>%1: The file ends before that.</source>
+        <translation>%1: Die Datei endet vorher.</translation>
+    </message>
+    <message>
+        <source>There is no sound output to play it on.</source>
+        <translation>Es gibt keine Tonausgabe, um es abzuspielen.</translation>
     </message>
 </context>
 <context>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/saving/ZLDocumentSaver.h"
-#include "document/saving/ZLJournalReader.h"
+#include "document/saving/journal/ZLJournalReader.h"
 #include "platform/ZLBoundedFile.h"
 #include "support/ZLTemporarySettings.h"
 

@@ -106,6 +106,21 @@ TEST_F(ZLDocumentSaverTest, OneWriteAtATimeAndTheNewestStateWins)
     EXPECT_EQ(writeCount, 2);
 }
 
+TEST_F(ZLDocumentSaverTest, AWriteHoldsTheDocumentAsItWasWhenTheWriteWasStarted)
+{
+    const QString path = filePath("show.zelta");
+    const auto saver = titledSaver(path);
+    addChapter("One");
+    addChapter("Two");
+    saver->writeNewestState();
+    document.updateChapterToTitle(document.chapterManager().chapterAtIndex(0), u"Other"_s);
+    document.removeChapter(document.chapterManager().chapterAtIndex(1));
+    runTasks();
+    EXPECT_EQ(titlesIn(path), (QStringList { u"One"_s, u"Two"_s }));
+    writeAndSettle(*saver);
+    EXPECT_EQ(titlesIn(path), QStringList { u"Other"_s });
+}
+
 TEST_F(ZLDocumentSaverTest, AChangeDuringAWriteWhoseTimerFiredIsWrittenRightAfterIt)
 {
     const QString path = filePath("show.zelta");

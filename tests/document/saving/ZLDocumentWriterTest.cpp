@@ -51,6 +51,36 @@ protected:
     };
 };
 
+TEST_F(ZLDocumentWriterTest, TheThreadThatWritesMakesTheBytes)
+{
+    QByteArray made;
+    QObject::connect(&writer, &ZLDocumentWriter::didWrite, &writer,
+        [&made](const ZLWriteOrder&, const ZLWriteOutcome& outcome) { made = outcome.bytes; });
+    const ZLDocumentSnapshot snapshot { .duration = 12.5 };
+    writer.start({ .path = u"show.zelta"_s, .snapshot = snapshot });
+    EXPECT_FALSE(writer.progress().isAtDisk) << "a long document is no disk that does not answer";
+    std::thread thread(tasks.front());
+    begun.acquire();
+    EXPECT_TRUE(writer.progress().isAtDisk);
+    disk.release();
+    thread.join();
+    EXPECT_TRUE(writer.settle(forEver));
+    EXPECT_EQ(made, snapshot.encoded());
+}
+
+TEST_F(ZLDocumentWriterTest, WhatTheFileHoldsAlreadyIsNotWritten)
+{
+    bool isUnchanged = false;
+    QObject::connect(&writer, &ZLDocumentWriter::didWrite, &writer,
+        [&isUnchanged](const ZLWriteOrder&, const ZLWriteOutcome& outcome) { isUnchanged = outcome.isUnchanged; });
+    const ZLDocumentSnapshot snapshot { .duration = 12.5 };
+    writer.start({ .path = u"show.zelta"_s, .snapshot = snapshot, .present = snapshot.encoded() });
+    tasks.front()();
+    EXPECT_TRUE(writer.settle(forEver));
+    EXPECT_TRUE(isUnchanged);
+    EXPECT_FALSE(begun.try_acquire()) << "the disk was asked to write";
+}
+
 TEST_F(ZLDocumentWriterTest, AWriteThatHasNotBegunIsCalledOff)
 {
     writer.start(order("one"));

@@ -1,6 +1,6 @@
 #include "document/saving/ZLKnownFile.h"
 
-#include "document/saving/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalRecord.h"
 
 #include <QTimeZone>
 #include <gtest/gtest.h>

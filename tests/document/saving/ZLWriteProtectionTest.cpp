@@ -31,8 +31,7 @@ protected:
     {
         const ZLStatus status = ZLWriteProtection::check(target);
         ASSERT_FALSE(status) << qPrintable(target);
-        EXPECT_EQ(
-            status.error().message, target + u" is in use by Zelta. Choose another name."_s);
+        EXPECT_EQ(status.error().message, target + u" is in use by Zelta. Choose another name."_s);
     }
 
     static void expectAllowed(const QString& target)

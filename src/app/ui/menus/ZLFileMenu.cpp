@@ -31,9 +31,7 @@ ZLFileMenu::ZLFileMenu(ZLDocumentController& controller, ZLSavePanel& savePanel,
     addSavingActions();
     m_menu->addSeparator();
     addExportActions(exportMenus);
-    connect(ZLActionHelp::addAction(*m_menu, u"writeChaptersIntoAudio"_s, tr("&Write Chapters into Audio File…"),
-                QKeySequence(u"Ctrl+Shift+E"_s)),
-        &QAction::triggered, this, &ZLFileMenu::writeChaptersRequested);
+    addFinishedFileActions();
     m_menu->addSeparator();
     addClosingActions();
     connect(m_menu, &QMenu::aboutToShow, this, &ZLFileMenu::validate);
@@ -77,6 +75,16 @@ void ZLFileMenu::addExportActions(const QList<ZLExportMenu*>& exportMenus)
         m_menu->addMenu(exportMenu);
     connect(ZLActionHelp::addAction(*m_menu, u"exportAgain"_s, tr("Export A&gain"), QKeySequence(u"Ctrl+Alt+E"_s)),
         &QAction::triggered, this, &ZLFileMenu::exportAgainRequested);
+}
+
+void ZLFileMenu::addFinishedFileActions()
+{
+    connect(ZLActionHelp::addAction(
+                *m_menu, u"fitToFinishedFile"_s, tr("Fit to &Finished File…"), QKeySequence(u"Ctrl+Shift+F"_s)),
+        &QAction::triggered, this, &ZLFileMenu::fitRequested);
+    connect(ZLActionHelp::addAction(*m_menu, u"writeChaptersIntoAudio"_s, tr("&Write Chapters into Audio File…"),
+                QKeySequence(u"Ctrl+Shift+E"_s)),
+        &QAction::triggered, this, &ZLFileMenu::writeChaptersRequested);
 }
 
 void ZLFileMenu::addClosingActions()

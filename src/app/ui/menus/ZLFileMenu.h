@@ -24,6 +24,7 @@ Q_SIGNALS:
     void newDocumentRequested();
     void openRequested(const QStringList& paths);
     void writeChaptersRequested();
+    void fitRequested();
     void quitRequested();
     void importRequested();
     void exportAgainRequested();
@@ -32,6 +33,7 @@ private:
     void addOpeningActions();
     void addSavingActions();
     void addExportActions(const QList<ZLExportMenu*>& exportMenus);
+    void addFinishedFileActions();
     void addClosingActions();
     void chooseFilesToOpen();
     void fillRecentMenu();

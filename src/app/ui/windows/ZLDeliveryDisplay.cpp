@@ -3,6 +3,7 @@
 #include "app/ZLDocumentController.h"
 #include "delivery/ZLDeliveryDraft.h"
 #include "delivery/ZLMediaImport.h"
+#include "delivery/fit/ZLFittedChapters.h"
 #include "delivery/ui/ZLDeliverySheet.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLStatusLine.h"
@@ -28,9 +29,12 @@ ZLDeliveryDisplay::ZLDeliveryDisplay(ZLDocumentController& controller, ZLChapter
     : QObject(&window)
     , m_controller(controller)
     , m_window(window)
-    , m_memory(ZLStateFolder::path())
+    , m_memory(ZLStateFolder::path(), ZLAudioFileMemory::WrittenFiles)
     , m_draft(new ZLDeliveryDraft(window.document(), {}, this))
 {
+    m_draft->setCarrier([this](const QString& path, const ZLMediaContents& file) {
+        return ZLFittedChapters::forFile(m_window.document(), path, file);
+    });
     connect(m_draft, &ZLDeliveryDraft::didEndWriting, this,
         [this] { m_memory.remember(documentPath(), { .paths = m_draft->paths(), .shift = m_draft->shift() }); });
 }
@@ -45,6 +49,12 @@ void ZLDeliveryDisplay::show()
     makeSheet();
     m_sheet->show();
     m_sheet->takeKeyboard();
+}
+
+void ZLDeliveryDisplay::showFor(const QString& path)
+{
+    m_draft->setPaths({ path });
+    show();
 }
 
 void ZLDeliveryDisplay::takeDroppedFiles(const QStringList& paths)

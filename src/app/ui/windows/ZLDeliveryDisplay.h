@@ -20,6 +20,8 @@ public:
 
     /// Opens the sheet, or gives the keyboard to the one that is open.
     void show();
+    /// Opens the sheet with this audio file alone.
+    void showFor(const QString& path);
     /// Audio files come into the sheet; any others are asked to be opened.
     void takeDroppedFiles(const QStringList& paths);
 

@@ -10,6 +10,7 @@
 #include "app/ui/saving/ZLWindowCloser.h"
 #include "app/ui/windows/ZLDeliveryDisplay.h"
 #include "app/ui/windows/ZLExportAgainDisplay.h"
+#include "app/ui/windows/ZLFitDisplay.h"
 #include "app/ui/windows/ZLImportDisplay.h"
 #include "app/ui/windows/ZLOpeningProblems.h"
 #include "delivery/ZLMediaImport.h"
@@ -41,8 +42,9 @@ bool isThere(const QString& path)
 
 }
 
-ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller)
+ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller, ZLSoundExcerpt::SoundMaker soundMaker)
     : m_controller(controller)
+    , m_soundMaker(std::move(soundMaker))
     , m_exportMenu(controller)
     , m_exportDisplay(m_exportMenu, *this)
     , m_exportOtherMenu(ZLExportMenu::ofFurtherFormats(controller))
@@ -233,6 +235,10 @@ void ZLDocumentWindows::addDelivery(
 {
     auto* delivery = new ZLDeliveryDisplay(m_controller, window);
     connect(&fileMenu, &ZLFileMenu::writeChaptersRequested, delivery, &ZLDeliveryDisplay::show);
+    auto* fit = new ZLFitDisplay(m_controller, window, m_soundMaker);
+    connect(&fileMenu, &ZLFileMenu::fitRequested, fit, &ZLFitDisplay::show);
+    connect(fit, &ZLFitDisplay::writingRequested, delivery, &ZLDeliveryDisplay::showFor);
+    connect(fit, &ZLFitDisplay::documentOpened, this, &ZLDocumentWindows::bringToFront);
     // Audio files are written into, lists are imported, and what is neither is opened.
     connect(&window, &ZLChapterDocumentWindow::filesDropped, delivery, &ZLDeliveryDisplay::takeDroppedFiles);
     connect(delivery, &ZLDeliveryDisplay::openRequested, &import, &ZLImportDisplay::takeDroppedFiles);

@@ -4,6 +4,7 @@
 #include "app/ZLRunningInstance.h"
 #include "app/ui/menus/ZLExportMenu.h"
 #include "app/ui/windows/ZLExportDisplay.h"
+#include "delivery/fit/ZLSoundExcerpt.h"
 
 #include <QHash>
 #include <QObject>
@@ -20,8 +21,9 @@ class ZLDocumentWindows : public QObject {
     Q_OBJECT
 
 public:
-    /// `controller` has to outlive the windows, and no document may be open yet.
-    explicit ZLDocumentWindows(ZLDocumentController& controller);
+    /// `controller` has to outlive the windows, and no document may be open yet. `soundMaker` plays what is to be
+    /// listened to in a window; without it nothing is heard.
+    explicit ZLDocumentWindows(ZLDocumentController& controller, ZLSoundExcerpt::SoundMaker soundMaker = {});
     ~ZLDocumentWindows() override;
 
     /// Opens what is asked for, or what was open before when that is nothing. What fails is told in a window. Where
@@ -77,6 +79,7 @@ private:
     void askWhetherToQuitUnsaved(const QStringList& problems);
 
     ZLDocumentController& m_controller;
+    const ZLSoundExcerpt::SoundMaker m_soundMaker;
     ZLExportMenu m_exportMenu;
     ZLExportDisplay m_exportDisplay;
     const std::unique_ptr<ZLExportMenu> m_exportOtherMenu;

@@ -20,12 +20,12 @@ constexpr int millisecondsOfPatience = 200;
 constexpr int mostSilentWaits = 150;
 constexpr qsizetype mostMessage = 300;
 
-QStringList arguments(const QString& path, int samplesPerSecond)
+QStringList arguments(const QString& path, int samplesPerSecond, double start)
 {
     // Other protocols could reach the network from within a file.
-    return { u"-nostdin"_s, u"-v"_s, u"error"_s, u"-protocol_whitelist"_s, u"file,pipe"_s, u"-i"_s, u"file:"_s + path,
-        u"-vn"_s, u"-sn"_s, u"-dn"_s, u"-ac"_s, u"1"_s, u"-ar"_s, QString::number(samplesPerSecond), u"-f"_s,
-        u"f32le"_s, u"-"_s };
+    return { u"-nostdin"_s, u"-v"_s, u"error"_s, u"-protocol_whitelist"_s, u"file,pipe"_s, u"-ss"_s,
+        QString::number(start, 'f', 3), u"-i"_s, u"file:"_s + path, u"-vn"_s, u"-sn"_s, u"-dn"_s, u"-ac"_s, u"1"_s,
+        u"-ar"_s, QString::number(samplesPerSecond), u"-f"_s, u"f32le"_s, u"-"_s };
 }
 
 /// The last line that the program has to say.
@@ -63,13 +63,14 @@ private:
 
 }
 
-ZLStatus ZLFfmpegReader::decode(const QString& path, int samplesPerSecond, const ZLSoundDecoder::Sink& sink)
+ZLStatus ZLFfmpegReader::decode(
+    const QString& path, int samplesPerSecond, const ZLSoundDecoder::Sink& sink, double start)
 {
     const QString program = QStandardPaths::findExecutable(u"ffmpeg"_s);
     if (program.isEmpty())
         return ZLError { FfmpegTexts::tr("This form can be read when the program ffmpeg is installed.") };
     QProcess process;
-    process.start(program, arguments(path, samplesPerSecond), QIODevice::ReadOnly);
+    process.start(program, arguments(path, samplesPerSecond, start), QIODevice::ReadOnly);
     Samples samples(sink);
     int silentWaits = 0;
     bool isWanted = true;

@@ -6,6 +6,7 @@
 namespace ZLFfmpegReader {
 
 /// The error does not name the file.
-[[nodiscard]] ZLStatus decode(const QString& path, int samplesPerSecond, const ZLSoundDecoder::Sink& sink);
+[[nodiscard]] ZLStatus decode(
+    const QString& path, int samplesPerSecond, const ZLSoundDecoder::Sink& sink, double start);
 
 }

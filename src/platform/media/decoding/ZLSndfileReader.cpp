@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -26,6 +27,19 @@ struct CloseSound {
     void operator()(SNDFILE* file) const { sf_close(file); }
 };
 
+using OpenSound = std::unique_ptr<SNDFILE, CloseSound>;
+
+/// Null when the library does not know the file's form, or what it says of it makes no sense.
+OpenSound open(const ZLMediaSource& source, SF_INFO& info)
+{
+    if (lseek(source.descriptor(), 0, SEEK_SET) != 0)
+        return nullptr;
+    OpenSound file(sf_open_fd(source.descriptor(), SFM_READ, &info, SF_FALSE));
+    const bool makesSense = info.channels >= 1 && info.channels <= mostChannels && info.samplerate >= leastRate
+        && info.samplerate <= mostRate;
+    return makesSense ? std::move(file) : nullptr;
+}
+
 /// The mean of the channels of each frame.
 void mix(const std::vector<float>& frames, size_t channels, std::vector<float>& mixed)
 {
@@ -40,15 +54,14 @@ void mix(const std::vector<float>& frames, size_t channels, std::vector<float>& 
 }
 
 std::optional<ZLStatus> ZLSndfileReader::decode(
-    const ZLMediaSource& source, int samplesPerSecond, const ZLSoundDecoder::Sink& sink)
+    const ZLMediaSource& source, int samplesPerSecond, const ZLSoundDecoder::Sink& sink, double start)
 {
-    if (lseek(source.descriptor(), 0, SEEK_SET) != 0)
-        return std::nullopt;
     SF_INFO info {};
-    const std::unique_ptr<SNDFILE, CloseSound> file(sf_open_fd(source.descriptor(), SFM_READ, &info, SF_FALSE));
-    if (!file || info.channels < 1 || info.channels > mostChannels || info.samplerate < leastRate
-        || info.samplerate > mostRate)
+    const OpenSound file = open(source, info);
+    if (!file)
         return std::nullopt;
+    if (start > 0.0 && sf_seek(file.get(), sf_count_t(start * info.samplerate), SEEK_SET) < 0)
+        return ZLStatus(ZLError { SndfileTexts::tr("The file ends before that.") });
     ZLResampler resampler(info.samplerate, samplesPerSecond);
     if (!resampler.isValid())
         return ZLStatus(ZLError { SndfileTexts::tr("The sound cannot be brought to another sample rate.") });
@@ -68,4 +81,13 @@ std::optional<ZLStatus> ZLSndfileReader::decode(
     }
     sink(resampler.rest());
     return ZLDone {};
+}
+
+std::optional<double> ZLSndfileReader::claimedSeconds(const ZLMediaSource& source)
+{
+    SF_INFO info {};
+    const OpenSound file = open(source, info);
+    if (!file || info.frames <= 0)
+        return std::nullopt;
+    return double(info.frames) / info.samplerate;
 }

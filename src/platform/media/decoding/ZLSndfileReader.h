@@ -11,6 +11,7 @@ namespace ZLSndfileReader {
 
 /// Nothing when the library does not know the file's form.
 [[nodiscard]] std::optional<ZLStatus> decode(
-    const ZLMediaSource& source, int samplesPerSecond, const ZLSoundDecoder::Sink& sink);
+    const ZLMediaSource& source, int samplesPerSecond, const ZLSoundDecoder::Sink& sink, double start);
+[[nodiscard]] std::optional<double> claimedSeconds(const ZLMediaSource& source);
 
 }

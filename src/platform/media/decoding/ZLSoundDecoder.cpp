@@ -6,12 +6,18 @@
 
 using namespace Qt::StringLiterals;
 
-ZLStatus ZLSoundDecoder::decode(const QString& path, int samplesPerSecond, const Sink& sink)
+ZLStatus ZLSoundDecoder::decode(const QString& path, int samplesPerSecond, const Sink& sink, double start)
 {
     const auto source = ZLMediaSource::open(path);
     if (!source)
         return source.error();
-    const auto known = ZLSndfileReader::decode(*source.value(), samplesPerSecond, sink);
-    const ZLStatus status = known ? *known : ZLFfmpegReader::decode(path, samplesPerSecond, sink);
+    const auto known = ZLSndfileReader::decode(*source.value(), samplesPerSecond, sink, start);
+    const ZLStatus status = known ? *known : ZLFfmpegReader::decode(path, samplesPerSecond, sink, start);
     return status ? status : ZLStatus(ZLError { u"%1: %2"_s.arg(path, status.error().message) });
+}
+
+std::optional<double> ZLSoundDecoder::claimedSeconds(const QString& path)
+{
+    const auto source = ZLMediaSource::open(path);
+    return source ? ZLSndfileReader::claimedSeconds(*source.value()) : std::nullopt;
 }

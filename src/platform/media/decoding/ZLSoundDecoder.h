@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <span>
 
 /// What a media file sounds like. libsndfile reads WAV, FLAC, Ogg, Opus and MP3; all else, video too, goes through the
@@ -17,7 +18,11 @@ using Sink = std::function<bool(std::span<const float>)>;
 /// No file is read any farther.
 inline constexpr double MostSeconds = 48.0 * 3600.0;
 
-/// All channels mixed into one, `samplesPerSecond` a second, from -1 to 1. The error names the file.
-[[nodiscard]] ZLStatus decode(const QString& path, int samplesPerSecond, const Sink& sink);
+/// All channels mixed into one, `samplesPerSecond` a second, from -1 to 1, beginning `start` seconds after the
+/// beginning of the file. The error names the file.
+[[nodiscard]] ZLStatus decode(const QString& path, int samplesPerSecond, const Sink& sink, double start = 0.0);
+
+/// How long the sound in the file claims to be; nothing where that is not told without decoding it.
+[[nodiscard]] std::optional<double> claimedSeconds(const QString& path);
 
 }

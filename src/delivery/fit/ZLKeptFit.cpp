@@ -1,0 +1,112 @@
+#include "delivery/fit/ZLKeptFit.h"
+
+#include "model/ZLStoredValue.h"
+
+#include <QVariantList>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const QString identifierKey = QStringLiteral("Id");
+const QString fileKey = QStringLiteral("File");
+const QString madeKey = QStringLiteral("Made");
+const QString zeroKey = QStringLiteral("Zero");
+const QString showLengthKey = QStringLiteral("ShowLength");
+const QString fileLengthKey = QStringLiteral("FileLength");
+const QString piecesKey = QStringLiteral("Pieces");
+const QString movedPiecesKey = QStringLiteral("MovedPieces");
+const QString showStartKey = QStringLiteral("ShowStart");
+const QString fileStartKey = QStringLiteral("FileStart");
+const QString lengthKey = QStringLiteral("Length");
+const QString rateKey = QStringLiteral("Rate");
+const QString differingKey = QStringLiteral("Differing");
+
+/// A year. Also keeps what is computed of the numbers finite.
+constexpr double mostSeconds = 366.0 * 24.0 * 3600.0;
+constexpr double leastRate = 0.9;
+constexpr double mostRate = 1.1;
+
+bool isMoment(double seconds)
+{
+    return seconds >= 0.0 && seconds <= mostSeconds;
+}
+
+QVariantList storedPieces(const std::vector<ZLSoundPiece>& pieces)
+{
+    QVariantList stored;
+    for (const ZLSoundPiece& piece : pieces) {
+        stored.append(QVariantMap { { showStartKey, piece.showStart }, { fileStartKey, piece.fileStart },
+            { lengthKey, piece.length }, { rateKey, piece.rate }, { differingKey, piece.differingShare } });
+    }
+    return stored;
+}
+
+std::optional<ZLSoundPiece> pieceIn(const QVariant& stored)
+{
+    const QVariantMap entries = stored.toMap();
+    const ZLSoundPiece piece { ZLStoredValue::number(entries.value(showStartKey)),
+        ZLStoredValue::number(entries.value(fileStartKey)), ZLStoredValue::number(entries.value(lengthKey)),
+        ZLStoredValue::number(entries.value(rateKey)), ZLStoredValue::number(entries.value(differingKey)) };
+    const bool makesSense = isMoment(piece.showStart) && isMoment(piece.fileStart) && isMoment(piece.length)
+        && piece.length > 0.0 && piece.rate >= leastRate && piece.rate <= mostRate && piece.differingShare >= 0.0
+        && piece.differingShare <= 1.0;
+    return makesSense ? std::optional(piece) : std::nullopt;
+}
+
+/// Nothing when one of them makes no sense.
+std::optional<std::vector<ZLSoundPiece>> piecesIn(const QVariant& stored)
+{
+    const QVariantList list = stored.toList();
+    if (list.size() > ZLKeptFit::MostPieces)
+        return std::nullopt;
+    std::vector<ZLSoundPiece> pieces;
+    for (const QVariant& entry : list) {
+        const auto piece = pieceIn(entry);
+        if (!piece)
+            return std::nullopt;
+        pieces.push_back(*piece);
+    }
+    return pieces;
+}
+
+/// In the order of both, as everything that works with them takes for granted.
+bool areInOrder(const std::vector<ZLSoundPiece>& pieces)
+{
+    return std::ranges::is_sorted(pieces, {}, &ZLSoundPiece::showStart)
+        && std::ranges::is_sorted(pieces, {}, &ZLSoundPiece::fileStart);
+}
+
+}
+
+bool ZLKeptFit::isOf(const QString& name, double length) const
+{
+    return fileName == name && std::abs(alignment.fileLength - length) < ToleranceOfLength;
+}
+
+QVariantMap ZLKeptFit::stored() const
+{
+    return { { identifierKey, identifier }, { fileKey, fileName }, { madeKey, madeAt }, { zeroKey, zero },
+        { showLengthKey, alignment.showLength }, { fileLengthKey, alignment.fileLength },
+        { piecesKey, storedPieces(alignment.pieces) }, { movedPiecesKey, storedPieces(alignment.movedPieces) } };
+}
+
+std::optional<ZLKeptFit> ZLKeptFit::of(const QVariant& stored)
+{
+    const QVariantMap entries = stored.toMap();
+    const auto pieces = piecesIn(entries.value(piecesKey));
+    const auto movedPieces = piecesIn(entries.value(movedPiecesKey));
+    if (!pieces || !movedPieces || !areInOrder(*pieces))
+        return std::nullopt;
+    ZLKeptFit fit;
+    fit.identifier = ZLStoredValue::text(entries.value(identifierKey));
+    fit.fileName = ZLStoredValue::text(entries.value(fileKey));
+    fit.madeAt = ZLStoredValue::number(entries.value(madeKey));
+    fit.zero = ZLStoredValue::number(entries.value(zeroKey));
+    fit.alignment = { *pieces, *movedPieces, ZLStoredValue::number(entries.value(showLengthKey)),
+        ZLStoredValue::number(entries.value(fileLengthKey)) };
+    const bool makesSense = !fit.identifier.isEmpty() && !fit.fileName.isEmpty() && std::abs(fit.zero) <= mostSeconds
+        && isMoment(fit.alignment.showLength) && isMoment(fit.alignment.fileLength) && fit.alignment.isTheShow();
+    return makesSense ? std::optional(fit) : std::nullopt;
+}

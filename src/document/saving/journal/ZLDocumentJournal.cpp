@@ -1,0 +1,143 @@
+#include "document/saving/journal/ZLDocumentJournal.h"
+
+#include <utility>
+
+ZLDocumentJournal::ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk disk)
+    : m_document(document)
+    , m_disk(std::move(disk))
+    , m_chapters(document.chapterManager())
+    , m_templates(document.templateViewController().chapterManager())
+{
+    m_tickTimer.setInterval(TickInterval);
+    connect(&m_tickTimer, &QTimer::timeout, this, &ZLDocumentJournal::noteReading);
+    connect(&document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
+        if (change.concerns(ZLDocumentChange::Recording))
+            followClock();
+    });
+    followClock();
+    rememberDocument();
+}
+
+void ZLDocumentJournal::setBase(const QByteArray& bytes)
+{
+    rememberDocument();
+    m_base.emplace(bytes);
+    m_changeSinceBase.reset();
+}
+
+void ZLDocumentJournal::begin(const QString& journalPath, const QString& filePath, const ZLKnownVersions& versions)
+{
+    m_file = std::make_shared<ZLJournalFile>(journalPath, m_disk);
+    m_filePath = filePath;
+    beginFile(versions);
+    m_file->waitUntilHandedOver(m_disk.longestHandOver);
+}
+
+void ZLDocumentJournal::tidy(const ZLKnownVersions& versions)
+{
+    if (!m_file || (!m_file->isBroken() && m_file->size() <= std::max(SmallSize, 4 * m_file->sizeAtBeginning())))
+        return;
+    note();
+    beginFile(versions);
+}
+
+bool ZLDocumentJournal::end(QDeadlineTimer deadline)
+{
+    return !m_file || ZLJournalFile::leave(std::exchange(m_file, nullptr), deadline);
+}
+
+bool ZLDocumentJournal::noticeChange()
+{
+    auto change = takeDifference();
+    if (!change)
+        return false;
+    // What came in several steps would have to be put together, and so is told by a snapshot.
+    if (m_changeSinceBase)
+        m_base.reset();
+    m_changeSinceBase = std::move(change);
+    return true;
+}
+
+void ZLDocumentJournal::note()
+{
+    if (!m_file)
+        return;
+    const auto change = takeDifference();
+    if (!change)
+        return;
+    m_file->append({ ZLJournalRecord::Kind::Change, change->encoded() }, ZLJournalFile::Sync::AtOnce);
+    m_file->waitUntilHandedOver(m_disk.longestHandOver);
+}
+
+std::optional<ZLJournalChange> ZLDocumentJournal::takeDifference()
+{
+    auto chapters = m_chapters.takeDifference();
+    auto templates = m_templates.takeDifference();
+    auto extras = m_document.extras().takeDifference();
+    const ClockState clock = clockState();
+    if (std::exchange(m_clock, clock) == clock && !chapters && !templates && !extras)
+        return std::nullopt;
+    ZLJournalChange change = readingNow();
+    change.chapters = std::move(chapters);
+    change.templates = std::move(templates);
+    change.extras = std::move(extras);
+    return change;
+}
+
+ZLDocumentJournal::ClockState ZLDocumentJournal::clockState() const
+{
+    return { .isRunning = m_document.isRecording(),
+        .startTime = m_document.startTime(),
+        .duration = m_document.duration(),
+        .interruption = m_document.interruptedRecording() };
+}
+
+void ZLDocumentJournal::followClock()
+{
+    if (!m_document.isRecording())
+        m_tickTimer.stop();
+    else if (!m_tickTimer.isActive())
+        m_tickTimer.start();
+}
+
+void ZLDocumentJournal::noteReading()
+{
+    if (!m_file || !m_document.isRecording())
+        return;
+    const bool isSyncDue = ++m_ticks % TicksPerSync == 0;
+    m_file->append({ ZLJournalRecord::Kind::Change, readingNow().encoded() },
+        isSyncDue ? ZLJournalFile::Sync::AtOnce : ZLJournalFile::Sync::WithTheNext);
+}
+
+void ZLDocumentJournal::rememberDocument()
+{
+    (void)noticeChange();
+}
+
+ZLJournalChange ZLDocumentJournal::readingNow() const
+{
+    ZLJournalChange change { .reading = m_document.currentDuration(), .running = m_document.interruptedRecording() };
+    if (m_document.isRecording())
+        change.running = ZLInterruptedRecording { .reading = change.reading, .lastSeen = m_document.wallClockTime() };
+    return change;
+}
+
+void ZLDocumentJournal::beginFile(const ZLKnownVersions& versions)
+{
+    using Kind = ZLJournalRecord::Kind;
+    rememberDocument();
+    QList<ZLJournalRecord> others;
+    const auto digests = versions.value_or(QList<QByteArray>());
+    for (const QByteArray& digest : digests)
+        others.append({ Kind::KnownFile, digest });
+    const auto base = std::exchange(m_base, std::nullopt);
+    const auto changeSinceBase = std::exchange(m_changeSinceBase, std::nullopt);
+    others.append({ Kind::Change, base && changeSinceBase ? changeSinceBase->encoded() : readingNow().encoded() });
+    const ZLJournalRecord origin { Kind::Origin, m_filePath.toUtf8() };
+    if (base)
+        m_file->begin([origin, base, others] { return QList { origin, base->record() } + others; });
+    else
+        m_file->begin([origin, snapshot = m_document.snapshot(), others] {
+            return QList { origin, ZLJournalRecord { Kind::Snapshot, snapshot.encoded() } } + others;
+        });
+}

@@ -1,0 +1,204 @@
+#include "document/saving/SavingFixture.h"
+
+#include <QScopeGuard>
+
+#include <atomic>
+#include <semaphore>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+class ZLDocumentJournalTest : public SavingFixture {
+protected:
+    mode_t modeOf(const QString& path) const
+    {
+        struct stat status {};
+        EXPECT_EQ(stat(QFile::encodeName(path).constData(), &status), 0) << qPrintable(path);
+        return status.st_mode & 07777;
+    }
+
+    QString journalPath() const { return recoveryFolder.journaledFiles().value(0) + ZLRecoveryFile::JournalSuffix; }
+};
+
+TEST_F(ZLDocumentJournalTest, EveryChangeIsInTheJournalWhenItsCommandReturns)
+{
+    // No automatic save is carried out here: the journal alone counts.
+    const auto saver = titledSaver(filePath("show.zelta"));
+    addChapter("One");
+    EXPECT_EQ(journaledTitles(), QStringList { u"One"_s });
+    addChapter("Two");
+    document.updateChapterToTitle(document.chapterManager().chapterAtIndex(0), u"First"_s);
+    EXPECT_EQ(journaledTitles(), (QStringList { u"First"_s, u"Two"_s }));
+    document.undoManager().undo();
+    EXPECT_EQ(journaledTitles(), (QStringList { u"One"_s, u"Two"_s }));
+    document.removeChapter(document.chapterManager().chapterAtIndex(0));
+    EXPECT_EQ(journaledTitles(), QStringList { u"Two"_s });
+    document.moveChaptersByMilliseconds(500.0F);
+    EXPECT_EQ(journaled().contents.chapters.at(0).toMap().value(ZLChapterKey::TimeStamp).toDouble(), 2.5);
+    document.templateViewController().addChapterButtonPressed();
+    EXPECT_EQ(journaled().contents.templates.size(), 1);
+    EXPECT_EQ(titlesIn(filePath("show.zelta")), QStringList());
+}
+
+TEST_F(ZLDocumentJournalTest, StartAndStopAreInTheJournalWhenTheirCommandReturns)
+{
+    const auto saver = titledSaver(filePath("show.zelta"));
+    document.startRecordingWithTime(clock->seconds);
+    EXPECT_TRUE(journaled().interruption);
+    clock->seconds += 12.5;
+    document.recordButtonPressed();
+    EXPECT_FALSE(journaled().interruption);
+    EXPECT_EQ(journaled().contents.duration, 12.5);
+}
+
+TEST_F(ZLDocumentJournalTest, NobodyIsToldOfAMarkThatAKillCouldLose)
+{
+    const auto saver = untitledSaver();
+    document.startRecordingWithTime(clock->seconds);
+    int tellings = 0;
+    QObject::connect(&document, &ZLChapterDocument::changed, saver.get(), [&] {
+        ++tellings;
+        EXPECT_EQ(journaled().contents.chapters.size(), document.chapterManager().count());
+    });
+    addChapter("One");
+    addChapter("Two");
+    document.undoManager().undo();
+    EXPECT_GE(tellings, 3);
+}
+
+TEST_F(ZLDocumentJournalTest, ADiskThatHangsDelaysAMarkOnceAndBriefly)
+{
+    std::binary_semaphore disk(0);
+    std::atomic<bool> isHanging = false;
+    machinery.journalDisk.longestHandOver = ZLJournalDisk().longestHandOver;
+    machinery.journalDisk.write = [&](int descriptor, const void* bytes, size_t count) {
+        if (isHanging.exchange(false))
+            disk.acquire();
+        return ::write(descriptor, bytes, count);
+    };
+    auto saver = titledSaver(filePath("show.zelta"));
+    addChapter("One");
+    EXPECT_TRUE(saver->saveNow()) << "which ends when the journal has everything";
+    isHanging = true;
+    // Were one of these marks to wait for the disk, the test would stand here for ever.
+    for (int mark = 0; mark < 100; ++mark)
+        addChapter("More");
+    EXPECT_EQ(journaledTitles().size(), 1);
+    disk.release();
+    document.undoManager().undo();
+    saver.reset();
+    EXPECT_EQ(journaledTitles().size(), 100);
+}
+
+TEST_F(ZLDocumentJournalTest, ASyncThatHangsDelaysNoMarkAtAll)
+{
+    std::binary_semaphore disk(0);
+    std::atomic<int> syncs = 0;
+    machinery.journalDisk.sync = [&](int descriptor) {
+        // Not even the first mark, with which the journal begins, waits for it.
+        if (++syncs == 1)
+            disk.acquire();
+        return ::fdatasync(descriptor);
+    };
+    const auto saver = titledSaver(filePath("show.zelta"));
+    const auto letItGo = qScopeGuard([&disk] { disk.release(); });
+    for (int mark = 1; mark <= 50; ++mark) {
+        addChapter("More");
+        ASSERT_EQ(journaledTitles().size(), mark) << "the kernel has it although nothing is synced";
+    }
+}
+
+TEST_F(ZLDocumentJournalTest, AJournalBeginsWithTheBytesThatWereOpenedAndTheFirstChangeFollows)
+{
+    addChapter("Opened");
+    document.undoManager().removeAllActions();
+    const QString path = filePath("show.zelta");
+    const auto saver = titledSaver(path);
+    addChapter("First");
+    const auto records =
+        ZLJournalRecords::decoded(ZLBoundedFile::read(journalPath(), ZLFileBound::Document).value()).records;
+    ASSERT_GE(records.size(), 2);
+    EXPECT_EQ(records.at(1).payload, ZLBoundedFile::read(path, ZLFileBound::Document).value())
+        << "no bytes of a long document are made for the first mark";
+    EXPECT_EQ(journaledTitles(), (QStringList { u"Opened"_s, u"First"_s }));
+    EXPECT_TRUE(journaled().hasChangesSinceFile);
+    addChapter("Second");
+    EXPECT_EQ(journaledTitles(), (QStringList { u"Opened"_s, u"First"_s, u"Second"_s }));
+}
+
+TEST_F(ZLDocumentJournalTest, AJournalThatCouldNotBeginAtTheFirstChangeBeginsWithAllOfThem)
+{
+    QFile obstacle(temporary.filePath(u"state"_s));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    const auto saver = titledSaver(filePath("show.zelta"));
+    addChapter("First");
+    addChapter("Second");
+    EXPECT_FALSE(saver->recoveryFailureText().isEmpty());
+    ASSERT_TRUE(obstacle.remove());
+    saver->retryJournal();
+    EXPECT_EQ(journaledTitles(), (QStringList { u"First"_s, u"Second"_s }));
+}
+
+TEST_F(ZLDocumentJournalTest, AfterSaveAsTheJournalBeginsWithTheBytesThatWereSaved)
+{
+    const auto saver = titledSaver(filePath("show.zelta"));
+    addChapter("First");
+    ASSERT_TRUE(saver->saveAs(filePath("other.zelta")));
+    addChapter("Second");
+    EXPECT_EQ(journaledTitles(), (QStringList { u"First"_s, u"Second"_s }));
+    EXPECT_EQ(journaled().filePath, filePath("other.zelta"));
+}
+
+TEST_F(ZLDocumentJournalTest, RecoveryDataAreForTheirUserAlone)
+{
+    const mode_t formerMask = umask(0);
+    const auto saver = untitledSaver();
+    addChapter("One");
+    writeAndSettle(*saver);
+    umask(formerMask);
+    EXPECT_EQ(modeOf(recoveryFolder.path()), 0700U);
+    EXPECT_EQ(modeOf(journalPath()), 0600U);
+    EXPECT_EQ(modeOf(saver->recoveryPath()), 0600U);
+}
+
+TEST_F(ZLDocumentJournalTest, ARecordThatFailedIsMadeGoodByANewJournal)
+{
+    std::atomic<bool> isFull = false;
+    machinery.journalDisk.write = [&](int descriptor, const void* bytes, size_t count) -> ssize_t {
+        if (!isFull)
+            return ::write(descriptor, bytes, count);
+        if (count > 10)
+            return ::write(descriptor, bytes, 10);
+        errno = ENOSPC;
+        return -1;
+    };
+    const auto saver = titledSaver(filePath("show.zelta"));
+    addChapter("One");
+    isFull = true;
+    addChapter("Two");
+    EXPECT_EQ(journaledTitles(), QStringList { u"One"_s });
+    isFull = false;
+    addChapter("Three");
+    // On a busy machine the failure may come to light only after a save.
+    const QStringList everything { u"One"_s, u"Two"_s, u"Three"_s };
+    for (int attempt = 0; attempt < 1000 && journaledTitles() != everything; ++attempt)
+        EXPECT_TRUE(saver->saveNow());
+    EXPECT_EQ(journaledTitles(), everything);
+}
+
+TEST_F(ZLDocumentJournalTest, AJournalThatGrewIsBegunAnewWithoutLosingAnything)
+{
+    const auto saver = titledSaver(filePath("show.zelta"));
+    addChapter("One");
+    const QString longTitle(400'000, u'x');
+    qint64 largest = 0;
+    for (int edit = 0; edit < 12; ++edit) {
+        document.updateChapterToTitle(document.chapterManager().chapterAtIndex(0), longTitle + QString::number(edit));
+        addChapter("More");
+        ASSERT_EQ(journaledTitles().value(0), longTitle + QString::number(edit));
+        ASSERT_EQ(journaledTitles().size(), edit + 2);
+        largest = std::max(largest, QFileInfo(journalPath()).size());
+        writeAndSettle(*saver);
+    }
+    EXPECT_LT(largest, 8'000'000);
+}

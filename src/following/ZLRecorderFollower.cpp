@@ -333,7 +333,7 @@ bool ZLRecorderFollower::startRecorder()
         && recorderState() == ZLRecorderState::Standing;
     if (!canStart)
         return false;
-    m_pressedAt = m_setup.hostClock->now();
+    m_pressedAt = m_document.recording().commandTime().hostTime();
     m_startTimer.start();
     m_setup.recorder->startRecording();
     return true;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QByteArray>
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 

@@ -19,10 +19,8 @@ constexpr double longestDelay = 4.0;
 /// The delay of usual settings, for a recording that was joined after pauses.
 constexpr double usualDelay = 0.7;
 constexpr double usualDelayUncertainty = 1.0;
-/// By so many seconds the encoder may be early or late.
-constexpr double encoderUnevenness = 0.08;
-/// Of a frame.
-constexpr double sharpMeasure = 0.25;
+/// In frames.
+constexpr double encoderUnevenness = 1.5;
 /// A status that disagrees with the events is believed this long after the last of them.
 constexpr double eventPatience = 1.0;
 
@@ -48,6 +46,7 @@ void ZLOBSPosition::setFrameSeconds(double seconds)
 void ZLOBSPosition::setEncoderDelay(double seconds, bool isOfThisRecording)
 {
     m_encoderDelay = seconds;
+    m_checkedDelay = seconds;
     m_isDelayOfThisRecording = isOfThisRecording;
 }
 
@@ -117,12 +116,16 @@ void ZLOBSPosition::take(const ZLOBSStatus& status)
     followState(status);
     if (m_state == ZLRecorderState::Standing)
         return;
-    m_frames.take(status.asked, status.answered, double(status.frames));
+    // At zero it waits for the first frame, however long that takes.
+    if (status.frames > 0)
+        m_frames.take(status.asked, status.answered, double(status.frames));
     if (m_state == ZLRecorderState::Paused) {
         if (!m_framesBeside)
             m_standsAt = status.duration + m_encoderDelay.value_or(usualDelay);
         return;
     }
+    if (!m_frames.zero())
+        return;
     if (!m_framesBeside && m_started > 0.0)
         findFirstFrame();
     lookAtFramesOut();
@@ -184,36 +187,27 @@ void ZLOBSPosition::lookAtFramesOut()
 void ZLOBSPosition::settleSpan()
 {
     const double lag = (*m_framesOut.zero() - *m_frames.zero()) / m_frameSeconds;
-    if (m_encoderDelay && m_isDelayOfThisRecording) {
-        correctFramesBeside(lag - *m_encoderDelay / m_frameSeconds);
-    } else if (m_framesBeside && !m_isDelayGuessed) {
-        setEncoderDelay((lag - *m_framesBeside) * m_frameSeconds, true);
-    } else {
+    if (m_checkedDelay && m_isDelayOfThisRecording) {
+        const double measured = lag - *m_checkedDelay / m_frameSeconds;
+        // The encoder is uneven by a frame. More than that means that an event was missed.
+        if (!m_framesBeside || std::abs(measured - *m_framesBeside) > encoderUnevenness)
+            m_framesBeside = std::round(measured);
+    } else if (!m_framesBeside || m_isDelayGuessed) {
         settleJoinedSpan(lag);
     }
+    m_encoderDelay = (lag - *m_framesBeside) * m_frameSeconds;
+    if (!m_isDelayOfThisRecording)
+        m_checkedDelay = m_encoderDelay;
+    m_isDelayOfThisRecording = true;
     m_isSpanSettled = true;
-}
-
-void ZLOBSPosition::correctFramesBeside(double measured)
-{
-    // The delay is a whole number of frames, so what is measured well is nearly one, too. The moments of the events may
-    // be wrong by a frame; by more where one was missed.
-    const double frames = std::round(measured);
-    const bool isSharp = std::abs(measured - frames) < sharpMeasure;
-    if (!m_framesBeside || isSharp || std::abs(frames - *m_framesBeside) * m_frameSeconds > encoderUnevenness)
-        m_framesBeside = frames;
 }
 
 void ZLOBSPosition::settleJoinedSpan(double lag)
 {
-    if (lag * m_frameSeconds <= longestDelay)
-        m_encoderDelay = lag * m_frameSeconds;
-    else
-        m_isDelayGuessed = !m_encoderDelay;
-    const double delay = m_encoderDelay.value_or(usualDelay);
+    const bool hasPauses = lag * m_frameSeconds > longestDelay;
+    m_isDelayGuessed = hasPauses && !m_encoderDelay;
+    const double delay = hasPauses ? m_encoderDelay.value_or(usualDelay) : lag * m_frameSeconds;
     m_framesBeside = std::max(0.0, std::round(lag - delay / m_frameSeconds));
-    // From here on the pauses are measured against what this span gave.
-    setEncoderDelay(delay, true);
 }
 
 double ZLOBSPosition::firstFrameFrom(double hostTime) const

@@ -55,7 +55,6 @@ private:
     void findFirstFrame();
     void lookAtFramesOut();
     void settleSpan();
-    void correctFramesBeside(double measured);
     void settleJoinedSpan(double lag);
     [[nodiscard]] double firstFrameFrom(double hostTime) const;
     [[nodiscard]] double positionAt(double hostTime) const;
@@ -84,7 +83,9 @@ private:
     /// Up to this `duration`, what leaves the encoder tells nothing of its delay.
     double m_earlyUntil = 0.0;
     bool m_isSpanSettled = false;
+    /// As it was last measured, and as it was measured first: by the latter, missed events are found out.
     std::optional<double> m_encoderDelay;
+    std::optional<double> m_checkedDelay;
     bool m_isDelayOfThisRecording = false;
     bool m_isDelayGuessed = false;
 };

@@ -219,10 +219,12 @@ void ZLOBSRecorder::useDelayNote()
 void ZLOBSRecorder::keepDelayNote()
 {
     const std::optional<double> zero = zeroOfFramesSince1970();
-    const bool isMeasured = m_position.isDelayOfThisRecording() && !m_position.isDelayGuessed();
-    if (!zero || !isMeasured || (m_delayNote && m_delayNote->isOfRecording(*zero)))
+    if (!zero || !m_position.isDelayOfThisRecording() || m_position.isDelayGuessed())
         return;
-    m_delayNote = ZLOBSDelayNote { *m_position.encoderDelay(), *zero };
+    const double delay = *m_position.encoderDelay();
+    if (m_delayNote && m_delayNote->isOfRecording(*zero) && m_delayNote->encoderDelay == delay)
+        return;
+    m_delayNote = ZLOBSDelayNote { delay, *zero };
     qCDebug(obsRecorderLog, "the encoder holds frames back for %.3f s", m_delayNote->encoderDelay);
     request(u"SetPersistentData"_s, otherAnswer,
         { { u"realm"_s, profileRealm }, { u"slotName"_s, QLatin1StringView(ZLOBSDelayNote::Slot) },

@@ -47,6 +47,7 @@ class Recorder:
     def end(self):
         self.process.stdin.write("end\n")
         self.process.stdin.close()
+        self.process.stdout.close()
         self.process.wait(20)
 
 

@@ -36,6 +36,7 @@ class Probe:
         self.process.stdin.close()
         self.process.wait(20)
         self._thread.join(20)
+        self.process.stdout.close()
 
     def wait_for_state(self, state, seconds=30):
         wait_until(lambda: self.reports and self.reports[-1][0] == state, f"the recorder to be {state}", seconds)

@@ -21,13 +21,16 @@ ZLPrivateJackServer::ZLPrivateJackServer()
 {
     qputenv(serverNameVariable, m_name.toLatin1());
     // A test that crashes takes the server along.
-    m_server.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    m_server.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     m_server.setProcessChannelMode(QProcess::MergedChannels);
 }
 
 ZLPrivateJackServer::~ZLPrivateJackServer()
 {
-    kill();
+    // What a server leaves in shared memory when it is killed, it takes away when it is told to end.
+    m_server.terminate();
+    if (!m_server.waitForFinished(jackDeadlineMilliseconds))
+        kill();
     if (m_earlierName.isEmpty())
         qunsetenv(serverNameVariable);
     else

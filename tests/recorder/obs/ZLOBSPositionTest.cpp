@@ -76,6 +76,24 @@ TEST_F(ZLOBSPositionTest, IsExactLongBeforeTheFirstFrameHasLeftTheEncoder)
     EXPECT_LT(position.report()->uncertainty, 2 * fine);
 }
 
+TEST_F(ZLOBSPositionTest, ACounterThatWaitsForTheFirstFrameTellsNoMoment)
+{
+    start();
+    position.take({ now - 0.025, now - 0.024, true, false, 0.0, 0 });
+    position.take({ now + 0.001, now + 0.002, true, false, 0.0, 0 });
+    EXPECT_FALSE(position.report());
+    watch(4.0);
+    EXPECT_NEAR(error(), 0.0, fine);
+}
+
+TEST_F(ZLOBSPositionTest, ACounterThatNeverCountsTellsNothing)
+{
+    position.began(now, now + 0.03);
+    for (int look = 1; look < 1000; ++look)
+        position.take({ now + look * 0.05, now + look * 0.05 + 0.001, true, false, look * 0.05, 0 });
+    EXPECT_FALSE(position.report());
+}
+
 TEST_F(ZLOBSPositionTest, CoarseFramesBecomeFineToo)
 {
     obs.frameSeconds = 0.1;

@@ -2,6 +2,7 @@
 
 #include "recorder/obs/ZLOBSStatus.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 

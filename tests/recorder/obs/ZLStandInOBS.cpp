@@ -7,6 +7,8 @@
 #include <QTcpSocket>
 #include <QWebSocket>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,4 +1,6 @@
 #include "platform/hotkey/ZLPortalHotKeyBackend.h"
+
+#include "platform/ZLHostClock.h"
 #include "platform/hotkey/ZLPortalBus.h"
 
 #include <QDBusMessage>
@@ -27,7 +29,10 @@ protected:
         ASSERT_EQ(bus.error(), QString());
         backend = std::make_unique<ZLPortalHotKeyBackend>(bus.connection());
         QObject::connect(backend.get(), &ZLHotKeyCenter::hotKeyPressed, backend.get(),
-            [this](const QString& identifier) { pressed.append(identifier); });
+            [this](const QString& identifier, const ZLPressStamp& press) {
+                pressed.append(identifier);
+                lastPress = press.hostTime();
+            });
     }
 
     void registerHotKey(const QString& identifier, int keyCode)
@@ -67,6 +72,7 @@ protected:
     ZLPortalBus bus;
     std::unique_ptr<ZLPortalHotKeyBackend> backend;
     QStringList pressed;
+    double lastPress = 0.0;
 };
 
 TEST_F(ZLPortalHotKeyBackendTest, IntroducesItselfThenBindsTheWholeSetAtOnce)
@@ -284,4 +290,20 @@ TEST_F(ZLPortalHotKeyBackendTest, FollowsTheDesktopsSettings)
     bus.control(u"EndSession"_s);
     ASSERT_TRUE(reaches(u"a"_s, ZLHotKey::State::Refused));
     EXPECT_EQ(hotKey(u"a"_s).refusalReason, u"The desktop has withdrawn the shortcuts."_s);
+}
+
+TEST_F(ZLPortalHotKeyBackendTest, APressHasThePortalsTimeWhereThatIsOfTheSystemsClock)
+{
+    ASSERT_TRUE(bus.startPortal(u"full"_s, u"grant"_s));
+    registerHotKey(u"a"_s, 46);
+    ASSERT_TRUE(reaches(u"a"_s, ZLHotKey::State::Registered));
+    const ZLSteadyHostClock clock;
+    const double aMomentAgo = clock.now() - 0.5;
+    bus.control(u"PressAt"_s, { u"a"_s, qulonglong(aMomentAgo * 1000.0) });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pressed.size() == 1; }, portalDeadlineMilliseconds));
+    EXPECT_NEAR(lastPress, aMomentAgo, 0.002) << "a portal tells whole milliseconds";
+    const double before = clock.now();
+    bus.control(u"PressAt"_s, { u"a"_s, qulonglong(aMomentAgo) });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pressed.size() == 2; }, portalDeadlineMilliseconds));
+    EXPECT_GE(lastPress, before) << "seconds are not understood, so the arrival counts";
 }

@@ -61,7 +61,10 @@ protected:
         ASSERT_TRUE(run(u"setxkbmap"_s, { u"us"_s }));
         ASSERT_TRUE(setLocks(0));
         QObject::connect(center.get(), &ZLHotKeyCenter::hotKeyPressed, center.get(),
-            [this](const QString& identifier) { pressed.append(identifier); });
+            [this](const QString& identifier, const ZLPressStamp& press) {
+                pressed.append(identifier);
+                lastPress = press.hostTime();
+            });
     }
     void TearDown() override { ASSERT_TRUE(setLocks(0)); }
 
@@ -118,6 +121,7 @@ protected:
     ZLXPeer peer;
     std::unique_ptr<ZLHotKeyCenter> center = ZLHotKeyCenter::create();
     QStringList pressed;
+    double lastPress = 0.0;
 };
 
 TEST_F(ZLXcbHotKeyBackendTest, FiresWhileAnotherProgramHasTheFocus)
@@ -360,4 +364,18 @@ TEST_F(ZLXcbHotKeyBackendTest, LetsTheListenerChangeTheHotKeys)
     type(u"F7"_s);
     ASSERT_TRUE(waitForPresses(2));
     EXPECT_THAT(pressed, ElementsAre(u"plain"_s, u"next"_s));
+}
+
+TEST_F(ZLXcbHotKeyBackendTest, APressHasTheServersTimeHoweverBusyTheProgramIs)
+{
+    registerHotKey(u"plain"_s, codeOfF6);
+    const ZLSteadyHostClock clock;
+    const double before = clock.now();
+    type(u"F6"_s);
+    const double after = clock.now();
+    QThread::msleep(50);
+    ASSERT_TRUE(waitForPresses(1));
+    // The server tells whole milliseconds.
+    EXPECT_GE(lastPress, before - 0.001);
+    EXPECT_LE(lastPress, after);
 }

@@ -79,6 +79,10 @@ class Portal(dbus.service.Object):
     def Press(self, identifier):
         self.Activated(dbus.ObjectPath(self.session_path), identifier, dbus.UInt64(1), {})
 
+    @dbus.service.method(CONTROL, in_signature="st")
+    def PressAt(self, identifier, timestamp):
+        self.Activated(dbus.ObjectPath(self.session_path), identifier, dbus.UInt64(timestamp), {})
+
     @dbus.service.method(CONTROL, in_signature="s")
     def PressInOtherSession(self, identifier):
         self.Activated(dbus.ObjectPath(ROOT + "/session/other/one"), identifier, dbus.UInt64(1), {})

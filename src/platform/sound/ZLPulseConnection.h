@@ -22,9 +22,9 @@ struct ZLInputReading {
 };
 
 /// The line to the sound server. It is read on a thread of its own, so nothing else waits for a server that answers
-/// late or never, and a busy window tears no hole into what is playing. It keeps the list of outputs, or that of sources,
-/// up to date by the server's own announcements; a question is then answered from memory, and is as fresh as one sent to
-/// the server.
+/// late or never, and a busy window tears no hole into what is playing. It keeps the list of outputs, or that of
+/// sources, up to date by the server's own announcements; a question is then answered from memory, and is as fresh as
+/// one sent to the server.
 class ZLPulseConnection : public QObject {
     Q_OBJECT
 

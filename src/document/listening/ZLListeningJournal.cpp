@@ -29,8 +29,9 @@ ZLJournalRecord recordOf(std::size_t number, const ZLListeningSpan& span, std::s
     return record;
 }
 
-/// False for one that does not fit what came before it.
-bool take(const ZLJournalRecord& record, std::vector<ZLListeningSpan>& spans)
+/// False for one that does not fit what came before it. `formerFrames` counts those of the spans before the last one,
+/// so that all together stay within the bound of a show.
+bool take(const ZLJournalRecord& record, std::vector<ZLListeningSpan>& spans, std::size_t& formerFrames)
 {
     QDataStream stream(record.payload);
     stream.setVersion(recordVersion);
@@ -40,8 +41,10 @@ bool take(const ZLJournalRecord& record, std::vector<ZLListeningSpan>& spans)
     stream >> number >> place.start >> place.interval >> firstFrame;
     const bool fits = number == spans.size() || (!spans.empty() && number == spans.size() - 1);
     if (record.kind != ZLJournalRecord::Kind::Heard || stream.status() != QDataStream::Ok || !fits || number > mostSpans
-        || firstFrame > mostFrames)
+        || formerFrames + firstFrame > mostFrames)
         return false;
+    if (number == spans.size() && !spans.empty())
+        formerFrames += spans.back().frames.size();
     spans.resize(number + 1);
     ZLListeningSpan& span = spans.back();
     span.start = place.start;
@@ -136,8 +139,9 @@ void ZLListeningJournal::addTo(ZLListeningData& data, const QString& path)
     if (!bytes)
         return;
     std::vector<ZLListeningSpan> spans;
+    std::size_t formerFrames = 0;
     for (const ZLJournalRecord& record : ZLJournalRecords::decoded(bytes.value()).records) {
-        if (!take(record, spans))
+        if (!take(record, spans, formerFrames))
             break;
     }
     for (ZLListeningSpan& span : spans)

@@ -17,7 +17,7 @@ zelta_test_packages=(
   ffmpeg mkvtoolnix cuetools python3-webvtt
   espeak-ng lame opus-tools vorbis-tools flac sox sndfile-programs mediainfo python3-mutagen
   avahi-daemon iproute2
-  pulseaudio pulseaudio-utils jackd2 python3-numpy
+  pulseaudio pulseaudio-utils jackd2 python3-jack-client python3-numpy
   xvfb openbox weston sway wtype xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst
   python3-dbus python3-gi
   desktop-file-utils appstream lintian man-db groff

@@ -1,5 +1,6 @@
 #include "document/shared/ZLChapterMoves.h"
 
+#include "listening/ZLListeningData.h"
 #include "support/ZLDocumentFixture.h"
 
 #include <limits>

@@ -1,3 +1,4 @@
+#include "platform/ZLHostClock.h"
 #include "platform/hotkey/ZLHotKeyCenter.h"
 #include "platform/hotkey/ZLXPeer.h"
 

@@ -5,6 +5,7 @@
 #include <QLoggingCategory>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -92,12 +93,13 @@ void ZLBusNotificationCenter::remember(const Delivered& delivered)
     m_delivered.append(delivered);
     if (m_delivered.size() > maximumRemembered)
         m_delivered.removeFirst();
-    for (qsizetype i = 0; i < m_early.size();) {
-        if (m_early.at(i).id == delivered.id)
-            m_early.takeAt(i).event();
-        else
-            ++i;
-    }
+    const auto belongs = [id = delivered.id](const Early& early) { return early.id == id; };
+    QList<Early> events;
+    std::copy_if(m_early.cbegin(), m_early.cend(), std::back_inserter(events), belongs);
+    for (const Early& early : std::as_const(events))
+        early.event();
+    // One that comes after its notification is over is kept once more, and for nothing.
+    m_early.removeIf(belongs);
 }
 
 void ZLBusNotificationCenter::keepForAnswer(uint id, const std::function<void()>& event)

@@ -1777,7 +1777,7 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
     <message>
         <source>Fit to &amp;Finished File…</source>
-        <translation>An &amp;fertige Datei anpassen …</translation>
+        <translation>An fertige Datei &amp;anpassen&#xa0;…</translation>
     </message>
 </context>
 <context>

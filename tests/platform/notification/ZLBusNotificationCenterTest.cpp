@@ -185,6 +185,14 @@ TEST_F(ZLBusNotificationCenterTest, AProgramThatIsNotTheServerIsNotListenedTo)
     EXPECT_TRUE(nothingArrivesBeforeTheNext(2));
 }
 
+TEST_F(ZLBusNotificationCenterTest, AReplyToADismissedNotificationThatOvertakesTheAnswerIsIgnored)
+{
+    ASSERT_TRUE(startServer(withReplyFields));
+    control(u"DismissAndReplyBeforeTheAnswer"_s, { u"Never"_s });
+    ASSERT_TRUE(deliverAndSee(u"dismissed"_s, 1));
+    EXPECT_TRUE(nothingArrivesBeforeTheNext(2));
+}
+
 TEST_F(ZLBusNotificationCenterTest, ADismissedNotificationIsForgottenAndAnExpiredOneCanStillBeAnswered)
 {
     ASSERT_TRUE(startServer(withReplyFields));

@@ -24,6 +24,7 @@ class Server(dbus.service.Object):
         self.notifications = []
         self.questions = 0
         self.reply_at_once = None
+        self.early_reply = None
 
     @dbus.service.method(NAME, out_signature="as")
     def GetCapabilities(self):
@@ -38,6 +39,11 @@ class Server(dbus.service.Object):
             "actions": [str(action) for action in actions], "hints": {str(k): str(v) for k, v in hints.items()},
             "timeout": int(timeout),
         })
+        if self.early_reply:
+            # Before the answer is sent.
+            self.NotificationClosed(number, 2)
+            self.NotificationReplied(number, self.early_reply)
+            self.early_reply = None
         if self.reply_at_once:
             GLib.idle_add(self.NotificationReplied, number, self.reply_at_once)
         return dbus.UInt32(number)
@@ -73,6 +79,10 @@ class Server(dbus.service.Object):
     @dbus.service.method(CONTROL, in_signature="s")
     def ReplyAtOnce(self, text):
         self.reply_at_once = text
+
+    @dbus.service.method(CONTROL, in_signature="s")
+    def DismissAndReplyBeforeTheAnswer(self, text):
+        self.early_reply = text
 
     @dbus.service.method(CONTROL, in_signature="us")
     def Press(self, number, key):

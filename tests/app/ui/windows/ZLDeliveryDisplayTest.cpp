@@ -63,7 +63,8 @@ TEST_F(ZLDeliveryDisplayTest, ADroppedAudioFileComesIntoTheSheetAndOthersAreOpen
     drop(document, { audioFile(u"a.wav"_s), storedFile(u"show.zelta"_s), audioFile(u"b.wav"_s) });
     ASSERT_TRUE(isSheetShown(document));
     EXPECT_EQ(fileCount(document), 2);
-    EXPECT_EQ(m_controller.documents().size(), 2);
+    // Whether a file is a list is looked for beside the main thread.
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_controller.documents().size() == 2; }, 30'000));
 }
 
 TEST_F(ZLDeliveryDisplayTest, WritesWhileTheClockRunsAndMarksArrive)

@@ -50,6 +50,7 @@ ZLFitChoices::ZLFitChoices(ZLFitDraft& draft, QWidget* parent)
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setColumnStretch(1, 1);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     addFinishedRow(*layout);
     addShowRow(*layout);
     connect(&draft, &ZLFitDraft::didChange, this, &ZLFitChoices::update);
@@ -83,9 +84,9 @@ void ZLFitChoices::addShowRow(QGridLayout& layout)
     layout.addWidget(m_sourcesLabel, 1, 0);
     layout.addWidget(m_sources, 1, 1);
     layout.addWidget(m_chooseRecording, 1, 2);
-    layout.addWidget(m_zeroLabel, 1, 3);
-    layout.addWidget(m_zero, 1, 4);
-    layout.addWidget(m_findZero, 1, 5);
+    layout.addWidget(m_zeroLabel, 2, 0);
+    layout.addWidget(m_zero, 2, 1, Qt::AlignLeft);
+    layout.addWidget(m_findZero, 2, 2);
     connect(m_sources, &QComboBox::activated, this,
         [this](int index) { m_draft.setSource(Source(m_sources->itemData(index).toInt())); });
     connect(m_chooseRecording, &QPushButton::clicked, this, [this] {

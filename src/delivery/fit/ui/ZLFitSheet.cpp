@@ -128,6 +128,8 @@ QWidget* ZLFitSheet::makeBody()
     layout->addWidget(m_outcome);
     layout->addWidget(m_picture, 1);
     layout->addWidget(m_list, 1);
+    // Keeps what is above together while there is neither of both.
+    layout->addStretch();
     // In a small window it scrolls, and the table below keeps its room.
     auto* scroll = new QScrollArea(this);
     scroll->setFrameShape(NoFrame);

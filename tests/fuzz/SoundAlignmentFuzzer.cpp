@@ -60,7 +60,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         return 0;
     const std::size_t samplesAtOnce = std::size_t(bytes[0]) * 7 + 1;
     std::vector<float> samples(std::min((size - 2) / sizeof(float), mostSamples));
-    std::memcpy(samples.data(), bytes + 2, samples.size() * sizeof(float));
+    // A vector without elements may have no storage at all.
+    if (!samples.empty())
+        std::memcpy(samples.data(), bytes + 2, samples.size() * sizeof(float));
     const std::size_t split = samples.size() * bytes[1] / 255;
     const auto show = fingerprintOf(std::span(samples).first(split), samplesAtOnce);
     const auto file = fingerprintOf(std::span(samples).subspan(split), samplesAtOnce);

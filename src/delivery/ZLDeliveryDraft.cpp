@@ -125,6 +125,9 @@ void ZLDeliveryDraft::takeContents(const QString& path, const ZLResult<ZLMediaCo
     const auto found = std::ranges::find(m_targets, path, &ZLDeliveryTarget::path);
     if (found == m_targets.end())
         return;
+    // With the contents that were known when the chapters changed: only so is it seen that they are others.
+    if (m_isPlanDue)
+        planAgain();
     if (contents) {
         updatePlan(*found, contents.value());
         if (found->state == State::Reading)

@@ -7,11 +7,11 @@ import subprocess
 from pathlib import Path
 
 from desktop import wait_until
+from sound_server import SoundServer
 
 PASSWORD = "open sesame"
 
-SOUND = """load-module module-native-protocol-unix auth-anonymous=1 socket={socket}
-load-module module-null-sink sink_name=studio rate=48000 channels=2 norewinds=1
+SOUND = """load-module module-null-sink sink_name=studio rate=48000 channels=2 norewinds=1
 set-default-sink studio
 """
 
@@ -63,14 +63,7 @@ def is_installed():
 
 def start_sound(desktop):
     """A sound server whose one output is called "studio"."""
-    place = desktop.home / "pulse.socket"
-    script = desktop.home / "pulse.pa"
-    script.write_text(SOUND.format(socket=place))
-    os.environ["PULSE_SERVER"] = f"unix:{place}"
-    desktop.start("pulseaudio", "-n", "-F", script, "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
-                  "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error")
-    wait_until(lambda: subprocess.run(["pactl", "info"], capture_output=True, check=False).returncode == 0,
-               "the sound server to answer")
+    SoundServer(desktop, SOUND)
 
 
 class OBSStudio:

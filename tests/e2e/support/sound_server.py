@@ -5,21 +5,22 @@ import subprocess
 
 from desktop import wait_until
 
-OUTPUTS = """load-module module-native-protocol-unix auth-anonymous=1 socket={socket}
-load-module module-null-sink sink_name=left_card sink_properties="device.description='Left\\ Card'" norewinds=1
+PROTOCOL = "load-module module-native-protocol-unix auth-anonymous=1 socket={socket}\n"
+
+OUTPUTS = """load-module module-null-sink sink_name=left_card sink_properties="device.description='Left\\ Card'" norewinds=1
 load-module module-null-sink sink_name=right_card sink_properties="device.description='Right\\ Card'" norewinds=1
 set-default-sink left_card
 """
 
 
 class SoundServer:
-    """A sound server with two outputs, and an ear at each."""
+    """A sound server with two outputs, and an ear at each. Other outputs are told as lines of its script."""
 
-    def __init__(self, desktop):
+    def __init__(self, desktop, outputs=OUTPUTS):
         self.desktop = desktop
         socket = desktop.home / "pulse.socket"
         script = desktop.home / "pulse.pa"
-        script.write_text(OUTPUTS.format(socket=socket))
+        script.write_text(PROTOCOL.format(socket=socket) + outputs)
         os.environ["PULSE_SERVER"] = f"unix:{socket}"
         desktop.start("pulseaudio", "-n", "-F", script, "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
                       "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error")

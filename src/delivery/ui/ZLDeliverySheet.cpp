@@ -4,7 +4,7 @@
 #include "delivery/ui/ZLDeliveryComparison.h"
 #include "delivery/ui/ZLDeliveryFilesModel.h"
 #include "document/ui/ZLMnemonics.h"
-#include "templates/ui/ZLSelectionDelegate.h"
+#include "document/ui/ZLSheetParts.h"
 
 #include <QDoubleSpinBox>
 #include <QFileDialog>
@@ -15,7 +15,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QTreeView>
 
 #include <algorithm>
@@ -31,29 +30,20 @@ constexpr int progressInterval = 100;
 /// Lines of the list of files: its header, two files and the frame.
 constexpr int fileLines = 4;
 
-QPushButton* makeButton(const QString& name, QWidget* parent)
-{
-    auto* button = new QPushButton(parent);
-    button->setObjectName(name);
-    // Return presses the button that has the keyboard, as in a dialog.
-    button->setAutoDefault(true);
-    return button;
-}
-
 }
 
 ZLDeliverySheet::ZLDeliverySheet(ZLDeliveryDraft& draft, const QMenuBar& menus, QWidget* parent)
     : QFrame(parent)
     , m_draft(draft)
     , m_files(makeFileList())
-    , m_choose(makeButton(u"chooseFiles"_s, this))
+    , m_choose(ZLSheetParts::button(u"chooseFiles"_s, this))
     , m_shiftLabel(new QLabel(this))
     , m_shift(new QDoubleSpinBox(this))
     , m_comparison(new ZLDeliveryComparison(this))
-    , m_import(makeButton(u"importItsChapters"_s, this))
+    , m_import(ZLSheetParts::button(u"importItsChapters"_s, this))
     , m_progress(new QProgressBar(this))
-    , m_close(makeButton(u"closeSheet"_s, this))
-    , m_write(makeButton(u"writeChapters"_s, this))
+    , m_close(ZLSheetParts::button(u"closeSheet"_s, this))
+    , m_write(ZLSheetParts::button(u"writeChapters"_s, this))
 {
     setObjectName(u"deliverySheet"_s);
     setAccessibleName(tr("Write Chapters into Audio File"));
@@ -92,27 +82,13 @@ QWidget* ZLDeliverySheet::makeBody()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(upper);
     layout->addWidget(m_comparison, 1);
-    // In a small window it scrolls, and the table below keeps its room.
-    auto* scroll = new QScrollArea(this);
-    scroll->setFrameShape(NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(body);
-    return scroll;
+    return ZLSheetParts::scrolling(body, this);
 }
 
 QTreeView* ZLDeliverySheet::makeFileList()
 {
-    auto* list = new QTreeView(this);
-    list->setObjectName(u"deliveryFiles"_s);
-    list->setAccessibleName(tr("Audio files"));
-    list->setModel(new ZLDeliveryFilesModel(m_draft, list));
-    list->setItemDelegate(new ZLSelectionDelegate(list));
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setTabKeyNavigation(false);
-    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    auto* list =
+        ZLSheetParts::list(u"deliveryFiles"_s, tr("Audio files"), new ZLDeliveryFilesModel(m_draft, this), this);
     list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     list->header()->setStretchLastSection(true);
     list->setFixedHeight(fileLines * (list->fontMetrics().height() + fileLines));

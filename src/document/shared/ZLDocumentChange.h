@@ -23,8 +23,8 @@ struct ZLDocumentChange {
         EveryCell = 1U << 12U, ///< All cells of the table may read otherwise.
         Contents = 1U << 13U, ///< The file form: it is worth saving.
         Reminder = 1U << 14U, ///< Nothing, but the controllers are to be told the state once more.
-        RecorderDifference = 1U << 16U, ///< By how much the recorder that is followed differs from the clock.
         Extras = 1U << 15U, ///< What the document keeps besides, see ZLDocumentExtras.
+        RecorderDifference = 1U << 16U, ///< By how much the recorder that is followed differs from the clock.
     };
     Q_DECLARE_FLAGS(Parts, Part)
 

@@ -1,6 +1,7 @@
 #include "following/ui/ZLRecorderStatePanel.h"
 
 #include "document/ZLChapterDocument.h"
+#include "document/ui/ZLFormText.h"
 #include "model/ZLTimeText.h"
 
 #include <QFormLayout>
@@ -39,10 +40,10 @@ ZLRecorderStatePanel::ZLRecorderStatePanel(ZLFollowing& following, QWidget* pare
 {
     setObjectName(u"statePanel"_s);
     auto* const form = new QFormLayout(this);
-    m_state = addText(*form, u"recorderState"_s, tr("State:"));
-    m_position = addText(*form, u"recorderPosition"_s, tr("Position:"));
-    m_distance = addText(*form, u"recorderDistance"_s, tr("Distance:"));
-    m_drift = addText(*form, u"recorderDrift"_s, tr("Drift:"));
+    m_state = ZLFormText::addRow(*form, u"recorderState"_s, tr("State:"));
+    m_position = ZLFormText::addRow(*form, u"recorderPosition"_s, tr("Position:"));
+    m_distance = ZLFormText::addRow(*form, u"recorderDistance"_s, tr("Distance:"));
+    m_drift = ZLFormText::addRow(*form, u"recorderDrift"_s, tr("Drift:"));
     m_distance->setToolTip(tr("By which the recorder is ahead of Zelta's clock."));
     m_drift->setToolTip(tr("How much faster the recorder's clock goes than that of this computer."));
     m_takeRecorders = addTakeButton(
@@ -54,17 +55,6 @@ ZLRecorderStatePanel::ZLRecorderStatePanel(ZLFollowing& following, QWidget* pare
     m_takeRecorders->setEnabled(false);
     m_takeZeltas->setEnabled(false);
     update();
-}
-
-QLabel* ZLRecorderStatePanel::addText(QFormLayout& form, const QString& objectName, const QString& title)
-{
-    auto* const label = new QLabel(this);
-    label->setObjectName(objectName);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    form.addRow(title, label);
-    return label;
 }
 
 QPushButton* ZLRecorderStatePanel::addTakeButton(

@@ -25,7 +25,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    QLabel* addText(QFormLayout& form, const QString& objectName, const QString& title);
     QPushButton* addTakeButton(QFormLayout& form, const QString& objectName, const QString& text, ZLReadingOf wanted);
     void update();
     void updateTakeButtons();

@@ -1,6 +1,7 @@
 #include "import/ui/ZLImportSheet.h"
 
 #include "document/ui/ZLMnemonics.h"
+#include "document/ui/ZLSheetParts.h"
 #include "import/ui/ZLImportRowsModel.h"
 #include "platform/ZLShownText.h"
 #include "templates/ui/ZLSelectionDelegate.h"
@@ -26,15 +27,6 @@ constexpr double longestShiftInSeconds = 1000.0 * 3600.0;
 /// So many remarks are seen at once.
 constexpr int remarkLines = 4;
 
-QPushButton* sheetButton(const QString& name, QWidget* parent)
-{
-    auto* button = new QPushButton(parent);
-    button->setObjectName(name);
-    // Return presses the button that has the keyboard, as in a dialog.
-    button->setAutoDefault(true);
-    return button;
-}
-
 }
 
 ZLImportSheet::ZLImportSheet(const QMenuBar& menus, QWidget* parent)
@@ -50,8 +42,8 @@ ZLImportSheet::ZLImportSheet(const QMenuBar& menus, QWidget* parent)
     , m_shift(new QDoubleSpinBox(this))
     , m_shiftLabel(new QLabel(this))
     , m_templates(new QCheckBox(this))
-    , m_cancel(sheetButton(u"cancelImport"_s, this))
-    , m_import(sheetButton(u"importNow"_s, this))
+    , m_cancel(ZLSheetParts::button(u"cancelImport"_s, this))
+    , m_import(ZLSheetParts::button(u"importNow"_s, this))
 {
     setObjectName(u"importSheet"_s);
     setAccessibleName(tr("Import Chapters"));
@@ -111,15 +103,7 @@ void ZLImportSheet::keyPressEvent(QKeyEvent* event)
 
 QTreeView* ZLImportSheet::makeRows()
 {
-    auto* rows = new QTreeView(this);
-    rows->setObjectName(u"importRows"_s);
-    rows->setAccessibleName(tr("Chapters that will come"));
-    rows->setModel(m_model);
-    rows->setItemDelegate(new ZLSelectionDelegate(rows));
-    rows->setRootIsDecorated(false);
-    rows->setUniformRowHeights(true);
-    rows->setTabKeyNavigation(false);
-    rows->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    auto* rows = ZLSheetParts::list(u"importRows"_s, tr("Chapters that will come"), m_model, this);
     const int timeWidth = rows->fontMetrics().horizontalAdvance(u"-000:00:00.000  "_s);
     rows->header()->resizeSection(ZLImportRowsModel::TimeColumn, timeWidth);
     rows->header()->resizeSection(ZLImportRowsModel::TitleColumn, 3 * timeWidth);

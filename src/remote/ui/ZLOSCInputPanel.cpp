@@ -1,5 +1,6 @@
 #include "remote/ui/ZLOSCInputPanel.h"
 
+#include "document/ui/ZLFormText.h"
 #include "settings/ZLSettingsManager.h"
 
 #include <QEvent>
@@ -41,8 +42,8 @@ ZLOSCInputPanel::ZLOSCInputPanel(
 {
     setObjectName(u"inputPanel"_s);
     auto* const form = new QFormLayout(this);
-    m_addresses = addText(*form, u"inputAddresses"_s, tr("Address:"));
-    m_portInUse = addText(*form, u"inputPort"_s, tr("Port:"));
+    m_addresses = ZLFormText::addRow(*form, u"inputAddresses"_s, tr("Address:"));
+    m_portInUse = ZLFormText::addRow(*form, u"inputPort"_s, tr("Port:"));
     m_wantedPort = new QSpinBox(this);
     m_wantedPort->setObjectName(u"wantedPort"_s);
     m_wantedPort->setAccessibleName(tr("Preferred port"));
@@ -72,17 +73,6 @@ ZLOSCInputPanel::ZLOSCInputPanel(
         connect(publisher, &ZLServicePublisher::stateDidChange, this, &ZLOSCInputPanel::updateAnnouncement);
     updatePort();
     updateAnnouncement();
-}
-
-QLabel* ZLOSCInputPanel::addText(QFormLayout& form, const QString& objectName, const QString& title)
-{
-    auto* const label = new QLabel(this);
-    label->setObjectName(objectName);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    form.addRow(title, label);
-    return label;
 }
 
 void ZLOSCInputPanel::enlargeTexts()

@@ -28,7 +28,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    QLabel* addText(QFormLayout& form, const QString& objectName, const QString& title);
     void enlargeTexts();
     void updateAddresses();
     void updatePort();

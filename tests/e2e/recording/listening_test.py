@@ -24,9 +24,9 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent.parent / "alignmen
 import show_simulator  # noqa: E402
 from desktop import wait_until  # noqa: E402
 from osc_recorder import PROGRAM, Recorder  # noqa: E402
+from sound_server import SoundServer  # noqa: E402
 
-OUTPUTS = """load-module module-native-protocol-unix auth-anonymous=1 socket={socket}
-load-module module-null-sink sink_name=studio rate=48000 channels=2 norewinds=1
+OUTPUTS = """load-module module-null-sink sink_name=studio rate=48000 channels=2 norewinds=1
 load-module module-null-sink sink_name=other rate=48000 channels=2 norewinds=1
 set-default-sink other
 """
@@ -104,7 +104,7 @@ class ListeningTest(unittest.TestCase):
         self.document = self.home / "show.zelta"
         self.processes = []
         self.addCleanup(self.end_processes)
-        self.start_sound_server()
+        SoundServer(self, OUTPUTS, self.folder / "sound")
 
     def start(self, *command, **options):
         process = subprocess.Popen([str(part) for part in command], **options)
@@ -115,19 +115,6 @@ class ListeningTest(unittest.TestCase):
         for process in reversed(self.processes):
             process.kill()
             process.wait()
-
-    def start_sound_server(self):
-        place = self.folder / "sound"
-        place.mkdir(mode=0o700)
-        script = place / "pulse.pa"
-        script.write_text(OUTPUTS.format(socket=place / "socket"))
-        os.environ["PULSE_SERVER"] = f"unix:{place}/socket"
-        places = {name: str(place) for name in ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_STATE_HOME")}
-        self.start("pulseaudio", "-n", "-F", script, "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
-                   "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error",
-                   env={**os.environ, **places})
-        wait_until(lambda: subprocess.run(["pactl", "info"], capture_output=True, check=False).returncode == 0,
-                   "the sound server to answer")
 
     def make_show(self):
         """A show that is spoken, with a click one second before it begins; returns what is played."""

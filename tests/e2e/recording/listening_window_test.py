@@ -7,7 +7,6 @@ a kill in the middle of a show, marks from outside, and the data that goes again
 
 import json
 import math
-import os
 import plistlib
 import struct
 import subprocess
@@ -17,11 +16,11 @@ import wave
 from pathlib import Path
 
 from desktop import Desktop, kill_at_once, wait_until
+from sound_server import SoundServer
 
 PROGRAM = Path(sys.argv.pop(1))
 
-OUTPUTS = """load-module module-native-protocol-unix auth-anonymous=1 socket={socket}
-load-module module-null-sink sink_name=other sink_properties="device.description='Other\\ Card'" norewinds=1
+OUTPUTS = """load-module module-null-sink sink_name=other sink_properties="device.description='Other\\ Card'" norewinds=1
 set-default-sink other
 """
 
@@ -32,16 +31,7 @@ def pactl(*words):
 
 class ListeningWindowTest(unittest.TestCase):
     def start_sound_server(self, desktop):
-        place = desktop.home / "sound"
-        place.mkdir(mode=0o700)
-        script = place / "pulse.pa"
-        script.write_text(OUTPUTS.format(socket=place / "socket"))
-        os.environ["PULSE_SERVER"] = f"unix:{place}/socket"
-        desktop.start("pulseaudio", "-n", "-F", script, "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
-                      "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error",
-                      env={**os.environ, "HOME": str(place), "XDG_RUNTIME_DIR": str(place), "XDG_CONFIG_HOME": str(place)})
-        wait_until(lambda: subprocess.run(["pactl", "info"], capture_output=True, check=False).returncode == 0,
-                   "the sound server to answer")
+        SoundServer(desktop, OUTPUTS)
         self.plug_in()
 
     def plug_in(self):

@@ -16,14 +16,19 @@ set-default-sink left_card
 class SoundServer:
     """A sound server with two outputs, and an ear at each. Other outputs are told as lines of its script."""
 
-    def __init__(self, desktop, outputs=OUTPUTS):
+    def __init__(self, desktop, outputs=OUTPUTS, place=None):
+        """`desktop` starts its processes. What the server writes goes into the new folder `place`, by default in the
+        home of the desktop."""
         self.desktop = desktop
-        socket = desktop.home / "pulse.socket"
-        script = desktop.home / "pulse.pa"
-        script.write_text(PROTOCOL.format(socket=socket) + outputs)
-        os.environ["PULSE_SERVER"] = f"unix:{socket}"
+        place = place or desktop.home / "sound"
+        place.mkdir(mode=0o700)
+        script = place / "pulse.pa"
+        script.write_text(PROTOCOL.format(socket=place / "socket") + outputs)
+        os.environ["PULSE_SERVER"] = f"unix:{place}/socket"
+        places = {name: str(place) for name in ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_STATE_HOME")}
         desktop.start("pulseaudio", "-n", "-F", script, "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
-                      "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error")
+                      "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error",
+                      env={**os.environ, **places})
         wait_until(lambda: subprocess.run(["pactl", "info"], capture_output=True, check=False).returncode == 0,
                    "the sound server to answer")
 

@@ -1,7 +1,7 @@
 #include "delivery/fit/ui/ZLFitChoices.h"
 
-#include "delivery/fit/ui/ZLSheetButton.h"
 #include "document/ui/ZLMnemonics.h"
+#include "document/ui/ZLSheetParts.h"
 #include "lists/ZLListTime.h"
 
 #include <QComboBox>
@@ -39,13 +39,13 @@ ZLFitChoices::ZLFitChoices(ZLFitDraft& draft, QWidget* parent)
     , m_draft(draft)
     , m_filesLabel(new QLabel(this))
     , m_files(makeList(u"finishedFiles"_s, this))
-    , m_chooseFile(ZLSheetButton::make(u"chooseFinishedFile"_s, this))
+    , m_chooseFile(ZLSheetParts::button(u"chooseFinishedFile"_s, this))
     , m_sourcesLabel(new QLabel(this))
     , m_sources(makeList(u"showSources"_s, this))
-    , m_chooseRecording(ZLSheetButton::make(u"chooseRecording"_s, this))
+    , m_chooseRecording(ZLSheetParts::button(u"chooseRecording"_s, this))
     , m_zeroLabel(new QLabel(this))
     , m_zero(new QDoubleSpinBox(this))
-    , m_findZero(ZLSheetButton::make(u"findZero"_s, this))
+    , m_findZero(ZLSheetParts::button(u"findZero"_s, this))
 {
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -3,9 +3,8 @@
 #include "delivery/fit/ui/ZLFitChoices.h"
 #include "delivery/fit/ui/ZLFitMarksModel.h"
 #include "delivery/fit/ui/ZLFitPicture.h"
-#include "delivery/fit/ui/ZLSheetButton.h"
 #include "document/ui/ZLMnemonics.h"
-#include "templates/ui/ZLSelectionDelegate.h"
+#include "document/ui/ZLSheetParts.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -13,7 +12,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
-#include <QScrollArea>
 #include <QTreeView>
 
 #include <algorithm>
@@ -39,13 +37,13 @@ ZLFitSheet::ZLFitSheet(ZLFitDraft& draft, const QMenuBar& menus, QWidget* parent
     , m_picture(new ZLFitPicture(this))
     , m_marks(new ZLFitMarksModel(this))
     , m_list(makeList())
-    , m_play(ZLSheetButton::make(u"playExcerpt"_s, this))
+    , m_play(ZLSheetParts::button(u"playExcerpt"_s, this))
     , m_progress(new QProgressBar(this))
-    , m_close(ZLSheetButton::make(u"closeSheet"_s, this))
-    , m_start(ZLSheetButton::make(u"startFit"_s, this))
-    , m_write(ZLSheetButton::make(u"writeFittedChapters"_s, this))
-    , m_newDocument(ZLSheetButton::make(u"newFittedDocument"_s, this))
-    , m_apply(ZLSheetButton::make(u"applyFit"_s, this))
+    , m_close(ZLSheetParts::button(u"closeSheet"_s, this))
+    , m_start(ZLSheetParts::button(u"startFit"_s, this))
+    , m_write(ZLSheetParts::button(u"writeFittedChapters"_s, this))
+    , m_newDocument(ZLSheetParts::button(u"newFittedDocument"_s, this))
+    , m_apply(ZLSheetParts::button(u"applyFit"_s, this))
 {
     setObjectName(u"fitSheet"_s);
     setAccessibleName(tr("Fit to Finished File"));
@@ -98,15 +96,7 @@ void ZLFitSheet::keyPressEvent(QKeyEvent* event)
 
 QTreeView* ZLFitSheet::makeList()
 {
-    auto* list = new QTreeView(this);
-    list->setObjectName(u"fittedMarks"_s);
-    list->setAccessibleName(tr("Chapters in the finished file"));
-    list->setModel(m_marks);
-    list->setItemDelegate(new ZLSelectionDelegate(list));
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setTabKeyNavigation(false);
-    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    auto* list = ZLSheetParts::list(u"fittedMarks"_s, tr("Chapters in the finished file"), m_marks, this);
     list->header()->setStretchLastSection(false);
     list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     list->header()->setSectionResizeMode(ZLFitMarksModel::TitleColumn, QHeaderView::Stretch);
@@ -130,14 +120,7 @@ QWidget* ZLFitSheet::makeBody()
     layout->addWidget(m_list, 1);
     // Keeps what is above together while there is neither of both.
     layout->addStretch();
-    // In a small window it scrolls, and the table below keeps its room.
-    auto* scroll = new QScrollArea(this);
-    scroll->setFrameShape(NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(body);
-    return scroll;
+    return ZLSheetParts::scrolling(body, this);
 }
 
 QWidget* ZLFitSheet::makeButtonRow()

@@ -15,15 +15,15 @@ constexpr double priorSquares = (0.01 / 200e-6) * (0.01 / 200e-6);
 
 }
 
-void ZLSampleClock::note(std::int64_t sample, double hostTime)
+void ZLSampleClock::note(std::int64_t sample, double time)
 {
-    const bool isStray = m_count >= blocksToSettle && std::abs(hostTime - timeOf(sample)) > Tolerance;
+    const bool isStray = m_count >= blocksToSettle && std::abs(time - timeOf(sample)) > Tolerance;
     m_strayCount = isStray ? m_strayCount + 1 : 0;
     if (isStray)
         return;
     ++m_count;
     const double seconds = secondsOf(sample);
-    const double lag = hostTime - seconds;
+    const double lag = time - seconds;
     const double newer = seconds - m_meanSeconds;
     m_meanSeconds += newer / m_count;
     m_secondsSquares += newer * (seconds - m_meanSeconds);

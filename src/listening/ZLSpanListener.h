@@ -11,13 +11,14 @@
 /// Makes spans of what an input hears while a recording clock runs.
 class ZLSpanListener {
 public:
-    /// The recording clock runs; it shows `reading` at `hostTime`.
-    void begin(double hostTime, double reading);
-    /// What was heard before the clock was started is left out.
-    void hear(const ZLHeardBlock& block);
+    /// The recording clock runs from `hostTime` on.
+    void begin(double hostTime);
+    /// The recording clock shows `reading` when the block begins. What was heard before the clock was started is left
+    /// out.
+    void hear(const ZLHeardBlock& block, double reading);
     /// The recording clock stands.
     void end();
-    [[nodiscard]] bool isListening() const { return m_clockOffset.has_value(); }
+    [[nodiscard]] bool isListening() const { return m_beginning.has_value(); }
 
     /// The spans since begin(), the last of which still grows. One is over where sound is missing, or the input's clock
     /// jumped.
@@ -33,9 +34,8 @@ private:
     void beginSpan();
     void takeFrames();
 
-    /// How much the recording clock shows more than the host clock.
-    std::optional<double> m_clockOffset;
-    double m_beginning = 0.0;
+    /// Host time.
+    std::optional<double> m_beginning;
     std::optional<Hearing> m_hearing;
     std::vector<ZLListeningSpan> m_spans;
 };

@@ -29,13 +29,14 @@ std::vector<float> changingSound(unsigned seed, double seconds)
 }
 
 /// Lets `listener` hear `samples`, of which the first sounded at `hostTime`, by an input whose seconds are longer by
-/// `drift`.
-void hear(ZLSpanListener& listener, const std::vector<float>& samples, double hostTime, double drift = 0.0)
+/// `drift`. The recording clock has been 0 at the host time `zero`, and gains `gain` seconds a second.
+void hear(ZLSpanListener& listener, const std::vector<float>& samples, double hostTime, double zero, double drift = 0.0,
+    double gain = 0.0)
 {
     for (std::size_t begin = 0; begin + spanBlockSamples <= samples.size(); begin += spanBlockSamples) {
         const auto first = samples.begin() + std::ptrdiff_t(begin);
-        listener.hear({ hostTime + double(begin) / spanRate * (1.0 + drift),
-            { first, first + std::ptrdiff_t(spanBlockSamples) } });
+        const double time = hostTime + double(begin) / spanRate * (1.0 + drift);
+        listener.hear({ time, { first, first + std::ptrdiff_t(spanBlockSamples) } }, (time - zero) * (1.0 + gain));
     }
 }
 
@@ -65,13 +66,13 @@ ZLHeardShow showOf(const ZLSpanListener& listener)
 TEST(ZLSpanListenerTest, NothingIsKeptWhileTheClockStands)
 {
     ZLSpanListener listener;
-    hear(listener, changingSound(1, 2.0), 100.0);
+    hear(listener, changingSound(1, 2.0), 100.0, 102.0);
     EXPECT_TRUE(listener.spans().empty());
-    listener.begin(102.0, 0.0);
-    hear(listener, changingSound(1, 2.0), 102.0);
+    listener.begin(102.0);
+    hear(listener, changingSound(1, 2.0), 102.0, 102.0);
     const auto frameCount = listener.spans().at(0).frames.size();
     listener.end();
-    hear(listener, changingSound(1, 2.0), 104.0);
+    hear(listener, changingSound(1, 2.0), 104.0, 102.0);
     ASSERT_EQ(listener.spans().size(), 1U);
     EXPECT_EQ(listener.spans()[0].frames.size(), frameCount);
 }
@@ -80,8 +81,8 @@ TEST(ZLSpanListenerTest, EachFrameKnowsItsTimeOnTheRecordingClock)
 {
     const auto sound = changingSound(2, 20.0);
     ZLSpanListener listener;
-    listener.begin(500.0, 73.0);
-    hear(listener, sound, 500.0);
+    listener.begin(500.0);
+    hear(listener, sound, 500.0, 427.0);
     ASSERT_EQ(listener.spans().size(), 1U);
     EXPECT_NEAR(listener.spans()[0].start, 73.0, 0.001);
     EXPECT_NEAR(listener.spans()[0].interval, 0.02, 1e-7);
@@ -93,8 +94,8 @@ TEST(ZLSpanListenerTest, WhatWasHeardBeforeTheStartIsLeftOut)
     const auto sound = changingSound(3, 20.0);
     ZLSpanListener listener;
     // In the middle of a block.
-    listener.begin(505.05, 0.0);
-    hear(listener, sound, 500.0);
+    listener.begin(505.05);
+    hear(listener, sound, 500.0, 505.05);
     EXPECT_NEAR(listener.spans().at(0).start, 0.0, 0.001);
     const std::vector<float> rest(sound.begin() + std::ptrdiff_t(5.05 * spanRate), sound.end());
     EXPECT_GT(shareOfRightFrames(showOf(listener), ZLFingerprinter::of(rest), 0.0), 0.98);
@@ -104,10 +105,20 @@ TEST(ZLSpanListenerTest, TheDriftOfTheInputIsMeasured)
 {
     const auto sound = changingSound(4, 300.0);
     ZLSpanListener listener;
-    listener.begin(100.0, 0.0);
-    hear(listener, sound, 100.0, 200e-6);
+    listener.begin(100.0);
+    hear(listener, sound, 100.0, 100.0, 200e-6);
     EXPECT_NEAR(listener.spans().at(0).interval / 0.02, 1.0 + 200e-6, 5e-6);
     EXPECT_NEAR(listener.spans().at(0).end(), 300.0 * (1.0 + 200e-6), 0.1);
+}
+
+TEST(ZLSpanListenerTest, AClockThatGoesFasterThanTheComputersIsTheOneThatCounts)
+{
+    const auto sound = changingSound(7, 300.0);
+    ZLSpanListener listener;
+    listener.begin(100.0);
+    hear(listener, sound, 100.0, 100.0, 0.0, 150e-6);
+    ASSERT_EQ(listener.spans().size(), 1U);
+    EXPECT_NEAR(listener.spans()[0].interval / 0.02, 1.0 + 150e-6, 5e-6);
 }
 
 TEST(ZLSpanListenerTest, MissingSoundBeginsANewSpanAtItsRightTime)
@@ -115,10 +126,10 @@ TEST(ZLSpanListenerTest, MissingSoundBeginsANewSpanAtItsRightTime)
     const auto first = changingSound(5, 20.0);
     const auto second = changingSound(6, 20.0);
     ZLSpanListener listener;
-    listener.begin(100.0, 0.0);
-    hear(listener, first, 100.0);
+    listener.begin(100.0);
+    hear(listener, first, 100.0, 100.0);
     // The input was away for 30 seconds.
-    hear(listener, second, 150.0);
+    hear(listener, second, 150.0, 100.0);
     ASSERT_EQ(listener.spans().size(), 2U);
     EXPECT_NEAR(listener.spans()[1].start, 51.0, 0.11);
     const auto show = showOf(listener);

@@ -5,6 +5,8 @@
 
 namespace {
 
+/// Seconds. What a clock that is set moves by is more.
+constexpr double largestRounding = 0.001;
 const QString removeListeningDataActionName =
     QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Remove Listening Data"));
 
@@ -36,18 +38,23 @@ ZLDocumentListening::~ZLDocumentListening()
 void ZLDocumentListening::followClock()
 {
     const bool isWanted = m_document.isRecording() && m_listening.isOn();
-    if (m_listener.isListening() && (!isWanted || m_clockOffset != clockOffset()))
+    if (m_listener.isListening() && (!isWanted || wasClockSet()))
         finishRun();
     followSleeps();
     if (!isWanted || m_listener.isListening())
         return;
-    m_clockOffset = clockOffset();
-    m_listener.begin(m_document.startTime(), m_document.duration());
+    m_clockSetting = m_document.recording().clock().setting();
+    m_listener.begin(m_document.startTime());
+}
+
+bool ZLDocumentListening::wasClockSet() const
+{
+    return std::abs(m_document.recording().clock().setting() - m_clockSetting) > largestRounding;
 }
 
 void ZLDocumentListening::hear(const ZLHeardBlock& block)
 {
-    m_listener.hear(block);
+    m_listener.hear(block, m_document.recording().clock().readingAt(block.hostTime));
     m_samplesSinceNote += block.samples.size();
     if (m_samplesSinceNote >= SamplesPerNote)
         noteInJournal();
@@ -108,7 +115,7 @@ void ZLDocumentListening::removeData()
 {
     m_journal.remove(m_saver.listeningPath());
     if (m_listener.isListening())
-        m_listener.begin(m_document.recording().clock().hostTime(), m_document.currentDuration());
+        m_listener.begin(m_document.recording().clock().hostTime());
     const ZLUndoGroup group(m_document.undoManager());
     m_document.extras().change(ZLListeningData::Key, {});
     m_document.undoManager().setActionName(removeListeningDataActionName);

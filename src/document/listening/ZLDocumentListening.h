@@ -37,7 +37,8 @@ private:
     void finishRun();
     void followSleeps();
     [[nodiscard]] ZLListeningData storedData() const;
-    [[nodiscard]] double clockOffset() const { return m_document.duration() - m_document.startTime(); }
+    /// Whether the clock was set since the run began, be it by a start.
+    [[nodiscard]] bool wasClockSet() const;
 
     ZLListening& m_listening;
     ZLChapterDocument& m_document;
@@ -45,7 +46,7 @@ private:
     ZLSpanListener m_listener;
     ZLListeningJournal m_journal;
     /// Of the run under way.
-    double m_clockOffset = 0.0;
+    double m_clockSetting = 0.0;
     std::size_t m_samplesSinceNote = 0;
     /// As they were after the last change, to see which ones a command adds to the clock.
     QList<ZLSleepWhileRecording> m_sleeps;

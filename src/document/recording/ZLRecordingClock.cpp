@@ -23,6 +23,7 @@ void ZLRecordingClock::startAt(double hostTime)
 {
     m_startTime = hostTime;
     m_rate = 0.0;
+    m_gained = 0.0;
     m_displayTimer.start();
 }
 
@@ -37,8 +38,10 @@ void ZLRecordingClock::setRate(double rate)
 {
     if (!isRunning())
         return;
-    m_startTime = startTime();
-    m_rateFrom = hostTime();
+    const double now = hostTime();
+    m_startTime -= gainAt(now);
+    m_gained += gainAt(now);
+    m_rateFrom = now;
     m_rate = rate;
 }
 

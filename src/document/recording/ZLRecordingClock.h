@@ -22,6 +22,9 @@ public:
     /// Seconds of all finished spans.
     [[nodiscard]] double duration() const { return m_duration; }
     void setDuration(double seconds) { m_duration = seconds; }
+    /// By how much the clock is ahead of the host clock, in seconds, less what its rates have given. It changes only
+    /// where a span begins or the clock is set.
+    [[nodiscard]] double setting() const { return m_duration - m_startTime - m_gained; }
     /// Seconds recorded up to now.
     [[nodiscard]] double currentDuration() const { return readingAt(hostTime()); }
     /// What the clock read, or will read, at a moment of the running span; while it stands, what it reads.
@@ -50,5 +53,7 @@ private:
     double m_duration = 0.0;
     double m_rate = 0.0;
     double m_rateFrom = 0.0;
+    /// What former rates of the running span have given, in seconds.
+    double m_gained = 0.0;
     QTimer m_displayTimer { this };
 };

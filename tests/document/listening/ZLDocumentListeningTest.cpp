@@ -199,6 +199,39 @@ TEST_F(ZLDocumentListeningTest, AFolderThatWasTakenAwayGetsEverythingAgain)
     EXPECT_NEAR(afterKill().spans().at(0).end(), 7.0, 0.1);
 }
 
+TEST_F(ZLDocumentListeningTest, AClockThatFollowsARecorderIsHeardInOnePiece)
+{
+    m_document.recordButtonPressed();
+    for (int minute = 0; minute < 10; ++minute) {
+        // As a recorder does whose seconds are shorter, and each mark looks at the clock.
+        m_document.recording().clock().setRate(minute % 2 == 0 ? 100e-6 : 300e-6);
+        hear(60.0);
+        m_document.addNewBlankChapter();
+    }
+    const double reading = m_document.currentDuration();
+    ASSERT_NEAR(reading, 600.12, 0.001);
+    EXPECT_TRUE(kept().isEmpty());
+    m_document.recordButtonPressed();
+    ASSERT_EQ(kept().spans().size(), 1U);
+    EXPECT_NEAR(kept().spans()[0].end(), reading, 0.1);
+    EXPECT_NEAR(kept().spans()[0].interval / 0.02, 1.0 + 200e-6, 20e-6);
+}
+
+TEST_F(ZLDocumentListeningTest, AClockThatIsSetToTheRecordersTimeBeginsAnotherStretch)
+{
+    m_document.recordButtonPressed();
+    hear(10.0);
+    m_document.recording().recorderDifference().setUndecided(
+        ZLRecorderDifference::Undecided { .seconds = 3.0, .reading = 10.0 });
+    m_document.recording().recorderDifference().takeRecorders();
+    hear(10.0);
+    m_document.recordButtonPressed();
+    const auto data = kept();
+    ASSERT_EQ(data.spans().size(), 2U);
+    EXPECT_NEAR(data.spans()[0].end(), 10.0, 0.1);
+    EXPECT_NEAR(data.spans()[1].start, 13.0, 0.001);
+}
+
 TEST_F(ZLDocumentListeningTest, AnUndoneStartTakesTheClockBackAndTheNextRunCounts)
 {
     m_document.recordButtonPressed();

@@ -1,6 +1,7 @@
 #include "following/ZLChapterReadings.h"
 
 #include "document/ZLChapterDocument.h"
+#include "document/shared/ZLChapterMoves.h"
 
 #include <algorithm>
 
@@ -95,9 +96,10 @@ bool ZLChapterReadings::hasAny() const
 
 void ZLChapterReadings::takeForAll(ZLReadingOf wanted)
 {
-    const ZLDocumentExtras& extras = m_document.extras();
+    ZLDocumentExtras& extras = m_document.extras();
     const QVariant taken = wanted == ZLReadingOf::Recorder ? QVariant(u"Recorder"_s) : QVariant();
     QList<TakenTime> times;
+    const ZLUndoGroup group(m_document.undoManager());
     const ZLChapterSequence chapters = m_document.chapterManager().allChapters();
     for (const ZLChapterPointer& chapter : chapters) {
         const QVariant zelta = extras.ofChapter(chapter->uuid(), ZLReadingKey::Zelta);
@@ -105,8 +107,9 @@ void ZLChapterReadings::takeForAll(ZLReadingOf wanted)
         if (!zelta.isValid() || !recorder.isValid() || takenOf(extras, chapter->uuid()) == wanted)
             continue;
         const double ahead = recorder.toDouble() - zelta.toDouble();
-        const double moved = chapter->timeStamp() + (wanted == ZLReadingOf::Recorder ? ahead : -ahead);
-        times.append({ chapter, std::max(0.0, moved), taken });
+        const double time = std::max(0.0, chapter->timeStamp() + (wanted == ZLReadingOf::Recorder ? ahead : -ahead));
+        ZLChapterMoves::addWithClock(extras, chapter->uuid(), time - chapter->timeStamp());
+        times.append({ chapter, time, taken });
     }
     if (!times.isEmpty())
         exchange(m_document, times, wanted == ZLReadingOf::Recorder ? takeRecordersActionName : takeZeltasActionName);

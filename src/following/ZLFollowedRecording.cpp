@@ -34,14 +34,3 @@ void ZLFollowedRecording::keepIn(ZLDocumentExtras& extras) const
     extras.keep(ZLFollowingKey::Recording,
         QVariantMap { { u"Recorder"_s, recorder }, { u"Base"_s, base }, { u"Began"_s, began } });
 }
-
-void ZLFollowedRecording::keepFile(ZLDocumentExtras& extras, const QString& path, double reading)
-{
-    QVariantList files = extras.value(ZLFollowingKey::Files).toList();
-    for (const QVariant& file : std::as_const(files)) {
-        if (file.toMap().value(u"Path"_s).toString() == path)
-            return;
-    }
-    files.append(QVariantMap { { u"Path"_s, path }, { u"Reading"_s, reading } });
-    extras.keep(ZLFollowingKey::Files, files);
-}

@@ -6,8 +6,7 @@
 
 class ZLDocumentExtras;
 
-/// What a document keeps of the recording that it follows, so that it is known again after a restart, and of the files
-/// that the recorder makes.
+/// What a document keeps of the recording that it follows, so that it is known again after a restart.
 struct ZLFollowedRecording {
     /// The name of the program.
     QString recorder {};
@@ -21,15 +20,10 @@ struct ZLFollowedRecording {
 
     [[nodiscard]] static std::optional<ZLFollowedRecording> keptIn(const ZLDocumentExtras& extras);
     void keepIn(ZLDocumentExtras& extras) const;
-    /// Adds the file to those of the document, in which the recording is from `reading` of the clock on. The same file
-    /// again is not added.
-    static void keepFile(ZLDocumentExtras& extras, const QString& path, double reading);
 };
 
-/// The keys at the root of a document's file.
+/// The key at the root of a document's file.
 namespace ZLFollowingKey {
 /// A dictionary: "Recorder", "Base" and "Began".
 inline const QString Recording = QStringLiteral("FollowedRecording");
-/// An array of dictionaries: "Path" and "Reading".
-inline const QString Files = QStringLiteral("RecorderFiles");
 }

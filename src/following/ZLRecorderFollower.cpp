@@ -1,6 +1,7 @@
 #include "following/ZLRecorderFollower.h"
 
 #include "document/ZLChapterDocument.h"
+#include "document/shared/ZLRecorderFiles.h"
 #include "following/ZLFollowedRecording.h"
 #include "model/ZLTimeText.h"
 
@@ -321,7 +322,7 @@ void ZLRecorderFollower::keepWaitingFiles()
     for (const QString& path : files) {
         const double reading = m_tie.recordersReadingAt(m_setup.hostClock->now()).value_or(m_tie.base());
         const bool isFirst = reading - m_tie.base() <= latestBeginning;
-        ZLFollowedRecording::keepFile(m_document.extras(), path, isFirst ? m_tie.base() : reading);
+        ZLRecorderFiles::add(m_document.extras(), { .path = path, .reading = isFirst ? m_tie.base() : reading });
     }
 }
 

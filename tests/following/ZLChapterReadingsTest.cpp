@@ -1,4 +1,6 @@
 #include "ZLFollowerFixture.h"
+#include "document/shared/ZLChapterMoves.h"
+#include "listening/ZLListeningData.h"
 
 using namespace Qt::StringLiterals;
 
@@ -82,6 +84,32 @@ TEST_F(ZLChapterReadingsTest, TakingTheRecordersTimeMovesTheMarksSinceItDiffers)
     EXPECT_NEAR(before->timeStamp(), 10.0, 0.01);
     history().undo();
     EXPECT_EQ(since->timeStamp(), time);
+}
+
+TEST_F(ZLChapterReadingsTest, AMarkIsStillFoundInWhatWasHeardAlong)
+{
+    m_document.extras().keep(ZLListeningData::Key, ZLListeningData::begun());
+    m_recorder.jumpBy(4.0);
+    run(10.0);
+    const ZLChapterPointer mark = this->mark();
+    const auto heardAt = [&] { return mark->timeStamp() - ZLChapterMoves::of(m_document.extras(), mark->uuid()); };
+    const double time = mark->timeStamp();
+    m_document.recording().recorderDifference().takeRecorders();
+    EXPECT_NEAR(mark->timeStamp(), time + 4.0, 0.01);
+    EXPECT_NEAR(heardAt(), time, 1e-9);
+    history().undo();
+    EXPECT_NEAR(heardAt(), time, 1e-9);
+    history().redo();
+    EXPECT_NEAR(heardAt(), time, 1e-9);
+    history().undo();
+    m_readings.takeForAll(ZLReadingOf::Recorder);
+    EXPECT_NEAR(mark->timeStamp(), time + 4.0, 0.01);
+    EXPECT_NEAR(heardAt(), time, 1e-9);
+    m_readings.takeForAll(ZLReadingOf::Zelta);
+    EXPECT_NEAR(heardAt(), time, 1e-9);
+    history().undo();
+    EXPECT_NEAR(mark->timeStamp(), time + 4.0, 0.01);
+    EXPECT_NEAR(heardAt(), time, 1e-9);
 }
 
 TEST_F(ZLChapterReadingsTest, AChapterThatIsNoMarkOfNowHasNone)

@@ -1,6 +1,7 @@
 #include "document/recording/ZLRecorderDifference.h"
 
 #include "document/recording/ZLRecordingClock.h"
+#include "document/shared/ZLChapterMoves.h"
 
 #include <algorithm>
 #include <utility>
@@ -39,7 +40,11 @@ void ZLRecorderDifference::takeRecorders()
     Q_EMIT m_basis.typing.typedTextShouldBeCommitted();
     // A clock that stands never reads less than nothing.
     const double seconds = std::max(m_state.undecided->seconds, -m_clock.currentDuration());
-    change({ .kept = m_state.kept }, seconds, timesMovedSince(*m_state.undecided), takeRecordersActionName);
+    const Times times = timesMovedSince(*m_state.undecided);
+    const ZLUndoGroup group(m_basis.undoManager);
+    for (const auto& [chapter, time] : times)
+        ZLChapterMoves::addWithClock(m_basis.extras, chapter->uuid(), time - chapter->timeStamp());
+    change({ .kept = m_state.kept }, seconds, times, takeRecordersActionName);
 }
 
 void ZLRecorderDifference::keepZeltas()

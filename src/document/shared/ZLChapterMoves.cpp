@@ -1,7 +1,7 @@
 #include "document/shared/ZLChapterMoves.h"
 
+#include "document/shared/ZLRecorderFiles.h"
 #include "listening/ZLListeningData.h"
-
 #include "model/ZLStoredValue.h"
 
 #include <cmath>
@@ -23,7 +23,8 @@ double secondsIn(const QVariant& stored)
 
 bool ZLChapterMoves::areRemembered(const ZLDocumentExtras& extras)
 {
-    return extras.value(ZLListeningData::Key).isValid() || extras.value(FitsKey).isValid();
+    return extras.value(ZLListeningData::Key).isValid() || extras.value(FitsKey).isValid()
+        || extras.value(ZLRecorderFiles::Key).isValid();
 }
 
 double ZLChapterMoves::of(const ZLDocumentExtras& extras, const QString& uuid)
@@ -42,4 +43,10 @@ void ZLChapterMoves::add(ZLDocumentExtras& extras, const QString& uuid, double s
         return;
     const double moved = of(extras, uuid) + seconds;
     extras.changeOfChapter(uuid, movedKey, std::abs(moved) < noMove ? QVariant() : QVariant(moved));
+}
+
+void ZLChapterMoves::addWithClock(ZLDocumentExtras& extras, const QString& uuid, double seconds)
+{
+    if (extras.value(ZLListeningData::Key).isValid())
+        add(extras, uuid, seconds);
 }

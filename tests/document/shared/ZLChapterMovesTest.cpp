@@ -1,5 +1,6 @@
 #include "document/shared/ZLChapterMoves.h"
 
+#include "document/shared/ZLRecorderFiles.h"
 #include "listening/ZLListeningData.h"
 #include "support/ZLDocumentFixture.h"
 
@@ -46,6 +47,20 @@ TEST_F(ZLChapterMovesTest, ATypedTimeIsNoMove)
     const auto chapter = addChapterAt(10.0);
     m_document.updateChapterToTime(chapter, 12.0);
     EXPECT_EQ(moved(chapter), 0.0);
+}
+
+TEST_F(ZLChapterMovesTest, FilesOfARecorderAreEnoughToRememberMoves)
+{
+    ZLRecorderFiles::add(m_document.extras(), { u"/shows/one.mkv"_s, 0.0 });
+    const auto chapter = addChapterAt(10.0);
+    m_document.moveChaptersByMilliseconds(1500.0F);
+    EXPECT_EQ(moved(chapter), 1.5);
+    // The recorder's files have the times of the recorder.
+    ZLChapterMoves::addWithClock(m_document.extras(), chapter->uuid(), 4.0);
+    EXPECT_EQ(moved(chapter), 1.5);
+    listen();
+    ZLChapterMoves::addWithClock(m_document.extras(), chapter->uuid(), 4.0);
+    EXPECT_EQ(moved(chapter), 5.5);
 }
 
 TEST_F(ZLChapterMovesTest, ADocumentThatKnowsNothingOfItsShowRemembersNoMove)

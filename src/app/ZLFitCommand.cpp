@@ -59,7 +59,7 @@ ZLResult<ZLFit> ZLFitCommand::fit(const ZLDocumentContents& contents, const ZLCo
         return fit;
     return ZLError { FitTexts::tr("%1 is not the show: too little of %2 is in it.")
             .arg(commandLine.finishedPath,
-                commandLine.heardPath.isEmpty() ? FitTexts::tr("what was heard along") : commandLine.heardPath) };
+                commandLine.heardPath.isEmpty() ? FitTexts::tr("what is known of the show") : commandLine.heardPath) };
 }
 
 ZLResult<ZLHeardShow> ZLFitCommand::heardShow(
@@ -73,6 +73,9 @@ ZLResult<ZLHeardShow> ZLFitCommand::heardShow(
     const auto show = ZLHeardSound::heardAlong(contents.extras.value(ZLListeningData::Key));
     if (show)
         return show;
+    const auto recorded = ZLRecorderFiles::in(contents.extras.value(ZLRecorderFiles::Key));
+    if (!recorded.isEmpty())
+        return ZLHeardSound::recorded(recorded, progress);
     return ZLError { u"%1: %2"_s.arg(commandLine.files.constFirst(), show.error().message) + u' '
         + FitTexts::tr("Name the raw recording of the show with --heard.") };
 }

@@ -72,7 +72,7 @@ ALLOWED = {
     "export/lists": "lists lists/forms export export/formats",
     "export/ui": "platform document document/saving document/ui export export/formats",
     "import": "platform platform/media/file model lists/forms document",
-    "delivery": "platform platform/media platform/media/file model document document/saving",
+    "delivery": "platform platform/media platform/media/file model document/shared document document/saving",
     "delivery/ui": "platform platform/media lists templates/ui document/ui export/ui delivery",
     "import/ui": "platform model templates/ui document/ui import",
     "delivery/fit": "platform platform/media platform/media/decoding platform/sound alignment listening model"

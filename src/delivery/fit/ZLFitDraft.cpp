@@ -90,6 +90,19 @@ bool ZLFitDraft::hasHeardAlong() const
     return !ZLListeningData::fromStored(keptHearing()).isEmpty();
 }
 
+QList<ZLRecorderFile> ZLFitDraft::recorderFiles() const
+{
+    return m_document ? ZLRecorderFiles::in(m_document->extras().value(ZLRecorderFiles::Key)) : QList<ZLRecorderFile>();
+}
+
+void ZLFitDraft::takeBestSource()
+{
+    if (hasHeardAlong())
+        setSource(Source::HeardAlong);
+    else if (!recorderFiles().isEmpty())
+        setSource(Source::RecorderFiles);
+}
+
 void ZLFitDraft::setRecordingPath(const QString& path)
 {
     if (isWorking())
@@ -142,8 +155,20 @@ void ZLFitDraft::showKeptFit(const QString& identifier)
 
 bool ZLFitDraft::canStart() const
 {
-    const bool isShowKnown = m_source == Source::HeardAlong ? hasHeardAlong() : !m_recordingPath.isEmpty();
-    return m_document && !isWorking() && !m_finishedPath.isEmpty() && isShowKnown;
+    return m_document && !isWorking() && !m_finishedPath.isEmpty() && isSourceThere();
+}
+
+bool ZLFitDraft::isSourceThere() const
+{
+    switch (m_source) {
+    case Source::HeardAlong:
+        return hasHeardAlong();
+    case Source::RecorderFiles:
+        return !recorderFiles().isEmpty();
+    case Source::Recording:
+        break;
+    }
+    return !m_recordingPath.isEmpty();
 }
 
 void ZLFitDraft::start()
@@ -196,6 +221,8 @@ ZLFitJob::Hearing ZLFitDraft::hearing() const
 {
     if (m_source == Source::HeardAlong)
         return [kept = keptHearing()](ZLWorkProgress&) { return ZLHeardSound::heardAlong(kept); };
+    if (m_source == Source::RecorderFiles)
+        return [files = recorderFiles()](ZLWorkProgress& progress) { return ZLHeardSound::recorded(files, progress); };
     return [path = m_recordingPath, zero = m_zero](ZLWorkProgress& progress) -> ZLResult<ZLHeardShow> {
         auto fingerprint = ZLHeardSound::fingerprintOf(path, progress);
         if (!fingerprint)
@@ -300,7 +327,10 @@ void ZLFitDraft::fitAgainSoon()
 
 QString ZLFitDraft::showName() const
 {
-    return m_source == Source::HeardAlong ? tr("what was heard along") : QFileInfo(m_recordingPath).fileName();
+    if (m_source == Source::HeardAlong)
+        return tr("what was heard along");
+    const QString path = m_source == Source::RecorderFiles ? recorderFiles().value(0).path : m_recordingPath;
+    return QFileInfo(path).fileName();
 }
 
 QVariant ZLFitDraft::keptHearing() const

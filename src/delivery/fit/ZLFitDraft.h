@@ -5,6 +5,7 @@
 #include "delivery/fit/ZLFitJob.h"
 #include "delivery/fit/ZLKeptFit.h"
 #include "document/ZLDocumentFile.h"
+#include "document/shared/ZLRecorderFiles.h"
 
 #include <QStringList>
 
@@ -28,6 +29,7 @@ public:
     /// Where it is known from how the show sounded.
     enum class Source {
         HeardAlong, ///< The program listened along.
+        RecorderFiles, ///< The files of the recorder that the clock followed.
         Recording, ///< The raw recording, as a file.
     };
 
@@ -43,6 +45,10 @@ public:
     [[nodiscard]] Source source() const { return m_source; }
     /// Whether the document has what was heard along.
     [[nodiscard]] bool hasHeardAlong() const;
+    /// Those that the document knows of, in their order.
+    [[nodiscard]] QList<ZLRecorderFile> recorderFiles() const;
+    /// The one from which most is known: what was heard along, else the files of the recorder, else a file to choose.
+    void takeBestSource();
     void setRecordingPath(const QString& path);
     [[nodiscard]] const QString& recordingPath() const { return m_recordingPath; }
     /// The place of the recording clock's zero in the recording, in seconds.
@@ -91,6 +97,7 @@ Q_SIGNALS:
 private:
     void lookForKeptFit();
     void showKeptFitOf(const QString& path, std::optional<double> length);
+    [[nodiscard]] bool isSourceThere() const;
     [[nodiscard]] ZLFitJob::Hearing hearing() const;
     [[nodiscard]] ZLClockStartJob::Search zeroSearch() const;
     void takeZero(const ZLResult<double>& zero);

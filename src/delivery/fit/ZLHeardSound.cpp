@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -16,6 +17,18 @@ struct HeardSoundTexts {
 bool saysNothing(const ZLSoundFingerprint& fingerprint)
 {
     return std::ranges::all_of(fingerprint.frames, [](auto frame) { return frame == ZLSoundFingerprint::Nothing; });
+}
+
+/// The sound of a file that begins at `reading` of the recording clock, from the clock's zero on.
+ZLListeningSpan spanFrom(double reading, ZLSoundFingerprint&& fingerprint)
+{
+    ZLListeningSpan span { .start = reading, .frames = std::move(fingerprint.frames) };
+    if (reading < 0.0) {
+        const auto early = std::min(std::ceil(-reading / span.interval), double(span.frames.size()));
+        span.frames.erase(span.frames.begin(), span.frames.begin() + std::ptrdiff_t(early));
+        span.start = std::max(0.0, reading + early * span.interval);
+    }
+    return span;
 }
 
 }
@@ -43,6 +56,18 @@ ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, ZL
     if (saysNothing(fingerprint))
         return ZLError { HeardSoundTexts::tr("%1: There is nothing to be heard in it.").arg(path) };
     return fingerprint;
+}
+
+ZLResult<ZLHeardShow> ZLHeardSound::recorded(const QList<ZLRecorderFile>& files, ZLWorkProgress& progress)
+{
+    ZLListeningData data;
+    for (const ZLRecorderFile& file : files) {
+        auto fingerprint = fingerprintOf(file.path, progress);
+        if (!fingerprint)
+            return fingerprint.error();
+        data.add(spanFrom(file.reading, std::move(fingerprint).value()));
+    }
+    return data.heardShow();
 }
 
 ZLResult<ZLHeardShow> ZLHeardSound::heardAlong(const QVariant& stored)

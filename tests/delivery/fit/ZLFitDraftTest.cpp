@@ -61,6 +61,35 @@ TEST_F(ZLFitDraftTest, FindsTheMarksAndKeepsWhatItFound)
     EXPECT_FALSE(m_document.dataOfType().contains(m_folder.path().toUtf8())) << "nothing tells where it lies here";
 }
 
+TEST_F(ZLFitDraftTest, TheFilesOfTheRecorderAreTheShow)
+{
+    EXPECT_TRUE(m_draft.recorderFiles().isEmpty());
+    // The recording was split, and had begun before the clock did.
+    const auto before = ZLShowSounds::show(3, 5.0);
+    ZLRecorderFiles::add(m_document.extras(),
+        { makeFile(u"one.wav"_s, ZLShowSounds::joined(before, ZLShowSounds::part(m_show, 0.0, 25.0))), -5.0 });
+    ZLRecorderFiles::add(m_document.extras(), { makeFile(u"two.wav"_s, ZLShowSounds::part(m_show, 25.0, 60.0)), 25.0 });
+    addChapterAt(10.0);
+    addChapterAt(40.0);
+    m_draft.setFinishedPath(finishedFile());
+    m_draft.takeBestSource();
+    ASSERT_EQ(m_draft.source(), ZLFitDraft::Source::RecorderFiles);
+    start();
+    ASSERT_EQ(m_draft.state(), ZLFitDraft::State::Ready) << qPrintable(m_draft.message());
+    EXPECT_NEAR(m_draft.fit()->chapters[0].newTime(), 10.0, 0.05);
+    EXPECT_NEAR(m_draft.fit()->chapters[1].newTime(), 30.0, 0.05);
+}
+
+TEST_F(ZLFitDraftTest, AFileOfTheRecorderThatIsGoneIsNamed)
+{
+    ZLRecorderFiles::add(m_document.extras(), { m_folder.filePath(u"gone.wav"_s), 0.0 });
+    m_draft.setFinishedPath(finishedFile());
+    m_draft.takeBestSource();
+    start();
+    EXPECT_EQ(m_draft.state(), ZLFitDraft::State::Failed);
+    EXPECT_TRUE(m_draft.message().contains(u"gone.wav"_s)) << qPrintable(m_draft.message());
+}
+
 TEST_F(ZLFitDraftTest, FollowsTheChaptersAndCarriesLaterOnesOver)
 {
     addChapterAt(10.0);

@@ -3,6 +3,7 @@
 #include "app/ZLDocumentController.h"
 #include "delivery/ZLDeliveryDraft.h"
 #include "delivery/ZLMediaImport.h"
+#include "delivery/ZLRecordedChapters.h"
 #include "delivery/fit/ZLFittedChapters.h"
 #include "delivery/ui/ZLDeliverySheet.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
@@ -33,7 +34,8 @@ ZLDeliveryDisplay::ZLDeliveryDisplay(ZLDocumentController& controller, ZLChapter
     , m_draft(new ZLDeliveryDraft(window.document(), {}, this))
 {
     m_draft->setCarrier([this](const QString& path, const ZLMediaContents& file) {
-        return ZLFittedChapters::forFile(m_window.document(), path, file);
+        const auto fitted = ZLFittedChapters::forFile(m_window.document(), path, file);
+        return fitted ? fitted : ZLRecordedChapters::forFile(m_window.document(), path);
     });
     connect(m_draft, &ZLDeliveryDraft::didEndWriting, this,
         [this] { m_memory.remember(documentPath(), { .paths = m_draft->paths(), .shift = m_draft->shift() }); });
@@ -91,7 +93,7 @@ void ZLDeliveryDisplay::recallFiles()
 {
     const ZLRememberedAudio audio = m_memory.recall(documentPath());
     m_draft->setShift(audio.shift);
-    m_draft->setPaths(audio.paths);
+    m_draft->setPaths(audio.paths.isEmpty() ? ZLRecordedChapters::audioFiles(m_window.document()) : audio.paths);
 }
 
 void ZLDeliveryDisplay::close()

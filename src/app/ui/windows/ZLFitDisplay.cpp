@@ -77,8 +77,7 @@ void ZLFitDisplay::recallFiles()
     m_draft->setKnownPaths(m_memory.recall(documentPath()).paths);
     if (const auto kept = m_draft->keptFits(); !kept.isEmpty())
         m_draft->showKeptFit(kept.constFirst().identifier);
-    if (m_draft->hasHeardAlong())
-        m_draft->setSource(ZLFitDraft::Source::HeardAlong);
+    m_draft->takeBestSource();
 }
 
 void ZLFitDisplay::rememberFiles()

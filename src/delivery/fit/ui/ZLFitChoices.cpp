@@ -166,10 +166,20 @@ void ZLFitChoices::fillSources()
     m_sources->clear();
     if (m_draft.hasHeardAlong())
         m_sources->addItem(tr("What was heard along"), int(Source::HeardAlong));
+    if (const QList<ZLRecorderFile> files = m_draft.recorderFiles(); !files.isEmpty())
+        m_sources->addItem(recorderText(files), int(Source::RecorderFiles));
     const QString recording = QFileInfo(m_draft.recordingPath()).fileName();
     m_sources->addItem(
         recording.isEmpty() ? tr("The raw recording: choose a file") : recording, int(Source::Recording));
     m_sources->setCurrentIndex(std::max(m_sources->findData(int(m_draft.source())), 0));
+}
+
+QString ZLFitChoices::recorderText(const QList<ZLRecorderFile>& files)
+{
+    const QString first = QFileInfo(files.constFirst().path).fileName();
+    if (files.size() == 1)
+        return tr("The recorder's file: %1").arg(first);
+    return tr("The recorder's files: %1 to %2").arg(first, QFileInfo(files.constLast().path).fileName());
 }
 
 void ZLFitChoices::takeFile(int index)

@@ -36,6 +36,7 @@ private:
     void update();
     void fillFiles();
     void fillSources();
+    [[nodiscard]] static QString recorderText(const QList<ZLRecorderFile>& files);
     void takeFile(int index);
     void chooseFile(
         const QString& title, const QString& name, const QString& former, void (ZLFitDraft::*take)(const QString&));

@@ -6,6 +6,7 @@
 #include "document/saving/ZLWriteProtection.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLFileError.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -73,7 +74,7 @@ ZLResult<ZLHeardShow> ZLFitCommand::heardShow(
     const auto show = ZLHeardSound::heardAlong(contents.extras.value(ZLListeningData::Key));
     if (show)
         return show;
-    return ZLError { u"%1: %2"_s.arg(commandLine.files.constFirst(), show.error().message) + u' '
+    return ZLError { ZLFileError::because(commandLine.files.constFirst(), show.error().message).message + u' '
         + FitTexts::tr("Name the raw recording of the show with --heard.") };
 }
 

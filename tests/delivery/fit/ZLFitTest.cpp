@@ -2,6 +2,7 @@
 
 #include "delivery/fit/ZLFitApplication.h"
 #include "document/shared/ZLChapterMoves.h"
+#include "listening/ZLListeningData.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,6 +2,7 @@
 
 #include "document/saving/ZLWriteProtection.h"
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLFileError.h"
 
 #include <QFile>
 
@@ -54,7 +55,7 @@ int writeToStream(const QString& path, const QByteArray& bytes)
 
 ZLStatus statusOf(int error, const QString& path)
 {
-    return error == 0 ? ZLStatus(ZLDone {}) : ZLStatus(ZLError { u"%1: %2"_s.arg(path, qt_error_string(error)) });
+    return error == 0 ? ZLStatus(ZLDone {}) : ZLStatus(ZLFileError::ofSystem(path, error));
 }
 
 }

@@ -6,12 +6,13 @@
 #include "app/ZLFitCommand.h"
 #include "app/ZLWriteCommand.h"
 #include "delivery/ZLMediaImport.h"
-#include "document/ZLUnreadableDocument.h"
+#include "document/ZLStoredDocument.h"
 #include "document/saving/ZLWriteProtection.h"
 #include "export/ZLSessionCopy.h"
 #include "export/formats/ZLExportAdvice.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLFileError.h"
 #include "platform/ZLFileIdentity.h"
 #include "platform/media/file/ZLMediaFile.h"
 
@@ -30,13 +31,7 @@ ZLResult<ZLDocumentContents> readDocument(const QString& path)
 {
     if (ZLMediaFile::isMediaFile(path))
         return ZLMediaImport::read(path);
-    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
-    if (!bytes)
-        return bytes.error();
-    auto contents = ZLDocumentFile::decode(bytes.value());
-    if (!contents)
-        return ZLUnreadableDocument::error(path, bytes.value());
-    return contents;
+    return ZLStoredDocument::contentsOf(path);
 }
 
 ZLChapterSequence sortedChapters(const QVariantList& dictionaries)
@@ -156,7 +151,7 @@ ZLStatus ZLFileCommands::writeExport(const ZLExporterClass& exporterClass, const
     }
     const auto bytes = exporterClass.create()->exportedBytes(input);
     if (!bytes)
-        return ZLError { u"%1: %2"_s.arg(target, bytes.error().message) };
+        return ZLFileError::because(target, bytes.error().message);
     advise(ZLExportAdvice::lines(exporterClass, input));
     if (exporterClass.format().dialogKind == ZLExportDialogKind::Open) {
         for (const QString& path : { target, ZLSessionCopy::pathFor(target) }) {

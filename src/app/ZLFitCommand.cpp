@@ -6,6 +6,7 @@
 #include "document/saving/ZLWriteProtection.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLFileError.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -76,7 +77,7 @@ ZLResult<ZLHeardShow> ZLFitCommand::heardShow(
     const auto recorded = ZLRecorderFiles::in(contents.extras.value(ZLRecorderFiles::Key));
     if (!recorded.isEmpty())
         return ZLHeardSound::recorded(recorded, progress);
-    return ZLError { u"%1: %2"_s.arg(commandLine.files.constFirst(), show.error().message) + u' '
+    return ZLError { ZLFileError::because(commandLine.files.constFirst(), show.error().message).message + u' '
         + FitTexts::tr("Name the raw recording of the show with --heard.") };
 }
 

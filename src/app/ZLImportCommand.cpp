@@ -1,11 +1,12 @@
 #include "app/ZLImportCommand.h"
 
-#include "document/ZLUnreadableDocument.h"
+#include "document/ZLStoredDocument.h"
 #include "document/saving/ZLWriteProtection.h"
 #include "import/ZLImportPlan.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLFileError.h"
 #include "platform/ZLFileIdentity.h"
 
 #include <QCoreApplication>
@@ -70,7 +71,7 @@ ZLResult<ZLDocumentContents> ZLImportCommand::contents(
     const QString& path = commandLine.files.constFirst();
     const auto item = chosenItem(source.found.lists, commandLine.item);
     if (!item)
-        return ZLError { u"%1: %2"_s.arg(path, item.error().message) };
+        return ZLFileError::because(path, item.error().message);
     const ZLImportPlan plan = ZLImportPlan::make(source, { .item = item.value(), .shift = commandLine.shift });
     for (const ZLListRemark& remark : plan.remarks)
         m_warn(u"%1: %2"_s.arg(path, ZLImportPlan::remarkText(remark)));
@@ -91,13 +92,7 @@ ZLResult<ZLDocumentContents> ZLImportCommand::contentsBefore(const ZLCommandLine
             return ZLError { ImportTexts::tr("%1 is there already; --add adds the chapters to it.").arg(target) };
         return ZLDocumentContents();
     }
-    const auto bytes = ZLBoundedFile::read(target, ZLFileBound::Document);
-    if (!bytes)
-        return bytes.error();
-    auto contents = ZLDocumentFile::decode(bytes.value(), ZLDictionaryForm::Archived);
-    if (!contents)
-        return ZLUnreadableDocument::error(target, bytes.value());
-    return contents;
+    return ZLStoredDocument::contentsOf(target, ZLFileLinks::Follow, ZLDictionaryForm::Archived);
 }
 
 ZLResult<QString> ZLImportCommand::write(const ZLCommandLine& commandLine) const

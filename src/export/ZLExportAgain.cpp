@@ -3,6 +3,7 @@
 #include "document/saving/ZLWriteProtection.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLFileError.h"
 
 #include <QFile>
 
@@ -87,7 +88,7 @@ ZLResult<QByteArray> ZLExportAgain::writeOne(const ZLExportTarget& target, ZLExp
     input.fileBaseName = ZLExporter::fileBaseName(target.path);
     auto bytes = classOf(target)->create()->exportedBytes(input);
     if (!bytes)
-        return ZLError { u"%1: %2"_s.arg(target.path, bytes.error().message) };
+        return ZLFileError::because(target.path, bytes.error().message);
     if (const ZLStatus written = ZLAtomicFile::write(target.path, bytes.value()); !written)
         return written.error();
     return bytes;

@@ -1,11 +1,12 @@
 #include "import/ZLImportSource.h"
 
 #include "document/ZLDocumentFile.h"
-#include "document/ZLUnreadableDocument.h"
+#include "document/ZLStoredDocument.h"
 #include "lists/forms/ZLMP4ChapsText.h"
 #include "lists/forms/ZLSimpleList.h"
 #include "model/ZLChapterManager.h"
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLFileError.h"
 #include "platform/ZLFileExtension.h"
 #include "platform/media/file/ZLMediaFile.h"
 
@@ -33,12 +34,9 @@ ZLResult<ZLImportSource> fromMedia(const QString& path)
 
 ZLResult<ZLImportSource> fromDocument(const QString& path)
 {
-    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
-    if (!bytes)
-        return bytes.error();
-    const auto contents = ZLDocumentFile::decode(bytes.value());
+    const auto contents = ZLStoredDocument::contentsOf(path);
     if (!contents)
-        return ZLUnreadableDocument::error(path, bytes.value());
+        return contents.error();
     ZLChapterList list;
     for (const ZLChapterPointer& chapter : ZLChapterManager(contents.value().chapters).allChapters())
         list.chapters.append({ chapter->timeStamp(), chapter->title(), chapter->link(), chapter->isEnabled() });
@@ -74,7 +72,7 @@ ZLResult<ZLImportSource> fromListFile(const QString& path)
         return bytes.error();
     const auto source = ZLListSource::fromBytes(bytes.value());
     auto found = source ? fromList(source.value()) : ZLResult<ZLImportSource>(source.error());
-    return found ? found : ZLError { u"%1: %2"_s.arg(path, found.error().message) };
+    return found ? found : ZLFileError::because(path, found.error().message);
 }
 
 bool isDocument(const QString& path)

@@ -1,6 +1,7 @@
 #include "platform/ZLAtomicFile.h"
 
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLFileError.h"
 #include "platform/ZLFileName.h"
 
 #include <QCoreApplication>
@@ -24,11 +25,6 @@
 namespace {
 
 constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;
-
-ZLError fileFailure(const QString& path, const QString& reason)
-{
-    return ZLError { QStringLiteral("%1: %2").arg(path, reason) };
-}
 
 /// What `path` leads to, so that a link stays a link.
 QString targetOfPath(const QString& path)
@@ -243,14 +239,14 @@ void syncFolderOf(const QString& path)
 ZLStatus replaceAt(const QString& path, const ZLFileReplacement& replacement, NewFile::Name name)
 {
     if (const QString unfitName = ZLFileName::refusal(path); !unfitName.isEmpty())
-        return fileFailure(path, unfitName);
+        return ZLFileError::because(path, unfitName);
     // A device or a pipe would be replaced by an ordinary file, /dev/null for everyone on the machine.
     struct stat old {};
     if (stat(QFile::encodeName(path).constData(), &old) == 0 && !S_ISREG(old.st_mode))
-        return fileFailure(path, ZLBoundedFile::whyNoOrdinaryFile(old.st_mode));
+        return ZLFileError::because(path, ZLBoundedFile::whyNoOrdinaryFile(old.st_mode));
     const QString target = QFileInfo(targetOfPath(path)).absoluteFilePath();
     if (const ZLStatus replaced = replaceFile(QFile::encodeName(target), replacement, name); !replaced)
-        return fileFailure(path, replaced.error().message);
+        return ZLFileError::because(path, replaced.error().message);
     syncFolderOf(target);
     return ZLDone {};
 }
@@ -284,7 +280,7 @@ ZLStatus ZLAtomicFile::writeForOwner(const QString& path, const QByteArray& byte
     const int error = file.create(NewFile::Name::AtOnce, ownerOnly);
     const ZLStatus written = error == 0 ? finishReplacing(target, std::nullopt, file, replacement) : statusOf(error);
     if (!written)
-        return fileFailure(path, written.error().message);
+        return ZLFileError::because(path, written.error().message);
     syncFolderOf(path);
     return ZLDone {};
 }

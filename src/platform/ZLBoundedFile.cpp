@@ -1,5 +1,6 @@
 #include "platform/ZLBoundedFile.h"
 
+#include "platform/ZLFileError.h"
 #include "platform/ZLFileName.h"
 
 #include <QCoreApplication>
@@ -19,7 +20,7 @@ struct BoundedFileTexts {
 
 ZLFoundFile refusal(ZLFileFinding finding, const QString& path, const QString& reason)
 {
-    return { .finding = finding, .error = { QStringLiteral("%1: %2").arg(path, reason) } };
+    return { .finding = finding, .error = ZLFileError::because(path, reason) };
 }
 
 ZLFoundFile failureToOpen(const QString& path, int error)

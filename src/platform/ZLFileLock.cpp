@@ -1,6 +1,7 @@
 #include "platform/ZLFileLock.h"
 
 #include "platform/ZLBoundedFile.h"
+#include "platform/ZLFileError.h"
 
 #include <QFile>
 #include <QLoggingCategory>
@@ -36,18 +37,16 @@ bool isFileStillAt(const QByteArray& nativePath, int descriptor)
 ZLResult<std::unique_ptr<ZLFileLock>> ZLFileLock::tryLock(const QString& path)
 {
     const QByteArray nativePath = QFile::encodeName(path);
-    const auto failure = [&path](
-                             const QString& reason) { return ZLError { QStringLiteral("%1: %2").arg(path, reason) }; };
     // A holder that gives up removes the file, possibly between our opening and our locking: then look again.
     for (int attempt = 0; attempt < 10; ++attempt) {
         // Programs that are started from here must not inherit the lock.
         const int descriptor =
             open(nativePath.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY, 0600);
         if (descriptor < 0)
-            return failure(qt_error_string(errno));
+            return ZLFileError::ofSystem(path, errno);
         if (const QString reason = whyNoLockFile(descriptor); !reason.isEmpty()) {
             close(descriptor);
-            return failure(reason);
+            return ZLFileError::because(path, reason);
         }
         const bool isLocked = flock(descriptor, LOCK_EX | LOCK_NB) == 0;
         const int reason = errno;
@@ -55,7 +54,7 @@ ZLResult<std::unique_ptr<ZLFileLock>> ZLFileLock::tryLock(const QString& path)
             return std::unique_ptr<ZLFileLock>(new ZLFileLock(nativePath, descriptor));
         close(descriptor);
         if (!isLocked && reason != EWOULDBLOCK && reason != EINTR)
-            return failure(qt_error_string(reason));
+            return ZLFileError::ofSystem(path, reason);
         if (!isLocked && reason == EWOULDBLOCK)
             return std::unique_ptr<ZLFileLock>();
     }

@@ -1,5 +1,7 @@
 #include "platform/ZLPrivateFolder.h"
 
+#include "platform/ZLFileError.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,15 +11,12 @@
 
 ZLStatus ZLPrivateFolder::prepare(const QString& path)
 {
-    const auto failure = [&path](int error) {
-        return ZLError { QStringLiteral("%1: %2").arg(path, qt_error_string(error)) };
-    };
     const QByteArray nativePath = QFile::encodeName(path);
     // Whatever keeps the parents from being made, the next call says it.
     QDir().mkpath(QFileInfo(path).absolutePath());
     if (mkdir(nativePath.constData(), S_IRWXU) != 0 && (errno != EEXIST || !QFileInfo(path).isDir()))
-        return failure(errno == EEXIST ? ENOTDIR : errno);
+        return ZLFileError::ofSystem(path, errno == EEXIST ? ENOTDIR : errno);
     if (chmod(nativePath.constData(), S_IRWXU) != 0)
-        return failure(errno);
+        return ZLFileError::ofSystem(path, errno);
     return ZLDone {};
 }

@@ -1,5 +1,6 @@
 #include "document/saving/ZLDocumentHistory.h"
 
+#include "document/ZLStoredDocument.h"
 #include "document/saving/journal/ZLJournalRecord.h"
 #include "listening/ZLListeningData.h"
 #include "platform/ZLAtomicFile.h"
@@ -68,14 +69,9 @@ QList<ZLDocumentState> namedStates(const QString& folderPath)
     return states;
 }
 
-ZLResult<QByteArray> readState(const ZLDocumentState& state)
-{
-    return ZLBoundedFile::read(state.path, ZLFileBound::Document, ZLFileLinks::Refuse);
-}
-
 bool isWholeState(const ZLDocumentState& state)
 {
-    const auto bytes = readState(state);
+    const auto bytes = ZLBoundedFile::read(state.path, ZLFileBound::Document, ZLFileLinks::Refuse);
     return bytes && QFileInfo(state.path).completeBaseName().endsWith(u'-' + shortDigest(bytes.value()));
 }
 
@@ -136,13 +132,7 @@ QList<ZLDocumentState> ZLDocumentHistory::states() const
 
 ZLResult<ZLDocumentContents> ZLDocumentHistory::contentsOf(const ZLDocumentState& state)
 {
-    const auto bytes = readState(state);
-    if (!bytes)
-        return bytes.error();
-    auto contents = ZLDocumentFile::decode(bytes.value());
-    if (!contents)
-        return ZLError { u"%1: %2"_s.arg(state.path, contents.error().message) };
-    return contents;
+    return ZLStoredDocument::contentsOf(state.path, ZLFileLinks::Refuse);
 }
 
 ZLStateKeeping ZLDocumentHistory::keep(

@@ -23,6 +23,16 @@ QString ZLDocumentPlace::recoveryPath() const
     return isUntitled() && m_recoveryFile ? m_recoveryFile->path() : QString();
 }
 
+QString ZLDocumentPlace::listeningPath() const
+{
+    return m_recoveryFile ? m_recoveryFile->listeningPath() : QString();
+}
+
+QList<ZLDocumentState> ZLDocumentPlace::formerStates() const
+{
+    return m_history ? m_history->states() : QList<ZLDocumentState>();
+}
+
 QDateTime ZLDocumentPlace::timeOfFile(const QDateTime& now) const
 {
     const QDateTime written = QFileInfo(isUntitled() ? recoveryPath() : m_path).lastModified();

@@ -25,6 +25,9 @@ public:
     [[nodiscard]] const QString& path() const { return m_path; }
     /// The file of an untitled document; empty for any other, and while there is nothing to keep.
     [[nodiscard]] QString recoveryPath() const;
+    /// Where a show that is being recorded keeps what is heard of it; empty while the document holds nothing in the
+    /// recovery folder.
+    [[nodiscard]] QString listeningPath() const;
     /// What a message about the disk names: the user's file, for an untitled document the recovery folder.
     [[nodiscard]] const QString& nameForMessages() const { return isUntitled() ? m_folder.path() : m_path; }
     [[nodiscard]] const QString& recoveryFolderPath() const { return m_folder.path(); }
@@ -46,6 +49,8 @@ public:
 
     /// The former states; absent for an untitled document that was never kept.
     [[nodiscard]] const std::optional<ZLDocumentHistory>& history() const { return m_history; }
+    /// The same as a list, newest first; empty where history() is absent.
+    [[nodiscard]] QList<ZLDocumentState> formerStates() const;
     /// Forgets the former states of an untitled document; those of a file stay.
     void forgetUntitledHistory();
 

@@ -1,6 +1,5 @@
 #include "document/saving/ZLDocumentSaver.h"
 
-#include "document/saving/ZLTheirVersion.h"
 #include "document/saving/ZLWriteProtection.h"
 
 #include <QFile>
@@ -22,10 +21,14 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     , m_place(recoveryFolder, path, std::move(recoveryFile))
     , m_states(m_machinery.clock)
     , m_reverting(document, m_states)
-    , m_writer(m_machinery.writeFile, m_machinery.executor)
+    , m_schedule(m_machinery.clock, this)
+    , m_report(document, m_place, m_schedule)
     , m_diskWatch(
-          m_machinery.clock, [this] { return m_journaling.progress(); }, [this] { return m_writer.progress(); })
+          m_machinery.clock, [this] { return m_journaling.progress(); }, [this] { return m_updating.progress(); })
     , m_journaling(document, m_place, m_knownFile, m_diskWatch, m_machinery.journalDisk)
+    , m_orders(document, m_place, m_knownFile, m_states, m_journaling, m_schedule)
+    , m_updating(m_orders, m_schedule, m_report, m_diskWatch, m_machinery.writeFile, m_machinery.executor)
+    , m_decisions(document, m_place, m_knownFile, m_states, m_reverting, m_report)
 {
     followParts();
     followDocument();
@@ -79,9 +82,7 @@ void ZLDocumentSaver::end(QDeadlineTimer deadline)
     if (std::exchange(m_hasEnded, true))
         return;
     m_document.removeChangeRecorder(*this);
-    m_writer.disconnect(this);
-    (void)m_writer.settle(deadline);
-    m_writer.abandon();
+    m_updating.end(deadline);
     if (m_journaling.end(deadline) && !isJournalStillNeeded())
         m_place.removeJournal();
     // An untitled document of which nothing is kept does not come back.
@@ -89,35 +90,12 @@ void ZLDocumentSaver::end(QDeadlineTimer deadline)
         m_place.forgetUntitledHistory();
 }
 
-QString ZLDocumentSaver::listeningPath() const
-{
-    return m_place.recoveryFile() ? m_place.recoveryFile()->listeningPath() : QString();
-}
-
-bool ZLDocumentSaver::hasContent() const
-{
-    return m_document.isRecording() || m_document.currentDuration() != 0.0 || m_document.chapterManager().count() > 0
-        || m_document.templateViewController().chapterManager().count() > 0;
-}
-
-bool ZLDocumentSaver::isTransient() const
-{
-    const ZLUndoManager& undoManager = m_document.undoManager();
-    return isUntitled() && !hasContent() && !m_document.isWaitingForBeep() && !undoManager.canUndo()
-        && !undoManager.canRedo();
-}
-
 void ZLDocumentSaver::followParts()
 {
     connect(&m_place, &ZLDocumentPlace::recoveryPathDidChange, this, &ZLDocumentSaver::locationDidChange);
-    connect(&m_schedule, &ZLWriteSchedule::writeIsDue, this, &ZLDocumentSaver::writeNewestState);
+    connect(&m_report, &ZLSavingReport::didChange, this, &ZLDocumentSaver::stateDidChange);
     connect(&m_journaling, &ZLJournaling::retryIsDue, this, &ZLDocumentSaver::retryJournal);
     connect(&m_journaling, &ZLJournaling::failureTextDidChange, this, &ZLDocumentSaver::stateDidChange);
-    connect(&m_writer, &ZLDocumentWriter::didWrite, this, &ZLDocumentSaver::noteOutcome);
-    connect(&m_writer, &ZLDocumentWriter::didFinishByItself, this, [this] {
-        if (!m_schedule.isEverythingWritten() && !plannedDelay())
-            writeNewestState();
-    });
     connect(&m_diskWatch, &ZLDiskWatch::didChange, this, &ZLDocumentSaver::followDiskWatch);
 }
 
@@ -137,127 +115,46 @@ void ZLDocumentSaver::recordChange(const ZLDocumentChange& change)
         journalNow();
 }
 
-bool ZLDocumentSaver::isJournalWanted() const
+void ZLDocumentSaver::followDiskWatch()
 {
-    return !m_isDiscarded && (!isUntitled() || hasContent());
+    if (m_diskWatch.isFileHanging())
+        m_report.noteHangingFile();
+    m_journaling.followDiskWatch();
 }
 
 bool ZLDocumentSaver::isJournalStillNeeded() const
 {
-    const bool isSaved = m_state == ZLSavingState::Saved && m_schedule.isEverythingWritten();
-    return !m_isDiscarded && (!isSaved || m_document.isRecording() || m_document.interruptedRecording());
+    const bool isSaved = state() == ZLSavingState::Saved && m_schedule.isEverythingWritten();
+    return !m_updating.isStopped() && (!isSaved || m_document.isRecording() || m_document.interruptedRecording());
 }
 
 void ZLDocumentSaver::journalNow()
 {
-    if (isJournalWanted())
+    if (!m_updating.isStopped())
         m_journaling.note();
 }
 
 void ZLDocumentSaver::retryJournal()
 {
-    if (isJournalWanted())
+    if (!m_updating.isStopped())
         m_journaling.retry();
 }
 
 void ZLDocumentSaver::noteChange()
 {
     m_schedule.noteChange();
-    if (m_isDiscarded)
+    if (m_updating.isStopped())
         return;
     journalNow();
-    if (m_state != ZLSavingState::Conflict)
+    if (!m_report.isConflict())
         planWrite();
-    if (m_state == ZLSavingState::Saved)
-        setState(ZLSavingState::Waiting);
+    m_report.noteChange();
 }
 
 void ZLDocumentSaver::planWrite()
 {
     using Haste = ZLWriteSchedule::Haste;
     m_schedule.plan(m_journaling.isBehind() ? Haste::AtOnce : Haste::None);
-}
-
-ZLStatus ZLDocumentSaver::saveNow(QDeadlineTimer deadline)
-{
-    if (m_isDiscarded)
-        return ZLDone {};
-    if (!m_writer.settle(deadline))
-        return noteHangingFile();
-    m_schedule.dropPlannedWrite();
-    if (m_state == ZLSavingState::Conflict)
-        return ZLError { m_failureText };
-    if (keepNothingOfEmptyDocument())
-        return ZLDone {};
-    auto made = makeOrder();
-    if (!made)
-        return noteFailure(made.error());
-    ZLWriteOrder order = std::move(made).value();
-    // Made here, since the deadline is for the disk alone.
-    order.bytes = order.snapshot->encoded();
-    order.snapshot.reset();
-    const auto outcome = m_writer.write(std::move(order), deadline);
-    return outcome ? outcome->status : noteHangingFile();
-}
-
-void ZLDocumentSaver::writeNewestState()
-{
-    // The end of a write under way looks for newer changes itself.
-    if (m_isDiscarded || m_writer.isUnderWay() || m_state == ZLSavingState::Conflict)
-        return;
-    m_schedule.dropPlannedWrite();
-    if (keepNothingOfEmptyDocument())
-        return;
-    auto order = makeOrder();
-    if (!order) {
-        noteFailure(order.error());
-    } else {
-        if (m_state != ZLSavingState::Failed)
-            setState(ZLSavingState::Saving);
-        m_writer.start(std::move(order).value());
-        m_diskWatch.begin();
-    }
-}
-
-ZLResult<ZLWriteOrder> ZLDocumentSaver::makeOrder()
-{
-    retryJournal();
-    // Else the journal, which is believed more, would lag behind the file.
-    m_journaling.noteReading();
-    ZLWriteOrder order { .path = path(),
-        .snapshot = m_document.snapshot(),
-        .present = m_knownFile.bytes(),
-        .replaceable = m_knownFile.versions(),
-        .journal = m_journaling.file(),
-        .stateKeeper = m_stateKeeper,
-        .revision = m_schedule.revision() };
-    if (isUntitled()) {
-        if (const ZLStatus ensured = m_journaling.ensureRecoveryFile(); !ensured)
-            return ensured.error();
-        order.path = recoveryPath();
-        order.isForOwnerOnly = true;
-        // Another program has no business there.
-        order.replaceable.reset();
-    }
-    // The reading of a clock that runs on is no change worth going back before.
-    if (!m_schedule.isEverythingWritten())
-        order.formerState = m_states.stateToKeep(m_place.history(), m_knownFile);
-    return order;
-}
-
-bool ZLDocumentSaver::keepNothingOfEmptyDocument()
-{
-    if (!isUntitled() || hasContent())
-        return false;
-    m_journaling.removeRecoveryFile();
-    m_knownFile = {};
-    noteEverythingIsSaved();
-    return true;
-}
-
-QDeadlineTimer ZLDocumentSaver::commandDeadline() const
-{
-    return m_diskWatch.isFileHanging() ? QDeadlineTimer() : QDeadlineTimer(ZLSilentDisk::CommandPatience);
 }
 
 ZLStatus ZLDocumentSaver::save()
@@ -278,8 +175,8 @@ ZLStatus ZLDocumentSaver::saveAs(const QString& path)
     const ZLWriteOrder order { .path = ZLDocumentPlace::pathWithExtension(path),
         .bytes = m_document.dataOfType(),
         .revision = m_schedule.revision() };
-    if (!m_writer.settle(commandDeadline()) && order.path == m_place.path())
-        return noteHangingFile();
+    if (!m_updating.settle(m_updating.commandDeadline()) && order.path == m_place.path())
+        return m_updating.noteHangingFile();
     if (const ZLStatus allowed = ZLWriteProtection::check(order.path, m_place.openFileNote()); !allowed)
         return allowed;
     ZLDocumentWriter targetWriter(m_machinery.writeFile);
@@ -288,7 +185,7 @@ ZLStatus ZLDocumentSaver::saveAs(const QString& path)
         moveTo(order, *written);
         return ZLDone {};
     }
-    if (!m_schedule.isEverythingWritten() && !plannedDelay() && !m_writer.isUnderWay())
+    if (!m_schedule.isEverythingWritten() && !plannedDelay() && !m_updating.isUnderWay())
         planWrite();
     return written ? written->status : ZLStatus(ZLSilentDisk::error(order.path));
 }
@@ -297,142 +194,30 @@ void ZLDocumentSaver::moveTo(const ZLWriteOrder& order, const ZLWriteOutcome& ou
 {
     qCDebug(documentSaveLog) << "document moves to" << order.path;
     // What hangs where the document was has nothing to do with it any more.
-    m_writer.abandon();
+    m_updating.abandon();
     m_schedule.dropPlannedWrite();
     m_place.moveTo(order.path);
     m_journaling.removeRecoveryFile();
     m_reverting.setPoint(order.bytes);
     m_journaling.setBase(order.bytes);
     m_knownFile.noteWritten(order.bytes, outcome.digest, m_document.wallClockTime());
-    noteWritten(order.revision);
+    m_report.noteWritten(order.revision);
     journalNow();
     m_document.setDisplayName(QFileInfo(order.path).fileName());
     Q_EMIT locationDidChange();
 }
 
-QList<ZLDocumentState> ZLDocumentSaver::formerStates() const
-{
-    return m_place.history() ? m_place.history()->states() : QList<ZLDocumentState>();
-}
-
 ZLStatus ZLDocumentSaver::keepMine()
 {
-    if (m_state != ZLSavingState::Conflict)
+    if (!m_report.isConflict())
         return ZLDone {};
-    m_knownFile = ZLTheirVersion::toBeReplaced(path(), m_place.timeOfFile(m_document.wallClockTime()));
-    // What is overwritten on purpose is a state to go back to all the same.
-    m_states.makeDue();
-    setState(ZLSavingState::Waiting);
+    m_decisions.allowMine();
     return saveNow();
-}
-
-ZLStatus ZLDocumentSaver::takeTheirs()
-{
-    if (m_state != ZLSavingState::Conflict)
-        return ZLDone {};
-    const auto theirs = ZLTheirVersion::read(path());
-    if (!theirs)
-        return theirs.error();
-    (void)m_place.history()->keep(m_document.dataOfType(), m_document.wallClockTime(), theirs.value().bytes());
-    m_knownFile = theirs.value().asKnownFile();
-    setState(ZLSavingState::Waiting);
-    m_document.adoptContents(theirs.value().contents());
-    // Theirs as this program writes it, so that it is seen whether there is anything to go back to. The time of a clock
-    // that runs is none of theirs.
-    m_reverting.setPoint(m_document.isRecording() ? theirs.value().bytes() : m_document.dataOfType());
-    return ZLDone {};
-}
-
-ZLStatus ZLDocumentSaver::keepBoth()
-{
-    return saveAs(ZLTheirVersion::freePathBeside(path()));
 }
 
 void ZLDocumentSaver::discard()
 {
-    if (!m_writer.settle(commandDeadline()))
-        m_writer.abandon();
-    m_schedule.stop();
-    m_isDiscarded = true;
+    m_updating.stop();
     m_journaling.removeRecoveryFile();
     m_place.forgetUntitledHistory();
-}
-
-ZLError ZLDocumentSaver::noteHangingFile()
-{
-    m_diskWatch.begin();
-    return tellHangingFile();
-}
-
-ZLError ZLDocumentSaver::tellHangingFile()
-{
-    const ZLError error = ZLSilentDisk::error(m_place.nameForMessages());
-    m_document.setDocumentEdited(true);
-    setState(ZLSavingState::Failed, error.message);
-    return error;
-}
-
-void ZLDocumentSaver::followDiskWatch()
-{
-    if (m_diskWatch.isFileHanging())
-        tellHangingFile();
-    m_journaling.followDiskWatch();
-}
-
-void ZLDocumentSaver::noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome)
-{
-    m_states.noteOutcome(outcome.keeping);
-    if (outcome.isUnchanged) {
-        noteWritten(order.revision);
-    } else if (outcome) {
-        m_knownFile.noteWritten(outcome.bytes, outcome.digest, m_document.wallClockTime());
-        noteWritten(order.revision);
-    } else if (outcome.isConflict) {
-        noteConflict(outcome.status.error());
-    } else {
-        noteFailure(outcome.status.error());
-    }
-}
-
-void ZLDocumentSaver::noteWritten(quint64 revision)
-{
-    m_schedule.noteWritten(revision);
-    if (m_schedule.isEverythingWritten())
-        noteEverythingIsSaved();
-    else
-        setState(ZLSavingState::Waiting);
-}
-
-void ZLDocumentSaver::noteEverythingIsSaved()
-{
-    m_schedule.noteWritten(m_schedule.revision());
-    // A document without a file of the user's counts as edited, however well it is kept.
-    m_document.setDocumentEdited(isUntitled() && hasContent());
-    setState(ZLSavingState::Saved);
-}
-
-ZLError ZLDocumentSaver::noteFailure(const ZLError& error)
-{
-    qCWarning(documentSaveLog) << "cannot write" << error.message;
-    m_document.setDocumentEdited(true);
-    m_schedule.planRetry();
-    setState(ZLSavingState::Failed, error.message);
-    return error;
-}
-
-void ZLDocumentSaver::noteConflict(const ZLError& error)
-{
-    qCWarning(documentSaveLog) << error.message;
-    m_document.setDocumentEdited(true);
-    m_schedule.dropPlannedWrite();
-    setState(ZLSavingState::Conflict, error.message);
-}
-
-void ZLDocumentSaver::setState(ZLSavingState state, const QString& failureText)
-{
-    if (m_state == state && m_failureText == failureText)
-        return;
-    m_state = state;
-    m_failureText = failureText;
-    Q_EMIT stateDidChange();
 }

@@ -1,15 +1,19 @@
 #pragma once
 
 #include "document/ZLChapterDocument.h"
+#include "document/saving/ZLConflictDecisions.h"
 #include "document/saving/ZLDiskWatch.h"
 #include "document/saving/ZLDocumentPlace.h"
-#include "document/saving/ZLDocumentWriter.h"
+#include "document/saving/ZLFileUpdating.h"
 #include "document/saving/ZLJournaling.h"
+#include "document/saving/ZLKeepableContent.h"
 #include "document/saving/ZLKnownFile.h"
 #include "document/saving/ZLReverting.h"
 #include "document/saving/ZLSavingMachinery.h"
+#include "document/saving/ZLSavingReport.h"
 #include "document/saving/ZLSilentDisk.h"
 #include "document/saving/ZLStateRhythm.h"
+#include "document/saving/ZLWriteOrders.h"
 #include "document/saving/ZLWriteSchedule.h"
 #include "document/saving/journal/ZLJournalReader.h"
 #include "platform/ZLBoundedFile.h"
@@ -19,14 +23,6 @@
 
 #include <memory>
 #include <optional>
-
-enum class ZLSavingState {
-    Saved, ///< Everything is on the disk, or there is nothing to keep.
-    Waiting, ///< There are changes; they are written within a second.
-    Saving, ///< A write is under way.
-    Failed, ///< The last write failed and is tried again and again, or it hangs. See failureText().
-    Conflict, ///< Another program changed the user's file: nothing is written until the user decides.
-};
 
 /// Keeps one document on the disk: in the user's file, or while it has none in a file of the recovery folder, which
 /// stands exactly while there is something worth keeping. A worker makes the bytes from a snapshot and writes them, so
@@ -64,15 +60,15 @@ public:
     [[nodiscard]] QString recoveryPath() const { return m_place.recoveryPath(); }
     /// Where what is heard of the show is kept while its clock runs; empty as long as the recovery folder has nothing
     /// of the document.
-    [[nodiscard]] QString listeningPath() const;
+    [[nodiscard]] QString listeningPath() const { return m_place.listeningPath(); }
     /// Whether there is anything that would be missed.
-    [[nodiscard]] bool hasContent() const;
+    [[nodiscard]] bool hasContent() const { return ZLKeepableContent::isIn(m_document); }
     /// Whether the document may go without a word: it is untitled and empty, and nothing was ever done in it.
-    [[nodiscard]] bool isTransient() const;
+    [[nodiscard]] bool isTransient() const { return isUntitled() && !ZLKeepableContent::isOrMayBeIn(m_document); }
 
-    [[nodiscard]] ZLSavingState state() const { return m_state; }
+    [[nodiscard]] ZLSavingState state() const { return m_report.state(); }
     /// Which file could not be written and why, while the state is Failed or Conflict; else empty.
-    [[nodiscard]] const QString& failureText() const { return m_failureText; }
+    [[nodiscard]] const QString& failureText() const { return m_report.failureText(); }
     /// Which recovery folder does not take the journal and why, so that a crash could take what is not in the file yet;
     /// empty while all is well. It is tried again and again.
     [[nodiscard]] const QString& recoveryFailureText() const { return m_journaling.failureText(); }
@@ -82,9 +78,9 @@ public:
     /// Writes the newest state before it returns, a running clock with its reading. Success also when there was
     /// nothing to write. After a failure the saver goes on trying. A disk that does not answer before `deadline` is a
     /// failure; the write goes on, and as long as it does it is not waited for again.
-    ZLStatus saveNow(QDeadlineTimer deadline);
+    ZLStatus saveNow(QDeadlineTimer deadline) { return m_updating.update(deadline); }
     /// With the patience of a command.
-    ZLStatus saveNow() { return saveNow(commandDeadline()); }
+    ZLStatus saveNow() { return saveNow(m_updating.commandDeadline()); }
     /// The user's own save of a titled document, which revert() goes back to. It also writes the UUIDs that chapters of
     /// the file lack, although nothing else is new.
     ZLStatus save();
@@ -99,7 +95,7 @@ public:
     ZLStatus revert() { return m_reverting.revert(); }
     /// Former states of the document, newest first. One is kept when changes take its place, a minute after the one
     /// before at the earliest.
-    [[nodiscard]] QList<ZLDocumentState> formerStates() const;
+    [[nodiscard]] QList<ZLDocumentState> formerStates() const { return m_place.formerStates(); }
     /// Goes back, undoably, to one of formerStates(). Refused while the clock runs.
     ZLStatus revertTo(const ZLDocumentState& state) { return m_reverting.revertTo(state); }
     /// @name What to do about a Conflict
@@ -107,16 +103,16 @@ public:
     /// Writes over what the other program wrote.
     ZLStatus keepMine();
     /// Takes over what the other program wrote, as an undoable step; a running clock goes on.
-    ZLStatus takeTheirs();
+    ZLStatus takeTheirs() { return m_decisions.takeTheirs(); }
     /// Leaves the file to the other program and goes on in a new one beside it.
-    ZLStatus keepBoth();
+    ZLStatus keepBoth() { return saveAs(m_decisions.pathForBoth()); }
     /// @}
     /// Forgets what is kept of the document in the recovery folder and writes nothing any more.
     void discard();
 
 public Q_SLOTS:
     /// What the timers do: starts writing the newest state unless it is on the disk already.
-    void writeNewestState();
+    void writeNewestState() { m_updating.begin(); }
     /// The same for a journal that cannot be written.
     void retryJournal();
 
@@ -131,25 +127,13 @@ private:
         std::unique_ptr<ZLRecoveryFile> recoveryFile, const QString& path);
     void followParts();
     void followDocument();
-    [[nodiscard]] bool isJournalWanted() const;
+    void followDiskWatch();
     [[nodiscard]] bool isJournalStillNeeded() const;
     void journalNow();
     void recordChange(const ZLDocumentChange& change) override;
     void noteChange();
     void planWrite();
-    [[nodiscard]] bool keepNothingOfEmptyDocument();
-    [[nodiscard]] ZLResult<ZLWriteOrder> makeOrder();
-    [[nodiscard]] QDeadlineTimer commandDeadline() const;
     void moveTo(const ZLWriteOrder& order, const ZLWriteOutcome& outcome);
-    ZLError noteHangingFile();
-    ZLError tellHangingFile();
-    void followDiskWatch();
-    void noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome);
-    void noteWritten(quint64 revision);
-    void noteEverythingIsSaved();
-    ZLError noteFailure(const ZLError& error);
-    void noteConflict(const ZLError& error);
-    void setState(ZLSavingState state, const QString& failureText = {});
 
     ZLChapterDocument& m_document;
     const ZLSavingMachinery m_machinery;
@@ -157,13 +141,12 @@ private:
     ZLKnownFile m_knownFile;
     ZLStateRhythm m_states;
     ZLReverting m_reverting;
-    ZLDocumentWriter m_writer;
+    ZLWriteSchedule m_schedule;
+    ZLSavingReport m_report;
     ZLDiskWatch m_diskWatch;
     ZLJournaling m_journaling;
-    ZLWriteSchedule m_schedule { m_machinery.clock, this };
-    const std::shared_ptr<ZLStateKeeper> m_stateKeeper = std::make_shared<ZLStateKeeper>();
-    ZLSavingState m_state = ZLSavingState::Saved;
-    QString m_failureText;
-    bool m_isDiscarded = false;
+    ZLWriteOrders m_orders;
+    ZLFileUpdating m_updating;
+    ZLConflictDecisions m_decisions;
     bool m_hasEnded = false;
 };

@@ -1,5 +1,6 @@
 #include "document/saving/ZLJournaling.h"
 
+#include "document/saving/ZLKeepableContent.h"
 #include "document/saving/ZLSilentDisk.h"
 
 #include <QLoggingCategory>
@@ -26,7 +27,7 @@ ZLJournaling::ZLJournaling(ZLChapterDocument& document, ZLDocumentPlace& place, 
 
 void ZLJournaling::note()
 {
-    if (!isDue())
+    if (!isWanted() || !isDue())
         return;
     // A disk that does not answer is not asked anything else either.
     const bool isHeld = m_place.recoveryFile() && (m_journal.isLagging() || m_place.recoveryFile()->isStillHeld());
@@ -36,6 +37,11 @@ void ZLJournaling::note()
         m_journal.note();
     followDiskWatch();
     m_diskWatch.begin();
+}
+
+bool ZLJournaling::isWanted() const
+{
+    return !m_place.isUntitled() || ZLKeepableContent::isIn(m_document);
 }
 
 bool ZLJournaling::isDue()
@@ -59,7 +65,7 @@ void ZLJournaling::begin()
 void ZLJournaling::retry()
 {
     // As long as nothing changed, there is nothing to journal.
-    if (!m_journal.isBegun() && m_failureText.isEmpty())
+    if (!isWanted() || (!m_journal.isBegun() && m_failureText.isEmpty()))
         return;
     note();
     // What this brings is known when the next change or attempt comes, for the program waits for no disk.

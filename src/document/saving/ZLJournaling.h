@@ -31,7 +31,7 @@ public:
 
     /// The document as it is now, in bytes that are there already. To be called while no journal is begun.
     void setBase(const QByteArray& bytes) { m_journal.setBase(bytes); }
-    /// Journals what changed, and waits until the kernel has it.
+    /// Journals what changed, and waits until the kernel has it. An untitled document without content has no journal.
     void note();
     /// Begins a journal from the document as it is now.
     void begin();
@@ -54,6 +54,7 @@ Q_SIGNALS:
     void failureTextDidChange();
 
 private:
+    [[nodiscard]] bool isWanted() const;
     [[nodiscard]] bool isDue();
     [[nodiscard]] QDeadlineTimer patience() const;
     void setFailureText(const QString& text);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ZLResult.h"
+#include "platform/ZLFileError.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -18,6 +18,6 @@ public:
 
     [[nodiscard]] static ZLError error(const QString& path)
     {
-        return ZLError { QStringLiteral("%1: %2").arg(path, tr("The disk does not answer")) };
+        return ZLFileError::because(path, tr("The disk does not answer"));
     }
 };

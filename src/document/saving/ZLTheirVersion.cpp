@@ -1,6 +1,5 @@
 #include "document/saving/ZLTheirVersion.h"
 
-#include "document/ZLUnreadableDocument.h"
 #include "document/saving/ZLDocumentPlace.h"
 #include "document/saving/journal/ZLJournalRecord.h"
 #include "platform/ZLBoundedFile.h"
@@ -12,13 +11,10 @@ using namespace Qt::StringLiterals;
 
 ZLResult<ZLTheirVersion> ZLTheirVersion::read(const QString& path)
 {
-    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
-    if (!bytes)
-        return bytes.error();
-    const auto contents = ZLDocumentFile::decode(bytes.value());
-    if (!contents)
-        return ZLUnreadableDocument::error(path, bytes.value());
-    return ZLTheirVersion(bytes.value(), contents.value());
+    auto read = ZLStoredDocument::read(path);
+    if (!read)
+        return read.error();
+    return ZLTheirVersion(std::move(read).value());
 }
 
 ZLKnownFile ZLTheirVersion::toBeReplaced(const QString& path, const QDateTime& time)
@@ -39,5 +35,5 @@ QString ZLTheirVersion::freePathBeside(const QString& path)
 
 ZLKnownFile ZLTheirVersion::asKnownFile() const
 {
-    return ZLKnownFile(QList<QByteArray> { ZLJournalRecords::digestOf(m_bytes) });
+    return ZLKnownFile(QList<QByteArray> { ZLJournalRecords::digestOf(m_document.bytes) });
 }

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "document/ZLDocumentFile.h"
+#include "document/ZLStoredDocument.h"
 #include "document/saving/ZLKnownFile.h"
 #include "platform/ZLResult.h"
+
+#include <utility>
 
 /// What another program made of a document's file, read to decide about it.
 class ZLTheirVersion {
@@ -15,18 +17,16 @@ public:
     /// A free name for a document that leaves its file at `path` to the other program: "show 2.zelta".
     [[nodiscard]] static QString freePathBeside(const QString& path);
 
-    [[nodiscard]] const QByteArray& bytes() const { return m_bytes; }
-    [[nodiscard]] const ZLDocumentContents& contents() const { return m_contents; }
+    [[nodiscard]] const QByteArray& bytes() const { return m_document.bytes; }
+    [[nodiscard]] const ZLDocumentContents& contents() const { return m_document.contents; }
     /// The file as one that this program may write over although it has not written it.
     [[nodiscard]] ZLKnownFile asKnownFile() const;
 
 private:
-    ZLTheirVersion(const QByteArray& bytes, const ZLDocumentContents& contents)
-        : m_bytes(bytes)
-        , m_contents(contents)
+    explicit ZLTheirVersion(ZLStoredDocument document)
+        : m_document(std::move(document))
     {
     }
 
-    QByteArray m_bytes;
-    ZLDocumentContents m_contents;
+    ZLStoredDocument m_document;
 };

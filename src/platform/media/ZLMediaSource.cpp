@@ -1,5 +1,7 @@
 #include "platform/media/ZLMediaSource.h"
 
+#include "platform/ZLFileError.h"
+
 #include <QCoreApplication>
 #include <QFile>
 
@@ -35,7 +37,7 @@ ZLResult<std::shared_ptr<ZLMediaSource>> ZLMediaSource::open(const QString& path
     // Without waiting, so that a pipe is told apart even while no program writes into it.
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0)
-        return ZLError { u"%1: %2"_s.arg(path, qt_error_string(errno)) };
+        return ZLFileError::ofSystem(path, errno);
     struct stat status {};
     const bool isKnown = fstat(descriptor, &status) == 0;
     std::shared_ptr<ZLMediaSource> source(new ZLMediaSource(path, descriptor, status));

@@ -4,6 +4,7 @@
 
 #include "platform/media/file/ZLMediaFile.h"
 #include "support/ZLDocumentFixture.h"
+#include "support/ZLSheetParts.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -22,24 +23,15 @@
 using namespace Qt::StringLiterals;
 using State = ZLDeliveryTarget::State;
 
-class ZLDeliverySheetTest : public ZLDocumentFixture {
+class ZLDeliverySheetTest : public ZLDocumentFixture, protected ZLSheetParts {
 protected:
     ZLDeliverySheetTest()
     {
-        m_window.menuBar()->addMenu(u"&Window"_s);
-        m_sheet = new ZLDeliverySheet(m_draft, *m_window.menuBar(), &m_window);
-        m_window.setCentralWidget(m_sheet);
         addChapterAt(1.0, u"Eins"_s);
         addChapterAt(2.0, u"Zwei"_s);
     }
 
-    void SetUp() override
-    {
-        m_window.show();
-        m_window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
-        m_sheet->takeKeyboard();
-    }
+    void SetUp() override { showSheet(m_window, m_sheet); }
 
     QString makeFile(const QString& name) const
     {
@@ -62,30 +54,13 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([this] { return !m_draft.isWriting(); }));
     }
 
-    template <typename Part>
-    [[nodiscard]] Part* part(const QString& name) const
-    {
-        auto* found = m_sheet->findChild<Part*>(name);
-        EXPECT_NE(found, nullptr) << qPrintable(name);
-        return found;
-    }
-    [[nodiscard]] QPushButton* button(const QString& name) const { return part<QPushButton>(name); }
     [[nodiscard]] QString advice() const { return part<QLabel>(u"exportAdviceText"_s)->text(); }
     [[nodiscard]] QString outcome() const { return part<QLabel>(u"deliveryOutcome"_s)->text(); }
-    [[nodiscard]] QStringList shownIn(const QString& list, int column) const
-    {
-        QStringList texts;
-        const QAbstractItemModel* model = part<QTreeView>(list)->model();
-        for (int row = 0; row < model->rowCount(); ++row)
-            texts.append(model->index(row, column).data().toString());
-        return texts;
-    }
-    void press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
 
     QTemporaryDir m_folder;
     ZLDeliveryDraft m_draft { m_document };
-    QMainWindow m_window;
-    ZLDeliverySheet* m_sheet;
+    ZLSheetWindow m_window;
+    ZLDeliverySheet* m_sheet = new ZLDeliverySheet(m_draft, *m_window.menuBar(), &m_window);
 };
 
 TEST_F(ZLDeliverySheetTest, AsksForAFileFirst)

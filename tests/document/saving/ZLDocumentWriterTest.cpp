@@ -13,9 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QDeadlineTimer atOnce(0);
-const QDeadlineTimer forEver(QDeadlineTimer::Forever);
-
 ZLWriteOrder order(const QByteArray& bytes)
 {
     return { .path = u"show.zelta"_s, .bytes = bytes };
@@ -36,6 +33,8 @@ protected:
     }
     ~ZLDocumentWriterTest() override { disk.release(100); }
 
+    const QDeadlineTimer atOnce { 0 };
+    const QDeadlineTimer forEver { QDeadlineTimer::Forever };
     const std::shared_ptr<Disk> shared = std::make_shared<Disk>();
     std::counting_semaphore<>& disk = shared->answers;
     std::counting_semaphore<>& begun = shared->questions;

@@ -9,10 +9,10 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop import wait_until
+from desktop import focused_window, wait_until
 from desktop_test import DesktopTest
 from osc_peers import free_port, oscsend
-from other_program import OtherProgram, focused_window
+from other_program import OtherProgram
 
 PROGRAM = Path(sys.argv.pop(1))
 MOCK = Path(__file__).resolve().parents[2] / "platform/notification/notification_mock.py"

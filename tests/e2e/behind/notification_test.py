@@ -8,9 +8,8 @@ import unittest
 from pathlib import Path
 
 from behind_test import BehindTest
-from desktop import wait_until
+from desktop import focused_window, wait_until
 from osc_peers import oscsend
-from other_program import focused_window
 
 PROGRAM = Path(sys.argv.pop(1))
 

@@ -15,9 +15,9 @@ from pathlib import Path
 
 import media_files
 import media_readers as readers
-from desktop import Desktop, wait_until
+from desktop import focused_window, wait_until
+from sheet import SheetTest
 from surface import archive
-from window import Window
 
 PROGRAM = Path(sys.argv.pop(1))
 DRAG_SOURCE = Path(sys.argv.pop(1))
@@ -29,11 +29,9 @@ def chapter(seconds, title):
     return {"TimeStamp": seconds, "Enabled": True, "Title": title, "Link": "", "Tags": ""}
 
 
-class AudioSheetTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        # The bindings of the accessibility tree stay with the first bus that they meet.
-        cls.desktop = cls.enterClassContext(Desktop())
+class AudioSheetTest(SheetTest):
+    program = PROGRAM
+    pictures = PICTURES
 
     def setUp(self):
         self.folder = Path(tempfile.mkdtemp(dir=self.desktop.home))
@@ -43,55 +41,15 @@ class AudioSheetTest(unittest.TestCase):
         self.audio = media_files.mp3_rich(self.folder)
 
     def open(self, *arguments):
-        self.window = Window(self.desktop, [PROGRAM], *(arguments or [self.show])).wait_until_shown()
-        self.addCleanup(self.end)
-        self.window.wait_for_keyboard()
-        self.main = self.focused_window()
-        return self.window
-
-    def end(self):
-        """As a person ends it, so that the next test finds nothing that was open."""
-        if self.window.process.poll() is None:
-            self.desktop.press("Escape")
-            self.window.process.terminate()
-            self.window.process.wait(60)
-        shutil.rmtree(self.desktop.home / "state", ignore_errors=True)
-
-    @staticmethod
-    def focused_window():
-        return subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True, check=False).stdout.strip()
-
-    def take(self, name):
-        if PICTURES:
-            self.desktop.screenshot(PICTURES / name)
-
-    def choose(self, *paths):
-        """In the file dialog that the first button of the sheet opens."""
-        self.desktop.press("Return")
-        wait_until(lambda: self.focused_window() != self.main and self.window.has_keyboard(), "the file dialog")
-        self.desktop.press("ctrl+a")
-        self.desktop.type(" ".join(f'"{path}"' for path in paths) if len(paths) > 1 else str(paths[0]))
-        self.desktop.press("Return")
-        wait_until(lambda: self.focused_window() == self.main, "the file dialog to go")
+        return self.open_window(*(arguments or [self.show]))
 
     def open_sheet(self, *paths):
         self.desktop.press("ctrl+shift+e")
-        choose = self.node("push button", "Choose Files…")
-        wait_until(lambda: self.is_focused(choose), "the keyboard in the sheet")
-        self.choose(*paths)
-
-    def node(self, role, name):
-        return self.window.accessible.find(self.window.frame, role, name)
-
-    def is_focused(self, node):
-        import pyatspi
-
-        return node.getState().contains(pyatspi.STATE_FOCUSED)
+        self.choose("Choose Files…", *paths)
 
     def files(self):
         """File, form, length and state of each file in the sheet."""
-        table = (self.window.accessible.find_all(self.window.frame, None, "Audio files") or [None])[0]
-        return self.window.accessible.table_texts(table) if table else []
+        return self.rows_of("Audio files")
 
     def wait_for_state(self, row, text):
         wait_until(lambda: len(self.files()) > row and text in self.files()[row][3], f"{text} in row {row}, not {self.files()}")
@@ -253,7 +211,7 @@ class AudioSheetTest(unittest.TestCase):
         self.desktop.press("F2")
         self.desktop.type("Changed")
         self.desktop.press("Return", "ctrl+s")
-        wait_until(lambda: self.focused_window() != self.main, "the dialog that asks for a name")
+        wait_until(lambda: focused_window() != self.main, "the dialog that asks for a name")
         self.desktop.press("Escape")
         self.assertEqual(self.audio.read_bytes(), content)
 

@@ -6,7 +6,6 @@
 
 import array
 import json
-import shutil
 import subprocess
 import sys
 import tempfile
@@ -15,10 +14,10 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent.parent / "alignment"))
 import show_simulator  # noqa: E402
-from desktop import Desktop, wait_until  # noqa: E402
+from desktop import wait_until  # noqa: E402
+from sheet import SheetTest  # noqa: E402
 from sound_server import SoundServer, is_silent  # noqa: E402
 from surface import archive  # noqa: E402
-from window import Window  # noqa: E402
 
 PROGRAM = Path(sys.argv.pop(1))
 PICTURES = Path(sys.argv.pop(1)) if len(sys.argv) > 1 else None
@@ -46,11 +45,13 @@ def likeness(left, right):
     return sum(a * b for a, b in zip(left, right)) / norm if norm else 0.0
 
 
-class FitSheetTest(unittest.TestCase):
+class FitSheetTest(SheetTest):
+    program = PROGRAM
+    pictures = PICTURES
+
     @classmethod
     def setUpClass(cls):
-        # The bindings of the accessibility tree stay with the first bus that they meet.
-        cls.desktop = cls.enterClassContext(Desktop())
+        super().setUpClass()
         cls.server = SoundServer(cls.desktop)
         cls.sounds = Path(tempfile.mkdtemp(dir=cls.desktop.home))
         cls.finished = cls.simulate("cuts", "--seed", 1, "--cuts", 5, "--noise", 10, "--marks", 20)
@@ -70,65 +71,20 @@ class FitSheetTest(unittest.TestCase):
             {"TimeStamp": float(moment), "Enabled": True, "Title": f"mark {number}", "Link": "", "Tags": ""}
             for number, (moment, _, _) in enumerate(self.truth)], "Duration": 240.0, "Templates": []}))
 
-    def open(self):
-        self.window = Window(self.desktop, [PROGRAM], self.show).wait_until_shown()
-        self.addCleanup(self.end)
-        self.window.wait_for_keyboard()
-        self.main = self.focused_window()
-
-    def end(self):
-        """As a person ends it, so that the next test finds nothing that was open."""
-        if self.window.process.poll() is None:
-            self.window.process.terminate()
-            self.window.process.wait(60)
-        shutil.rmtree(self.desktop.home / "state", ignore_errors=True)
-
-    @staticmethod
-    def focused_window():
-        return subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True, check=False).stdout.strip()
-
-    def take(self, name):
-        if PICTURES:
-            self.desktop.screenshot(PICTURES / name)
-
-    def node(self, role, name):
-        return self.window.accessible.find(self.window.frame, role, name)
-
-    def has_keyboard(self, node):
-        import pyatspi
-
-        return node.getState().contains(pyatspi.STATE_FOCUSED)
-
-    def choose(self, button, path):
-        """In the dialog of the button, which has the keyboard."""
-        node = self.node("push button", button)
-        wait_until(lambda: self.has_keyboard(node), f"the keyboard on {button}")
-        self.desktop.press("Return")
-        wait_until(lambda: self.focused_window() != self.main and self.window.has_keyboard(), "the file dialog")
-        self.desktop.press("ctrl+a")
-        self.desktop.type(str(path))
-        self.desktop.press("Return")
-        wait_until(lambda: self.focused_window() == self.main, "the file dialog to go")
-
     def start_fit(self, finished):
         self.desktop.press("ctrl+shift+f")
         self.choose("Choose File…", finished)
         self.choose("Choose Recording…", self.heard)
-        start = self.node("push button", "Find Chapters")
-        wait_until(lambda: self.has_keyboard(start), "the keyboard on the button that starts")
+        self.wait_for_focus("Find Chapters")
         self.desktop.press("Return")
 
     def rows(self):
         """Title, old time, new time, state and confidence of each mark in the sheet."""
-        found = self.window.accessible.find_all(self.window.frame, None, "Chapters in the finished file")
-        return self.window.accessible.table_texts(found[0]) if found else []
+        return self.rows_of("Chapters in the finished file")
 
     def wait_for_rows(self):
         wait_until(lambda: len(self.rows()) == len(self.truth), "the marks in the sheet", 60)
         return self.rows()
-
-    def wait_for_text(self, text):
-        wait_until(lambda: self.window.accessible.find_all(self.window.frame, None, text), f"the text {text}", 60)
 
     def chapters_in_file(self):
         out = subprocess.run([PROGRAM, "show", "--json", self.show], check=True, capture_output=True, text=True).stdout
@@ -149,7 +105,7 @@ class FitSheetTest(unittest.TestCase):
         self.assertGreaterEqual(right, 0.9 * len(rows))
 
     def test_a_show_is_fitted_applied_and_taken_back_by_keyboard(self):
-        self.open()
+        self.open_window(self.show)
         self.start_fit(self.finished)
         rows = self.wait_for_rows()
         self.assert_right(rows)
@@ -175,14 +131,14 @@ class FitSheetTest(unittest.TestCase):
         return self.rows()
 
     def test_what_was_found_is_there_after_a_new_start(self):
-        self.open()
+        self.open_window(self.show)
         self.start_fit(self.finished)
         rows = self.wait_for_rows()
         self.save()
         self.desktop.press("Escape", "ctrl+q")
         self.window.process.wait(60)
         self.assertNotIn(str(self.sounds).encode(), self.show.read_bytes())
-        self.open()
+        self.open_window(self.show)
         self.desktop.press("ctrl+shift+f")
         self.assertEqual(self.wait_for_rows(), rows)
         # The computer knows where the file lies, so it can be played and written.
@@ -200,7 +156,7 @@ class FitSheetTest(unittest.TestCase):
         return samples
 
     def test_space_plays_the_finished_file_at_the_new_place(self):
-        self.open()
+        self.open_window(self.show)
         self.start_fit(self.finished)
         place = seconds(self.wait_for_rows()[2][2])
         heard = self.server.listen("left_card")
@@ -222,7 +178,7 @@ class FitSheetTest(unittest.TestCase):
         self.assertLess(sum(1 for value in loudness(samples) if value > 0), 4.3 * 50)
 
     def test_a_mark_comes_while_both_files_are_heard(self):
-        self.open()
+        self.open_window(self.show)
         self.desktop.press("ctrl+r")
         self.start_fit(self.finished)
         self.desktop.press("ctrl+Return")
@@ -230,7 +186,7 @@ class FitSheetTest(unittest.TestCase):
         self.desktop.press("Return", "Escape", "ctrl+r")
 
     def test_another_show_is_refused_in_plain_words(self):
-        self.open()
+        self.open_window(self.show)
         before = self.show.read_bytes()
         self.start_fit(self.other)
         self.wait_for_text(f"{self.other.name} is not this show: too little of {self.heard.name} is in it.")
@@ -241,7 +197,7 @@ class FitSheetTest(unittest.TestCase):
         self.assertEqual(self.show.read_bytes(), before)
 
     def test_escape_cancels(self):
-        self.open()
+        self.open_window(self.show)
         self.start_fit(self.finished)
         self.desktop.press("Escape")
         wait_until(lambda: self.window.accessible.find_all(self.window.frame, None, "The fit was cancelled.")

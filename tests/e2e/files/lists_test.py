@@ -9,7 +9,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import Desktop, focused_window, wait_until
 from window import Window
 
 PROGRAM = Path(sys.argv[1])
@@ -24,11 +24,7 @@ class Lists:
         self.window = Window(desktop, (PROGRAM,)).wait_until_shown()
         self.window.wait_for_keyboard()
         self.accessible = self.window.accessible
-        self.main_window = self.focused_window()
-
-    @staticmethod
-    def focused_window():
-        return subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True, check=False).stdout.strip()
+        self.main_window = focused_window()
 
     def picture(self, name):
         if PICTURES:
@@ -47,11 +43,11 @@ class Lists:
         wait_until(lambda: self.window.titles() == list(titles), f"{titles}, not {self.window.titles()}")
 
     def enter_path(self, path):
-        wait_until(lambda: self.focused_window() != self.main_window and self.window.has_keyboard(), "the file dialog")
+        wait_until(lambda: focused_window() != self.main_window and self.window.has_keyboard(), "the file dialog")
         self.desktop.press("ctrl+a")
         self.desktop.type(str(path))
         self.desktop.press("Return")
-        wait_until(lambda: self.focused_window() == self.main_window, "the file dialog to go")
+        wait_until(lambda: focused_window() == self.main_window, "the file dialog to go")
 
     @staticmethod
     def clipboard():
@@ -106,7 +102,7 @@ class Lists:
         self.enter_path(document)
         wait_until(document.exists, "the document")
         self.window.press_item("Show Notes…")
-        wait_until(lambda: self.focused_window() != self.main_window and self.window.has_keyboard(), "the file dialog")
+        wait_until(lambda: focused_window() != self.main_window and self.window.has_keyboard(), "the file dialog")
         self.picture("show-notes")
         self.enter_path(self.desktop.home / "notes.txt")
         notes = self.desktop.home / "notes.txt"

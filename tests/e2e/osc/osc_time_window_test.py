@@ -3,10 +3,10 @@
 
 import time
 
-from desktop import Desktop, kill_at_once, wait_until
+from desktop import Desktop, focused_window, kill_at_once, wait_until
 from osc_player import Player
 from osc_recorder import PROGRAM
-from other_program import OtherProgram, focused_window
+from other_program import OtherProgram
 from window import Window
 
 

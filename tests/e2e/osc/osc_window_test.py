@@ -4,9 +4,9 @@
 import sys
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import Desktop, focused_window, wait_until
 from osc_peers import OscDump, free_port, oscsend
-from other_program import OtherProgram, focused_window
+from other_program import OtherProgram
 
 PROGRAM = Path(sys.argv[1])
 

@@ -181,6 +181,12 @@ class Desktop:
         subprocess.run(["import", "-window", str(window), "-strip", str(path)], check=True)
 
 
+def focused_window():
+    """The number of the window that has the keyboard, whosever it is."""
+    answer = subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True, check=False)
+    return answer.stdout.strip()
+
+
 def kill_at_once(process):
     """As if the power had gone: no chance to save anything."""
     process.send_signal(signal.SIGKILL)

@@ -2,13 +2,8 @@
 
 import subprocess
 
-from desktop import wait_until
+from desktop import focused_window, wait_until
 from osc_peers import start_reader
-
-
-def focused_window():
-    answer = subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True, check=False)
-    return answer.stdout.strip()
 
 
 class OtherProgram:

@@ -6,7 +6,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop import wait_until
+from desktop import focused_window, wait_until
 from desktop_test import DesktopTest
 
 PROGRAM = Path(sys.argv.pop(1))
@@ -18,10 +18,6 @@ def window_named(process, name):
         capture_output=True, text=True, check=False,
     )
     return (answer.stdout.split() or [None])[0]
-
-
-def focused_window():
-    return subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True, check=False).stdout.strip()
 
 
 class OtherProgram:

@@ -10,7 +10,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import Desktop, focused_window, wait_until
 from desktop_test import DesktopTest
 from osc_peers import free_port, oscsend
 
@@ -40,10 +40,6 @@ def close_by_task_bar(window):
     structure_masks = (1 << 19) | (1 << 20)
     xlib.XSendEvent(display, xlib.XDefaultRootWindow(display), 0, structure_masks, ctypes.byref(message))
     xlib.XCloseDisplay(display)
-
-
-def focused_window():
-    return subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True, check=False).stdout.strip()
 
 
 def frame_of(window):

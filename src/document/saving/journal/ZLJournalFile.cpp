@@ -1,6 +1,7 @@
 #include "document/saving/journal/ZLJournalFile.h"
 
 #include "platform/ZLAbandonedWork.h"
+#include "platform/ZLFileError.h"
 #include "platform/ZLRemainingTime.h"
 
 #include <QFile>
@@ -200,7 +201,7 @@ QString ZLJournalFile::failureText() const
     const std::lock_guard lock(m_mutex);
     if (m_error == 0)
         return {};
-    return u"%1: %2"_s.arg(QFileInfo(QFile::decodeName(m_nativePath)).path(), qt_error_string(m_error));
+    return ZLFileError::ofSystem(QFileInfo(QFile::decodeName(m_nativePath)).path(), m_error).message;
 }
 
 qint64 ZLJournalFile::size() const

@@ -1,5 +1,6 @@
 #include "platform/media/decoding/ZLSoundDecoder.h"
 
+#include "platform/ZLFileError.h"
 #include "platform/media/ZLMediaSource.h"
 #include "platform/media/decoding/ZLFfmpegReader.h"
 #include "platform/media/decoding/ZLSndfileReader.h"
@@ -13,7 +14,7 @@ ZLStatus ZLSoundDecoder::decode(const QString& path, int samplesPerSecond, const
         return source.error();
     const auto known = ZLSndfileReader::decode(*source.value(), samplesPerSecond, sink, start);
     const ZLStatus status = known ? *known : ZLFfmpegReader::decode(path, samplesPerSecond, sink, start);
-    return status ? status : ZLStatus(ZLError { u"%1: %2"_s.arg(path, status.error().message) });
+    return status ? status : ZLStatus(ZLFileError::because(path, status.error().message));
 }
 
 std::optional<double> ZLSoundDecoder::claimedSeconds(const QString& path)

@@ -1,6 +1,7 @@
 #include "platform/media/file/ZLMediaFile.h"
 
 #include "platform/ZLAtomicFile.h"
+#include "platform/ZLFileError.h"
 #include "platform/media/ZLPieceWriter.h"
 #include "platform/media/mp3/ZLMP3Format.h"
 #include "platform/media/mp4/ZLMP4Format.h"
@@ -20,14 +21,9 @@ struct MediaFileTexts {
     Q_DECLARE_TR_FUNCTIONS(ZLMediaFile)
 };
 
-ZLError failure(const QString& path, const QString& reason)
-{
-    return ZLError { u"%1: %2"_s.arg(path, reason) };
-}
-
 ZLError unknownForm(const QString& path)
 {
-    return failure(path,
+    return ZLFileError::because(path,
         MediaFileTexts::tr(
             "this is no audio file that Zelta can read: MP3, M4A or MP4, Ogg Vorbis, Opus, FLAC or WAV."));
 }
@@ -75,7 +71,7 @@ ZLResult<ZLMediaContents> ZLMediaFile::read(const QString& path)
     if (!format)
         return unknownForm(path);
     const auto contents = format->read(*source.value());
-    return contents ? contents : failure(path, contents.error().message);
+    return contents ? contents : ZLFileError::because(path, contents.error().message);
 }
 
 ZLStatus ZLMediaFile::write(
@@ -89,6 +85,6 @@ ZLStatus ZLMediaFile::write(
         return unknownForm(path);
     const auto pieces = format->withChapters(*source.value(), chapters);
     if (!pieces)
-        return failure(path, pieces.error().message);
+        return ZLFileError::because(path, pieces.error().message);
     return replaceFile(*source.value(), pieces.value(), output, progress);
 }

@@ -5,6 +5,7 @@
 
 #include "delivery/fit/ZLKeptFits.h"
 #include "delivery/fit/ui/ZLFitPicture.h"
+#include "support/ZLSheetParts.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -21,22 +22,12 @@
 
 using namespace Qt::StringLiterals;
 
-class ZLFitSheetTest : public ZLFitFixture {
+class ZLFitSheetTest : public ZLFitFixture, protected ZLSheetParts {
 protected:
-    ZLFitSheetTest()
-    {
-        m_window.menuBar()->addMenu(u"&Window"_s);
-        m_sheet = new ZLFitSheet(m_draft, *m_window.menuBar(), &m_window);
-        m_window.setCentralWidget(m_sheet);
-        m_window.resize(900, 500);
-    }
-
     void SetUp() override
     {
-        m_window.show();
-        m_window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
-        m_sheet->takeKeyboard();
+        m_window.resize(900, 500);
+        showSheet(m_window, m_sheet);
     }
 
     /// A fit that was made before, of a file that lies in the test's folder.
@@ -49,30 +40,15 @@ protected:
         m_sheet->takeKeyboard();
     }
 
-    template <typename Part>
-    [[nodiscard]] Part* part(const QString& name) const
-    {
-        auto* found = m_sheet->findChild<Part*>(name);
-        EXPECT_NE(found, nullptr) << qPrintable(name);
-        return found;
-    }
-    [[nodiscard]] QPushButton* button(const QString& name) const { return part<QPushButton>(name); }
     [[nodiscard]] QString outcome() const { return part<QLabel>(u"fitOutcome"_s)->text(); }
     [[nodiscard]] QTreeView* list() const { return part<QTreeView>(u"fittedMarks"_s); }
     [[nodiscard]] ZLFitPicture* picture() const { return part<ZLFitPicture>(u"fitPicture"_s); }
-    [[nodiscard]] QStringList column(int column) const
-    {
-        QStringList texts;
-        for (int row = 0; row < list()->model()->rowCount(); ++row)
-            texts.append(list()->model()->index(row, column).data().toString());
-        return texts;
-    }
-    void press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
+    [[nodiscard]] QStringList column(int column) const { return shownIn(u"fittedMarks"_s, column); }
 
     QTemporaryDir m_folder;
     ZLFitDraft m_draft { m_document };
-    QMainWindow m_window;
-    ZLFitSheet* m_sheet;
+    ZLSheetWindow m_window;
+    ZLFitSheet* m_sheet = new ZLFitSheet(m_draft, *m_window.menuBar(), &m_window);
 };
 
 TEST_F(ZLFitSheetTest, AsksForBothFilesOneAfterTheOther)

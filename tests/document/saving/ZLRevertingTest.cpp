@@ -1,0 +1,125 @@
+#include "document/saving/ZLReverting.h"
+
+#include "SavingPartsFixture.h"
+#include "listening/ZLListeningData.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Going back without the saver: the test sets the point that it leads to.
+class ZLRevertingTest : public SavingPartsFixture {
+protected:
+    ZLRevertingTest()
+    {
+        addChapter("One");
+        point = document.dataOfType();
+        document.undoManager().removeAllActions();
+    }
+
+    /// The point as a former state of the document.
+    ZLDocumentState keptState()
+    {
+        EXPECT_EQ(parts->place.history()->keep(point, QDateTime::currentDateTimeUtc(), {}), ZLStateKeeping::Kept);
+        return parts->place.formerStates().value(0);
+    }
+
+    [[nodiscard]] bool isStateDue() const
+    {
+        return parts->states.stateToKeep(parts->place.history(), parts->knownFile).has_value();
+    }
+
+    const std::unique_ptr<Parts> parts = titledParts();
+    ZLReverting& reverting = parts->reverting;
+    QByteArray point;
+};
+
+TEST_F(ZLRevertingTest, WithoutAPointItLeadsNowhere)
+{
+    EXPECT_FALSE(reverting.canRevert());
+    EXPECT_TRUE(reverting.revert());
+    EXPECT_FALSE(document.undoManager().canUndo());
+}
+
+TEST_F(ZLRevertingTest, ItLeadsToThePointInOneStepWhereTheDocumentDiffers)
+{
+    reverting.setPoint(point);
+    EXPECT_FALSE(reverting.canRevert());
+    addChapter("Two");
+    addChapter("Three");
+    EXPECT_TRUE(reverting.canRevert());
+    EXPECT_TRUE(reverting.revert());
+    EXPECT_EQ(document.dataOfType(), point);
+    EXPECT_FALSE(reverting.canRevert());
+    document.undoManager().undo();
+    EXPECT_EQ(document.chapterManager().count(), 3);
+    EXPECT_TRUE(reverting.canRevert());
+}
+
+TEST_F(ZLRevertingTest, WhileTheClockRunsItIsRefusedWithTheReason)
+{
+    reverting.setPoint(point);
+    const ZLDocumentState state = keptState();
+    addChapter("Two");
+    document.startRecordingWithTime(clock->seconds);
+    EXPECT_FALSE(reverting.canRevert());
+    const ZLStatus reverted = reverting.revert();
+    const ZLStatus revertedTo = reverting.revertTo(state);
+    ASSERT_FALSE(reverted);
+    ASSERT_FALSE(revertedTo);
+    EXPECT_EQ(reverted.error().message, u"The clock is running. Pause the recording before you revert."_s);
+    EXPECT_EQ(revertedTo.error().message, reverted.error().message);
+    EXPECT_EQ(document.chapterManager().count(), 2);
+}
+
+TEST_F(ZLRevertingTest, APointThatIsNoDocumentIsToldAndChangesNothing)
+{
+    reverting.setPoint("no document");
+    EXPECT_TRUE(reverting.canRevert());
+    const QByteArray before = document.dataOfType();
+    const ZLStatus reverted = reverting.revert();
+    ASSERT_FALSE(reverted);
+    EXPECT_NE(reverted.error().message, QString());
+    EXPECT_EQ(document.dataOfType(), before);
+    EXPECT_FALSE(document.undoManager().canUndo());
+}
+
+TEST_F(ZLRevertingTest, AFormerStateMakesTheNextStateDueSinceWhatIsLeftIsWorthIt)
+{
+    const ZLDocumentState state = keptState();
+    parts->states.noteOutcome(ZLStateKeeping::Kept);
+    ASSERT_FALSE(isStateDue());
+    EXPECT_TRUE(reverting.revertTo(state));
+    EXPECT_FALSE(document.undoManager().canUndo()) << "it is so already";
+    EXPECT_FALSE(isStateDue()) << "nothing was left";
+    addChapter("Two");
+    EXPECT_TRUE(reverting.revertTo(state));
+    EXPECT_EQ(document.dataOfType(), point);
+    EXPECT_TRUE(isStateDue());
+}
+
+TEST_F(ZLRevertingTest, AStateThatIsGoneIsToldAndChangesNothing)
+{
+    const ZLDocumentState state = keptState();
+    addChapter("Two");
+    ASSERT_TRUE(QFile::remove(state.path));
+    const ZLStatus reverted = reverting.revertTo(state);
+    ASSERT_FALSE(reverted);
+    EXPECT_TRUE(reverted.error().message.contains(state.path)) << qPrintable(reverted.error().message);
+    EXPECT_EQ(document.chapterManager().count(), 2);
+}
+
+TEST_F(ZLRevertingTest, WhatWasHeardSinceIsNoReasonToGoBackAndIsNotLost)
+{
+    reverting.setPoint(point);
+    document.extras().keep(ZLListeningData::Key, u"what was heard"_s);
+    ASSERT_NE(document.dataOfType(), point);
+    EXPECT_FALSE(reverting.canRevert());
+    addChapter("Two");
+    EXPECT_TRUE(reverting.canRevert());
+    EXPECT_TRUE(reverting.revert());
+    EXPECT_EQ(document.chapterManager().count(), 1);
+    EXPECT_EQ(document.extras().value(ZLListeningData::Key), u"what was heard"_s);
+}
+
+}

@@ -44,6 +44,13 @@ TEST(ZLListReaders, JSONOfStreamsAndOurOwn)
             u"{\"duration\":9,\"chapters\":[{\"timeStamp\":-2.5,\"enabled\":false,\"title\":\"A\",\"link\":\"L\"}],"
             "\"templates\":[]}"_s),
         (Chapters { { -2.5, u"A"_s, u"L"_s, false } }));
+    const Chapters all =
+        chaptersIn(u"{\"duration\":9,\"chapters\":[{\"timeStamp\":1,\"title\":\"A\",\"link\":\"\",\"tags\":\"x, y\","
+                   "\"date\":\"2026-03-01T20:15:00.250Z\",\"uuid\":\"A1\"}],\"templates\":[]}"_s);
+    ASSERT_EQ(all.size(), 1);
+    EXPECT_EQ(all.at(0).tags, u"x, y"_s);
+    EXPECT_EQ(all.at(0).date.toMSecsSinceEpoch(), 1'772'396'100'250);
+    EXPECT_EQ(all.at(0).uuid, u"A1"_s);
 }
 
 TEST(ZLListReaders, PodloveAloneAndInAFeedOfSeveralItems)
@@ -120,6 +127,35 @@ TEST(ZLListReaders, AudacityLabelsWithRegionsFrequenciesAndDecimalCommas)
 {
     EXPECT_EQ(chaptersIn(u"0.000000\t0.000000\tStart\n12.500000\t20,250000\tA\tB\n\\\t100.0\t200.0\n30,5\t30,5\n"_s),
         (Chapters { { 0, u"Start"_s }, { 12.5, u"A\tB"_s }, { 30.5, {} } }));
+}
+
+TEST(ZLListReaders, LabelsThatAudacityExported)
+{
+    const ZLReadLists read = readText(dataFile(u"audacity.txt"_s));
+    EXPECT_EQ(read.formName, u"Audacity Labels"_s);
+    EXPECT_TRUE(read.remarks.isEmpty());
+    EXPECT_EQ(read.lists.at(0).chapters,
+        (Chapters { { 0, u"Welcome"_s }, { 10.5, u"Q;A #1\\2 \"quoted\""_s }, { 65.123456, u"Grüße – 日本語 🎙"_s },
+            { 3600.001, {} }, { 3661.5, u"a, b <c>"_s } }));
+}
+
+TEST(ZLListReaders, CuesThatFFmpegWrote)
+{
+    const ZLReadLists read = readText(dataFile(u"ffmpeg.vtt"_s));
+    EXPECT_EQ(read.formName, u"WebVTT Chapters"_s);
+    EXPECT_EQ(read.lists.at(0).chapters,
+        (Chapters { { 0, u"Welcome & hello"_s }, { 65.5, u"Grüße – 日本語 second line"_s }, { 360'000, u"Late"_s } }));
+}
+
+TEST(ZLListReaders, TracksAndTagsThatMetaflacExported)
+{
+    const ZLReadLists tracks = readText(dataFile(u"metaflac.cue"_s));
+    EXPECT_EQ(tracks.formName, u"CUE Sheet"_s);
+    EXPECT_EQ(tracks.lists.at(0).chapters, (Chapters { { 0, {} }, { 5 + 37 / 75.0, {} }, { 12 + 74 / 75.0, {} } }));
+    const ZLReadLists tags = readText(dataFile(u"metaflac-tags.txt"_s));
+    EXPECT_EQ(tags.formName, u"OGM Chapters"_s);
+    EXPECT_EQ(tags.lists.at(0).chapters,
+        (Chapters { { 0, u"Wel=come"_s }, { 10.5, u"Q;A – 日本語"_s, u"https://example.org/?a=b"_s } }));
 }
 
 TEST(ZLListReaders, ReaperMarkersAndRegionsInEveryRulerButBeats)

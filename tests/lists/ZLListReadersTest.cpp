@@ -193,6 +193,13 @@ TEST(ZLListReaders, MatroskaChaptersAsItsToolsWriteThem)
     EXPECT_EQ(editions.lists.at(1).remarks.size(), 1);
 }
 
+TEST(ZLListReaders, AnEditionInsideOfAChapterIsNone)
+{
+    EXPECT_EQ(chaptersIn(u"<Chapters><EditionEntry><ChapterAtom><EditionEntry><ChapterTimeStart>1:00</ChapterTimeStart>"
+                         "</EditionEntry></ChapterAtom></EditionEntry></Chapters>"_s),
+        (Chapters { { 60, {} } }));
+}
+
 TEST(ZLListReaders, WebVTTWithIdentifiersSettingsTagsAndNotes)
 {
     EXPECT_EQ(chaptersIn(u"WEBVTT - Show\n\nNOTE nothing\n00:00.000 --> 00:01.000\n\nSTYLE\n::cue{}\n\nintro\n"

@@ -38,6 +38,9 @@ constexpr std::array<CodePointRange, 10> doubleWidthRanges { {
 
 int cellsOf(char32_t character)
 {
+    constexpr char32_t endOfASCII = 0x80;
+    if (character < endOfASCII)
+        return 1;
     switch (QChar::category(character)) {
     case QChar::Mark_NonSpacing:
     case QChar::Mark_Enclosing:

@@ -1,5 +1,6 @@
 #include "app/ZLImportCommand.h"
 
+#include "document/ZLChapterImport.h"
 #include "document/ZLStoredDocument.h"
 #include "document/saving/ZLWriteProtection.h"
 #include "import/ZLImportPlan.h"
@@ -46,6 +47,16 @@ ZLResult<qsizetype> chosenItem(const QList<ZLChapterList>& lists, const std::opt
                 .arg(lists.size())
                 .arg(itemsOf(lists)) };
     return ZLError { ImportTexts::tr("There is no show %1 in it: %2.").arg(*number).arg(itemsOf(lists)) };
+}
+
+/// A chapter that comes a second time gets a UUID of its own.
+QVariantList joined(const QVariantList& present, const QVariantList& added)
+{
+    const ZLChapterSequence chapters = ZLChapterManager(added).allChapters();
+    ZLChapterManager all(present);
+    ZLChapterImport::makeUnique(chapters, all.allChapters());
+    all.setChapters(all.allChapters() + chapters);
+    return ZLChapterSnapshots::archivedRepresentations(all.snapshot());
 }
 
 }
@@ -114,8 +125,7 @@ ZLResult<QString> ZLImportCommand::write(const ZLCommandLine& commandLine) const
     if (const ZLStatus allowed = ZLWriteProtection::check(target); !allowed)
         return allowed.error();
     ZLDocumentContents after = std::move(before).value();
-    after.chapters = ZLChapterSnapshots::archivedRepresentations(
-        ZLChapterManager(after.chapters + found.value().chapters).snapshot());
+    after.chapters = joined(after.chapters, found.value().chapters);
     after.duration = std::max(after.duration, found.value().duration);
     if (const ZLStatus written = ZLAtomicFile::write(target, ZLDocumentFile::encode(after)); !written)
         return written.error();

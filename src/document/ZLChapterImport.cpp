@@ -2,6 +2,8 @@
 
 #include "document/ZLChapterDocument.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <cmath>
 
@@ -35,6 +37,21 @@ void exchangeChapters(ZLChapterDocument& document, const ZLChapterSequence& chap
     document.noteChange({ ZLDocumentChange::Rows });
 }
 
+/// Empty, not absent: a stored chapter ends at its first absent entry.
+QString orEmpty(const QString& text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
+void takeWhatOnlyADocumentTells(ZLChapter& chapter, const ZLListedChapter& listed)
+{
+    chapter.setTags(orEmpty(listed.tags));
+    if (listed.date.isValid())
+        chapter.setRealDate(listed.date);
+    if (!listed.uuid.isEmpty())
+        chapter.setUuid(listed.uuid);
+}
+
 }
 
 ZLChapterSequence ZLChapterImport::chaptersFrom(const QList<ZLListedChapter>& listed, double shift)
@@ -48,12 +65,24 @@ ZLChapterSequence ZLChapterImport::chaptersFrom(const QList<ZLListedChapter>& li
         const auto chapter = std::make_shared<ZLChapter>();
         chapter->setTimeStamp(time);
         chapter->setEnabled(one.isEnabled && !(time < 0.0));
-        // Empty, not absent: a stored chapter ends at its first absent entry.
-        chapter->setTitle(one.title.isNull() ? QStringLiteral("") : one.title);
-        chapter->setLink(one.link.isNull() ? QStringLiteral("") : one.link);
+        takeWhatOnlyADocumentTells(*chapter, one);
+        chapter->setTitle(orEmpty(one.title));
+        chapter->setLink(orEmpty(one.link));
         chapters.append(chapter);
     }
     return chapters;
+}
+
+void ZLChapterImport::makeUnique(const ZLChapterSequence& added, const ZLChapterSequence& present)
+{
+    QSet<QString> known;
+    for (const ZLChapterPointer& chapter : present)
+        known.insert(chapter->uuid());
+    for (const ZLChapterPointer& chapter : added) {
+        if (known.contains(chapter->uuid()))
+            chapter->setUuid(ZLChapter::generateUUID());
+        known.insert(chapter->uuid());
+    }
 }
 
 qsizetype ZLChapterImport::importChapters(
@@ -62,6 +91,9 @@ qsizetype ZLChapterImport::importChapters(
     const ZLChapterSequence added = chaptersFrom(chapters, shift);
     if (added.isEmpty())
         return 0;
-    exchangeChapters(document, way == Way::Add ? document.chapterManager().allChapters() + added : added);
+    // Also where they take the place of the others: those come back with Undo.
+    const ZLChapterSequence present = document.chapterManager().allChapters();
+    makeUnique(added, present);
+    exchangeChapters(document, way == Way::Add ? present + added : added);
     return added.size();
 }

@@ -14,8 +14,11 @@ enum class Way {
 };
 
 /// A chapter for each of `listed`, in their order, each `shift` seconds later. What comes to lie before the start is
-/// disabled, and what has no finite time is left out.
+/// disabled, and what has no finite time is left out. Tags, dates and UUIDs come along where they are known.
 [[nodiscard]] ZLChapterSequence chaptersFrom(const QList<ZLListedChapter>& listed, double shift);
+
+/// Gives a new UUID to each of `added` whose own is that of one of `present`, or of one before it.
+void makeUnique(const ZLChapterSequence& added, const ZLChapterSequence& present);
 
 /// Puts the chapters of `chapters` and `shift` into the document as one undoable step. The clock is not touched,
 /// whether it runs or stands. No title is opened for typing, and the selected chapter stays selected while it is there.

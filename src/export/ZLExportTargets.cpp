@@ -80,14 +80,28 @@ void ZLExportTargets::remember(const QString& documentPath, const ZLExportTarget
         targets.append(target);
     else
         *former = target;
+    store(documentPath, targets, documentPath);
+}
+
+void ZLExportTargets::move(const QString& from, const QString& to) const
+{
+    const QList<ZLExportTarget> targets = recall(from);
+    if (!targets.isEmpty() && !to.isEmpty() && from != to)
+        store(to, targets, from);
+}
+
+void ZLExportTargets::store(
+    const QString& documentPath, const QList<ZLExportTarget>& targets, const QString& formerPath) const
+{
     QJsonArray entries;
-    for (const ZLExportTarget& one : std::as_const(targets))
-        entries.append(entryFor(one));
+    for (const ZLExportTarget& target : targets)
+        entries.append(entryFor(target));
     QJsonArray documents { QJsonObject { { documentKey, documentPath }, { targetsKey, entries } } };
     // Read anew each time: another process may have written something meanwhile.
     const QJsonArray others = storedDocuments(m_path);
     for (const auto& other : others) {
-        if (other.toObject().value(documentKey).toString() != documentPath && documents.size() < MostDocuments)
+        const QString path = other.toObject().value(documentKey).toString();
+        if (path != documentPath && path != formerPath && documents.size() < MostDocuments)
             documents.append(other);
     }
     if (ZLPrivateFolder::prepare(m_stateFolder))

@@ -32,6 +32,18 @@ ZLResult<ZLImportSource> fromMedia(const QString& path)
     return sourceOf(file.value().formName, list, double(file.value().length) / 1000.0);
 }
 
+ZLListedChapter listed(const ZLChapter& chapter)
+{
+    const bool isDated = chapter.realDate() != ZLChapter::distantPast();
+    return { .start = chapter.timeStamp(),
+        .title = chapter.title(),
+        .link = chapter.link(),
+        .isEnabled = chapter.isEnabled(),
+        .tags = chapter.tags(),
+        .date = isDated ? chapter.realDate() : QDateTime(),
+        .uuid = chapter.uuid() };
+}
+
 ZLResult<ZLImportSource> fromDocument(const QString& path)
 {
     const auto contents = ZLStoredDocument::contentsOf(path);
@@ -39,7 +51,7 @@ ZLResult<ZLImportSource> fromDocument(const QString& path)
         return contents.error();
     ZLChapterList list;
     for (const ZLChapterPointer& chapter : ZLChapterManager(contents.value().chapters).allChapters())
-        list.chapters.append({ chapter->timeStamp(), chapter->title(), chapter->link(), chapter->isEnabled() });
+        list.chapters.append(listed(*chapter));
     return sourceOf(u"Zelta"_s, list, contents.value().duration);
 }
 

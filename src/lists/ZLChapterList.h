@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QFlags>
 #include <QList>
 #include <QString>
@@ -15,6 +16,12 @@ struct ZLListedChapter {
     QString link {};
     /// Whether the list shows the chapter, or keeps it hidden.
     bool isEnabled = true;
+
+    /// What only a document tells: its tags, the moment at which it was set, and its UUID. Empty or invalid where that
+    /// is not known.
+    QString tags {};
+    QDateTime date {};
+    QString uuid {};
 
     bool operator==(const ZLListedChapter&) const = default;
 };

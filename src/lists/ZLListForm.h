@@ -22,6 +22,8 @@ struct ZLListForm {
     ZLResult<QList<ZLChapterList>> (*read)(const ZLListSource& source);
     /// The bytes of a file; null for a form that is only read, or that is one of the eight exporters.
     QByteArray (*write)(const ZLListToWrite& list);
+    /// Whether what it is recognised by stands in no list of another form.
+    bool isUnmistakable = false;
 
     [[nodiscard]] bool isRead() const { return read != nullptr; }
     [[nodiscard]] bool isWritten() const { return write != nullptr; }

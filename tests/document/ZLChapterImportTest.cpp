@@ -2,6 +2,9 @@
 
 #include "document/ZLChapterDocumentCommandsFixture.h"
 
+#include <QSet>
+#include <QTimeZone>
+
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -108,4 +111,36 @@ TEST_F(ZLChapterImportTest, WithNothingToAddNothingHappens)
     }
     EXPECT_EQ(titles(), QStringList { u"Own"_s });
     EXPECT_EQ(undoEverything(), 1);
+}
+
+TEST_F(ZLChapterImportTest, AChapterOfADocumentKeepsItsTagsItsDateAndItsUUID)
+{
+    const QDateTime date(QDate(2026, 3, 1), QTime(20, 15), QTimeZone::utc());
+    const ZLListedChapter listed {
+        .start = 5.0, .title = u"News"_s, .tags = u"politics"_s, .date = date, .uuid = u"A1"_s
+    };
+    ZLChapterImport::importChapters(m_document, { listed }, ZLChapterImport::Way::Add);
+    const ZLChapterPointer first = chapters().chapterAtIndex(0);
+    EXPECT_EQ(first->tags(), u"politics"_s);
+    EXPECT_EQ(first->realDate(), date);
+    EXPECT_EQ(first->uuid(), u"A1"_s);
+
+    ZLChapterImport::importChapters(m_document, { listed, listed }, ZLChapterImport::Way::Add);
+    QSet<QString> uuids;
+    for (const ZLChapterPointer& chapter : chapters().allChapters())
+        uuids.insert(chapter->uuid());
+    EXPECT_EQ(uuids.size(), 3);
+    EXPECT_EQ(first->uuid(), u"A1"_s);
+
+    ZLChapterImport::importChapters(m_document, { listed }, ZLChapterImport::Way::Replace);
+    EXPECT_NE(chapters().chapterAtIndex(0)->uuid(), u"A1"_s);
+}
+
+TEST_F(ZLChapterImportTest, AChapterOfAListHasNoDateAndAnUUIDOfItsOwn)
+{
+    import(ZLChapterImport::Way::Add);
+    EXPECT_EQ(chapters().chapterAtIndex(0)->realDate(), ZLChapter::distantPast());
+    EXPECT_FALSE(chapters().chapterAtIndex(0)->uuid().isEmpty());
+    EXPECT_NE(chapters().chapterAtIndex(0)->uuid(), chapters().chapterAtIndex(1)->uuid());
+    EXPECT_FALSE(chapters().chapterAtIndex(0)->tags().isNull());
 }

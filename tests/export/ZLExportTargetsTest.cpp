@@ -34,6 +34,20 @@ TEST(ZLExportTargets, EachFormatHasItsLastPlace)
     EXPECT_EQ(targets.recall(u"/b.zelta"_s).size(), 1);
 }
 
+TEST(ZLExportTargets, ADocumentThatGetsAnotherNameTakesThemAlong)
+{
+    const QTemporaryDir folder;
+    const ZLExportTargets targets(folder.path());
+    targets.remember(u"/kept"_s, targetOf(u"JSON"_s, u"/a.json"_s));
+    targets.remember(u"/b.zelta"_s, targetOf(u"JSON"_s, u"/former.json"_s));
+    targets.move(u"/kept"_s, u"/b.zelta"_s);
+    EXPECT_TRUE(targets.recall(u"/kept"_s).isEmpty());
+    EXPECT_EQ(targets.recall(u"/b.zelta"_s), QList { targetOf(u"JSON"_s, u"/a.json"_s) });
+
+    targets.move(u"/unknown"_s, u"/b.zelta"_s);
+    EXPECT_EQ(targets.recall(u"/b.zelta"_s).size(), 1) << "nothing takes the place of something";
+}
+
 TEST(ZLExportTargets, ADocumentWithoutAPathHasNone)
 {
     const QTemporaryDir folder;

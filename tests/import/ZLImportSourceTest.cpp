@@ -5,6 +5,7 @@
 #include "platform/ZLAtomicFile.h"
 
 #include <QTemporaryDir>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
@@ -12,12 +13,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QDateTime dateOfTheChapter()
+{
+    return { QDate(2026, 3, 1), QTime(20, 15), QTimeZone::utc() };
+}
+
 QByteArray document()
 {
     ZLChapter chapter;
     chapter.setTimeStamp(12.5);
     chapter.setTitle(u"From a document"_s);
     chapter.setEnabled(false);
+    chapter.setTags(u"politics"_s);
+    chapter.setRealDate(dateOfTheChapter());
+    chapter.setUuid(u"A1"_s);
     return ZLDocumentFile::encode(
         { .chapters = { chapter.dictionaryRepresentation() }, .duration = 60, .templates = {} });
 }
@@ -47,7 +56,12 @@ TEST_F(ZLImportSourceTest, TheContentsTellTheFormWhateverTheName)
     ASSERT_TRUE(stored.isOk());
     EXPECT_EQ(stored.value().found.formName, u"Zelta"_s);
     EXPECT_EQ(stored.value().duration, 60.0);
-    const ZLListedChapter expected { 12.5, u"From a document"_s, {}, false };
+    const ZLListedChapter expected { .start = 12.5,
+        .title = u"From a document"_s,
+        .isEnabled = false,
+        .tags = u"politics"_s,
+        .date = dateOfTheChapter(),
+        .uuid = u"A1"_s };
     EXPECT_EQ(stored.value().found.lists.constFirst().chapters, QList { expected });
 }
 

@@ -35,6 +35,14 @@ TEST(ZLListForms, AListThatTwoFormsReadOtherwiseSaysWhichItTook)
     EXPECT_TRUE(read.remarks.constFirst().text.contains(u"Simple List"_s));
 }
 
+TEST(ZLListForms, AFormThatCannotBeAnotherIsTakenWithoutAWord)
+{
+    for (const QString& text : { u"WEBVTT\n\n00:00.000 --> 00:01.000\nWelcome\n"_s,
+             u"FILE \"a.wav\" WAVE\n  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n"_s,
+             u";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1\nSTART=0\nEND=1\ntitle=At 1:00\n"_s })
+        EXPECT_TRUE(readText(text).remarks.isEmpty()) << qPrintable(text);
+}
+
 TEST(ZLListForms, AGuessedEncodingIsTold)
 {
     const auto source = ZLListSource::fromBytes("00:00 Gr\xFC\xDF"

@@ -44,6 +44,13 @@ TEST(ZLListReaders, JSONOfStreamsAndOurOwn)
             u"{\"duration\":9,\"chapters\":[{\"timeStamp\":-2.5,\"enabled\":false,\"title\":\"A\",\"link\":\"L\"}],"
             "\"templates\":[]}"_s),
         (Chapters { { -2.5, u"A"_s, u"L"_s, false } }));
+    const Chapters all =
+        chaptersIn(u"{\"duration\":9,\"chapters\":[{\"timeStamp\":1,\"title\":\"A\",\"link\":\"\",\"tags\":\"x, y\","
+                   "\"date\":\"2026-03-01T20:15:00.250Z\",\"uuid\":\"A1\"}],\"templates\":[]}"_s);
+    ASSERT_EQ(all.size(), 1);
+    EXPECT_EQ(all.at(0).tags, u"x, y"_s);
+    EXPECT_EQ(all.at(0).date.toMSecsSinceEpoch(), 1'772'396'100'250);
+    EXPECT_EQ(all.at(0).uuid, u"A1"_s);
 }
 
 TEST(ZLListReaders, PodloveAloneAndInAFeedOfSeveralItems)
@@ -122,6 +129,35 @@ TEST(ZLListReaders, AudacityLabelsWithRegionsFrequenciesAndDecimalCommas)
         (Chapters { { 0, u"Start"_s }, { 12.5, u"A\tB"_s }, { 30.5, {} } }));
 }
 
+TEST(ZLListReaders, LabelsThatAudacityExported)
+{
+    const ZLReadLists read = readText(dataFile(u"audacity.txt"_s));
+    EXPECT_EQ(read.formName, u"Audacity Labels"_s);
+    EXPECT_TRUE(read.remarks.isEmpty());
+    EXPECT_EQ(read.lists.at(0).chapters,
+        (Chapters { { 0, u"Welcome"_s }, { 10.5, u"Q;A #1\\2 \"quoted\""_s }, { 65.123456, u"Grüße – 日本語 🎙"_s },
+            { 3600.001, {} }, { 3661.5, u"a, b <c>"_s } }));
+}
+
+TEST(ZLListReaders, CuesThatFFmpegWrote)
+{
+    const ZLReadLists read = readText(dataFile(u"ffmpeg.vtt"_s));
+    EXPECT_EQ(read.formName, u"WebVTT Chapters"_s);
+    EXPECT_EQ(read.lists.at(0).chapters,
+        (Chapters { { 0, u"Welcome & hello"_s }, { 65.5, u"Grüße – 日本語 second line"_s }, { 360'000, u"Late"_s } }));
+}
+
+TEST(ZLListReaders, TracksAndTagsThatMetaflacExported)
+{
+    const ZLReadLists tracks = readText(dataFile(u"metaflac.cue"_s));
+    EXPECT_EQ(tracks.formName, u"CUE Sheet"_s);
+    EXPECT_EQ(tracks.lists.at(0).chapters, (Chapters { { 0, {} }, { 5 + 37 / 75.0, {} }, { 12 + 74 / 75.0, {} } }));
+    const ZLReadLists tags = readText(dataFile(u"metaflac-tags.txt"_s));
+    EXPECT_EQ(tags.formName, u"OGM Chapters"_s);
+    EXPECT_EQ(tags.lists.at(0).chapters,
+        (Chapters { { 0, u"Wel=come"_s }, { 10.5, u"Q;A – 日本語"_s, u"https://example.org/?a=b"_s } }));
+}
+
 TEST(ZLListReaders, ReaperMarkersAndRegionsInEveryRulerButBeats)
 {
     EXPECT_EQ(chaptersIn(u"#,Name,Start,End,Length\nM1,One,0:01.500,,\nM2,\"Two, \"\"2\"\"\",1:00:00.000,,\n"
@@ -155,6 +191,13 @@ TEST(ZLListReaders, MatroskaChaptersAsItsToolsWriteThem)
     ASSERT_EQ(editions.lists.size(), 2);
     EXPECT_EQ(editions.lists.at(0).chapters, (Chapters { { 1.5, u"Outer"_s }, { 2, {}, {}, false } }));
     EXPECT_EQ(editions.lists.at(1).remarks.size(), 1);
+}
+
+TEST(ZLListReaders, AnEditionInsideOfAChapterIsNone)
+{
+    EXPECT_EQ(chaptersIn(u"<Chapters><EditionEntry><ChapterAtom><EditionEntry><ChapterTimeStart>1:00</ChapterTimeStart>"
+                         "</EditionEntry></ChapterAtom></EditionEntry></Chapters>"_s),
+        (Chapters { { 60, {} } }));
 }
 
 TEST(ZLListReaders, WebVTTWithIdentifiersSettingsTagsAndNotes)

@@ -143,5 +143,6 @@ ZLListForm ZLCueSheet::form()
             | ZLListLimit::DoubleQuotes | ZLListLimit::NinetyNineChapters,
         .recognises = recognises,
         .read = read,
-        .write = write };
+        .write = write,
+        .isUnmistakable = true };
 }

@@ -175,5 +175,6 @@ ZLListForm ZLFFMetadata::form()
         .limits = ZLListLimit::Links | ZLListLimit::LineBreaks | ZLListLimit::ControlCharacters,
         .recognises = recognises,
         .read = read,
-        .write = write };
+        .write = write,
+        .isUnmistakable = true };
 }

@@ -133,6 +133,7 @@ ZLResult<ZLReadLists> ZLListForms::read(const ZLListSource& source)
     ZLReadLists read { form->name, std::move(lists).value(), {} };
     if (source.isGuessedLatin1())
         read.remarks.append({ 0, FormTexts::tr("The text is no UTF-8 and was read as Latin-1.") });
-    noteOtherForms(read, forms, source);
+    if (!form->isUnmistakable)
+        noteOtherForms(read, forms, source);
     return read;
 }

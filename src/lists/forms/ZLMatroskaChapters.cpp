@@ -45,13 +45,20 @@ private:
     {
         const QStringView name = m_reader.name();
         if (name == "EditionEntry"_L1)
-            m_editions.append(ZLChapterList {});
+            openEdition();
         else if (name == "ChapterAtom"_L1)
             openChapter();
         else if (name == "ChapterDisplay"_L1)
             m_isNamed = false;
         else if (!m_open.isEmpty())
             fill(name.toString());
+    }
+
+    /// One inside of a chapter is none.
+    void openEdition()
+    {
+        if (m_open.isEmpty())
+            m_editions.append(ZLChapterList {});
     }
 
     void openChapter()

@@ -24,8 +24,13 @@ ZLResult<QList<ZLChapterList>> read(const ZLListSource& source)
         const QJsonObject chapter = chapters.at(i).toObject();
         const auto start = ZLJSONValues::number(chapter.value("timeStamp"_L1));
         if (start)
-            list.chapters.append({ *start, chapter.value("title"_L1).toString(), chapter.value("link"_L1).toString(),
-                chapter.value("enabled"_L1).toBool(true) });
+            list.chapters.append({ .start = *start,
+                .title = chapter.value("title"_L1).toString(),
+                .link = chapter.value("link"_L1).toString(),
+                .isEnabled = chapter.value("enabled"_L1).toBool(true),
+                .tags = chapter.value("tags"_L1).toString(),
+                .date = QDateTime::fromString(chapter.value("date"_L1).toString(), Qt::ISODateWithMs),
+                .uuid = chapter.value("uuid"_L1).toString() });
         else
             ZLJSONValues::noteUntimed(list, i);
     }

@@ -129,5 +129,6 @@ ZLListForm ZLWebVTTChapters::form()
         .limits = ZLListLimit::Links | ZLListLimit::LineBreaks | ZLListLimit::ControlCharacters,
         .recognises = recognises,
         .read = read,
-        .write = write };
+        .write = write,
+        .isUnmistakable = true };
 }

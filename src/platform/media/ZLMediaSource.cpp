@@ -75,6 +75,14 @@ QByteArray ZLMediaSource::read(qint64 offset, qint64 length) const
     return bytes;
 }
 
+qint64 ZLMediaSource::endOfHole(qint64 offset) const
+{
+    const off_t found = lseek(m_descriptor, offset, SEEK_DATA);
+    if (found >= 0)
+        return found;
+    return errno == ENXIO ? size() : offset;
+}
+
 ZLStatus ZLMediaSource::checkUnchanged() const
 {
     struct stat now {};

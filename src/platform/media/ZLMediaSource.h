@@ -24,6 +24,9 @@ public:
     /// The bytes at `offset`; fewer where the file ends, where it cannot be read, and beyond largestReading.
     [[nodiscard]] QByteArray read(qint64 offset, qint64 length) const;
 
+    /// Where the next bytes stand that are no hole; the size of the file where there are none. A hole reads as zeros.
+    [[nodiscard]] qint64 endOfHole(qint64 offset) const;
+
     /// Fails when the file at the path is no longer the one that was opened, or was written to since. The error
     /// does not name it.
     [[nodiscard]] ZLStatus checkUnchanged() const;

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Chapters on their way into audio files, as a person writes them: by keyboard, in a real window, read back by ffprobe.
 
-With a folder as the third argument, pictures are put there.
+audio_sheet_test.py PROGRAM DRAG_SOURCE LEAVING_DISK [FOLDER]; with a folder, pictures are put there.
 """
 
 import os
@@ -21,6 +21,7 @@ from surface import archive
 
 PROGRAM = Path(sys.argv.pop(1))
 DRAG_SOURCE = Path(sys.argv.pop(1))
+LEAVING_DISK = Path(sys.argv.pop(1))
 PICTURES = Path(sys.argv.pop(1)) if len(sys.argv) > 1 else None
 CHAPTERS = [(0.5, "Grüße"), (10.25, "News"), (29.0, "Outlook")]
 
@@ -40,8 +41,8 @@ class AudioSheetTest(SheetTest):
                                        "Templates": []}))
         self.audio = media_files.mp3_rich(self.folder)
 
-    def open(self, *arguments):
-        return self.open_window(*(arguments or [self.show]))
+    def open(self, *arguments, **environment):
+        return self.open_window(*(arguments or [self.show]), **environment)
 
     def open_sheet(self, *paths):
         self.desktop.press("ctrl+shift+e")
@@ -183,6 +184,32 @@ class AudioSheetTest(SheetTest):
         self.wait_for_state(0, "The writing was cancelled.")
         self.assertEqual((path.stat().st_ino, path.stat().st_mtime_ns), (status.st_ino, status.st_mtime_ns))
         self.assertEqual(sorted(os.listdir(path.parent)), names)
+
+    def test_a_disk_goes_away_while_it_is_written_to(self):
+        path = self.large_wave()
+        disk = self.folder / "disk"
+        disk.mkdir()
+        path = path.rename(disk / path.name)
+        status = path.stat()
+        lever = self.folder / "pulled"
+        window = self.open(LD_PRELOAD=LEAVING_DISK, ZELTA_TEST_LEAVE_PATH=disk, ZELTA_TEST_LEAVE_SWITCH=lever)
+        self.open_sheet(path)
+        self.wait_for_state(0, "to come: 3")
+        self.desktop.press("Return")
+        self.wait_for_state(0, "Writing…")
+        bar = self.node("progress bar", "Progress of the writing")
+        wait_until(lambda: bar.queryValue().currentValue > 0, "the copy to go on in sight")
+        lever.touch()
+        self.wait_for_state(0, "Input/output error")
+        self.take("audio-sheet-disk-gone.png")
+        count = len(window.titles())
+        self.desktop.press("ctrl+r")
+        wait_until(window.is_recording, "the clock to run without the disk")
+        self.desktop.press("ctrl+Return")
+        wait_until(lambda: len(window.titles()) > count, "a mark without the disk")
+        lever.unlink()
+        self.assertEqual((path.stat().st_ino, path.stat().st_mtime_ns), (status.st_ino, status.st_mtime_ns))
+        self.assertEqual(os.listdir(disk), [path.name])
 
     def test_an_audio_file_is_dropped_on_the_window(self):
         window = self.open()

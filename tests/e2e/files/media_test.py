@@ -4,6 +4,7 @@
 import json
 import os
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -166,6 +167,27 @@ class XiphTest(MediaTestCase):
             self.assertEqual(checked.returncode, 0, checked.stdout)
             self.assertNotIn("WARNING: Hole", checked.stdout)
             self.assertNotIn("discontinuity", checked.stdout)
+
+
+    def test_what_is_no_page_stays_where_it_is(self):
+        """Between the pages, while they are all numbered anew."""
+        path = files.opus_with_picture(self.folder)
+        content = path.read_bytes()
+        last = content.rindex(b"OggS")
+        junk = b"OggS" + b"no page" * 20_000 + b"OggS\0" + bytes(range(256)) * 300
+        path.write_bytes(content[:last] + junk + content[last:])
+        self.write([(1.0, "x" * 70_000, "")], path)
+        after = path.read_bytes()
+        self.assertEqual(after.count(junk), 1)
+        number = 18
+        old, new = content[last:], after[after.index(junk) + len(junk):]
+        difference = struct.unpack_from("<I", new, number)[0] - struct.unpack_from("<I", old, number)[0]
+        self.assertGreater(difference, 0)
+        self.assertEqual(old[:number] + old[number + 8:], new[:number] + new[number + 8:])
+        path.write_bytes(after.replace(junk, b""))
+        checked = subprocess.run(["ogginfo", path], capture_output=True, text=True, check=False)
+        self.assertEqual(checked.returncode, 0, checked.stdout)
+        self.assertNotIn("WARNING: Hole", checked.stdout)
 
 
 class WaveTest(MediaTestCase):

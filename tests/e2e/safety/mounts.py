@@ -8,14 +8,15 @@ import sys
 MARK = "ZELTA_TEST_OWN_MOUNTS"
 
 
-def enter_mount_namespace(program):
-    """Starts this test anew in a place where file systems can be mounted, if there is a way to one."""
+def enter_mount_namespace(*arguments):
+    """Starts this test anew, with `arguments` in front of those that are left, in a place where file systems can be mounted,
+    if there is a way to one."""
     if MARK in os.environ:
         return
     for options in ("-rm", "-m"):
         if subprocess.run(["unshare", options, "true"], capture_output=True, check=False).returncode == 0:
             os.environ[MARK] = "1"
-            os.execvp("unshare", ["unshare", options, sys.executable, sys.argv[0], program, *sys.argv[1:]])
+            os.execvp("unshare", ["unshare", options, sys.executable, sys.argv[0], *arguments, *sys.argv[1:]])
     print("No mount namespace is permitted here: tests of a full and of a read-only disk are skipped.", flush=True)
 
 

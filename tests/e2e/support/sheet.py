@@ -18,8 +18,9 @@ class SheetTest(unittest.TestCase):
         # The bindings of the accessibility tree stay with the first bus that they meet.
         cls.desktop = cls.enterClassContext(Desktop())
 
-    def open_window(self, *arguments):
-        self.window = Window(self.desktop, [self.program], *arguments).wait_until_shown()
+    def open_window(self, *arguments, **environment):
+        program = ["env", *[f"{name}={value}" for name, value in environment.items()], self.program]
+        self.window = Window(self.desktop, program, *arguments).wait_until_shown()
         self.addCleanup(self.end)
         self.window.wait_for_keyboard()
         self.main = focused_window()

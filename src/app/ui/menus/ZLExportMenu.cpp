@@ -19,23 +19,26 @@ QString linePatternKey(const QString& format)
 
 }
 
-ZLExportMenu::ZLExportMenu(ZLDocumentController& controller)
-    : ZLExportMenu(controller, tr("&Export"), ZLExporter::allExporters())
+ZLExportMenu::ZLExportMenu(ZLDocumentController& controller, const ZLExportMemory& memory)
+    : ZLExportMenu(controller, memory, tr("&Export"), ZLExporter::allExporters())
 {
     setObjectName(u"exportMenu"_s);
 }
 
-std::unique_ptr<ZLExportMenu> ZLExportMenu::ofFurtherFormats(ZLDocumentController& controller)
+std::unique_ptr<ZLExportMenu> ZLExportMenu::ofFurtherFormats(
+    ZLDocumentController& controller, const ZLExportMemory& memory)
 {
-    std::unique_ptr<ZLExportMenu> menu(new ZLExportMenu(controller, tr("Export Ot&her"), ZLListExporter::allForms()));
+    std::unique_ptr<ZLExportMenu> menu(
+        new ZLExportMenu(controller, memory, tr("Export Ot&her"), ZLListExporter::allForms()));
     menu->setObjectName(u"exportOtherMenu"_s);
     return menu;
 }
 
-ZLExportMenu::ZLExportMenu(
-    ZLDocumentController& controller, const QString& title, QList<ZLExporterClass> exporterClasses)
+ZLExportMenu::ZLExportMenu(ZLDocumentController& controller, const ZLExportMemory& memory, const QString& title,
+    QList<ZLExporterClass> exporterClasses)
     : QMenu(title)
     , m_controller(controller)
+    , m_memory(memory)
     , m_exporterClasses(std::move(exporterClasses))
 {
     setToolTipsVisible(true);
@@ -63,16 +66,17 @@ void ZLExportMenu::exportItemClicked(qsizetype tag)
     const QPointer<ZLChapterDocument> document = m_controller.currentOrLastDocument();
     const ZLDocumentSaver* saver = m_controller.saverOf(document);
     const QString documentPath = saver ? saver->path() : QString();
+    const QString name = m_memory.nameOf(document);
     flow->setFolder(m_folders.folderFor(format, documentPath));
     flow->setLinePattern(ZLSettingsManager::textForKey(linePatternKey(format)));
-    connect(
-        flow, &ZLExportFlow::exportDidFinish, this, [this, flow, documentPath, document, format](const QString& path) {
-            m_folders.remember(format, path);
-            if (const QString pattern = flow->linePattern(); !pattern.isEmpty())
-                ZLSettingsManager::setText(pattern, linePatternKey(format));
-            rememberTarget(*flow, documentPath, format, path);
-            Q_EMIT exportDidFinish(document, format, path);
-        });
+    connect(flow, &ZLExportFlow::exportDidFinish, this, [this, flow, name, document, format](const QString& path) {
+        m_folders.remember(format, path);
+        if (const QString pattern = flow->linePattern(); !pattern.isEmpty())
+            ZLSettingsManager::setText(pattern, linePatternKey(format));
+        // It may have got a file while the dialog stood.
+        rememberTarget(*flow, document ? m_memory.nameOf(document) : name, format, path);
+        Q_EMIT exportDidFinish(document, format, path);
+    });
     connect(flow, &ZLExportFlow::exportDidInsertNothing, this,
         [this, document, format](const QString& path, const QString& reason) {
             Q_EMIT exportDidInsertNothing(document, format, path, reason);
@@ -89,11 +93,11 @@ void ZLExportMenu::exportItemClicked(qsizetype tag)
 }
 
 void ZLExportMenu::rememberTarget(
-    const ZLExportFlow& flow, const QString& documentPath, const QString& format, const QString& path) const
+    const ZLExportFlow& flow, const QString& name, const QString& format, const QString& path) const
 {
     const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
     if (bytes)
-        m_targets.remember(documentPath,
+        m_memory.remember(name,
             { .formatName = format,
                 .path = path,
                 .option = flow.option(),

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/ZLDocumentController.h"
+#include "app/ZLExportMemory.h"
 #include "export/ZLExportFolders.h"
-#include "export/ZLExportTargets.h"
 
 #include <QMenu>
 
@@ -16,10 +16,11 @@ class ZLExportMenu : public QMenu {
     Q_OBJECT
 
 public:
-    /// The exporters of the registry. `controller` has to outlive the menu.
-    explicit ZLExportMenu(ZLDocumentController& controller);
+    /// The exporters of the registry. `controller` and `memory` have to outlive the menu.
+    ZLExportMenu(ZLDocumentController& controller, const ZLExportMemory& memory);
     /// The further formats.
-    [[nodiscard]] static std::unique_ptr<ZLExportMenu> ofFurtherFormats(ZLDocumentController& controller);
+    [[nodiscard]] static std::unique_ptr<ZLExportMenu> ofFurtherFormats(
+        ZLDocumentController& controller, const ZLExportMemory& memory);
     /// Ends the exports whose dialogs stand.
     ~ZLExportMenu() override;
 
@@ -36,13 +37,14 @@ Q_SIGNALS:
     void exportDidEnd();
 
 private:
-    ZLExportMenu(ZLDocumentController& controller, const QString& title, QList<ZLExporterClass> exporterClasses);
+    ZLExportMenu(ZLDocumentController& controller, const ZLExportMemory& memory, const QString& title,
+        QList<ZLExporterClass> exporterClasses);
     void exportItemClicked(qsizetype tag);
     void rememberTarget(
-        const ZLExportFlow& flow, const QString& documentPath, const QString& format, const QString& path) const;
+        const ZLExportFlow& flow, const QString& name, const QString& format, const QString& path) const;
 
     ZLDocumentController& m_controller;
+    const ZLExportMemory& m_memory;
     const QList<ZLExporterClass> m_exporterClasses;
     const ZLExportFolders m_folders { ZLStateFolder::path() };
-    const ZLExportTargets m_targets { ZLStateFolder::path() };
 };

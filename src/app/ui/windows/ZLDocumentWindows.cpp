@@ -45,9 +45,10 @@ bool isThere(const QString& path)
 ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller, ZLSoundExcerpt::SoundMaker soundMaker)
     : m_controller(controller)
     , m_soundMaker(std::move(soundMaker))
-    , m_exportMenu(controller)
+    , m_exportMemory(controller)
+    , m_exportMenu(controller, m_exportMemory)
     , m_exportDisplay(m_exportMenu, *this)
-    , m_exportOtherMenu(ZLExportMenu::ofFurtherFormats(controller))
+    , m_exportOtherMenu(ZLExportMenu::ofFurtherFormats(controller, m_exportMemory))
     , m_exportOtherDisplay(*m_exportOtherMenu, *this)
 {
     connect(&controller, &ZLDocumentController::didOpenDocument, this, &ZLDocumentWindows::addWindow);
@@ -222,7 +223,7 @@ ZLFileMenu* ZLDocumentWindows::addFileMenu(ZLChapterDocumentWindow& window, ZLSa
 ZLImportDisplay& ZLDocumentWindows::addLists(ZLChapterDocumentWindow& window, const ZLFileMenu& fileMenu)
 {
     window.editMenu().addClipboardMenu(*new ZLCopyAsMenu(window));
-    auto* again = new ZLExportAgainDisplay(m_controller, window);
+    auto* again = new ZLExportAgainDisplay(m_exportMemory, window);
     connect(&fileMenu, &ZLFileMenu::exportAgainRequested, again, &ZLExportAgainDisplay::exportAgain);
     auto* import = new ZLImportDisplay(window);
     connect(&fileMenu, &ZLFileMenu::importRequested, import, &ZLImportDisplay::chooseFile);

@@ -80,6 +80,7 @@ private:
 
     ZLDocumentController& m_controller;
     const ZLSoundExcerpt::SoundMaker m_soundMaker;
+    const ZLExportMemory m_exportMemory;
     ZLExportMenu m_exportMenu;
     ZLExportDisplay m_exportDisplay;
     const std::unique_ptr<ZLExportMenu> m_exportOtherMenu;

@@ -1,12 +1,11 @@
 #include "app/ui/windows/ZLExportAgainDisplay.h"
 
-#include "app/ZLDocumentController.h"
+#include "app/ZLExportMemory.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
 #include "export/lists/ZLListExporter.h"
 #include "export/ui/ZLDocumentExportInput.h"
-#include "platform/ZLStateFolder.h"
 
 #include <QFileInfo>
 
@@ -50,11 +49,10 @@ QString doubtText(const ZLExportTarget& target)
 
 }
 
-ZLExportAgainDisplay::ZLExportAgainDisplay(ZLDocumentController& controller, ZLChapterDocumentWindow& window)
+ZLExportAgainDisplay::ZLExportAgainDisplay(const ZLExportMemory& memory, ZLChapterDocumentWindow& window)
     : QObject(&window)
-    , m_controller(controller)
+    , m_memory(memory)
     , m_window(window)
-    , m_memory(ZLStateFolder::path())
 {
 }
 
@@ -62,7 +60,8 @@ void ZLExportAgainDisplay::exportAgain()
 {
     m_window.commitTypedText();
     m_window.messageBar().hideMessage(exportAgainName);
-    const ZLExportAgain again(m_memory.recall(documentPath()), ZLExporter::allExporters() + ZLListExporter::allForms());
+    const ZLExportAgain again(
+        m_memory.recall(nameOfDocument()), ZLExporter::allExporters() + ZLListExporter::allForms());
     QList<ZLExportTarget> safe;
     QStringList doubts;
     for (const ZLExportTarget& target : again.targets()) {
@@ -92,7 +91,7 @@ void ZLExportAgainDisplay::write(const ZLExportAgain& again, const QList<ZLExpor
 {
     const auto outcome = again.write(targets, ZLDocumentExportInput::of(m_window.document()));
     for (const ZLExportTarget& target : outcome.written)
-        m_memory.remember(documentPath(), target);
+        m_memory.remember(nameOfDocument(), target);
     tell(again, outcome);
 }
 
@@ -118,8 +117,7 @@ void ZLExportAgainDisplay::tell(const ZLExportAgain& again, const ZLExportAgain:
             ZLMessageBar::Kind::Error);
 }
 
-QString ZLExportAgainDisplay::documentPath() const
+QString ZLExportAgainDisplay::nameOfDocument() const
 {
-    const ZLDocumentSaver* saver = m_controller.saverOf(&m_window.document());
-    return saver ? saver->path() : QString();
+    return m_memory.nameOf(&m_window.document());
 }

@@ -5,7 +5,7 @@
 #include <QObject>
 
 class ZLChapterDocumentWindow;
-class ZLDocumentController;
+class ZLExportMemory;
 
 /// File ▸ Export Again in a document's window: writes the files that the document was last exported to, and asks in one
 /// bar where that may not be wanted.
@@ -13,8 +13,8 @@ class ZLExportAgainDisplay : public QObject {
     Q_OBJECT
 
 public:
-    /// Belongs to `window`; `controller` has to outlive it.
-    ZLExportAgainDisplay(ZLDocumentController& controller, ZLChapterDocumentWindow& window);
+    /// Belongs to `window`; `memory` has to outlive it.
+    ZLExportAgainDisplay(const ZLExportMemory& memory, ZLChapterDocumentWindow& window);
 
     void exportAgain();
 
@@ -22,9 +22,8 @@ private:
     void ask(const ZLExportAgain& again, const QList<ZLExportTarget>& safe, const QStringList& doubts);
     void write(const ZLExportAgain& again, const QList<ZLExportTarget>& targets);
     void tell(const ZLExportAgain& again, const ZLExportAgain::Outcome& outcome);
-    [[nodiscard]] QString documentPath() const;
+    [[nodiscard]] QString nameOfDocument() const;
 
-    ZLDocumentController& m_controller;
+    const ZLExportMemory& m_memory;
     ZLChapterDocumentWindow& m_window;
-    const ZLExportTargets m_memory;
 };

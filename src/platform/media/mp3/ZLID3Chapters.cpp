@@ -25,6 +25,7 @@ namespace {
 /// More chapters than any player lists are not read, so that a hostile tag costs little.
 constexpr size_t mostChaptersRead = 10'000;
 constexpr qsizetype mostFramesInside = 64;
+constexpr qsizetype mostFramesInsideOfAll = 20'000;
 constexpr unsigned int noOffset = 0xFFFFFFFF;
 
 using ChapterFrame = std::unique_ptr<TagLib::ID3v2::ChapterFrame>;
@@ -68,7 +69,7 @@ QByteArray plainFrame(const QByteArray& id, const QByteArray& contents, int vers
 
 /// The frame with no more inside than a chapter can use. The library unpacks frames and follows chapters inside of
 /// chapters without a bound, so it gets neither.
-std::optional<QByteArray> harmlessFrame(const ZLID3Frame& frame, int version)
+std::optional<QByteArray> harmlessFrame(const ZLID3Frame& frame, int version, qsizetype& framesLeft)
 {
     const auto contents = plainContents(frame, version);
     const qsizetype endOfId = contents ? contents->indexOf('\0') : -1;
@@ -78,7 +79,9 @@ std::optional<QByteArray> harmlessFrame(const ZLID3Frame& frame, int version)
     QByteArray harmless = contents->left(endOfTimes);
     qsizetype end = 0;
     const QList<ZLID3Frame> embedded = ZLID3Tag::splitFrames(contents->mid(endOfTimes), version, end);
-    for (const ZLID3Frame& inner : embedded.first(std::min(embedded.size(), mostFramesInside))) {
+    const qsizetype count = std::min({ embedded.size(), mostFramesInside, framesLeft });
+    framesLeft -= count;
+    for (const ZLID3Frame& inner : embedded.first(count)) {
         const auto plain = plainContents(inner, version);
         if (plain && inner.id != "CHAP" && inner.id != "CTOC")
             harmless += plainFrame(inner.id, *plain, version);
@@ -100,10 +103,11 @@ std::vector<ChapterFrame> chapterFrames(const ZLID3Tag& tag)
 {
     const TagLib::ID3v2::Header header(toTagLib(tag.header(ZLMediaSource::largestReading)));
     std::vector<ChapterFrame> frames;
+    qsizetype framesLeft = mostFramesInsideOfAll;
     for (const ZLID3Frame& frame : tag.frames()) {
-        if (frame.id != "CHAP" || frames.size() == mostChaptersRead)
+        if (frame.id != "CHAP" || frames.size() == mostChaptersRead || framesLeft == 0)
             continue;
-        const auto harmless = harmlessFrame(frame, tag.version());
+        const auto harmless = harmlessFrame(frame, tag.version(), framesLeft);
         if (ChapterFrame chapter = harmless ? decoded(*harmless, header) : nullptr)
             frames.push_back(std::move(chapter));
     }

@@ -118,11 +118,11 @@ bool isOldName(const QByteArray& name)
 
 }
 
-QList<ZLID3Frame> ZLID3OldFrames::converted(const QByteArray& body, int& lost)
+QList<ZLID3Frame> ZLID3OldFrames::converted(const QByteArray& body, qsizetype most, int& lost)
 {
     QList<ZLID3Frame> frames;
     lost = 0;
-    for (qsizetype at = 0; at + oldHeaderSize <= body.size();) {
+    for (qsizetype at = 0; at + oldHeaderSize <= body.size() && frames.size() + lost < most;) {
         const QByteArray name = body.mid(at, 3);
         const qsizetype size = qsizetype(ZLBytes::big<quint32>(body, at + 2) & 0xFFFFFFU);
         if (!isOldName(name) || size > body.size() - at - oldHeaderSize)

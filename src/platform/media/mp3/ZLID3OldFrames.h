@@ -5,7 +5,7 @@
 /// Frames of version 2.2, which have names of three letters, as frames of version 2.3.
 namespace ZLID3OldFrames {
 
-/// `lost` becomes the number of frames that version 2.3 has no name for.
-[[nodiscard]] QList<ZLID3Frame> converted(const QByteArray& body, int& lost);
+/// No more than `most` are looked at. `lost` becomes the number of those that version 2.3 has no name for.
+[[nodiscard]] QList<ZLID3Frame> converted(const QByteArray& body, qsizetype most, int& lost);
 
 }

@@ -23,6 +23,11 @@ constexpr qsizetype mostFrames = 20'000;
 enum HeaderFlag : uchar { Unsynchronised = 0x80, ExtendedHeader = 0x40, Experimental = 0x20, Footer = 0x10 };
 constexpr uchar FrameUnsynchronised = 0x02;
 
+ZLError tooManyEntries()
+{
+    return ZLError { TagTexts::tr("The tag at the beginning has too many entries.") };
+}
+
 bool isSynchsafe(quint32 number)
 {
     return (number & 0x80808080U) == 0;
@@ -126,15 +131,15 @@ ZLResult<ZLID3Tag> ZLID3Tag::readAt(const ZLMediaSource& source, qint64 offset)
         body = ZLID3Unsynchronisation::decoded(body);
     if (tag.m_formerVersion == 2) {
         tag.m_flags = 0;
-        tag.m_frames = ZLID3OldFrames::converted(body, tag.m_lostFrames);
-        return tag;
+        tag.m_frames = ZLID3OldFrames::converted(body, mostFrames, tag.m_lostFrames);
+        return tag.m_frames.size() + tag.m_lostFrames < mostFrames ? ZLResult(tag) : tooManyEntries();
     }
     if (flags & ExtendedHeader)
         body = body.sliced(extendedHeaderSize(body, tag.m_version));
     qsizetype end = 0;
     tag.m_frames = splitFrames(body, tag.m_version, end);
     if (tag.m_frames.size() == mostFrames)
-        return ZLError { TagTexts::tr("The tag at the beginning has too many entries.") };
+        return tooManyEntries();
     tag.m_remainder = withoutPadding(body.sliced(end));
     if (tag.m_version == 4 && (flags & Unsynchronised))
         markUnsynchronised(tag.m_frames);

@@ -2,6 +2,7 @@
 
 #include "platform/media/ZLBytes.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -68,14 +69,47 @@ public:
 
     std::optional<FrameHeader> at(qint64 place)
     {
-        if (place < m_begin || place + frameHeaderSize > m_begin + m_bytes.size()) {
-            m_begin = place;
-            m_bytes = m_source.read(place, readingLength);
-        }
+        if (place < m_begin || place + frameHeaderSize > m_begin + m_bytes.size())
+            load(place);
         return m_bytes.size() < frameHeaderSize ? std::nullopt : frameHeader(m_bytes, qsizetype(place - m_begin));
     }
 
+    /// The next place behind `place` at which a header can begin.
+    qint64 nextBehind(qint64 place)
+    {
+        for (++place; place + frameHeaderSize <= m_source.size();) {
+            if (place >= m_begin + m_bytes.size())
+                load(m_source.endOfHole(place));
+            const qsizetype found = indexOfBeginning(std::max<qsizetype>(qsizetype(place - m_begin), 0));
+            if (found >= 0)
+                return m_begin + found;
+            if (m_bytes.isEmpty())
+                break;
+            place = m_begin + m_bytes.size();
+        }
+        return m_source.size();
+    }
+
 private:
+    /// Of two bytes that say "sound in layer III", or of the last byte, behind which the second one may stand.
+    [[nodiscard]] qsizetype indexOfBeginning(qsizetype from) const
+    {
+        const QByteArrayView bytes = m_bytes;
+        for (qsizetype at = bytes.indexOf(char(0xFF), from); at >= 0; at = bytes.indexOf(char(0xFF), at + 1)) {
+            if (at + 1 == bytes.size() || (uchar(bytes[at + 1]) & 0xE6) == 0xE2)
+                return at;
+            while (at + 2 < bytes.size() && bytes[at + 2] == char(0xFF))
+                ++at;
+        }
+        return -1;
+    }
+
+    void load(qint64 place)
+    {
+        m_begin = place;
+        m_bytes = m_source.read(place, readingLength);
+    }
+
     const ZLMediaSource& m_source;
     qint64 m_begin = 0;
     QByteArray m_bytes;
@@ -89,7 +123,7 @@ double secondsByCounting(const ZLMediaSource& source, qint64 place)
         const auto header = reader.at(place);
         if (header)
             seconds += double(header->samples) / header->sampleRate;
-        place += header ? header->size : 1;
+        place = header ? place + header->size : reader.nextBehind(place);
     }
     return seconds;
 }

@@ -16,7 +16,7 @@ struct AtomTexts {
 
 constexpr qint64 smallHeader = 8;
 constexpr qint64 largeHeader = 16;
-constexpr qsizetype mostAtoms = 2'000;
+constexpr qsizetype mostAtomsInside = 500;
 
 ZLMP4Atom atomIn(const QByteArray& bytes, qint64 offset, qint64 end)
 {
@@ -34,7 +34,7 @@ ZLMP4Atom atomIn(const QByteArray& bytes, qint64 offset, qint64 end)
 
 }
 
-ZLResult<ZLMP4AtomList> ZLMP4Atoms::between(const ZLMediaSource& source, qint64 begin, qint64 end)
+ZLResult<ZLMP4AtomList> ZLMP4Atoms::between(const ZLMediaSource& source, qint64 begin, qint64 end, qsizetype most)
 {
     ZLMP4AtomList atoms;
     for (qint64 at = begin; at + smallHeader <= end;) {
@@ -46,7 +46,7 @@ ZLResult<ZLMP4AtomList> ZLMP4Atoms::between(const ZLMediaSource& source, qint64 
         if (atom.size < atom.headerSize || atom.size > end - at)
             return ZLError { AtomTexts::tr("The part \"%1\" of this file is damaged, or the file ends early.")
                     .arg(QString::fromLatin1(atom.type)) };
-        if (atoms.size() == mostAtoms)
+        if (atoms.size() == most)
             return ZLError { AtomTexts::tr("This file has too many parts.") };
         atoms.append(atom);
         at = atom.end();
@@ -56,7 +56,7 @@ ZLResult<ZLMP4AtomList> ZLMP4Atoms::between(const ZLMediaSource& source, qint64 
 
 ZLResult<ZLMP4AtomList> ZLMP4Atoms::inside(const ZLMediaSource& source, const ZLMP4Atom& atom)
 {
-    return between(source, atom.begin(), atom.end());
+    return between(source, atom.begin(), atom.end(), mostAtomsInside);
 }
 
 const ZLMP4Atom* ZLMP4Atoms::find(const ZLMP4AtomList& atoms, const QByteArray& type)

@@ -25,8 +25,9 @@ using ZLMP4AtomList = QList<ZLMP4Atom>;
 
 namespace ZLMP4Atoms {
 
-/// The atoms between two places. A list may end with fewer than eight bytes that are none, or with a zero.
-[[nodiscard]] ZLResult<ZLMP4AtomList> between(const ZLMediaSource& source, qint64 begin, qint64 end);
+/// The atoms between two places; an error where there are more than `most`. A list may end with fewer than eight bytes
+/// that are none, or with a zero.
+[[nodiscard]] ZLResult<ZLMP4AtomList> between(const ZLMediaSource& source, qint64 begin, qint64 end, qsizetype most);
 
 /// Those inside of an atom.
 [[nodiscard]] ZLResult<ZLMP4AtomList> inside(const ZLMediaSource& source, const ZLMP4Atom& atom);

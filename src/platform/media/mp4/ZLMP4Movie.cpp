@@ -12,6 +12,8 @@ struct MovieTexts {
     Q_DECLARE_TR_FUNCTIONS(ZLMP4Movie)
 };
 
+/// A file for streaming has several for each second; it is refused for what it is.
+constexpr qsizetype mostAtoms = 100'000;
 constexpr qsizetype mostTracks = 100;
 constexpr qint64 mostReferences = 4'000;
 
@@ -96,7 +98,7 @@ bool ZLMP4Movie::isMovie(const ZLMediaSource& source)
 ZLResult<ZLMP4Movie> ZLMP4Movie::read(const ZLMediaSource& source)
 {
     ZLMP4Movie movie;
-    const auto atoms = ZLMP4Atoms::between(source, 0, source.size());
+    const auto atoms = ZLMP4Atoms::between(source, 0, source.size(), mostAtoms);
     if (!atoms)
         return atoms.error();
     movie.atoms = atoms.value();

@@ -10,7 +10,8 @@
 namespace {
 
 constexpr qsizetype sizeOfPoint = 24;
-constexpr qsizetype mostPointsRead = 100'000;
+constexpr qsizetype mostPointsRead = 20'000;
+constexpr qsizetype mostEntriesRead = 60'000;
 
 /// An entry of a list of texts.
 struct Entry {
@@ -18,14 +19,25 @@ struct Entry {
     QByteArray contents {};
 };
 
-QList<Entry> entriesOf(const ZLMediaSource& source, const ZLWaveChunk& chunk)
+void appendEntries(QList<Entry>& entries, const QByteArray& list)
 {
-    const QByteArray bytes = source.read(chunk.begin(), chunk.size);
-    QList<Entry> entries;
-    for (qsizetype at = 4; at + 8 <= bytes.size() && entries.size() < mostPointsRead;) {
-        const qint64 size = std::min<qint64>(ZLBytes::little<quint32>(bytes, at + 4), bytes.size() - at - 8);
-        entries.append({ bytes.mid(at, 4), bytes.mid(at + 8, size) });
+    for (qsizetype at = 4; at + 8 <= list.size() && entries.size() < mostEntriesRead;) {
+        const qint64 size = std::min<qint64>(ZLBytes::little<quint32>(list, at + 4), list.size() - at - 8);
+        entries.append({ list.mid(at, 4), list.mid(at + 8, size) });
         at += 8 + size + (size & 1);
+    }
+}
+
+/// Those of all lists of texts, as far as these are no larger together than a single reading may be.
+QList<Entry> entriesOf(const ZLMediaSource& source, const ZLWaveChunks& chunks)
+{
+    QList<Entry> entries;
+    qint64 left = ZLMediaSource::largestReading;
+    for (const ZLWaveChunk& chunk : chunks.list) {
+        if (chunk.listKind == "adtl" && left > 0)
+            appendEntries(entries, source.read(chunk.begin(), std::min(chunk.size, left)));
+        if (chunk.listKind == "adtl")
+            left -= chunk.size;
     }
     return entries;
 }
@@ -43,15 +55,11 @@ QString text(QByteArray bytes)
 QHash<quint32, QString> readLabels(const ZLMediaSource& source, const ZLWaveChunks& chunks)
 {
     QHash<quint32, QString> labels;
-    for (const ZLWaveChunk& chunk : chunks.list) {
-        if (chunk.listKind != "adtl")
-            continue;
-        const QList<Entry> entries = entriesOf(source, chunk);
-        for (const Entry& entry : entries) {
-            if (entry.kind == "labl" && labels.size() < mostPointsRead
-                && !labels.contains(ZLBytes::little<quint32>(entry.contents, 0)))
-                labels.insert(ZLBytes::little<quint32>(entry.contents, 0), text(entry.contents.mid(4)));
-        }
+    const QList<Entry> entries = entriesOf(source, chunks);
+    for (const Entry& entry : entries) {
+        const auto id = ZLBytes::little<quint32>(entry.contents, 0);
+        if (entry.kind == "labl" && !labels.contains(id))
+            labels.insert(id, text(entry.contents.mid(4)));
     }
     return labels;
 }
@@ -83,10 +91,8 @@ bool ZLWaveMarkers::isOfMarkers(const ZLWaveChunk& chunk)
 
 bool ZLWaveMarkers::haveMoreThanLabels(const ZLMediaSource& source, const ZLWaveChunks& chunks)
 {
-    return std::ranges::any_of(chunks.list, [&](const ZLWaveChunk& chunk) {
-        const QList<Entry> entries = chunk.listKind == "adtl" ? entriesOf(source, chunk) : QList<Entry>();
-        return std::ranges::any_of(entries, [](const Entry& entry) { return entry.kind != "labl"; });
-    });
+    const QList<Entry> entries = entriesOf(source, chunks);
+    return std::ranges::any_of(entries, [](const Entry& entry) { return entry.kind != "labl"; });
 }
 
 ZLMediaChapters ZLWaveMarkers::read(const ZLMediaSource& source, const ZLWaveChunks& chunks, const Sound& sound)

@@ -21,6 +21,8 @@ constexpr qsizetype placeOfChecksum = 22;
 constexpr qint64 pageReading = 1024 * 1024;
 constexpr qint64 lookBackLength = 256 * 1024;
 constexpr int mostTries = 1'000;
+/// Of the description at the beginning. Far less than that is enough for the largest one.
+constexpr int mostHeaderPages = 10'000;
 
 enum PageFlag : uchar { Continued = 1, Begins = 2 };
 
@@ -63,6 +65,7 @@ public:
     void add(const ZLOggPage& page, const QByteArray& contents)
     {
         qsizetype at = 0;
+        m_size += contents.size();
         for (const char length : page.segments) {
             m_open += contents.mid(at, uchar(length));
             at += uchar(length);
@@ -72,12 +75,14 @@ public:
         }
     }
     [[nodiscard]] bool isOpen() const { return m_isOpen; }
-    [[nodiscard]] qsizetype openSize() const { return m_open.size(); }
+    /// Of all packets together.
+    [[nodiscard]] qsizetype size() const { return m_size; }
     [[nodiscard]] const QList<QByteArray>& packets() const { return m_packets; }
 
 private:
     QList<QByteArray> m_packets;
     QByteArray m_open;
+    qsizetype m_size = 0;
     bool m_isOpen = false;
 };
 
@@ -135,42 +140,45 @@ QByteArray pagesOf(quint32 stream, const QList<QByteArray>& packets, int pages)
     return result;
 }
 
-/// Numbers the pages in `bytes` anew, as far as they are whole; tells where the first one begins that is not.
-qsizetype renumber(QByteArray& bytes, quint32 stream, int difference)
+void renumberPage(QByteArray& bytes, qsizetype at, const ZLOggPage& page, int difference)
+{
+    const quint32 number = page.number + quint32(difference);
+    const QByteArray change = ZLBytes::fromLittle(number ^ page.number);
+    const auto checksum = ZLBytes::little<quint32>(bytes, at + placeOfChecksum);
+    const quint32 changed = checksum ^ ZLOggChecksum::ofChange(change, page.size - placeOfNumber - 4);
+    bytes.replace(at + placeOfNumber, 8, ZLBytes::fromLittle(number) + ZLBytes::fromLittle(changed));
+}
+
+/// Numbers the pages in `bytes` anew and leaves what is no page as it is. Tells how many bytes are done: a page at the
+/// end of which the rest is still to come is not.
+qsizetype renumber(QByteArray& bytes, bool hasMore, quint32 stream, int difference)
 {
     qsizetype at = 0;
-    for (auto page = pageIn(bytes, at); page && page->size <= bytes.size() - at; page = pageIn(bytes, at)) {
-        if (page->stream == stream) {
-            const quint32 number = page->number + quint32(difference);
-            const QByteArray change = ZLBytes::fromLittle(number ^ page->number);
-            const auto checksum = ZLBytes::little<quint32>(bytes, at + placeOfChecksum);
-            const quint32 changed = checksum ^ ZLOggChecksum::ofChange(change, page->size - placeOfNumber - 4);
-            bytes.replace(at + placeOfNumber, 8, ZLBytes::fromLittle(number) + ZLBytes::fromLittle(changed));
+    while (at < bytes.size()) {
+        const qsizetype left = bytes.size() - at;
+        if (const auto page = pageIn(bytes, at); page && page->size <= left) {
+            if (page->stream == stream)
+                renumberPage(bytes, at, *page, difference);
+            at += qsizetype(page->size);
+            continue;
         }
-        at += qsizetype(page->size);
+        if (hasMore && left < largestPage)
+            break;
+        const qsizetype next = bytes.indexOf("OggS", at + 1);
+        at = next > 0 ? next : hasMore ? bytes.size() - 3 : bytes.size();
     }
     return at;
 }
 
-/// How many of the bytes, which do not begin with a whole page, are to be left as they are.
-qsizetype sizeOfDamage(const QByteArray& bytes)
-{
-    if (pageIn(bytes, 0) && bytes.size() < largestPage)
-        return bytes.size();
-    const qsizetype next = bytes.indexOf("OggS", 1);
-    return next > 0 ? next : std::max(bytes.size() - 3, qsizetype(1));
-}
-
-/// Gives the source from `offset` on with its pages numbered anew; what is no page goes as it is.
+/// Gives the source from `offset` on with its pages numbered anew.
 ZLStatus writeRenumbered(
     const ZLMediaSource& source, qint64 offset, quint32 stream, int difference, const ZLByteTaker& take)
 {
     while (offset < source.size()) {
         QByteArray bytes = source.read(offset, pageReading);
+        bytes.truncate(renumber(bytes, offset + bytes.size() < source.size(), stream, difference));
         if (bytes.isEmpty())
             return ZLError { PageTexts::tr("The file ends early or cannot be read.") };
-        const qsizetype whole = renumber(bytes, stream, difference);
-        bytes.truncate(whole > 0 ? whole : sizeOfDamage(bytes));
         if (const ZLStatus taken = take(bytes); !taken)
             return taken;
         offset += bytes.size();
@@ -197,7 +205,7 @@ ZLResult<ZLOggPages::Headers> ZLOggPages::readHeaders(const ZLMediaSource& sourc
     while (collector.packets().size() < count) {
         const auto page = ZLOggPage::at(source, headers.end);
         const bool isFirst = headers.end == 0;
-        if (!page || collector.openSize() > ZLMediaSource::largestReading)
+        if (!page || collector.size() > ZLMediaSource::largestReading || headers.pages == mostHeaderPages)
             return damaged;
         if (page->beginsStream != isFirst || (!isFirst && page->stream != headers.stream))
             return ZLError { PageTexts::tr("This Ogg file has more than one stream, which Zelta does not write to.") };

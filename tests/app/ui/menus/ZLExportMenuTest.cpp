@@ -113,7 +113,8 @@ TEST_F(ZLExportMenuTest, ALinePatternIsProposedAgain)
 {
     ZLChapterDocument* document = newDocument();
     addChapter(document, u"First"_s);
-    const auto further = ZLExportMenu::ofFurtherFormats(m_controller);
+    const ZLExportMemory memory(m_controller);
+    const auto further = ZLExportMenu::ofFurtherFormats(m_controller, memory);
     auto* item = further->findChild<QAction*>(u"exportShowNotes"_s);
     ASSERT_NE(item, nullptr);
     item->trigger();

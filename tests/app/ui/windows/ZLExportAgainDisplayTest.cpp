@@ -96,3 +96,23 @@ TEST_F(ZLExportAgainDisplayTest, ADocumentThatWasNeverExportedSaysSo)
     trigger(m_document, u"exportAgain"_s);
     EXPECT_EQ(passingMessage(m_document), u"This document has not been exported to a file yet."_s);
 }
+
+TEST_F(ZLExportAgainDisplayTest, AnUntitledDocumentHasItsTargetsAndKeepsThemWhenItGetsAFile)
+{
+    ZLChapterDocument* untitled = newDocument();
+    addChapter(untitled, u"Untitled"_s);
+    m_document = untitled;
+    exportTo(u"YouTube"_s, u"a.txt"_s);
+    trigger(untitled, u"exportAgain"_s);
+    EXPECT_EQ(passingMessage(untitled), u"Exported again: a.txt."_s);
+
+    ASSERT_TRUE(m_controller.saverOf(untitled)->saveAs(filePath(u"new.zelta"_s)).isOk());
+    addChapter(untitled, u"New"_s);
+    trigger(untitled, u"exportAgain"_s);
+    EXPECT_EQ(contents(u"a.txt"_s), "00:00 Untitled\n00:00 New\n");
+
+    ZLChapterDocument* other = newDocument();
+    addChapter(other, u"Other"_s);
+    trigger(other, u"exportAgain"_s);
+    EXPECT_EQ(passingMessage(other), u"This document has not been exported to a file yet."_s);
+}

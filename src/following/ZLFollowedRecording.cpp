@@ -35,13 +35,16 @@ void ZLFollowedRecording::keepIn(ZLDocumentExtras& extras) const
         QVariantMap { { u"Recorder"_s, recorder }, { u"Base"_s, base }, { u"Began"_s, began } });
 }
 
-void ZLFollowedRecording::keepFile(ZLDocumentExtras& extras, const QString& path, double reading)
+void ZLFollowedRecording::keepFile(ZLDocumentExtras& extras, const QString& path, double base, double reading)
 {
     QVariantList files = extras.value(ZLFollowingKey::Files).toList();
+    bool isFirst = true;
     for (const QVariant& file : std::as_const(files)) {
-        if (file.toMap().value(u"Path"_s).toString() == path)
+        const QVariantMap kept = file.toMap();
+        if (kept.value(u"Path"_s).toString() == path)
             return;
+        isFirst = isFirst && kept.value(u"Reading"_s).toDouble() < base;
     }
-    files.append(QVariantMap { { u"Path"_s, path }, { u"Reading"_s, reading } });
+    files.append(QVariantMap { { u"Path"_s, path }, { u"Reading"_s, isFirst ? base : reading } });
     extras.keep(ZLFollowingKey::Files, files);
 }

@@ -21,9 +21,9 @@ struct ZLFollowedRecording {
 
     [[nodiscard]] static std::optional<ZLFollowedRecording> keptIn(const ZLDocumentExtras& extras);
     void keepIn(ZLDocumentExtras& extras) const;
-    /// Adds the file to those of the document, in which the recording is from `reading` of the clock on. The same file
-    /// again is not added.
-    static void keepFile(ZLDocumentExtras& extras, const QString& path, double reading);
+    /// Adds the file, which is first seen at `reading` of the clock, to those of the document. The first one that is
+    /// kept of a recording begins with it, at `base`, also where it was joined late. The same file again is not added.
+    static void keepFile(ZLDocumentExtras& extras, const QString& path, double base, double reading);
 };
 
 /// The keys at the root of a document's file.

@@ -320,8 +320,7 @@ void ZLRecorderFollower::keepWaitingFiles()
     const auto files = std::exchange(m_waitingFiles, {});
     for (const QString& path : files) {
         const double reading = m_tie.recordersReadingAt(m_setup.hostClock->now()).value_or(m_tie.base());
-        const bool isFirst = reading - m_tie.base() <= latestBeginning;
-        ZLFollowedRecording::keepFile(m_document.extras(), path, isFirst ? m_tie.base() : reading);
+        ZLFollowedRecording::keepFile(m_document.extras(), path, m_tie.base(), reading);
     }
 }
 

@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """Records with the transport of JACK, as a program for recording does: each stretch of sound stands where the transport
-is, and nothing is recorded while that stands. Takes the words start, stop, "locate SECONDS" and end, one a line, and
-answers each with "done". Writes samples of 16 bits in the end.
+is, and nothing is recorded while that stands. Ends with its input and then writes the sound.
 
     jack_recorder.py PORT FILE
 """
 
 import sys
+import wave
 
 import jack
 import numpy
@@ -28,19 +28,13 @@ def main():
 
     client.activate()
     client.connect(source, port)
-    for line in sys.stdin:
-        word, *seconds = line.split()
-        if word == "end":
-            break
-        if word == "start":
-            client.transport_start()
-        elif word == "stop":
-            client.transport_stop()
-        elif word == "locate":
-            client.transport_locate(int(float(seconds[0]) * client.samplerate))
-        print("done", flush=True)
+    sys.stdin.read()
     client.deactivate()
-    (samples * 32767).astype(numpy.int16).tofile(path)
+    with wave.open(path, "wb") as file:
+        file.setnchannels(1)
+        file.setsampwidth(2)
+        file.setframerate(client.samplerate)
+        file.writeframes((samples * 32767).astype(numpy.int16).tobytes())
     client.close()
 
 

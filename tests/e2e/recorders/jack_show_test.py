@@ -3,7 +3,7 @@
 is pressed at clicks with known moments, and the chapters of its document are compared with the clicks in the recording. One
 Zelta is killed and started again in the middle, another one joins late. A recorder of ours records, or ecasound.
 
-    tests/e2e/run jack_show ZELTA CLICKS [ROUNDS] [--ecasound]
+    tests/e2e/run jack_show ZELTA CLICKS RECORDER [ROUNDS] [--ecasound]
 """
 
 import os
@@ -14,17 +14,16 @@ import unittest
 from pathlib import Path
 
 import numpy
-from clicks import RATE, jack_moments_of, places_in_file
+from clicks import RATE, jack_moments_of, places_in, places_in_file
 from desktop import Desktop, wait_until
 from jack_transport import JackTransport
 from osc_recorder import PROGRAM
 from show_in_sound import HeadlessZelta, JackClicks, Presses, misses
 
 CLICKS = Path(sys.argv.pop(1))
+RECORDER = Path(sys.argv.pop(1))
 IS_ECASOUND = "--ecasound" in sys.argv and not sys.argv.remove("--ecasound")
 ROUNDS = int(sys.argv.pop(1)) if len(sys.argv) > 1 and sys.argv[1].isdigit() else 1
-RECORDER = Path(__file__).resolve().parent.parent / "support/jack_recorder.py"
-
 # In seconds. One click in a hundred, and one at least, may miss it: a server that was held up has lost time.
 USUAL = 0.003
 LONGEST_ROUND = 60
@@ -35,14 +34,43 @@ def ports():
     return subprocess.run(["jack_lsp"], capture_output=True, text=True, check=False).stdout
 
 
-def start_recorder(desktop, path):
-    """A program that records the clicks where the transport is, and ends when its input does."""
-    command = ["/usr/bin/python3", RECORDER, "clicks:out", path]
-    if IS_ECASOUND:
-        command = ["ecasound", "-G:jack,recorder,recv", "-f:16,1,48000", "-a:1", "-i:jack,clicks", f"-o:{path}", "-c"]
-    process = desktop.start(*command, stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, text=True, bufsize=1)
-    wait_until(lambda: "recorder:in" in ports(), "the recorder")
-    return process
+class OurRecorder:
+    """Records the clicks where the transport is."""
+
+    def __init__(self, desktop, folder):
+        self.path = folder / "recording.raw"
+        self.process = desktop.start(RECORDER, "clicks:out", self.path, stdin=subprocess.PIPE, text=True)
+        wait_until(lambda: "recorder:in" in ports(), "the recorder")
+
+    def end(self):
+        self.process.stdin.close()
+        self.process.wait(30)
+
+    def places(self):
+        return places_in(numpy.fromfile(self.path, numpy.int16))
+
+
+class Ecasound(OurRecorder):
+    """The same by a program of another make."""
+
+    def __init__(self, desktop, folder):
+        self.path = folder / "recording.wav"
+        self.process = desktop.start("ecasound", "-D", "-G:jack,recorder,recv", f"-f:16,1,{RATE}", "-a:1", "-i:jack,clicks",
+                                     f"-o:{self.path}", "-c", stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+                                     stderr=subprocess.DEVNULL, text=True)
+        self.tell("cs-connect", "engine-launch")
+        wait_until(lambda: "recorder:in" in ports(), "the recorder")
+
+    def tell(self, *commands):
+        self.process.stdin.write("".join(f"{command}\n" for command in commands))
+        self.process.stdin.flush()
+
+    def end(self):
+        self.tell("stop", "cs-disconnect", "quit")
+        super().end()
+
+    def places(self):
+        return places_in_file(self.path)
 
 
 class Show:
@@ -51,10 +79,9 @@ class Show:
     def __init__(self, desktop, number):
         self.folder = desktop.home / f"round{number}"
         self.folder.mkdir()
-        self.path = self.folder / "recording.wav"
         self.clicks = JackClicks(desktop, CLICKS, LONGEST_ROUND)
         wait_until(lambda: "clicks:out" in ports(), "the clicks")
-        self.recorder = start_recorder(desktop, self.path)
+        self.recorder = (Ecasound if IS_ECASOUND else OurRecorder)(desktop, self.folder)
         self.transport = JackTransport()
         self.presses = Presses(self.clicks)
         self.zelta = HeadlessZelta(desktop, f"round{number}/first", "jack")
@@ -104,15 +131,12 @@ class Show:
         self.presses.end()
         for each in (self.zelta, self.late):
             each.end()
-        if IS_ECASOUND:
-            self.recorder.stdin.write("stop\nquit\n")
-        self.recorder.stdin.close()
-        self.recorder.wait(30)
+        self.recorder.end()
         self.clicks.end()
         self.transport.close()
 
     def misses(self):
-        recording = [(0.0, 0.0, places_in_file(self.path))]
+        recording = [(0.0, 0.0, self.recorder.places())]
         moments = jack_moments_of(self.clicks.lines[:-1])
         found = {"from the start and restarted": self.zelta, "joined late": self.late}
         found = {name: misses(zelta, moments, recording) for name, zelta in found.items()}

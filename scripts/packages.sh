@@ -19,7 +19,7 @@ zelta_test_packages=(
   avahi-daemon iproute2
   pulseaudio pulseaudio-utils jackd2 python3-jack-client python3-numpy
   xvfb openbox weston sway wtype xdotool xclip x11-utils x11-xkb-utils imagemagick dbus dunst
-  python3-dbus python3-gi
+  python3-dbus python3-gi gnome-keyring libsecret-1-0
   desktop-file-utils appstream lintian man-db groff
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0
 )

@@ -8,8 +8,15 @@
 namespace {
 
 /// In which a small distance goes, and by how much the clock may go faster or slower for that at most.
-constexpr double secondsOfCorrection = 1.0;
-constexpr double largestRateOfCorrection = 0.02;
+struct Pace {
+    double seconds = 1.0;
+    double largestRate = 0.02;
+};
+
+constexpr Pace usualPace {};
+/// In the first seconds every report says more of where the recording is, and the marks of these seconds shall gain by
+/// it.
+constexpr Pace paceOfStart { .seconds = 0.1, .largestRate = 0.1 };
 
 }
 
@@ -44,7 +51,8 @@ std::optional<double> ZLClockTie::followAt(double hostTime)
     std::optional<double> noticed;
     if (std::abs(*distance) <= LargestOwnCorrection) {
         recording.recorderDifference().setUndecided(std::nullopt);
-        correction = std::clamp(*distance / secondsOfCorrection, -largestRateOfCorrection, largestRateOfCorrection);
+        const Pace pace = m_lock.isSettledAt(hostTime) ? usualPace : paceOfStart;
+        correction = std::clamp(*distance / pace.seconds, -pace.largestRate, pace.largestRate);
     } else if (m_lock.isSettledAt(hostTime) && noticeDifference(*distance)) {
         noticed = distance;
     }

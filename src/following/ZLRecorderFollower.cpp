@@ -321,7 +321,10 @@ void ZLRecorderFollower::keepWaitingFiles()
     const auto files = std::exchange(m_waitingFiles, {});
     for (const QString& path : files) {
         const double reading = m_tie.recordersReadingAt(m_setup.hostClock->now()).value_or(m_tie.base());
-        const bool isFirst = reading - m_tie.base() <= latestBeginning;
+        const QList<ZLRecorderFile> kept = ZLRecorderFiles::in(m_document.extras().value(ZLRecorderFiles::Key));
+        // The first one of a recording begins with it, also where it was joined late.
+        const bool isFirst = std::ranges::all_of(
+            kept, [base = m_tie.base()](const ZLRecorderFile& file) { return file.reading < base; });
         ZLRecorderFiles::add(m_document.extras(), { .path = path, .reading = isFirst ? m_tie.base() : reading });
     }
 }

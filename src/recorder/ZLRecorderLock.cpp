@@ -34,7 +34,7 @@ void ZLRecorderLock::begin()
 
 void ZLRecorderLock::note(const ZLRecorderReport& report)
 {
-    const Offset offset { report.hostTime, report.position - report.hostTime, report.uncertainty };
+    const Offset offset { report.hostTime, report.position - report.hostTime, report.uncertainty, report.isTimed };
     m_lastHostTime = report.hostTime;
     if (!m_hasPosition) {
         m_hasPosition = true;
@@ -43,6 +43,8 @@ void ZLRecorderLock::note(const ZLRecorderReport& report)
     }
     if (liesElsewhere(offset))
         return;
+    if (offset.isTimed)
+        m_recent.clear();
     m_recent.append(offset);
     estimate();
     gatherForDrift(offset);
@@ -63,7 +65,7 @@ void ZLRecorderLock::beginAnewWith(const QList<Offset>& offsets)
     m_recent = offsets;
     m_gathered = offsets;
     m_best.clear();
-    m_ahead.clear();
+    m_elsewhere.clear();
     m_behind.clear();
     // A line that begins anew has to stand against what the one before has told.
     if (m_isDriftKnown)
@@ -78,14 +80,14 @@ void ZLRecorderLock::beginAnewWith(const QList<Offset>& offsets)
 bool ZLRecorderLock::liesElsewhere(const Offset& offset)
 {
     const double surplus = offset.seconds - (m_offset + m_drift * (offset.hostTime - m_reference));
-    if (surplus > elsewhereSeconds + 2.0 * offset.uncertainty) {
-        m_ahead.append(offset);
+    if ((offset.isTimed ? std::abs(surplus) : surplus) > elsewhereSeconds + 2.0 * offset.uncertainty) {
+        m_elsewhere.append(offset);
         // A single one is a mistake of the recorder.
-        if (m_ahead.size() > 1)
-            beginAnewWith(QList(m_ahead));
+        if (m_elsewhere.size() > 1)
+            beginAnewWith(QList(m_elsewhere));
         return true;
     }
-    m_ahead.clear();
+    m_elsewhere.clear();
     if (surplus >= -behindSeconds - offset.uncertainty) {
         m_behind.clear();
         return false;

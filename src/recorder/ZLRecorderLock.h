@@ -6,10 +6,11 @@
 
 /// Finds out from the reports of a recorder where its recording is at any moment and how fast its clock goes. A report
 /// that comes late tells a position that is too small for its moment, so those that came with the least delay count.
-/// The drift is that of a straight line through the best reports of each ten seconds.
+/// Where the recorder says when its position was right, the newest report counts. The drift is that of a straight line
+/// through the best reports of each ten seconds.
 ///
 /// A position that suddenly lies elsewhere and stays there is believed: at once when it lies ahead, since no message
-/// comes too early, and after three seconds when it lies behind.
+/// comes too early, and after three seconds when it lies behind and may only have come late.
 class ZLRecorderLock {
 public:
     /// A new stretch of recording begins. What is known of the drift stays.
@@ -38,6 +39,7 @@ private:
         double hostTime = 0.0;
         double seconds = 0.0;
         double uncertainty = 0.0;
+        bool isTimed = false;
     };
 
     void beginAnewWith(const QList<Offset>& offsets);
@@ -60,8 +62,9 @@ private:
     bool m_isDriftKnown = false;
     /// Of the last seconds.
     QList<Offset> m_recent;
-    /// Those that lie elsewhere than expected, while it is open whether they do so for long.
-    QList<Offset> m_ahead;
+    /// Those that lie elsewhere than expected, while it is open whether they do so for long: those that cannot have
+    /// come there by being late, and those that can.
+    QList<Offset> m_elsewhere;
     QList<Offset> m_behind;
     /// Those of the ten seconds that go on, and the best ones of each ten seconds before.
     QList<Offset> m_gathered;

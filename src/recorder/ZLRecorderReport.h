@@ -14,6 +14,9 @@ struct ZLRecorderReport {
     double hostTime = 0.0;
     /// Seconds by which the position may be wrong at most: its steps, and the road of the message.
     double uncertainty = 0.0;
+    /// Whether the recorder says itself when the position was right. The report of any other one may have come late,
+    /// and then tells too small a position.
+    bool isTimed = false;
 
     bool operator==(const ZLRecorderReport&) const = default;
 };

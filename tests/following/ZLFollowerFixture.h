@@ -56,7 +56,7 @@ protected:
         const auto lookAtClock = [&] {
             const double reading = m_document.currentDuration();
             EXPECT_GE(reading, last - 1e-9) << "beside the rounding of sums";
-            EXPECT_LE(reading - last, 0.103) << "a jump";
+            EXPECT_LE(reading - last, 0.111) << "a jump";
             last = reading;
             worst = std::max(worst, std::abs(reading - base - m_recorder.positionAt(now())));
         };

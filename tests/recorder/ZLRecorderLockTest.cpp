@@ -116,6 +116,18 @@ TEST_F(ZLRecorderLockTest, AJumpBackIsTakenForDelayAtFirst)
     EXPECT_NEAR(m_lock.positionAt(m_now), m_recorder.positionAt(m_now), 0.001);
 }
 
+TEST_F(ZLRecorderLockTest, ARecorderThatSaysWhenAndHasLostTimeIsFollowedAtOnce)
+{
+    m_recorder.isTimed = true;
+    m_recorder.startAt(m_now);
+    follow(60.0);
+    for (const double lost : { 0.02, 0.5 }) {
+        m_recorder.jumpBy(-lost);
+        follow(0.7);
+        EXPECT_NEAR(m_lock.positionAt(m_now), m_recorder.positionAt(m_now), 0.001) << lost;
+    }
+}
+
 TEST_F(ZLRecorderLockTest, ASingleWrongPositionChangesNothing)
 {
     m_recorder.startAt(m_now);

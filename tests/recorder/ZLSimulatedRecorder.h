@@ -12,6 +12,8 @@ public:
     double drift = 0.0;
     double step = 0.0;
     double jitter = 0.0;
+    /// Whether it says itself when its positions were right.
+    bool isTimed = false;
 
     /// Begins to record, or goes on after a pause.
     void startAt(double hostTime)
@@ -40,7 +42,8 @@ public:
     {
         const double truth = positionAt(hostTime - delay());
         const double told = step > 0.0 ? std::floor(truth / step) * step + step / 2.0 : truth;
-        return { m_isRecording ? ZLRecorderState::Recording : ZLRecorderState::Paused, told, hostTime, step / 2.0 };
+        const auto state = m_isRecording ? ZLRecorderState::Recording : ZLRecorderState::Paused;
+        return { state, told, hostTime, step / 2.0, isTimed };
     }
 
     /// Seconds until the next message.

@@ -21,10 +21,10 @@ QList<ZLRecorderReport> ZLJackPosition::take(const ZLJackTransport& transport, d
     if (transport.framesPerSecond <= 0.0)
         return {};
     const double position = double(transport.frame) / transport.framesPerSecond;
-    const ZLRecorderReport report { stateOf(transport), position, evenTime(transport, hostTime), uncertainty };
+    const ZLRecorderReport report { stateOf(transport), position, evenTime(transport, hostTime), uncertainty, true };
     QList<ZLRecorderReport> reports;
     if (beginsAnew(report))
-        reports.append({ ZLRecorderState::Standing, 0.0, report.hostTime, uncertainty });
+        reports.append({ ZLRecorderState::Standing, 0.0, report.hostTime, uncertainty, true });
     reports.append(report);
     m_last = report;
     return reports;

@@ -5,13 +5,11 @@
 
 namespace {
 
-/// Looks at what leaves the encoder are kept this long, in seconds.
-constexpr double framesOutMemory = 4.0;
 /// In so many seconds after a start or a resumption the frames leave the encoder a little early.
-constexpr double earlyFramesOut = 1.5;
-/// What leaves the encoder is looked at for so many seconds in each span; less where the position waits for it.
-constexpr double spanMeasure = 3.0;
-constexpr double hastyMeasure = 1.5;
+constexpr double earlyAfterStart = 1.5;
+constexpr double earlyAfterPause = 0.5;
+/// What leaves the encoder is looked at for so many seconds in each span.
+constexpr double spanMeasure = 1.0;
 /// Between the announced start and the first frame there are at most so many seconds.
 constexpr double longestWayToFrames = 1.0;
 /// No encoder looks ahead further than this; a larger difference of the counters comes from pauses.
@@ -19,8 +17,9 @@ constexpr double longestDelay = 4.0;
 /// The delay of usual settings, for a recording that was joined after pauses.
 constexpr double usualDelay = 0.7;
 constexpr double usualDelayUncertainty = 1.0;
-/// In frames.
-constexpr double encoderUnevenness = 1.5;
+/// By so many frames the moments of the events may be wrong. A larger difference comes from an encoder that holds the
+/// frames back for longer than before.
+constexpr double errorOfEvents = 1.5;
 /// A status that disagrees with the events is believed this long after the last of them.
 constexpr double eventPatience = 1.0;
 
@@ -28,7 +27,6 @@ constexpr double eventPatience = 1.0;
 
 ZLOBSPosition::ZLOBSPosition()
     : m_frames(m_frameSeconds)
-    , m_framesOut(m_frameSeconds, framesOutMemory)
 {
 }
 
@@ -38,7 +36,6 @@ void ZLOBSPosition::setFrameSeconds(double seconds)
         return;
     m_frameSeconds = seconds;
     m_frames = ZLStepClock(seconds);
-    m_framesOut = ZLStepClock(seconds, framesOutMemory);
     m_framesBeside.reset();
     beginSpan();
 }
@@ -46,7 +43,6 @@ void ZLOBSPosition::setFrameSeconds(double seconds)
 void ZLOBSPosition::setEncoderDelay(double seconds, bool isOfThisRecording)
 {
     m_encoderDelay = seconds;
-    m_checkedDelay = seconds;
     m_isDelayOfThisRecording = isOfThisRecording;
 }
 
@@ -62,7 +58,7 @@ void ZLOBSPosition::began(double starting, double started)
     m_framesBeside.reset();
     m_isDelayOfThisRecording = false;
     m_isDelayGuessed = false;
-    m_earlyUntil = earlyFramesOut;
+    m_earlyUntil = earlyAfterStart;
     beginSpan();
 }
 
@@ -93,7 +89,7 @@ void ZLOBSPosition::resumed(double hostTime)
     m_hostTime = hostTime;
     if (m_framesBeside)
         *m_framesBeside += firstFrameFrom(hostTime) - m_pauseFrame;
-    m_earlyUntil = m_status.duration + earlyFramesOut;
+    m_earlyUntil = m_status.duration + earlyAfterPause;
     beginSpan();
 }
 
@@ -129,7 +125,7 @@ void ZLOBSPosition::take(const ZLOBSStatus& status)
     if (!m_framesBeside && m_started > 0.0)
         findFirstFrame();
     lookAtFramesOut();
-    if (!m_isSpanSettled && m_framesOut.lookedFor() >= (m_framesBeside ? spanMeasure : hastyMeasure))
+    if (m_frameLag.lookedFor() >= spanMeasure)
         settleSpan();
 }
 
@@ -155,15 +151,18 @@ void ZLOBSPosition::followState(const ZLOBSStatus& status)
     }
     if (status.asked < m_changed + eventPatience)
         return;
-    if (status.isPaused && m_state == ZLRecorderState::Recording)
+    if (status.isPaused && m_state == ZLRecorderState::Recording) {
         paused(status.asked);
-    else if (!status.isPaused && m_state == ZLRecorderState::Paused)
+        m_isEventMissed = true;
+    } else if (!status.isPaused && m_state == ZLRecorderState::Paused) {
         resumed(status.asked);
+        m_isEventMissed = true;
+    }
 }
 
 void ZLOBSPosition::beginSpan()
 {
-    m_framesOut.clear();
+    m_frameLag.clear();
     m_isSpanSettled = false;
 }
 
@@ -181,25 +180,33 @@ void ZLOBSPosition::findFirstFrame()
 void ZLOBSPosition::lookAtFramesOut()
 {
     if (m_status.duration >= m_earlyUntil)
-        m_framesOut.take(m_status.asked, m_status.answered, std::round(m_status.duration / m_frameSeconds));
+        m_frameLag.take(m_status.answered, m_status.frames - std::llround(m_status.duration / m_frameSeconds));
 }
 
+/// Once a span is settled, another lag comes from another delay.
 void ZLOBSPosition::settleSpan()
 {
-    const double lag = (*m_framesOut.zero() - *m_frames.zero()) / m_frameSeconds;
-    if (m_checkedDelay && m_isDelayOfThisRecording) {
-        const double measured = lag - *m_checkedDelay / m_frameSeconds;
-        // The encoder is uneven by a frame. More than that means that an event was missed.
-        if (!m_framesBeside || std::abs(measured - *m_framesBeside) > encoderUnevenness)
-            m_framesBeside = std::round(measured);
-    } else if (!m_framesBeside || m_isDelayGuessed) {
-        settleJoinedSpan(lag);
+    const auto lag = double(m_frameLag.usual());
+    if (m_isSpanSettled) {
+        if (m_frameLag.isDecided())
+            m_encoderDelay = (lag - *m_framesBeside) * m_frameSeconds;
+        return;
     }
+    if (m_encoderDelay && m_isDelayOfThisRecording)
+        correctPauses(lag - std::round(*m_encoderDelay / m_frameSeconds));
+    else if (!m_framesBeside || m_isDelayGuessed)
+        settleJoinedSpan(lag);
     m_encoderDelay = (lag - *m_framesBeside) * m_frameSeconds;
-    if (!m_isDelayOfThisRecording)
-        m_checkedDelay = m_encoderDelay;
     m_isDelayOfThisRecording = true;
     m_isSpanSettled = true;
+    m_isEventMissed = false;
+}
+
+void ZLOBSPosition::correctPauses(double measured)
+{
+    if (!m_framesBeside || m_isEventMissed
+        || (m_frameLag.isDecided() && std::abs(measured - *m_framesBeside) <= errorOfEvents))
+        m_framesBeside = measured;
 }
 
 void ZLOBSPosition::settleJoinedSpan(double lag)
@@ -223,10 +230,11 @@ double ZLOBSPosition::positionAt(double hostTime) const
 std::optional<ZLRecorderReport> ZLOBSPosition::report() const
 {
     if (m_state != ZLRecorderState::Recording)
-        return ZLRecorderReport { m_state, m_standsAt, m_hostTime, m_frameSeconds };
+        return ZLRecorderReport { m_state, m_standsAt, m_hostTime, m_frameSeconds, true };
     if (!m_framesBeside || !m_frames.zero())
         return std::nullopt;
     const double ofSpan = m_isSpanSettled ? 0.0 : m_frameSeconds;
     const double ofDelay = m_isDelayGuessed ? usualDelayUncertainty : 0.0;
-    return ZLRecorderReport { m_state, positionAt(m_hostTime), m_hostTime, m_frames.uncertainty() + ofSpan + ofDelay };
+    const double uncertainty = m_frames.uncertainty() + ofSpan + ofDelay;
+    return ZLRecorderReport { m_state, positionAt(m_hostTime), m_hostTime, uncertainty, true };
 }

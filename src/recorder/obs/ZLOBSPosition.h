@@ -2,6 +2,7 @@
 
 #include "recorder/ZLRecorderReport.h"
 #include "recorder/ZLStepClock.h"
+#include "recorder/obs/ZLOBSFrameLag.h"
 #include "recorder/obs/ZLOBSStatus.h"
 
 #include <optional>
@@ -11,8 +12,8 @@
 /// OBS has two counters. The one of `duration` counts what has left the encoder, which may be two seconds after the
 /// frame went in; how long this takes depends on the settings, and then stays the same. The one of `frames` counts what
 /// goes in. It starts at zero with the file's first frame, unless another output runs already, and does not stand in a
-/// pause. So the moment of each frame is known from `frames`. What the pauses took away is known from the difference of
-/// the two counters, and until that can be measured, from the moments of the events.
+/// pause. So the moment of each frame is known from `frames`. What the pauses took away is known from the moments of
+/// the events, which may be a frame off, and then from the difference of the two counters.
 class ZLOBSPosition {
 public:
     ZLOBSPosition();
@@ -55,6 +56,7 @@ private:
     void findFirstFrame();
     void lookAtFramesOut();
     void settleSpan();
+    void correctPauses(double measured);
     void settleJoinedSpan(double lag);
     [[nodiscard]] double firstFrameFrom(double hostTime) const;
     [[nodiscard]] double positionAt(double hostTime) const;
@@ -78,14 +80,15 @@ private:
     std::optional<double> m_framesBeside;
     /// The first frame that was not recorded any more.
     double m_pauseFrame = 0.0;
-    /// The frames that have left the encoder in this span, from a start or resumption to the pause after it.
-    ZLStepClock m_framesOut;
+    /// What leaves the encoder in this span, from a start or resumption to the pause after it.
+    ZLOBSFrameLag m_frameLag;
     /// Up to this `duration`, what leaves the encoder tells nothing of its delay.
     double m_earlyUntil = 0.0;
     bool m_isSpanSettled = false;
-    /// As it was last measured, and as it was measured first: by the latter, missed events are found out.
+    /// Whether a pause or a resumption was found by a status, whose moment is less exact than that of an event.
+    bool m_isEventMissed = false;
+    /// As it was last measured.
     std::optional<double> m_encoderDelay;
-    std::optional<double> m_checkedDelay;
     bool m_isDelayOfThisRecording = false;
     bool m_isDelayGuessed = false;
 };

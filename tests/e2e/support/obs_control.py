@@ -4,8 +4,6 @@ import base64
 import hashlib
 import json
 
-import websocket
-
 
 def digest(text):
     return base64.b64encode(hashlib.sha256(text.encode()).digest()).decode()
@@ -13,6 +11,8 @@ def digest(text):
 
 class Control:
     def __init__(self, port, password):
+        import websocket  # Here alone: it is installed only where OBS is.
+
         self._socket = websocket.create_connection(f"ws://127.0.0.1:{port}", timeout=20)
         wanted = json.loads(self._socket.recv())["d"]["authentication"]
         answer = digest(digest(password + wanted["salt"]) + wanted["challenge"])

@@ -1,5 +1,6 @@
 """OBS Studio on the desktop of a test, with a sound output of its own that it records, and no question asked."""
 
+import importlib.util
 import os
 import shutil
 import socket
@@ -58,7 +59,8 @@ def free_port():
 
 
 def is_installed():
-    return shutil.which("obs") is not None
+    """With the library of a client of another make."""
+    return shutil.which("obs") is not None and importlib.util.find_spec("websocket") is not None
 
 
 def start_sound(desktop):

@@ -74,8 +74,8 @@ class RemoteControl:
         return moment
 
 
-def chapters_in(path):
-    """The chapters of a document as dictionaries, in the order of the file."""
+def document_root(path):
+    """The dictionary at the root of a document, with all that is in it."""
     archive = plistlib.loads(path.read_bytes())
     objects = archive["$objects"]
 
@@ -87,4 +87,9 @@ def chapters_in(path):
             return dict(zip(map(read, entry["NS.keys"]), map(read, entry["NS.objects"])))
         return [read(each) for each in entry["NS.objects"]] if "NS.objects" in entry else entry.get("NS.time")
 
-    return read(archive["$top"]["root"])["Chapters"]
+    return read(archive["$top"]["root"])
+
+
+def chapters_in(path):
+    """The chapters of a document as dictionaries, in the order of the file."""
+    return document_root(path)["Chapters"]

@@ -30,7 +30,7 @@ TEST_F(ZLJackPositionTest, RollingIsRecordingAndStandingIsAPauseOrNothing)
 {
     EXPECT_THAT(take(false, 0.0, 100.0), ElementsAre(ZLRecorderState::Standing));
     EXPECT_THAT(take(true, 0.02, 100.02), ElementsAre(ZLRecorderState::Recording));
-    EXPECT_EQ(reports.last(), (ZLRecorderReport { ZLRecorderState::Recording, 0.02, 100.02, unevenness }));
+    EXPECT_EQ(reports.last(), (ZLRecorderReport { ZLRecorderState::Recording, 0.02, 100.02, unevenness, true }));
     EXPECT_THAT(take(true, 5.02, 105.02), ElementsAre(ZLRecorderState::Recording));
     EXPECT_THAT(take(false, 6.0, 106.5), ElementsAre(ZLRecorderState::Paused));
     EXPECT_EQ(reports.last().position, 6.0);

@@ -134,6 +134,39 @@ TEST_F(ZLOBSPositionTest, APauseWhoseEventsWereMissedIsMeasured)
     EXPECT_NEAR(error(), 0.0, obs.frameSeconds + fine);
 }
 
+TEST_F(ZLOBSPositionTest, EventsThatComeAFrameLateAreSetRight)
+{
+    start();
+    watch(6.0);
+    for (const double late : { 0.03, -0.03 }) {
+        obs.pause(now);
+        position.paused(now + std::max(late, 0.0));
+        watch(1.7);
+        obs.resume(now);
+        position.resumed(now - std::min(late, 0.0));
+        watch(0.1);
+        EXPECT_GT(std::abs(error()), 0.02) << "by the events alone";
+        watch(3.0);
+        EXPECT_NEAR(error(), 0.0, fine);
+    }
+}
+
+TEST_F(ZLOBSPositionTest, AnEncoderThatHoldsBackForLongerMovesNothing)
+{
+    start();
+    watch(6.0);
+    obs.heldBack += 14;
+    watch(4.0);
+    EXPECT_NEAR(error(), 0.0, fine);
+    EXPECT_NEAR(*position.encoderDelay(), obs.heldBack * obs.frameSeconds, 1e-6);
+    pauseRecording();
+    watch(1.0);
+    obs.heldBack += 5;
+    resumeRecording();
+    watch(4.0);
+    EXPECT_NEAR(error(), 0.0, fine);
+}
+
 TEST_F(ZLOBSPositionTest, ASecondRecordingBeginsAtItsOwnZero)
 {
     start();

@@ -160,13 +160,14 @@ ZLChapterDocument* ZLDocumentController::openContents(const ZLDocumentContents& 
     return adoptInPlaceOfTransient(std::move(made));
 }
 
-ZLStatus ZLDocumentController::saveDocumentAs(ZLChapterDocument* document, const QString& path)
+void ZLDocumentController::saveDocumentAs(ZLChapterDocument* document, const QString& path, const ZLWhenDone& whenDone)
 {
     const QString target = ZLDocumentPlace::pathWithExtension(path);
-    const ZLStatus saved = saverOf(document)->saveAs(target);
-    if (saved)
-        m_recentDocuments.add(target);
-    return saved;
+    saverOf(document)->saveAs(target, [this, target, whenDone](const ZLStatus& saved) {
+        if (saved)
+            m_recentDocuments.add(target);
+        whenDone(saved);
+    });
 }
 
 ZLStatus ZLDocumentController::closeDocument(ZLChapterDocument* document, ZLClosing closing)

@@ -74,7 +74,7 @@ public:
     QStringList restoreKeptDocuments();
 
     /// ZLDocumentSaver::saveAs(), remembered among the recent documents.
-    ZLStatus saveDocumentAs(ZLChapterDocument* document, const QString& path);
+    void saveDocumentAs(ZLChapterDocument* document, const QString& path, const ZLWhenDone& whenDone);
     /// Refused while the document's clock runs, and with ZLClosing::Keep when it cannot be written. The last document
     /// stays in the memory of what was open, since closing it ends the program.
     ZLStatus closeDocument(ZLChapterDocument* document, ZLClosing closing);

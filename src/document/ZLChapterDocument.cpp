@@ -60,36 +60,31 @@ bool ZLChapterDocument::readFromData(QByteArrayView bytes, const QString& typeNa
             *error = { .domain = u"zelta"_s, .code = 1, .message = contents.error().message };
         return false;
     }
-    // Told as one change.
-    const ZLUndoGroup group(m_basis.undoManager);
-    m_recording.beginAnewAt(contents.value().duration);
-    m_basis.chapters.loadChapters(contents.value().chapters);
-    m_templateViewController.loadChapters(contents.value().templates);
-    m_basis.extras.load(contents.value().extras);
-    m_basis.undoManager.removeAllActions();
-    m_editing.selection().selectSomeRow();
-    setDocumentEdited(false);
-    m_basis.changes.note(ZLDocumentChange::Rows | ZLDocumentChange::Templates);
+    load(ZLDocumentParts::of(contents.value()));
     if (error)
         *error = leftoverOfSuccessfulRead();
     return true;
 }
 
-void ZLChapterDocument::revertToContents(const ZLDocumentContents& contents)
+void ZLChapterDocument::load(const ZLDocumentParts& parts)
 {
-    if (!isRecording())
-        adoptContents(contents);
+    // Told as one change.
+    const ZLUndoGroup group(m_basis.undoManager);
+    m_recording.beginAnewAt(parts.duration);
+    m_basis.chapters.setChapters(parts.chapters);
+    m_templateViewController.setTemplates(parts.templates);
+    m_basis.extras.load(parts.extras);
+    m_basis.undoManager.removeAllActions();
+    m_editing.selection().selectSomeRow();
+    setDocumentEdited(false);
+    m_basis.changes.note(ZLDocumentChange::Rows | ZLDocumentChange::Templates);
 }
 
-void ZLChapterDocument::adoptContents(const ZLDocumentContents& contents)
+void ZLChapterDocument::adopt(const ZLDocumentParts& parts)
 {
-    ZLChapterManager adopted(contents.chapters);
-    ZLChapterManager templates;
-    templates.setWantsSortedChapters(false);
-    templates.loadChapters(contents.templates);
     const ZLUndoGroup group(m_basis.undoManager);
-    m_basis.extras.replace(ZLListeningData::adopted(contents.extras, m_basis.extras.values()));
-    replaceContents(adopted.allChapters(), isRecording() ? duration() : contents.duration, templates.allChapters());
+    m_basis.extras.replace(ZLListeningData::adopted(parts.extras, m_basis.extras.values()));
+    replaceContents(parts.chapters, isRecording() ? duration() : parts.duration, parts.templates);
 }
 
 void ZLChapterDocument::setDisplayName(const QString& name)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ZLDocumentFile.h"
+#include "document/ZLDocumentParts.h"
 #include "document/ZLDocumentSnapshot.h"
 #include "document/editing/ZLChapterEditing.h"
 #include "document/recording/ZLRecording.h"
@@ -77,10 +78,11 @@ public:
     /// as it was, for bytes that are no document. On success `error`, when given, is filled all the same and means
     /// nothing: the returned value alone tells.
     bool readFromData(QByteArrayView bytes, const QString& typeName = {}, ZLFileOperationError* error = nullptr);
-    /// Goes back to `contents` as one undoable step. Only while the clock stands.
-    void revertToContents(const ZLDocumentContents& contents);
+    /// Replaces everything by `parts` and empties the undo history.
+    void load(const ZLDocumentParts& parts);
     /// Takes over what another program made of the document, as one undoable step. A running clock goes on.
-    void adoptContents(const ZLDocumentContents& contents);
+    void adoptContents(const ZLDocumentContents& contents) { adopt(ZLDocumentParts::of(contents)); }
+    void adopt(const ZLDocumentParts& parts);
 
     /// Name for titles and proposed file names, for example "Episode 12.zelta" or "Untitled".
     [[nodiscard]] const QString& displayName() const { return m_displayName; }

@@ -14,6 +14,8 @@ struct ZLDocumentSnapshot {
     ZLChapterSnapshot templates {};
     ZLExtrasSnapshot extras {};
 
+    /// Whether a file of both would be the same.
+    [[nodiscard]] bool isSameAs(const ZLDocumentSnapshot& other) const;
     /// The file form.
     [[nodiscard]] QByteArray encoded() const;
 };

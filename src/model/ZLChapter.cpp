@@ -8,20 +8,9 @@
 #include <QTimeZone>
 #include <QUuid>
 
-#include <bit>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Null and empty texts are told apart when they are stored. One text object needs no reading.
-bool isSameChapterText(const QString& left, const QString& right)
-{
-    return left.isNull() == right.isNull() && (left.constData() == right.constData() || left == right);
-}
-
-}
 
 ZLChapter::ZLChapter()
 {
@@ -55,15 +44,15 @@ ZLChapter::ZLChapter(const ZLArchivedDictionary& dictionaryRepresentation)
 {
 }
 
+ZLChapter::ZLChapter(const ZLChapterSnapshot::value_type& record)
+    // Shared with a snapshot, so that it is copied before it changes.
+    : m_record(const_cast<ZLChapterRecord*>(record.data()))
+{
+}
+
 bool ZLChapter::isAsIn(const ZLChapterRecord& record) const
 {
-    if (m_record.constData() == &record)
-        return true;
-    const auto isSame = isSameChapterText;
-    return std::bit_cast<quint64>(record.timeStamp) == std::bit_cast<quint64>(timeStamp())
-        && record.isEnabled == isEnabled() && isSame(record.title, title()) && isSame(record.link, link())
-        && isSame(record.tags, tags()) && isSame(record.uuid, uuid()) && record.realDate == realDate()
-        && record.dateAsRead == dateAsRead();
+    return m_record->isSameAs(record);
 }
 
 void ZLChapter::setTimeStamp(double seconds)

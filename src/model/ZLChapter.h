@@ -30,6 +30,8 @@ public:
     /// is replaced by a new one.
     explicit ZLChapter(const QVariantMap& dictionaryRepresentation);
     explicit ZLChapter(const ZLArchivedDictionary& dictionaryRepresentation);
+    /// Says what `record` does, which stays as it is when the chapter changes.
+    explicit ZLChapter(const ZLChapterSnapshot::value_type& record);
     Q_DISABLE_COPY_MOVE(ZLChapter)
     ~ZLChapter() = default;
 
@@ -38,7 +40,7 @@ public:
     [[nodiscard]] ZLArchivedDictionary archivedRepresentation() const { return m_record->archivedRepresentation(); }
     /// What the chapter says at this moment. It does not change with the chapter.
     [[nodiscard]] QExplicitlySharedDataPointer<const ZLChapterRecord> record() const { return m_record; }
-    /// Whether the chapter says what `record` does; a time that is no number is compared by its bits.
+    /// Whether the chapter says what `record` does, see ZLChapterRecord::isSameAs().
     [[nodiscard]] bool isAsIn(const ZLChapterRecord& record) const;
 
     /// Position on the recording clock in seconds; negative before the recording's start.

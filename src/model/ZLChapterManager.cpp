@@ -37,16 +37,21 @@ ZLChapterManager::~ZLChapterManager()
     releaseChapters();
 }
 
-void ZLChapterManager::loadChapters(const QVariantList& dictionaries)
+ZLChapterSequence ZLChapterManager::chaptersIn(const QVariantList& dictionaries, Sorting sorting)
 {
     ZLChapterSequence chapters;
     chapters.reserve(std::max(InitialCapacity, dictionaries.size()));
     for (const QVariant& dictionary : dictionaries)
         chapters.append(chapterFrom(dictionary));
     // A file is in order as a rule, and sorting takes memory for the whole list.
-    if (m_wantsSortedChapters && !std::is_sorted(chapters.cbegin(), chapters.cend(), ZLChapterOrder::comesBefore))
+    if (sorting == Sorting::ByTime && !std::is_sorted(chapters.cbegin(), chapters.cend(), ZLChapterOrder::comesBefore))
         std::stable_sort(chapters.begin(), chapters.end(), ZLChapterOrder::comesBefore);
-    setChapters(chapters);
+    return chapters;
+}
+
+void ZLChapterManager::loadChapters(const QVariantList& dictionaries)
+{
+    setChapters(chaptersIn(dictionaries, m_wantsSortedChapters ? Sorting::ByTime : Sorting::None));
 }
 
 QVariantList ZLChapterManager::chaptersForSaving()

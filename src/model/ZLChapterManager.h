@@ -24,6 +24,9 @@ public:
     explicit ZLChapterManager(const QVariantList& dictionaries, QObject* parent = nullptr);
     ~ZLChapterManager() override;
 
+    enum class Sorting { ByTime, None };
+    /// The chapters that the constructor would fill a list with. They may be made on any thread.
+    [[nodiscard]] static ZLChapterSequence chaptersIn(const QVariantList& dictionaries, Sorting sorting);
     /// Replaces the contents as the constructor with dictionaries fills them.
     void loadChapters(const QVariantList& dictionaries);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 
 namespace {
 
@@ -16,6 +17,12 @@ const std::array<QString, chapterEntryCount>& chapterEntryKeys()
     static const std::array<QString, chapterEntryCount> keys { ZLChapterKey::TimeStamp, ZLChapterKey::Enabled,
         ZLChapterKey::Title, ZLChapterKey::Link, ZLChapterKey::Tags, ZLChapterKey::Date, ZLChapterKey::UUID };
     return keys;
+}
+
+/// Null and empty texts are told apart when they are stored. One text object needs no reading.
+bool isSameChapterText(const QString& left, const QString& right)
+{
+    return left.isNull() == right.isNull() && (left.constData() == right.constData() || left == right);
 }
 
 /// By the number of entries that a chapter has.
@@ -31,6 +38,16 @@ std::array<QStringList, chapterEntryCount + 1> sortedChapterKeys()
     return lists;
 }
 
+}
+
+bool ZLChapterRecord::isSameAs(const ZLChapterRecord& other) const
+{
+    if (this == &other)
+        return true;
+    const auto isSame = isSameChapterText;
+    return std::bit_cast<quint64>(other.timeStamp) == std::bit_cast<quint64>(timeStamp) && other.isEnabled == isEnabled
+        && isSame(other.title, title) && isSame(other.link, link) && isSame(other.tags, tags)
+        && isSame(other.uuid, uuid) && other.realDate == realDate && other.dateAsRead == dateAsRead;
 }
 
 QVariantMap ZLChapterRecord::dictionaryRepresentation() const
@@ -81,6 +98,12 @@ std::size_t ZLChapterRecord::entryCount() const
     const std::array<bool, chapterEntryCount - neverNull> areNull { title.isNull(), link.isNull(), tags.isNull(),
         realDate.isNull(), uuid.isNull() };
     return neverNull + std::size_t(std::find(areNull.begin(), areNull.end(), true) - areNull.begin());
+}
+
+bool ZLChapterSnapshots::areSame(const ZLChapterSnapshot& left, const ZLChapterSnapshot& right)
+{
+    return std::equal(left.cbegin(), left.cend(), right.cbegin(), right.cend(),
+        [](const auto& one, const auto& other) { return one->isSameAs(*other); });
 }
 
 QVariantList ZLChapterSnapshots::archivedRepresentations(const ZLChapterSnapshot& chapters)

@@ -40,6 +40,8 @@ struct ZLChapterRecord : public QSharedData {
     std::optional<ZLArchivedDate> dateAsRead {};
     QString uuid {};
 
+    /// Whether both say the same; a time that is no number is compared by its bits.
+    [[nodiscard]] bool isSameAs(const ZLChapterRecord& other) const;
     /// The entries in the order of ZLChapterKey, up to the first null value.
     [[nodiscard]] QVariantMap dictionaryRepresentation() const;
     /// The same, sorted by key as a map is.
@@ -56,6 +58,9 @@ private:
 using ZLChapterSnapshot = QList<QExplicitlySharedDataPointer<const ZLChapterRecord>>;
 
 namespace ZLChapterSnapshots {
+
+/// Whether both lists say the same. Chapters that did not change share their records, so that this is seen soon.
+[[nodiscard]] bool areSame(const ZLChapterSnapshot& left, const ZLChapterSnapshot& right);
 
 /// The dictionaries of the chapters, as they are archived.
 [[nodiscard]] QVariantList archivedRepresentations(const ZLChapterSnapshot& chapters);

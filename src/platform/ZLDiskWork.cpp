@@ -1,6 +1,9 @@
 #include "platform/ZLDiskWork.h"
 
 #include "platform/ZLAbandonedWork.h"
+#include "platform/ZLRemainingTime.h"
+
+#include <QCoreApplication>
 
 #include <condition_variable>
 #include <mutex>
@@ -39,6 +42,21 @@ ZLDiskWork::~ZLDiskWork()
     m_line->isAbandoned = !m_line->didEnd.wait_for(lock, m_patience, [this] { return m_line->isOver; });
     if (m_line->isAbandoned)
         ZLAbandonedWork::keep(m_line);
+}
+
+bool ZLDiskWork::settle(QDeadlineTimer deadline)
+{
+    // What it tells at its end may begin another work.
+    const auto line = m_line;
+    if (!line)
+        return true;
+    {
+        std::unique_lock lock(line->mutex);
+        if (!line->didEnd.wait_for(lock, ZLRemainingTime(deadline), [&line] { return line->isOver; }))
+            return false;
+    }
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    return true;
 }
 
 void ZLDiskWork::start(Work work)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QObject>
 
 #include <chrono>
@@ -24,6 +25,9 @@ public:
     /// Begins at once. `work` may use what it holds itself, and nothing that belongs to others.
     void start(Work work);
     [[nodiscard]] bool isUnderWay() const { return m_line != nullptr; }
+    /// Waits for the end, and carries out what the work told and has not been carried out yet. Returns false when it
+    /// has no end before `deadline`; then it goes on.
+    bool settle(QDeadlineTimer deadline);
 
 Q_SIGNALS:
     /// Comes after all that the work told.

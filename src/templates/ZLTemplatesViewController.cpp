@@ -113,6 +113,25 @@ qsizetype ZLTemplatesViewController::countOfTopicLines(const QStringList& plainT
     return chaptersIn(plainTexts, ZLOutlineImport::chaptersInTopicLines).size();
 }
 
+void ZLTemplatesViewController::takePastedLines(qsizetype row, const QString& lines)
+{
+    const ZLChapterPointer chapter = m_chapterManager.chapterAtIndex(row);
+    const qsizetype end = lines.indexOf(u'\n');
+    if (!chapter || end < 0)
+        return;
+    const QString line = lines.left(end).trimmed();
+    const ZLChapterPointer first = ZLOutlineImport::chaptersInTopicLines(line).value(0, std::make_shared<ZLChapter>());
+    const QString title = first->title().isEmpty() ? line : first->title();
+    const ZLChapterSequence others = ZLOutlineImport::chaptersInTopicLines(lines.sliced(end + 1));
+    const ZLUndoGroup group(m_undoManager);
+    tellDelegateBefore();
+    exchangeTexts(chapter, title, chapter->link().isEmpty() ? first->link() : chapter->link());
+    insertTemplates(others, row + 1, importTemplatesActionName);
+    tellDelegate();
+    if (!others.isEmpty())
+        Q_EMIT didImport(others.size() + 1);
+}
+
 void ZLTemplatesViewController::moveTemplate(qsizetype row, qsizetype gap)
 {
     const ZLChapterPointer chapter = m_chapterManager.chapterAtIndex(row);
@@ -151,6 +170,18 @@ void ZLTemplatesViewController::removeTemplates(
         insertTemplates(templates, row, actionName);
         selectRow(row);
     });
+}
+
+void ZLTemplatesViewController::exchangeTexts(
+    const ZLChapterPointer& chapter, const QString& title, const QString& link)
+{
+    const QString formerTitle = chapter->title();
+    const QString formerLink = chapter->link();
+    chapter->setTitle(title);
+    chapter->setLink(link);
+    m_tableModel.reload();
+    registerStep(importTemplatesActionName,
+        [this, chapter, formerTitle, formerLink] { exchangeTexts(chapter, formerTitle, formerLink); });
 }
 
 void ZLTemplatesViewController::relocateTemplate(const ZLChapterPointer& chapter, qsizetype row)

@@ -58,6 +58,9 @@ public:
     /// The same with the lines of texts that are no outline but look like topics.
     void importTopicLines(const QStringList& plainTexts);
     [[nodiscard]] static qsizetype countOfTopicLines(const QStringList& plainTexts);
+    /// Several lines stand where the title of the template at `row` is typed: the first one becomes the title, and each
+    /// topic in the others a template of its own behind it, in one step.
+    void takePastedLines(qsizetype row, const QString& lines);
     /// Moves the template at `row` to the gap before `gap` (0 … count) and selects it; any other row or gap
     /// changes nothing.
     void moveTemplate(qsizetype row, qsizetype gap);
@@ -76,6 +79,7 @@ private:
     void appendImported(const ZLChapterSequence& imported);
     void insertTemplates(const ZLChapterSequence& templates, qsizetype row, const QString& actionName);
     void removeTemplates(const ZLChapterSequence& templates, qsizetype row, const QString& actionName);
+    void exchangeTexts(const ZLChapterPointer& chapter, const QString& title, const QString& link);
     void relocateTemplate(const ZLChapterPointer& chapter, qsizetype row);
     void registerStep(const QString& actionName, const std::function<void()>& inverse);
     /// False when the template in this row is another one.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ZLDocumentController.h"
+#include "support/ZLAsksSaver.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -10,7 +11,7 @@
 #include <gtest/gtest.h>
 
 /// Documents on a state folder of the test's own, on which one process after another lives.
-class ZLDocumentControllerFixture : public testing::Test {
+class ZLDocumentControllerFixture : public testing::Test, protected ZLAsksSaver {
 protected:
     struct SettableClock final : ZLHostClock {
         double seconds = 1000.0;
@@ -25,6 +26,12 @@ protected:
         controller.reset();
         controller = std::make_unique<ZLDocumentController>(setup());
         return *controller;
+    }
+
+    ZLStatus savedAs(ZLChapterDocument* document, const QString& path)
+    {
+        return outcomeOf(*controller->saverOf(document),
+            [&](const ZLWhenDone& whenDone) { controller->saveDocumentAs(document, path, whenDone); });
     }
 
     ZLDocumentControllerSetup setup()

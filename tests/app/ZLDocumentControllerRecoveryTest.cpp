@@ -198,7 +198,7 @@ TEST_F(ZLDocumentControllerRecoveryTest, AFileThatWasOutOfReachAtTheStartAndCome
     ZLDocumentSaver* saver = controller->saverOf(document);
     EXPECT_EQ(saver->state(), ZLSavingState::Conflict) << "so it is asked";
     EXPECT_EQ(document->chapterManager().count(), 2);
-    EXPECT_TRUE(saver->takeTheirs());
+    EXPECT_TRUE(tookTheirs(*saver));
     EXPECT_EQ(document->chapterManager().chapterAtIndex(0)->title(), u"Theirs"_s);
 }
 

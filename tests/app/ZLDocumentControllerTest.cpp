@@ -179,9 +179,9 @@ TEST_F(ZLDocumentControllerTest, TwoDocumentsNeverShareAFile)
     open(path);
     ZLChapterDocument* untitled = controller->newDocument();
     addChapter(*untitled, "Other");
-    EXPECT_FALSE(controller->saveDocumentAs(untitled, filePath("show")));
+    EXPECT_FALSE(savedAs(untitled, filePath("show")));
     EXPECT_TRUE(controller->saverOf(untitled)->isUntitled());
-    EXPECT_TRUE(controller->saveDocumentAs(untitled, filePath("other")));
+    EXPECT_TRUE(savedAs(untitled, filePath("other")));
     EXPECT_EQ(controller->recentDocuments().paths(), (QStringList { filePath("other.zelta"), path }));
 }
 

@@ -55,7 +55,7 @@ ALLOWED = {
     "document": "platform platform/archive listening model lists settings templates document/shared"
     " document/recording document/editing",
     "document/saving/journal": "platform platform/archive model document/shared document/recording document",
-    "document/saving": "platform listening model document document/saving/journal",
+    "document/saving": "platform listening document document/saving/journal",
     "document/listening": "platform listening document document/saving document/saving/journal",
     "following": "platform platform/keyring model settings document/shared document recorder",
     "following/ui": "platform/window model document document/ui following",

@@ -4,6 +4,8 @@
 #include "app/headless/ZLHeadlessReport.h"
 #include "commands/ZLRemoteActions.h"
 
+#include <QPointer>
+
 #include <algorithm>
 #include <array>
 
@@ -50,12 +52,18 @@ void ZLHeadlessCommands::performAction(const ZLRemoteAction& action)
 
 void ZLHeadlessCommands::performChoice(const ZLConcernChoice& choice)
 {
-    if (!m_concerns.choose(choice.action)) {
+    const auto tell = [commands = QPointer(this), action = choice.action] {
+        if (commands)
+            commands->printOutcome(action);
+    };
+    if (!m_concerns.choose(choice.action, tell))
         m_report.print(choice.obstacle());
-        return;
-    }
+}
+
+void ZLHeadlessCommands::printOutcome(ZLConcernAction action)
+{
     using Action = ZLConcernAction;
-    switch (choice.action) {
+    switch (action) {
     case Action::StayPaused:
         m_report.printClock(tr("paused at %1"));
         break;

@@ -9,6 +9,7 @@
 class ZLHeadlessConcerns;
 class ZLHeadlessReport;
 struct ZLConcernChoice;
+enum class ZLConcernAction;
 struct ZLRemoteAction;
 
 /// The commands of a recorder without a window: the actions of a remote control, the choices where something is to be
@@ -25,6 +26,7 @@ public:
     [[nodiscard]] bool perform(const QString& line);
     void performAction(const ZLRemoteAction& action);
     void performChoice(const ZLConcernChoice& choice);
+    void printOutcome(ZLConcernAction action);
 
 Q_SIGNALS:
     void quitRequested();

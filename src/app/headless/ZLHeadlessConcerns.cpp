@@ -36,15 +36,18 @@ void ZLHeadlessConcerns::begin(const ZLChapterDocument& document)
     report();
 }
 
-bool ZLHeadlessConcerns::choose(ZLConcernAction action)
+bool ZLHeadlessConcerns::choose(ZLConcernAction action, const std::function<void()>& whenDone)
 {
     ZLDocumentConcerns& concerns = *m_concerns.at(m_document);
     const auto all = concerns.all();
     for (const ZLConcern& concern : all) {
         if (!concern.choices.contains(action))
             continue;
-        if (const ZLStatus chosen = concerns.choose(concern, action); !chosen)
-            m_complain(chosen.error().message);
+        concerns.choose(concern, action, [complain = m_complain, whenDone](const ZLStatus& chosen) {
+            if (!chosen)
+                complain(chosen.error().message);
+            whenDone();
+        });
         return true;
     }
     return false;

@@ -25,9 +25,9 @@ public:
     /// in a window.
     void begin(const ZLChapterDocument& document);
 
-    /// Carries out a choice where a concern of the document offers it, and says why when that fails. Returns whether
-    /// one offers it.
-    bool choose(ZLConcernAction action);
+    /// Carries out a choice where a concern of the document offers it, says why when that fails, and calls `whenDone`.
+    /// Returns whether one offers it.
+    bool choose(ZLConcernAction action, const std::function<void()>& whenDone);
 
 private:
     /// Whose concern it is and which. Null for one that all documents share. Whether a file is written is one question,

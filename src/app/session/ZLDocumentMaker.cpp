@@ -42,7 +42,10 @@ ZLSavedDocument ZLDocumentMaker::makeUntitledFrom(const ZLDocumentContents& cont
 ZLResult<ZLSavedDocument> ZLDocumentMaker::createFile(const QString& path) const
 {
     ZLSavedDocument made = makeUntitled();
-    if (const ZLStatus saved = made.saver->saveAs(path); !saved)
+    ZLStatus saved = ZLDone {};
+    made.saver->saveAs(path, [&saved](const ZLStatus& status) { saved = status; });
+    made.saver->settle(QDeadlineTimer(ZLSilentDisk::CommandPatience));
+    if (!saved)
         return saved.error();
     return made;
 }

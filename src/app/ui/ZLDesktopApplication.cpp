@@ -28,7 +28,7 @@ bool ZLDesktopApplication::event(QEvent* event)
 
 bool ZLDesktopApplication::notify(QObject* receiver, QEvent* event)
 {
-    const ZLInputPress::Dispatch dispatch(m_press, *event);
+    const ZLInputPress::Dispatch dispatch(m_press, receiver, *event);
     m_modifiers.noteEvent(*event);
     const bool changesModifiers = ZLModifierState::changesModifiers(*event);
     const bool handled = QApplication::notify(receiver, event);

@@ -38,9 +38,9 @@ bool isOfItsOwn(const QEvent& event)
 
 }
 
-ZLInputPress::Dispatch::Dispatch(ZLInputPress& press, const QEvent& event)
+ZLInputPress::Dispatch::Dispatch(ZLInputPress& press, const QObject* receiver, const QEvent& event)
     : m_press(press)
-    , m_former(std::exchange(press.m_underWay, press.pressFor(event)))
+    , m_former(std::exchange(press.m_underWay, press.pressFor(receiver, event)))
 {
 }
 
@@ -49,7 +49,7 @@ ZLInputPress::Dispatch::~Dispatch()
     m_press.m_underWay = m_former;
 }
 
-std::optional<ZLPressStamp> ZLInputPress::pressFor(const QEvent& event)
+std::optional<ZLPressStamp> ZLInputPress::pressFor(const QObject* receiver, const QEvent& event)
 {
     if (event.type() == QEvent::Shortcut)
         return m_lastKey;
@@ -63,5 +63,5 @@ std::optional<ZLPressStamp> ZLInputPress::pressFor(const QEvent& event)
     const ZLPressStamp stamp = time == 0 ? ZLPressStamp(arrival) : m_inputClock.stampOf(time, arrival);
     if (isKey(event))
         m_lastKey = stamp;
-    return stamp;
+    return m_held.stampFor(receiver, event, stamp);
 }

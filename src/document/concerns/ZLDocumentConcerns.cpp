@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 #include <QLocale>
+#include <QPointer>
 
 #include <cmath>
 
@@ -53,18 +54,22 @@ QList<ZLConcern> ZLDocumentConcerns::all() const
     return concerns;
 }
 
-ZLStatus ZLDocumentConcerns::choose(const ZLConcern& concern, ZLConcernAction action)
+void ZLDocumentConcerns::choose(const ZLConcern& concern, ZLConcernAction action, const ZLWhenDone& whenDone)
 {
     if (action == Action::Dismiss)
         m_dismissed.insert(concern.name, concern.sentence);
-    const ZLStatus outcome = perform(action);
-    if (concern.name == ZLConcernName::FileConflict)
-        m_refusal = outcome ? QString() : outcome.error().message;
-    Q_EMIT didChange();
-    return outcome;
+    const bool isConflict = concern.name == ZLConcernName::FileConflict;
+    perform(action, [concerns = QPointer(this), isConflict, whenDone](const ZLStatus& outcome) {
+        if (!concerns)
+            return;
+        if (isConflict)
+            concerns->m_refusal = outcome ? QString() : outcome.error().message;
+        Q_EMIT concerns->didChange();
+        whenDone(outcome);
+    });
 }
 
-ZLStatus ZLDocumentConcerns::perform(ZLConcernAction action)
+void ZLDocumentConcerns::perform(ZLConcernAction action, const ZLWhenDone& whenDone)
 {
     switch (action) {
     case Action::ContinueRecording:
@@ -86,18 +91,22 @@ ZLStatus ZLDocumentConcerns::perform(ZLConcernAction action)
         m_document.recording().recorderDifference().keepZeltas();
         break;
     case Action::KeepMine:
-        return m_saver.keepMine();
+        m_saver.keepMine(whenDone);
+        return;
     case Action::TakeTheirs:
-        return m_saver.takeTheirs();
+        m_saver.takeTheirs(whenDone);
+        return;
     case Action::KeepBoth:
-        return m_saver.keepBoth();
+        m_saver.keepBoth(whenDone);
+        return;
     case Action::TryNow:
-        return m_saver.saveNow();
+        m_saver.trySaving(whenDone);
+        return;
     case Action::SaveAs:
     case Action::Dismiss:
         break;
     }
-    return ZLDone {};
+    whenDone(ZLDone {});
 }
 
 void ZLDocumentConcerns::followState()

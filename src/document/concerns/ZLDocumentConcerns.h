@@ -24,8 +24,8 @@ public:
     /// In the order of their urgency at the start.
     [[nodiscard]] QList<ZLConcern> all() const;
     /// Carries out one of the choices of `concern`, except SaveAs. The error says why that could not be done; the
-    /// concern is still there then.
-    ZLStatus choose(const ZLConcern& concern, ZLConcernAction action);
+    /// concern is still there then. What works on files goes on beside the event loop.
+    void choose(const ZLConcern& concern, ZLConcernAction action, const ZLWhenDone& whenDone);
 
 Q_SIGNALS:
     /// Something is or reads otherwise, or may do so.
@@ -34,7 +34,7 @@ Q_SIGNALS:
 private:
     void followState();
     void followLocation();
-    ZLStatus perform(ZLConcernAction action);
+    void perform(ZLConcernAction action, const ZLWhenDone& whenDone);
     [[nodiscard]] QString fileText() const;
     [[nodiscard]] ZLConcern conflict() const;
     [[nodiscard]] ZLConcern interruption(const ZLInterruptedRecording& interruption) const;

@@ -1,5 +1,7 @@
 #include "document/saving/ZLBackgroundWrite.h"
 
+#include "document/ZLNewIdentifiers.h"
+#include "document/saving/ZLTheirVersion.h"
 #include "platform/ZLBoundedFile.h"
 #include "platform/ZLRemainingTime.h"
 
@@ -27,8 +29,13 @@ bool isOfAnotherProgram(const ZLFoundFile& found)
 
 bool isThereAlready(const ZLWriteOrder& order, const QByteArray& bytes)
 {
-    // A file of the recovery folder may have been taken away; that of a user, when it is away, is a matter of its own.
-    return !order.present.isEmpty() && order.present == bytes && (!order.isForOwnerOnly || QFile::exists(order.path));
+    if (order.present.isEmpty() || order.present != bytes || order.replacesAnything)
+        return false;
+    // A file of the recovery folder may have been taken away; that of a user, when it is away, is a matter of its own
+    // unless he asks for it.
+    if ((order.isForOwnerOnly || order.isAskedFor) && !QFile::exists(order.path))
+        return false;
+    return !order.isAskedFor || !ZLNewIdentifiers::areMissingIn(order.asRead);
 }
 
 ZLError conflictError(const QString& path)
@@ -101,7 +108,9 @@ ZLWriteOutcome ZLBackgroundWrite::carryOut(
     if (outcome.isUnchanged)
         return outcome;
     outcome.digest = ZLJournalRecords::digestOf(bytes);
-    if (order.replaceable) {
+    if (order.replacesAnything)
+        outcome.replaced = ZLTheirVersion::toBeReplaced(order.path, order.formerState->time);
+    else if (order.replaceable) {
         if (const ZLFoundFile found = ZLBoundedFile::find(order.path, ZLFileBound::Document);
             !mayBeReplaced(found, order)) {
             outcome.isConflict = isOfAnotherProgram(found);
@@ -117,7 +126,10 @@ ZLWriteOutcome ZLBackgroundWrite::carryOut(
     outcome.status = writer(order.path, bytes);
     if (outcome && order.isForOwnerOnly)
         QFile::setPermissions(order.path, QFile::ReadOwner | QFile::WriteOwner);
-    if (const auto& former = order.formerState; outcome && former)
+    if (auto former = order.formerState; outcome && former) {
+        if (outcome.replaced)
+            former->bytes = outcome.replaced->bytes();
         outcome.keeping = order.stateKeeper->keep(*former, bytes);
+    }
     return outcome;
 }

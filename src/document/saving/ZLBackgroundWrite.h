@@ -28,6 +28,12 @@ struct ZLWriteOrder {
     ZLKnownVersions replaceable = {};
     /// Told of the bytes, and synced, before the file is touched; may be null.
     std::shared_ptr<ZLJournalFile> journal = {};
+    /// A person wants it on the disk: it is also written when another program took the file away, or when chapters
+    /// lack a UUID in what was read there, `asRead`.
+    bool isAskedFor = false;
+    QByteArray asRead = {};
+    /// Whatever stands there is replaced, and kept as the former state.
+    bool replacesAnything = false;
     /// For recovery files, which no other user may read.
     bool isForOwnerOnly = false;
     /// Kept once the file is written, by the keeper, which may be null where there is no state.
@@ -48,6 +54,8 @@ struct ZLWriteOutcome {
     bool isConflict = false;
     /// Of the bytes.
     QByteArray digest = {};
+    /// What an order found that replaces anything; only that may be replaced if it failed.
+    std::optional<ZLKnownFile> replaced = {};
     /// What became of the order's former state.
     ZLStateKeeping keeping = ZLStateKeeping::NothingNew;
 

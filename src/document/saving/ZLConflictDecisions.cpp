@@ -3,11 +3,11 @@
 #include "document/saving/ZLTheirVersion.h"
 
 ZLConflictDecisions::ZLConflictDecisions(ZLChapterDocument& document, const ZLDocumentPlace& place,
-    ZLKnownFile& knownFile, ZLStateRhythm& states, ZLReverting& reverting, ZLSavingReport& report)
+    ZLKnownFile& knownFile, ZLWriteOrders& orders, ZLReverting& reverting, ZLSavingReport& report)
     : m_document(document)
     , m_place(place)
     , m_knownFile(knownFile)
-    , m_states(states)
+    , m_orders(orders)
     , m_reverting(reverting)
     , m_report(report)
 {
@@ -17,27 +17,40 @@ void ZLConflictDecisions::allowMine()
 {
     if (!m_report.isConflict())
         return;
-    m_knownFile = ZLTheirVersion::toBeReplaced(m_place.path(), m_place.timeOfFile(m_document.wallClockTime()));
-    // What is overwritten on purpose is a state to go back to all the same.
-    m_states.makeDue();
+    m_orders.replaceAnything();
     m_report.noteDecision();
 }
 
-ZLStatus ZLConflictDecisions::takeTheirs()
+void ZLConflictDecisions::takeTheirs(ZLWhenDone whenDone)
 {
-    if (!m_report.isConflict())
-        return ZLDone {};
-    const auto theirs = ZLTheirVersion::read(m_place.path());
-    if (!theirs)
-        return theirs.error();
-    (void)m_place.history()->keep(m_document.dataOfType(), m_document.wallClockTime(), theirs.value().bytes());
-    m_knownFile = theirs.value().asKnownFile();
+    if (!m_report.isConflict() || m_reading.isUnderWay()) {
+        whenDone(ZLDone {});
+        return;
+    }
+    m_reading.start([this, whenDone, path = m_place.path(), history = m_place.history(), mine = m_document.snapshot(),
+                        now = m_document.wallClockTime()](const ZLDiskWork::Teller& tell) {
+        const auto theirs = ZLTheirVersion::read(path);
+        if (theirs)
+            (void)history->keep(mine.encoded(), now, theirs.value().bytes());
+        tell([this, whenDone, theirs] {
+            // Another decision may have been made meanwhile.
+            if (theirs && m_report.isConflict())
+                adopt(theirs.value());
+            whenDone(theirs ? ZLStatus(ZLDone {}) : ZLStatus(theirs.error()));
+        });
+    });
+}
+
+void ZLConflictDecisions::adopt(const ZLTheirVersion& theirs)
+{
+    m_knownFile = theirs.asKnownFile();
     m_report.noteDecision();
-    m_document.adoptContents(theirs.value().contents());
-    // Theirs as this program writes it, so that it is seen whether there is anything to go back to. The time of a clock
-    // that runs is none of theirs.
-    m_reverting.setPoint(m_document.isRecording() ? theirs.value().bytes() : m_document.dataOfType());
-    return ZLDone {};
+    m_document.adopt(theirs.parts());
+    ZLDocumentSnapshot point = m_document.snapshot();
+    // The time of a clock that runs is none of theirs.
+    if (m_document.isRecording())
+        point.duration = theirs.parts().duration;
+    m_reverting.setPoint(point);
 }
 
 QString ZLConflictDecisions::pathForBoth() const

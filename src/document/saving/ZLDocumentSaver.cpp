@@ -2,7 +2,6 @@
 
 #include "document/saving/ZLWriteProtection.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QLoggingCategory>
 
@@ -28,7 +27,9 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     , m_journaling(document, m_place, m_knownFile, m_diskWatch, m_machinery.journalDisk)
     , m_orders(document, m_place, m_knownFile, m_states, m_journaling, m_schedule)
     , m_updating(m_orders, m_schedule, m_report, m_diskWatch, m_machinery.writeFile, m_machinery.executor)
-    , m_decisions(document, m_place, m_knownFile, m_states, m_reverting, m_report)
+    , m_decisions(document, m_place, m_knownFile, m_orders, m_reverting, m_report)
+    , m_move(document, m_place, m_schedule, m_updating, m_machinery.writeFile,
+          [this](const ZLMoveToFile::Destination& destination) { moveTo(destination); })
 {
     followParts();
     followDocument();
@@ -43,7 +44,7 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     const QByteArray bytes = m_document.dataOfType();
     m_knownFile =
         ZLKnownFile(bytes, fileBytes.isEmpty() ? bytes : fileBytes, m_place.timeOfFile(m_document.wallClockTime()));
-    m_reverting.setPoint(bytes);
+    m_reverting.setPoint(m_document.snapshot());
     m_journaling.setBase(bytes);
 }
 
@@ -66,7 +67,7 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
         m_knownFile = ZLKnownFile(file.bytes, file.bytes, m_place.timeOfFile(m_document.wallClockTime()));
     else
         m_knownFile = ZLKnownFile(journal.fileDigests);
-    m_reverting.setPoint(file.bytes);
+    m_reverting.setPointIn(file.bytes);
     m_journaling.begin();
     m_document.setDocumentEdited(true);
     noteChange();
@@ -157,62 +158,76 @@ void ZLDocumentSaver::planWrite()
     m_schedule.plan(m_journaling.isBehind() ? Haste::AtOnce : Haste::None);
 }
 
-ZLStatus ZLDocumentSaver::save()
+ZLStatus ZLDocumentSaver::saveNow(QDeadlineTimer deadline)
 {
-    if (isUntitled())
-        return ZLError { tr("“%1” is not in a file yet.").arg(m_document.displayName()) };
-    // The user's word counts also when another program took the file away.
-    if (!QFile::exists(path()) || m_knownFile.lacksIdentifiers())
-        m_knownFile.forgetBytes();
-    const ZLStatus saved = saveNow();
-    if (saved)
-        m_reverting.setPoint(m_knownFile.bytes());
-    return saved;
+    settle(deadline);
+    return m_updating.update(deadline);
 }
 
-ZLStatus ZLDocumentSaver::saveAs(const QString& path)
+void ZLDocumentSaver::settle(QDeadlineTimer deadline)
 {
-    const ZLWriteOrder order { .path = ZLDocumentPlace::pathWithExtension(path),
-        .bytes = m_document.dataOfType(),
-        .revision = m_schedule.revision() };
-    if (!m_updating.settle(m_updating.commandDeadline()) && order.path == m_place.path())
-        return m_updating.noteHangingFile();
-    if (const ZLStatus allowed = ZLWriteProtection::check(order.path, m_place.openFileNote()); !allowed)
-        return allowed;
-    ZLDocumentWriter targetWriter(m_machinery.writeFile);
-    const auto written = targetWriter.write(order, QDeadlineTimer(ZLSilentDisk::CommandPatience));
-    if (written && *written) {
-        moveTo(order, *written);
-        return ZLDone {};
+    m_decisions.settle(deadline);
+    m_reverting.settle(deadline);
+    m_move.settle(deadline);
+    m_updating.settleRequests(deadline);
+}
+
+void ZLDocumentSaver::save(ZLWhenDone whenDone)
+{
+    if (isUntitled()) {
+        whenDone(ZLError { tr("“%1” is not in a file yet.").arg(m_document.displayName()) });
+        return;
     }
-    if (!m_schedule.isEverythingWritten() && !plannedDelay() && !m_updating.isUnderWay())
-        planWrite();
-    return written ? written->status : ZLStatus(ZLSilentDisk::error(order.path));
+    m_updating.request(
+        [this, whenDone = std::move(whenDone)](const ZLStatus& saved, const ZLDocumentSnapshot* written) {
+            if (written)
+                m_reverting.setPoint(*written);
+            whenDone(saved);
+        });
 }
 
-void ZLDocumentSaver::moveTo(const ZLWriteOrder& order, const ZLWriteOutcome& outcome)
+void ZLDocumentSaver::trySaving(ZLWhenDone whenDone)
 {
-    qCDebug(documentSaveLog) << "document moves to" << order.path;
+    m_updating.request([whenDone = std::move(whenDone)](
+                           const ZLStatus& saved, const ZLDocumentSnapshot* /*written*/) { whenDone(saved); });
+}
+
+void ZLDocumentSaver::saveAs(const QString& path, ZLWhenDone whenDone)
+{
+    // One place after the other.
+    m_move.settle(m_updating.commandDeadline());
+    const QString target = ZLDocumentPlace::pathWithExtension(path);
+    if (const ZLStatus allowed = ZLWriteProtection::check(target, m_place.openFileNote()); !allowed)
+        whenDone(allowed);
+    else
+        m_move.start(target, std::move(whenDone));
+}
+
+void ZLDocumentSaver::moveTo(const ZLMoveToFile::Destination& destination)
+{
+    qCDebug(documentSaveLog) << "document moves to" << destination.path;
     // What hangs where the document was has nothing to do with it any more.
     m_updating.abandon();
     m_schedule.dropPlannedWrite();
-    m_place.moveTo(order.path);
+    m_place.moveTo(destination.path);
     m_journaling.removeRecoveryFile();
-    m_reverting.setPoint(order.bytes);
-    m_journaling.setBase(order.bytes);
-    m_knownFile.noteWritten(order.bytes, outcome.digest, m_document.wallClockTime());
-    m_report.noteWritten(order.revision);
+    m_reverting.setPoint(destination.state);
+    m_journaling.setBase(destination.bytes);
+    m_knownFile.noteWritten(destination.bytes, destination.digest, m_document.wallClockTime());
+    m_report.noteWritten(destination.revision);
     journalNow();
-    m_document.setDisplayName(QFileInfo(order.path).fileName());
+    m_document.setDisplayName(QFileInfo(destination.path).fileName());
     Q_EMIT locationDidChange();
 }
 
-ZLStatus ZLDocumentSaver::keepMine()
+void ZLDocumentSaver::keepMine(ZLWhenDone whenDone)
 {
-    if (!m_report.isConflict())
-        return ZLDone {};
+    if (!m_report.isConflict()) {
+        whenDone(ZLDone {});
+        return;
+    }
     m_decisions.allowMine();
-    return saveNow();
+    trySaving(std::move(whenDone));
 }
 
 void ZLDocumentSaver::discard()

@@ -8,11 +8,13 @@
 #include "document/saving/ZLJournaling.h"
 #include "document/saving/ZLKeepableContent.h"
 #include "document/saving/ZLKnownFile.h"
+#include "document/saving/ZLMoveToFile.h"
 #include "document/saving/ZLReverting.h"
 #include "document/saving/ZLSavingMachinery.h"
 #include "document/saving/ZLSavingReport.h"
 #include "document/saving/ZLSilentDisk.h"
 #include "document/saving/ZLStateRhythm.h"
+#include "document/saving/ZLWhenDone.h"
 #include "document/saving/ZLWriteOrders.h"
 #include "document/saving/ZLWriteSchedule.h"
 #include "document/saving/journal/ZLJournalReader.h"
@@ -23,6 +25,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 /// Keeps one document on the disk: in the user's file, or while it has none in a file of the recovery folder, which
 /// stands exactly while there is something worth keeping. A worker makes the bytes from a snapshot and writes them, so
@@ -78,15 +81,23 @@ public:
     /// Writes the newest state before it returns, a running clock with its reading. Success also when there was
     /// nothing to write. After a failure the saver goes on trying. A disk that does not answer before `deadline` is a
     /// failure; the write goes on, and as long as it does it is not waited for again.
-    ZLStatus saveNow(QDeadlineTimer deadline) { return m_updating.update(deadline); }
+    ZLStatus saveNow(QDeadlineTimer deadline);
     /// With the patience of a command.
     ZLStatus saveNow() { return saveNow(m_updating.commandDeadline()); }
+    /// @name What a person asks for
+    /// It is done beside the event loop, in the time that a command has, and told at its end.
+    /// @{
     /// The user's own save of a titled document, which revert() goes back to. It also writes the UUIDs that chapters of
     /// the file lack, although nothing else is new.
-    ZLStatus save();
+    void save(ZLWhenDone whenDone);
     /// Makes `path` the document's file, see ZLDocumentPlace::pathWithExtension(), and writes it. The file of the
     /// recovery folder goes. A failure leaves everything as it was.
-    ZLStatus saveAs(const QString& path);
+    void saveAs(const QString& path, ZLWhenDone whenDone);
+    /// Writes the newest state, as saveNow() does.
+    void trySaving(ZLWhenDone whenDone);
+    /// Waits until `deadline` for all that was asked for. saveNow() does that first.
+    void settle(QDeadlineTimer deadline);
+    /// @}
     /// Whether the document is otherwise now than at the last save() or the opening. Never for an untitled one, nor
     /// while the clock runs.
     [[nodiscard]] bool canRevert() const { return m_reverting.canRevert(); }
@@ -97,15 +108,18 @@ public:
     /// before at the earliest.
     [[nodiscard]] QList<ZLDocumentState> formerStates() const { return m_place.formerStates(); }
     /// Goes back, undoably, to one of formerStates(). Refused while the clock runs.
-    ZLStatus revertTo(const ZLDocumentState& state) { return m_reverting.revertTo(state); }
+    void revertTo(const ZLDocumentState& state, ZLWhenDone whenDone)
+    {
+        m_reverting.revertTo(state, std::move(whenDone));
+    }
     /// @name What to do about a Conflict
     /// @{
     /// Writes over what the other program wrote.
-    ZLStatus keepMine();
+    void keepMine(ZLWhenDone whenDone);
     /// Takes over what the other program wrote, as an undoable step; a running clock goes on.
-    ZLStatus takeTheirs() { return m_decisions.takeTheirs(); }
+    void takeTheirs(ZLWhenDone whenDone) { m_decisions.takeTheirs(std::move(whenDone)); }
     /// Leaves the file to the other program and goes on in a new one beside it.
-    ZLStatus keepBoth() { return saveAs(m_decisions.pathForBoth()); }
+    void keepBoth(ZLWhenDone whenDone) { saveAs(m_decisions.pathForBoth(), std::move(whenDone)); }
     /// @}
     /// Forgets what is kept of the document in the recovery folder and writes nothing any more.
     void discard();
@@ -133,7 +147,7 @@ private:
     void recordChange(const ZLDocumentChange& change) override;
     void noteChange();
     void planWrite();
-    void moveTo(const ZLWriteOrder& order, const ZLWriteOutcome& outcome);
+    void moveTo(const ZLMoveToFile::Destination& destination);
 
     ZLChapterDocument& m_document;
     const ZLSavingMachinery m_machinery;
@@ -148,5 +162,6 @@ private:
     ZLWriteOrders m_orders;
     ZLFileUpdating m_updating;
     ZLConflictDecisions m_decisions;
+    ZLMoveToFile m_move;
     bool m_hasEnded = false;
 };

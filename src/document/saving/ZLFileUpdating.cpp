@@ -15,6 +15,7 @@ ZLFileUpdating::ZLFileUpdating(ZLWriteOrders& orders, ZLWriteSchedule& schedule,
     connect(&m_schedule, &ZLWriteSchedule::writeIsDue, this, &ZLFileUpdating::begin);
     connect(&m_writer, &ZLDocumentWriter::didWrite, this, &ZLFileUpdating::noteOutcome);
     connect(&m_writer, &ZLDocumentWriter::didFinishByItself, this, &ZLFileUpdating::lookForNewerChanges);
+    connect(&m_requests, &ZLSavingRequests::patienceIsOver, this, &ZLFileUpdating::noteSilence);
 }
 
 QDeadlineTimer ZLFileUpdating::commandDeadline() const
@@ -31,11 +32,11 @@ ZLStatus ZLFileUpdating::update(QDeadlineTimer deadline)
     m_schedule.dropPlannedWrite();
     if (m_report.isConflict())
         return ZLError { m_report.failureText() };
-    if (isNothingToKeep())
+    if (isNothingToKeep() || isNothingNew())
         return ZLDone {};
-    auto made = m_orders.next();
+    auto made = nextOrder();
     if (!made)
-        return m_report.noteFailure(made.error());
+        return made.error();
     ZLWriteOrder order = std::move(made).value();
     // Made here, since the deadline is for the disk alone.
     order.bytes = order.snapshot->encoded();
@@ -46,19 +47,80 @@ ZLStatus ZLFileUpdating::update(QDeadlineTimer deadline)
 
 void ZLFileUpdating::begin()
 {
-    if (m_isStopped || m_writer.isUnderWay() || m_report.isConflict())
+    if (m_isStopped || m_isPaused || m_writer.isUnderWay() || m_report.isConflict())
         return;
     m_schedule.dropPlannedWrite();
     if (isNothingToKeep())
         return;
-    auto order = m_orders.next();
-    if (!order) {
-        m_report.noteFailure(order.error());
-    } else {
+    if (auto order = nextOrder()) {
         m_report.noteBeginning();
         m_writer.start(std::move(order).value());
         m_diskWatch.begin();
     }
+}
+
+void ZLFileUpdating::request(ZLSavingRequests::WhenWritten whenWritten)
+{
+    if (m_isStopped) {
+        whenWritten(ZLDone {}, nullptr);
+        return;
+    }
+    if (m_report.isConflict()) {
+        whenWritten(ZLError { m_report.failureText() }, nullptr);
+        return;
+    }
+    if (m_diskWatch.isFileHanging()) {
+        whenWritten(noteHangingFile(), nullptr);
+        return;
+    }
+    m_requests.add(std::move(whenWritten));
+    begin();
+}
+
+void ZLFileUpdating::settleRequests(QDeadlineTimer deadline)
+{
+    if (!m_requests.isEmpty())
+        (void)m_writer.settle(deadline);
+    if (!m_requests.isEmpty())
+        (void)update(deadline);
+}
+
+void ZLFileUpdating::pause()
+{
+    m_isPaused = true;
+    if (!m_writer.isUnderWay())
+        Q_EMIT didPause();
+}
+
+void ZLFileUpdating::resume()
+{
+    m_isPaused = false;
+    lookForNewerChanges();
+}
+
+ZLResult<ZLWriteOrder> ZLFileUpdating::nextOrder()
+{
+    const bool isAskedFor = !m_requests.isEmpty();
+    auto order = m_orders.next(isAskedFor ? ZLWriteOrders::Reason::Asked : ZLWriteOrders::Reason::Changes);
+    if (order)
+        m_requests.noteBeginning(*order.value().snapshot);
+    else
+        m_requests.answerAll(m_report.noteFailure(order.error()));
+    return order;
+}
+
+void ZLFileUpdating::noteSilence()
+{
+    // The bytes of a long document take their time; only the disk is lost patience with.
+    if (m_writer.isUnderWay() && m_writer.progress().isAtDisk)
+        noteHangingFile();
+    else
+        m_requests.waitOn();
+}
+
+bool ZLFileUpdating::isNothingNew() const
+{
+    return m_requests.isEmpty() && m_report.state() == ZLSavingState::Saved && m_orders.isNothingNew();
 }
 
 bool ZLFileUpdating::isNothingToKeep()
@@ -66,6 +128,7 @@ bool ZLFileUpdating::isNothingToKeep()
     if (!m_orders.keepNothingOfEmptyDocument())
         return false;
     m_report.noteEverythingIsSaved();
+    m_requests.answerAll(ZLDone {});
     return true;
 }
 
@@ -78,18 +141,25 @@ void ZLFileUpdating::noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome
         m_report.noteConflict(outcome.status.error());
     else
         m_report.noteFailure(outcome.status.error());
+    m_requests.noteEnd(outcome.status);
+    if (m_report.isConflict())
+        m_requests.answerAll(outcome.status);
+    if (m_isPaused)
+        Q_EMIT didPause();
 }
 
 void ZLFileUpdating::lookForNewerChanges()
 {
-    if (!m_schedule.isEverythingWritten() && !m_schedule.plannedDelay())
+    if (m_requests.isAnyWaiting() || (!m_schedule.isEverythingWritten() && !m_schedule.plannedDelay()))
         begin();
 }
 
 ZLError ZLFileUpdating::noteHangingFile()
 {
     m_diskWatch.begin();
-    return m_report.noteHangingFile();
+    const ZLError error = m_report.noteHangingFile();
+    m_requests.answerAll(error);
+    return error;
 }
 
 void ZLFileUpdating::abandon()

@@ -3,6 +3,7 @@
 #include "document/saving/ZLDiskWatch.h"
 #include "document/saving/ZLDocumentWriter.h"
 #include "document/saving/ZLSavingReport.h"
+#include "document/saving/ZLSavingRequests.h"
 #include "document/saving/ZLWriteOrders.h"
 #include "document/saving/ZLWriteSchedule.h"
 
@@ -29,6 +30,14 @@ public:
     ZLStatus update(QDeadlineTimer deadline);
     /// Begins a write, unless one is under way, whose end looks for newer changes itself.
     void begin();
+    /// As update(), beside the event loop. The user's word counts also for a file that another program took away, and
+    /// it gives chapters the UUIDs that they lack there.
+    void request(ZLSavingRequests::WhenWritten whenWritten);
+    /// Carries out what is requested before it returns.
+    void settleRequests(QDeadlineTimer deadline);
+    /// No write begins any more by itself until resume(). didPause() comes when none is under way.
+    void pause();
+    void resume();
     /// ZLDocumentWriter::settle()
     bool settle(QDeadlineTimer deadline) { return m_writer.settle(deadline); }
     /// The disk of the document's file did not answer a caller in time.
@@ -40,9 +49,15 @@ public:
     /// Writes nothing any more.
     void stop();
 
+Q_SIGNALS:
+    void didPause();
+
 private:
+    [[nodiscard]] ZLResult<ZLWriteOrder> nextOrder();
+    void noteSilence();
     void noteOutcome(const ZLWriteOrder& order, const ZLWriteOutcome& outcome);
     void lookForNewerChanges();
+    [[nodiscard]] bool isNothingNew() const;
     [[nodiscard]] bool isNothingToKeep();
 
     ZLWriteOrders& m_orders;
@@ -50,5 +65,7 @@ private:
     ZLSavingReport& m_report;
     ZLDiskWatch& m_diskWatch;
     ZLDocumentWriter m_writer;
+    ZLSavingRequests m_requests;
     bool m_isStopped = false;
+    bool m_isPaused = false;
 };

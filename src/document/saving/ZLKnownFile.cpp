@@ -1,6 +1,5 @@
 #include "document/saving/ZLKnownFile.h"
 
-#include "document/saving/ZLNewIdentifiers.h"
 #include "document/saving/journal/ZLJournalRecord.h"
 
 ZLKnownFile::ZLKnownFile(const QByteArray& bytes, const QByteArray& fileBytes, const QDateTime& time)
@@ -11,17 +10,11 @@ ZLKnownFile::ZLKnownFile(const QByteArray& bytes, const QByteArray& fileBytes, c
 {
 }
 
-bool ZLKnownFile::lacksIdentifiers() const
-{
-    return ZLNewIdentifiers::areMissingIn(m_readBytes);
-}
-
 void ZLKnownFile::noteWritten(const QByteArray& bytes, const QByteArray& version, const QDateTime& now)
 {
-    if (m_bytes != bytes) {
+    if (m_bytes != bytes)
         m_timeOfBytes = now;
-        m_readBytes.clear();
-    }
+    m_readBytes.clear();
     m_bytes = bytes;
     m_versions = QList<QByteArray> { version };
 }

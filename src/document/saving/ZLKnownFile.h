@@ -24,17 +24,15 @@ public:
     /// Since when they are there.
     [[nodiscard]] const QDateTime& timeOfBytes() const { return m_timeOfBytes; }
     [[nodiscard]] const ZLKnownVersions& versions() const { return m_versions; }
-    /// Whether chapters of the file that was read lack a UUID, which this program gives them when it writes.
-    [[nodiscard]] bool lacksIdentifiers() const;
+    /// The file as it was read, until it is written for the first time; chapters in it may lack a UUID, which this
+    /// program gives them when it writes.
+    [[nodiscard]] const QByteArray& readBytes() const { return m_readBytes; }
 
     /// The file was written, or was found to hold `bytes` already, whose digest is `version`.
     void noteWritten(const QByteArray& bytes, const QByteArray& version, const QDateTime& now);
-    /// Makes the next write happen whatever the document is.
-    void forgetBytes() { m_bytes.clear(); }
 
 private:
     QByteArray m_bytes;
-    /// As they were read, until the file is written for the first time.
     QByteArray m_readBytes;
     QDateTime m_timeOfBytes;
     ZLKnownVersions m_versions;

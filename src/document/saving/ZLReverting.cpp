@@ -2,47 +2,71 @@
 
 #include "listening/ZLListeningData.h"
 
+#include <QThreadPool>
+
+#include <memory>
+
+void ZLReverting::setPoint(const ZLDocumentSnapshot& point)
+{
+    std::promise<Point> known;
+    known.set_value(point);
+    m_point = known.get_future().share();
+}
+
+void ZLReverting::setPointIn(const QByteArray& bytes)
+{
+    const auto read = std::make_shared<std::promise<Point>>();
+    m_point = read->get_future().share();
+    QThreadPool::globalInstance()->start([read, bytes] {
+        const auto contents = ZLDocumentFile::decode(bytes, ZLDictionaryForm::Archived);
+        read->set_value(contents ? Point(ZLDocumentParts::of(contents.value()).snapshot()) : std::nullopt);
+    });
+}
+
 bool ZLReverting::canRevert() const
 {
-    if (m_document.isRecording() || m_point.isEmpty() || m_document.dataOfType() == m_point)
-        return false;
-    if (!m_document.extras().value(ZLListeningData::Key).isValid())
-        return true;
-    const auto contents = ZLDocumentFile::decode(m_point);
-    return !contents || leadsElsewhere(contents.value());
+    return !m_document.isRecording() && m_point.valid() && m_point.get() && leadsElsewhere(*m_point.get());
 }
 
 ZLStatus ZLReverting::revert()
 {
     if (m_document.isRecording())
         return clockIsRunning();
-    if (!canRevert())
-        return ZLDone {};
-    const auto contents = ZLDocumentFile::decode(m_point);
-    if (!contents)
-        return contents.error();
-    m_document.revertToContents(contents.value());
+    if (canRevert())
+        m_document.adopt(ZLDocumentParts::of(*m_point.get()));
     return ZLDone {};
 }
 
-ZLStatus ZLReverting::revertTo(const ZLDocumentState& state)
+void ZLReverting::revertTo(const ZLDocumentState& state, ZLWhenDone whenDone)
+{
+    if (m_document.isRecording() || m_reading.isUnderWay()) {
+        whenDone(m_document.isRecording() ? ZLStatus(clockIsRunning()) : ZLStatus(ZLDone {}));
+        return;
+    }
+    m_reading.start([this, state, whenDone](const ZLDiskWork::Teller& tell) {
+        const auto contents = ZLDocumentHistory::contentsOf(state);
+        const auto parts = contents ? ZLResult(ZLDocumentParts::of(contents.value())) : contents.error();
+        tell([this, parts, whenDone] { whenDone(parts ? revertToParts(parts.value()) : ZLStatus(parts.error())); });
+    });
+}
+
+ZLStatus ZLReverting::revertToParts(const ZLDocumentParts& state)
 {
     if (m_document.isRecording())
         return clockIsRunning();
-    const auto contents = ZLDocumentHistory::contentsOf(state);
-    if (!contents)
-        return contents.error();
-    if (!leadsElsewhere(contents.value()))
+    if (!leadsElsewhere(state.snapshot()))
         return ZLDone {};
     m_states.makeDue();
-    m_document.revertToContents(contents.value());
+    m_document.adopt(state);
     return ZLDone {};
 }
 
-bool ZLReverting::leadsElsewhere(ZLDocumentContents contents) const
+bool ZLReverting::leadsElsewhere(const ZLDocumentSnapshot& point) const
 {
-    contents.extras = ZLListeningData::adopted(contents.extras, m_document.extras().values());
-    return m_document.dataOfType() != ZLDocumentFile::encode(contents);
+    const ZLDocumentSnapshot current = m_document.snapshot();
+    ZLDocumentSnapshot reached = point;
+    reached.extras.values = ZLListeningData::adopted(point.extras.values, current.extras.values);
+    return !current.isSameAs(reached);
 }
 
 ZLError ZLReverting::clockIsRunning()

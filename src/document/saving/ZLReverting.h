@@ -2,8 +2,13 @@
 
 #include "document/ZLChapterDocument.h"
 #include "document/saving/ZLStateRhythm.h"
+#include "document/saving/ZLWhenDone.h"
+#include "platform/ZLDiskWork.h"
 
 #include <QCoreApplication>
+
+#include <future>
+#include <optional>
 
 /// Takes a document back, undoably, to what it was. Only while its clock stands.
 class ZLReverting {
@@ -17,20 +22,30 @@ public:
     {
     }
 
-    /// Where revert() leads: a document in its file form; empty when it leads nowhere.
-    void setPoint(const QByteArray& bytes) { m_point = bytes; }
+    /// Where revert() leads. Before the first one it leads nowhere.
+    void setPoint(const ZLDocumentSnapshot& point);
+    /// The same for a document in its file form, which is read on another thread; empty for nowhere.
+    void setPointIn(const QByteArray& bytes);
 
     /// Whether the document differs from that point. Never while the clock runs.
     [[nodiscard]] bool canRevert() const;
     ZLStatus revert();
-    /// Goes to a former state. What is left is kept with the next write, also after the next start.
-    ZLStatus revertTo(const ZLDocumentState& state);
+    /// Goes to a former state, which is read beside the event loop. What is left is kept with the next write, also
+    /// after the next start.
+    void revertTo(const ZLDocumentState& state, ZLWhenDone whenDone);
+    /// Waits for that.
+    void settle(QDeadlineTimer deadline) { m_reading.settle(deadline); }
 
 private:
-    [[nodiscard]] bool leadsElsewhere(ZLDocumentContents contents) const;
+    using Point = std::optional<ZLDocumentSnapshot>;
+
+    ZLStatus revertToParts(const ZLDocumentParts& state);
+    /// As it is when what was heard since stays.
+    [[nodiscard]] bool leadsElsewhere(const ZLDocumentSnapshot& point) const;
     [[nodiscard]] static ZLError clockIsRunning();
 
     ZLChapterDocument& m_document;
     ZLStateRhythm& m_states;
-    QByteArray m_point;
+    std::shared_future<Point> m_point;
+    ZLDiskWork m_reading;
 };

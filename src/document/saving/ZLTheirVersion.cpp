@@ -1,5 +1,6 @@
 #include "document/saving/ZLTheirVersion.h"
 
+#include "document/ZLStoredDocument.h"
 #include "document/saving/ZLDocumentPlace.h"
 #include "document/saving/journal/ZLJournalRecord.h"
 #include "platform/ZLBoundedFile.h"
@@ -11,10 +12,17 @@ using namespace Qt::StringLiterals;
 
 ZLResult<ZLTheirVersion> ZLTheirVersion::read(const QString& path)
 {
-    auto read = ZLStoredDocument::read(path);
+    const auto read = ZLStoredDocument::read(path);
     if (!read)
         return read.error();
-    return ZLTheirVersion(std::move(read).value());
+    return ZLTheirVersion(read.value().bytes, read.value().contents);
+}
+
+ZLTheirVersion::ZLTheirVersion(const QByteArray& bytes, const ZLDocumentContents& contents)
+    : m_bytes(bytes)
+    , m_digest(ZLJournalRecords::digestOf(bytes))
+    , m_parts(ZLDocumentParts::of(contents))
+{
 }
 
 ZLKnownFile ZLTheirVersion::toBeReplaced(const QString& path, const QDateTime& time)
@@ -31,9 +39,4 @@ QString ZLTheirVersion::freePathBeside(const QString& path)
         free = ZLDocumentPlace::pathWithExtension(
             u"%1/%2 %3.%4"_s.arg(file.path(), file.completeBaseName(), QString::number(number), file.suffix()));
     return free;
-}
-
-ZLKnownFile ZLTheirVersion::asKnownFile() const
-{
-    return ZLKnownFile(QList<QByteArray> { ZLJournalRecords::digestOf(m_document.bytes) });
 }

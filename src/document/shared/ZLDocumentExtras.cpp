@@ -87,16 +87,23 @@ QVariantMap ZLExtrasSnapshot::whole() const
     return entries;
 }
 
+ZLExtrasSnapshot ZLExtrasSnapshot::of(QVariantMap whole)
+{
+    const QVariantMap notes = whole.take(ZLDocumentExtras::ChapterNotesKey).toMap();
+    ZLExtrasSnapshot snapshot { .values = std::move(whole) };
+    for (auto chapter = notes.cbegin(); chapter != notes.cend(); ++chapter) {
+        if (const QVariantMap ofChapter = chapter.value().toMap(); !ofChapter.isEmpty())
+            snapshot.notesOfChapters.insert(chapter.key(), ofChapter);
+    }
+    return snapshot;
+}
+
 void ZLDocumentExtras::load(const QVariantMap& values)
 {
     noteEverything();
-    m_values = values;
-    m_ofChapters.clear();
-    const QVariantMap notes = m_values.take(ChapterNotesKey).toMap();
-    for (auto chapter = notes.cbegin(); chapter != notes.cend(); ++chapter) {
-        if (const QVariantMap ofChapter = chapter.value().toMap(); !ofChapter.isEmpty())
-            m_ofChapters.insert(chapter.key(), ofChapter);
-    }
+    auto loaded = ZLExtrasSnapshot::of(values);
+    m_values = std::move(loaded.values);
+    m_ofChapters = std::move(loaded.notesOfChapters);
     noteEverything();
 }
 

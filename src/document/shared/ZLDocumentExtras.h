@@ -29,6 +29,8 @@ struct ZLExtrasSnapshot {
 
     /// All of it, as it stands at the root of the file.
     [[nodiscard]] QVariantMap whole() const;
+    /// The reverse. Chapters without a note are left out.
+    [[nodiscard]] static ZLExtrasSnapshot of(QVariantMap whole);
 };
 
 /// What a document keeps besides its chapters, templates and clock, under keys of its own at the root of its file. Keys

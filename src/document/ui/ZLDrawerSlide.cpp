@@ -1,5 +1,6 @@
 #include "document/ui/ZLDrawerSlide.h"
 
+#include <QAbstractButton>
 #include <QDockWidget>
 #include <QEvent>
 #include <QGuiApplication>
@@ -26,6 +27,9 @@ ZLDrawerSlide::ZLDrawerSlide(QMainWindow& window, QDockWidget& drawer)
     , m_drawer(drawer)
 {
     drawer.installEventFilter(this);
+    // The toolkit's own description speaks of docks.
+    if (auto* button = drawer.findChild<QAbstractButton*>(QStringLiteral("qt_dockwidget_closebutton")))
+        button->setAccessibleDescription(tr("Closes the templates"));
     m_animation.setEasingCurve(QEasingCurve::OutCubic);
     connect(&m_animation, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& width) { m_drawer.setFixedWidth(width.toInt()); });

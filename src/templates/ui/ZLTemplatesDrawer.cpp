@@ -1,6 +1,6 @@
 #include "templates/ui/ZLTemplatesDrawer.h"
 
-#include "templates/ui/ZLTextCellDelegate.h"
+#include "templates/ui/ZLTemplateCellDelegate.h"
 #include "templates/ui/ZLTextDrop.h"
 #include "ui_ZLTemplatesViewController.h"
 
@@ -32,7 +32,10 @@ void ZLTemplatesDrawer::showTemplates()
     m_ui->tableView->setModel(&model);
     const std::unique_ptr<QItemSelectionModel> madeByView(m_ui->tableView->selectionModel());
     m_ui->tableView->setSelectionModel(&m_controller.selectionModel());
-    m_ui->tableView->setItemDelegate(new ZLTextCellDelegate(this));
+    auto* delegate = new ZLTemplateCellDelegate(this);
+    connect(delegate, &ZLTemplateCellDelegate::linesPasted, &m_controller,
+        [this](const QModelIndex& title, const QString& lines) { m_controller.takePastedLines(title.row(), lines); });
+    m_ui->tableView->setItemDelegate(delegate);
     m_ui->tableView->setEmptyText(tr("Prepare topics here, or import an outline from the clipboard."));
     connect(&model, &QAbstractItemModel::rowsInserted, this, &ZLTemplatesDrawer::updateEmptyState);
     connect(&model, &QAbstractItemModel::rowsRemoved, this, &ZLTemplatesDrawer::updateEmptyState);

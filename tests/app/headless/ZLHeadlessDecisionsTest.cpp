@@ -211,7 +211,7 @@ TEST_F(ZLHeadlessDecisionsTest, WhoseVersionOfAnotherDocumentStaysIsNotAskedHere
     start();
     ZLChapterDocument* other = controller->newDocument();
     const QString otherPath = temporary.filePath(u"other.zelta"_s);
-    ASSERT_TRUE(controller->saveDocumentAs(other, otherPath));
+    ASSERT_TRUE(savedAs(*controller->saverOf(other), otherPath));
     ASSERT_TRUE(ZLAtomicFile::write(otherPath, "somebody else's"));
     other->addChapter(std::make_shared<ZLChapter>());
     EXPECT_FALSE(controller->saverOf(other)->saveNow());

@@ -2,13 +2,14 @@
 
 #include "app/headless/ZLHeadlessRecorder.h"
 #include "settings/ZLSettingsManager.h"
+#include "support/ZLAsksSaver.h"
 
 #include <QTemporaryDir>
 #include <QTimeZone>
 #include <gtest/gtest.h>
 
 /// A recorder whose commands come from the test.
-class ZLHeadlessRecorderFixture : public testing::Test {
+class ZLHeadlessRecorderFixture : public testing::Test, protected ZLAsksSaver {
 protected:
     struct SettableClock final : ZLHostClock {
         double seconds = 1000.0;
@@ -58,6 +59,9 @@ protected:
     {
         output.clear();
         recorder->handleLine(line);
+        const auto documents = controller->documents();
+        for (const ZLChapterDocument* each : documents)
+            controller->saverOf(each)->settle(QDeadlineTimer(ZLSilentDisk::CommandPatience));
         return output;
     }
 

@@ -197,7 +197,7 @@ TEST_F(ZLHeadlessRecorderTest, EachDocumentTellsForItselfWhetherItIsSaved)
     path = temporary.filePath(u"stick/show.zelta"_s);
     start();
     ZLChapterDocument* other = controller->newDocument();
-    ASSERT_TRUE(controller->saveDocumentAs(other, temporary.filePath(u"other.zelta"_s)));
+    ASSERT_TRUE(savedAs(*controller->saverOf(other), temporary.filePath(u"other.zelta"_s)));
     ASSERT_TRUE(QDir(temporary.filePath(u"stick"_s)).removeRecursively());
     const auto mark = [](ZLChapterDocument& marked) { marked.addChapter(std::make_shared<ZLChapter>()); };
     mark(*document);

@@ -107,6 +107,14 @@ protected:
     {
         ASSERT_NE(action(document, name), nullptr) << qPrintable(name);
         action(document, name)->trigger();
+        settle();
+    }
+    /// Waits for what savers were asked for.
+    void settle()
+    {
+        const auto documents = m_controller.documents();
+        for (const ZLChapterDocument* document : documents)
+            m_controller.saverOf(document)->settle(QDeadlineTimer(ZLSilentDisk::CommandPatience));
     }
     void makeCurrent(ZLChapterDocument* document)
     {
@@ -135,6 +143,7 @@ protected:
         for (QPushButton* button : buttons) {
             if (button->isVisible() && plainTextOf(*button) == text) {
                 button->click();
+                settle();
                 return;
             }
         }
@@ -170,13 +179,14 @@ protected:
         return nullptr;
     }
     /// Confirms the dialog with `path` chosen in it.
-    static void choose(QFileDialog* dialog, const QString& path)
+    void choose(QFileDialog* dialog, const QString& path)
     {
         ASSERT_NE(dialog, nullptr);
         // The field keeps what it has while a person types into it.
         dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->clearFocus();
         dialog->selectFile(path);
         static_cast<QDialog*>(dialog)->accept();
+        settle();
         flush();
     }
 

@@ -37,6 +37,12 @@ protected:
     }
 
     const QString path = filePath("show.zelta");
+
+    static ZLStatus chosen(
+        ZLDocumentSaver& saver, ZLDocumentConcerns& concerns, const ZLConcern& concern, Action action)
+    {
+        return outcomeOf(saver, [&](const ZLWhenDone& whenDone) { concerns.choose(concern, action, whenDone); });
+    }
 };
 
 TEST_F(ZLDocumentConcernsTest, ADocumentThatIsWellHasNone)
@@ -63,10 +69,10 @@ TEST_F(ZLDocumentConcernsTest, ARefusedDecisionIsToldInTheWindowUntilTheNextOne)
     const auto saver = saverInConflict();
     ZLDocumentConcerns concerns(document, *saver, ZLConcernReader::Window);
     const QString question = only(concerns).sentence;
-    const ZLStatus taken = concerns.choose(only(concerns), Action::TakeTheirs);
+    const ZLStatus taken = chosen(*saver, concerns, only(concerns), Action::TakeTheirs);
     ASSERT_FALSE(taken) << "theirs is no document";
     EXPECT_EQ(only(concerns).sentence, question + u' ' + taken.error().message);
-    EXPECT_TRUE(concerns.choose(only(concerns), Action::KeepMine));
+    EXPECT_TRUE(chosen(*saver, concerns, only(concerns), Action::KeepMine));
     EXPECT_EQ(namesOf(concerns), QStringList());
     EXPECT_EQ(titlesIn(path), QStringList { u"Mine"_s });
 }
@@ -81,11 +87,11 @@ TEST_F(ZLDocumentConcernsTest, ARecorderThatDiffersIsToldWithItsSize)
     EXPECT_GT(changed.size(), 0);
     EXPECT_EQ(only(concerns).sentence, u"The recorder's time is 2.3 s behind Zelta's clock."_s);
     EXPECT_EQ(only(concerns).choices, (QList { Action::TakeRecordersTime, Action::KeepZeltasTime }));
-    EXPECT_TRUE(concerns.choose(only(concerns), Action::KeepZeltasTime));
+    EXPECT_TRUE(chosen(*saver, concerns, only(concerns), Action::KeepZeltasTime));
     EXPECT_EQ(namesOf(concerns), QStringList());
     EXPECT_DOUBLE_EQ(difference.kept(), -2.34);
     document.undoManager().undo();
-    EXPECT_TRUE(concerns.choose(only(concerns), Action::TakeRecordersTime));
+    EXPECT_TRUE(chosen(*saver, concerns, only(concerns), Action::TakeRecordersTime));
     EXPECT_EQ(difference.kept(), 0.0);
 }
 
@@ -106,10 +112,10 @@ TEST_F(ZLDocumentConcernsTest, AFailureStaysUntilTheDocumentIsWritten)
     EXPECT_EQ(failure.coveredNames, QStringList { ZLConcernName::ReadOnlyFile });
     const ZLDocumentConcerns printed(document, *saver, ZLConcernReader::Terminal);
     EXPECT_TRUE(only(printed).sentence.startsWith("Cannot save: "_L1));
-    EXPECT_FALSE(concerns.choose(failure, Action::TryNow));
+    EXPECT_FALSE(chosen(*saver, concerns, failure, Action::TryNow));
     EXPECT_EQ(only(concerns), failure);
     ASSERT_TRUE(QDir().mkpath(filePath("stick")));
-    EXPECT_TRUE(concerns.choose(failure, Action::TryNow));
+    EXPECT_TRUE(chosen(*saver, concerns, failure, Action::TryNow));
     EXPECT_EQ(namesOf(concerns), QStringList());
 }
 
@@ -141,11 +147,11 @@ TEST_F(ZLDocumentConcernsTest, AnInterruptedRecordingOffersBothWays)
     EXPECT_EQ(interruption.choices, (QList { Action::ContinueRecording, Action::StayPaused }));
     EXPECT_TRUE(interruption.sentence.startsWith("The recording was interrupted on "_L1));
     EXPECT_TRUE(interruption.sentence.contains(document.clockText()));
-    EXPECT_TRUE(concerns.choose(interruption, Action::StayPaused));
+    EXPECT_TRUE(chosen(*saver, concerns, interruption, Action::StayPaused));
     EXPECT_EQ(namesOf(concerns), QStringList());
     document.undoManager().undo();
     EXPECT_EQ(only(concerns), interruption);
-    EXPECT_TRUE(concerns.choose(interruption, Action::ContinueRecording));
+    EXPECT_TRUE(chosen(*saver, concerns, interruption, Action::ContinueRecording));
     EXPECT_TRUE(document.isRecording());
     EXPECT_EQ(namesOf(concerns), QStringList());
 }
@@ -158,7 +164,7 @@ TEST_F(ZLDocumentConcernsTest, WhoElseHasTheFileIsDismissedForGood)
     EXPECT_EQ(only(concerns).sentence,
         u"%1 is also open elsewhere (studio-elsewhere, process 77). Changes made there are never overwritten without asking."_s
             .arg(path));
-    EXPECT_TRUE(concerns.choose(only(concerns), Action::Dismiss));
+    EXPECT_TRUE(chosen(*saver, concerns, only(concerns), Action::Dismiss));
     addChapter("One");
     writeAndSettle(*saver);
     EXPECT_EQ(namesOf(concerns), QStringList());

@@ -1,4 +1,5 @@
 #include "document/listening/ZLDocumentListening.h"
+#include "support/ZLAsksSaver.h"
 #include "support/ZLDocumentFixture.h"
 #include "support/ZLFakeSoundInput.h"
 
@@ -16,13 +17,13 @@ constexpr std::size_t blockSamples = ZLSoundInput::SamplesPerSecond / 10;
 }
 
 /// A document in a file, its saver, and an input that the test plays to.
-class ZLDocumentListeningTest : public ZLDocumentFixture {
+class ZLDocumentListeningTest : public ZLDocumentFixture, protected ZLAsksSaver {
 protected:
     void SetUp() override
     {
         m_path = m_folder.filePath(u"show.zelta"_s);
         makeSaver();
-        ASSERT_TRUE(m_saver->saveAs(m_path));
+        ASSERT_TRUE(savedAs(*m_saver, m_path));
         m_emptyFile = fileBytes();
         m_listening.listenTo(u"microphone"_s);
         m_along = std::make_unique<ZLDocumentListening>(m_listening, m_document, *m_saver);
@@ -305,7 +306,7 @@ TEST_F(ZLDocumentListeningTest, FormerStatesLeaveItOutAndGoingBackToOneKeepsIt)
     const auto contents = ZLDocumentHistory::contentsOf(states.first());
     ASSERT_TRUE(contents);
     EXPECT_FALSE(contents.value().extras.contains(ZLListeningData::Key));
-    ASSERT_TRUE(m_saver->revertTo(states.first()));
+    ASSERT_TRUE(revertedTo(*m_saver, states.first()));
     EXPECT_EQ(titles(), QStringList { u"first"_s });
     EXPECT_EQ(kept(), data);
     m_document.undoManager().undo();
@@ -317,10 +318,10 @@ TEST_F(ZLDocumentListeningTest, WhatWasHeardAloneIsNothingToRevert)
     m_document.recordButtonPressed();
     hear(3.0);
     m_document.recordButtonPressed();
-    ASSERT_TRUE(m_saver->save());
+    ASSERT_TRUE(saved(*m_saver));
     m_listening.stop();
     m_document.extras().keep(ZLListeningData::Key, {});
-    ASSERT_TRUE(m_saver->save());
+    ASSERT_TRUE(saved(*m_saver));
     ZLListeningData data;
     data.add({ 0.0, 0.02, { 1, 2, 3 } });
     m_document.extras().keep(ZLListeningData::Key, data.stored());

@@ -3,6 +3,7 @@
 #include "document/saving/ZLDocumentSaver.h"
 #include "document/saving/journal/ZLJournalReader.h"
 #include "platform/ZLBoundedFile.h"
+#include "support/ZLAsksSaver.h"
 #include "support/ZLTemporarySettings.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,7 @@
 #include <deque>
 
 /// A document whose time, disk and worker thread are in the test's hand.
-class SavingFixture : public testing::Test {
+class SavingFixture : public testing::Test, protected ZLAsksSaver {
 protected:
     struct SettableClock final : ZLHostClock {
         double seconds = 1000.0;

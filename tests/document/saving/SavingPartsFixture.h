@@ -34,7 +34,7 @@ protected:
         ZLJournaling journaling { document, place, knownFile, diskWatch, machinery.journalDisk };
         ZLWriteOrders orders { document, place, knownFile, states, journaling, schedule };
         ZLFileUpdating updating { orders, schedule, report, diskWatch, machinery.writeFile, machinery.executor };
-        ZLConflictDecisions decisions { document, place, knownFile, states, reverting, report };
+        ZLConflictDecisions decisions { document, place, knownFile, orders, reverting, report };
     };
 
     std::unique_ptr<Parts> titledParts() { return std::make_unique<Parts>(*this, path); }

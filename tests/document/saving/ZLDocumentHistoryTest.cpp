@@ -229,7 +229,7 @@ TEST_F(ZLDocumentHistoryTest, GoingBackIsOneUndoableStepAndLosesNothing)
     document.undoManager().removeAllActions();
     ASSERT_EQ(saver->formerStates().size(), 1);
 
-    ASSERT_TRUE(saver->revertTo(saver->formerStates().first()));
+    ASSERT_TRUE(revertedTo(*saver, saver->formerStates().first()));
     writeAndSettle(*saver);
     EXPECT_EQ(titlesIn(filePath("show.zelta")), QStringList { u"One"_s });
     EXPECT_EQ(countsOfStates(), (QList<qsizetype> { 2, 1 })) << "what was left, within the minute too";
@@ -247,9 +247,9 @@ TEST_F(ZLDocumentHistoryTest, GoingToWhereItIsLeavesNoStep)
     auto saver = titledSaver(filePath("show.zelta"));
     addChapter("Two");
     writeAndSettle(*saver);
-    ASSERT_TRUE(saver->revertTo(saver->formerStates().first()));
+    ASSERT_TRUE(revertedTo(*saver, saver->formerStates().first()));
     document.undoManager().removeAllActions();
-    ASSERT_TRUE(saver->revertTo(saver->formerStates().first()));
+    ASSERT_TRUE(revertedTo(*saver, saver->formerStates().first()));
     EXPECT_FALSE(document.undoManager().canUndo());
 }
 
@@ -261,12 +261,12 @@ TEST_F(ZLDocumentHistoryTest, NobodyGoesBackWhileTheClockRunsOrToWhatIsGone)
     writeAndSettle(*saver);
     const ZLDocumentState state = saver->formerStates().value(0);
     document.startRecordingWithTime(clock->seconds);
-    EXPECT_FALSE(saver->revertTo(state));
+    EXPECT_FALSE(revertedTo(*saver, state));
     document.recordButtonPressed();
     ASSERT_TRUE(ZLAtomicFile::write(state.path, "no document"));
-    EXPECT_FALSE(saver->revertTo(state));
+    EXPECT_FALSE(revertedTo(*saver, state));
     ASSERT_TRUE(QFile::remove(state.path));
-    EXPECT_FALSE(saver->revertTo(state));
+    EXPECT_FALSE(revertedTo(*saver, state));
     EXPECT_EQ(document.chapterManager().count(), 2);
 }
 
@@ -297,7 +297,7 @@ TEST_F(ZLDocumentHistoryTest, AnUntitledDocumentTakesItsStatesAlong)
     addChapter("Three");
     writeAndSettle(*saver);
     EXPECT_EQ(saver->formerStates().size(), 1) << "beside the new recovery file";
-    ASSERT_TRUE(saver->saveAs(filePath("show.zelta")));
+    ASSERT_TRUE(savedAs(*saver, filePath("show.zelta")));
     EXPECT_EQ(countsOfStates(), QList<qsizetype> { 1 });
     EXPECT_EQ(QDir(recoveryFolder.path() + u"/states"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
 }
@@ -325,13 +325,13 @@ TEST_F(ZLDocumentHistoryTest, WhatADecisionOverwritesIsKept)
     ASSERT_TRUE(ZLAtomicFile::write(filePath("show.zelta"), bytesWith(5)));
     writeAndSettle(*saver);
     ASSERT_EQ(saver->state(), ZLSavingState::Conflict);
-    ASSERT_TRUE(saver->keepMine());
+    ASSERT_TRUE(keptMine(*saver));
     EXPECT_EQ(countsOfStates(), QList<qsizetype> { 5 }) << "theirs";
 
     ASSERT_TRUE(ZLAtomicFile::write(filePath("show.zelta"), bytesWith(7)));
     addChapter("Mine again");
     writeAndSettle(*saver);
     ASSERT_EQ(saver->state(), ZLSavingState::Conflict);
-    ASSERT_TRUE(saver->takeTheirs());
+    ASSERT_TRUE(tookTheirs(*saver));
     EXPECT_TRUE(countsOfStates().contains(3)) << "mine";
 }

@@ -220,7 +220,7 @@ TEST_F(ZLDocumentSaverTest, TheUsersSaveWritesAFileThatAnotherProgramTookAway)
     const QString path = filePath("show.zelta");
     const auto saver = titledSaver(path);
     ASSERT_TRUE(QFile::remove(path));
-    EXPECT_TRUE(saver->save());
+    EXPECT_TRUE(saved(*saver));
     EXPECT_TRUE(QFile::exists(path));
 }
 
@@ -302,9 +302,9 @@ TEST_F(ZLDocumentSaverTest, SaveAsMovesAnUntitledDocumentToTheUsersFile)
     auto saver = untitledSaver();
     addChapter("News");
     writeAndSettle(*saver);
-    EXPECT_FALSE(saver->save()) << "there is no file to save to";
+    EXPECT_FALSE(saved(*saver)) << "there is no file to save to";
 
-    EXPECT_TRUE(saver->saveAs(filePath("Episode 12")));
+    EXPECT_TRUE(savedAs(*saver, filePath("Episode 12")));
     const QString path = filePath("Episode 12.zelta");
     EXPECT_EQ(saver->path(), path);
     EXPECT_EQ(titlesIn(path), QStringList { u"News"_s });

@@ -60,7 +60,7 @@ TEST_F(ZLFileConflictTest, SavingAtOnceFindsItToo)
 TEST_F(ZLFileConflictTest, KeepMineWritesOverItOnce)
 {
     const auto saver = saverInConflict();
-    EXPECT_TRUE(saver->keepMine());
+    EXPECT_TRUE(keptMine(*saver));
     EXPECT_EQ(saver->state(), ZLSavingState::Saved);
     EXPECT_EQ(titlesIn(path), mine);
     writeTheirs();
@@ -72,7 +72,7 @@ TEST_F(ZLFileConflictTest, KeepMineWritesOverItOnce)
 TEST_F(ZLFileConflictTest, TakeTheirsIsOneUndoableStep)
 {
     const auto saver = saverInConflict();
-    EXPECT_TRUE(saver->takeTheirs());
+    EXPECT_TRUE(tookTheirs(*saver));
     EXPECT_EQ(document.chapterManager().chapterAtIndex(0)->title(), u"Theirs"_s);
     writeAndSettle(*saver);
     EXPECT_EQ(saver->state(), ZLSavingState::Saved);
@@ -87,7 +87,7 @@ TEST_F(ZLFileConflictTest, TakeTheirsLeavesARunningClockAlone)
     const auto saver = saverInConflict();
     document.startRecordingWithTime(clock->seconds);
     clock->seconds += 40.0;
-    EXPECT_TRUE(saver->takeTheirs());
+    EXPECT_TRUE(tookTheirs(*saver));
     EXPECT_TRUE(document.isRecording());
     EXPECT_EQ(document.currentDuration(), 40.0);
 }
@@ -98,7 +98,7 @@ TEST_F(ZLFileConflictTest, TheirsThatIsNoDocumentIsRefusedAndTheQuestionStays)
     addChapter("Mine");
     ASSERT_TRUE(ZLAtomicFile::write(path, "not a document"));
     writeAndSettle(*saver);
-    const ZLStatus taken = saver->takeTheirs();
+    const ZLStatus taken = tookTheirs(*saver);
     ASSERT_FALSE(taken);
     EXPECT_TRUE(taken.error().message.startsWith(path));
     EXPECT_EQ(saver->state(), ZLSavingState::Conflict);
@@ -109,7 +109,7 @@ TEST_F(ZLFileConflictTest, KeepBothGoesOnInANewFileBesideIt)
 {
     ASSERT_TRUE(ZLAtomicFile::write(filePath("show 2.zelta"), "taken"));
     const auto saver = saverInConflict();
-    ASSERT_TRUE(saver->keepBoth());
+    ASSERT_TRUE(keptBoth(*saver));
     EXPECT_EQ(saver->path(), filePath("show 3.zelta"));
     EXPECT_EQ(saver->state(), ZLSavingState::Saved);
     EXPECT_EQ(titlesIn(path), theirs);

@@ -50,6 +50,68 @@ TEST_F(ZLFileUpdatingTest, AWriteThatIsDueIsCarriedOutBesideTheEventLoop)
     EXPECT_EQ(titlesIn(path), QStringList { u"One"_s });
 }
 
+TEST_F(ZLFileUpdatingTest, WhatIsAskedForDuringAWriteIsServedByTheNextOne)
+{
+    const auto parts = titledParts();
+    change(*parts, "One");
+    parts->updating.begin();
+    change(*parts, "Two");
+    QStringList written;
+    parts->updating.request([&](const ZLStatus& status, const ZLDocumentSnapshot* state) {
+        EXPECT_TRUE(status && state && state->chapters.size() == 2);
+        written = titlesIn(path);
+    });
+    parts->schedule.plan(ZLWriteSchedule::Haste::None);
+    runTasks();
+    EXPECT_EQ(written, QStringList()) << "that write began before";
+    runTasks();
+    EXPECT_EQ(written, (QStringList { u"One"_s, u"Two"_s }));
+}
+
+TEST_F(ZLFileUpdatingTest, AnUpdateServesWhatWasAskedForAlsoWhenItsWriteHasNotBegun)
+{
+    const auto parts = titledParts();
+    change(*parts, "One");
+    std::optional<ZLStatus> told;
+    parts->updating.request([&](const ZLStatus& status, const ZLDocumentSnapshot*) { told = status; });
+    EXPECT_FALSE(told);
+    EXPECT_TRUE(parts->updating.update(withoutEnd));
+    ASSERT_TRUE(told);
+    EXPECT_TRUE(*told);
+}
+
+TEST_F(ZLFileUpdatingTest, AFileThatWasTakenAwayIsWrittenAgainOnlyWhenAskedFor)
+{
+    const auto parts = titledParts();
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_TRUE(parts->updating.update(withoutEnd));
+    EXPECT_FALSE(QFile::exists(path));
+    std::optional<ZLStatus> told;
+    parts->updating.request([&](const ZLStatus& status, const ZLDocumentSnapshot*) { told = status; });
+    parts->updating.settleRequests(withoutEnd);
+    EXPECT_TRUE(told && *told);
+    EXPECT_TRUE(QFile::exists(path));
+}
+
+TEST_F(ZLFileUpdatingTest, WhilePausedNothingBeginsAndAfterwardsItIsMadeUpFor)
+{
+    const auto parts = titledParts();
+    change(*parts, "One");
+    parts->updating.begin();
+    int pauses = 0;
+    QObject::connect(&parts->updating, &ZLFileUpdating::didPause, &parts->updating, [&pauses] { ++pauses; });
+    parts->updating.pause();
+    EXPECT_EQ(pauses, 0) << "a write is under way";
+    change(*parts, "Two");
+    runTasks();
+    EXPECT_EQ(pauses, 1);
+    parts->updating.begin();
+    EXPECT_TRUE(tasks.empty());
+    parts->updating.resume();
+    runTasks();
+    EXPECT_EQ(titlesIn(path), (QStringList { u"One"_s, u"Two"_s }));
+}
+
 TEST_F(ZLFileUpdatingTest, TheEndOfAWriteLooksForNewerChangesUnlessOneIsPlanned)
 {
     const auto parts = titledParts();

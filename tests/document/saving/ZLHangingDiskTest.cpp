@@ -149,8 +149,8 @@ TEST_F(ZLHangingDiskTest, ADocumentMovesAwayFromAFileThatHangs)
     addChapter("One");
     EXPECT_FALSE(saver->saveNow(QDeadlineTimer(1)));
     fileGate->waitForSomebody();
-    EXPECT_FALSE(saver->saveAs(filePath("show.zelta"))) << "to where it is it cannot";
-    ASSERT_TRUE(saver->saveAs(filePath("elsewhere.zelta")));
+    EXPECT_FALSE(savedAs(*saver, filePath("show.zelta"))) << "to where it is it cannot";
+    ASSERT_TRUE(savedAs(*saver, filePath("elsewhere.zelta")));
     EXPECT_EQ(saver->state(), ZLSavingState::Saved);
     EXPECT_EQ(titlesIn(filePath("elsewhere.zelta")), QStringList { u"One"_s });
     addChapter("Two");

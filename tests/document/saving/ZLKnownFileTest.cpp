@@ -20,13 +20,14 @@ TEST(ZLKnownFileTest, NothingIsKnownOfAFileThatWasNeverReadOrWritten)
     const ZLKnownFile file;
     EXPECT_TRUE(file.bytes().isEmpty());
     EXPECT_EQ(file.versions(), std::nullopt) << "so whatever it holds may be replaced";
-    EXPECT_FALSE(file.lacksIdentifiers());
+    EXPECT_TRUE(file.readBytes().isEmpty());
 }
 
 TEST(ZLKnownFileTest, AFileThatWasReadIsKnownByItsOwnBytesAndAsThisProgramWouldWriteIt)
 {
     const ZLKnownFile file("ours", "as read", opened);
     EXPECT_EQ(file.bytes(), "ours");
+    EXPECT_EQ(file.readBytes(), "as read");
     EXPECT_EQ(file.versions(), digestsOf("as read"));
     EXPECT_EQ(file.timeOfBytes(), opened);
 }
@@ -48,14 +49,6 @@ TEST(ZLKnownFileTest, AWriteCountsFromItsMomentUnlessItChangesNothing)
     EXPECT_EQ(file.timeOfBytes(), later);
     EXPECT_EQ(file.bytes(), "newer");
     EXPECT_EQ(file.versions(), digestsOf("newer"));
-}
-
-TEST(ZLKnownFileTest, ForgettingTheBytesKeepsWhatMayBeReplaced)
-{
-    ZLKnownFile file("ours", "ours", opened);
-    file.forgetBytes();
-    EXPECT_TRUE(file.bytes().isEmpty());
-    EXPECT_EQ(file.versions(), digestsOf("ours"));
 }
 
 }

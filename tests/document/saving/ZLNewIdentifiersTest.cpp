@@ -1,4 +1,4 @@
-#include "document/saving/ZLNewIdentifiers.h"
+#include "document/ZLNewIdentifiers.h"
 
 #include "SavingFixture.h"
 
@@ -66,10 +66,10 @@ TEST_F(ZLNewIdentifiersTest, TheUsersSaveWritesThemAlthoughNothingWasEdited)
     const QByteArray bytes = fileWith({ without(ZLChapterKey::UUID) });
     const auto saver = saverOfFileWith(bytes);
     const QString uuid = document.chapterManager().chapterAtIndex(0)->uuid();
-    ASSERT_TRUE(saver->save());
+    ASSERT_TRUE(saved(*saver));
     EXPECT_EQ(chapterInFile().value(ZLChapterKey::UUID).toString(), uuid);
     EXPECT_EQ(writeCount, 1);
-    ASSERT_TRUE(saver->save());
+    ASSERT_TRUE(saved(*saver));
     EXPECT_EQ(writeCount, 1) << "once";
     EXPECT_FALSE(document.isDocumentEdited());
 }
@@ -86,6 +86,6 @@ TEST_F(ZLNewIdentifiersTest, OpeningAndClosingAloneWriteNothing)
 TEST_F(ZLNewIdentifiersTest, TheUsersSaveOfAWholeFileWritesNothing)
 {
     const auto saver = saverOfFileWith(fileWith({ wholeChapter(), without(ZLChapterKey::Link) }));
-    EXPECT_TRUE(saver->save());
+    EXPECT_TRUE(saved(*saver));
     EXPECT_EQ(writeCount, 0);
 }

@@ -128,11 +128,11 @@ TEST_F(ZLRecoveryFailureTest, ADocumentThatWasSavedUnderAnotherNameHasAJournalAs
 {
     const auto saver = untitledSaver();
     addChapter("One");
-    ASSERT_TRUE(saver->saveAs(filePath("show.zelta")));
+    ASSERT_TRUE(savedAs(*saver, filePath("show.zelta")));
     EXPECT_EQ(recoveryFolder.journaledFiles(), QStringList());
     addChapter("Two");
     EXPECT_EQ(journaledTitles(), (QStringList { u"One"_s, u"Two"_s }));
     document.startRecordingWithTime(clock->seconds);
-    ASSERT_TRUE(saver->saveAs(filePath("other.zelta")));
+    ASSERT_TRUE(savedAs(*saver, filePath("other.zelta")));
     EXPECT_TRUE(journaled().interruption) << "a running clock changes at any time";
 }

@@ -48,11 +48,11 @@ TEST_F(ZLReplacedFileTest, AHugeFileIsAnotherProgramsAndTheUserDecides)
     writeAndSettle(*saver);
     EXPECT_EQ(saver->state(), ZLSavingState::Conflict);
     EXPECT_EQ(saver->failureText(), path + u": Another program changed the file."_s);
-    const ZLStatus taken = saver->takeTheirs();
+    const ZLStatus taken = tookTheirs(*saver);
     ASSERT_FALSE(taken);
     EXPECT_EQ(taken.error().message, path + u": The file is larger than 512 MiB."_s);
     EXPECT_EQ(saver->state(), ZLSavingState::Conflict);
-    EXPECT_TRUE(saver->keepMine());
+    EXPECT_TRUE(keptMine(*saver));
     EXPECT_EQ(titlesIn(path), QStringList { u"Mine"_s });
 }
 

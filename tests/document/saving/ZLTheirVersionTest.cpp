@@ -18,7 +18,7 @@ TEST_F(ZLTheirVersionTest, ADocumentIsReadAndMayBeReplacedAsItIs)
     ASSERT_TRUE(ZLAtomicFile::write(path, document.dataOfType()));
     const auto theirs = ZLTheirVersion::read(path);
     ASSERT_TRUE(theirs);
-    EXPECT_EQ(theirs.value().contents().chapters.size(), 1);
+    EXPECT_EQ(theirs.value().parts().chapters.size(), 1);
     EXPECT_EQ(theirs.value().bytes(), document.dataOfType());
     const ZLKnownFile known = theirs.value().asKnownFile();
     EXPECT_EQ(known.versions(), ZLTheirVersion::toBeReplaced(path, time).versions());

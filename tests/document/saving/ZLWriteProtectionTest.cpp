@@ -128,11 +128,11 @@ TEST_F(ZLWriteProtectionTest, SaveAsAsksAndAFailureChangesNothing)
     const auto process = otherProcessWith(other);
     const auto saver = titledSaver(path);
     addChapter("Mine");
-    const ZLStatus saved = saver->saveAs(other);
+    const ZLStatus saved = savedAs(*saver, other);
     ASSERT_FALSE(saved);
     EXPECT_TRUE(saved.error().message.startsWith(other));
     EXPECT_EQ(ZLBoundedFile::read(other, ZLFileBound::List).value(), "theirs");
     EXPECT_EQ(saver->path(), path);
-    EXPECT_TRUE(saver->saveAs(path)) << "its own file is no other's";
+    EXPECT_TRUE(savedAs(*saver, path)) << "its own file is no other's";
     EXPECT_EQ(titlesIn(path), QStringList { u"Mine"_s });
 }

@@ -2,6 +2,7 @@
 
 #include "document/ui/ZLWindowFixture.h"
 
+#include <QAbstractButton>
 #include <QDockWidget>
 #include <QSignalSpy>
 
@@ -34,6 +35,13 @@ protected:
     QDockWidget* m_drawer = nullptr;
     int m_width = 0;
 };
+
+TEST_F(ZLDrawerSlideTest, ItsCloseButtonSaysWhatItCloses)
+{
+    const auto* button = m_drawer->findChild<QAbstractButton*>(QStringLiteral("qt_dockwidget_closebutton"));
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->accessibleDescription(), QStringLiteral("Closes the templates"));
+}
 
 TEST_F(ZLDrawerSlideTest, ClosingIsKnownAtOnceAndSeenSlowly)
 {

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """A press counts when it reached the computer: while the program is stopped, keys in its window, a key of the whole
-system, clicks and remote controls are pressed, and each mark has the time of its press."""
+system, clicks and remote controls are pressed, and each mark has the time of its press. A button acts when it is let go,
+and its mark has the time at which it went down."""
 
 import os
 import signal
@@ -38,7 +39,8 @@ class StampTest(unittest.TestCase):
         lines = ["[General]", f"ZLGlobalHotkeysSetting={str(are_keys_global).lower()}", "ZLNewChapterOnStartSetting=true"]
         lines += [f'{key}="{stored_shortcut(code, 0)}"' for key, code in shortcuts.items()]
         (folder / "zelta.conf").write_text("\n".join(lines) + "\n")
-        self.path = self.desktop.home / f"global-{are_keys_global}.zelta"
+        # What a window leaves that is killed belongs to its own file.
+        self.path = self.desktop.home / f"{self._testMethodName}.zelta"
         self.path.write_bytes(document_with_templates([]))
         self.window = Window(self.desktop, [PROGRAM, self.path])
         self.addCleanup(self.end)
@@ -80,8 +82,11 @@ class StampTest(unittest.TestCase):
         for number, (reading, moment) in enumerate(zip(times, self.presses)):
             self.assertAlmostEqual(reading, moment - self.presses[0], delta=TOLERANCE, msg=f"press {number}")
 
-    def add_button_center(self):
-        node = self.window.accessible.find(self.window.frame, "push button", "Add")
+    def point_at(self, button):
+        self.desktop.xdotool("mousemove", *map(str, self.center_of(button)))
+
+    def center_of(self, button):
+        node = self.window.accessible.find(self.window.frame, "push button", button)
         box = node.queryComponent().getExtents(self.window.accessible.pyatspi.DESKTOP_COORDS)
         return box.x + box.width // 2, box.y + box.height // 2
 
@@ -90,9 +95,21 @@ class StampTest(unittest.TestCase):
         self.press_while_stopped(lambda: self.keyboard.press("F6"))
         self.press_while_stopped(lambda: self.keyboard.press("F7"))
         self.press_while_stopped(lambda: self.remote.press("newChapter"))
-        self.desktop.xdotool("mousemove", *map(str, self.add_button_center()))
+        self.point_at("Add")
         self.press_while_stopped(self.keyboard.click)
         self.press_while_stopped(lambda: self.keyboard.press("F7"))
+        self.expect_presses()
+
+    def test_buttons_that_are_held_count_from_their_press(self):
+        self.start(are_keys_global=False)
+        self.point_at("Start")
+        self.presses.append(self.keyboard.click(held=0.4))
+        wait_until(lambda: len(self.times()) == 1, "the chapter of the start")
+        self.presses.append(self.remote.press("newChapter"))
+        wait_until(lambda: len(self.times()) == 2, "the chapter of the remote control")
+        self.point_at("Add")
+        self.presses.append(self.keyboard.click(held=0.3))
+        wait_until(lambda: len(self.times()) == 3, "the chapter of the button")
         self.expect_presses()
 
     def test_keys_of_the_whole_system_and_a_stop(self):

@@ -101,7 +101,7 @@ class Desktop:
 
     def _start_display(self):
         reader, writer = os.pipe()
-        self.start(
+        self.display_server = self.start(
             "Xvfb", "-displayfd", writer, "-screen", "0", f"{self.size}x24", "-nolisten", "tcp",
             # Without this it starts over when its last client goes, and takes those along who are about to come.
             "-noreset",

@@ -48,10 +48,13 @@ class Keyboard:
         self.x11.XSync(self.display, 0)
         return moment
 
-    def click(self):
-        """Clicks where the pointer is. The release gives the command."""
-        self.xtst.XTestFakeButtonEvent(self.display, 1, 1, 0)
+    def click(self, held=0.0):
+        """Clicks where the pointer is, and lets the button go so many seconds after its press. Gives the moment of the
+        press."""
         moment = now()
+        self.xtst.XTestFakeButtonEvent(self.display, 1, 1, 0)
+        self.x11.XFlush(self.display)
+        time.sleep(held)
         self.xtst.XTestFakeButtonEvent(self.display, 1, 0, 0)
         self.x11.XFlush(self.display)
         return moment

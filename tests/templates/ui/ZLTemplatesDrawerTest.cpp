@@ -169,7 +169,7 @@ TEST_F(ZLTemplatesDrawerTest, TabInTheLastLinkClosesIt)
     EXPECT_EQ(controller.selectedRow(), 1);
 }
 
-TEST_F(ZLTemplatesDrawerTest, PasteImportsUnlessAFieldIsOpen)
+TEST_F(ZLTemplatesDrawerTest, PasteImportsAtTheEndWhileNoFieldIsOpen)
 {
     addTemplates({ u"a"_s });
     QGuiApplication::clipboard()->setText(u"- Intro\n- News"_s);
@@ -178,12 +178,50 @@ TEST_F(ZLTemplatesDrawerTest, PasteImportsUnlessAFieldIsOpen)
     button(u"importButton"_s)->setFocus();
     press(Qt::Key_Insert, Qt::ShiftModifier);
     EXPECT_EQ(model.rowCount(), 5);
-    table->setFocus();
+}
+
+TEST_F(ZLTemplatesDrawerTest, LinesThatArePastedIntoATitleBecomeTemplatesBehindIt)
+{
+    addTemplates({ u"a"_s, u"b"_s });
+    clickRow(0);
+    QGuiApplication::clipboard()->setText(u"Intro\r\nexample.com\r\nNews\r\nOutlook\r\n"_s);
     press(Qt::Key_F2);
     press(Qt::Key_V, Qt::ControlModifier);
+    ASSERT_TRUE(editor()) << "typing goes on";
+    EXPECT_EQ(editor()->text(), u"Intro"_s);
+    EXPECT_EQ(titles(), (QStringList { u"Intro"_s, u"News"_s, u"Outlook"_s, u"b"_s }));
+    type(u" and more"_s);
     press(Qt::Key_Return);
-    EXPECT_EQ(model.rowCount(), 5);
-    EXPECT_TRUE(titles().constFirst().contains(u"Intro"_s));
+    EXPECT_EQ(titles(), (QStringList { u"Intro and more"_s, u"News"_s, u"Outlook"_s, u"b"_s }));
+
+    history.undo();
+    EXPECT_EQ(titles(), (QStringList { u"a"_s, u"b"_s })) << "all of it is one step";
+    history.redo();
+    EXPECT_EQ(titles().sliced(1), (QStringList { u"News"_s, u"Outlook"_s, u"b"_s }));
+}
+
+TEST_F(ZLTemplatesDrawerTest, AnOutlineThatIsPastedIntoANewTitleLosesItsMarks)
+{
+    click(u"addButton"_s);
+    QGuiApplication::clipboard()->setText(u"1. Intro https://example.com/show\n2. News"_s);
+    press(Qt::Key_V, Qt::ControlModifier);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(titles().size(), 2);
+    EXPECT_TRUE(titles().constFirst().startsWith(u"Intro"_s));
+    EXPECT_EQ(titles().constLast(), u"News"_s);
+    EXPECT_EQ(links().constFirst(), u"https://example.com/show"_s);
+}
+
+TEST_F(ZLTemplatesDrawerTest, ASingleLineThatIsPastedIntoATitleIsTypedText)
+{
+    addTemplates({ u"a"_s });
+    QGuiApplication::clipboard()->setText(u"News\n"_s);
+    press(Qt::Key_F2);
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(titles(), QStringList { u"a"_s }) << "not before it is kept";
+    press(Qt::Key_Return);
+    EXPECT_EQ(titles().constFirst(), u"News"_s);
+    EXPECT_FALSE(history.canUndo() && history.undoActionName() == u"Import Templates"_s);
 }
 
 TEST_F(ZLTemplatesDrawerTest, TextThatIsDroppedAnywhereIsImportedAtTheEnd)

@@ -4,6 +4,7 @@
 #include "document/ui/ZLMessageBar.h"
 
 #include <QLocale>
+#include <QPointer>
 #include <QTimeZone>
 
 using namespace Qt::StringLiterals;
@@ -64,9 +65,16 @@ void ZLRevertMenu::revertTo(const ZLDocumentState& state)
 {
     m_window.commitTypedText();
     ZLDocumentSaver* saver = m_controller.saverOf(&m_window.document());
-    if (!saver)
-        return;
-    if (const ZLStatus reverted = saver->revertTo(state); !reverted)
+    if (saver)
+        saver->revertTo(state, [menu = QPointer(this)](const ZLStatus& reverted) {
+            if (menu)
+                menu->showOutcome(reverted);
+        });
+}
+
+void ZLRevertMenu::showOutcome(const ZLStatus& reverted)
+{
+    if (!reverted)
         m_window.messageBar().showMessage(
             u"revertFailure"_s, reverted.error().message, { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
     else

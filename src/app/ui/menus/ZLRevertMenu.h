@@ -23,6 +23,7 @@ private:
     void addNothing();
     void addState(const ZLDocumentState& state, qsizetype number);
     void revertTo(const ZLDocumentState& state);
+    void showOutcome(const ZLStatus& reverted);
 
     ZLDocumentController& m_controller;
     ZLChapterDocumentWindow& m_window;

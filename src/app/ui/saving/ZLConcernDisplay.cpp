@@ -46,7 +46,7 @@ void ZLConcernDisplay::choose(const ZLConcern& concern, ZLConcernAction action)
 {
     // What came of another choice is to be seen in the bar.
     if (action != ZLConcernAction::SaveAs) {
-        (void)m_concerns.choose(concern, action);
+        m_concerns.choose(concern, action, [](const ZLStatus&) { });
         return;
     }
     // Until the new place is known, what is true stays in sight.

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QPointer>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -26,12 +27,13 @@ void ZLSavePanel::save()
         saveAs();
         return;
     }
-    const ZLStatus saved = saver->save();
-    if (saved)
-        showSuccess(tr("Saved. Further changes are saved automatically."));
-    // What the document's state already tells needs no second message.
-    else if (saver->state() == ZLSavingState::Saved)
-        showFailure(saved.error().message);
+    saver->save([panel = QPointer(this), saver](const ZLStatus& saved) {
+        if (panel && saved)
+            panel->showSuccess(tr("Saved. Further changes are saved automatically."));
+        // What the document's state already tells needs no second message.
+        else if (panel && saver->state() == ZLSavingState::Saved)
+            panel->showFailure(saved.error().message);
+    });
 }
 
 void ZLSavePanel::saveAs(const std::function<void()>& whenSaved)
@@ -76,14 +78,19 @@ void ZLSavePanel::askWhetherToReplace(const QString& path, const std::function<v
 
 void ZLSavePanel::writeTo(const QString& path, const std::function<void()>& whenSaved)
 {
-    const ZLStatus saved = m_controller.saveDocumentAs(&m_window.document(), path);
-    if (!saved) {
-        showFailure(saved.error().message);
-        return;
-    }
-    showSuccess(tr("Saved as %1.").arg(QFileInfo(path).fileName()));
-    if (whenSaved)
-        whenSaved();
+    const auto tell = [panel = QPointer(this), path, whenSaved](const ZLStatus& saved) {
+        if (!panel)
+            return;
+        if (!saved) {
+            panel->showFailure(saved.error().message);
+            return;
+        }
+        panel->showSuccess(tr("Saved as %1.").arg(QFileInfo(path).fileName()));
+        // It may close the document, whose saver is telling this.
+        if (whenSaved)
+            QMetaObject::invokeMethod(panel.data(), whenSaved, Qt::QueuedConnection);
+    };
+    m_controller.saveDocumentAs(&m_window.document(), path, tell);
 }
 
 void ZLSavePanel::showSuccess(const QString& message)

@@ -6,6 +6,8 @@
 #include "document/ui/ZLMessageBar.h"
 #include "platform/ZLShownText.h"
 
+#include <QPointer>
+
 namespace {
 
 /// One question at a time: what comes of an answer may be the next question.
@@ -34,10 +36,37 @@ bool ZLWindowCloser::windowShouldClose()
         askWhetherToKeep();
         return false;
     }
+    if (m_closing == ZLClosing::Keep && !m_isSaved && isAnotherRecording()) {
+        saveBeforeClosing(*m_controller.saverOf(&m_window.document()));
+        return false;
+    }
     const ZLStatus closed = m_controller.closeDocument(&m_window.document(), m_closing);
     if (!closed)
         showFailure(closed.error().message);
     return closed.isOk();
+}
+
+bool ZLWindowCloser::isAnotherRecording() const
+{
+    return !m_window.document().isRecording() && !m_controller.canTerminate();
+}
+
+void ZLWindowCloser::saveBeforeClosing(ZLDocumentSaver& saver)
+{
+    saver.trySaving([closer = QPointer(this)](const ZLStatus& saved) {
+        if (closer && !saved)
+            closer->showFailure(saved.error().message);
+        // The saver that is telling this goes with its document.
+        else if (closer)
+            QMetaObject::invokeMethod(closer.data(), &ZLWindowCloser::closeSaved, Qt::QueuedConnection);
+    });
+}
+
+void ZLWindowCloser::closeSaved()
+{
+    m_isSaved = true;
+    m_window.close();
+    m_isSaved = false;
 }
 
 bool ZLWindowCloser::isLastDocument() const

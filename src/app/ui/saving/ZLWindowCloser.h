@@ -20,6 +20,10 @@ private:
     /// Closes the document and says yes, or asks and says no.
     [[nodiscard]] bool windowShouldClose();
     [[nodiscard]] bool isLastDocument() const;
+    [[nodiscard]] bool isAnotherRecording() const;
+    /// Beside the event loop, which the recording needs; the window closes at the end.
+    void saveBeforeClosing(ZLDocumentSaver& saver);
+    void closeSaved();
     void askWhetherToKeep();
     void showFailure(const QString& message);
     void closeWith(ZLClosing closing);
@@ -29,4 +33,6 @@ private:
     ZLChapterDocumentWindow& m_window;
     ZLClosing m_closing = ZLClosing::Keep;
     bool m_isDecided = false;
+    /// The document was written a moment ago.
+    bool m_isSaved = false;
 };

@@ -13,7 +13,7 @@ ZLChapterListShadow::ZLChapterListShadow(const ZLChapterManager& chapters)
     connect(&chapters, &ZLChapterManager::didReplaceChapters, this, &ZLChapterListShadow::doubtEverything);
 }
 
-std::optional<ZLJournalSplice> ZLChapterListShadow::takeDifference()
+std::optional<ZLChapterListDifference> ZLChapterListShadow::takeDifference()
 {
     if (m_changesSeen != m_manager.changeCount())
         doubtEverything();
@@ -27,17 +27,18 @@ std::optional<ZLJournalSplice> ZLChapterListShadow::takeDifference()
         && chapters.at(chapters.size() - 1 - last)->isAsIn(*m_entries.at(m_entries.size() - 1 - last)))
         ++last;
     m_changesSeen = m_manager.changeCount();
-    ZLJournalSplice splice { .first = first, .removedCount = m_entries.size() - first - last };
+    ZLChapterListDifference difference { .first = first, .removedCount = m_entries.size() - first - last };
     const qsizetype insertedCount = chapters.size() - first - last;
-    if (splice.removedCount == 0 && insertedCount == 0)
+    if (difference.removedCount == 0 && insertedCount == 0)
         return std::nullopt;
-    m_entries.remove(first, splice.removedCount);
+    m_entries.remove(first, difference.removedCount);
     m_entries.insert(first, insertedCount, {});
+    difference.inserted.reserve(insertedCount);
     for (qsizetype index = first; index < first + insertedCount; ++index) {
         m_entries[index] = chapters.at(index)->record();
-        splice.inserted.append(chapters.at(index)->dictionaryRepresentation());
+        difference.inserted.append(m_entries.at(index));
     }
-    return splice;
+    return difference;
 }
 
 void ZLChapterListShadow::noteInsertion(qsizetype index)

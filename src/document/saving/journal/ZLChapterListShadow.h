@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/saving/journal/ZLJournalChange.h"
+#include "document/saving/journal/ZLJournalDifference.h"
 #include "model/ZLChapterManager.h"
 
 #include <QObject>
@@ -17,7 +17,7 @@ public:
 
     /// The one run of chapters that has to be replaced to come from the former state to this one; absent when nothing
     /// differs. From here on the list is remembered as it is now.
-    [[nodiscard]] std::optional<ZLJournalSplice> takeDifference();
+    [[nodiscard]] std::optional<ZLChapterListDifference> takeDifference();
 
 private:
     void noteInsertion(qsizetype index);

@@ -29,8 +29,9 @@ void ZLDocumentJournal::begin(const QString& journalPath, const QString& filePat
 {
     m_file = std::make_shared<ZLJournalFile>(journalPath, m_disk);
     m_filePath = filePath;
-    beginFile(versions);
-    m_file->waitUntilHandedOver(m_disk.longestHandOver);
+    const bool isLong = beginFile(versions);
+    if (!isLong)
+        m_file->waitUntilHandedOver(m_disk.longestHandOver);
 }
 
 void ZLDocumentJournal::tidy(const ZLKnownVersions& versions)
@@ -38,7 +39,7 @@ void ZLDocumentJournal::tidy(const ZLKnownVersions& versions)
     if (!m_file || (!m_file->isBroken() && m_file->size() <= std::max(SmallSize, 4 * m_file->sizeAtBeginning())))
         return;
     note();
-    beginFile(versions);
+    (void)beginFile(versions);
 }
 
 bool ZLDocumentJournal::end(QDeadlineTimer deadline)
@@ -62,14 +63,21 @@ void ZLDocumentJournal::note()
 {
     if (!m_file)
         return;
-    const auto change = takeDifference();
+    auto change = takeDifference();
     if (!change)
         return;
+    if (change->isLong()) {
+        const auto makeRecord = [made = std::move(*change)] {
+            return ZLJournalRecord { ZLJournalRecord::Kind::Change, made.encoded() };
+        };
+        m_file->append(makeRecord, ZLJournalFile::Sync::AtOnce);
+        return;
+    }
     m_file->append({ ZLJournalRecord::Kind::Change, change->encoded() }, ZLJournalFile::Sync::AtOnce);
     m_file->waitUntilHandedOver(m_disk.longestHandOver);
 }
 
-std::optional<ZLJournalChange> ZLDocumentJournal::takeDifference()
+std::optional<ZLJournalDifference> ZLDocumentJournal::takeDifference()
 {
     auto chapters = m_chapters.takeDifference();
     auto templates = m_templates.takeDifference();
@@ -77,7 +85,7 @@ std::optional<ZLJournalChange> ZLDocumentJournal::takeDifference()
     const ClockState clock = clockState();
     if (std::exchange(m_clock, clock) == clock && !chapters && !templates && !extras)
         return std::nullopt;
-    ZLJournalChange change = readingNow();
+    ZLJournalDifference change = readingNow();
     change.chapters = std::move(chapters);
     change.templates = std::move(templates);
     change.extras = std::move(extras);
@@ -114,30 +122,36 @@ void ZLDocumentJournal::rememberDocument()
     (void)noticeChange();
 }
 
-ZLJournalChange ZLDocumentJournal::readingNow() const
+ZLJournalDifference ZLDocumentJournal::readingNow() const
 {
-    ZLJournalChange change { .reading = m_document.currentDuration(), .running = m_document.interruptedRecording() };
+    ZLJournalDifference change { .reading = m_document.currentDuration(),
+        .running = m_document.interruptedRecording() };
     if (m_document.isRecording())
         change.running = ZLInterruptedRecording { .reading = change.reading, .lastSeen = m_document.wallClockTime() };
     return change;
 }
 
-void ZLDocumentJournal::beginFile(const ZLKnownVersions& versions)
+bool ZLDocumentJournal::beginFile(const ZLKnownVersions& versions)
 {
     using Kind = ZLJournalRecord::Kind;
     rememberDocument();
-    QList<ZLJournalRecord> others;
+    QList<ZLJournalRecord> records { { Kind::Origin, m_filePath.toUtf8() } };
     const auto digests = versions.value_or(QList<QByteArray>());
     for (const QByteArray& digest : digests)
-        others.append({ Kind::KnownFile, digest });
+        records.append({ Kind::KnownFile, digest });
     const auto base = std::exchange(m_base, std::nullopt);
     const auto changeSinceBase = std::exchange(m_changeSinceBase, std::nullopt);
-    others.append({ Kind::Change, base && changeSinceBase ? changeSinceBase->encoded() : readingNow().encoded() });
-    const ZLJournalRecord origin { Kind::Origin, m_filePath.toUtf8() };
+    const ZLJournalDifference change = base && changeSinceBase ? *changeSinceBase : readingNow();
+    const auto addAll = [records, change](const ZLJournalRecord& state) {
+        QList<ZLJournalRecord> all = records;
+        all.insert(1, state);
+        all.append({ Kind::Change, change.encoded() });
+        return all;
+    };
     if (base)
-        m_file->begin([origin, base, others] { return QList { origin, base->record() } + others; });
+        m_file->begin([addAll, base] { return addAll(base->record()); });
     else
-        m_file->begin([origin, snapshot = m_document.snapshot(), others] {
-            return QList { origin, ZLJournalRecord { Kind::Snapshot, snapshot.encoded() } } + others;
-        });
+        m_file->begin(
+            [addAll, snapshot = m_document.snapshot()] { return addAll({ Kind::Snapshot, snapshot.encoded() }); });
+    return change.isLong();
 }

@@ -49,7 +49,7 @@ public:
     /// Whether the document differs from what it was at the last call, or at the beginning. To be asked while no file
     /// is begun.
     [[nodiscard]] bool noticeChange();
-    /// Journals what differs from the last record, and waits until the kernel has it.
+    /// Journals what differs from the last record, and waits until the kernel has it, unless that is a long list.
     void note();
     /// Journals the reading of a running clock; without waiting.
     void noteReading();
@@ -67,10 +67,11 @@ private:
     [[nodiscard]] ClockState clockState() const;
     void followClock();
     void rememberDocument();
-    [[nodiscard]] ZLJournalChange readingNow() const;
+    [[nodiscard]] ZLJournalDifference readingNow() const;
     /// What differs from the last call; absent for nothing.
-    [[nodiscard]] std::optional<ZLJournalChange> takeDifference();
-    void beginFile(const ZLKnownVersions& versions);
+    [[nodiscard]] std::optional<ZLJournalDifference> takeDifference();
+    /// Returns whether it begins with a change that is not waited for.
+    [[nodiscard]] bool beginFile(const ZLKnownVersions& versions);
 
     ZLChapterDocument& m_document;
     const ZLJournalDisk m_disk;
@@ -81,7 +82,7 @@ private:
     ClockState m_clock;
     /// Absent when the document has become different in more than one step since.
     std::optional<ZLJournalBase> m_base;
-    std::optional<ZLJournalChange> m_changeSinceBase;
+    std::optional<ZLJournalDifference> m_changeSinceBase;
     QTimer m_tickTimer { this };
     int m_ticks = 0;
 };

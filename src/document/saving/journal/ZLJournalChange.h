@@ -13,7 +13,7 @@
 struct ZLJournalSplice {
     qsizetype first = 0;
     qsizetype removedCount = 0;
-    /// Chapter dictionaries.
+    /// Chapter dictionaries of either form when written, maps when read.
     QVariantList inserted {};
 };
 

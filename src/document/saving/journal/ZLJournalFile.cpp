@@ -154,6 +154,11 @@ void ZLJournalFile::append(ZLJournalRecord record, Sync sync)
     post([this, record = std::move(record)] { performAppend(record); }, sync);
 }
 
+void ZLJournalFile::append(std::function<ZLJournalRecord()> makeRecord, Sync sync)
+{
+    post([this, makeRecord = std::move(makeRecord)] { performAppend(makeRecord()); }, sync);
+}
+
 bool ZLJournalFile::waitUntilHandedOver(std::chrono::milliseconds limit)
 {
     return waitFor(m_writtenCount, m_missedHandOver, limit);

@@ -48,6 +48,8 @@ public:
     /// nothing while the file is being begun anew already.
     void begin(MakeRecords makeRecords);
     void append(ZLJournalRecord record, Sync sync);
+    /// The same for a record that takes its time to be made, on a thread of the file's.
+    void append(std::function<ZLJournalRecord()> makeRecord, Sync sync);
 
     /// Waits until the kernel has everything that was appended, so that a kill of the process cannot lose it. Returns
     /// false when that lasts longer than `limit`; then there is no further wait until that has come.

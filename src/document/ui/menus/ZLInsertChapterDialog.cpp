@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int fieldCharacters = 44;
+
 QString textOf(double seconds)
 {
     ZLChapter chapter;
@@ -35,6 +37,8 @@ ZLInsertChapterDialog::ZLInsertChapterDialog(double proposedTime, QWidget* paren
     message->setBuddy(m_field);
     auto* form = new QLabel(ZLTimeEntry::form(), this);
     m_field->setObjectName(u"time"_s);
+    // Wide enough for the title beside the buttons of a window's bar.
+    m_field->setMinimumWidth(fontMetrics().averageCharWidth() * fieldCharacters);
     m_field->setAccessibleName(tr("Time of the new chapter"));
     m_field->setAccessibleDescription(ZLTimeEntry::form());
     m_field->selectAll();

@@ -58,6 +58,7 @@ TEST_F(ZLRevertMenuTest, ChoosingOneIsAStepToUndo)
     changeAndWrite(u"Three"_s);
     m_document->undoManager().removeAllActions();
     items().last()->trigger();
+    settle();
     EXPECT_EQ(titles(m_document), QStringList { u"Stored"_s });
     EXPECT_EQ(m_document->undoManager().undoActionName(), u"Revert"_s);
     writeNow(m_document);
@@ -83,6 +84,7 @@ TEST_F(ZLRevertMenuTest, AStateThatWentMeanwhileIsSaidInTheBar)
     const auto states = items();
     ASSERT_TRUE(QFile::remove(m_controller.saverOf(m_document)->formerStates().value(0).path));
     states.first()->trigger();
+    settle();
     EXPECT_FALSE(barText(m_document).isEmpty());
     EXPECT_EQ(titles(m_document), (QStringList { u"Stored"_s, u"Two"_s }));
 }

@@ -38,6 +38,7 @@ TEST_F(ZLSavePanelTest, AFileThatTheDialogDidNotAskAboutIsNotReplacedWithoutAQue
     trigger(document, u"saveAs"_s);
     // As the desktop's own dialog does, which knows nothing of the extension.
     Q_EMIT dialogOf(document)->fileSelected(filePath(u"Episode 1.5"_s));
+    settle();
     EXPECT_EQ(titlesInFile(path), QStringList { u"Stored"_s });
     EXPECT_TRUE(barText(document).contains("Episode 1.5.zelta"_L1));
     pressInBar(document, u"Replace"_s);
@@ -124,6 +125,7 @@ TEST_F(ZLSavePanelTest, AFileThatIsOpenInAnotherWindowIsNotTaken)
     addChapter(document, u"Mine"_s);
     trigger(document, u"saveAs"_s);
     Q_EMIT dialogOf(document)->fileSelected(filePath(u"show.zelta"_s));
+    settle();
     EXPECT_TRUE(barText(document).contains(" is in use by Zelta. Choose another name."_L1));
     EXPECT_EQ(titlesInFile(filePath(u"show.zelta"_s)), titles(other));
 }

@@ -43,6 +43,27 @@ TEST_F(ZLWindowCloserTest, AnUntitledDocumentWithContentIsAskedAbout)
     EXPECT_EQ(barButtons(document), (QStringList { u"Save As…"_s, u"Discard"_s, u"Cancel"_s }));
 }
 
+TEST_F(ZLWindowCloserTest, WhileAnotherRecordsTheDocumentIsWrittenBesideItAndThenCloses)
+{
+    ZLChapterDocument* recording = newDocument();
+    recording->recordButtonPressed();
+    const QString path = storedFile(u"show.zelta"_s);
+    ZLChapterDocument* document = openFile(path);
+    addChapter(document, u"Mine"_s);
+    m_diskError = u"show.zelta: The disk is full."_s;
+    EXPECT_FALSE(windowOf(document).close());
+    settle();
+    EXPECT_TRUE(isOpen(document));
+    EXPECT_TRUE(barText(document).contains("Close it anyway?"_L1)) << qPrintable(barText(document));
+    m_diskError.clear();
+    EXPECT_FALSE(windowOf(document).close()) << "not before it is written";
+    settle();
+    flush();
+    EXPECT_FALSE(isOpen(document));
+    EXPECT_EQ(titlesInFile(path), (QStringList { u"Stored"_s, u"Mine"_s }));
+    recording->recordButtonPressed();
+}
+
 TEST_F(ZLWindowCloserTest, DiscardClosesAndForgets)
 {
     ZLChapterDocument* document = untitledBesideAnother();

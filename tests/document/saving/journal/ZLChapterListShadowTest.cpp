@@ -25,7 +25,8 @@ protected:
     /// What is told now; the copy follows it.
     std::optional<ZLJournalSplice> follow()
     {
-        const auto splice = shadow.takeDifference();
+        const auto difference = shadow.takeDifference();
+        const auto splice = difference ? std::optional(difference->asSplice()) : std::nullopt;
         if (splice) {
             copy.remove(splice->first, splice->removedCount);
             for (qsizetype index = 0; index < splice->inserted.size(); ++index)

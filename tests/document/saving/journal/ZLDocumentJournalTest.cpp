@@ -143,7 +143,7 @@ TEST_F(ZLDocumentJournalTest, AfterSaveAsTheJournalBeginsWithTheBytesThatWereSav
 {
     const auto saver = titledSaver(filePath("show.zelta"));
     addChapter("First");
-    ASSERT_TRUE(saver->saveAs(filePath("other.zelta")));
+    ASSERT_TRUE(savedAs(*saver, filePath("other.zelta")));
     addChapter("Second");
     EXPECT_EQ(journaledTitles(), (QStringList { u"First"_s, u"Second"_s }));
     EXPECT_EQ(journaled().filePath, filePath("other.zelta"));

@@ -1,4 +1,4 @@
-#include "document/saving/ZLNewIdentifiers.h"
+#include "document/ZLNewIdentifiers.h"
 
 #include "document/ZLDocumentFile.h"
 #include "model/ZLChapter.h"

@@ -1,132 +1,92 @@
 #include "alignment/ZLAlignmentSeeds.h"
 
-#include "alignment/ZLFingerprintNoise.h"
-#include "alignment/ZLFingerprintSearch.h"
+#include "alignment/ZLAnchors.h"
+#include "alignment/ZLWindowSearch.h"
 
 #include <algorithm>
-#include <optional>
-#include <span>
-#include <thread>
 
 namespace {
 
-constexpr std::int64_t framesBetweenWindows = 20;
-/// The first look takes every so many windows, each further one half as many.
-constexpr size_t firstStep = 8;
-constexpr size_t placesOfWindow = 3;
-constexpr float mostDiffering = 0.42F;
-/// Where a neighbour lies at the same distance.
-constexpr float mostDifferingBesideNeighbour = 0.43F;
-/// Below it, no other place is looked for.
-constexpr float clearlyTheSame = 0.40F;
-constexpr std::int64_t reachAroundNeighbour = 2;
+using ZLFrameAlignment::Frames;
 
-using Places = std::vector<ZLFingerprintPlace>;
+constexpr std::int64_t framesOfSeedWindow = ZLFingerprintSearch::FramesInWindow;
+constexpr std::int64_t framesBetweenSeeds = 20;
+constexpr float mostDifferingOfSeed = 0.43F;
 
-/// The windows of a show, and what is known of them so far.
-class Windows {
+class Seeding {
 public:
-    Windows(const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLWorkProgress& progress)
-        : m_frames(ZLFingerprintNoise::filled(show, ZLFingerprintNoise::Side::Show))
-        , m_search(file)
-        , m_progress(progress)
+    Seeding(Frames show, Frames file, ZLWorkProgress& progress)
+        : m_show(show)
+        , m_file(file)
+        , m_search(show, file, progress)
     {
-        const std::int64_t count =
-            (std::int64_t(m_frames.size()) - ZLFingerprintSearch::FramesInWindow) / framesBetweenWindows + 1;
-        if (std::int64_t(m_frames.size()) < ZLFingerprintSearch::FramesInWindow)
-            return;
-        m_places.resize(size_t(count));
-        for (std::int64_t window = 0; window < count; ++window) {
-            const auto* first = show.frames.data() + window * framesBetweenWindows;
-            const auto silent = std::count(
-                first, first + ZLFingerprintSearch::FramesInWindow, std::uint32_t(ZLSoundFingerprint::Nothing));
-            m_isWorthLooking.push_back(silent * 2 < ZLFingerprintSearch::FramesInWindow);
-        }
-        m_progress.begin(count);
     }
 
-    /// All windows that are `step` apart and were not looked at before.
-    void look(size_t step)
+    /// A run goes on where a clock of another speed has moved it by some frames.
+    void addIn(const ZLFrameRun& run)
     {
-        std::atomic<size_t> next = step == firstStep ? 0 : step;
-        const size_t stride = step == firstStep ? step : 2 * step;
-        const auto work = [&] {
-            for (size_t window = next.fetch_add(stride); window < m_places.size() && !m_progress.isCancelled();
-                window = next.fetch_add(stride)) {
-                m_places[window] = placesOf(window, step);
-                m_progress.advance(1);
-            }
-        };
-        std::vector<std::jthread> helpers;
-        for (unsigned count = 1; count < std::thread::hardware_concurrency(); ++count)
-            helpers.emplace_back(work);
-        work();
-    }
-
-    [[nodiscard]] std::vector<ZLAlignmentSeed> seeds() const
-    {
-        std::vector<ZLAlignmentSeed> seeds;
-        for (size_t window = 0; window < m_places.size(); ++window) {
-            for (const ZLFingerprintPlace& place : m_places[window].value_or(Places {}))
-                seeds.push_back({ std::int64_t(window) * framesBetweenWindows, place.frame, place.differingShare });
+        std::int64_t shift = run.shift();
+        for (std::int64_t frame = run.showFrame; frame + framesOfSeedWindow <= run.showEnd();
+            frame += framesBetweenSeeds) {
+            const auto place = m_search.placeNear(frame, frame + shift);
+            if (place.differingShare >= mostDifferingOfSeed)
+                continue;
+            m_seeds.push_back({ frame, place.frame, place.differingShare });
+            shift = place.frame - frame;
         }
-        return seeds;
+    }
+    /// The windows may reach into the anchors, so that a window that no seam cuts is there for each seam.
+    void addBetween(const ZLFrameRun& left, const ZLFrameRun& right)
+    {
+        const std::int64_t begin = std::max<std::int64_t>(left.showEnd() - framesOfSeedWindow, 0);
+        const std::int64_t end = std::min(right.showFrame + framesOfSeedWindow, std::int64_t(m_show.size()));
+        const std::int64_t firstPlace = std::max<std::int64_t>(left.fileEnd() - framesOfSeedWindow, 0);
+        const std::int64_t endOfPlaces = std::min(right.fileFrame + framesOfSeedWindow, std::int64_t(m_file.size()));
+        const std::int64_t step = ZLAnchors::framesBetweenWindows(end - begin, endOfPlaces - firstPlace);
+        std::vector<ZLWantedWindow> windows;
+        for (std::int64_t frame = begin; frame + framesOfSeedWindow <= end; frame += step)
+            windows.push_back({ frame, firstPlace, endOfPlaces - framesOfSeedWindow + 1 });
+        const auto places = m_search.placesOf(windows);
+        for (size_t index = 0; index < windows.size(); ++index) {
+            for (const ZLFingerprintPlace& place : places[index])
+                m_seeds.push_back({ windows[index].frame, place.frame, place.differingShare });
+        }
+    }
+    [[nodiscard]] std::vector<ZLAlignmentSeed> seeds()
+    {
+        std::ranges::sort(
+            m_seeds, {}, [](const ZLAlignmentSeed& seed) { return std::pair(seed.showFrame, seed.fileFrame); });
+        return m_seeds;
     }
 
 private:
-    [[nodiscard]] Places placesOf(size_t window, size_t step) const
-    {
-        if (!m_isWorthLooking[window])
-            return {};
-        const std::int64_t first = std::int64_t(window) * framesBetweenWindows;
-        const std::span<const std::uint32_t> frames(
-            m_frames.data() + first, size_t(ZLFingerprintSearch::FramesInWindow));
-        Places places;
-        if (step < firstStep) {
-            addPlacesBesideNeighbour(places, frames, window, std::int64_t(window) - std::int64_t(step));
-            addPlacesBesideNeighbour(places, frames, window, std::int64_t(window) + std::int64_t(step));
-            if (std::ranges::any_of(places, [](const auto& place) { return place.differingShare < clearlyTheSame; }))
-                return places;
-        }
-        for (const ZLFingerprintPlace& place : m_search.bestPlaces(frames, placesOfWindow)) {
-            if (place.differingShare < mostDiffering)
-                add(places, place);
-        }
-        return places;
-    }
-    void addPlacesBesideNeighbour(
-        Places& places, std::span<const std::uint32_t> frames, size_t window, std::int64_t neighbour) const
-    {
-        if (neighbour < 0 || neighbour >= std::int64_t(m_places.size()))
-            return;
-        const std::int64_t distance = (std::int64_t(window) - neighbour) * framesBetweenWindows;
-        for (const ZLFingerprintPlace& known : m_places[size_t(neighbour)].value_or(Places {})) {
-            const auto place = m_search.bestPlaceNear(frames, known.frame + distance, reachAroundNeighbour);
-            if (place.differingShare < mostDifferingBesideNeighbour)
-                add(places, place);
-        }
-    }
-    static void add(Places& places, const ZLFingerprintPlace& place)
-    {
-        if (std::ranges::find(places, place.frame, &ZLFingerprintPlace::frame) == places.end())
-            places.push_back(place);
-    }
-
-    std::vector<std::uint32_t> m_frames;
-    ZLFingerprintSearch m_search;
-    ZLWorkProgress& m_progress;
-    std::vector<bool> m_isWorthLooking {};
-    /// Absent where no one has looked yet.
-    std::vector<std::optional<Places>> m_places {};
+    Frames m_show;
+    Frames m_file;
+    ZLWindowSearch m_search;
+    std::vector<ZLAlignmentSeed> m_seeds {};
 };
 
 }
 
 std::vector<ZLAlignmentSeed> ZLAlignmentSeeds::find(
-    const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLWorkProgress& progress)
+    const std::vector<ZLFrameRun>& anchors, Frames show, Frames file, ZLWorkProgress& progress)
 {
-    Windows windows(show, file, progress);
-    for (size_t step = firstStep; step > 0; step /= 2)
-        windows.look(step);
-    return progress.isCancelled() ? std::vector<ZLAlignmentSeed> {} : windows.seeds();
+    Seeding seeding(show, file, progress);
+    ZLFrameRun former;
+    for (const ZLFrameRun& anchor : anchors) {
+        seeding.addBetween(former, anchor);
+        seeding.addIn(anchor);
+        former = anchor;
+    }
+    seeding.addBetween(former, { std::int64_t(show.size()), std::int64_t(file.size()), 0 });
+    return progress.isCancelled() ? std::vector<ZLAlignmentSeed> {} : seeding.seeds();
+}
+
+std::vector<ZLAlignmentSeed> ZLAlignmentSeeds::in(const std::vector<ZLFrameRun>& runs, Frames show, Frames file)
+{
+    ZLWorkProgress progress;
+    Seeding seeding(show, file, progress);
+    for (const ZLFrameRun& run : runs)
+        seeding.addIn(run);
+    return seeding.seeds();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "alignment/ZLSoundFingerprint.h"
+#include "alignment/ZLFrameAlignment.h"
 #include "platform/ZLWorkProgress.h"
 
 #include <cstdint>
@@ -19,8 +19,11 @@ struct ZLAlignmentSeed {
 /// Looks for many short windows of a show in a file. Most of what it finds in an edited show is right, and some is not.
 namespace ZLAlignmentSeeds {
 
-/// In the order of the show; a window may have several places. Empty when cancelled.
-[[nodiscard]] std::vector<ZLAlignmentSeed> find(
-    const ZLSoundFingerprint& show, const ZLSoundFingerprint& file, ZLWorkProgress& progress);
+/// Between and in the anchors, in the order of the show; a window may have several places. Empty when cancelled.
+[[nodiscard]] std::vector<ZLAlignmentSeed> find(const std::vector<ZLFrameRun>& anchors, ZLFrameAlignment::Frames show,
+    ZLFrameAlignment::Frames file, ZLWorkProgress& progress);
+/// In the runs alone, in the order of the show.
+[[nodiscard]] std::vector<ZLAlignmentSeed> in(
+    const std::vector<ZLFrameRun>& runs, ZLFrameAlignment::Frames show, ZLFrameAlignment::Frames file);
 
 }

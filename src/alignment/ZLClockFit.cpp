@@ -1,6 +1,7 @@
 #include "alignment/ZLClockFit.h"
 
 #include "alignment/ZLFrameAlignment.h"
+#include "alignment/ZLPieceEvidence.h"
 
 #include <algorithm>
 #include <array>
@@ -137,7 +138,8 @@ std::vector<ZLSoundPiece> ZLClockFit::timesOf(const std::vector<ZLDriftingRuns>&
         }
         times.push_back({ double(first.showFrame) * ZLSoundFingerprint::SecondsPerFrame,
             std::max(begin, 0.0) * ZLSoundFingerprint::SecondsPerFrame,
-            double(length) * ZLSoundFingerprint::SecondsPerFrame, rate, differing / double(count) });
+            double(length) * ZLSoundFingerprint::SecondsPerFrame, rate, differing / double(count),
+            ZLPieceEvidence::shareElsewhere(pieces[index], show, file) });
     }
     return times;
 }

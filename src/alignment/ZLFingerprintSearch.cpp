@@ -1,7 +1,5 @@
 #include "alignment/ZLFingerprintSearch.h"
 
-#include "alignment/ZLFingerprintNoise.h"
-
 #include <algorithm>
 #include <cstring>
 
@@ -52,12 +50,11 @@ void offer(std::vector<Candidate>& best, const Candidate& candidate, size_t coun
 
 }
 
-ZLFingerprintSearch::ZLFingerprintSearch(const ZLSoundFingerprint& searched)
-    : m_frameCount(std::int64_t(searched.frames.size()))
+ZLFingerprintSearch::ZLFingerprintSearch(std::span<const std::uint32_t> searched)
+    : m_frameCount(std::int64_t(searched.size()))
 {
-    const auto frames = ZLFingerprintNoise::filled(searched, ZLFingerprintNoise::Side::File);
     for (std::int64_t frame = 0; frame < m_frameCount; ++frame)
-        m_phases[size_t(frame % Stride)].push_back(frames[size_t(frame)]);
+        m_phases[size_t(frame % Stride)].push_back(searched[size_t(frame)]);
 }
 
 ZLFingerprintSearch::Sample ZLFingerprintSearch::sampleOf(std::span<const std::uint32_t> window)
@@ -69,22 +66,23 @@ ZLFingerprintSearch::Sample ZLFingerprintSearch::sampleOf(std::span<const std::u
 }
 
 std::vector<ZLFingerprintPlace> ZLFingerprintSearch::bestPlaces(
-    std::span<const std::uint32_t> window, std::size_t count) const
+    std::span<const std::uint32_t> window, std::size_t count, std::int64_t first, std::int64_t end) const
 {
     const Sample sample = sampleOf(window);
     std::vector<Candidate> best;
     std::vector<std::uint16_t> differences;
-    for (std::int64_t phase = 0; phase < Stride; ++phase) {
-        const auto& frames = m_phases[size_t(phase)];
-        const std::int64_t places = std::int64_t(frames.size()) - SamplesOfWindow + 1;
-        if (places <= 0)
-            continue;
+    first = std::max<std::int64_t>(first, 0);
+    end = std::min(end, lastPlace() + 1);
+    for (std::int64_t place = first; place < std::min(first + Stride, end); ++place) {
+        const auto& frames = m_phases[size_t(place % Stride)];
+        const std::int64_t places = (end - place + Stride - 1) / Stride;
         differences.resize(size_t(places));
-        countDifferences(sample.data(), int(SamplesOfWindow), frames.data(), places, differences.data());
-        for (std::int64_t place = 0; place < places; ++place) {
-            const int found = differences[size_t(place)];
+        countDifferences(
+            sample.data(), int(SamplesOfWindow), frames.data() + place / Stride, places, differences.data());
+        for (std::int64_t index = 0; index < places; ++index) {
+            const int found = differences[size_t(index)];
             if (best.size() < count || found < best.back().differences)
-                offer(best, { place * Stride + phase, found }, count);
+                offer(best, { place + index * Stride, found }, count);
         }
     }
     std::vector<ZLFingerprintPlace> places;

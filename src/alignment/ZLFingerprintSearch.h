@@ -1,7 +1,5 @@
 #pragma once
 
-#include "alignment/ZLSoundFingerprint.h"
-
 #include <array>
 #include <cstdint>
 #include <span>
@@ -20,13 +18,12 @@ class ZLFingerprintSearch {
 public:
     static constexpr std::int64_t FramesInWindow = 90;
 
-    /// Frames that say nothing are filled with bits by chance, so that they are like no others.
-    explicit ZLFingerprintSearch(const ZLSoundFingerprint& searched);
+    explicit ZLFingerprintSearch(std::span<const std::uint32_t> searched);
 
-    /// The places at which a window of FramesInWindow frames differs least, the best first, at least a tenth of a
-    /// second apart. There are fewer where the searched sound is short.
+    /// The places from `first` to before `end` at which a window of FramesInWindow frames differs least, the best
+    /// first, at least a tenth of a second apart. There are fewer where the searched sound is short.
     [[nodiscard]] std::vector<ZLFingerprintPlace> bestPlaces(
-        std::span<const std::uint32_t> window, std::size_t count) const;
+        std::span<const std::uint32_t> window, std::size_t count, std::int64_t first, std::int64_t end) const;
     /// The best place within `reach` frames around `frame`; differs entirely when there is none.
     [[nodiscard]] ZLFingerprintPlace bestPlaceNear(
         std::span<const std::uint32_t> window, std::int64_t frame, std::int64_t reach) const;

@@ -1,6 +1,6 @@
 #include "alignment/ZLShowMap.h"
 
-#include "alignment/ZLFrameAlignment.h"
+#include "alignment/ZLPieceEvidence.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,8 +8,11 @@
 
 namespace {
 
-/// What a piece shares reaches a little farther than what can be recognised of it.
-constexpr double reachOfPiece = 0.3;
+/// In a pause of the speech nothing can be recognised. Where the file has so little between two pieces, it is a pause
+/// of which one half belongs to each of them.
+constexpr double mostOfPause = 1.5;
+/// Where it has more, something else came in, with little of a pause at both sides.
+constexpr double partOfPause = 0.1;
 /// Two pieces at the same distance, within it, are one piece with something unrecognised in between.
 constexpr double mostChangeOfDistance = 0.1;
 /// Less of what follows a moment is no part of it.
@@ -24,7 +27,7 @@ double confidenceIn(const ZLSoundPiece& piece)
     const double frames = std::min(piece.length, mostSecondsOfEvidence) / ZLSoundFingerprint::SecondsPerFrame;
     return 1.0
         - std::exp(
-            -frames * std::max(ZLFrameAlignment::WorthlessShare - piece.differingShare, 0.0) / agreementOfSureness);
+            -ZLPieceEvidence::agreement(frames, piece.differingShare, piece.shareElsewhere) / agreementOfSureness);
 }
 
 bool lieAtOneDistance(const ZLSoundPiece& former, const ZLSoundPiece& next)
@@ -62,13 +65,16 @@ ZLMappedMoment ZLShowMap::placeBetween(
     const double confidence = std::min(former ? confidenceIn(*former) : 1.0, next ? confidenceIn(*next) : 1.0);
     if (former && next && lieAtOneDistance(*former, *next))
         return { ZLMomentState::Kept, former->fileTimeOf(showTime), confidence * doubt };
-    if (former && showTime - former->showEnd() < reachOfPiece && former->fileTimeOf(showTime) < fileEnd)
+    const double between = std::max(fileEnd - fileBegin, 0.0);
+    const bool isPause = former && next && between < mostOfPause;
+    const double unrecognised = isPause ? between / 2.0 : std::min(partOfPause, between);
+    if (former && showTime - former->showEnd() < unrecognised)
         return { ZLMomentState::Kept, former->fileTimeOf(showTime), confidence * doubt };
-    if (next && next->showStart - showTime < reachOfPiece && next->fileTimeOf(showTime) >= fileBegin)
+    if (next && next->showStart - showTime <= unrecognised)
         return { ZLMomentState::Kept, next->fileTimeOf(showTime), confidence * doubt };
-    const bool isCutAlone = !former || !next || fileEnd - fileBegin < reachOfPiece;
-    return { isPartOfSpanKept(showTime, spanEnd) ? ZLMomentState::Seam : ZLMomentState::Cut, next ? fileEnd : fileBegin,
-        isCutAlone ? confidence : confidence * doubt };
+    const bool isCutAlone = !former || !next || isPause;
+    return { isPartOfSpanKept(showTime, spanEnd) ? ZLMomentState::Seam : ZLMomentState::Cut,
+        next ? fileEnd - unrecognised : fileBegin, isCutAlone ? confidence : confidence * doubt };
 }
 
 bool ZLShowMap::isPartOfSpanKept(double showTime, double spanEnd) const

@@ -1,25 +1,82 @@
 #include "alignment/ZLSoundAlignment.h"
 
 #include "alignment/ZLAlignmentSeeds.h"
+#include "alignment/ZLAnchors.h"
 #include "alignment/ZLClockFit.h"
 #include "alignment/ZLFingerprintNoise.h"
 #include "alignment/ZLSeedChain.h"
 #include "alignment/ZLSoundPieces.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
+
+using ZLFrameAlignment::Frames;
 
 constexpr double leastCover = 0.1;
 constexpr int mostMovedPieces = 8;
 /// Of a chain beside the one in order. Chance alone does not reach it.
 constexpr double leastScoreOfMoved = 12.0;
 
-bool lieInPiece(const ZLAlignmentSeed& seed, const std::vector<ZLSoundPiece>& pieces)
+/// In frames. A shorter stretch of the file is no teaser.
+constexpr std::int64_t leastMoved = 100;
+
+std::int64_t frameAt(double seconds)
+{
+    return std::llround(seconds / ZLSoundFingerprint::SecondsPerFrame);
+}
+
+/// What of the file no piece has.
+std::vector<ZLFrameRun> stretchesBetween(const std::vector<ZLSoundPiece>& pieces, std::int64_t fileFrames)
+{
+    std::vector<ZLFrameRun> stretches;
+    std::int64_t begin = 0;
+    const auto addUpTo = [&](std::int64_t end) {
+        if (end - begin >= leastMoved)
+            stretches.push_back({ 0, begin, end - begin });
+    };
+    for (const ZLSoundPiece& piece : pieces) {
+        addUpTo(frameAt(piece.fileStart));
+        begin = frameAt(piece.fileEnd());
+    }
+    addUpTo(fileFrames);
+    return stretches;
+}
+
+bool shareSound(const ZLSoundPiece& left, const ZLSoundPiece& right)
+{
+    return std::min(left.fileEnd(), right.fileEnd()) - std::max(left.fileStart, right.fileStart) > 0.5 * left.length;
+}
+
+bool liesIn(const ZLAlignmentSeed& seed, const std::vector<ZLSoundPiece>& pieces)
 {
     const double time = double(seed.fileFrame) * ZLSoundFingerprint::SecondsPerFrame;
     return std::ranges::any_of(
         pieces, [time](const ZLSoundPiece& piece) { return time >= piece.fileStart - 1.0 && time < piece.fileEnd(); });
+}
+
+/// What else the file has of the show, out of order.
+std::vector<ZLSoundPiece> piecesOutOfOrder(
+    const std::vector<ZLSoundPiece>& pieces, Frames show, Frames file, ZLWorkProgress& progress)
+{
+    const auto runs = ZLAnchors::anywhere(stretchesBetween(pieces, std::int64_t(file.size())), show, file, progress);
+    auto seeds = ZLAlignmentSeeds::in(runs, show, file);
+    std::vector<ZLSoundPiece> moved;
+    for (int count = 0; count < mostMovedPieces && !progress.isCancelled(); ++count) {
+        const ZLSeedChain chain = ZLSeedChain::best(seeds);
+        if (chain.score < leastScoreOfMoved)
+            break;
+        auto found = ZLClockFit::timesOf(ZLSoundPieces::of(chain, show, file), show, file);
+        std::erase_if(found, [&](const ZLSoundPiece& each) {
+            return std::ranges::any_of(pieces, [&](const ZLSoundPiece& piece) { return shareSound(each, piece); });
+        });
+        if (found.empty())
+            break;
+        moved.insert(moved.end(), found.begin(), found.end());
+        std::erase_if(seeds, [&](const ZLAlignmentSeed& seed) { return liesIn(seed, moved); });
+    }
+    return moved;
 }
 
 }
@@ -38,22 +95,12 @@ ZLSoundAlignment ZLSoundAlignment::of(
     ZLSoundAlignment alignment;
     alignment.showLength = show.seconds();
     alignment.fileLength = file.seconds();
-    auto seeds = ZLAlignmentSeeds::find(show, file, progress);
     const auto showFrames = ZLFingerprintNoise::filled(show, ZLFingerprintNoise::Side::Show);
     const auto fileFrames = ZLFingerprintNoise::filled(file, ZLFingerprintNoise::Side::File);
+    const auto anchors = ZLAnchors::inOrder(showFrames, fileFrames, progress);
+    const auto seeds = ZLAlignmentSeeds::find(anchors, showFrames, fileFrames, progress);
     alignment.pieces = ZLClockFit::timesOf(
         ZLSoundPieces::of(ZLSeedChain::best(seeds), showFrames, fileFrames), showFrames, fileFrames);
-    for (int count = 0; count < mostMovedPieces && !progress.isCancelled(); ++count) {
-        const auto& known = count == 0 ? alignment.pieces : alignment.movedPieces;
-        std::erase_if(seeds, [&](const ZLAlignmentSeed& seed) { return lieInPiece(seed, known); });
-        const ZLSeedChain chain = ZLSeedChain::best(seeds);
-        if (chain.score < leastScoreOfMoved)
-            break;
-        const auto moved =
-            ZLClockFit::timesOf(ZLSoundPieces::of(chain, showFrames, fileFrames), showFrames, fileFrames);
-        if (moved.empty())
-            break;
-        alignment.movedPieces.insert(alignment.movedPieces.end(), moved.begin(), moved.end());
-    }
+    alignment.movedPieces = piecesOutOfOrder(alignment.pieces, showFrames, fileFrames, progress);
     return alignment;
 }

@@ -15,6 +15,8 @@ struct ZLSoundPiece {
     double rate = 1.0;
     /// Share of the bits that differ, from 0 to 1: how sure it is that they are the same.
     double differingShare = 0.0;
+    /// The least such share at other places near by: how sure the place is. By chance it is about a half.
+    double shareElsewhere = 0.5;
 
     [[nodiscard]] double showEnd() const { return showStart + length; }
     [[nodiscard]] double fileEnd() const { return fileStart + length * rate; }

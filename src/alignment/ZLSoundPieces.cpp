@@ -1,6 +1,8 @@
 #include "alignment/ZLSoundPieces.h"
 
 #include "alignment/ZLFingerprintSearch.h"
+#include "alignment/ZLPieceEnds.h"
+#include "alignment/ZLPieceEvidence.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -131,6 +133,16 @@ double agreementOf(const ZLDriftingRuns& piece, Frames show, Frames file)
     return agreement;
 }
 
+/// The same without what is like other places as well.
+double evidenceOf(const ZLDriftingRuns& piece, Frames show, Frames file)
+{
+    std::int64_t frames = 0;
+    for (const ZLFrameRun& run : piece)
+        frames += run.count;
+    const double share = ZLFrameAlignment::WorthlessShare - agreementOf(piece, show, file) / double(frames);
+    return ZLPieceEvidence::agreement(double(frames), share, ZLPieceEvidence::shareElsewhere(piece, show, file));
+}
+
 bool areNeighbours(const ZLDriftingRuns& former, const ZLDriftingRuns& next)
 {
     return next.front().showFrame - former.back().showEnd() < mostBetweenNeighbours
@@ -138,7 +150,7 @@ bool areNeighbours(const ZLDriftingRuns& former, const ZLDriftingRuns& next)
 }
 
 /// Takes away the pieces that chance may have made. Alone, a short piece says little; beside others it says more, since
-/// few places are left for it.
+/// few places are left for it. A bar that repeats says nothing by itself, and has its place in the order among others.
 void keepConvincing(std::vector<ZLDriftingRuns>& pieces, Frames show, Frames file)
 {
     std::erase_if(
@@ -148,7 +160,7 @@ void keepConvincing(std::vector<ZLDriftingRuns>& pieces, Frames show, Frames fil
         size_t end = begin;
         double agreement = 0.0;
         do
-            agreement += agreementOf(pieces[end++], show, file);
+            agreement += evidenceOf(pieces[end++], show, file);
         while (end < pieces.size() && areNeighbours(pieces[end - 1], pieces[end]));
         if (agreement >= leastAgreementOfNeighbours)
             kept.insert(kept.end(), pieces.begin() + std::ptrdiff_t(begin), pieces.begin() + std::ptrdiff_t(end));
@@ -169,5 +181,6 @@ std::vector<ZLDriftingRuns> ZLSoundPieces::of(const ZLSeedChain& chain, Frames s
             pieces.push_back({ run });
     }
     keepConvincing(pieces, show, file);
+    ZLPieceEnds::settle(pieces, show, file);
     return pieces;
 }

@@ -40,16 +40,43 @@ TEST(ZLShowMapTest, WhatWasCutLiesAtTheSeam)
 {
     expectPlace(120.0, 180.0, ZLMomentState::Seam, 102.0);
     expectPlace(120.0, 140.0, ZLMomentState::Cut, 102.0);
-    expectPlace(1.0, 60.0, ZLMomentState::Seam, 12.0);
-    expectPlace(1.0, 5.0, ZLMomentState::Cut, 12.0);
+    expectPlace(1.0, 60.0, ZLMomentState::Seam, 11.9);
+    expectPlace(1.0, 5.0, ZLMomentState::Cut, 11.9);
     expectPlace(290.0, 300.0, ZLMomentState::Cut, 262.0);
 }
 
 TEST(ZLShowMapTest, JustBesideAPieceIsKeptWhereTheFileHasRoomForIt)
 {
-    expectPlace(9.8, 60.0, ZLMomentState::Kept, 11.8);
+    expectPlace(9.95, 60.0, ZLMomentState::Kept, 11.95);
     // Behind the cut there is no room.
-    expectPlace(100.1, 180.0, ZLMomentState::Seam, 102.0);
+    expectPlace(100.05, 180.0, ZLMomentState::Seam, 102.0);
+}
+
+TEST(ZLShowMapTest, APauseBetweenTwoPiecesBelongsToBoth)
+{
+    ZLSoundAlignment alignment;
+    // 10 s were cut. In the file a pause of 0.8 s is between both pieces, in which nothing can be recognised.
+    alignment.pieces = { { 0.0, 5.0, 50.0, 1.0, 0.3 }, { 60.8, 55.8, 50.0, 1.0, 0.3 } };
+    alignment.showLength = 111.0;
+    alignment.fileLength = 106.0;
+    const ZLShowMap paused(alignment);
+    EXPECT_EQ(paused.place(50.3, 100.0).state, ZLMomentState::Kept);
+    EXPECT_NEAR(paused.place(50.3, 100.0).fileTime, 55.3, 1e-9);
+    EXPECT_EQ(paused.place(60.5, 100.0).state, ZLMomentState::Kept);
+    EXPECT_NEAR(paused.place(60.5, 100.0).fileTime, 55.5, 1e-9);
+    EXPECT_EQ(paused.place(55.0, 100.0).state, ZLMomentState::Seam);
+    EXPECT_NEAR(paused.place(55.0, 100.0).fileTime, 55.4, 1e-9);
+}
+
+TEST(ZLShowMapTest, WhatIsElsewhereAsWellIsLessSure)
+{
+    ZLSoundAlignment alignment;
+    alignment.pieces = { { 0.0, 5.0, 50.0, 1.0, 0.2 } };
+    alignment.showLength = alignment.fileLength = 60.0;
+    const double sure = ZLShowMap(alignment).place(20.0, 40.0).confidence;
+    alignment.pieces[0].shareElsewhere = 0.25;
+    EXPECT_GT(sure, 0.9);
+    EXPECT_LT(ZLShowMap(alignment).place(20.0, 40.0).confidence, 0.2);
 }
 
 TEST(ZLShowMapTest, BetweenTwoPiecesAtOneDistanceItIsKept)

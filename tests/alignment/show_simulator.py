@@ -2,13 +2,15 @@
 """Makes shows that are spoken, heard, cut and delivered, and says where each moment of them went.
 
 A show has several voices, also at once, and music beds. It is heard through a room: echo, noise, a dull microphone, a
-clock of another speed. It is cut, shortened and lengthened, and delivered in a lossy form. All of it comes from a seed,
-so that the same show can be made again.
+clock of another speed, which may change. Hearing begins before the show and ends after it. The show is cut, shortened and
+lengthened by speech and music; what it begins with may come from its middle. It is compressed, equalised, brought to a
+loudness and delivered in a lossy form. All of it comes from a seed, so that the same show can be made again.
 
     show_simulator.py FOLDER --seed 1 --minutes 10 --noise 10 --cuts 12 --shorten-pauses --form mp3
 
-writes heard.wav, finished.mp3 and truth.txt into FOLDER. Each line of truth.txt is a moment by the clock of heard.wav,
-"kept" or "cut", and its moment in the finished file: for one that was cut, that of the seam.
+writes heard.wav, finished.mp3, truth.txt and parts.json into FOLDER. Each line of truth.txt is a moment by the clock of
+heard.wav, "kept" or "cut", and its moment in the finished file: for one that was cut, that of the seam. parts.json has what
+was kept, what was moved, and where a jingle is, as [moment by the clock of heard.wav, moment in the finished file, seconds].
 """
 
 import argparse
@@ -51,9 +53,9 @@ class Track:
         self.samples.extend(samples)
 
 
-def read_samples(path):
+def read_samples(path, *effects):
     data = array.array("h")
-    data.frombytes(run("sox", path, "-t", "raw", "-r", RATE, "-c", 1, "-e", "signed", "-b", 16, "-"))
+    data.frombytes(run("sox", path, "-t", "raw", "-r", RATE, "-c", 1, "-e", "signed", "-b", 16, "-", *effects))
     return data
 
 
@@ -73,33 +75,60 @@ class Speaker:
         path = self.folder / "sentence.wav"
         run("espeak-ng", "-v", voice, "-s", self.chance.randint(130, 190), "-p", self.chance.randint(30, 70), "-w", path,
             words)
-        trimmed = self.folder / "trimmed.wav"
-        run("sox", path, trimmed, "silence", "1", "0.01", "0.5%", "reverse", "silence", "1", "0.01", "0.5%", "reverse")
-        return read_samples(trimmed)
+        edge = ["silence", "1", "0.01", "0.5%", "reverse"]
+        return read_samples(path, *edge, *edge)
+
+
+def plucked(chance, folder, count):
+    """So many notes, one after the other."""
+    samples = array.array("h")
+    path = folder / "notes.wav"
+    for _ in range(count):
+        note = 110.0 * 2.0 ** (chance.randint(0, 36) / 12.0)
+        run("sox", "-R", "-n", "-r", RATE, "-b", 16, path, "synth", 0.4, "pluck", f"{note:.2f}", "gain", "-6")
+        samples.extend(read_samples(path))
+    return samples
 
 
 class Show:
     """What happened in the studio."""
 
-    def __init__(self, chance, folder, length, voices, with_music=True):
+    def __init__(self, chance, folder, options, voices):
         self.chance = chance
         self.folder = folder
+        self.jingles = []  # (begin, end), in samples
+        length = options.minutes * 60.0
         speaker = Speaker(chance, folder)
-        self.first = self.voice_track(speaker, voices[:2], length, (0.2, 1.4))
-        self.second = self.voice_track(speaker, voices[2:], length, (6.0, 25.0))
-        paths = [folder / "first.wav", folder / "second.wav"]
-        for track, path in zip((self.first, self.second), paths):
-            write_samples(track.samples, path)
-        levels = [1.0, 0.5]
-        if with_music:
-            paths.append(self.music(length))
+        self.voices = [self.voice_track(speaker, voices[:2], length, (0.2, 1.4)),
+                       self.voice_track(speaker, voices[2:], length, (0.3, 3.0) if options.at_once else (6.0, 25.0))]
+        tracks = list(self.voices)
+        levels = [1.0, 0.8 if options.at_once else 0.5]
+        sides = [-0.5, 0.6]
+        if not options.no_music:
+            tracks.append(self.music(length))
             levels.append(0.25)
+            sides.append(0.0)
+        if options.jingle:
+            tracks.append(self.jingle(options.jingle, length))
+            levels.append(0.8)
+            sides.append(0.0)
+        paths = [folder / f"track{number}.wav" for number in range(len(tracks))]
+        for track, path in zip(tracks, paths):
+            write_samples(track.samples, path)
+        self.path = folder / "show.wav"
+        self.samples = self.mixed(paths, levels, self.path, length)
+        # What is delivered: one channel, or voices that sit at both sides.
+        self.channels = [self.samples] if options.channels == 1 else [
+            self.mixed(paths, [level * (1.0 + sign * side) for level, side in zip(levels, sides)],
+                       folder / "side.wav", length) for sign in (-1.0, 1.0)]
+
+    @staticmethod
+    def mixed(paths, levels, target, length):
         mix = []
         for level, path in zip(levels, paths):
-            mix += ["-v", level, path]
-        self.path = folder / "show.wav"
-        run("sox", "-m", *mix, self.path, "trim", 0, length)
-        self.samples = read_samples(self.path)
+            mix += ["-v", f"{level:.3f}", path]
+        run("sox", "-m", *mix, target, "trim", 0, length)
+        return read_samples(target)
 
     @staticmethod
     def voice_track(speaker, voices, length, pauses):
@@ -112,20 +141,24 @@ class Show:
     def music(self, length):
         """A bed now and then: plucked strings whose notes come from the seed."""
         track = Track()
-        path = self.folder / "notes.wav"
         while seconds(len(track.samples)) < length:
             track.silence(self.chance.uniform(20.0, 90.0))
-            for _ in range(self.chance.randint(8, 30)):
-                note = 110.0 * 2.0 ** (self.chance.randint(0, 36) / 12.0)
-                run("sox", "-R", "-n", "-r", RATE, "-b", 16, path, "synth", 0.4, "pluck", f"{note:.2f}", "gain", "-6")
-                track.add(read_samples(path))
-        path = self.folder / "music.wav"
-        write_samples(track.samples, path)
-        return path
+            track.add(plucked(self.chance, self.folder, self.chance.randint(8, 30)))
+        return track
+
+    def jingle(self, seed, length):
+        """The same twenty seconds in every show with this seed: early in it, and late."""
+        track = Track()
+        sound = plucked(random.Random(seed), self.folder, 50)
+        for share in (0.1, 0.7):
+            track.silence(length * share - seconds(len(track.samples)))
+            track.add(sound)
+        self.jingles = track.spoken
+        return track
 
     def pauses(self, least):
         """Where no voice speaks for so long, in samples."""
-        spoken = sorted(self.first.spoken + self.second.spoken)
+        spoken = sorted(stretch for voice in self.voices for stretch in voice.spoken)
         pauses, end = [], 0
         for begin, until in spoken:
             if begin - end >= least * RATE:
@@ -147,23 +180,27 @@ class Edit:
     """What became of a show: cuts in order, and something in front of it."""
 
     def __init__(self, show, cuts, intro):
-        self.cuts = sorted(cuts, key=lambda cut: cut.begin)
-        self.intro = intro
-        self.finished = array.array("h", intro)
+        self.channels = [array.array("h", intro) for _ in show.channels]
         self.kept = []  # (begin in the show, begin in the file, length), in samples
         position = 0
-        for cut in self.cuts:
+        for cut in sorted(cuts, key=lambda cut: cut.begin):
             if cut.begin < position:
                 continue
             self.keep(show, position, cut.begin)
-            self.finished.extend(cut.insertion)
+            for channel in self.channels:
+                channel.extend(cut.insertion)
             position = cut.end
         self.keep(show, position, len(show.samples))
 
     def keep(self, show, begin, end):
         if end > begin:
-            self.kept.append((begin, len(self.finished), end - begin))
-            self.finished.extend(show.samples[begin:end])
+            self.kept.append((begin, len(self.channels[0]), end - begin))
+            for channel, samples in zip(self.channels, show.channels):
+                channel.extend(samples[begin:end])
+
+    def put_in_front(self, show, begin, end):
+        self.channels = [samples[begin:end] + channel for channel, samples in zip(self.channels, show.channels)]
+        self.kept = [(start, place + end - begin, length) for start, place, length in self.kept]
 
     def place_of(self, sample):
         """"kept" and the place, or "cut" and the seam."""
@@ -178,17 +215,21 @@ class Edit:
 
 
 def choose_cuts(chance, show, options, speaker):
-    """Cuts of half a second to a twentieth of the show, and shortened pauses between them."""
+    """Cuts of half a second and more, what comes in instead of some of them, and shortened pauses between them."""
     length = len(show.samples)
+    longest = options.longest_cut or max(min(seconds(length) / 20, 300.0), 1.0)
     cuts = []
     for _ in range(options.cuts):
-        size = int(RATE * math.exp(chance.uniform(math.log(0.5), math.log(max(min(seconds(length) / 20, 300.0), 1.0)))))
+        size = int(RATE * math.exp(chance.uniform(math.log(0.5), math.log(longest))))
         begin = chance.randint(0, max(length - size, 1))
         if all(begin + size + 3 * RATE < cut.begin or cut.end + 3 * RATE < begin for cut in cuts):
             cuts.append(Cut(begin, begin + size))
-    for cut in chance.sample(cuts, min(options.insertions, len(cuts))):
-        for _ in range(chance.randint(2, 8)):
-            cut.insertion.extend(speaker.say("en-gb"))
+    for number, cut in enumerate(chance.sample(cuts, min(options.insertions, len(cuts)))):
+        if number % 3 == 2:
+            cut.insertion.extend(plucked(chance, show.folder, chance.randint(10, 30)))
+        else:
+            for _ in range(chance.randint(2, 8)):
+                cut.insertion.extend(speaker.say("en-gb"))
     if options.shorten_pauses:
         for begin, end in show.pauses(0.45):
             middle, keep = (begin + end) // 2, int(0.15 * RATE)
@@ -205,50 +246,63 @@ def level_of(path):
 
 def hear(show, options, folder):
     """The show as a microphone in the room hears it, by a clock of its own. Returns the place of a sample there."""
-    speed = 1.0 + options.drift * 1e-6
     room = folder / "room.wav"
-    effects = ["pad", options.lead, 1.0]
+    effects = ["pad", options.lead, options.lag]
     if options.echo:
         effects += ["reverb", options.echo]
-    run("sox", show.path, "-r", 44100, room, *effects, "lowpass", options.lowpass, "speed", f"{speed:.9f}", "rate")
-    heard = folder / "heard.wav"
+    run("sox", show.path, "-r", 44100, room, *effects, "lowpass", options.lowpass)
+    # The clock changes its speed in the middle.
+    middle = float(run("soxi", "-D", room)) / 2.0
+    speeds = [1.0 + options.drift * 1e-6, 1.0 + (options.drift + options.drift_jump) * 1e-6]
+    halves = [folder / "before.wav", folder / "after.wav"]
+    for speed, half, part in zip(speeds, halves, (["0", f"{middle:.6f}"], [f"{middle:.6f}"])):
+        run("sox", room, half, "trim", *part, "speed", f"{speed:.9f}", "rate")
+    clock = folder / "clock.wav"
+    run("sox", *halves, clock)
     noise = folder / "noise.wav"
-    length = float(run("soxi", "-D", room))
-    run("sox", "-R", "-n", "-r", 44100, "-c", 1, noise, "synth", length, "pinknoise", "vol", 0.5)
-    wanted = level_of(room) / 10.0 ** (options.noise / 20.0)
-    run("sox", "-m", "-v", 1, room, "-v", f"{wanted / level_of(noise):.6f}", noise, heard)
-    return lambda sample: (seconds(sample) + options.lead) / speed
+    run("sox", "-R", "-n", "-r", 44100, "-c", 1, noise, "synth", float(run("soxi", "-D", clock)), "pinknoise", "vol", 0.5)
+    wanted = level_of(clock) / 10.0 ** (options.noise / 20.0)
+    run("sox", "-m", "-v", 1, clock, "-v", f"{wanted / level_of(noise):.6f}", noise, folder / "heard.wav")
+
+    def place_of(sample):
+        place = seconds(sample) + options.lead
+        return min(place, middle) / speeds[0] + max(place - middle, 0.0) / speeds[1]
+    return place_of
 
 
 def deliver(edit, options, folder):
-    raw = folder / "edited.wav"
-    write_samples(edit.finished, raw)
+    """Compressed, equalised, and brought to the loudness of podcasts."""
+    sides = [folder / f"edited{number}.wav" for number in range(len(edit.channels))]
+    for channel, path in zip(edit.channels, sides):
+        write_samples(channel, path)
     mixed = folder / "mixed.wav"
-    run("sox", raw, "-r", 44100, mixed, "compand", "0.05,0.3", "6:-70,-60,-20", "-4", "-90", "0.1", "treble", "+3", "gain",
-        "-n", "-1", "channels", options.channels)
+    run("sox", *(["-M"] if len(sides) > 1 else []), *sides, "-r", 44100, mixed, "compand", "0.05,0.3", "6:-70,-60,-20",
+        "-4", "-90", "0.1", "equalizer", 150, "1q", -5, "equalizer", 2500, "0.8q", 5, "treble", "+3", "gain", "-n", "-1")
     finished = folder / f"finished.{options.form}"
     bits = f"{options.kilobits}k"
     codec = {"mp3": ["-c:a", "libmp3lame", "-b:a", bits], "opus": ["-c:a", "libopus", "-b:a", bits],
              "flac": [], "m4a": ["-c:a", "aac", "-b:a", bits]}[options.form]
-    run("ffmpeg", "-v", "error", "-y", "-i", mixed, *codec, finished)
+    loudness = f"loudnorm=I=-16:TP=-1.5,aformat=sample_rates={48000 if options.form == 'opus' else 44100}"
+    run("ffmpeg", "-v", "error", "-y", "-i", mixed, "-af", loudness, "-ac", options.channels, *codec, finished)
     return finished
 
 
 def simulate(folder, options):
     chance = random.Random(options.seed)
     folder.mkdir(parents=True, exist_ok=True)
-    voices = chance.sample(VOICES, 4)
-    show = Show(chance, folder, options.minutes * 60.0, voices, not options.no_music)
+    voices = random.Random(options.people or options.seed).sample(VOICES, 4)
+    show = Show(chance, folder, options, voices)
     speaker = Speaker(chance, folder)
     intro = array.array("h")
     while seconds(len(intro)) < options.intro:
         intro.extend(speaker.say("en-gb"))
     edit = Edit(show, choose_cuts(chance, show, options, speaker), intro)
+    moved = []
     if options.teaser:
-        begin = chance.randint(0, len(show.samples) - int(options.teaser * RATE))
-        teaser = show.samples[begin:begin + int(options.teaser * RATE)]
-        edit.finished = teaser + edit.finished
-        edit.kept = [(start, place + len(teaser), length) for start, place, length in edit.kept]
+        length = int(options.teaser * RATE)
+        begin = chance.randint(length, len(show.samples) - length)
+        edit.put_in_front(show, begin, begin + length)
+        moved.append((begin, 0, length))
     heard_place = hear(show, options, folder)
     finished = deliver(edit, options, folder)
     lines = []
@@ -259,6 +313,11 @@ def simulate(folder, options):
     with (folder / "truth.txt").open("w") as truth:
         for moment, state, place in sorted(lines):
             truth.write(f"{moment:.4f} {state} {place:.4f}\n")
+    times = {name: [(heard_place(begin), seconds(place), seconds(length)) for begin, place, length in parts]
+             for name, parts in (("kept", edit.kept), ("moved", moved))}
+    times["jingles"] = [(heard_place(begin), seconds(edit.place_of(begin)[1]), seconds(end - begin))
+                        for begin, end in show.jingles]
+    (folder / "parts.json").write_text(json.dumps(times))
     (folder / "options.json").write_text(json.dumps(vars(options), default=str))
     return finished
 
@@ -273,8 +332,14 @@ def arguments(words):
     parser.add_argument("--echo", type=float, default=40.0)
     parser.add_argument("--lowpass", type=float, default=5000.0)
     parser.add_argument("--drift", type=float, default=80.0, help="of the clock that hears, in ppm")
-    parser.add_argument("--lead", type=float, default=7.0)
+    parser.add_argument("--drift-jump", type=float, default=0.0, help="by how much it changes in the middle, in ppm")
+    parser.add_argument("--lead", type=float, default=7.0, help="seconds that are heard before the show")
+    parser.add_argument("--lag", type=float, default=1.0, help="seconds that are heard after it")
+    parser.add_argument("--at-once", action="store_true", help="two voices speak most of the time")
+    parser.add_argument("--people", type=int, default=0, help="a seed: shows that share it have the same voices")
+    parser.add_argument("--jingle", type=int, default=0, help="a seed: shows that share it have the same jingle, twice")
     parser.add_argument("--cuts", type=int, default=8)
+    parser.add_argument("--longest-cut", type=float, default=0.0, help="in seconds; 0: a twentieth of the show")
     parser.add_argument("--insertions", type=int, default=1)
     parser.add_argument("--intro", type=float, default=8.0)
     parser.add_argument("--teaser", type=float, default=0.0)

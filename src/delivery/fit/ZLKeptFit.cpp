@@ -22,11 +22,13 @@ const QString fileStartKey = QStringLiteral("FileStart");
 const QString lengthKey = QStringLiteral("Length");
 const QString rateKey = QStringLiteral("Rate");
 const QString differingKey = QStringLiteral("Differing");
+const QString elsewhereKey = QStringLiteral("Elsewhere");
 
 /// A year. Also keeps what is computed of the numbers finite.
 constexpr double mostSeconds = 366.0 * 24.0 * 3600.0;
 constexpr double leastRate = 0.9;
 constexpr double mostRate = 1.1;
+constexpr double byChance = ZLSoundPiece().shareElsewhere;
 
 bool isMoment(double seconds)
 {
@@ -38,7 +40,8 @@ QVariantList storedPieces(const std::vector<ZLSoundPiece>& pieces)
     QVariantList stored;
     for (const ZLSoundPiece& piece : pieces) {
         stored.append(QVariantMap { { showStartKey, piece.showStart }, { fileStartKey, piece.fileStart },
-            { lengthKey, piece.length }, { rateKey, piece.rate }, { differingKey, piece.differingShare } });
+            { lengthKey, piece.length }, { rateKey, piece.rate }, { differingKey, piece.differingShare },
+            { elsewhereKey, piece.shareElsewhere } });
     }
     return stored;
 }
@@ -48,10 +51,12 @@ std::optional<ZLSoundPiece> pieceIn(const QVariant& stored)
     const QVariantMap entries = stored.toMap();
     const ZLSoundPiece piece { ZLStoredValue::number(entries.value(showStartKey)),
         ZLStoredValue::number(entries.value(fileStartKey)), ZLStoredValue::number(entries.value(lengthKey)),
-        ZLStoredValue::number(entries.value(rateKey)), ZLStoredValue::number(entries.value(differingKey)) };
+        ZLStoredValue::number(entries.value(rateKey)), ZLStoredValue::number(entries.value(differingKey)),
+        // Fits of before have none.
+        entries.contains(elsewhereKey) ? ZLStoredValue::number(entries.value(elsewhereKey)) : byChance };
     const bool makesSense = isMoment(piece.showStart) && isMoment(piece.fileStart) && isMoment(piece.length)
         && piece.length > 0.0 && piece.rate >= leastRate && piece.rate <= mostRate && piece.differingShare >= 0.0
-        && piece.differingShare <= 1.0;
+        && piece.differingShare <= 1.0 && piece.shareElsewhere >= 0.0 && piece.shareElsewhere <= 1.0;
     return makesSense ? std::optional(piece) : std::nullopt;
 }
 

@@ -56,7 +56,8 @@ TEST_F(ZLKeptFitTest, WhatMakesNoSenseIsNotRead)
     for (const double wrong : { infinite, -infinite, nan, 1e300 }) {
         for (const QString& key : { u"Zero"_s, u"ShowLength"_s, u"FileLength"_s })
             EXPECT_FALSE(isReadWith(key, wrong)) << qPrintable(key) << wrong;
-        for (const QString& key : { u"ShowStart"_s, u"FileStart"_s, u"Length"_s, u"Rate"_s, u"Differing"_s })
+        for (const QString& key :
+            { u"ShowStart"_s, u"FileStart"_s, u"Length"_s, u"Rate"_s, u"Differing"_s, u"Elsewhere"_s })
             EXPECT_FALSE(isReadWithPiece(key, wrong)) << qPrintable(key) << wrong;
     }
     EXPECT_FALSE(isReadWith(u"Id"_s, QString()));

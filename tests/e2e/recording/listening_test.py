@@ -56,6 +56,11 @@ def place_in_file(moment):
     return None
 
 
+def spoken(folder, seed, seconds, voices):
+    options = show_simulator.arguments([str(folder), "--minutes", str(seconds / 60.0), "--no-music"])
+    return show_simulator.Show(random.Random(seed), folder, options, voices)
+
+
 class Ear:
     """Hears when the show begins: at the first loud sample on an output."""
 
@@ -120,8 +125,7 @@ class ListeningTest(unittest.TestCase):
         """A show that is spoken, with a click one second before it begins; returns what is played."""
         folder = self.folder / "show"
         folder.mkdir()
-        chance = random.Random(16)
-        show = show_simulator.Show(chance, folder, LENGTH, ["en", "de+f2", "fr", "pl"], with_music=False)
+        show = spoken(folder, 16, LENGTH, ["en", "de+f2", "fr", "pl"])
         played = array.array("h", bytes(2 * RATE))
         played.extend([20000] * (RATE // 50))
         played.extend(array.array("h", bytes(2 * (RATE - RATE // 50))))
@@ -133,7 +137,7 @@ class ListeningTest(unittest.TestCase):
         """The finished file: another speaker first, then the pieces."""
         folder = self.folder / "intro"
         folder.mkdir()
-        intro = show_simulator.Show(random.Random(99), folder, INTRO, ["it", "sv", "pt", "ru"], with_music=False)
+        intro = spoken(folder, 99, INTRO, ["it", "sv", "pt", "ru"])
         parts = [f"[1]atrim=0:{INTRO},asetpts=PTS-STARTPTS[p0]"]
         for number, (begin, end) in enumerate(PIECES, 1):
             parts.append(f"[0]atrim={begin}:{end},asetpts=PTS-STARTPTS[p{number}]")

@@ -37,7 +37,7 @@ void ZLSpanListener::hear(const ZLHeardBlock& block)
 
 void ZLSpanListener::beginSpan()
 {
-    m_hearing.emplace();
+    m_hearing = std::make_unique<Hearing>();
     m_spans.emplace_back();
 }
 

@@ -36,7 +36,7 @@ void ZLSpanListener::hear(const ZLHeardBlock& block, double reading)
 
 void ZLSpanListener::beginSpan()
 {
-    m_hearing.emplace();
+    m_hearing = std::make_unique<Hearing>();
     m_spans.emplace_back();
 }
 

@@ -5,6 +5,7 @@
 #include "listening/ZLSampleClock.h"
 #include "platform/sound/ZLSoundInput.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -36,6 +37,6 @@ private:
 
     /// Host time.
     std::optional<double> m_beginning;
-    std::optional<Hearing> m_hearing;
+    std::unique_ptr<Hearing> m_hearing;
     std::vector<ZLListeningSpan> m_spans;
 };

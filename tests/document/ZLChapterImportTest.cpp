@@ -1,6 +1,7 @@
 #include "document/ZLChapterImport.h"
 
 #include "document/ZLChapterDocumentCommandsFixture.h"
+#include "support/ZLChangeSpy.h"
 
 #include <QSet>
 #include <QTimeZone>

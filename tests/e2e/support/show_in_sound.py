@@ -130,7 +130,7 @@ class HeadlessZelta(Zelta):
         self.wait_for("(Started|Joined|Zelta's clock runs)")
 
     def wait_until_stopped(self):
-        self.wait_for("Stopped with")
+        self.wait_for("^paused at")
 
     def kill(self):
         self.remote.close()

@@ -5,6 +5,8 @@
 #include "following/ZLFollowedRecording.h"
 #include "model/ZLTimeText.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -105,7 +107,7 @@ void ZLRecorderFollower::update()
     m_readings.noteAgainSince(m_document.recording().recorderDifference().undecided()->reading,
         *noticed + m_document.recording().recorderDifference().kept());
     Q_EMIT didHappen(tr("%1 went away from Zelta's clock by %2 s at %3.")
-            .arg(recorderName(), QString::number(*noticed, 'f', 2), clockText(m_document.currentDuration())));
+            .arg(recorderName(), QLocale().toString(*noticed, 'f', 2), clockText(m_document.currentDuration())));
 }
 
 void ZLRecorderFollower::takeReport(const ZLRecorderReport& report)
@@ -219,7 +221,7 @@ void ZLRecorderFollower::recorderIsBack(const ZLRecorderReport& report)
     }
     const double missing = m_tie.lock().positionAt(report.hostTime) - report.position;
     const bool isNew = missing > newRecordingSeconds && report.position <= silence + newRecordingSeconds;
-    Q_EMIT didHappen(tr("%1 is back after %2 s.").arg(recorderName(), QString::number(silence, 'f', 0)));
+    Q_EMIT didHappen(tr("%1 is back after %2 s.").arg(recorderName(), QLocale().toString(silence, 'f', 0)));
     if (isNew)
         recordingBegins(report, ZLRecorderState::Standing);
     else

@@ -21,8 +21,11 @@ constexpr double partsPerMillion = 1e6;
 
 QString withSign(double value, int decimals)
 {
+    const QString amount = QLocale().toString(std::abs(value), 'f', decimals);
+    if (amount == QLocale().toString(0.0, 'f', decimals))
+        return amount;
     // U+2212 is as wide as the plus.
-    return (value < 0.0 ? u"\u2212"_s : u"+"_s) + QLocale().toString(std::abs(value), 'f', decimals);
+    return (value < 0.0 ? u"\u2212"_s : u"+"_s) + amount;
 }
 
 QString distanceText(double seconds)
@@ -40,6 +43,8 @@ ZLRecorderStatePanel::ZLRecorderStatePanel(ZLFollowing& following, QWidget* pare
 {
     setObjectName(u"statePanel"_s);
     auto* const form = new QFormLayout(this);
+    // The state may need two lines.
+    form->setLabelAlignment(Qt::AlignLeading | Qt::AlignTop);
     m_state = ZLFormText::addRow(*form, u"recorderState"_s, tr("State:"));
     m_position = ZLFormText::addRow(*form, u"recorderPosition"_s, tr("Position:"));
     m_distance = ZLFormText::addRow(*form, u"recorderDistance"_s, tr("Distance:"));

@@ -12,6 +12,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -115,7 +116,8 @@ QWidget* ZLRecorderWindow::buildLog(ZLFollowingLog& log)
     m_log->horizontalHeader()->setHighlightSections(false);
     m_log->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_log->horizontalHeader()->setStretchLastSection(true);
-    connect(&log, &ZLFollowingLog::rowsInserted, m_log, &QTableView::scrollToBottom);
+    // The newest row is in sight also when other settings leave less room.
+    connect(m_log->verticalScrollBar(), &QScrollBar::rangeChanged, m_log, &QTableView::scrollToBottom);
     auto* const column = new QVBoxLayout(box);
     column->addWidget(m_log);
     return box;

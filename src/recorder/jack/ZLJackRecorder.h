@@ -9,7 +9,7 @@
 
 class ZLJackServer;
 
-/// The transport of JACK, which Ardour and other programs record with; also that of PipeWire, since its version 1.2.
+/// The transport of JACK, which Ardour and other programs record with; also that of PipeWire.
 /// What a rolling and a standing transport mean, ZLJackPosition says.
 class ZLJackRecorder final : public ZLRecorder {
     Q_OBJECT

@@ -74,8 +74,11 @@ Client clientOfServer(std::atomic<bool>& isShutDown)
     Client client(jack_client_open("Zelta", JackNoStartServer, nullptr));
     // It comes on a thread of JACK.
     const auto shutDown = [](void* flag) { *static_cast<std::atomic<bool>*>(flag) = true; };
-    if (client)
-        jack_on_shutdown(client.get(), shutDown, &isShutDown);
+    if (!client)
+        return client;
+    jack_on_shutdown(client.get(), shutDown, &isShutDown);
+    // The time of PipeWire stands until a client takes part. Without a callback this costs JACK's own server nothing.
+    jack_activate(client.get());
     return client;
 }
 

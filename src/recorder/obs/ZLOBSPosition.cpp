@@ -14,6 +14,8 @@ constexpr double spanMeasure = 1.0;
 constexpr double longestWayToFrames = 1.0;
 /// No encoder looks ahead further than this; a larger difference of the counters comes from pauses.
 constexpr double longestDelay = 4.0;
+/// By so much the delay may be longer than in an earlier recording with the same settings.
+constexpr double unevenDelay = 0.5;
 /// The delay of usual settings, for a recording that was joined after pauses.
 constexpr double usualDelay = 0.7;
 constexpr double usualDelayUncertainty = 1.0;
@@ -211,7 +213,8 @@ void ZLOBSPosition::correctPauses(double measured)
 
 void ZLOBSPosition::settleJoinedSpan(double lag)
 {
-    const bool hasPauses = lag * m_frameSeconds > longestDelay;
+    const double longest = m_encoderDelay ? *m_encoderDelay + unevenDelay : longestDelay;
+    const bool hasPauses = lag * m_frameSeconds > longest;
     m_isDelayGuessed = hasPauses && !m_encoderDelay;
     const double delay = hasPauses ? m_encoderDelay.value_or(usualDelay) : lag * m_frameSeconds;
     m_framesBeside = std::max(0.0, std::round(lag - delay / m_frameSeconds));

@@ -13,13 +13,13 @@ import time
 from pathlib import Path
 
 import numpy
-from clicks import moments_of, places_in_file
+from clicks import has_moved, moments_of, places_in_file
 from desktop import Desktop
 from obs_control import Control
 from obs_studio import PASSWORD, OBSStudio, is_installed, start_sound
 from osc_recorder import PROGRAM
 from presses import now
-from show_in_sound import Clicks, HeadlessZelta, Presses, WindowZelta, misses
+from show_in_sound import EDGE, Clicks, HeadlessZelta, Presses, WindowZelta, misses
 
 CLICKS = Path(sys.argv.pop(1))
 IS_LONG = "--long" in sys.argv
@@ -29,7 +29,8 @@ IS_WINDOW = "--window" in sys.argv
 USUAL, LARGEST = 0.040, 0.080
 # Right after its start OBS is still busy with itself.
 SETTLING = 6
-# A busy machine may hold OBS up, and then its sound goes away from its pictures. A long show is a measurement.
+# A busy machine may hold OBS up. Then it moves its sound about in its own file, which tells nothing of Zelta, and the show is
+# tried again. A long show is a measurement.
 ATTEMPTS = 1 if IS_LONG else 3
 SKIPPED = 77
 
@@ -51,13 +52,16 @@ class Show:
         self.zelta.start()
         self.zelta.wait_until_ready()
         self.began = []
+        self.spans = []
         time.sleep(SETTLING)
         self.control = Control(self.studio.port, PASSWORD).request
 
     def press_for(self, seconds, *zeltas):
+        begin = now()
         self.presses.go_on(*zeltas)
         time.sleep(seconds)
         self.presses.hold()
+        self.spans.append((begin + EDGE, now() - EDGE))
 
     def pause_for(self, seconds, *zeltas):
         self.control("PauseRecord")
@@ -115,6 +119,16 @@ class Show:
     def recordings_by(self, zelta):
         return [(began, zelta.base_of(path), places_in_file(path)) for began, path in zip(self.began, self.studio.files())]
 
+    def has_moved_sound(self):
+        """Whether OBS did so between two changes of its state."""
+        moments = moments_of(self.clicks.lines)
+        places = [places_in_file(path) for path in self.studio.files()]
+        for begin, end in self.spans:
+            recording = sum(began < begin for began in self.began) - 1
+            if has_moved(moments[(moments > begin) & (moments < end)], places[recording]):
+                return True
+        return False
+
     def distances(self):
         """In seconds, of all chapters from their clicks."""
         if len(self.studio.files()) != len(self.began):
@@ -129,7 +143,7 @@ class Show:
 
 
 def measure():
-    """Whether the chapters are where the clicks are."""
+    """Whether the chapters are where the clicks are; None where OBS itself has moved them."""
     with Desktop() as desktop:
         os.environ["ZELTA_OBS_PASSWORD"] = PASSWORD
         show = Show(desktop)
@@ -138,10 +152,14 @@ def measure():
             show.record_from_zelta()
         show.end()
         distances = show.distances()
+        has_moved_sound = show.has_moved_sound()
     usual, largest = numpy.percentile(distances, 95), max(distances)
     print(f"{len(distances)} clicks: half within {numpy.median(distances) * 1000:.1f} ms, 95 % within"
           f" {usual * 1000:.1f} ms, all within {largest * 1000:.1f} ms", flush=True)
     assert len(distances) > 30
+    if has_moved_sound:
+        print("OBS Studio could not keep up and has moved its own sound: this show does not count.", flush=True)
+        return None
     return usual <= USUAL and largest <= LARGEST
 
 
@@ -149,7 +167,13 @@ def main():
     if not is_installed():
         print("skipped: OBS Studio is not installed (obs-studio, python3-websocket)")
         sys.exit(SKIPPED)
-    assert any(measure() for _ in range(ATTEMPTS)), "the chapters are not where the clicks are"
+    for _ in range(ATTEMPTS):
+        is_right = measure()
+        if is_right is not None:
+            assert is_right, "the chapters are not where the clicks are"
+            return
+    print("skipped: OBS Studio could not keep up on this machine")
+    sys.exit(SKIPPED)
 
 
 if __name__ == "__main__":

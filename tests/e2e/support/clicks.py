@@ -8,6 +8,8 @@ RATE = 48000
 LOUD = 3000
 # Between two clicks there is more silence than this, in seconds.
 APART = 0.1
+# Sound that is not moved keeps its distances by so many seconds.
+STEADY = 0.005
 # So many lines, or stretches of sound, tell of the same time.
 NEAR = 8
 
@@ -54,3 +56,10 @@ def jack_moments_of(lines):
         own = numpy.searchsorted(stretches[:, 0], frame, side="right") - 1
         found.append(frame / RATE + min(zeros[max(0, own - NEAR):own + NEAR]))
     return numpy.array(found)
+
+
+def has_moved(moments, places):
+    """Whether a recording without a pause has put its sound elsewhere in the middle, or left some out: then no offset brings
+    all clicks to their places."""
+    offsets = [place - moments[0] for place in places]
+    return not any(all(min(abs(places - moment - offset)) < STEADY for moment in moments) for offset in offsets)

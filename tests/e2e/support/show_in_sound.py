@@ -103,6 +103,8 @@ class Zelta:
 class HeadlessZelta(Zelta):
     def start(self):
         self.program = Recorder(self.home, "--follow", self.kind, "--osc-port", "0", self.path)
+        # It ends with the desktop when the test fails.
+        self.desktop.processes.append(self.program.reader.process)
         self.remote = RemoteControl(self.program.port)
         self.said = 0
 
@@ -130,7 +132,7 @@ class HeadlessZelta(Zelta):
         self.wait_for("(Started|Joined|Zelta's clock runs)")
 
     def wait_until_stopped(self):
-        self.wait_for("Stopped with")
+        self.wait_for("^paused at")
 
     def kill(self):
         self.remote.close()

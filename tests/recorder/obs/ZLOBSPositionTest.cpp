@@ -212,6 +212,16 @@ TEST_F(ZLOBSPositionTest, ALateJoinAfterPausesIsExactWhenTheDelayIsKnown)
     EXPECT_NEAR(error(), 0.0, fine);
 }
 
+TEST_F(ZLOBSPositionTest, ALateJoinAfterAShortPauseIsExactWhenTheDelayOfAnEarlierRecordingIsKnown)
+{
+    obs.start(now - 751.3);
+    obs.pause(now - 300.0);
+    obs.resume(now - 298.3);
+    position.setEncoderDelay(obs.heldBack * obs.frameSeconds, false);
+    watch(4.0);
+    EXPECT_NEAR(error(), 0.0, fine);
+}
+
 TEST_F(ZLOBSPositionTest, ALateJoinAfterPausesSaysThatItDoesNotKnowTheDelay)
 {
     obs.start(now - 751.3);

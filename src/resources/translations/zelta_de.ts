@@ -1252,6 +1252,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLDrawerSlide</name>
+    <message>
+        <source>Closes the templates</source>
+        <translation>Schließt die Vorlagen</translation>
+    </message>
+</context>
+<context>
     <name>ZLEditMenu</name>
     <message>
         <source>&amp;Edit</source>
@@ -1884,6 +1891,14 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Find where the clock started: by what was heard along, or else by the start beep in the recording</source>
         <translation>Finden, wo die Uhr begonnen hat: mit dem Mitgehörten oder sonst mit dem Piepton in der Aufnahme</translation>
     </message>
+    <message>
+        <source>The recorder&apos;s file: %1</source>
+        <translation>Datei des Rekorders: %1</translation>
+    </message>
+    <message>
+        <source>The recorder&apos;s files: %1 to %2</source>
+        <translation>Dateien des Rekorders: %1 bis %2</translation>
+    </message>
 </context>
 <context>
     <name>ZLFitCommand</name>
@@ -1896,12 +1911,12 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>%1 gibt es schon.</translation>
     </message>
     <message>
-        <source>what was heard along</source>
-        <translation>dem Mitgehörten</translation>
-    </message>
-    <message>
         <source>Name the raw recording of the show with --heard.</source>
         <translation>Nenne die rohe Aufnahme der Sendung mit --heard.</translation>
+    </message>
+    <message>
+        <source>what is known of the show</source>
+        <translation>dem, was von der Sendung bekannt ist,</translation>
     </message>
 </context>
 <context>

@@ -6,8 +6,14 @@
 #include "platform/ZLBoundedFile.h"
 
 #include <QApplication>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QToolBar>
+#include <QToolButton>
 #include <benchmark/benchmark.h>
 
 using namespace Qt::StringLiterals;
@@ -138,6 +144,54 @@ void updateClockDisplay(benchmark::State& state)
     }
 }
 
+/// Until the window has been painted. Closing it again is no part of opening.
+template <typename MakeWindow>
+void openWindows(benchmark::State& state, const MakeWindow& makeWindow)
+{
+    for (auto _ : state) {
+        std::unique_ptr<QMainWindow> window = makeWindow();
+        window->resize(1000, 620);
+        window->show();
+        Workplace::showChanges();
+        state.PauseTiming();
+        window.reset();
+        Workplace::showChanges();
+        state.ResumeTiming();
+    }
+}
+
+void openWindow(benchmark::State& state)
+{
+    ZLChapterDocument document({});
+    document.readFromData(documentBytes(int(state.range(0))));
+    openWindows(state, [&document] { return std::make_unique<ZLChapterDocumentWindow>(document); });
+}
+
+/// The yardstick: as many menus, items and buttons, and a table of the same chapters, by Qt's own classes alone.
+void openBareWindow(benchmark::State& state)
+{
+    ZLChapterDocument document({});
+    document.readFromData(documentBytes(int(state.range(0))));
+    const ZLChapterDocumentWindow model(document);
+    openWindows(state, [&] {
+        auto window = std::make_unique<QMainWindow>();
+        for (const QAction* menu : model.menuBar()->actions()) {
+            auto* bareMenu = window->menuBar()->addMenu(menu->text());
+            for (const QAction* item : menu->menu()->actions())
+                bareMenu->addAction(item->text());
+        }
+        auto* toolbar = window->addToolBar(u"Toolbar"_s);
+        const auto buttons = model.findChildren<QToolButton*>();
+        for (const QToolButton* button : buttons)
+            toolbar->addAction(button->icon(), button->text());
+        auto* table = new QTableView(window.get());
+        table->setModel(&document.tableModel());
+        window->setCentralWidget(table);
+        window->statusBar()->showMessage(u"Bare"_s);
+        return window;
+    });
+}
+
 void openFile(benchmark::State& state)
 {
     const QTemporaryDir folder;
@@ -185,6 +239,8 @@ ZELTA_BENCH(editTitle);
 ZELTA_BENCH(editTime);
 ZELTA_BENCH(repaintVisibleRows);
 ZELTA_BENCH(updateClockDisplay);
+ZELTA_BENCH(openWindow);
+ZELTA_BENCH(openBareWindow);
 ZELTA_BENCH(openFile);
 ZELTA_BENCH(saveFile);
 ZELTA_BENCH(makeFileBytes);

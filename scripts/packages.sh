@@ -11,7 +11,7 @@ zelta_run_packages=(
   libqt6svg6 qt6-translations-l10n qt6-wayland fonts-dejavu-core
 )
 zelta_test_packages=(
-  libgtest-dev libgmock-dev git
+  libgtest-dev libgmock-dev git mold
   python3 libplist-utils libxml2-utils
   liblo-tools nodejs npm
   ffmpeg mkvtoolnix cuetools python3-webvtt

@@ -74,6 +74,8 @@ void ZLChapterTableView::configure()
 void ZLChapterTableView::showDocument(ZLChapterDocument& document)
 {
     m_document = &document;
+    // Before there are rows, for a new height is set for each of them.
+    setFontSize();
     connect(&document.typing(), &ZLTypingRequests::chapterIsAboutToGo, this, &ZLChapterTableView::dropTimeTypedInRow);
     setModel(&document.tableModel());
     const QItemSelectionModel* unused = selectionModel();
@@ -86,7 +88,6 @@ void ZLChapterTableView::showDocument(ZLChapterDocument& document)
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLFontSizeSettingDidChange, this,
         &ZLChapterTableView::setFontSize);
     m_columnLayout = new ZLChapterColumnLayout(*this);
-    setFontSize();
     updateEmptyState();
 }
 

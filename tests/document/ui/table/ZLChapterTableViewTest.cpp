@@ -46,6 +46,17 @@ TEST_F(ZLChapterTableViewTest, ReturnWritesWhatWasTyped)
     EXPECT_TRUE(table().hasFocus());
 }
 
+TEST_F(ZLChapterTableViewTest, ALongListOpensWithoutAHeightForEachRow)
+{
+    addChapterAt(1.0);
+    addChapterAt(2.0);
+    ZLChapterTableView view;
+    const QSignalSpy heights(view.verticalHeader(), &QHeaderView::sectionResized);
+    view.showDocument(m_document);
+    EXPECT_EQ(view.rowHeight(0), table().rowHeight(0));
+    EXPECT_EQ(heights.count(), 0);
+}
+
 TEST_F(ZLChapterTableViewTest, AnEditedTitleRepaintsItsRowAlone)
 {
     for (int row = 0; row < 5; ++row)

@@ -25,6 +25,6 @@ struct ZLImportPlan {
     /// `choices.item` has to be one of the source's lists.
     [[nodiscard]] static ZLImportPlan make(const ZLImportSource& source, const ZLImportChoices& choices);
 
-    /// "Line 3: This line was not understood."
+    /// "Line 3: “Mail bag” was not understood."
     [[nodiscard]] static QString remarkText(const ZLListRemark& remark);
 };

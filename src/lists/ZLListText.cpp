@@ -53,6 +53,19 @@ void replaceHalves(QString& text)
     }
 }
 
+/// As much of a line as tells a person which one it is.
+QString beginningOf(QStringView line)
+{
+    constexpr qsizetype mostShown = 60;
+    const QStringView trimmed = line.trimmed();
+    QString beginning = trimmed.first(std::min(trimmed.size(), mostShown)).toString();
+    if (!beginning.isEmpty() && beginning.back().isHighSurrogate())
+        beginning.chop(1);
+    if (beginning.size() < trimmed.size())
+        beginning += u'…';
+    return ZLListText::fitting(beginning, ZLListLimit::LineBreaks | ZLListLimit::ControlCharacters);
+}
+
 }
 
 QString ZLListText::fitting(const QString& text, ZLListLimits limits)
@@ -93,12 +106,16 @@ ZLListRemark ZLListText::remark(qsizetype lineIndex, const QString& text)
     return { lineIndex + 1, text };
 }
 
-void ZLListText::noteUnknownLine(ZLChapterList& list, qsizetype lineIndex)
+void ZLListText::noteUnknownLine(ZLChapterList& list, qsizetype lineIndex, QStringView line)
 {
-    if (list.remarks.size() < MostRemarks)
-        list.remarks.append(remark(lineIndex, TextTexts::tr("This line was not understood.")));
-    else if (list.remarks.size() == MostRemarks)
+    if (list.remarks.size() > MostRemarks)
+        return;
+    if (list.remarks.size() == MostRemarks)
         list.remarks.append(remark(lineIndex, TextTexts::tr("Further lines were not understood.")));
+    else if (line.isEmpty())
+        list.remarks.append(remark(lineIndex, TextTexts::tr("This line was not understood.")));
+    else
+        list.remarks.append(remark(lineIndex, TextTexts::tr("“%1” was not understood.").arg(beginningOf(line))));
 }
 
 ZLChapterList ZLListText::chaptersInLines(
@@ -110,7 +127,7 @@ ZLChapterList ZLListText::chaptersInLines(
         if (const auto chapter = chapterIn(line))
             list.chapters.append(*chapter);
         else if (!line.trimmed().isEmpty())
-            noteUnknownLine(list, i);
+            noteUnknownLine(list, i, line);
     }
     return list;
 }

@@ -28,8 +28,8 @@ namespace ZLListText {
 /// Remarks beyond these are only counted, so that a long text does not fill the memory with them.
 inline constexpr qsizetype MostRemarks = 1000;
 
-/// Adds the remark that the line was not understood.
-void noteUnknownLine(ZLChapterList& list, qsizetype lineIndex);
+/// Adds the remark that the line was not understood. It quotes the beginning of `line` where that is given.
+void noteUnknownLine(ZLChapterList& list, qsizetype lineIndex, QStringView line = {});
 
 /// The chapters of a form that has one in each line. A line that is not blank and in which `chapterIn` finds none is
 /// remarked.

@@ -46,7 +46,7 @@ TEST_F(ZLImportCommandTest, MakesADocumentAndTellsWhatWasNotUnderstood)
     const QString output = at(u"new.zelta"_s);
     EXPECT_EQ(run(import(output, list("1:00 News\nodd\n0:00 Welcome\n"))), 0);
     EXPECT_EQ(m_out, u"Chapters read as Simple List: 2.\n"_s);
-    EXPECT_EQ(m_err, u"zelta: %1: Line 2: This line was not understood.\n"_s.arg(at(u"list.txt"_s)));
+    EXPECT_EQ(m_err, u"zelta: %1: Line 2: “odd” was not understood.\n"_s.arg(at(u"list.txt"_s)));
     EXPECT_EQ(chaptersAt(output), (QStringList { u"0 Welcome"_s, u"60 News"_s }));
 }
 

@@ -45,7 +45,7 @@ TEST(ZLImportPlan, LinesWithoutATimeAreToldOrBecomeTemplates)
     const auto told = ZLImportPlan::make(sourceOf(pasted), {});
     EXPECT_TRUE(told.templates.isEmpty());
     ASSERT_EQ(told.remarks.size(), 2);
-    EXPECT_EQ(ZLImportPlan::remarkText(told.remarks.at(0)), u"Line 1: This line was not understood."_s);
+    EXPECT_EQ(ZLImportPlan::remarkText(told.remarks.at(0)), u"Line 1: “Notes” was not understood."_s);
     EXPECT_EQ(told.remarks.at(1).line, 4);
 
     const auto taken = ZLImportPlan::make(sourceOf(pasted), { .makesTemplates = true });

@@ -66,6 +66,14 @@ TEST(ZLListForms, AListWithoutEndIsRefused)
     EXPECT_TRUE(refusalOf(lines).contains(u"100000"_s)) << qPrintable(refusalOf(lines));
 }
 
+TEST(ZLListForms, ALineThatWasNotUnderstoodIsNamedByItsBeginning)
+{
+    const ZLReadLists read = readText(u"0:00 a\n  "_s + u"🎙"_s.repeated(40) + u"\nx\x1By\n"_s);
+    ASSERT_EQ(read.lists.at(0).remarks.size(), 2);
+    EXPECT_EQ(read.lists.at(0).remarks.at(0).text, u"“"_s + u"🎙"_s.repeated(30) + u"…” was not understood."_s);
+    EXPECT_EQ(read.lists.at(0).remarks.at(1).text, u"“x y” was not understood."_s);
+}
+
 TEST(ZLListForms, RemarksAreBounded)
 {
     const ZLReadLists read = readText(u"0:00 a\n"_s + u"x\n"_s.repeated(500'000));

@@ -83,7 +83,7 @@ TEST(ZLListReaders, LinesWithFullTimesAndLinks)
     EXPECT_EQ(read.lists.at(0).chapters,
         (Chapters {
             { 0, u"Welcome"_s }, { 360062.5, u"News "_s, u"https://a.example"_s }, { 120, {} }, { 180, {}, u"L"_s } }));
-    EXPECT_EQ(read.lists.at(0).remarks, (QList<ZLListRemark> { { 3, u"This line was not understood."_s } }));
+    EXPECT_EQ(read.lists.at(0).remarks, (QList<ZLListRemark> { { 3, u"“not a line” was not understood."_s } }));
 }
 
 TEST(ZLListReaders, NumberedFieldsOfMatroskaToolsAndOfVorbisComments)
@@ -106,7 +106,7 @@ TEST(ZLListReaders, WhatPeopleWriteBelowAShow)
         (Chapters { { 0, u"Intro"_s }, { 3723, u"Title"_s }, { 750, u"Talk"_s }, { 62.5, u"More"_s },
             { 120, u"Dash"_s }, { 180, u"Bar"_s }, { 3599, u"End"_s }, { 3600, u"Last one"_s }, { 240, u"Range"_s },
             { 360, u"Site"_s, u"https://a.example"_s }, { 420, u"club"_s, u"https://b.example"_s } }));
-    EXPECT_EQ(read.lists.at(0).remarks, (QList<ZLListRemark> { { 1, u"This line was not understood."_s } }));
+    EXPECT_EQ(read.lists.at(0).remarks, (QList<ZLListRemark> { { 1, u"“In this episode:” was not understood."_s } }));
 }
 
 TEST(ZLListReaders, ATimeAtTheBeginningWinsOverOneAtTheEnd)

@@ -34,7 +34,7 @@ ZLResult<QList<ZLChapterList>> read(const ZLListSource& source)
         if (const auto label = labelIn(line))
             list.chapters.append(*label);
         else if (!line.trimmed().isEmpty() && !line.startsWith(u'\\'))
-            ZLListText::noteUnknownLine(list, i);
+            ZLListText::noteUnknownLine(list, i, source.lines().at(i));
     }
     return QList { list };
 }

@@ -132,7 +132,7 @@ ZLResult<QList<ZLChapterList>> read(const ZLListSource& source)
         } else if (chapter.line < 0 && line.key.compare("title"_L1, Qt::CaseInsensitive) == 0) {
             list.name = line.value;
         } else if (!line.hasValue || !take(chapter, line)) {
-            ZLListText::noteUnknownLine(list, line.index);
+            ZLListText::noteUnknownLine(list, line.index, source.lines().at(line.index));
         }
     }
     append(list, chapter);

@@ -73,7 +73,7 @@ ZLResult<QList<ZLChapterList>> read(const ZLListSource& source)
         if (field && !chapters.contains(field->number))
             chapters[field->number].line = i;
         if (field ? !take(chapters[field->number], *field) : !source.lines().at(i).trimmed().isEmpty())
-            ZLListText::noteUnknownLine(list, i);
+            ZLListText::noteUnknownLine(list, i, source.lines().at(i));
     }
     for (const NumberedChapter& chapter : std::as_const(chapters)) {
         if (chapter.start)

@@ -83,7 +83,7 @@ ZLResult<QList<ZLChapterList>> read(const ZLListSource& source)
         if (const auto start = ZLListTime::fromClock(time, 1))
             list.chapters.append({ *start, fields.value(columns.name) });
         else
-            ZLListText::noteUnknownLine(list, i);
+            ZLListText::noteUnknownLine(list, i, source.lines().at(i));
     }
     return QList { list };
 }

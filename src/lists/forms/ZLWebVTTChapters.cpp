@@ -66,7 +66,7 @@ void takeCue(ZLChapterList& list, const Block& block)
         return;
     const auto start = startOf(block.lines.at(timing));
     if (!start) {
-        ZLListText::noteUnknownLine(list, block.firstLine + timing);
+        ZLListText::noteUnknownLine(list, block.firstLine + timing, block.lines.at(timing));
         return;
     }
     QStringList title;

@@ -211,13 +211,15 @@ class AudioSheetTest(SheetTest):
         self.assertEqual((path.stat().st_ino, path.stat().st_mtime_ns), (status.st_ino, status.st_mtime_ns))
         self.assertEqual(os.listdir(disk), [path.name])
 
-    def test_an_audio_file_is_dropped_on_the_window(self):
-        window = self.open()
-        self.desktop.start(DRAG_SOURCE, self.audio)
+    def drop(self, path):
+        """On the chapters, with the mouse, from the window of another program."""
+        program = self.desktop.start(DRAG_SOURCE, path)
+        self.addCleanup(program.wait, 60)
+        self.addCleanup(program.terminate)
         source = wait_until(lambda: subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Drag Source"],
                                                    capture_output=True, text=True, check=False).stdout.strip(),
                             "the window to drag from")
-        table = self.window.accessible.find(window.frame, "table", "Chapters")
+        table = self.window.accessible.find(self.window.frame, "table", "Chapters")
         x, y = map(int, self.window.accessible.center(table))
         xdotool = self.desktop.xdotool
         xdotool("windowmove", "--sync", source, 0, 680)
@@ -225,8 +227,36 @@ class AudioSheetTest(SheetTest):
         for step in range(21):
             xdotool("mousemove", x - 20 + step, y)
         xdotool("mouseup", 1)
+
+    def test_an_audio_file_is_dropped_on_the_window(self):
+        self.open()
+        self.drop(self.audio)
         self.wait_for_state(0, "Chapters now: 0, to come: 3")
         self.assertEqual(self.files()[0][0], self.audio.name)
+
+    def test_a_list_is_dropped_on_the_chapters(self):
+        notes = self.folder / "notes.txt"
+        notes.write_text("Show notes\n0:05 From the list\n0:20 Ende https://example.org/\n")
+        window = self.open()
+        self.drop(notes)
+        wait_until(lambda: window.accessible.find_all(window.frame, "label", "2 chapters from notes.txt, read as Simple List"),
+                   "the sheet of an import")
+        self.take("import-dropped.png")
+        self.window.accessible.press(self.node("push button", "Import"))
+        wait_until(lambda: len(window.titles()) == 5, "the chapters")
+        self.assertEqual(window.titles(), ["Grüße", "From the list", "News", "Ende", "Outlook"])
+
+    def test_the_chapters_of_an_audio_file_are_imported(self):
+        subprocess.run([PROGRAM, "write", "--shift", "0.25", self.show, self.audio], check=True, capture_output=True)
+        window = self.open()
+        self.open_sheet(self.audio)
+        self.wait_for_state(0, "Chapters now: 3, to come: 3")
+        self.take("audio-sheet-import.png")
+        self.window.accessible.press(self.node("push button", "Import Its Chapters"))
+        wait_until(lambda: len(window.titles()) == 6, "the chapters of the file")
+        self.assertEqual(window.titles(), ["Grüße", "Grüße", "News", "News", "Outlook", "Outlook"])
+        self.desktop.press("Escape", "ctrl+z")
+        wait_until(lambda: len(window.titles()) == 3, "one step back")
 
     def test_an_audio_file_opens_as_a_document(self):
         subprocess.run([PROGRAM, "write", self.show, self.audio], check=True, capture_output=True)

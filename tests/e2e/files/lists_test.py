@@ -84,7 +84,7 @@ class Lists:
         self.desktop.press("ctrl+shift+i")
         self.enter_path(path)
         self.wait_for_sheet("2 chapters from labels.txt, read as Audacity Labels")
-        wait_until(lambda: self.shown("list item", "Line 3: This line was not understood."), "what was not understood")
+        wait_until(lambda: self.shown("list item", "Line 3: “odd” was not understood."), "what was not understood")
         self.picture("import-labels")
         # To the choice behind the list, and in it from Add to Replace.
         self.accessible.press(self.accessible.find(self.window.frame, "radio button", "Replace the chapters"))

@@ -87,7 +87,7 @@ TEST_F(ZLImportDisplayTest, AFileIsShownAndThenImportedByTheKeyboard)
     choose(dialogOf(m_document), list("1:00 News https://a.example/\nodd\n0:10 Welcome\n"));
     ASSERT_TRUE(sheetComes());
     EXPECT_EQ(rows(), (QStringList { u"00:00:10.000|Welcome|"_s, u"00:01:00.000|News|https://a.example/"_s }));
-    EXPECT_EQ(remarks(), QStringList { u"Line 2: This line was not understood."_s });
+    EXPECT_EQ(remarks(), QStringList { u"Line 2: “odd” was not understood."_s });
     EXPECT_EQ(part<QLabel>(u"importHeading"_s).text(), u"2 chapters from list.txt, read as Simple List"_s);
     EXPECT_EQ(titles(m_document), QStringList { u"Mine"_s }) << "nothing has come yet";
 

@@ -10,11 +10,10 @@ import os
 import subprocess
 import sys
 import time
-import unittest
 from pathlib import Path
 
 import numpy
-from clicks import RATE, jack_moments_of, places_in, places_in_file
+from clicks import RATE, are_calm, jack_moments_of, places_in, places_in_file
 from desktop import Desktop, wait_until
 from jack_transport import JackTransport
 from osc_recorder import PROGRAM
@@ -24,10 +23,13 @@ CLICKS = Path(sys.argv.pop(1))
 RECORDER = Path(sys.argv.pop(1))
 IS_ECASOUND = "--ecasound" in sys.argv and not sys.argv.remove("--ecasound")
 ROUNDS = int(sys.argv.pop(1)) if len(sys.argv) > 1 and sys.argv[1].isdigit() else 1
-# In seconds. One click in a hundred, and one at least, may miss it: a server that was held up has lost time.
+
+# In seconds, for 99 of 100 clicks. Those around which the server has lost time, because it was held up, do not count.
 USUAL = 0.003
+FEWEST = 20
 LONGEST_ROUND = 60
 ATTEMPTS = 3
+SKIPPED = 77
 
 
 def ports():
@@ -138,44 +140,51 @@ class Show:
     def misses(self):
         recording = [(0.0, 0.0, self.recorder.places())]
         moments = jack_moments_of(self.clicks.lines[:-1])
-        found = {"from the start and restarted": self.zelta, "joined late": self.late}
-        found = {name: misses(zelta, moments, recording) for name, zelta in found.items()}
-        for name, each in found.items():
-            print(f"{name}: {len(each)} clicks, ms", numpy.round(each * 1000, 2).tolist())
-        return numpy.concatenate(list(found.values()))
+        everything = []
+        for name, zelta in (("from the start and restarted", self.zelta), ("joined late", self.late)):
+            found = misses(zelta, moments, recording)[are_calm(self.clicks.lines[:-1], zelta.presses)]
+            print(f"{name}: {len(found)} of {len(zelta.presses)} clicks, ms", numpy.round(found * 1000, 2).tolist())
+            everything.extend(found)
+        return everything
 
 
-class JackShowTest(unittest.TestCase):
-    def start_server(self, desktop):
-        os.environ["JACK_DEFAULT_SERVER"] = f"zelta-e2e-{os.getpid()}"
-        log = (desktop.home / "jackd.log").open("w")
-        self.addCleanup(log.close)
-        desktop.start("jackd", "-r", "-n", os.environ["JACK_DEFAULT_SERVER"], "-d", "dummy", "-r", RATE, "-p", 1024,
-                      stdout=log, stderr=log)
-        wait_until(lambda: "system:capture_1" in ports(), "the JACK server")
+def start_server(desktop):
+    os.environ["JACK_DEFAULT_SERVER"] = f"zelta-e2e-{os.getpid()}"
+    desktop.start("jackd", "-r", "-n", os.environ["JACK_DEFAULT_SERVER"], "-d", "dummy", "-r", RATE, "-p", 1024,
+                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    wait_until(lambda: "system:capture_1" in ports(), "the JACK server")
 
-    def round(self, desktop, number):
-        show = Show(desktop, number)
+
+def measure(desktop, attempt):
+    """Whether the chapters are where the clicks are; None where the server lost time all along."""
+    found = []
+    for number in range(ROUNDS):
+        show = Show(desktop, attempt * ROUNDS + number)
         show.record()
         show.end()
-        return show.misses()
+        found.extend(show.misses())
+    distances = numpy.sort(numpy.abs(found)) * 1000
+    if len(distances) < FEWEST * ROUNDS:
+        print("The JACK server could not keep up: this show does not count.", flush=True)
+        return None
+    beyond = numpy.count_nonzero(distances > USUAL * 1000)
+    print(f"{len(distances)} clicks: half within {numpy.median(distances):.2f} ms, {beyond} beyond {USUAL * 1000:.0f} ms,"
+          f" the largest {distances[-1]:.2f} ms", flush=True)
+    return beyond <= len(distances) // 100
 
-    def measure(self, desktop, attempt):
-        """Whether the chapters were where the clicks are."""
-        found = numpy.concatenate([self.round(desktop, attempt * ROUNDS + number) for number in range(ROUNDS)])
-        distances = numpy.sort(abs(found)) * 1000
-        beyond = numpy.count_nonzero(distances > USUAL * 1000)
-        print(f"{len(found)} clicks: half within {numpy.median(distances):.2f} ms, {beyond} beyond {USUAL * 1000:.0f} ms,"
-              f" the largest {distances[-1]:.2f} ms", flush=True)
-        self.assertGreater(len(found), 30 * ROUNDS)
-        return beyond <= max(1, len(found) // 100)
 
-    def test_chapters_are_where_the_clicks_are(self):
-        with Desktop() as desktop:
-            self.start_server(desktop)
-            # A busy machine may hold the server up once, for longer than one click. Three times in a row would be a fault.
-            self.assertTrue(any(self.measure(desktop, attempt) for attempt in range(ATTEMPTS)))
+def main():
+    with Desktop() as desktop:
+        start_server(desktop)
+        shows = []
+        while len(shows) < ATTEMPTS and True not in shows:
+            shows.append(measure(desktop, len(shows)))
+    if True in shows:
+        return
+    assert False not in shows, "the chapters are not where the clicks are"
+    print("skipped: the JACK server could not keep up on this machine")
+    sys.exit(SKIPPED)
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()

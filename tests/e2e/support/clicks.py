@@ -8,6 +8,9 @@ RATE = 48000
 LOUD = 3000
 # Between two clicks there is more silence than this, in seconds.
 APART = 0.1
+# In seconds: what a server that keeps up does not lose, and how long the clock may take to follow one that has lost more.
+LOST = 0.001
+AFTER_LOSS = 2.5
 # Sound that is not moved keeps its distances by so many seconds.
 STEADY = 0.005
 # So many lines, or stretches of sound, tell of the same time.
@@ -44,12 +47,28 @@ def moments_of(lines):
     return numpy.array(found)
 
 
+def stretches_in(words):
+    return numpy.array([(float(word[1]), float(word[2])) for word in words if word[0] == "stretch"])
+
+
+def are_calm(lines, moments):
+    """For each of the moments: whether the JACK server has lost no time shortly before it or around it. A server that is
+    held up does that."""
+    stretches = stretches_in([line.split() for line in lines])
+    zeros = stretches[:, 1] - stretches[:, 0] / RATE
+    even = numpy.array([min(zeros[max(0, index - NEAR):index + NEAR]) for index in range(len(zeros))])
+    calm = []
+    for moment in moments:
+        around = even[(stretches[:, 1] > moment - AFTER_LOSS) & (stretches[:, 1] < moment + APART)]
+        calm.append(len(around) > 0 and numpy.ptp(around) < LOST)
+    return numpy.array(calm)
+
+
 def jack_moments_of(lines):
     """When the clicks were heard, by what zelta_jack_clicks printed. The server may begin with a stretch of sound late,
     but never early, so the earliest of those around it is right."""
     words = [line.split() for line in lines]
-    stretches = numpy.array([(float(frame), float(moment)) for kind, frame, moment in
-                             (word for word in words if word[0] == "stretch")])
+    stretches = stretches_in(words)
     zeros = stretches[:, 1] - stretches[:, 0] / RATE
     found = []
     for frame in (float(word[1]) for word in words if word[0] == "click"):

@@ -80,6 +80,8 @@ TEST_F(ZLRecorderWindowTest, TheDocumentInFrontFollowsWhatIsChosen)
     EXPECT_EQ(ZLFollowingSettings::kind(), u"fake");
     EXPECT_TRUE(text(u"followingDocument"_s).contains(m_document.displayName()));
     report(0.0);
+    lookAnew();
+    EXPECT_EQ(text(u"recorderDistance"_s), u"0 ms") << "nothing has no sign";
     m_hostClock->advance(5.0);
     report(5.05);
     lookAnew();

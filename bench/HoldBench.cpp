@@ -29,8 +29,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Milliseconds after each thing in which its effects are measured, as the write that follows.
-constexpr int timeForEffects = 2500;
+/// Milliseconds after each thing in which its effects are measured, as the write that follows: longer for a long list.
+constexpr int shortestTimeForEffects = 2500;
+constexpr int chaptersPerMillisecond = 25;
 /// The same after a preparation, which is not measured.
 constexpr int timeForPreparation = 10'000;
 
@@ -218,11 +219,12 @@ std::vector<Step> pausedSteps(Desk& desk)
 /// Performs one step after the other.
 class Day {
 public:
-    explicit Day(std::vector<Step> steps)
+    Day(std::vector<Step> steps, int timeForEffects)
         : m_steps(std::move(steps))
+        , m_timeForEffects(timeForEffects)
     {
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { goOn(); });
-        m_timer.start(timeForEffects);
+        m_timer.start(m_timeForEffects);
     }
 
 private:
@@ -238,11 +240,12 @@ private:
             return;
         }
         m_beat.forget();
-        m_timer.start(m_steps.at(m_next).name ? timeForEffects : timeForPreparation);
+        m_timer.start(m_steps.at(m_next).name ? m_timeForEffects : timeForPreparation);
         m_steps.at(m_next++).perform();
     }
 
     std::vector<Step> m_steps;
+    const int m_timeForEffects;
     std::size_t m_next = 0;
     QTimer m_timer;
     HeartBeat m_beat;
@@ -266,6 +269,6 @@ int main(int argc, char** argv)
     for (Step& step : pausedSteps(desk))
         steps.push_back(std::move(step));
     std::printf("%-42s %10s %10s\n", "milliseconds at most", "clock", "processor");
-    const Day day(std::move(steps));
+    const Day day(std::move(steps), shortestTimeForEffects + count / chaptersPerMillisecond);
     return QCoreApplication::exec();
 }

@@ -99,6 +99,9 @@ void ZLFingerprinter::addFrame()
 ZLFingerprinter::Bands ZLFingerprinter::bandsOfWindow()
 {
     Transform& transform = *m_transform;
+    // Hours of nothing are over soon.
+    if (std::ranges::all_of(transform.window, [](float sample) { return sample == 0.0F; }))
+        return {};
     for (size_t index = 0; index < SamplesPerWindow; ++index)
         transform.window[index] *= transform.shape[index];
     kiss_fftr(transform.plan, transform.window.data(), transform.bins.data());

@@ -21,6 +21,8 @@ constexpr double leastScoreOfMoved = 12.0;
 
 /// In frames. A shorter stretch of the file is no teaser.
 constexpr std::int64_t leastMoved = 100;
+constexpr double longestPause = 2.0;
+constexpr double sameDistance = 0.03;
 
 std::int64_t frameAt(double seconds)
 {
@@ -42,6 +44,31 @@ std::vector<ZLFrameRun> stretchesBetween(const std::vector<ZLSoundPiece>& pieces
     }
     addUpTo(fileFrames);
     return stretches;
+}
+
+bool goesOn(const ZLSoundPiece& former, const ZLSoundPiece& next)
+{
+    return next.showStart - former.showEnd() < longestPause
+        && std::abs(former.fileTimeOf(next.showStart) - next.fileStart) < sameDistance
+        && std::abs(former.fileTimeOf(next.showEnd()) - next.fileEnd()) < sameDistance;
+}
+
+/// A pause in the speech, in which nothing can be recognised, is no seam.
+std::vector<ZLSoundPiece> joinedOverPauses(const std::vector<ZLSoundPiece>& pieces)
+{
+    std::vector<ZLSoundPiece> joined;
+    for (const ZLSoundPiece& piece : pieces) {
+        if (joined.empty() || !goesOn(joined.back(), piece)) {
+            joined.push_back(piece);
+            continue;
+        }
+        ZLSoundPiece& former = joined.back();
+        const double share = piece.length / (former.length + piece.length);
+        former.differingShare += share * (piece.differingShare - former.differingShare);
+        former.shareElsewhere += share * (piece.shareElsewhere - former.shareElsewhere);
+        former.length = piece.showEnd() - former.showStart;
+    }
+    return joined;
 }
 
 bool shareSound(const ZLSoundPiece& left, const ZLSoundPiece& right)
@@ -99,8 +126,8 @@ ZLSoundAlignment ZLSoundAlignment::of(
     const auto fileFrames = ZLFingerprintNoise::filled(file, ZLFingerprintNoise::Side::File);
     const auto anchors = ZLAnchors::inOrder(showFrames, fileFrames, progress);
     const auto seeds = ZLAlignmentSeeds::find(anchors, showFrames, fileFrames, progress);
-    alignment.pieces = ZLClockFit::timesOf(
-        ZLSoundPieces::of(ZLSeedChain::best(seeds), showFrames, fileFrames), showFrames, fileFrames);
+    alignment.pieces = joinedOverPauses(ZLClockFit::timesOf(
+        ZLSoundPieces::of(ZLSeedChain::best(seeds), showFrames, fileFrames), showFrames, fileFrames));
     alignment.movedPieces = piecesOutOfOrder(alignment.pieces, showFrames, fileFrames, progress);
     return alignment;
 }

@@ -132,6 +132,16 @@ void ZLListeningData::insertTime(double reading, double seconds)
     }
 }
 
+void ZLListeningData::removeTime(double reading, double seconds)
+{
+    for (ZLListeningSpan& span : std::exchange(m_spans, {})) {
+        // What is heard in between was heard in no other time.
+        if (span.start >= reading + seconds - span.interval)
+            span.start -= seconds;
+        add(std::move(span));
+    }
+}
+
 ZLHeardShow ZLListeningData::heardShow() const
 {
     if (m_spans.empty())

@@ -47,6 +47,8 @@ public:
     void add(ZLListeningSpan span);
     /// The clock was put forward by `seconds`, as of `reading`: what was heard there and later was heard so much later.
     void insertTime(double reading, double seconds);
+    /// Takes insertTime() back: what was heard `seconds` after `reading` and later was heard so much earlier.
+    void removeTime(double reading, double seconds);
 
     /// Empty when nothing was heard.
     [[nodiscard]] ZLHeardShow heardShow() const;

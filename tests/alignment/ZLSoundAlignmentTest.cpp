@@ -124,6 +124,16 @@ TEST(ZLSoundAlignmentTest, APauseInWhatWasHeardIsBridged)
         EXPECT_NEAR(piece.fileTimeOf(60.0), 60.0, 0.02);
 }
 
+TEST(ZLSoundAlignmentTest, AShortPauseIsNoSeam)
+{
+    const Frames all = show(9, 120.0);
+    Frames heard = all;
+    std::fill(heard.begin() + 2000, heard.begin() + 2060, ZLSoundFingerprint::Nothing);
+    const auto alignment = aligned(heard, all);
+    ASSERT_EQ(alignment.pieces.size(), 1U);
+    EXPECT_NEAR(alignment.pieces[0].length, 120.0, 1.0);
+}
+
 TEST(ZLSoundAlignmentTest, ItEndsWhenCancelled)
 {
     ZLWorkProgress progress;

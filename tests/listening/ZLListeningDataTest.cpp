@@ -129,6 +129,20 @@ TEST(ZLListeningDataTest, TimeThatIsAddedToTheClockMovesWhatWasHeardLater)
     EXPECT_DOUBLE_EQ(spans[2].start, 65.0);
 }
 
+TEST(ZLListeningDataTest, TimeThatIsTakenBackFromTheClockMovesWhatWasHeardBack)
+{
+    const auto before = dataOf({ countingSpan(0.0, 100), countingSpan(5.0, 100, 1000) });
+    auto data = before;
+    data.insertTime(3.0, 60.0);
+    data.insertTime(2.5, 7.0);
+    EXPECT_NE(data, before);
+    data.removeTime(2.5, 7.0);
+    data.removeTime(3.0, 60.0);
+    ASSERT_EQ(data.spans().size(), 2U);
+    EXPECT_DOUBLE_EQ(data.spans()[1].start, 5.0);
+    EXPECT_EQ(data, before);
+}
+
 TEST(ZLListeningDataTest, DamagedSpansAreLeftOutAndTheOthersStay)
 {
     const double inf = std::numeric_limits<double>::infinity();

@@ -45,6 +45,7 @@ QStringList ZLSession::restoreKept(const Openers& openers, const QStringList& fi
         if (const ZLStatus opened = openers.openRecoveryFile(path); !opened)
             failures.append(opened.error().message);
     }
+    m_recoveryFolder.removeLeftListening();
     return failures;
 }
 

@@ -44,7 +44,7 @@ ZLResult<double> ZLClockStart::byBeep(const QString& recordingPath, const QByteA
 {
     const std::vector<float> wanted = samplesOf(beep);
     ZLSoundSearch search(wanted);
-    progress.begin(qint64(ZLSoundDecoder::claimedSeconds(recordingPath).value_or(0.0) * samplesPerSecond));
+    progress.begin(qint64(ZLSoundDecoder::expectedSeconds(recordingPath).value_or(0.0) * samplesPerSecond));
     const ZLStatus status =
         ZLSoundDecoder::decode(recordingPath, samplesPerSecond, [&](std::span<const float> samples) {
             search.hear(samples);

@@ -35,7 +35,7 @@ ZLListeningSpan spanFrom(double reading, ZLSoundFingerprint&& fingerprint)
 
 ZLResult<ZLSoundFingerprint> ZLHeardSound::fingerprintOf(const QString& path, ZLWorkProgress& progress)
 {
-    progress.begin(qint64(ZLSoundDecoder::claimedSeconds(path).value_or(0.0) * ZLSoundFingerprint::SamplesPerSecond));
+    progress.begin(qint64(ZLSoundDecoder::expectedSeconds(path).value_or(0.0) * ZLSoundFingerprint::SamplesPerSecond));
     ZLFingerprinter fingerprinter;
     ZLSoundFingerprint fingerprint;
     const auto takeFrames = [&] {

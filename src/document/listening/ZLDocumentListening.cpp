@@ -10,6 +10,19 @@ constexpr double largestRounding = 0.001;
 const QString removeListeningDataActionName =
     QStringLiteral(QT_TRANSLATE_NOOP("ZLChapterDocument", "Remove Listening Data"));
 
+double secondsOf(const QList<ZLSleepWhileRecording>& sleeps)
+{
+    double seconds = 0.0;
+    for (const ZLSleepWhileRecording& sleep : sleeps)
+        seconds += sleep.seconds;
+    return seconds;
+}
+
+bool isSame(double left, double right)
+{
+    return std::abs(left - right) <= 0.001;
+}
+
 }
 
 ZLDocumentListening::ZLDocumentListening(
@@ -88,15 +101,16 @@ void ZLDocumentListening::followSleeps()
 {
     const QList<ZLSleepWhileRecording> sleeps = std::exchange(m_sleeps, m_document.undecidedSleeps());
     const double added = m_document.duration() - std::exchange(m_duration, m_document.duration());
-    double slept = 0.0;
-    for (const ZLSleepWhileRecording& sleep : sleeps)
-        slept += sleep.seconds;
-    if (sleeps.isEmpty() || !m_sleeps.isEmpty() || std::abs(added - slept) > 0.001)
+    const bool areAdded = m_sleeps.isEmpty() && isSame(added, secondsOf(sleeps));
+    const bool areTakenBack = sleeps.isEmpty() && isSame(added, -secondsOf(m_sleeps));
+    if (areAdded == areTakenBack)
         return;
     ZLListeningData data = storedData();
-    // The last one first, so that those before it keep their readings.
+    // The last one first, so that those before it keep their readings; back in the other order.
     for (auto sleep = sleeps.crbegin(); sleep != sleeps.crend(); ++sleep)
         data.insertTime(sleep->reading, sleep->seconds);
+    for (const ZLSleepWhileRecording& sleep : std::as_const(m_sleeps))
+        data.removeTime(sleep.reading, sleep.seconds);
     m_document.extras().keep(ZLListeningData::Key, data.stored());
 }
 

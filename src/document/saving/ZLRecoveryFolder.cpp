@@ -96,3 +96,17 @@ ZLResult<std::unique_ptr<ZLRecoveryFile>> ZLRecoveryFolder::claim(const QString&
         return std::unique_ptr<ZLRecoveryFile>();
     return std::make_unique<ZLRecoveryFile>(path, std::move(lock).value());
 }
+
+void ZLRecoveryFolder::removeLeftListening() const
+{
+    const QString pattern = u"*."_s + ZLDocumentFile::Extension + ZLRecoveryFile::ListeningSuffix;
+    const auto entries = QDir(m_path).entryInfoList({ pattern }, QDir::Files | QDir::System, QDir::Name);
+    for (const QFileInfo& entry : entries) {
+        const QString path = entry.filePath().chopped(ZLRecoveryFile::ListeningSuffix.size());
+        if (isThereAnything(path))
+            continue;
+        const auto lock = ZLFileLock::tryLock(recoveryLockPath(path));
+        if (lock && lock.value() && !isThereAnything(path))
+            QFile::remove(entry.filePath());
+    }
+}

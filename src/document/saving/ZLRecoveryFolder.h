@@ -57,6 +57,9 @@ public:
     [[nodiscard]] QStringList journaledFiles() const;
     /// Takes a file or its journal over; a null pointer when another holder has it, or when both are gone.
     [[nodiscard]] ZLResult<std::unique_ptr<ZLRecoveryFile>> claim(const QString& path) const;
+    /// Deletes what was heard of shows that have neither a file nor a journal any more, so that nothing says whose it
+    /// was. What a holder still has stays.
+    void removeLeftListening() const;
 
 private:
     QString m_path;

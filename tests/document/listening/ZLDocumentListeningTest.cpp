@@ -290,6 +290,23 @@ TEST_F(ZLDocumentListeningTest, TimeThatWasSleptAndIsAddedMovesWhatWasHeardLater
         EXPECT_TRUE(span.end() < 5.2 || span.start > 64.9) << span.start;
 }
 
+TEST_F(ZLDocumentListeningTest, SleptTimeThatIsTakenBackMovesWhatWasHeardBack)
+{
+    m_document.recordButtonPressed();
+    hear(5.0);
+    m_bootClock->advance(60.0);
+    m_document.noticeSleep();
+    hear(5.0);
+    m_document.addSleptTime();
+    m_document.recordButtonPressed();
+    const auto added = kept();
+    m_document.undoManager().undo();
+    m_document.undoManager().undo();
+    EXPECT_NEAR(kept().spans().back().end(), 10.0, 0.2);
+    m_document.undoManager().redo();
+    EXPECT_NEAR(kept().spans().back().end(), added.spans().back().end(), 0.001);
+}
+
 TEST_F(ZLDocumentListeningTest, FormerStatesLeaveItOutAndGoingBackToOneKeepsIt)
 {
     addChapterAt(1.0, u"first"_s);

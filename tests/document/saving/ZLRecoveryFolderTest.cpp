@@ -79,6 +79,32 @@ TEST_F(ZLRecoveryFolderTest, AFileThatIsGoneCannotBeClaimed)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList()) << "no lock is left over";
 }
 
+TEST_F(ZLRecoveryFolderTest, WhatWasHeardOfAShowThatIsGoneGoes)
+{
+    ASSERT_TRUE(folder.prepare());
+    const auto heardOf = [this](const QString& name) {
+        const QString path = folder.path() + u'/' + name;
+        EXPECT_TRUE(ZLAtomicFile::write(path + ZLRecoveryFile::ListeningSuffix, "heard"));
+        return path;
+    };
+    const QString left = heardOf(u"left.zelta"_s);
+    const QString journaled = heardOf(u"journaled.zelta"_s);
+    ASSERT_TRUE(ZLAtomicFile::write(journaled + ZLRecoveryFile::JournalSuffix, "journal"));
+    const QString kept = heardOf(u"kept.zelta"_s);
+    ASSERT_TRUE(ZLAtomicFile::write(kept, "document"));
+    // The journal of a show that is being recorded may not be on the disk yet.
+    auto created = folder.createFile();
+    ASSERT_TRUE(created);
+    const auto held = std::move(created).value();
+    ASSERT_TRUE(ZLAtomicFile::write(held->listeningPath(), "heard"));
+    folder.removeLeftListening();
+    EXPECT_FALSE(QFile::exists(left + ZLRecoveryFile::ListeningSuffix));
+    EXPECT_FALSE(QFile::exists(left + u".lock"_s));
+    EXPECT_TRUE(QFile::exists(journaled + ZLRecoveryFile::ListeningSuffix));
+    EXPECT_TRUE(QFile::exists(kept + ZLRecoveryFile::ListeningSuffix));
+    EXPECT_TRUE(QFile::exists(held->listeningPath()));
+}
+
 TEST_F(ZLRecoveryFolderTest, TheLockOfADeadProcessStandsInNobodysWay)
 {
     auto file = createFile("1");

@@ -5,7 +5,10 @@
 """
 
 import json
+import math
 import os
+import resource
+import struct
 import subprocess
 import sys
 import tempfile
@@ -142,6 +145,38 @@ class FitTest(unittest.TestCase):
         plain, _ = self.fit("cuts")
         self.assertEqual([chapter["newTime"] for chapter in json.loads(out)["chapters"]],
                          [chapter["newTime"] for chapter in plain["chapters"]])
+
+    def test_long_silence_a_tone_and_hostile_files_are_refused_in_little_memory(self):
+        marks, heard, _, _ = self.shows["cuts"]
+        hours = self.wave("ten_hours.wav", 10 * 3600 * 8000)
+        tone = self.folder / "tone.wav"
+        show_simulator.run("sox", "-n", "-r", 8000, tone, "synth", 600, "sine", 1000)
+        claims = self.wave("claims.wav", 0xFFFFFFF0 // 2, b"\1\2" * 8000, cut=True)
+        torn = self.folder / "torn.flac"
+        show_simulator.run("sox", heard, torn)
+        torn.write_bytes(torn.read_bytes()[:3000])
+        numbers = self.folder / "numbers.wav"
+        numbers.write_bytes(b"RIFF" + struct.pack("<I", 0xFFFFFFFF) + b"WAVEfmt " + struct.pack(
+            "<IHHIIHH4sI", 16, 3, 1, 8000, 32000, 4, 32, b"data", 400000) + struct.pack("<f", math.nan) * 100000)
+        empty = self.folder / "empty.wav"
+        empty.touch()
+        for sound in (hours, tone, claims, torn, numbers, empty):
+            for words in ((sound, heard), (heard, sound)):
+                with self.subTest(words=words):
+                    _, err = self.zelta("fit", "--finished", words[0], "--heard", words[1], marks, status=1)
+                    self.assertEqual(err.count("\n"), 1, err)
+        # Of all programs that ran so far, the largest one; ffmpeg is among them.
+        self.assertLess(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss, 300 * 1024)
+
+    def wave(self, name, samples, content=b"", cut=False):
+        """A file of silence that takes no room on the disk; cut off behind the content, it only claims to be so long."""
+        path = self.folder / name
+        header = b"RIFF" + struct.pack("<I", 36 + 2 * samples & 0xFFFFFFFF) + b"WAVEfmt " + struct.pack(
+            "<IHHIIHH4sI", 16, 1, 1, 8000, 16000, 2, 16, b"data", 2 * samples)
+        path.write_bytes(header + content)
+        if not cut:
+            os.truncate(path, len(header) + 2 * samples)
+        return path
 
     def test_bad_files_and_bad_words_are_told(self):
         marks, heard, finished, _ = self.shows["cuts"]

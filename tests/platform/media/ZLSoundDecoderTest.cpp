@@ -58,6 +58,23 @@ TEST_F(ZLSoundDecoderTest, EachFormSoundsAtItsTime)
     }
 }
 
+TEST_F(ZLSoundDecoderTest, TheLengthIsKnownBeforeTheSoundIs)
+{
+    make(u"a.wav"_s);
+    make(u"a.m4a"_s, { u"-c:a"_s, u"aac"_s });
+    for (const auto& name : { u"a.wav"_s, u"a.m4a"_s }) {
+        const auto seconds = ZLSoundDecoder::expectedSeconds(path(name));
+        ASSERT_TRUE(seconds) << qPrintable(name);
+        EXPECT_NEAR(*seconds, 12.0, 0.1) << qPrintable(name);
+    }
+    QFile text(path(u"text"_s));
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+    text.write("no sound");
+    text.close();
+    EXPECT_FALSE(ZLSoundDecoder::expectedSeconds(path(u"text"_s)));
+    EXPECT_FALSE(ZLSoundDecoder::expectedSeconds(path(u"missing"_s)));
+}
+
 TEST_F(ZLSoundDecoderTest, TheSinkEndsIt)
 {
     make(u"a.wav"_s);

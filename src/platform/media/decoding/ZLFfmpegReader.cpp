@@ -19,6 +19,8 @@ constexpr int millisecondsOfPatience = 200;
 /// A program that gives nothing for so long hangs.
 constexpr int mostSilentWaits = 150;
 constexpr qsizetype mostMessage = 300;
+/// A file whose length is not told within it has none that is worth waiting for.
+constexpr int patienceForLength = 5000;
 
 QStringList arguments(const QString& path, int samplesPerSecond, double start)
 {
@@ -26,6 +28,12 @@ QStringList arguments(const QString& path, int samplesPerSecond, double start)
     return { u"-nostdin"_s, u"-v"_s, u"error"_s, u"-protocol_whitelist"_s, u"file,pipe"_s, u"-ss"_s,
         QString::number(start, 'f', 3), u"-i"_s, u"file:"_s + path, u"-vn"_s, u"-sn"_s, u"-dn"_s, u"-ac"_s, u"1"_s,
         u"-ar"_s, QString::number(samplesPerSecond), u"-f"_s, u"f32le"_s, u"-"_s };
+}
+
+QStringList questionOfLength(const QString& path)
+{
+    return { u"-v"_s, u"error"_s, u"-protocol_whitelist"_s, u"file,pipe"_s, u"-show_entries"_s, u"format=duration"_s,
+        u"-of"_s, u"default=noprint_wrappers=1:nokey=1"_s, u"file:"_s + path };
 }
 
 /// The last line that the program has to say.
@@ -93,4 +101,22 @@ ZLStatus ZLFfmpegReader::decode(
         return ZLDone {};
     const QString reason = reasonOf(process);
     return ZLError { reason.isEmpty() ? FfmpegTexts::tr("There is no sound in it.") : reason };
+}
+
+std::optional<double> ZLFfmpegReader::claimedSeconds(const QString& path)
+{
+    const QString program = QStandardPaths::findExecutable(u"ffprobe"_s);
+    if (program.isEmpty())
+        return std::nullopt;
+    QProcess process;
+    process.start(program, questionOfLength(path), QIODevice::ReadOnly);
+    if (!process.waitForFinished(patienceForLength)) {
+        process.kill();
+        process.waitForFinished();
+        return std::nullopt;
+    }
+    bool isNumber = false;
+    const double seconds = process.readAllStandardOutput().trimmed().toDouble(&isNumber);
+    const bool makesSense = isNumber && seconds > 0.0 && seconds <= ZLSoundDecoder::MostSeconds;
+    return makesSense ? std::optional(seconds) : std::nullopt;
 }

@@ -22,3 +22,12 @@ std::optional<double> ZLSoundDecoder::claimedSeconds(const QString& path)
     const auto source = ZLMediaSource::open(path);
     return source ? ZLSndfileReader::claimedSeconds(*source.value()) : std::nullopt;
 }
+
+std::optional<double> ZLSoundDecoder::expectedSeconds(const QString& path)
+{
+    const auto source = ZLMediaSource::open(path);
+    if (!source)
+        return std::nullopt;
+    const auto claimed = ZLSndfileReader::claimedSeconds(*source.value());
+    return claimed ? claimed : ZLFfmpegReader::claimedSeconds(path);
+}

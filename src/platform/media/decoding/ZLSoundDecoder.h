@@ -24,5 +24,7 @@ inline constexpr double MostSeconds = 48.0 * 3600.0;
 
 /// How long the sound in the file claims to be; nothing where that is not told without decoding it.
 [[nodiscard]] std::optional<double> claimedSeconds(const QString& path);
+/// The same, also of the files that go through ffmpeg, which count picture and sound as one. It may take a while.
+[[nodiscard]] std::optional<double> expectedSeconds(const QString& path);
 
 }

@@ -3148,6 +3148,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Further lines were not understood.</source>
         <translation>Weitere Zeilen wurden nicht verstanden.</translation>
     </message>
+    <message>
+        <source>“%1” was not understood.</source>
+        <translation>„%1“ wurde nicht verstanden.</translation>
+    </message>
 </context>
 <context>
     <name>ZLListening</name>

@@ -208,16 +208,20 @@ class ListeningTest(unittest.TestCase):
         self.assertEqual(files[0].stat().st_mode & 0o777, 0o600)
         payloads = journal_records(files[0].read_bytes())
         self.assertGreater(len(payloads), 20)
-        frames = 0
+        frames = all_frames = stretch = 0
         for payload in payloads:
             number, start, interval, first = struct.unpack_from(">IddI", payload)
             self.assertEqual((len(payload) - 24) % 4, 0)
-            self.assertEqual(first, frames)
-            self.assertEqual(number, 0)
+            # A sound server that wakes up for the first sound may break off, and a busy one too.
+            if number == stretch + 1:
+                stretch, frames = number, 0
+            self.assertEqual((number, first), (stretch, frames))
             self.assertGreaterEqual(start, 0.0)
             self.assertAlmostEqual(interval, 0.02, delta=0.02 * 0.002)
             frames += (len(payload) - 24) // 4
-        self.assertAlmostEqual(frames / 50.0, KILL, delta=15.0)
+            all_frames += (len(payload) - 24) // 4
+        self.assertLess(stretch, 5)
+        self.assertAlmostEqual(all_frames / 50.0, KILL, delta=15.0)
 
     def check_storage(self):
         """What is stored of the show in the end is its fingerprint, four bytes a frame, and nothing anywhere else."""

@@ -1,6 +1,7 @@
-"""A sound server of the test's own."""
+"""A sound server of the test's own: PulseAudio, or PipeWire where ZELTA_TEST_SOUND_SERVER says "pipewire"."""
 
 import os
+import shlex
 import subprocess
 
 from desktop import wait_until
@@ -22,13 +23,34 @@ class SoundServer:
         self.desktop = desktop
         place = place or desktop.home / "sound"
         place.mkdir(mode=0o700)
+        places = {name: str(place) for name in ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_STATE_HOME")}
+        environment = {**os.environ, **places}
+        if os.environ.get("ZELTA_TEST_SOUND_SERVER") == "pipewire":
+            self.start_pipewire(place, outputs, environment)
+        else:
+            self.start_pulseaudio(place, outputs, environment)
+
+    def start_pulseaudio(self, place, outputs, environment):
         script = place / "pulse.pa"
         script.write_text(PROTOCOL.format(socket=place / "socket") + outputs)
         os.environ["PULSE_SERVER"] = f"unix:{place}/socket"
-        places = {name: str(place) for name in ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_STATE_HOME")}
-        desktop.start("pulseaudio", "-n", "-F", script, "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
-                      "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error",
-                      env={**os.environ, **places})
+        self.desktop.start("pulseaudio", "-n", "-F", script, "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes",
+                           "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--log-level=error", env=environment)
+        self.wait_for_answer()
+
+    def start_pipewire(self, place, outputs, environment):
+        """Its own session manager, on a bus of its own, joins what plays and what listens. Both end with PipeWire."""
+        os.environ["PULSE_SERVER"] = f"unix:{place}/pulse/native"
+        self.desktop.start("pipewire", env=environment)
+        wait_until((place / "pipewire-0").exists, "PipeWire to start")
+        self.desktop.start("dbus-run-session", "--", "wireplumber", env=environment)
+        self.desktop.start("pipewire-pulse", env=environment)
+        self.wait_for_answer()
+        for line in outputs.splitlines():
+            subprocess.run(["pactl", *shlex.split(line)], capture_output=True, check=True)
+
+    @staticmethod
+    def wait_for_answer():
         wait_until(lambda: subprocess.run(["pactl", "info"], capture_output=True, check=False).returncode == 0,
                    "the sound server to answer")
 

@@ -25,7 +25,7 @@ zelta_test_packages=(
 )
 # By version: what another one would lay out or complain of is different.
 zelta_tidy_packages=(
-  clang-format-19 clang-tidy-19
+  clang-format-19 clang-tidy-19 clang-19 libclang-rt-19-dev
 )
 zelta_bench_packages=(
   libbenchmark-dev liblo-dev faketime python3-numpy

@@ -1,5 +1,6 @@
 #include "app/ui/ZLDesktopFixture.h"
 #include "export/formats/ZLRegisterExporters.h"
+#include "support/ZLAsksSaver.h"
 
 using namespace Qt::StringLiterals;
 
@@ -106,7 +107,7 @@ TEST_F(ZLExportAgainDisplayTest, AnUntitledDocumentHasItsTargetsAndKeepsThemWhen
     trigger(untitled, u"exportAgain"_s);
     EXPECT_EQ(passingMessage(untitled), u"Exported again: a.txt."_s);
 
-    ASSERT_TRUE(m_controller.saverOf(untitled)->saveAs(filePath(u"new.zelta"_s)).isOk());
+    ASSERT_TRUE(ZLAsksSaver::savedAs(*m_controller.saverOf(untitled), filePath(u"new.zelta"_s)).isOk());
     addChapter(untitled, u"New"_s);
     trigger(untitled, u"exportAgain"_s);
     EXPECT_EQ(contents(u"a.txt"_s), "00:00 Untitled\n00:00 New\n");

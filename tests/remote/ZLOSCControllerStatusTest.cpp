@@ -252,7 +252,7 @@ TEST_F(ZLOSCControllerStatusTest, ATitleThatIsSetFromElsewhereIsToldOnce)
 }
 
 // The sanitizer's check of types opens a pipe for itself and takes it for an error when it gets none.
-#ifndef __SANITIZE_ADDRESS__
+#ifndef ZELTA_SANITIZED
 TEST_F(ZLOSCControllerStatusTest, WhatCouldNotBeSentIsTriedAgainEveryTwoSecondsUntilItGoesOut)
 {
     EXPECT_EQ(m_controller->unsentMessages().retryTimer().interval(), 2000);

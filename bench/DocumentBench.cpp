@@ -1,6 +1,6 @@
 // What one step costs in a window with a long list: add, edit, undo, repaint, and opening and saving the file.
 // Every step includes the update of the window. Run through bench/report, which prints the ratios.
-#include "document/ZLChapterDocument.h"
+#include "BenchDocument.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "platform/ZLAtomicFile.h"
 #include "platform/ZLBoundedFile.h"
@@ -29,26 +29,6 @@ private:
     double m_now = 100.0;
 };
 
-QVariantList chapterDictionaries(int count)
-{
-    QVariantList dictionaries;
-    for (int i = 0; i < count; ++i) {
-        ZLChapter chapter;
-        chapter.setTimeStamp(i * 3.25);
-        chapter.setTitle(u"Topic number %1"_s.arg(i));
-        chapter.setLink(u"https://example.org/shows/%1"_s.arg(i));
-        chapter.setRealDate(QDateTime::fromMSecsSinceEpoch(1'700'000'000'000 + i * 3250LL, Qt::UTC));
-        dictionaries.append(chapter.dictionaryRepresentation());
-    }
-    return dictionaries;
-}
-
-QByteArray documentBytes(int count)
-{
-    return ZLDocumentFile::encode(
-        { .chapters = chapterDictionaries(count), .duration = count * 3.25, .templates = {} });
-}
-
 /// A recording document with `count` chapters in a shown window.
 struct Workplace {
     explicit Workplace(int count)
@@ -56,7 +36,7 @@ struct Workplace {
         , document(ZLDocumentEnvironment { .hostClock = clock })
         , window(document)
     {
-        document.readFromData(documentBytes(count));
+        document.readFromData(BenchDocument::bytes(count));
         window.resize(1000, 620);
         window.show();
         document.startRecordingWithTime(clock->now());
@@ -163,7 +143,7 @@ void openWindows(benchmark::State& state, const MakeWindow& makeWindow)
 void openWindow(benchmark::State& state)
 {
     ZLChapterDocument document({});
-    document.readFromData(documentBytes(int(state.range(0))));
+    document.readFromData(BenchDocument::bytes(int(state.range(0))));
     openWindows(state, [&document] { return std::make_unique<ZLChapterDocumentWindow>(document); });
 }
 
@@ -171,7 +151,7 @@ void openWindow(benchmark::State& state)
 void openBareWindow(benchmark::State& state)
 {
     ZLChapterDocument document({});
-    document.readFromData(documentBytes(int(state.range(0))));
+    document.readFromData(BenchDocument::bytes(int(state.range(0))));
     const ZLChapterDocumentWindow model(document);
     openWindows(state, [&] {
         auto window = std::make_unique<QMainWindow>();
@@ -196,7 +176,7 @@ void openFile(benchmark::State& state)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"bench.zelta"_s);
-    if (!ZLAtomicFile::write(path, documentBytes(int(state.range(0)))))
+    if (!ZLAtomicFile::write(path, BenchDocument::bytes(int(state.range(0)))))
         state.SkipWithError("no file to open");
     for (auto _ : state) {
         auto document = std::make_unique<ZLChapterDocument>(ZLDocumentEnvironment {});
@@ -215,7 +195,7 @@ void saveFile(benchmark::State& state)
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"bench.zelta"_s);
     ZLChapterDocument document({});
-    document.readFromData(documentBytes(int(state.range(0))));
+    document.readFromData(BenchDocument::bytes(int(state.range(0))));
     for (auto _ : state) {
         if (!ZLAtomicFile::write(path, document.dataOfType()))
             state.SkipWithError("the file was not written");
@@ -225,7 +205,7 @@ void saveFile(benchmark::State& state)
 void makeFileBytes(benchmark::State& state)
 {
     ZLChapterDocument document({});
-    document.readFromData(documentBytes(int(state.range(0))));
+    document.readFromData(BenchDocument::bytes(int(state.range(0))));
     for (auto _ : state)
         benchmark::DoNotOptimize(document.dataOfType());
 }
@@ -255,7 +235,7 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() == 4 && arguments[1] == "--write-document"_L1)
-        return ZLAtomicFile::write(arguments[3], documentBytes(arguments[2].toInt())) ? 0 : 1;
+        return ZLAtomicFile::write(arguments[3], BenchDocument::bytes(arguments[2].toInt())) ? 0 : 1;
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

@@ -1,5 +1,6 @@
 // What each export format costs for a long list, beside writing the same bytes to the disk. Run through bench/report,
 // which prints the ratios.
+#include "BenchChapters.h"
 #include "export/ZLExporter.h"
 #include "export/formats/ZLRegisterExporters.h"
 #include "platform/ZLAtomicFile.h"
@@ -13,17 +14,10 @@ namespace {
 
 ZLExportInput exportInput(qsizetype count)
 {
-    ZLExportInput input { .duration = double(count) * 3.25,
+    return { .chapters = BenchChapters::list(int(count)),
+        .duration = double(count) * BenchChapters::Seconds,
         .fileBaseName = u"Show"_s,
         .existingBytes = "<Session>\n<Markers>\n<Marker Id=\"1\" Name=\"old\" />\n</Markers>\n</Session>\n" };
-    for (qsizetype i = 0; i < count; ++i) {
-        auto chapter = std::make_shared<ZLChapter>();
-        chapter->setTimeStamp(double(i) * 3.25);
-        chapter->setTitle(u"Topic number %1"_s.arg(i));
-        chapter->setLink(u"https://example.org/shows/%1"_s.arg(i));
-        input.chapters.append(chapter);
-    }
-    return input;
 }
 
 void exportBytes(benchmark::State& state, const ZLExporterClass& exporterClass)

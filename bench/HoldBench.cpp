@@ -3,6 +3,7 @@
 // A beat comes every millisecond from the event loop. Printed is the longest time between two beats after each thing,
 // with the saves that it causes: by the clock, and in processor time of the main thread alone, which a busy machine
 // does not make longer. A wait for a disk or another thread is in the first one only.
+#include "BenchDocument.h"
 #include "app/ZLDocumentController.h"
 #include "app/ui/ZLDesktopApplication.h"
 #include "app/ui/windows/ZLDocumentWindows.h"
@@ -146,23 +147,6 @@ private:
     ZLChapterDocument* m_document = nullptr;
 };
 
-void writeDocument(const QString& path, int count)
-{
-    ZLChapterDocument document { ZLDocumentEnvironment {} };
-    ZLChapterSequence chapters;
-    for (int number = 0; number < count; ++number) {
-        const auto chapter = std::make_shared<ZLChapter>();
-        chapter->setTimeStamp(number * 3.25);
-        chapter->setTitle(QStringLiteral("Topic number %1").arg(number));
-        chapter->setLink(QStringLiteral("https://example.org/shows/%1").arg(number));
-        chapter->setRealDate(QDateTime::fromMSecsSinceEpoch(1'700'000'000'000 + number * 3250LL, Qt::UTC));
-        chapters.append(chapter);
-    }
-    document.chapterManager().setChapters(chapters);
-    document.recording().beginAnewAt(count * 3.25);
-    (void)ZLAtomicFile::write(path, document.dataOfType());
-}
-
 /// Something that a person does. Preparations have no name and are not printed.
 struct Step {
     const char* name;
@@ -263,7 +247,7 @@ int main(int argc, char** argv)
     ZLSettingsManager::setCreateNewChapterOnStart(false);
     const int count = argc > 1 ? std::atoi(argv[1]) : 0;
     for (const QString& name : { u"show.zelta"_s, u"second.zelta"_s })
-        writeDocument(home.filePath(name), count);
+        (void)ZLAtomicFile::write(home.filePath(name), BenchDocument::bytes(count));
     Desk desk(home.path());
     std::vector<Step> steps = recordingSteps(desk);
     for (Step& step : pausedSteps(desk))

@@ -1,5 +1,6 @@
 // From the press of the key that makes a mark to its record on the disk, beside a bare write and fdatasync of as many
 // bytes in the same folder, both interleaved in one run. Prints the medians and the worst cases in milliseconds.
+#include "BenchDocument.h"
 #include "document/saving/journal/ZLDocumentJournal.h"
 
 #include <QCoreApplication>
@@ -35,22 +36,10 @@ struct Samples {
     std::vector<double> values {};
 };
 
-QByteArray documentOfChapters(int count)
-{
-    QVariantList chapters;
-    for (int index = 0; index < count; ++index) {
-        ZLChapter chapter;
-        chapter.setTimeStamp(index * 3.25);
-        chapter.setTitle(u"Topic number %1"_s.arg(index));
-        chapters.append(chapter.dictionaryRepresentation());
-    }
-    return ZLDocumentFile::encode({ .chapters = chapters, .duration = count * 3.25, .templates = {} });
-}
-
 void measure(int chapterCount, const QString& folder)
 {
     ZLChapterDocument document({});
-    document.readFromData(documentOfChapters(chapterCount));
+    document.readFromData(BenchDocument::bytes(chapterCount));
     ZLDocumentJournal journal(document, {});
     const QString path = folder + u"/%1.journal"_s.arg(chapterCount);
     journal.begin(path, {}, {});

@@ -1,6 +1,7 @@
 // How long marks and the automatic save hold the main thread with a long document: `zelta_saving_bench CHAPTERS`.
 // Prints the longest step of each kind in milliseconds: by the clock, and of processor time alone, which a busy machine
 // does not make longer.
+#include "BenchDocument.h"
 #include "document/saving/ZLDocumentSaver.h"
 
 #include <QCoreApplication>
@@ -56,21 +57,6 @@ public:
     Longest longestEvent;
 };
 
-void fill(ZLChapterDocument& document, int count)
-{
-    ZLChapterSequence chapters;
-    for (int number = 0; number < count; ++number) {
-        const auto chapter = std::make_shared<ZLChapter>();
-        chapter->setTimeStamp(number * 3.25);
-        chapter->setTitle(QStringLiteral("Topic number %1").arg(number));
-        chapter->setLink(QStringLiteral("https://example.org/shows/%1").arg(number));
-        chapter->setRealDate(QDateTime::fromMSecsSinceEpoch(1'700'000'000'000 + number * 3250LL, Qt::UTC));
-        chapters.append(chapter);
-    }
-    document.chapterManager().setChapters(chapters);
-    document.recording().beginAnewAt(count * 3.25);
-}
-
 }
 
 int main(int argc, char** argv)
@@ -81,7 +67,7 @@ int main(int argc, char** argv)
     MeasuredApplication application(argc, argv);
     const int count = argc > 1 ? std::atoi(argv[1]) : 0;
     ZLChapterDocument document { ZLDocumentEnvironment {} };
-    fill(document, count);
+    BenchDocument::fill(document, count);
     const QString path = home.filePath(QStringLiteral("show.zelta"));
     if (!ZLAtomicFile::write(path, document.dataOfType()))
         return 1;

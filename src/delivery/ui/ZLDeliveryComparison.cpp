@@ -1,8 +1,8 @@
 #include "delivery/ui/ZLDeliveryComparison.h"
 
 #include "delivery/ui/ZLMediaChaptersModel.h"
+#include "document/ui/ZLSheetParts.h"
 #include "export/ui/ZLExportAdviceView.h"
-#include "templates/ui/ZLSelectionDelegate.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -20,14 +20,8 @@ constexpr int leastLines = 3;
 
 QTreeView* makeList(const QString& name, ZLMediaChaptersModel* model, QWidget* parent)
 {
-    auto* list = new QTreeView(parent);
-    list->setObjectName(name);
-    list->setModel(model);
-    list->setItemDelegate(new ZLSelectionDelegate(list));
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setTabKeyNavigation(false);
-    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // It is called what its caption says.
+    QTreeView* list = ZLSheetParts::list(name, {}, model, parent);
     list->header()->setStretchLastSection(false);
     list->header()->setSectionResizeMode(ZLMediaChaptersModel::TitleColumn, QHeaderView::Stretch);
     // What to know about the file needs its room first.

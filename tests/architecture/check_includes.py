@@ -43,7 +43,7 @@ ALLOWED = {
     "resources": "",
     "resources/sounds": "",
     "resources/translations": "",
-    "model": "platform/archive",
+    "model": "platform platform/archive",
     "lists": "platform model",
     "lists/forms": "platform lists",
     "settings": "platform",

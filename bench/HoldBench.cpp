@@ -135,6 +135,7 @@ public:
         ZLChapterImport::importChapters(document(), listed, ZLChapterImport::Way::Add);
     }
     void close() { window().close(); }
+    [[nodiscard]] bool isOpening() const { return m_windows.isOpening(); }
 
 private:
     QString m_folder;
@@ -198,9 +199,10 @@ std::vector<Step> pausedSteps(Desk& desk)
 /// Performs one step after the other.
 class Day {
 public:
-    Day(std::vector<Step> steps, int timeForEffects)
+    Day(std::vector<Step> steps, int timeForEffects, const Desk& desk)
         : m_steps(std::move(steps))
         , m_timeForEffects(timeForEffects)
+        , m_desk(desk)
     {
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { goOn(); });
         m_timer.start(m_timeForEffects);
@@ -209,6 +211,10 @@ public:
 private:
     void goOn()
     {
+        if (m_desk.isOpening()) {
+            m_timer.start(m_timeForEffects);
+            return;
+        }
         if (m_next > 0 && m_steps.at(m_next - 1).name) {
             std::printf(
                 "%-42s %10.2f %10.2f\n", m_steps.at(m_next - 1).name, m_beat.longestWall(), m_beat.longestProcessor());
@@ -225,6 +231,7 @@ private:
 
     std::vector<Step> m_steps;
     const int m_timeForEffects;
+    const Desk& m_desk;
     std::size_t m_next = 0;
     QTimer m_timer;
     HeartBeat m_beat;
@@ -248,6 +255,6 @@ int main(int argc, char** argv)
     for (Step& step : pausedSteps(desk))
         steps.push_back(std::move(step));
     std::printf("%-42s %10s %10s\n", "milliseconds at most", "clock", "processor");
-    const Day day(std::move(steps), shortestTimeForEffects + count / chaptersPerMillisecond);
+    const Day day(std::move(steps), shortestTimeForEffects + count / chaptersPerMillisecond, desk);
     return QCoreApplication::exec();
 }

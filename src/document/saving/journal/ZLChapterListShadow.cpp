@@ -5,6 +5,22 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+/// Where nothing stays, what was there goes on another thread.
+void exchange(ZLChapterSnapshot& entries, const ZLChapterListDifference& difference)
+{
+    if (difference.removedCount == entries.size()) {
+        ZLLateRelease::of(std::exchange(entries, difference.inserted));
+        return;
+    }
+    entries.remove(difference.first, difference.removedCount);
+    entries.insert(difference.first, difference.inserted.size(), {});
+    std::copy(difference.inserted.cbegin(), difference.inserted.cend(), entries.begin() + difference.first);
+}
+
+}
+
 ZLChapterListShadow::ZLChapterListShadow(const ZLChapterManager& chapters)
     : m_manager(chapters)
 {
@@ -38,13 +54,10 @@ std::optional<ZLChapterListDifference> ZLChapterListShadow::takeDifference()
     const qsizetype insertedCount = chapters.size() - first - last;
     if (difference.removedCount == 0 && insertedCount == 0)
         return std::nullopt;
-    m_entries.remove(first, difference.removedCount);
-    m_entries.insert(first, insertedCount, {});
     difference.inserted.reserve(insertedCount);
-    for (qsizetype index = first; index < first + insertedCount; ++index) {
-        m_entries[index] = chapters.at(index)->record();
-        difference.inserted.append(m_entries.at(index));
-    }
+    for (qsizetype index = first; index < first + insertedCount; ++index)
+        difference.inserted.append(chapters.at(index)->record());
+    exchange(m_entries, difference);
     return difference;
 }
 

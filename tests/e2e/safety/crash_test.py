@@ -15,6 +15,7 @@ import threading
 import time
 from pathlib import Path
 
+import session_memory
 from crash_programs import HeadlessProgram, WindowProgram
 from desktop import Desktop, wait_until
 from show import Clock, Hands, Show, State, name_of
@@ -183,8 +184,8 @@ class Rounds:
 
 
 def run_headless(rounds, chance):
-    with tempfile.TemporaryDirectory(prefix="zelta-crash-") as folder:
-        run = Rounds(HeadlessProgram([PROGRAM], folder), Path(folder), chance)
+    with tempfile.TemporaryDirectory(prefix="zelta-crash-") as folder, session_memory.runtime_folder(folder) as runtime:
+        run = Rounds(HeadlessProgram([PROGRAM], folder, runtime), Path(folder), chance)
         run.run(rounds)
     report("without a window", rounds, run)
 

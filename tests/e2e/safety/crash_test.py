@@ -44,6 +44,12 @@ def differences(titles, others):
     return [(place, title) for place, title in enumerate(titles) if title not in others]
 
 
+def places_in_another_order(titles, others):
+    """Those that both have, where they stand in one list and in the other one."""
+    common, as_sent = ([title for title in one if title in two] for one, two in ((titles, others), (others, titles)))
+    return [pair for pair in zip(common, as_sent) if pair[0] != pair[1]][:4]
+
+
 class Rounds:
     """One show after the other, each of several lives that end by a kill."""
 
@@ -153,7 +159,8 @@ class Rounds:
                 f"the clock was {'' if self.was_recording else 'not '}said to have been running, acknowledged was "
                 f"{first.is_recording}, sent {last.is_recording}; chapters that were acknowledged and are not there: "
                 f"{differences(first.titles, recovered)}, chapters that are there and were not sent: "
-                f"{differences(recovered, last.titles)}")
+                f"{differences(recovered, last.titles)}; first places in another order than sent: "
+                f"{places_in_another_order(recovered, last.titles)}")
         return indices
 
     def check_stamps(self, chapters):

@@ -79,9 +79,10 @@ bool applyRecord(const ZLJournalRecord& record, Reading& reading)
         break;
     }
     auto contents = ZLDocumentFile::decode(record.payload);
-    if (contents)
-        document.contents = std::move(contents).value();
-    return contents.isOk();
+    if (!contents)
+        return false;
+    document.contents = std::move(contents).value();
+    return true;
 }
 
 /// Whether all records make sense.

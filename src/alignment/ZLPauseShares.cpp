@@ -171,14 +171,25 @@ std::pair<Share, Share> halvesOf(const Gap& gap)
     return { half, half };
 }
 
+/// Frames are a grid that times do not keep to: no more is taken than there is.
+double shareThatFits(const ZLSoundPiece* former, const ZLSoundPiece* next, double seconds, Frames show, Frames file)
+{
+    const double inShow =
+        (next ? next->showStart : double(show.size()) * secondsPerFrame) - (former ? former->showEnd() : 0.0);
+    const double inFile =
+        (next ? next->fileStart : double(file.size()) * secondsPerFrame) - (former ? former->fileEnd() : 0.0);
+    const double rate = std::max({ former ? former->rate : 1.0, next ? next->rate : 1.0, 1.0 });
+    return seconds > 0.0 ? std::clamp(std::min(inShow, inFile / rate) / seconds, 0.0, 1.0) : 0.0;
+}
+
 void grow(ZLSoundPiece& piece, double before, double behind)
 {
     const double length = piece.length + before + behind;
     // What was added says nothing, neither for the piece nor against it.
     const double worthless = ZLPieceEvidence::worthlessShare(piece.shareElsewhere);
     piece.differingShare += (worthless - piece.differingShare) * (before + behind) / length;
-    piece.showStart -= before;
-    piece.fileStart -= before * piece.rate;
+    piece.showStart = std::max(piece.showStart - before, 0.0);
+    piece.fileStart = std::max(piece.fileStart - before * piece.rate, 0.0);
     piece.length = length;
 }
 
@@ -196,12 +207,13 @@ void ZLPauseShares::settle(std::vector<ZLSoundPiece>& pieces, Frames show, Frame
             next ? frameAt(next->fileStart) : std::int64_t(file.size()), former != nullptr, next != nullptr };
         const auto [ofFormer, ofNext] =
             evidence.isKnown() ? Sharing(gap, evidence, show, file).shares() : halvesOf(gap);
+        const double fits = shareThatFits(former, next, ofFormer.seconds + ofNext.seconds, show, file);
         if (former) {
-            grow(pieces[index - 1], 0.0, ofFormer.seconds);
+            grow(pieces[index - 1], 0.0, fits * ofFormer.seconds);
             pieces[index - 1].endDoubt = ofFormer.doubt;
         }
         if (next) {
-            grow(pieces[index], ofNext.seconds, 0.0);
+            grow(pieces[index], fits * ofNext.seconds, 0.0);
             pieces[index].beginDoubt = ofNext.doubt;
         }
     }

@@ -1,5 +1,6 @@
 #include "ZLFingerprintBuilders.h"
 
+#include "alignment/ZLPauseShares.h"
 #include "alignment/ZLShowMap.h"
 
 #include <gtest/gtest.h>
@@ -134,4 +135,24 @@ TEST(ZLPauseSharesTest, WithoutOtherPausesAShortGapIsDivided)
     ASSERT_EQ(alignment.pieces.size(), 2U);
     EXPECT_NEAR(alignment.pieces[0].showEnd(), 60.4, 0.1);
     EXPECT_NEAR(alignment.pieces[1].showStart, 61.6, 0.1);
+}
+
+TEST(ZLPauseSharesTest, NoPieceReachesBeyondAnEndOfItsSoundsOrIntoAnotherPiece)
+{
+    const Spoken all = spoken(20);
+    Frames heard = noise(1, 1.0);
+    append(heard, all.heard);
+    Frames recorded = noise(2, 1.0);
+    append(recorded, all.recorded);
+    // Their ends lie between two frames.
+    std::vector<ZLSoundPiece> pieces { { 1.016, 1.017, 59.0, 1.0004, 0.25 }, { 61.004, 61.005, 59.0, 1.0004, 0.25 } };
+    ZLPauseShares::settle(pieces, heard, recorded);
+    EXPECT_LT(pieces[0].showStart, 0.3);
+    EXPECT_GE(pieces[0].showStart, 0.0);
+    EXPECT_GE(pieces[0].fileStart, 0.0);
+    EXPECT_LE(pieces[0].showEnd(), pieces[1].showStart + 1e-9);
+    EXPECT_LE(pieces[0].fileEnd(), pieces[1].fileStart + 1e-9);
+    EXPECT_GT(pieces[1].showEnd(), 120.5);
+    EXPECT_LE(pieces[1].showEnd(), 121.0 + 1e-9);
+    EXPECT_LE(pieces[1].fileEnd(), 121.0 + 1e-9);
 }

@@ -29,6 +29,16 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 """
 
 
+# A dark colour scheme, as the settings of a desktop write it: grounds and texts.
+DARK_COLOURS = {
+    "Window": ("49,54,59", "239,240,241"),
+    "View": ("35,38,41", "239,240,241"),
+    "Button": ("64,69,74", "239,240,241"),
+    "Selection": ("61,174,233", "252,252,252"),
+    "Tooltip": ("49,54,59", "239,240,241"),
+}
+
+
 def wait_until(condition, what, seconds=60.0):
     """Asks again and again until the condition gives something true, and returns that."""
     deadline = time.monotonic() + seconds
@@ -42,7 +52,7 @@ def wait_until(condition, what, seconds=60.0):
 
 
 class Desktop:
-    """Use as a context manager. `size` is the screen's, in pixels."""
+    """Use as a context manager. `size` is the screen's, in pixels; a `dark` one has a dark colour scheme."""
 
     def __init__(self, size="1280x800", scale=1, dark=False):
         self.size = size
@@ -96,11 +106,22 @@ class Desktop:
             # Nothing shall be announced on the network.
             DBUS_SYSTEM_BUS_ADDRESS=f"unix:path={runtime}/no-system-bus",
         )
-        for name in ("LANGUAGE", "WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
+        for name in ("LANGUAGE", "WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER", "XDG_CURRENT_DESKTOP",
+                     "KDE_FULL_SESSION", "KDE_SESSION_VERSION"):
             os.environ.pop(name, None)
+        if self.dark:
+            self._choose_dark_colours()
         self._start_display()
         self._start_buses()
         self._start_window_manager()
+
+    def _choose_dark_colours(self):
+        settings = self.home / "config" / "kdeglobals"
+        settings.parent.mkdir(exist_ok=True)
+        settings.write_text("[General]\nwidgetStyle=Fusion\n[KDE]\nwidgetStyle=Fusion\n" + "".join(
+            f"[Colors:{part}]\nBackgroundNormal={ground}\nForegroundNormal={text}\nBackgroundAlternate={ground}\n"
+            "ForegroundInactive=161,169,177\n" for part, (ground, text) in DARK_COLOURS.items()))
+        os.environ.update(XDG_CURRENT_DESKTOP="KDE", KDE_FULL_SESSION="true", KDE_SESSION_VERSION="5")
 
     def _start_display(self):
         reader, writer = os.pipe()

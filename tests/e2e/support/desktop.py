@@ -39,6 +39,27 @@ def wait_until(condition, what, seconds=60.0):
         time.sleep(0.05)
 
 
+DARK_DESKTOP = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
+#: Background and foreground.
+DARK_COLOURS = {
+    "Window": ("49,54,59", "239,240,241"),
+    "View": ("35,38,41", "239,240,241"),
+    "Button": ("64,69,74", "239,240,241"),
+    "Selection": ("61,174,233", "252,252,252"),
+    "Tooltip": ("49,54,59", "239,240,241"),
+}
+
+
+def dark_settings():
+    text = "[General]\nwidgetStyle=Fusion\n[KDE]\nwidgetStyle=Fusion\n"
+    for group, (background, foreground) in DARK_COLOURS.items():
+        text += (
+            f"[Colors:{group}]\nBackgroundNormal={background}\nForegroundNormal={foreground}\n"
+            f"BackgroundAlternate={background}\nForegroundInactive=161,169,177\n"
+        )
+    return text
+
+
 class Desktop:
     """Use as a context manager. `size` is the screen's, in pixels."""
 
@@ -95,9 +116,19 @@ class Desktop:
         )
         for name in ("LANGUAGE", "WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
             os.environ.pop(name, None)
+        self._set_colours()
         self._start_display()
         self._start_buses()
         self._start_window_manager()
+
+    def _set_colours(self):
+        """Those of a desktop that is set to dark, as its settings write them, or those that a program has by itself."""
+        for name in DARK_DESKTOP:
+            os.environ.pop(name, None)
+        if self.dark:
+            os.environ.update(DARK_DESKTOP)
+            (self.home / "config").mkdir()
+            (self.home / "config/kdeglobals").write_text(dark_settings())
 
     def _start_display(self):
         reader, writer = os.pipe()

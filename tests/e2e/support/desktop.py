@@ -12,6 +12,8 @@ import tempfile
 import time
 from pathlib import Path
 
+import session_memory
+
 BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
@@ -68,6 +70,7 @@ class Desktop:
         self.scale = scale
         self.dark = dark
         self.home = Path(tempfile.mkdtemp(prefix="zelta-e2e-"))
+        self.runtime = session_memory.runtime_folder(self.home)
         self.processes = []
 
     def __enter__(self):
@@ -88,6 +91,7 @@ class Desktop:
             except subprocess.TimeoutExpired:
                 process.kill()
                 process.wait()
+        self.runtime.cleanup()
         shutil.rmtree(self.home, ignore_errors=True)
 
     def start(self, *command, **options):
@@ -96,11 +100,10 @@ class Desktop:
         return process
 
     def _start(self):
-        runtime = self.home / "runtime"
-        runtime.mkdir(mode=0o700)
+        runtime = self.runtime.name
         os.environ.update(
             HOME=str(self.home),
-            XDG_RUNTIME_DIR=str(runtime),
+            XDG_RUNTIME_DIR=runtime,
             XDG_CONFIG_HOME=str(self.home / "config"),
             XDG_STATE_HOME=str(self.home / "state"),
             XDG_DATA_HOME=str(self.home / "data"),

@@ -60,7 +60,7 @@ void ZLExportDisplay::showThatNothingWasInserted(
 
 void ZLExportDisplay::warn(ZLChapterDocument* document, const QString& format, const QString& sentence)
 {
-    ZLChapterDocumentWindow& window = m_windows.windowToWarnIn(document);
+    const ZLChapterDocumentWindow& window = m_windows.windowToWarnIn(document);
     if (window.statusLine().passingMessage() == m_successes.value(format))
         window.statusLine().hidePassingMessage();
     window.messageBar().showMessage(

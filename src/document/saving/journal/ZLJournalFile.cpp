@@ -189,6 +189,12 @@ bool ZLJournalFile::isLagging() const
     return m_missedHandOver && m_writtenCount < *m_missedHandOver;
 }
 
+bool ZLJournalFile::hasEverything() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_error == 0 && m_writtenCount == m_postedCount;
+}
+
 ZLProgress ZLJournalFile::progress() const
 {
     const std::lock_guard lock(m_mutex);

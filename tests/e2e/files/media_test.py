@@ -258,6 +258,13 @@ class MP4Test(MediaTestCase):
         self.assertIn("fragmented", answer.stderr)
         self.assertEqual(path.read_bytes(), content)
 
+    def test_a_file_whose_sound_has_no_size_is_refused_and_stays(self):
+        path = files.mp4_open_end(self.folder)
+        content = path.read_bytes()
+        answer = self.run_zelta("write", self.document(CHAPTERS), path, expected=1)
+        self.assertIn("where the last part of this file ends", answer.stderr)
+        self.assertEqual(path.read_bytes(), content)
+
     def test_the_description_stays_in_front_where_it_fits(self):
         path = files.mp4_description_first_with_room(self.folder)
         self.write(CHAPTERS, path)

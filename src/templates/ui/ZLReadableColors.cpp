@@ -10,6 +10,9 @@ namespace {
 constexpr float shareOfTint = 0.16F;
 constexpr float shareOfWeakSelection = 0.28F;
 constexpr float stepTowardsReadable = 0.04F;
+/// Styles shade controls: on a dark desktop they paint the ground of a button lighter than the palette says, and a tick
+/// darker.
+constexpr int percentOfShade = 150;
 
 double linearComponent(double component)
 {
@@ -57,6 +60,14 @@ void improveGroup(QPalette& palette, QPalette::ColorGroup group)
     improve(QPalette::Link, { base, window });
     improve(QPalette::LinkVisited, { base, window });
     improve(QPalette::ToolTipText, { palette.color(group, QPalette::ToolTipBase) });
+    if (group != QPalette::Disabled)
+        return;
+    // So the text of a button need not be as strong as that of one that can be pressed.
+    palette.setColor(group, QPalette::Button, window);
+    const QList<QColor> shades { window, window.lighter(percentOfShade) };
+    improve(QPalette::WindowText, { window });
+    improve(QPalette::Text, shades + QList<QColor> { base });
+    improve(QPalette::ButtonText, shades);
 }
 
 }
@@ -102,7 +113,7 @@ QColor ZLReadableColors::weakSelection(const QPalette& palette)
 QPalette ZLReadableColors::improved(const QPalette& palette)
 {
     QPalette better = palette;
-    for (const QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive })
+    for (const QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled })
         improveGroup(better, group);
     return better;
 }

@@ -10,9 +10,12 @@ namespace {
 constexpr float shareOfTint = 0.16F;
 constexpr float shareOfWeakSelection = 0.28F;
 constexpr float stepTowardsReadable = 0.04F;
-/// Styles shade controls: on a dark desktop they paint the ground of a button lighter than the palette says, and a tick
-/// darker.
-constexpr int percentOfShade = 150;
+/// By so much may a style on a dark desktop paint the ground of a button lighter, and a tick darker, than the palette
+/// says.
+/// @{
+constexpr int percentOfShadedButton = 155;
+constexpr int percentOfShadedTick = 130;
+/// @}
 
 double linearComponent(double component)
 {
@@ -43,6 +46,11 @@ QColor movedTowards(const QColor& pole, const QColor& color, const QList<QColor>
     return moved;
 }
 
+bool isDark(const QColor& ground)
+{
+    return ZLReadableColors::contrast(ground, Qt::white) > ZLReadableColors::contrast(ground, Qt::black);
+}
+
 void improveGroup(QPalette& palette, QPalette::ColorGroup group)
 {
     using namespace ZLReadableColors;
@@ -62,12 +70,13 @@ void improveGroup(QPalette& palette, QPalette::ColorGroup group)
     improve(QPalette::ToolTipText, { palette.color(group, QPalette::ToolTipBase) });
     if (group != QPalette::Disabled)
         return;
-    // So the text of a button need not be as strong as that of one that can be pressed.
-    palette.setColor(group, QPalette::Button, window);
-    const QList<QColor> shades { window, window.lighter(percentOfShade) };
+    const bool hasDarkWindow = isDark(window);
+    // The less light a button's ground, the less light is a text that can be read on it, and looks disabled.
+    const QColor button = hasDarkWindow ? window.darker(percentOfShadedButton) : window;
+    palette.setColor(group, QPalette::Button, button);
     improve(QPalette::WindowText, { window });
-    improve(QPalette::Text, shades + QList<QColor> { base });
-    improve(QPalette::ButtonText, shades);
+    improve(QPalette::Text, { base, hasDarkWindow ? window.lighter(percentOfShadedTick) : window });
+    improve(QPalette::ButtonText, { window, button });
 }
 
 }

@@ -78,8 +78,8 @@ ZLStatus ZLPieceWriter::writeBytes(const QByteArray& bytes)
     return ZLDone {};
 }
 
-/// The disk works while the copy goes on, so that the sync at the end has little left to wait for. It is that sync which
-/// tells of a failure.
+/// The disk works while the copy goes on, so that the sync at the end has little left to wait for. It is that sync
+/// which tells of a failure.
 void ZLPieceWriter::noteWritten(qint64 count)
 {
     m_progress.advance(count);

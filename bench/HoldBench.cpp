@@ -89,14 +89,10 @@ public:
     {
     }
 
-    void open(const QString& name)
-    {
-        m_windows.open({ filePath(name) });
-        m_document = m_controller.documents().last();
-    }
+    void open(const QString& name) { m_windows.open({ filePath(name) }); }
     [[nodiscard]] QString filePath(const QString& name) const { return m_folder + u'/' + name; }
-    [[nodiscard]] ZLChapterDocument& document() { return *m_document; }
-    [[nodiscard]] ZLChapterDocumentWindow& window() { return *m_windows.windowOf(m_document); }
+    [[nodiscard]] ZLChapterDocument& document() { return *m_controller.documents().last(); }
+    [[nodiscard]] ZLChapterDocumentWindow& window() { return *m_windows.windowOf(&document()); }
     [[nodiscard]] ZLChapterPointer middleChapter()
     {
         return document().chapterManager().chapterAtIndex(document().chapterManager().count() / 2);
@@ -144,7 +140,6 @@ private:
     QString m_folder;
     ZLDocumentController m_controller { ZLDocumentControllerSetup { .stateFolder = m_folder + u"/state"_s } };
     ZLDocumentWindows m_windows { m_controller };
-    ZLChapterDocument* m_document = nullptr;
 };
 
 /// Something that a person does. Preparations have no name and are not printed.
@@ -194,7 +189,7 @@ std::vector<Step> pausedSteps(Desk& desk)
         { "an import of 10,000 chapters", [&] { desk.importChapters(10'000); } },
         { "its undo", [&] { desk.document().undoManager().undo(); } },
         { nullptr, [&] { desk.document().recordButtonPressed(); } },
-        { nullptr, [&] { desk.open(u"second.zelta"_s); } },
+        { "opening another document meanwhile", [&] { desk.open(u"second.zelta"_s); } },
         { nullptr, [&] { desk.document().updateChapterToTitle(desk.middleChapter(), u"V"_s); } },
         { "closing a document while another records", [&] { desk.close(); } },
     };

@@ -69,10 +69,12 @@ int main(int argc, char** argv)
     ZLChapterDocument document { ZLDocumentEnvironment {} };
     BenchDocument::fill(document, count);
     const QString path = home.filePath(QStringLiteral("show.zelta"));
-    if (!ZLAtomicFile::write(path, document.dataOfType()))
+    const QByteArray bytes = document.dataOfType();
+    if (!ZLAtomicFile::write(path, bytes))
         return 1;
     const ZLRecoveryFolder recovery(home.filePath(QStringLiteral("recovery")));
-    ZLDocumentSaver saver(document, recovery, ZLSavingMachinery(), path);
+    ZLDocumentSaver saver(document, recovery, ZLSavingMachinery(), path,
+        ZLReadDocument::of(ZLDocumentParts::of(document.snapshot()), bytes));
 
     Longest start;
     Longest mark;

@@ -29,9 +29,10 @@ ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSi
         m_oscAnnouncement =
             std::make_unique<ZLOSCAnnouncement>(m_oscController->inPort(), std::move(remote.oscPublisher));
     beginActivity(std::move(remote.activity));
-    m_commandSocket = std::make_unique<ZLCommandSocket>([this](const ZLOSCMessage& message, const ZLPressStamp& press) {
-        return m_oscController->performMessage(message, commandSocketPeer, press);
-    });
+    m_commandSocket = std::make_unique<ZLCommandSocket>(
+        [this](const ZLOSCMessage& message, const ZLPressStamp& press, const ZLCommandSocket::Answer& answer) {
+            answer(m_oscController->performMessage(message, commandSocketPeer, press));
+        });
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLGlobalHotkeysDidChange, this,
         &ZLApplication::globalHotkeysDidChange);
     connect(m_notificationCenter.get(), &ZLUserNotificationCenter::didActivateNotification, this,

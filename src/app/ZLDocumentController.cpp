@@ -1,6 +1,5 @@
 #include "app/ZLDocumentController.h"
 
-#include "delivery/ZLMediaImport.h"
 #include "platform/ZLFileIdentity.h"
 
 #include <QDir>
@@ -107,10 +106,28 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& p
         return open;
     }
     qCDebug(documentControllerLog) << "opening" << absolutePath;
-    if (auto revived = m_revival.reviveFile(absolutePath))
-        return adoptRevived(std::move(*revived));
-    const bool isCreated = missingFile == ZLMissingFile::Create && !QFileInfo::exists(absolutePath);
-    return adoptOpened(isCreated ? m_maker.createFile(absolutePath) : m_maker.readFile(absolutePath));
+    ZLFoundDocument found = ZLDocumentFinding::find(m_recoveryFolder, absolutePath);
+    if (missingFile == ZLMissingFile::Create && !found.journal && !QFileInfo::exists(absolutePath))
+        return adoptOpened(m_maker.createFile(absolutePath));
+    return openMade(absolutePath, make(std::move(found)));
+}
+
+ZLRevivedDocument ZLDocumentController::make(ZLFoundDocument found) const
+{
+    if (found.journal)
+        return m_revival.revive(std::move(*found.journal));
+    if (!found.file)
+        return { .document = found.file.error() };
+    return { .document = m_maker.make(found.path, found.file.value()) };
+}
+
+ZLResult<ZLChapterDocument*> ZLDocumentController::openMade(const QString& path, ZLRevivedDocument made)
+{
+    if (ZLChapterDocument* open = documentAtPath(path)) {
+        noteAskedFor(open);
+        return open;
+    }
+    return adoptRevived(std::move(made));
 }
 
 QStringList ZLDocumentController::restoreSession()
@@ -143,14 +160,6 @@ ZLSession::Openers ZLDocumentController::openers()
             },
         .openRecoveryFile = [this](const QString& path) { return openRecoveryFile(path); },
     };
-}
-
-ZLResult<ZLChapterDocument*> ZLDocumentController::openAudioFile(const QString& path)
-{
-    const auto contents = ZLMediaImport::read(absoluteDocumentPath(path));
-    if (!contents)
-        return contents.error();
-    return openContents(contents.value());
 }
 
 ZLChapterDocument* ZLDocumentController::openContents(const ZLDocumentContents& contents)

@@ -49,6 +49,8 @@ public:
     [[nodiscard]] QList<ZLChapterDocument*> documents() const;
     /// Null for a document that is not open.
     [[nodiscard]] ZLDocumentSaver* saverOf(const ZLChapterDocument* document) const;
+    /// The open document whose file stands at `path`, by whatever name; null when there is none.
+    [[nodiscard]] ZLChapterDocument* documentAtPath(const QString& path) const;
     /// The document whose window is the main one; null when there is none.
     [[nodiscard]] ZLChapterDocument* currentDocument() const { return m_currentDocument; }
     void setCurrentDocument(ZLChapterDocument* document);
@@ -62,8 +64,13 @@ public:
     /// The document in the file at `path`, which may be open already. It takes the place of currentOrLastDocument() if
     /// that is transient. The error says which file and why.
     ZLResult<ZLChapterDocument*> openDocument(const QString& path, ZLMissingFile missingFile = ZLMissingFile::Fail);
-    /// A new untitled document of what is in the audio file at `path`; nothing is ever saved to that file.
-    ZLResult<ZLChapterDocument*> openAudioFile(const QString& path);
+    /// @name The same in two steps, for what was found on the disk already
+    /// Each of them takes its time for a long document.
+    /// @{
+    [[nodiscard]] ZLRevivedDocument make(ZLFoundDocument found) const;
+    /// The document may have been opened meanwhile.
+    ZLResult<ZLChapterDocument*> openMade(const QString& path, ZLRevivedDocument made);
+    /// @}
     /// A new untitled document of `contents`, which are in no file yet.
     ZLChapterDocument* openContents(const ZLDocumentContents& contents);
     /// Opens what was open when the program ended, whatever ended it, and every untitled document that was kept; a new
@@ -86,6 +93,7 @@ public:
     /// be open at the next start.
     void keepSessionAsItIs() { m_session.keepAsItIs(); }
 
+    [[nodiscard]] const ZLRecoveryFolder& recoveryFolder() const { return m_recoveryFolder; }
     [[nodiscard]] ZLRecentDocuments& recentDocuments() { return m_recentDocuments; }
 
 Q_SIGNALS:
@@ -106,7 +114,6 @@ private:
     ZLChapterDocument* adopt(ZLSavedDocument made);
     /// In place of the current document, if that is transient.
     ZLChapterDocument* adoptInPlaceOfTransient(ZLSavedDocument made);
-    [[nodiscard]] ZLChapterDocument* documentAtPath(const QString& path) const;
     [[nodiscard]] ZLChapterDocument* transientDocument() const;
     [[nodiscard]] QString unusedUntitledName() const;
     void release(ZLChapterDocument* document);

@@ -80,7 +80,7 @@ ZLResult<ZLHandover> ZLRunningInstance::handOver(const ZLLaunchRequest& request,
 
 ZLRunningInstance::ZLRunningInstance(Handler handler, const QString& path)
     : m_handler(std::move(handler))
-    , m_socket([this](const ZLOSCMessage& message, const ZLPressStamp&) { return take(message); }, path)
+    , m_socket([this](const auto& message, const ZLPressStamp&, const auto& answer) { take(message, answer); }, path)
 {
 }
 
@@ -89,11 +89,14 @@ QString ZLRunningInstance::defaultPath()
     return ZLStateFolder::path() + u"/windows"_s;
 }
 
-QString ZLRunningInstance::take(const ZLOSCMessage& message)
+void ZLRunningInstance::take(const ZLOSCMessage& message, const ZLCommandSocket::Answer& answer)
 {
     const auto request = requestFrom(message);
-    if (!request)
-        return {};
-    const QStringList problems = m_handler(*request);
-    return problems.isEmpty() ? takenAnswer : problemAnswer + problems.join(u' ');
+    if (!request) {
+        answer({});
+        return;
+    }
+    m_handler(*request, [answer](const QStringList& problems) {
+        answer(problems.isEmpty() ? takenAnswer : problemAnswer + problems.join(u' '));
+    });
 }

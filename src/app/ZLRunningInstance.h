@@ -30,8 +30,10 @@ struct ZLHandover {
 /// one that crashed hinders no later one.
 class ZLRunningInstance {
 public:
-    /// Carries out a request and returns what could not be opened, a sentence each.
-    using Handler = std::function<QStringList(const ZLLaunchRequest& request)>;
+    /// To be told once what could not be opened, a sentence each.
+    using Answer = std::function<void(const QStringList& problems)>;
+    /// Carries out a request, and answers when that is done.
+    using Handler = std::function<void(const ZLLaunchRequest& request, const Answer& answer)>;
 
     /// Hands `request` to the process that runs with windows and waits until that has opened everything. Where there is
     /// none, this process may become it. An error when there is one that does not answer.
@@ -45,7 +47,7 @@ public:
     [[nodiscard]] static QString defaultPath();
 
 private:
-    QString take(const ZLOSCMessage& message);
+    void take(const ZLOSCMessage& message, const ZLCommandSocket::Answer& answer);
 
     Handler m_handler;
     ZLCommandSocket m_socket;

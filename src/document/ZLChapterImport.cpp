@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -21,20 +22,48 @@ void selectChapter(ZLChapterDocument& document, const ZLChapterPointer& wanted, 
         document.tableModel().index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
+/// `change` as an undoable step, which `inverse` takes back.
+void changeList(ZLChapterDocument& document, const std::function<void(ZLChapterManager&)>& change,
+    const ZLUndoManager::Step& inverse)
+{
+    const ZLUndoGroup group(document.undoManager());
+    ZLChapterManager& manager = document.chapterManager();
+    const int formerRow = document.selectedRow();
+    const ZLChapterPointer selected = manager.chapterAtIndex(formerRow);
+    document.undoManager().registerStep(inverse);
+    document.undoManager().setActionName(importActionName);
+    change(manager);
+    selectChapter(document, selected, formerRow);
+    document.noteChange({ ZLDocumentChange::Rows });
+}
+
 void exchangeChapters(ZLChapterDocument& document, const ZLChapterSequence& chapters)
 {
     Q_EMIT document.typing().typedTextShouldBeCommitted();
-    const ZLUndoGroup group(document.undoManager());
-    ZLChapterManager& manager = document.chapterManager();
-    const ZLChapterSequence former = manager.allChapters();
-    const int formerRow = document.selectedRow();
-    const ZLChapterPointer selected = manager.chapterAtIndex(formerRow);
-    document.undoManager().registerStep([&document, former] { exchangeChapters(document, former); });
-    document.undoManager().setActionName(importActionName);
-    manager.setChapters(chapters);
-    manager.sortChapters();
-    selectChapter(document, selected, formerRow);
-    document.noteChange({ ZLDocumentChange::Rows });
+    const ZLChapterSequence former = document.chapterManager().allChapters();
+    const auto exchange = [&chapters](ZLChapterManager& manager) {
+        manager.setChapters(chapters);
+        manager.sortChapters();
+    };
+    changeList(document, exchange, [&document, former] { exchangeChapters(document, former); });
+}
+
+void takeOut(ZLChapterDocument& document, const ZLChapterSequence& chapters);
+
+void takeIn(ZLChapterDocument& document, const ZLChapterSequence& chapters)
+{
+    Q_EMIT document.typing().typedTextShouldBeCommitted();
+    changeList(
+        document, [&chapters](ZLChapterManager& manager) { manager.exchangeChapters({}, chapters); },
+        [&document, chapters] { takeOut(document, chapters); });
+}
+
+void takeOut(ZLChapterDocument& document, const ZLChapterSequence& chapters)
+{
+    Q_EMIT document.typing().typedTextShouldBeCommitted();
+    changeList(
+        document, [&chapters](ZLChapterManager& manager) { manager.exchangeChapters(chapters, {}); },
+        [&document, chapters] { takeIn(document, chapters); });
 }
 
 /// Empty, not absent: a stored chapter ends at its first absent entry.
@@ -75,13 +104,18 @@ ZLChapterSequence ZLChapterImport::chaptersFrom(const QList<ZLListedChapter>& li
 
 void ZLChapterImport::makeUnique(const ZLChapterSequence& added, const ZLChapterSequence& present)
 {
-    QSet<QString> known;
-    for (const ZLChapterPointer& chapter : present)
-        known.insert(chapter->uuid());
+    QSet<QString> wanted;
+    QSet<QString> taken;
+    for (const ZLChapterPointer& chapter : added)
+        wanted.insert(chapter->uuid());
+    for (const ZLChapterPointer& chapter : present) {
+        if (wanted.contains(chapter->uuid()))
+            taken.insert(chapter->uuid());
+    }
     for (const ZLChapterPointer& chapter : added) {
-        if (known.contains(chapter->uuid()))
+        if (taken.contains(chapter->uuid()))
             chapter->setUuid(ZLChapter::generateUUID());
-        known.insert(chapter->uuid());
+        taken.insert(chapter->uuid());
     }
 }
 
@@ -91,9 +125,13 @@ qsizetype ZLChapterImport::importChapters(
     const ZLChapterSequence added = chaptersFrom(chapters, shift);
     if (added.isEmpty())
         return 0;
-    // Also where they take the place of the others: those come back with Undo.
-    const ZLChapterSequence present = document.chapterManager().allChapters();
-    makeUnique(added, present);
-    exchangeChapters(document, way == Way::Add ? present + added : added);
+    // Chapters whose list knows no UUIDs have new ones. Also where they take the place of the others: those come back
+    // with Undo.
+    if (std::ranges::any_of(chapters, [](const ZLListedChapter& listed) { return !listed.uuid.isEmpty(); }))
+        makeUnique(added, document.chapterManager().allChapters());
+    if (way == Way::Add)
+        takeIn(document, added);
+    else
+        exchangeChapters(document, added);
     return added.size();
 }

@@ -1,15 +1,30 @@
 #include "document/ZLDocumentParts.h"
 
-#include "model/ZLChapterManager.h"
+#include "model/ZLStoredChapters.h"
+
+#include <algorithm>
 
 namespace {
 
-ZLChapterSequence chaptersOf(const ZLChapterSnapshot& records)
+bool saysWhat(const ZLChapterPointer& chapter, const ZLChapterSnapshot::value_type& record)
 {
+    return chapter->isAsIn(*record);
+}
+
+ZLChapterSequence chaptersOf(const ZLChapterSnapshot& records, const ZLChapterSequence& present)
+{
+    const qsizetype shorter = std::min(records.size(), present.size());
+    const auto front = std::mismatch(present.cbegin(), present.cbegin() + shorter, records.cbegin(), saysWhat).first;
+    const qsizetype atFront = front - present.cbegin();
+    const auto back =
+        std::mismatch(present.crbegin(), present.crbegin() + (shorter - atFront), records.crbegin(), saysWhat).first;
+    const qsizetype atBack = back - present.crbegin();
     ZLChapterSequence chapters;
     chapters.reserve(records.size());
-    for (const auto& record : records)
-        chapters.append(std::make_shared<ZLChapter>(record));
+    chapters.append(present.first(atFront));
+    for (qsizetype index = atFront; index < records.size() - atBack; ++index)
+        chapters.append(std::make_shared<ZLChapter>(records.at(index)));
+    chapters.append(present.last(atBack));
     return chapters;
 }
 
@@ -27,19 +42,19 @@ ZLChapterSnapshot recordsOf(const ZLChapterSequence& chapters)
 ZLDocumentParts ZLDocumentParts::of(const ZLDocumentContents& contents)
 {
     return {
-        .chapters = ZLChapterManager::chaptersIn(contents.chapters, ZLChapterManager::Sorting::ByTime),
+        .chapters = ZLStoredChapters::in(contents.chapters, ZLStoredChapters::Sorting::ByTime),
         .duration = contents.duration,
-        .templates = ZLChapterManager::chaptersIn(contents.templates, ZLChapterManager::Sorting::None),
+        .templates = ZLStoredChapters::in(contents.templates, ZLStoredChapters::Sorting::None),
         .extras = contents.extras,
     };
 }
 
-ZLDocumentParts ZLDocumentParts::of(const ZLDocumentSnapshot& snapshot)
+ZLDocumentParts ZLDocumentParts::of(const ZLDocumentSnapshot& snapshot, const ZLChapterSequence& present)
 {
     return {
-        .chapters = chaptersOf(snapshot.chapters),
+        .chapters = chaptersOf(snapshot.chapters, present),
         .duration = snapshot.duration,
-        .templates = chaptersOf(snapshot.templates),
+        .templates = chaptersOf(snapshot.templates, {}),
         .extras = snapshot.extras.whole(),
     };
 }

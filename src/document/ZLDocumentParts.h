@@ -15,8 +15,9 @@ struct ZLDocumentParts {
     QVariantMap extras {};
 
     [[nodiscard]] static ZLDocumentParts of(const ZLDocumentContents& contents);
-    /// The new chapters share what they say with the snapshot.
-    [[nodiscard]] static ZLDocumentParts of(const ZLDocumentSnapshot& snapshot);
+    /// The new chapters share what they say with the snapshot. Those at both ends of `present` that say it already stay
+    /// the same objects.
+    [[nodiscard]] static ZLDocumentParts of(const ZLDocumentSnapshot& snapshot, const ZLChapterSequence& present = {});
     /// What a document that holds this looks like.
     [[nodiscard]] ZLDocumentSnapshot snapshot() const;
 };

@@ -5,9 +5,12 @@
 #include "model/ZLTimeText.h"
 
 #include <QCalendar>
+#include <QRandomGenerator>
 #include <QTimeZone>
 #include <QUuid>
 
+#include <array>
+#include <bit>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -141,7 +144,13 @@ QString ZLChapter::durationToNextChapter(const ZLChapter& next) const
 
 QString ZLChapter::generateUUID()
 {
-    return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    // The numbers of the processor itself take their time when thousands of chapters come at once.
+    thread_local QRandomGenerator64 random = QRandomGenerator64::securelySeeded();
+    auto bytes = std::bit_cast<std::array<quint8, 16>>(std::array<quint64, 2> { random(), random() });
+    // Version 4, which is random, in the usual variant.
+    bytes[6] = (bytes[6] & 0x0FU) | 0x40U;
+    bytes[8] = (bytes[8] & 0x3FU) | 0x80U;
+    return QUuid::fromRfc4122(QByteArrayView(bytes)).toString(QUuid::WithoutBraces).toUpper();
 }
 
 QDateTime ZLChapter::distantPast()

@@ -1,22 +1,20 @@
 #include "model/ZLChapterManager.h"
 
+#include "model/ZLStoredChapters.h"
+#include "platform/ZLLateRelease.h"
+
 #include <QLoggingCategory>
+#include <QSet>
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace {
 
 Q_LOGGING_CATEGORY(chapterListLog, "zelta.model.chapterlist", QtInfoMsg)
 
 constexpr qsizetype InitialCapacity = 50;
-
-ZLChapterPointer chapterFrom(const QVariant& dictionary)
-{
-    if (const auto* archived = ZLArchivedDictionary::in(dictionary))
-        return std::make_shared<ZLChapter>(*archived);
-    return std::make_shared<ZLChapter>(dictionary.toMap());
-}
 
 }
 
@@ -35,23 +33,13 @@ ZLChapterManager::ZLChapterManager(const QVariantList& dictionaries, QObject* pa
 ZLChapterManager::~ZLChapterManager()
 {
     releaseChapters();
-}
-
-ZLChapterSequence ZLChapterManager::chaptersIn(const QVariantList& dictionaries, Sorting sorting)
-{
-    ZLChapterSequence chapters;
-    chapters.reserve(std::max(InitialCapacity, dictionaries.size()));
-    for (const QVariant& dictionary : dictionaries)
-        chapters.append(chapterFrom(dictionary));
-    // A file is in order as a rule, and sorting takes memory for the whole list.
-    if (sorting == Sorting::ByTime && !std::is_sorted(chapters.cbegin(), chapters.cend(), ZLChapterOrder::comesBefore))
-        std::stable_sort(chapters.begin(), chapters.end(), ZLChapterOrder::comesBefore);
-    return chapters;
+    ZLLateRelease::of(std::move(m_chapters));
 }
 
 void ZLChapterManager::loadChapters(const QVariantList& dictionaries)
 {
-    setChapters(chaptersIn(dictionaries, m_wantsSortedChapters ? Sorting::ByTime : Sorting::None));
+    using Sorting = ZLStoredChapters::Sorting;
+    setChapters(ZLStoredChapters::in(dictionaries, m_wantsSortedChapters ? Sorting::ByTime : Sorting::None));
 }
 
 QVariantList ZLChapterManager::chaptersForSaving()
@@ -79,6 +67,29 @@ void ZLChapterManager::addChapter(ZLChapterPointer chapter)
     sortChapters();
     insertInOrder(chapter, m_chapters.size());
     Q_EMIT chaptersDidChange();
+}
+
+void ZLChapterManager::exchangeChapters(const ZLChapterSequence& removed, const ZLChapterSequence& added)
+{
+    sortChapters();
+    Q_EMIT willReplaceChapters();
+    const SameEnds before = takeOut(removed);
+    const SameEnds after = takeIn(added);
+    Q_EMIT didReplaceChapters(std::min(before.atFront, after.atFront), std::min(before.atBack, after.atBack));
+}
+
+void ZLChapterManager::moveTimes(double seconds)
+{
+    sortChapters();
+    bool isInOrder = true;
+    for (qsizetype index = 0; index < m_chapters.size(); ++index) {
+        fetchAhead(index);
+        const ZLChapterPointer& chapter = m_chapters.at(index);
+        chapter->setTimeStamp(chapter->timeStamp() + seconds);
+        isInOrder = isInOrder && (index == 0 || !ZLChapterOrder::comesBefore(chapter, m_chapters.at(index - 1)));
+    }
+    if (isInOrder)
+        m_order.setCertain();
 }
 
 void ZLChapterManager::insertChapterAtIndex(ZLChapterPointer chapter, qsizetype index)
@@ -178,8 +189,8 @@ void ZLChapterManager::sortChapters()
 void ZLChapterManager::setChapters(const ZLChapterSequence& chapters)
 {
     Q_EMIT willReplaceChapters();
-    adoptChapters(chapters);
-    Q_EMIT didReplaceChapters();
+    const SameEnds same = adoptChapters(chapters);
+    Q_EMIT didReplaceChapters(same.atFront, same.atBack);
 }
 
 void ZLChapterManager::setWantsSortedChapters(bool wanted)
@@ -225,13 +236,93 @@ void ZLChapterManager::takeChapterAt(qsizetype index)
     Q_EMIT didRemoveChapterAtIndex(index);
 }
 
-void ZLChapterManager::adoptChapters(const ZLChapterSequence& chapters)
+ZLChapterManager::SameEnds ZLChapterManager::sameEndsAs(const ZLChapterSequence& chapters) const
 {
-    releaseChapters();
-    m_chapters = chapters;
-    for (const auto& chapter : std::as_const(m_chapters))
+    const qsizetype shorter = std::min(m_chapters.size(), chapters.size());
+    const auto front = std::mismatch(m_chapters.cbegin(), m_chapters.cbegin() + shorter, chapters.cbegin()).first;
+    const qsizetype atFront = front - m_chapters.cbegin();
+    const auto back =
+        std::mismatch(m_chapters.crbegin(), m_chapters.crbegin() + (shorter - atFront), chapters.crbegin()).first;
+    return { atFront, back - m_chapters.crbegin() };
+}
+
+ZLChapterManager::SameEnds ZLChapterManager::adoptChapters(const ZLChapterSequence& chapters)
+{
+    // Only the chapters that come or go are touched: a long list takes its time to go through.
+    const SameEnds same = sameEndsAs(chapters);
+    for (qsizetype index = same.atFront; index < m_chapters.size() - same.atBack; ++index)
+        m_chapters.at(index)->removeObserver(*this);
+    ZLLateRelease::of(std::exchange(m_chapters, chapters));
+    for (qsizetype index = same.atFront; index < m_chapters.size() - same.atBack; ++index)
+        m_chapters.at(index)->addObserver(*this);
+    if (!m_order.isCertain() || !isInOrderBetween(same))
+        m_order.doubt();
+    return same;
+}
+
+ZLChapterManager::SameEnds ZLChapterManager::takeOut(const ZLChapterSequence& chapters)
+{
+    QSet<const ZLChapter*> going;
+    for (const auto& chapter : chapters)
+        going.insert(chapter.get());
+    const auto goes = [&going](const ZLChapterPointer& chapter) { return going.contains(chapter.get()); };
+    const SameEnds same { std::find_if(m_chapters.cbegin(), m_chapters.cend(), goes) - m_chapters.cbegin(),
+        std::find_if(m_chapters.crbegin(), m_chapters.crend(), goes) - m_chapters.crbegin() };
+    if (same.atFront == m_chapters.size())
+        return same;
+    for (const auto& chapter : std::as_const(m_chapters)) {
+        if (goes(chapter))
+            chapter->removeObserver(*this);
+    }
+    m_chapters.removeIf(goes);
+    return same;
+}
+
+ZLChapterManager::SameEnds ZLChapterManager::takeIn(ZLChapterSequence chapters)
+{
+    const qsizetype former = m_chapters.size();
+    if (m_wantsSortedChapters)
+        std::stable_sort(chapters.begin(), chapters.end(), ZLChapterOrder::comesBefore);
+    for (const auto& chapter : std::as_const(chapters))
         chapter->addObserver(*this);
-    m_order.doubt();
+    m_chapters.append(chapters);
+    return chapters.isEmpty() ? SameEnds { former, former } : mergeChaptersFrom(former);
+}
+
+ZLChapterManager::SameEnds ZLChapterManager::mergeChaptersFrom(qsizetype first)
+{
+    const auto begin = m_chapters.begin();
+    const auto middle = begin + first;
+    if (!m_wantsSortedChapters)
+        return { first, 0 };
+    const auto place = std::upper_bound(begin, middle, *middle, ZLChapterOrder::comesBefore);
+    const auto rest = std::upper_bound(place, middle, m_chapters.constLast(), ZLChapterOrder::comesBefore);
+    const SameEnds same { place - begin, middle - rest };
+    std::inplace_merge(place, middle, m_chapters.end(), ZLChapterOrder::comesBefore);
+    return same;
+}
+
+void ZLChapterManager::fetchAhead(qsizetype index) const
+{
+    constexpr qsizetype toChapter = 12;
+    constexpr qsizetype toRecord = 8;
+    constexpr qsizetype toTexts = 4;
+    const qsizetype count = m_chapters.size();
+    if (index + toChapter < count)
+        __builtin_prefetch(m_chapters.at(index + toChapter).get());
+    if (index + toRecord < count)
+        __builtin_prefetch(&m_chapters.at(index + toRecord)->uuid());
+    if (index + toTexts < count) {
+        __builtin_prefetch(m_chapters.at(index + toTexts)->uuid().constData());
+        __builtin_prefetch(m_chapters.at(index + toTexts)->title().constData());
+    }
+}
+
+bool ZLChapterManager::isInOrderBetween(const SameEnds& ends) const
+{
+    const auto first = m_chapters.cbegin() + std::max<qsizetype>(ends.atFront - 1, 0);
+    const auto last = m_chapters.cend() - std::max<qsizetype>(ends.atBack - 1, 0);
+    return std::is_sorted(first, last, ZLChapterOrder::comesBefore);
 }
 
 void ZLChapterManager::releaseChapters()

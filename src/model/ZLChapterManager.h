@@ -24,9 +24,6 @@ public:
     explicit ZLChapterManager(const QVariantList& dictionaries, QObject* parent = nullptr);
     ~ZLChapterManager() override;
 
-    enum class Sorting { ByTime, None };
-    /// The chapters that the constructor would fill a list with. They may be made on any thread.
-    [[nodiscard]] static ZLChapterSequence chaptersIn(const QVariantList& dictionaries, Sorting sorting);
     /// Replaces the contents as the constructor with dictionaries fills them.
     void loadChapters(const QVariantList& dictionaries);
 
@@ -37,6 +34,11 @@ public:
     [[nodiscard]] ZLChapterSnapshot snapshot();
 
     void addChapter(ZLChapterPointer chapter);
+    /// Takes many chapters out and others in at once, each behind those of its time, without chaptersDidChange(). A
+    /// chapter that stays is not looked at, as far as the others all come before or behind it.
+    void exchangeChapters(const ZLChapterSequence& removed, const ZLChapterSequence& added);
+    /// Every chapter comes later by `seconds`, which leaves them in their order.
+    void moveTimes(double seconds);
     /// `index` from 0 to count(); any other is refused with a warning and changes nothing. With sorting on it only
     /// matters among chapters of equal time.
     void insertChapterAtIndex(ZLChapterPointer chapter, qsizetype index);
@@ -91,7 +93,8 @@ Q_SIGNALS:
     /// `previousOrder` is the sequence before the order was restored.
     void didReorderChapters(const ZLChapterSequence& previousOrder);
     void willReplaceChapters();
-    void didReplaceChapters();
+    /// So many chapters at both ends are the same objects as before.
+    void didReplaceChapters(qsizetype sameAtFront, qsizetype sameAtBack);
 
 private:
     void chapterDidChangeTime(const ZLChapter& chapter, double formerTime) override;
@@ -99,7 +102,20 @@ private:
 
     void insertInOrder(const ZLChapterPointer& chapter, qsizetype wantedIndex);
     void takeChapterAt(qsizetype index);
-    void adoptChapters(const ZLChapterSequence& chapters);
+    /// How many chapters at both ends stay when one list takes the place of another one.
+    struct SameEnds {
+        qsizetype atFront = 0;
+        qsizetype atBack = 0;
+    };
+    [[nodiscard]] SameEnds sameEndsAs(const ZLChapterSequence& chapters) const;
+    SameEnds adoptChapters(const ZLChapterSequence& chapters);
+    [[nodiscard]] bool isInOrderBetween(const SameEnds& ends) const;
+    SameEnds takeOut(const ZLChapterSequence& chapters);
+    SameEnds takeIn(ZLChapterSequence chapters);
+    /// Puts the chapters from `first` on, which are in order themselves, among those before.
+    SameEnds mergeChaptersFrom(qsizetype first);
+    /// Asks the processor for what moveTimes() reads and copies soon: a long list lies all over the memory.
+    void fetchAhead(qsizetype index) const;
     void releaseChapters();
     void moveChapter(ZLChapterOrder::Move move);
 

@@ -1,5 +1,7 @@
 #include "platform/ZLUndoManager.h"
 
+#include "platform/ZLLateRelease.h"
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -7,6 +9,12 @@
 ZLUndoManager::ZLUndoManager(QObject* parent)
     : QObject(parent)
 {
+}
+
+ZLUndoManager::~ZLUndoManager()
+{
+    forget(m_undoHistory);
+    forget(m_redoHistory);
 }
 
 void ZLUndoManager::registerStep(Step step)
@@ -51,8 +59,8 @@ void ZLUndoManager::removeAllActions()
 {
     if (!canUndo() && !canRedo() && m_openGroup.steps.empty())
         return;
-    m_undoHistory.clear();
-    m_redoHistory.clear();
+    forget(m_undoHistory);
+    forget(m_redoHistory);
     m_openGroup = {};
     Q_EMIT historyDidChange();
 }
@@ -85,8 +93,14 @@ void ZLUndoManager::registerOpenGroup()
     if (m_activity != Activity::None)
         return;
     // A new command makes what was undone before unreachable.
-    m_redoHistory.clear();
+    forget(m_redoHistory);
     Q_EMIT historyDidChange();
+}
+
+void ZLUndoManager::forget(History& history)
+{
+    if (!history.empty())
+        ZLLateRelease::of(std::exchange(history, {}));
 }
 
 void ZLUndoManager::performLastGroupOf(History& history, Activity activity)

@@ -15,9 +15,10 @@ public:
     using Step = std::function<void()>;
 
     explicit ZLUndoManager(QObject* parent = nullptr);
+    ~ZLUndoManager() override;
 
-    /// Adds a step to the open group; outside a group the step is a group of its own. A step registered while neither
-    /// undoing nor redoing empties the redo history.
+    /// Adds a step to the open group; what it holds may be freed on any thread. Outside a group the step is a group of
+    /// its own. A step registered while neither undoing nor redoing empties the redo history.
     void registerStep(Step step);
 
     /// Names the open group, or outside one the group that was registered last. The last name set wins.
@@ -62,6 +63,8 @@ private:
     void beginGroup();
     void endGroup();
     void registerOpenGroup();
+    /// Steps may hold many chapters.
+    static void forget(History& history);
     void performLastGroupOf(History& history, Activity activity);
     /// Where a newly registered group goes.
     History& receivingHistory() { return isUndoing() ? m_redoHistory : m_undoHistory; }

@@ -7,6 +7,7 @@
 #include <QDataStream>
 #include <QDeadlineTimer>
 #include <QLocalSocket>
+#include <QPointer>
 
 #include <utility>
 
@@ -16,7 +17,7 @@ ZLCommandSocket::ZLCommandSocket(Handler handler, QString path, QObject* parent)
     : QObject(parent)
     , m_handler(std::move(handler))
     , m_listener(std::move(path), [this](auto connection, const auto& messages, const auto& press) {
-        const auto perform = [this, connection, messages, press] { this->perform(connection, messages, press); };
+        const auto perform = [this, connection, messages, press] { this->perform({ connection, messages, press }); };
         QMetaObject::invokeMethod(this, perform, Qt::QueuedConnection);
     })
 {
@@ -64,13 +65,22 @@ ZLResult<QString> ZLCommandSocket::send(const ZLOSCMessage& message, const QStri
     return answer.isEmpty() ? ZLResult<QString>(ZLError { tr("Zelta did not answer.") }) : ZLResult<QString>(answer);
 }
 
-void ZLCommandSocket::perform(
-    ZLCommandListener::Connection connection, const QList<ZLOSCMessage>& messages, ZLPressStamp press)
+void ZLCommandSocket::perform(Command command)
 {
-    QStringList answers;
-    for (const ZLOSCMessage& message : messages)
-        answers.append(m_handler(message, press));
-    const QString text = answers.join(u'\n');
-    QMetaObject::invokeMethod(
-        &m_listener, [this, connection, text] { m_listener.answer(connection, text); }, Qt::QueuedConnection);
+    if (command.messages.isEmpty()) {
+        const auto answer = [this, connection = command.connection, text = command.answers.join(u'\n')] {
+            m_listener.answer(connection, text);
+        };
+        QMetaObject::invokeMethod(&m_listener, answer, Qt::QueuedConnection);
+        return;
+    }
+    const ZLOSCMessage message = command.messages.takeFirst();
+    const ZLPressStamp press = command.press;
+    m_handler(message, press, [socket = QPointer(this), command = std::move(command)](const QString& text) {
+        if (!socket)
+            return;
+        Command rest = command;
+        rest.answers.append(text);
+        socket->perform(std::move(rest));
+    });
 }

@@ -16,8 +16,10 @@ class ZLCommandSocket : public QObject {
     Q_OBJECT
 
 public:
-    /// Carries out a message that came at `press`, on the main thread, and says what became of it.
-    using Handler = std::function<QString(const ZLOSCMessage& message, const ZLPressStamp& press)>;
+    /// Says what became of a message. To be called once, on the main thread, now or later.
+    using Answer = std::function<void(const QString& text)>;
+    /// Carries out a message that came at `press`, on the main thread.
+    using Handler = std::function<void(const ZLOSCMessage& message, const ZLPressStamp& press, const Answer& answer)>;
     /// Before a message stands its size, so that it may come in pieces.
     using CommandSize = quint32;
 
@@ -38,7 +40,15 @@ public:
         const ZLOSCMessage& message, const QString& path = defaultPath(), int patience = Patience);
 
 private:
-    void perform(ZLCommandListener::Connection connection, const QList<ZLOSCMessage>& messages, ZLPressStamp press);
+    /// What came on a connection that waits for the answer.
+    struct Command {
+        ZLCommandListener::Connection connection;
+        QList<ZLOSCMessage> messages;
+        ZLPressStamp press;
+        QStringList answers {};
+    };
+    /// Each message when the one before is answered.
+    void perform(Command command);
 
     Handler m_handler;
     QThread m_thread;

@@ -14,14 +14,14 @@ protected:
     [[nodiscard]] std::unique_ptr<ZLRunningInstance> startInstance()
     {
         return std::make_unique<ZLRunningInstance>(
-            [this](const ZLLaunchRequest& request) {
+            [this](const ZLLaunchRequest& request, const ZLRunningInstance::Answer& answer) {
                 m_requests.append(request);
                 QStringList problems;
                 for (const QString& file : request.files) {
                     if (file.contains("missing"_L1))
                         problems.append(file + u": No such file"_s);
                 }
-                return problems;
+                answer(problems);
             },
             m_path);
     }

@@ -43,7 +43,7 @@ ALLOWED = {
     "resources": "",
     "resources/sounds": "",
     "resources/translations": "",
-    "model": "platform/archive",
+    "model": "platform platform/archive",
     "lists": "platform model",
     "lists/forms": "platform lists",
     "settings": "platform",
@@ -55,7 +55,8 @@ ALLOWED = {
     "document": "platform platform/archive listening model lists settings templates document/shared"
     " document/recording document/editing",
     "document/saving/journal": "platform platform/archive model document/shared document/recording document",
-    "document/saving": "platform listening document document/saving/journal",
+    "document/saving/opening": "platform document document/saving/journal",
+    "document/saving": "platform listening document document/saving/journal document/saving/opening",
     "document/listening": "platform listening document document/saving document/saving/journal",
     "following": "platform platform/keyring model settings document/shared document recorder",
     "following/ui": "platform/window model document document/ui following",
@@ -79,7 +80,7 @@ ALLOWED = {
     " document/shared document",
     "delivery/fit/ui": "platform lists templates/ui document/ui delivery/fit",
     "settings/ui": "platform/hotkey platform/sound platform/window resources settings commands",
-    "app/session": "platform document document/saving document/listening",
+    "app/session": "platform document document/saving document/saving/journal document/saving/opening document/listening",
     "app": "platform platform/activity platform/keyring platform/media/file platform/osc platform/sound resources/sounds"
     " listening model settings document document/saving document/listening following commands remote export"
     " export/formats import delivery delivery/fit app/session recorder/obs recorder/jack recorder/osctime",

@@ -7,8 +7,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <future>
 #include <limits>
+#include <memory>
 #include <random>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 using ZLTestChapters::chapterAt;
@@ -335,6 +338,91 @@ TEST_F(ZLChapterManagerTest, AReplacedSequenceStandsAsItIsUntilTheNextRead)
     m_list.setChapters({ chapterAt(2.0), chapterAt(1.0) });
     EXPECT_EQ(times(m_list.chapters()), QList<double>({ 2.0, 1.0 }));
     EXPECT_EQ(times(m_list.allChapters()), QList<double>({ 1.0, 2.0 }));
+}
+
+TEST_F(ZLChapterManagerTest, ManyChaptersComeInBehindThoseOfTheirTimeAndGoAgain)
+{
+    add({ 10.0, 20.0, 30.0, 40.0 });
+    const ZLChapterSequence before = m_list.allChapters();
+    const ZLChapterSequence added { chapterAt(30.0, u"b"_s), chapterAt(15.0, u"a"_s), chapterAt(30.0, u"c"_s) };
+    const QSignalSpy replaced(&m_list, &ZLChapterManager::didReplaceChapters);
+    EXPECT_EQ(announcementsOf([&] { m_list.exchangeChapters({}, added); }), 0);
+    EXPECT_EQ(times(m_list.allChapters()), QList<double>({ 10.0, 15.0, 20.0, 30.0, 30.0, 30.0, 40.0 }));
+    EXPECT_EQ(titles(m_list.allChapters().sliced(3, 3)).sliced(1), (QStringList { u"b"_s, u"c"_s }));
+    EXPECT_EQ(replaced.last(), (QVariantList { qsizetype(1), qsizetype(1) }));
+    added.first()->setTimeStamp(5.0);
+    EXPECT_EQ(m_list.indexOfChapter(added.first()), 0) << "the list hears of its changes";
+    EXPECT_EQ(announcementsOf([&] { m_list.exchangeChapters(added, {}); }), 0);
+    EXPECT_EQ(m_list.allChapters(), before);
+    EXPECT_EQ(replaced.last(), (QVariantList { qsizetype(0), qsizetype(1) }));
+    const quint64 changes = m_list.changeCount();
+    added.first()->setTitle(u"x"_s);
+    EXPECT_EQ(m_list.changeCount(), changes);
+}
+
+TEST_F(ZLChapterManagerTest, ChaptersComeInAtTheEndOfAListInItsUsersOrder)
+{
+    m_list.setWantsSortedChapters(false);
+    add({ 30.0, 10.0 });
+    m_list.exchangeChapters({}, { chapterAt(20.0), chapterAt(5.0) });
+    EXPECT_EQ(times(m_list.allChapters()), QList<double>({ 30.0, 10.0, 20.0, 5.0 }));
+}
+
+TEST_F(ZLChapterManagerTest, MovedTimesLeaveTheChaptersWhereTheyStand)
+{
+    add({ 10.0, 20.0, 20.0 });
+    const ZLChapterSequence before = m_list.allChapters();
+    const QSignalSpy reordered(&m_list, &ZLChapterManager::didReorderChapters);
+    const quint64 changes = m_list.changeCount();
+    m_list.moveTimes(-15.0);
+    EXPECT_EQ(m_list.allChapters(), before);
+    EXPECT_EQ(times(before), QList<double>({ -5.0, 5.0, 5.0 }));
+    EXPECT_GT(m_list.changeCount(), changes);
+    EXPECT_EQ(reordered.size(), 0);
+    m_list.insertChapterAtIndex(before.first(), 1);
+    m_list.moveTimes(15.0);
+    EXPECT_EQ(times(m_list.allChapters()), QList<double>({ 20.0, 20.0, 25.0, 25.0 })) << "one that stands twice";
+}
+
+TEST_F(ZLChapterManagerTest, AChapterThatStaysInAReplacedListIsStillHeardAndOneThatLeavesNoMore)
+{
+    add({ 10.0, 20.0, 30.0, 40.0 });
+    const ZLChapterSequence before = m_list.allChapters();
+    ZLChapterSequence after = before;
+    after[1] = chapterAt(25.0);
+    const QSignalSpy replaced(&m_list, &ZLChapterManager::didReplaceChapters);
+    m_list.setChapters(after);
+    EXPECT_EQ(replaced.last(), (QVariantList { qsizetype(1), qsizetype(2) }));
+    for (const ZLChapterPointer& chapter : std::as_const(after)) {
+        const quint64 changes = m_list.changeCount();
+        chapter->setTitle(u"x"_s);
+        EXPECT_EQ(m_list.changeCount(), changes + 1);
+    }
+    const quint64 changes = m_list.changeCount();
+    before.at(1)->setTitle(u"x"_s);
+    EXPECT_EQ(m_list.changeCount(), changes);
+    after.swapItemsAt(2, 3);
+    m_list.setChapters(after);
+    EXPECT_EQ(times(m_list.allChapters()), QList<double>({ 10.0, 25.0, 30.0, 40.0 }));
+    EXPECT_EQ(replaced.last(), (QVariantList { qsizetype(2), qsizetype(0) }));
+}
+
+TEST_F(ZLChapterManagerTest, TheChaptersOfALongListAreFreedOnAnotherThread)
+{
+    std::promise<std::thread::id> freedOn;
+    auto list = std::make_unique<ZLChapterManager>();
+    ZLChapterSequence chapters;
+    for (int number = 0; number < 2000; ++number)
+        chapters.append(chapterAt(number));
+    const auto remove = [&freedOn](const ZLChapter* chapter) {
+        freedOn.set_value(std::this_thread::get_id());
+        delete chapter;
+    };
+    chapters.append(ZLChapterPointer(new ZLChapter, remove));
+    list->setChapters(chapters);
+    chapters = {};
+    list.reset();
+    EXPECT_NE(freedOn.get_future().get(), std::this_thread::get_id());
 }
 
 TEST_F(ZLChapterManagerTest, SnapshotsShareTheListsStorage)

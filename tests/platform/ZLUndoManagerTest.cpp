@@ -2,6 +2,7 @@
 
 #include <QSignalSpy>
 #include <QStringList>
+#include <QThreadPool>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -303,5 +304,7 @@ TEST_F(ZLUndoManagerTest, ARemovedStepLetsGoOfWhatItHeld)
     m_manager.registerStep([held] { });
     EXPECT_EQ(held.use_count(), 2);
     m_manager.removeAllActions();
+    // On another thread.
+    QThreadPool::globalInstance()->waitForDone();
     EXPECT_EQ(held.use_count(), 1);
 }

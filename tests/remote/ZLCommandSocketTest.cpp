@@ -23,9 +23,9 @@ protected:
     [[nodiscard]] std::unique_ptr<ZLCommandSocket> makeSocket(const QString& answer = u"done"_s)
     {
         return std::make_unique<ZLCommandSocket>(
-            [this, answer](const ZLOSCMessage& message, const ZLPressStamp&) {
+            [this, text = answer](const ZLOSCMessage& message, const ZLPressStamp&, const auto& answer) {
                 m_messages.append(message);
-                return answer;
+                answer(text);
             },
             m_path);
     }
@@ -94,6 +94,33 @@ TEST_F(ZLCommandSocketTest, ACommandIsCarriedOutAndAnswered)
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer.value(), u"added a chapter – “ä”"_s);
     EXPECT_EQ(m_messages, QList<ZLOSCMessage> { m_command });
+}
+
+TEST_F(ZLCommandSocketTest, AnAnswerMayComeLaterAndHoldsUpNoOtherCommand)
+{
+    ZLCommandSocket::Answer late;
+    auto socket = std::make_unique<ZLCommandSocket>(
+        [this, &late](const ZLOSCMessage& message, const ZLPressStamp&, const ZLCommandSocket::Answer& answer) {
+            m_messages.append(message);
+            if (late)
+                answer(u"the second one"_s);
+            else
+                late = answer;
+        },
+        m_path);
+    std::optional<ZLResult<QString>> first;
+    const std::unique_ptr<QThread> other(
+        QThread::create([&] { first = ZLCommandSocket::send(m_command, m_path, socketDeadlineMilliseconds); }));
+    other->start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bool(late); }, socketDeadlineMilliseconds));
+    EXPECT_EQ(send(m_command).value(), u"the second one"_s);
+    EXPECT_FALSE(other->isFinished());
+    late(u"the first one"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return other->isFinished(); }, socketDeadlineMilliseconds));
+    other->wait();
+    EXPECT_EQ(first->value(), u"the first one"_s);
+    socket.reset();
+    late(u"nobody hears this"_s);
 }
 
 TEST_F(ZLCommandSocketTest, OnlyTheUserMayUseIt)
@@ -183,9 +210,9 @@ TEST_F(ZLCommandSocketTest, ACommandHasTheTimeOfItsArrivalHoweverBusyTheMainThre
 {
     std::optional<ZLPressStamp> press;
     const ZLCommandSocket socket(
-        [&press](const ZLOSCMessage&, const ZLPressStamp& stamp) {
+        [&press](const ZLOSCMessage&, const ZLPressStamp& stamp, const ZLCommandSocket::Answer& answer) {
             press = stamp;
-            return u"done"_s;
+            answer(u"done"_s);
         },
         m_path);
     const ZLSteadyHostClock clock;

@@ -1,9 +1,5 @@
 #include "app/session/ZLDocumentMaker.h"
 
-#include "document/ZLUnreadableDocument.h"
-#include "document/listening/ZLDocumentListening.h"
-#include "platform/ZLBoundedFile.h"
-
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QLoggingCategory>
@@ -34,9 +30,7 @@ ZLSavedDocument ZLDocumentMaker::makeUntitled() const
 
 ZLSavedDocument ZLDocumentMaker::makeUntitledFrom(const ZLDocumentContents& contents) const
 {
-    auto document = makeDocument();
-    document->readFromData(ZLDocumentFile::encode(contents));
-    return keepAtOnce(std::move(document));
+    return keepAtOnce(makeDocumentOf(ZLDocumentParts::of(contents)));
 }
 
 ZLResult<ZLSavedDocument> ZLDocumentMaker::createFile(const QString& path) const
@@ -52,47 +46,47 @@ ZLResult<ZLSavedDocument> ZLDocumentMaker::createFile(const QString& path) const
 
 ZLResult<ZLSavedDocument> ZLDocumentMaker::readFile(const QString& path) const
 {
-    const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
-    if (!bytes)
-        return bytes.error();
-    auto read = readDocument(path, bytes.value());
+    const auto read = ZLReadDocument::read(path);
     if (!read)
         return read.error();
-    auto document = std::move(read).value();
+    return make(path, read.value());
+}
+
+ZLSavedDocument ZLDocumentMaker::make(const QString& path, const ZLReadDocument& read) const
+{
+    auto document = makeDocumentOf(read.parts);
     document->setDisplayName(QFileInfo(path).fileName());
-    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, path, bytes.value());
-    return ZLSavedDocument { std::move(document), std::move(saver) };
+    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, path, read);
+    return { std::move(document), std::move(saver) };
 }
 
 ZLResult<ZLSavedDocument> ZLDocumentMaker::readRecoveryFile(std::unique_ptr<ZLRecoveryFile> file) const
 {
-    const auto bytes = ZLBoundedFile::read(file->path(), ZLFileBound::Document, ZLFileLinks::Refuse);
-    if (!bytes)
-        return bytes.error();
-    auto read = readDocument(file->path(), bytes.value());
+    const auto read = ZLReadDocument::read(file->path(), ZLFileLinks::Refuse);
     if (!read)
         return read.error();
-    auto document = std::move(read).value();
-    auto saver = std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, std::move(file));
+    auto document = makeDocumentOf(read.value().parts);
+    auto saver =
+        std::make_unique<ZLDocumentSaver>(*document, m_recoveryFolder, m_machinery, std::move(file), read.value());
     return ZLSavedDocument { std::move(document), std::move(saver) };
 }
 
-ZLSavedDocument ZLDocumentMaker::rebuild(ZLRecoveredDocument recovered, const ZLFoundFile& file) const
+ZLSavedDocument ZLDocumentMaker::rebuild(ZLFoundJournal found) const
 {
-    const ZLJournaledDocument& journal = recovered.journal;
-    auto document = makeDocumentFrom(journal, recovered.file->listeningPath());
-    if (!journal.filePath.isEmpty())
-        document->setDisplayName(QFileInfo(journal.filePath).fileName());
+    auto document = makeDocumentFrom(found.read);
+    const QString& filePath = found.read.journal.filePath;
+    if (!filePath.isEmpty())
+        document->setDisplayName(QFileInfo(filePath).fileName());
     auto saver = std::make_unique<ZLDocumentSaver>(
-        *document, m_recoveryFolder, m_machinery, std::move(recovered.file), journal, file);
+        *document, m_recoveryFolder, m_machinery, std::move(found.holder), found.read);
     return { std::move(document), std::move(saver) };
 }
 
-ZLSavedDocument ZLDocumentMaker::rebuildAside(const ZLRecoveredDocument& recovered) const
+ZLSavedDocument ZLDocumentMaker::rebuildAside(const ZLReadJournal& read) const
 {
-    auto document = makeDocumentFrom(recovered.journal, recovered.file->listeningPath());
+    auto document = makeDocumentFrom(read);
     document->setDisplayName(QCoreApplication::translate("ZLDocumentMaker", "%1 (recovered)")
-            .arg(QFileInfo(recovered.journal.filePath).fileName()));
+            .arg(QFileInfo(read.journal.filePath).fileName()));
     return keepAtOnce(std::move(document));
 }
 
@@ -111,22 +105,16 @@ std::unique_ptr<ZLChapterDocument> ZLDocumentMaker::makeDocument() const
     return document;
 }
 
-std::unique_ptr<ZLChapterDocument> ZLDocumentMaker::makeDocumentFrom(
-    const ZLJournaledDocument& journal, const QString& listeningPath) const
+std::unique_ptr<ZLChapterDocument> ZLDocumentMaker::makeDocumentOf(const ZLDocumentParts& parts) const
 {
     auto document = makeDocument();
-    ZLDocumentContents contents = journal.contents;
-    ZLDocumentListening::recover(contents.extras, listeningPath);
-    document->readFromData(ZLDocumentFile::encode(contents));
-    document->setInterruptedRecording(journal.interruption);
+    document->load(parts);
     return document;
 }
 
-ZLResult<std::unique_ptr<ZLChapterDocument>> ZLDocumentMaker::readDocument(
-    const QString& path, const QByteArray& bytes) const
+std::unique_ptr<ZLChapterDocument> ZLDocumentMaker::makeDocumentFrom(const ZLReadJournal& read) const
 {
-    auto document = makeDocument();
-    if (!document->readFromData(bytes))
-        return ZLUnreadableDocument::error(path, bytes);
+    auto document = makeDocumentOf(read.parts);
+    document->setInterruptedRecording(read.journal.interruption);
     return document;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/session/ZLDocumentFinding.h"
 #include "document/ZLChapterDocument.h"
-#include "document/saving/ZLDocumentRecovery.h"
 #include "document/saving/ZLDocumentSaver.h"
 #include "document/saving/ZLRecoveryFolder.h"
 #include "platform/ZLResult.h"
@@ -35,21 +35,20 @@ public:
     /// Writes a new, empty file at `path`.
     [[nodiscard]] ZLResult<ZLSavedDocument> createFile(const QString& path) const;
     [[nodiscard]] ZLResult<ZLSavedDocument> readFile(const QString& path) const;
+    /// The document in the file at `path`, which was read already.
+    [[nodiscard]] ZLSavedDocument make(const QString& path, const ZLReadDocument& read) const;
     /// An untitled document that lies in `file`.
     [[nodiscard]] ZLResult<ZLSavedDocument> readRecoveryFile(std::unique_ptr<ZLRecoveryFile> file) const;
-    /// The document that `recovered` holds, for its file, which was found as `file`.
-    [[nodiscard]] ZLSavedDocument rebuild(ZLRecoveredDocument recovered, const ZLFoundFile& file) const;
-    /// The document that `recovered` holds as an untitled one. It is written to the recovery folder at once, if that
-    /// can be done.
-    [[nodiscard]] ZLSavedDocument rebuildAside(const ZLRecoveredDocument& recovered) const;
+    /// The document whose journal was found, for its file.
+    [[nodiscard]] ZLSavedDocument rebuild(ZLFoundJournal found) const;
+    /// The document in a journal as an untitled one. It is written to the recovery folder at once, if that can be done.
+    [[nodiscard]] ZLSavedDocument rebuildAside(const ZLReadJournal& read) const;
 
 private:
     [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocument() const;
     [[nodiscard]] ZLSavedDocument keepAtOnce(std::unique_ptr<ZLChapterDocument> document) const;
-    [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocumentFrom(
-        const ZLJournaledDocument& journal, const QString& listeningPath) const;
-    [[nodiscard]] ZLResult<std::unique_ptr<ZLChapterDocument>> readDocument(
-        const QString& path, const QByteArray& bytes) const;
+    [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocumentOf(const ZLDocumentParts& parts) const;
+    [[nodiscard]] std::unique_ptr<ZLChapterDocument> makeDocumentFrom(const ZLReadJournal& read) const;
 
     const ZLDocumentEnvironment m_environment;
     const ZLSavingMachinery m_machinery;

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/session/ZLDocumentFinding.h"
 #include "app/session/ZLDocumentMaker.h"
-#include "document/saving/ZLDocumentRecovery.h"
 
 #include <functional>
 #include <optional>
@@ -26,14 +26,13 @@ public:
     {
     }
 
-    /// The document in the user's file at `path`, if there is a journal of it; absent otherwise.
-    [[nodiscard]] std::optional<ZLRevivedDocument> reviveFile(const QString& path) const;
+    /// The document whose journal was found.
+    [[nodiscard]] ZLRevivedDocument revive(ZLFoundJournal found) const;
     /// What lies in the recovery folder at `path`. A document whose file is open here already is left alone.
     [[nodiscard]] ZLRevivedDocument reviveRecoveryFile(const QString& path, const IsFileOpen& isFileOpen) const;
 
 private:
-    [[nodiscard]] ZLRevivedDocument revive(ZLRecoveredDocument recovered) const;
-    [[nodiscard]] ZLRevivedDocument reviveBesideFile(ZLRecoveredDocument recovered, const QString& path) const;
+    [[nodiscard]] ZLRevivedDocument reviveBesideFile(ZLFoundJournal found) const;
     [[nodiscard]] ZLResult<ZLSavedDocument> readRecoveryFile(std::unique_ptr<ZLRecoveryFile> file) const;
 
     const ZLDocumentMaker& m_maker;

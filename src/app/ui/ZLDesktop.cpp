@@ -65,7 +65,7 @@ int ZLDesktop::run(const ZLLaunchRequest& request)
     }
     m_following.followAsBefore();
     m_runningInstance = std::make_unique<ZLRunningInstance>(
-        [this](const ZLLaunchRequest& later) { return m_windows.openLater(later); });
+        [this](const ZLLaunchRequest& later, const auto& answer) { m_windows.openLater(later, answer); });
     return QCoreApplication::exec();
 }
 

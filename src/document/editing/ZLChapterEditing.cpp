@@ -157,16 +157,13 @@ void ZLChapterEditing::moveChaptersByMilliseconds(float milliseconds)
         return;
     const ZLUndoGroup group(m_basis.undoManager);
     const double delta = double(milliseconds / 1000.0F);
-    ZLChapterSequence beforeStart;
+    m_basis.chapters.moveTimes(delta);
     const ZLChapterSequence chapters = m_basis.chapters.allChapters();
-    for (const auto& chapter : chapters) {
-        chapter->setTimeStamp(chapter->timeStamp() + delta);
-        if (chapter->timeStamp() < 0.0)
-            beforeStart.append(chapter);
-    }
     rememberMove(chapters, delta);
+    const auto start =
+        std::ranges::find_if(chapters, [](const ZLChapterPointer& chapter) { return !(chapter->timeStamp() < 0.0); });
     // All of them in one step: refreshing once a chapter would make a long list crawl.
-    setEnabledStates(beforeStart, false);
+    setEnabledStates(chapters.first(start - chapters.begin()), false);
     m_basis.noteEdit(ZLDocumentChange::Times, {});
     m_basis.undoManager.registerStep([this, milliseconds] { moveChaptersByMilliseconds(-milliseconds); });
     m_basis.undoManager.setActionName(moveChaptersActionName);
@@ -292,7 +289,8 @@ void ZLChapterEditing::updateInterfaceForNewChapter(const ZLChapterPointer& chap
 void ZLChapterEditing::rememberMove(const ZLChapterSequence& chapters, double seconds)
 {
     // Undo and redo bring what was remembered back by themselves.
-    if (m_basis.undoManager.isUndoing() || m_basis.undoManager.isRedoing())
+    const bool isRemembered = ZLChapterMoves::areRemembered(m_basis.extras);
+    if (!isRemembered || m_basis.undoManager.isUndoing() || m_basis.undoManager.isRedoing())
         return;
     for (const auto& chapter : chapters)
         ZLChapterMoves::add(m_basis.extras, chapter->uuid(), seconds);

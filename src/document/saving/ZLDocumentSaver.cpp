@@ -35,39 +35,38 @@ ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFo
     followDocument();
 }
 
-ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
-    ZLSavingMachinery machinery, const QString& path, const QByteArray& fileBytes)
-    : ZLDocumentSaver(document, recoveryFolder, std::move(machinery), nullptr, path)
+ZLDocumentSaver::ZLDocumentSaver(
+    ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery)
+    : ZLDocumentSaver(document, recoveryFolder, std::move(machinery), nullptr, QString())
 {
-    if (isUntitled())
-        return;
-    const QByteArray bytes = m_document.dataOfType();
-    m_knownFile =
-        ZLKnownFile(bytes, fileBytes.isEmpty() ? bytes : fileBytes, m_place.timeOfFile(m_document.wallClockTime()));
-    m_reverting.setPoint(m_document.snapshot());
-    m_journaling.setBase(bytes);
 }
 
 ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
-    ZLSavingMachinery machinery, std::unique_ptr<ZLRecoveryFile> recoveryFile)
+    ZLSavingMachinery machinery, const QString& path, const ZLReadDocument& read)
+    : ZLDocumentSaver(document, recoveryFolder, std::move(machinery), nullptr, path)
+{
+    m_knownFile = ZLKnownFile(read, m_place.timeOfFile(m_document.wallClockTime()));
+    m_reverting.setPoint(read.state);
+    m_journaling.setBase(read.bytes);
+}
+
+ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
+    ZLSavingMachinery machinery, std::unique_ptr<ZLRecoveryFile> recoveryFile, const ZLReadDocument& read)
     : ZLDocumentSaver(document, recoveryFolder, std::move(machinery), std::move(recoveryFile), QString())
 {
-    const QByteArray bytes = m_document.dataOfType();
-    m_knownFile = ZLKnownFile(bytes, bytes, m_place.timeOfFile(m_document.wallClockTime()));
-    m_journaling.setBase(bytes);
+    m_knownFile = ZLKnownFile(read, m_place.timeOfFile(m_document.wallClockTime()));
+    m_journaling.setBase(read.bytes);
     m_document.setDocumentEdited(hasContent());
 }
 
 ZLDocumentSaver::ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder,
-    ZLSavingMachinery machinery, std::unique_ptr<ZLRecoveryFile> recoveryFile, const ZLJournaledDocument& journal,
-    const ZLFoundFile& file)
-    : ZLDocumentSaver(document, recoveryFolder, std::move(machinery), std::move(recoveryFile), journal.filePath)
+    ZLSavingMachinery machinery, std::unique_ptr<ZLRecoveryFile> recoveryFile, const ZLReadJournal& read)
+    : ZLDocumentSaver(document, recoveryFolder, std::move(machinery), std::move(recoveryFile), read.journal.filePath)
 {
-    if (file.finding == ZLFileFinding::Read)
-        m_knownFile = ZLKnownFile(file.bytes, file.bytes, m_place.timeOfFile(m_document.wallClockTime()));
-    else
-        m_knownFile = ZLKnownFile(journal.fileDigests);
-    m_reverting.setPointIn(file.bytes);
+    const QDateTime time = m_place.timeOfFile(m_document.wallClockTime());
+    m_knownFile = read.file.finding == ZLFileFinding::Read ? ZLKnownFile(read.file.bytes, read.version, time)
+                                                           : ZLKnownFile(read.journal.fileDigests);
+    m_reverting.setPointIn(read.file.bytes);
     m_journaling.begin();
     m_document.setDocumentEdited(true);
     noteChange();

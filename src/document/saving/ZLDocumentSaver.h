@@ -17,8 +17,8 @@
 #include "document/saving/ZLWhenDone.h"
 #include "document/saving/ZLWriteOrders.h"
 #include "document/saving/ZLWriteSchedule.h"
-#include "document/saving/journal/ZLJournalReader.h"
-#include "platform/ZLBoundedFile.h"
+#include "document/saving/opening/ZLReadDocument.h"
+#include "document/saving/opening/ZLReadJournal.h"
 
 #include <QDeadlineTimer>
 #include <QObject>
@@ -36,18 +36,17 @@ class ZLDocumentSaver : public QObject, private ZLChangeRecorder {
     Q_OBJECT
 
 public:
-    /// Looks after `document`, which holds what is on the disk at this moment and has to outlive the saver, as has
-    /// `recoveryFolder`. Without `path` the document is untitled. `fileBytes` is what was read from there; when empty,
-    /// the document's own bytes.
+    /// Looks after `document`, which is untitled and in no file. It has to outlive the saver, as has `recoveryFolder`.
+    ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery);
+    /// For a document that was just loaded from `read`, which stands at `path`.
     ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery,
-        const QString& path = {}, const QByteArray& fileBytes = {});
-    /// For an untitled document that was just read from `recoveryFile`.
+        const QString& path, const ZLReadDocument& read);
+    /// For an untitled document that was just loaded from `read`, which stands in `recoveryFile`.
     ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery,
-        std::unique_ptr<ZLRecoveryFile> recoveryFile);
-    /// For a document that was rebuilt from `journal`, that of `recoveryFile`, and differs from its file, which was
-    /// found as `file`.
+        std::unique_ptr<ZLRecoveryFile> recoveryFile, const ZLReadDocument& read);
+    /// For a document that was rebuilt from the journal of `recoveryFile`, and differs from its file.
     ZLDocumentSaver(ZLChapterDocument& document, const ZLRecoveryFolder& recoveryFolder, ZLSavingMachinery machinery,
-        std::unique_ptr<ZLRecoveryFile> recoveryFile, const ZLJournaledDocument& journal, const ZLFoundFile& file);
+        std::unique_ptr<ZLRecoveryFile> recoveryFile, const ZLReadJournal& read);
     /// Ends as end() does, with the patience of a command.
     ~ZLDocumentSaver() override;
     /// Waits until `deadline` for what is under way but starts nothing: saveNow() comes before. Only the destructor may

@@ -1,12 +1,18 @@
 #include "document/saving/ZLKnownFile.h"
 
-#include "document/saving/journal/ZLJournalRecord.h"
-
-ZLKnownFile::ZLKnownFile(const QByteArray& bytes, const QByteArray& fileBytes, const QDateTime& time)
-    : m_bytes(bytes)
-    , m_readBytes(fileBytes)
+ZLKnownFile::ZLKnownFile(const ZLReadDocument& read, const QDateTime& time)
+    : m_bytes(read.bytes)
+    , m_readBytes(read.fileBytes)
     , m_timeOfBytes(time)
-    , m_versions(QList<QByteArray> { ZLJournalRecords::digestOf(fileBytes) })
+    , m_versions(QList<QByteArray> { read.version })
+{
+}
+
+ZLKnownFile::ZLKnownFile(const QByteArray& bytes, const QByteArray& version, const QDateTime& time)
+    : m_bytes(bytes)
+    , m_readBytes(bytes)
+    , m_timeOfBytes(time)
+    , m_versions(QList<QByteArray> { version })
 {
 }
 

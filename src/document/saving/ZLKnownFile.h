@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/saving/journal/ZLKnownVersions.h"
+#include "document/saving/opening/ZLReadDocument.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -11,8 +12,10 @@ class ZLKnownFile {
 public:
     /// Nothing.
     ZLKnownFile() = default;
-    /// A file that was read, as `fileBytes`, and that this program would write as `bytes`. It is so since `time`.
-    ZLKnownFile(const QByteArray& bytes, const QByteArray& fileBytes, const QDateTime& time);
+    /// A file that was read, and is as it is since `time`.
+    ZLKnownFile(const ZLReadDocument& read, const QDateTime& time);
+    /// A file that holds `bytes`, whose digest is `version`, since `time`.
+    ZLKnownFile(const QByteArray& bytes, const QByteArray& version, const QDateTime& time);
     /// A file that cannot be read now, but was known to hold one of `versions`, the last of them most likely.
     explicit ZLKnownFile(const QList<QByteArray>& versions)
         : m_versions(versions)

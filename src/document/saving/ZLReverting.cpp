@@ -1,13 +1,21 @@
 #include "document/saving/ZLReverting.h"
 
 #include "listening/ZLListeningData.h"
+#include "platform/ZLLateRelease.h"
 
 #include <QThreadPool>
 
 #include <memory>
+#include <utility>
+
+ZLReverting::~ZLReverting()
+{
+    ZLLateRelease::of(std::move(m_point));
+}
 
 void ZLReverting::setPoint(const ZLDocumentSnapshot& point)
 {
+    ZLLateRelease::of(std::move(m_point));
     std::promise<Point> known;
     known.set_value(point);
     m_point = known.get_future().share();
@@ -33,7 +41,7 @@ ZLStatus ZLReverting::revert()
     if (m_document.isRecording())
         return clockIsRunning();
     if (canRevert())
-        m_document.adopt(ZLDocumentParts::of(*m_point.get()));
+        m_document.adopt(ZLDocumentParts::of(*m_point.get(), m_document.chapterManager().allChapters()));
     return ZLDone {};
 }
 

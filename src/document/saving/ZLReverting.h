@@ -21,6 +21,8 @@ public:
         , m_states(states)
     {
     }
+    Q_DISABLE_COPY_MOVE(ZLReverting)
+    ~ZLReverting();
 
     /// Where revert() leads. Before the first one it leads nowhere.
     void setPoint(const ZLDocumentSnapshot& point);

@@ -28,7 +28,7 @@ ZLTheirVersion::ZLTheirVersion(const QByteArray& bytes, const ZLDocumentContents
 ZLKnownFile ZLTheirVersion::toBeReplaced(const QString& path, const QDateTime& time)
 {
     const auto bytes = ZLBoundedFile::read(path, ZLFileBound::Document);
-    return bytes ? ZLKnownFile(bytes.value(), bytes.value(), time) : ZLKnownFile();
+    return bytes ? ZLKnownFile(bytes.value(), ZLJournalRecords::digestOf(bytes.value()), time) : ZLKnownFile();
 }
 
 QString ZLTheirVersion::freePathBeside(const QString& path)

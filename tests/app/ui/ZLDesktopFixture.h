@@ -95,6 +95,24 @@ protected:
         EXPECT_TRUE(opened);
         return opened ? opened.value() : nullptr;
     }
+    /// Opens files as a person does and waits until they are read.
+    void openAndWait(const QStringList& paths)
+    {
+        m_windows->open(paths);
+        waitUntilRead();
+    }
+    /// The same for what another start of the program asks for; what could not be opened.
+    QStringList openLater(const ZLLaunchRequest& request)
+    {
+        QStringList problems;
+        m_windows->openLater(request, [&problems](const QStringList& told) { problems = told; });
+        waitUntilRead();
+        return problems;
+    }
+    void waitUntilRead()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !m_windows->isOpening(); }, 60'000));
+    }
     [[nodiscard]] ZLChapterDocumentWindow& windowOf(ZLChapterDocument* document)
     {
         return *m_windows->windowOf(document);

@@ -56,7 +56,13 @@ protected:
     std::unique_ptr<ZLDocumentSaver> titledSaver(const QString& path)
     {
         EXPECT_TRUE(ZLAtomicFile::write(path, document.dataOfType()));
-        return std::make_unique<ZLDocumentSaver>(document, recoveryFolder, machinery, path);
+        return std::make_unique<ZLDocumentSaver>(document, recoveryFolder, machinery, path, asRead());
+    }
+
+    /// The document as one that was read from a file that holds just this.
+    ZLReadDocument asRead()
+    {
+        return ZLReadDocument::of(ZLDocumentParts::of(document.snapshot()), document.dataOfType());
     }
 
     void addChapter(const char* title)

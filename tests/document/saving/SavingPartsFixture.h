@@ -17,7 +17,7 @@ protected:
                 return;
             const QByteArray bytes = document.dataOfType();
             EXPECT_TRUE(ZLAtomicFile::write(path, bytes));
-            knownFile = ZLKnownFile(bytes, bytes, document.wallClockTime());
+            knownFile = ZLKnownFile(test.asRead(), document.wallClockTime());
             journaling.setBase(bytes);
         }
 

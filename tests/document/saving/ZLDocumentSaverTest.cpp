@@ -345,7 +345,7 @@ TEST_F(ZLDocumentSaverTest, ARecoveredDocumentStaysInItsFile)
     const QString path = file->path();
     ASSERT_TRUE(ZLAtomicFile::write(path, document.dataOfType()));
     document.setDocumentEdited(false);
-    ZLDocumentSaver saver(document, recoveryFolder, machinery, std::move(file));
+    ZLDocumentSaver saver(document, recoveryFolder, machinery, std::move(file), asRead());
     EXPECT_TRUE(document.isDocumentEdited());
     EXPECT_EQ(saver.recoveryPath(), path);
     addChapter("Weather");

@@ -25,7 +25,10 @@ TEST(ZLKnownFileTest, NothingIsKnownOfAFileThatWasNeverReadOrWritten)
 
 TEST(ZLKnownFileTest, AFileThatWasReadIsKnownByItsOwnBytesAndAsThisProgramWouldWriteIt)
 {
-    const ZLKnownFile file("ours", "as read", opened);
+    const ZLReadDocument read {
+        .fileBytes = "as read", .version = ZLJournalRecords::digestOf("as read"), .bytes = "ours"
+    };
+    const ZLKnownFile file(read, opened);
     EXPECT_EQ(file.bytes(), "ours");
     EXPECT_EQ(file.readBytes(), "as read");
     EXPECT_EQ(file.versions(), digestsOf("as read"));
@@ -42,7 +45,9 @@ TEST(ZLKnownFileTest, AFileOutOfReachMayHoldAnyOfItsFormerVersions)
 
 TEST(ZLKnownFileTest, AWriteCountsFromItsMomentUnlessItChangesNothing)
 {
-    ZLKnownFile file("ours", "ours", opened);
+    ZLKnownFile file("ours", ZLJournalRecords::digestOf("ours"), opened);
+    EXPECT_EQ(file.readBytes(), "ours");
+    EXPECT_EQ(file.versions(), digestsOf("ours"));
     file.noteWritten("ours", ZLJournalRecords::digestOf("ours"), later);
     EXPECT_EQ(file.timeOfBytes(), opened);
     file.noteWritten("newer", ZLJournalRecords::digestOf("newer"), later);

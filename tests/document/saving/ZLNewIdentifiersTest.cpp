@@ -29,8 +29,10 @@ protected:
     {
         const QString path = filePath("show.zelta");
         EXPECT_TRUE(ZLAtomicFile::write(path, bytes));
-        EXPECT_TRUE(document.readFromData(bytes));
-        return std::make_unique<ZLDocumentSaver>(document, recoveryFolder, machinery, path, bytes);
+        const auto read = ZLReadDocument::read(path);
+        EXPECT_TRUE(read);
+        document.load(read.value().parts);
+        return std::make_unique<ZLDocumentSaver>(document, recoveryFolder, machinery, path, read.value());
     }
 
     QVariantMap chapterInFile() const

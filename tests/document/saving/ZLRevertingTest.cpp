@@ -2,6 +2,7 @@
 
 #include "SavingPartsFixture.h"
 #include "listening/ZLListeningData.h"
+#include "support/ZLChapterBuilders.h"
 
 using namespace Qt::StringLiterals;
 
@@ -65,6 +66,27 @@ TEST_F(ZLRevertingTest, ItLeadsToThePointInOneStepWhereTheDocumentDiffers)
     document.undoManager().undo();
     EXPECT_EQ(document.chapterManager().count(), 3);
     EXPECT_TRUE(reverting.canRevert());
+}
+
+TEST_F(ZLRevertingTest, ChaptersThatAreAsTheyWereStayTheSameObjects)
+{
+    addChapter("Two");
+    addChapter("Three");
+    const ZLChapterSequence before = document.chapterManager().allChapters();
+    reverting.setPoint(document.snapshot());
+    document.updateChapterToTitle(before.at(1), u"Other"_s);
+    EXPECT_TRUE(reverting.revert());
+    const ZLChapterSequence after = document.chapterManager().allChapters();
+    ASSERT_EQ(after.size(), 3);
+    EXPECT_EQ(after.first(), before.first());
+    EXPECT_NE(after.at(1), before.at(1));
+    EXPECT_EQ(after.at(1)->title(), u"Two"_s);
+    EXPECT_EQ(after.last(), before.last());
+    document.updateChapterToTitle(after.last(), u"Later"_s);
+    for (int step = 0; step < 3; ++step)
+        document.undoManager().undo();
+    EXPECT_EQ(document.chapterManager().allChapters(), before);
+    EXPECT_EQ(ZLTestChapters::titles(before), (QStringList { u"One"_s, u"Two"_s, u"Three"_s }));
 }
 
 TEST_F(ZLRevertingTest, WhileTheClockRunsItIsRefusedWithTheReason)

@@ -1,5 +1,6 @@
 #include "document/saving/ZLStateRhythm.h"
 
+#include "document/saving/journal/ZLJournalRecord.h"
 #include "support/ZLFakeHostClock.h"
 
 #include <QTemporaryDir>
@@ -15,7 +16,7 @@ protected:
     const ZLRecoveryFolder folder { temporary.path() };
     const std::optional<ZLDocumentHistory> history =
         ZLDocumentHistory::ofFile(folder, temporary.filePath(QStringLiteral("show.zelta")));
-    const ZLKnownFile file { "ours", "ours", QDateTime::currentDateTimeUtc() };
+    const ZLKnownFile file { "ours", ZLJournalRecords::digestOf("ours"), QDateTime::currentDateTimeUtc() };
 };
 
 TEST_F(ZLStateRhythmTest, WhatAWriteTakesThePlaceOfIsKeptWhereThereIsAnything)

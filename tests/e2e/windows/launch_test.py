@@ -122,6 +122,38 @@ class LaunchTest(unittest.TestCase):
         subprocess.run([PROGRAM, "--new"], timeout=20, check=True)
         wait_until(lambda: len(windows_of(process)) == 3, "the new document")
 
+    def long_document(self):
+        """Reading it takes a while."""
+        marks = self.desktop.home / "marks.txt"
+        marks.write_text("".join(f"{n // 3600:02}:{n // 60 % 60:02}:{n % 60:02} Topic {n}\n" for n in range(30_000)))
+        path = self.desktop.home / "long.zelta"
+        subprocess.run([PROGRAM, "import", "--output", path, marks], timeout=120, capture_output=True, check=True)
+        return path
+
+    def test_marks_come_while_a_long_document_is_opened(self):
+        long = self.long_document()
+        process = self.start()
+        self.desktop.press("ctrl+r")
+        later = subprocess.Popen([PROGRAM, long])
+        self.addCleanup(later.kill)
+        answered = 0
+        while later.poll() is None:
+            subprocess.run([PROGRAM, "send", "newChapter"], timeout=20, check=True, capture_output=True)
+            answered += later.poll() is None
+        self.assertEqual(later.returncode, 0)
+        self.assertGreater(answered, 1, "the marks waited for the document")
+        wait_until(lambda: len(windows_of(process)) == 2, "both windows")
+        self.assertIn("long.zelta — Zelta", titles_of(process))
+
+    def test_a_start_opens_its_file_itself_when_the_running_program_ends_meanwhile(self):
+        long = self.long_document()
+        process = self.start()
+        later = self.desktop.start(PROGRAM, long)
+        time.sleep(0.5)  # Until it has handed its file over; it opens the file all the same when it has not.
+        self.desktop.press("ctrl+q")
+        self.assertEqual(process.wait(20), 0)
+        wait_until(lambda: titles_of(later) == ["long.zelta — Zelta"], "the window of the later start")
+
     def run_and_end(self, *arguments, display=True):
         import os
 

@@ -14,7 +14,6 @@
 #include "app/ui/windows/ZLFitDisplay.h"
 #include "app/ui/windows/ZLImportDisplay.h"
 #include "app/ui/windows/ZLOpeningProblems.h"
-#include "delivery/ZLMediaImport.h"
 #include "document/concerns/ZLConcern.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
@@ -60,6 +59,9 @@ ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller, ZLSoundEx
     for (const ZLExports* exports : { &m_exports, &m_furtherExports })
         connect(exports, &ZLExports::exportDidEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen,
             Qt::QueuedConnection);
+    connect(&m_opening, &ZLFileOpening::didOpen, this, &ZLDocumentWindows::showOpened);
+    connect(
+        &m_opening, &ZLFileOpening::didEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen, Qt::QueuedConnection);
 }
 
 ZLDocumentWindows::~ZLDocumentWindows()
@@ -73,7 +75,7 @@ QStringList ZLDocumentWindows::openAtLaunch(const ZLLaunchRequest& request)
     if (request.files.isEmpty()) {
         problems = m_controller.restoreSession();
     } else {
-        problems = openFiles(request.files);
+        problems = m_opening.openNow(request.files);
         if (m_windows.isEmpty() && std::ranges::none_of(request.files, &isThere))
             return problems;
         // Nothing that was kept aside waits for a start without files; what is asked for stays in front of it.
@@ -88,42 +90,34 @@ QStringList ZLDocumentWindows::openAtLaunch(const ZLLaunchRequest& request)
     return {};
 }
 
-QStringList ZLDocumentWindows::openLater(const ZLLaunchRequest& request)
+void ZLDocumentWindows::openLater(const ZLLaunchRequest& request, const ZLFileOpening::WhenOpened& whenOpened)
 {
-    QStringList problems = openFiles(request.files);
-    if (request.wantsNewDocument)
-        bringToFront(m_controller.newDocument());
-    else if (m_windows.isEmpty())
-        problems += m_controller.restoreSession();
-    else if (request.files.isEmpty())
-        bringToFront(m_controller.currentOrLastDocument());
-    showProblems(problems);
-    return problems;
+    m_opening.open(request.files, [this, request, whenOpened](const QStringList& failed) {
+        QStringList problems = failed;
+        if (request.wantsNewDocument)
+            bringToFront(m_controller.newDocument());
+        else if (m_windows.isEmpty())
+            problems += m_controller.restoreSession();
+        else if (request.files.isEmpty())
+            bringToFront(m_controller.currentOrLastDocument());
+        showProblems(problems);
+        whenOpened(problems);
+    });
 }
 
 void ZLDocumentWindows::open(const QStringList& paths)
 {
-    showProblems(openFiles(paths));
+    m_opening.open(paths, [this](const QStringList& problems) { showProblems(problems); });
 }
 
-QStringList ZLDocumentWindows::openFiles(const QStringList& paths)
+void ZLDocumentWindows::showOpened(const QString& path, ZLChapterDocument* document)
 {
-    QStringList problems;
-    for (const QString& path : paths) {
-        const auto opened =
-            ZLMediaImport::isAudioFile(path) ? m_controller.openAudioFile(path) : m_controller.openDocument(path);
-        if (!opened) {
-            problems += opened.error().message;
-            continue;
-        }
-        // What was read from an audio file is untitled.
-        const ZLDocumentSaver* saver = m_controller.saverOf(opened.value());
-        const QString file = saver->isUntitled() ? QFileInfo(path).absoluteFilePath() : saver->path();
-        for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
-            ZLOpeningProblems::forget(window->messageBar(), file);
-        bringToFront(opened.value());
-    }
-    return problems;
+    // What was read from an audio file is untitled.
+    const ZLDocumentSaver* saver = m_controller.saverOf(document);
+    const QString file = saver->isUntitled() ? QFileInfo(path).absoluteFilePath() : saver->path();
+    for (ZLChapterDocumentWindow* window : std::as_const(m_windows))
+        ZLOpeningProblems::forget(window->messageBar(), file);
+    bringToFront(document);
 }
 
 void ZLDocumentWindows::quit()
@@ -263,8 +257,10 @@ void ZLDocumentWindows::removeWindow(ZLChapterDocument* document)
 
 void ZLDocumentWindows::quitUnlessWindowsAreOpen()
 {
-    // A document that takes the place of the last one opens its window in the meantime, and an export goes on alone.
-    if (m_windows.isEmpty() && !m_exports.isExporting() && !m_furtherExports.isExporting())
+    // A document that takes the place of the last one opens its window in the meantime, or will when it is read. An
+    // export goes on alone.
+    const bool isExporting = m_exports.isExporting() || m_furtherExports.isExporting();
+    if (m_windows.isEmpty() && !isExporting && !isOpening())
         quitAtOnce();
 }
 
@@ -327,11 +323,10 @@ ZLChapterDocumentWindow& ZLDocumentWindows::windowToWarnIn(ZLChapterDocument* do
     return *windowToTellIn(document);
 }
 
-void ZLDocumentWindows::showProblems(const QStringList& problems) const
+void ZLDocumentWindows::showProblems(const QStringList& problems)
 {
-    ZLChapterDocumentWindow* window = frontWindow();
-    if (window)
-        ZLOpeningProblems::tell(window->messageBar(), problems);
+    if (!problems.isEmpty())
+        ZLOpeningProblems::tell(windowToWarnIn(nullptr).messageBar(), problems);
 }
 
 void ZLDocumentWindows::tellWhatHoldsTheLogOut() const

@@ -4,6 +4,7 @@
 #include "app/ZLRunningInstance.h"
 #include "app/ui/menus/ZLExports.h"
 #include "app/ui/windows/ZLExportDisplay.h"
+#include "app/ui/windows/ZLFileOpening.h"
 #include "delivery/fit/ZLSoundExcerpt.h"
 
 #include <QHash>
@@ -29,10 +30,12 @@ public:
     /// Opens what is asked for, or what was open before when that is nothing. What fails is told in a window. Where
     /// none of the files is there, nothing is opened at all, and it returns that, a sentence each.
     QStringList openAtLaunch(const ZLLaunchRequest& request);
-    /// Opens what is asked for while the program runs, or comes to the front when that is nothing. Returns what could
-    /// not be opened, a sentence each, and tells it in a window as well.
-    QStringList openLater(const ZLLaunchRequest& request);
+    /// Opens what is asked for while the program runs, or comes to the front when that is nothing. Files are read
+    /// beside the event loop. `whenOpened` is given what could not be opened, a sentence each, and a window tells it as
+    /// well.
+    void openLater(const ZLLaunchRequest& request, const ZLFileOpening::WhenOpened& whenOpened);
     void open(const QStringList& paths);
+    [[nodiscard]] bool isOpening() const { return m_opening.isUnderWay(); }
     /// Ends the program, unless a clock runs or something cannot be saved: then the windows say so.
     void quit();
     /// Saves at once whatever there is and ends the program, because the system asks for it.
@@ -72,9 +75,8 @@ private:
     /// Null when no clock runs.
     [[nodiscard]] ZLChapterDocument* recordingDocument() const;
     [[nodiscard]] ZLChapterDocumentWindow* frontWindow() const;
-    /// Returns what could not be opened, a sentence each.
-    QStringList openFiles(const QStringList& paths);
-    void showProblems(const QStringList& problems) const;
+    void showOpened(const QString& path, ZLChapterDocument* document);
+    void showProblems(const QStringList& problems);
     void tellWhatHoldsTheLogOut() const;
     void askWhetherToQuitUnsaved(const QStringList& problems);
 
@@ -86,4 +88,5 @@ private:
     ZLExports m_furtherExports;
     ZLExportDisplay m_furtherExportDisplay;
     QHash<ZLChapterDocument*, ZLChapterDocumentWindow*> m_windows;
+    ZLFileOpening m_opening { m_controller, *this };
 };

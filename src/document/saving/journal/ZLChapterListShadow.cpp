@@ -1,5 +1,7 @@
 #include "document/saving/journal/ZLChapterListShadow.h"
 
+#include "platform/ZLLateRelease.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -10,7 +12,12 @@ ZLChapterListShadow::ZLChapterListShadow(const ZLChapterManager& chapters)
     connect(&chapters, &ZLChapterManager::didRemoveChapterAtIndex, this, &ZLChapterListShadow::noteRemoval);
     connect(&chapters, &ZLChapterManager::didMoveChapter, this, &ZLChapterListShadow::doubtEverything);
     connect(&chapters, &ZLChapterManager::didReorderChapters, this, &ZLChapterListShadow::doubtEverything);
-    connect(&chapters, &ZLChapterManager::didReplaceChapters, this, &ZLChapterListShadow::doubtEverything);
+    connect(&chapters, &ZLChapterManager::didReplaceChapters, this, &ZLChapterListShadow::noteReplacement);
+}
+
+ZLChapterListShadow::~ZLChapterListShadow()
+{
+    ZLLateRelease::of(std::move(m_entries));
 }
 
 std::optional<ZLChapterListDifference> ZLChapterListShadow::takeDifference()
@@ -51,6 +58,12 @@ void ZLChapterListShadow::noteRemoval(qsizetype index)
 {
     m_sameAtFront = std::min(m_sameAtFront, index);
     m_sameAtBack = std::min(m_sameAtBack, m_manager.count() - index);
+}
+
+void ZLChapterListShadow::noteReplacement(qsizetype sameAtFront, qsizetype sameAtBack)
+{
+    m_sameAtFront = std::min(m_sameAtFront, sameAtFront);
+    m_sameAtBack = std::min(m_sameAtBack, sameAtBack);
 }
 
 void ZLChapterListShadow::doubtEverything()

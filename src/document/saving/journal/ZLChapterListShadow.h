@@ -14,6 +14,7 @@ class ZLChapterListShadow : public QObject {
 public:
     /// Nothing is remembered at first. `chapters` has to outlive the shadow.
     explicit ZLChapterListShadow(const ZLChapterManager& chapters);
+    ~ZLChapterListShadow() override;
 
     /// The one run of chapters that has to be replaced to come from the former state to this one; absent when nothing
     /// differs. From here on the list is remembered as it is now.
@@ -22,6 +23,7 @@ public:
 private:
     void noteInsertion(qsizetype index);
     void noteRemoval(qsizetype index);
+    void noteReplacement(qsizetype sameAtFront, qsizetype sameAtBack);
     /// Makes the next comparison begin at both ends of the list.
     void doubtEverything();
 

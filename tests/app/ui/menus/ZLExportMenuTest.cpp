@@ -249,7 +249,7 @@ TEST_F(ZLExportMenuTest, AStartWhileOnlyAnExportIsLeftOpensWhatWasOpen)
     exportList(document);
     windowOf(document).close();
     flush();
-    m_windows->openLater({});
+    openLater({});
     ASSERT_EQ(m_controller.documents().size(), 1);
     EXPECT_EQ(titles(m_controller.documents().constFirst()), QStringList { u"Stored"_s });
     static_cast<QDialog*>(exportDialog())->reject();

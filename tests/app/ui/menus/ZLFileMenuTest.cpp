@@ -52,6 +52,7 @@ TEST_F(ZLFileMenuTest, OpenAsksForFiles)
     const QString path = storedFile(u"show.zelta"_s);
     trigger(document, u"openDocument"_s);
     choose(dialogOf(document), path);
+    waitUntilRead();
     EXPECT_EQ(names(), (QStringList { u"Untitled"_s, u"show.zelta"_s }));
     EXPECT_EQ(titles(m_controller.documents().last()), QStringList { u"Stored"_s });
 }
@@ -60,7 +61,7 @@ TEST_F(ZLFileMenuTest, AFileTakesThePlaceOfTheUntouchedWindowAndTheProgramGoesOn
 {
     ZLChapterDocument* untouched = newDocument();
     const QString path = storedFile(u"show.zelta"_s);
-    const int status = ZLProgramRun::run({ [&] { m_windows->open({ path }); } });
+    const int status = ZLProgramRun::run({ [&] { openAndWait({ path }); } });
     EXPECT_EQ(status, ZLProgramRun::StillRunning);
     EXPECT_EQ(names(), QStringList { u"show.zelta"_s });
     EXPECT_EQ(m_windows->windowOf(untouched), nullptr);
@@ -72,7 +73,7 @@ TEST_F(ZLFileMenuTest, AnUnreadableFileIsToldInTheBarAndOpensNothing)
     ZLChapterDocument* document = newDocument();
     const QString path = filePath(u"broken.zelta"_s);
     ASSERT_TRUE(ZLAtomicFile::write(path, "no document"));
-    m_windows->open({ path, filePath(u"missing.zelta"_s) });
+    openAndWait({ path, filePath(u"missing.zelta"_s) });
     EXPECT_EQ(names(), QStringList { u"Untitled"_s });
     EXPECT_TRUE(barText(document).contains("broken.zelta"_L1));
     EXPECT_TRUE(barText(document).contains("missing.zelta"_L1));
@@ -105,6 +106,7 @@ TEST_F(ZLFileMenuTest, RecentFilesAreListedOpenedAndCleared)
     EXPECT_EQ(textsOf(menu), (QStringList { u"this && that.zelta"_s, u"-"_s, u"&Clear This List"_s }));
     EXPECT_EQ(menu->actions().first()->toolTip(), path);
     menu->actions().first()->trigger();
+    waitUntilRead();
     EXPECT_EQ(names(), (QStringList { u"Untitled"_s, u"this & that.zelta"_s }));
 
     fillRecentMenu(document)->actions().last()->trigger();
@@ -169,7 +171,7 @@ TEST_F(ZLFileMenuTest, EachFileThatCannotBeOpenedIsTold)
 {
     ZLChapterDocument* document = newDocument();
     for (const QString& name : { u"one.zelta"_s, u"two.zelta"_s, u"one.zelta"_s }) {
-        const QStringList problems = m_windows->openLater({ .files = { filePath(name) } });
+        const QStringList problems = openLater({ .files = { filePath(name) } });
         ASSERT_EQ(problems.size(), 1);
         EXPECT_TRUE(problems.first().startsWith(filePath(name)));
     }

@@ -107,7 +107,7 @@ TEST_F(ZLDeliveryDisplayTest, AnAudioFileOpensAsAnUntitledDocumentOfItsChapters)
     ASSERT_TRUE(ZLMediaFile::write(path, { { 1500, 60'000, u"Eins"_s } }, path, progress));
     const QByteArray bytes = ZLBoundedFile::read(path, ZLFileBound::Document).value();
     newDocument();
-    m_windows->open({ path });
+    openAndWait({ path });
     ASSERT_EQ(m_controller.documents().size(), 1) << "in place of the untouched one";
     ZLChapterDocument* document = m_controller.documents().first();
     EXPECT_EQ(titles(document), QStringList { u"Eins"_s });
@@ -124,7 +124,7 @@ TEST_F(ZLDeliveryDisplayTest, AnAudioFileThatCannotBeReadIsToldInTheBar)
 {
     ZLChapterDocument* document = newDocument();
     ASSERT_TRUE(ZLAtomicFile::write(filePath(u"a.mp3"_s), "no audio"));
-    m_windows->open({ filePath(u"a.mp3"_s) });
+    openAndWait({ filePath(u"a.mp3"_s) });
     EXPECT_TRUE(barText(document).contains(u"a.mp3: this is no audio file"_s)) << qPrintable(barText(document));
     EXPECT_EQ(m_controller.documents().size(), 1);
 }

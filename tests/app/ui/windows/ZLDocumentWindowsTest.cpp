@@ -48,14 +48,14 @@ TEST_F(ZLDocumentWindowsTest, AFileThatOpensAfterAllClearsItsOlderFailureAndNoOt
     const QString other = filePath(u"other.zelta"_s);
     for (const QString& path : { broken, other })
         ASSERT_TRUE(ZLAtomicFile::write(path, "no document"));
-    EXPECT_EQ(m_windows->openLater({ .files = { broken, other } }).size(), 2);
+    EXPECT_EQ(openLater({ .files = { broken, other } }).size(), 2);
     EXPECT_TRUE(barText(document).contains(broken) && barText(document).contains(other));
     storedFile(u"broken.zelta"_s);
-    EXPECT_EQ(m_windows->openLater({ .files = { broken } }), QStringList());
+    EXPECT_EQ(openLater({ .files = { broken } }), QStringList());
     EXPECT_FALSE(barText(document).contains(broken)) << qPrintable(barText(document));
     EXPECT_TRUE(barText(document).contains(other));
     storedFile(u"other.zelta"_s);
-    EXPECT_EQ(m_windows->openLater({ .files = { other } }), QStringList());
+    EXPECT_EQ(openLater({ .files = { other } }), QStringList());
     EXPECT_EQ(barText(document), QString());
 }
 

@@ -150,6 +150,7 @@ TEST_F(ZLImportDisplayTest, ADroppedListIsImportedAndADocumentIsOpened)
     drop({ list("0:10 Welcome\n"), storedFile(u"other.zelta"_s) });
     EXPECT_TRUE(sheetComes());
     EXPECT_EQ(rows().size(), 1);
+    waitUntilRead();
     EXPECT_EQ(m_controller.documents().size(), 2);
 }
 

@@ -61,7 +61,7 @@ protected:
     {
         const auto below = [&random](qsizetype limit) { return qsizetype(random() % quint32(limit)); };
         const ZLChapterPointer some = list.count() > 0 ? list.chapters().at(below(list.count())) : nullptr;
-        const int kind = int(below(8));
+        const int kind = int(below(11));
         if (!some || kind < 2)
             list.addChapter(ZLTestChapters::chapterAt(double(below(50)), QString::number(random())));
         else if (kind == 2)
@@ -74,8 +74,16 @@ protected:
             some->setEnabled(!some->isEnabled());
         else if (kind == 6)
             list.removeChapterAtIndex(below(list.count()));
-        else
+        else if (kind == 7)
             list.setChapters(list.allChapters().mid(below(list.count())));
+        else if (kind == 8)
+            list.exchangeChapters(
+                {}, { ZLTestChapters::chapterAt(double(below(50))), ZLTestChapters::chapterAt(30.0) });
+        else if (kind == 9)
+            list.exchangeChapters(
+                { some, list.chapters().at(below(list.count())) }, { ZLTestChapters::chapterAt(7.0) });
+        else
+            list.moveTimes(1.0);
     }
 
     ZLChapterManager list;

@@ -1799,6 +1799,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLFileOpening</name>
+    <message>
+        <source>Opening “%1”…</source>
+        <translation>„%1“ wird geöffnet …</translation>
+    </message>
+</context>
+<context>
     <name>ZLFileWords</name>
     <message>
         <source>Did you mean %1?</source>

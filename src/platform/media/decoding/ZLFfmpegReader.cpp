@@ -70,7 +70,7 @@ public:
         const auto count = size_t(m_bytes.size()) / sizeof(float);
         m_samples.resize(count);
         std::memcpy(m_samples.data(), m_bytes.constData(), count * sizeof(float));
-        m_bytes.remove(0, qsizetype(count * sizeof(float)));
+        m_bytes.remove(0, qsizetype(count) * qsizetype(sizeof(float)));
         m_count += double(count);
         return m_sink(m_samples);
     }

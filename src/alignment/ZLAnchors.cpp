@@ -192,6 +192,7 @@ std::vector<ZLFrameRun> ZLAnchors::anywhere(
     std::erase_if(found, [](const ZLFoundRun& each) { return each.agreement < agreementOfAnchor; });
     dropDoubles(found);
     std::vector<ZLFrameRun> runs;
+    runs.reserve(found.size());
     for (const ZLFoundRun& each : found)
         runs.push_back({ each.run.fileFrame, each.run.showFrame, each.run.count });
     return runs;

@@ -69,6 +69,7 @@ double median(std::vector<double> values)
 double offsetOf(const std::vector<Point>& points, double rate)
 {
     std::vector<double> offsets;
+    offsets.reserve(points.size());
     for (const Point& point : points)
         offsets.push_back(point.file - rate * point.show);
     return median(offsets);
@@ -118,6 +119,7 @@ double firstGuess(const std::vector<std::vector<Point>>& pieces)
 std::vector<ZLSoundPiece> ZLClockFit::timesOf(const std::vector<ZLDriftingRuns>& pieces, Frames show, Frames file)
 {
     std::vector<std::vector<Point>> points;
+    points.reserve(pieces.size());
     for (const ZLDriftingRuns& piece : pieces)
         points.push_back(pointsOf(piece, show, file));
     const double common = rateOf(points, firstGuess(points));

@@ -14,7 +14,7 @@ enum class Side : std::uint64_t { Show = 0x5851F42D4C957F2DU, File = 0x14057B7EF
 [[nodiscard]] inline std::vector<std::uint32_t> filled(const ZLSoundFingerprint& fingerprint, Side side)
 {
     std::vector<std::uint32_t> frames = fingerprint.frames;
-    std::uint64_t state = std::uint64_t(side);
+    auto state = std::uint64_t(side);
     for (std::uint32_t& frame : frames) {
         // The generator of D. Knuth's MMIX.
         state = state * 6364136223846793005U + 1442695040888963407U;

@@ -86,6 +86,7 @@ std::vector<ZLFingerprintPlace> ZLFingerprintSearch::bestPlaces(
         }
     }
     std::vector<ZLFingerprintPlace> places;
+    places.reserve(best.size());
     for (const Candidate& candidate : best)
         places.push_back({ candidate.frame, float(candidate.differences) / float(bitsInFrame * SamplesOfWindow) });
     return places;

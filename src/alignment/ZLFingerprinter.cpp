@@ -123,7 +123,7 @@ ZLFingerprinter::Bands ZLFingerprinter::bandsOfWindow()
     return bands;
 }
 
-std::uint32_t ZLFingerprinter::bitsOf(const Bands& now, const Bands& before) const
+std::uint32_t ZLFingerprinter::bitsOf(const Bands& now, const Bands& before)
 {
     float energy = 0.0F;
     for (const float band : now)

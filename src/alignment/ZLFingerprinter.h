@@ -38,7 +38,7 @@ private:
 
     void addFrame();
     [[nodiscard]] Bands bandsOfWindow();
-    [[nodiscard]] std::uint32_t bitsOf(const Bands& now, const Bands& before) const;
+    [[nodiscard]] static std::uint32_t bitsOf(const Bands& now, const Bands& before);
 
     std::unique_ptr<Transform> m_transform;
     /// What is not framed yet, beginning with half a window before the next frame.

@@ -1,6 +1,7 @@
 #include "alignment/ZLFrameAlignment.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <limits>
@@ -70,12 +71,9 @@ public:
 
 private:
     struct Row {
-        explicit Row(size_t width)
-            : scores { std::vector<float>(width, impossible), std::vector<float>(width, impossible),
-                std::vector<float>(width, impossible) }
-        {
-        }
-        std::vector<float> scores[3];
+        explicit Row(size_t width) { scores.fill(std::vector<float>(width, impossible)); }
+
+        std::array<std::vector<float>, 3> scores {};
     };
 
     void fill()
@@ -87,7 +85,7 @@ private:
                 fillCell(row, column, above, current);
             std::swap(above, current);
         }
-        const float ends[] { above.scores[Pair].back(), above.scores[ShowAlone].back(),
+        const std::array<float, 3> ends { above.scores[Pair].back(), above.scores[ShowAlone].back(),
             above.scores[FileAlone].back() };
         m_last = State(std::ranges::max_element(ends) - std::ranges::begin(ends));
     }

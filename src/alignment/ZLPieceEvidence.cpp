@@ -75,8 +75,12 @@ double ZLPieceEvidence::shareElsewhere(const ZLDriftingRuns& piece, Frames show,
     return least;
 }
 
+double ZLPieceEvidence::worthlessShare(double shareElsewhere)
+{
+    return std::min(shareElsewhere - leastAdvantage, ZLFrameAlignment::WorthlessShare);
+}
+
 double ZLPieceEvidence::agreement(double frames, double differingShare, double shareElsewhere)
 {
-    const double worthless = std::min(shareElsewhere - leastAdvantage, ZLFrameAlignment::WorthlessShare);
-    return frames * std::max(worthless - differingShare, 0.0);
+    return frames * std::max(worthlessShare(shareElsewhere) - differingShare, 0.0);
 }

@@ -12,6 +12,9 @@ namespace ZLPieceEvidence {
 [[nodiscard]] double shareElsewhere(
     const ZLDriftingRuns& piece, ZLFrameAlignment::Frames show, ZLFrameAlignment::Frames file);
 
+/// Frames of which so many bits differ say neither that they are the same nor that they are not.
+[[nodiscard]] double worthlessShare(double shareElsewhere);
+
 /// How much frames agree of which so many bits differ, and so many elsewhere, as ZLFrameAlignment::agreement() counts
 /// it.
 [[nodiscard]] double agreement(double frames, double differingShare, double shareElsewhere);

@@ -4,23 +4,23 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <utility>
 
 namespace {
 
-/// In a pause of the speech nothing can be recognised. Where the file has so little between two pieces, it is a pause
-/// of which one half belongs to each of them.
-constexpr double mostOfPause = 1.5;
-/// Where it has more, something else came in, with little of a pause at both sides.
-constexpr double partOfPause = 0.1;
 /// Two pieces at the same distance, within it, are one piece with something unrecognised in between.
 constexpr double mostChangeOfDistance = 0.1;
 /// Less of what follows a moment is no part of it.
 constexpr double leastPart = 0.2;
 constexpr double mostSecondsOfEvidence = 10.0;
 constexpr double agreementOfSureness = 20.0;
-/// Something else came in where this was cut out, or nothing tells whether it was cut out.
+/// Nothing tells whether this was cut out, or something else came in, which may be a short part of the show.
 constexpr double doubt = 0.5;
+/// In seconds.
+constexpr double leastInsertion = 0.5;
+/// In seconds. A seam that is found as near is found.
+constexpr double nearSeam = 0.4;
 
 double confidenceIn(const ZLSoundPiece& piece)
 {
@@ -28,6 +28,19 @@ double confidenceIn(const ZLSoundPiece& piece)
     return 1.0
         - std::exp(
             -ZLPieceEvidence::agreement(frames, piece.differingShare, piece.shareElsewhere) / agreementOfSureness);
+}
+
+/// How likely it is that an end lies within `distance` on the one side of where it was found, and anywhere on the
+/// other.
+double surenessBeside(double distance, double endDoubt)
+{
+    return 0.5 * std::erfc(-distance / (std::numbers::sqrt2 * endDoubt));
+}
+
+/// How likely it is that an end lies within `distance` on both sides.
+double surenessWithin(double distance, double endDoubt)
+{
+    return std::erf(distance / (std::numbers::sqrt2 * endDoubt));
 }
 
 bool lieAtOneDistance(const ZLSoundPiece& former, const ZLSoundPiece& next)
@@ -51,7 +64,9 @@ ZLMappedMoment ZLShowMap::place(double showTime, double spanEnd) const
     const ZLSoundPiece* former = after == pieces.begin() ? nullptr : &*std::prev(after);
     const ZLSoundPiece* next = after == pieces.end() ? nullptr : &*after;
     if (former && showTime < former->showEnd())
-        return { ZLMomentState::Kept, former->fileTimeOf(showTime), confidenceIn(*former) };
+        return { ZLMomentState::Kept, former->fileTimeOf(showTime),
+            confidenceIn(*former) * surenessBeside(showTime - former->showStart, former->beginDoubt)
+                * surenessBeside(former->showEnd() - showTime, former->endDoubt) };
     if (!next && showTime > m_alignment.showLength)
         return {};
     return placeBetween(former, next, showTime, spanEnd);
@@ -60,21 +75,20 @@ ZLMappedMoment ZLShowMap::place(double showTime, double spanEnd) const
 ZLMappedMoment ZLShowMap::placeBetween(
     const ZLSoundPiece* former, const ZLSoundPiece* next, double showTime, double spanEnd) const
 {
-    const double fileBegin = former ? former->fileEnd() : 0.0;
-    const double fileEnd = next ? next->fileStart : m_alignment.fileLength;
-    const double confidence = std::min(former ? confidenceIn(*former) : 1.0, next ? confidenceIn(*next) : 1.0);
+    double confidence = std::min(former ? confidenceIn(*former) : 1.0, next ? confidenceIn(*next) : 1.0);
     if (former && next && lieAtOneDistance(*former, *next))
         return { ZLMomentState::Kept, former->fileTimeOf(showTime), confidence * doubt };
-    const double between = std::max(fileEnd - fileBegin, 0.0);
-    const bool isPause = former && next && between < mostOfPause;
-    const double unrecognised = isPause ? between / 2.0 : std::min(partOfPause, between);
-    if (former && showTime - former->showEnd() < unrecognised)
-        return { ZLMomentState::Kept, former->fileTimeOf(showTime), confidence * doubt };
-    if (next && next->showStart - showTime <= unrecognised)
-        return { ZLMomentState::Kept, next->fileTimeOf(showTime), confidence * doubt };
-    const bool isCutAlone = !former || !next || isPause;
-    return { isPartOfSpanKept(showTime, spanEnd) ? ZLMomentState::Seam : ZLMomentState::Cut,
-        next ? fileEnd - unrecognised : fileBegin, isCutAlone ? confidence : confidence * doubt };
+    const double fileBegin = former ? former->fileEnd() : 0.0;
+    const double fileEnd = next ? next->fileStart : m_alignment.fileLength;
+    if (fileEnd - fileBegin >= leastInsertion)
+        confidence *= doubt;
+    if (former)
+        confidence *= surenessBeside(showTime - former->showEnd(), former->endDoubt);
+    if (next)
+        confidence *= surenessBeside(next->showStart - showTime, next->beginDoubt);
+    const ZLMomentState state = isPartOfSpanKept(showTime, spanEnd) ? ZLMomentState::Seam : ZLMomentState::Cut;
+    return { state, next ? fileEnd : fileBegin,
+        confidence * surenessWithin(nearSeam, next ? next->beginDoubt : former->endDoubt) };
 }
 
 bool ZLShowMap::isPartOfSpanKept(double showTime, double spanEnd) const

@@ -4,6 +4,7 @@
 #include "alignment/ZLAnchors.h"
 #include "alignment/ZLClockFit.h"
 #include "alignment/ZLFingerprintNoise.h"
+#include "alignment/ZLPauseShares.h"
 #include "alignment/ZLSeedChain.h"
 #include "alignment/ZLSoundPieces.h"
 
@@ -128,6 +129,7 @@ ZLSoundAlignment ZLSoundAlignment::of(
     const auto seeds = ZLAlignmentSeeds::find(anchors, showFrames, fileFrames, progress);
     alignment.pieces = joinedOverPauses(ZLClockFit::timesOf(
         ZLSoundPieces::of(ZLSeedChain::best(seeds), showFrames, fileFrames), showFrames, fileFrames));
+    ZLPauseShares::settle(alignment.pieces, showFrames, fileFrames);
     alignment.movedPieces = piecesOutOfOrder(alignment.pieces, showFrames, fileFrames, progress);
     return alignment;
 }

@@ -157,11 +157,10 @@ void keepConvincing(std::vector<ZLDriftingRuns>& pieces, Frames show, Frames fil
         pieces, [&](const ZLDriftingRuns& piece) { return agreementOf(piece, show, file) < leastAgreementOfPiece; });
     std::vector<ZLDriftingRuns> kept;
     for (size_t begin = 0; begin < pieces.size();) {
-        size_t end = begin;
-        double agreement = 0.0;
-        do
-            agreement += evidenceOf(pieces[end++], show, file);
-        while (end < pieces.size() && areNeighbours(pieces[end - 1], pieces[end]));
+        size_t end = begin + 1;
+        double agreement = evidenceOf(pieces[begin], show, file);
+        for (; end < pieces.size() && areNeighbours(pieces[end - 1], pieces[end]); ++end)
+            agreement += evidenceOf(pieces[end], show, file);
         if (agreement >= leastAgreementOfNeighbours)
             kept.insert(kept.end(), pieces.begin() + std::ptrdiff_t(begin), pieces.begin() + std::ptrdiff_t(end));
         begin = end;

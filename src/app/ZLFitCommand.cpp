@@ -64,14 +64,14 @@ ZLResult<ZLFit> ZLFitCommand::fit(const ZLDocumentContents& contents, const ZLCo
 }
 
 ZLResult<ZLHeardShow> ZLFitCommand::heardShow(
-    const ZLDocumentContents& contents, const ZLCommandLine& commandLine, ZLWorkProgress& progress) const
+    const ZLDocumentContents& contents, const ZLCommandLine& commandLine, ZLWorkProgress& progress)
 {
     if (!commandLine.heardPath.isEmpty()) {
         auto fingerprint = ZLHeardSound::fingerprintOf(commandLine.heardPath, progress);
         return fingerprint ? ZLResult(ZLHeardShow { std::move(fingerprint).value(), commandLine.zero })
                            : ZLResult<ZLHeardShow>(fingerprint.error());
     }
-    const auto show = ZLHeardSound::heardAlong(contents.extras.value(ZLListeningData::Key));
+    auto show = ZLHeardSound::heardAlong(contents.extras.value(ZLListeningData::Key));
     if (show)
         return show;
     const auto recorded = ZLRecorderFiles::in(contents.extras.value(ZLRecorderFiles::Key));
@@ -81,7 +81,7 @@ ZLResult<ZLHeardShow> ZLFitCommand::heardShow(
         + FitTexts::tr("Name the raw recording of the show with --heard.") };
 }
 
-ZLStatus ZLFitCommand::checkOutput(const QString& path) const
+ZLStatus ZLFitCommand::checkOutput(const QString& path)
 {
     if (path.isEmpty())
         return ZLDone {};
@@ -91,8 +91,7 @@ ZLStatus ZLFitCommand::checkOutput(const QString& path) const
     return ZLWriteProtection::check(path);
 }
 
-ZLStatus ZLFitCommand::write(
-    const ZLFit& fit, const ZLDocumentContents& contents, const ZLCommandLine& commandLine) const
+ZLStatus ZLFitCommand::write(const ZLFit& fit, const ZLDocumentContents& contents, const ZLCommandLine& commandLine)
 {
     if (commandLine.outputPath.isEmpty())
         return ZLDone {};

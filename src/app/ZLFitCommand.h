@@ -19,11 +19,11 @@ public:
 
 private:
     [[nodiscard]] ZLResult<ZLFit> fit(const ZLDocumentContents& contents, const ZLCommandLine& commandLine) const;
-    [[nodiscard]] ZLResult<ZLHeardShow> heardShow(
-        const ZLDocumentContents& contents, const ZLCommandLine& commandLine, ZLWorkProgress& progress) const;
-    [[nodiscard]] ZLStatus checkOutput(const QString& path) const;
-    [[nodiscard]] ZLStatus write(
-        const ZLFit& fit, const ZLDocumentContents& contents, const ZLCommandLine& commandLine) const;
+    [[nodiscard]] static ZLResult<ZLHeardShow> heardShow(
+        const ZLDocumentContents& contents, const ZLCommandLine& commandLine, ZLWorkProgress& progress);
+    [[nodiscard]] static ZLStatus checkOutput(const QString& path);
+    [[nodiscard]] static ZLStatus write(
+        const ZLFit& fit, const ZLDocumentContents& contents, const ZLCommandLine& commandLine);
 
     std::function<int(const QString&)> m_print;
     std::function<void(const QString&)> m_warn;

@@ -94,7 +94,7 @@ ZLResult<ZLDocumentContents> ZLImportCommand::contents(
     return contents;
 }
 
-ZLResult<ZLDocumentContents> ZLImportCommand::contentsBefore(const ZLCommandLine& commandLine) const
+ZLResult<ZLDocumentContents> ZLImportCommand::contentsBefore(const ZLCommandLine& commandLine)
 {
     const QString& target = commandLine.outputPath;
     if (commandLine.importMode == ZLImportMode::NewDocument) {

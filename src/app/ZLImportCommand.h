@@ -21,7 +21,7 @@ public:
         const ZLImportSource& source, const ZLCommandLine& commandLine) const;
 
 private:
-    [[nodiscard]] ZLResult<ZLDocumentContents> contentsBefore(const ZLCommandLine& commandLine) const;
+    [[nodiscard]] static ZLResult<ZLDocumentContents> contentsBefore(const ZLCommandLine& commandLine);
     [[nodiscard]] ZLResult<QString> write(const ZLCommandLine& commandLine) const;
 
     std::function<int(const QString&)> m_print;

@@ -1,5 +1,6 @@
 #include "delivery/ZLDelivery.h"
 
+#include "platform/ZLShownText.h"
 #include "platform/media/file/ZLMediaFile.h"
 
 #include <QCoreApplication>
@@ -43,7 +44,7 @@ ZLResult<QString> ZLDelivery::write(const ZLDeliveryPlan& plan, const QString& o
     const QString text = DeliveryTexts::tr("%1 of %2 chapters are in %3")
                              .arg(count)
                              .arg(plan.toCome.size())
-                             .arg(QFileInfo(output).fileName());
+                             .arg(ZLShownText::asOneLine(QFileInfo(output).fileName()));
     const bool hasAll = count == plan.toCome.size() && count == found.value().chapters.size();
     return hasAll ? ZLResult<QString>(text) : ZLResult<QString>(ZLError { text });
 }

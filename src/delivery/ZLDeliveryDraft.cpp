@@ -16,14 +16,18 @@ using State = ZLDeliveryTarget::State;
 ZLDeliveryDraft::ZLDeliveryDraft(ZLChapterDocument& document, Reader reader, QObject* parent)
     : QObject(parent)
     , m_document(document)
-    , m_reader(reader ? std::move(reader) : &ZLMediaFile::read)
+    , m_reading(reader ? std::move(reader) : &ZLMediaFile::read)
 {
+    connect(&m_reading, &ZLDeliveryReading::didRead, this, &ZLDeliveryDraft::takeContents);
     connect(&document, &ZLChapterDocument::changed, this, [this](const ZLDocumentChange& change) {
         if (change.concerns(ZLDocumentChange::concerningExports | ZLDocumentChange::Extras))
             planAgainSoon();
     });
     // A window that is closing may go after its document, and what is still being read arrives in between.
-    connect(&document, &QObject::destroyed, this, [this] { m_targets.clear(); });
+    connect(&document, &QObject::destroyed, this, [this] {
+        m_targets.clear();
+        m_reading.setUnreadable({});
+    });
 }
 
 ZLDeliveryDraft::~ZLDeliveryDraft() = default;
@@ -38,7 +42,8 @@ void ZLDeliveryDraft::setPaths(const QStringList& paths)
         if (!this->paths().contains(absolute))
             m_targets.append({ .path = absolute });
     }
-    read(this->paths());
+    m_reading.setUnreadable({});
+    m_reading.read(this->paths());
     Q_EMIT didChange();
 }
 
@@ -105,38 +110,30 @@ qsizetype ZLDeliveryDraft::importChaptersOf(qsizetype index)
     return ZLChapterImport::importChapters(m_document, listed, ZLChapterImport::Way::Add);
 }
 
-/// What a file takes that is no longer among the targets goes unheard.
-void ZLDeliveryDraft::read(const QStringList& paths)
-{
-    if (paths.isEmpty())
-        return;
-    auto* work = new ZLDiskWork({}, this);
-    connect(work, &ZLDiskWork::didEnd, work, &QObject::deleteLater);
-    work->start([this, paths, reader = m_reader](const ZLDiskWork::Teller& tell) {
-        for (const QString& path : paths) {
-            const auto contents = reader(path);
-            tell([this, path, contents] { takeContents(path, contents); });
-        }
-    });
-}
-
+/// What is no longer among the targets goes unheard.
 void ZLDeliveryDraft::takeContents(const QString& path, const ZLResult<ZLMediaContents>& contents)
 {
     const auto found = std::ranges::find(m_targets, path, &ZLDeliveryTarget::path);
     if (found == m_targets.end())
+        return;
+    const bool wasUnreadable = found->state == State::Unreadable;
+    if (wasUnreadable && !contents && found->message == contents.error().message)
         return;
     // With the contents that were known when the chapters changed: only so is it seen that they are others.
     if (m_isPlanDue)
         planAgain();
     if (contents) {
         updatePlan(*found, contents.value());
-        if (found->state == State::Reading)
+        if (wasUnreadable || found->state == State::Reading) {
             found->state = State::Ready;
+            found->message.clear();
+        }
     } else {
         found->plan.reset();
         found->state = State::Unreadable;
         found->message = contents.error().message;
     }
+    m_reading.setUnreadable(unreadablePaths());
     Q_EMIT didChange();
 }
 
@@ -196,6 +193,16 @@ QList<ZLDeliveryPlan> ZLDeliveryDraft::plansToCarryOut()
     return plans;
 }
 
+QStringList ZLDeliveryDraft::unreadablePaths() const
+{
+    QStringList paths;
+    for (const ZLDeliveryTarget& target : m_targets) {
+        if (target.state == State::Unreadable)
+            paths.append(target.path);
+    }
+    return paths;
+}
+
 void ZLDeliveryDraft::noteEndOfFile(int index, bool isWritten, const QString& message)
 {
     ZLDeliveryTarget& target = m_targets[m_written.at(index)];
@@ -217,7 +224,7 @@ void ZLDeliveryDraft::finishWriting()
         }
         touched.append(target.path);
     }
-    read(touched);
+    m_reading.read(touched);
     Q_EMIT didChange();
     Q_EMIT didEndWriting();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "delivery/ZLDeliveryPlan.h"
-#include "platform/ZLDiskWork.h"
+#include "delivery/ZLDeliveryReading.h"
 
 #include <memory>
 #include <optional>
@@ -13,7 +13,7 @@ class ZLDeliveryJob;
 struct ZLDeliveryTarget {
     enum class State {
         Reading,
-        Unreadable, ///< `message` says why.
+        Unreadable, ///< `message` says why. It is tried again.
         Ready,
         Writing,
         Written, ///< `message` says what is in the file.
@@ -33,7 +33,7 @@ class ZLDeliveryDraft : public QObject {
     Q_OBJECT
 
 public:
-    using Reader = std::function<ZLResult<ZLMediaContents>(const QString& path)>;
+    using Reader = ZLDeliveryReading::Reader;
     /// The document's chapters at their places in this very file, where those are known.
     using Carrier = std::function<std::optional<ZLChapterSequence>(const QString& path, const ZLMediaContents& file)>;
 
@@ -70,17 +70,17 @@ Q_SIGNALS:
     void didEndWriting();
 
 private:
-    void read(const QStringList& paths);
     void takeContents(const QString& path, const ZLResult<ZLMediaContents>& contents);
     void planAgain();
     void planAgainSoon();
     void updatePlan(ZLDeliveryTarget& target, const ZLMediaContents& contents);
     [[nodiscard]] QList<ZLDeliveryPlan> plansToCarryOut();
+    [[nodiscard]] QStringList unreadablePaths() const;
     void noteEndOfFile(int index, bool isWritten, const QString& message);
     void finishWriting();
 
     ZLChapterDocument& m_document;
-    const Reader m_reader;
+    ZLDeliveryReading m_reading;
     Carrier m_carrier;
     QList<ZLDeliveryTarget> m_targets;
     double m_shift = 0.0;

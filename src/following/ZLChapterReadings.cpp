@@ -4,6 +4,7 @@
 #include "document/shared/ZLChapterMoves.h"
 
 #include <algorithm>
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -61,16 +62,16 @@ QStringList ZLChapterReadings::noteNewChapters(double ahead)
     ZLDocumentExtras& extras = m_document.extras();
     const double now = m_document.currentDuration();
     const ZLChapterSequence chapters = m_document.chapterManager().allChapters();
-    for (auto chapter = chapters.crbegin(); chapter != chapters.crend(); ++chapter) {
-        const double time = (*chapter)->timeStamp();
+    for (const ZLChapterPointer& chapter : chapters | std::views::reverse) {
+        const double time = chapter->timeStamp();
         if (time < now - latestNote)
             break;
-        const QString& uuid = (*chapter)->uuid();
+        const QString& uuid = chapter->uuid();
         if (time > now || extras.ofChapter(uuid, ZLReadingKey::Zelta).isValid())
             continue;
         extras.keepOfChapter(uuid, ZLReadingKey::Zelta, time);
         extras.keepOfChapter(uuid, ZLReadingKey::Recorder, std::max(0.0, time + ahead));
-        titles.append((*chapter)->title());
+        titles.append(chapter->title());
     }
     return titles;
 }

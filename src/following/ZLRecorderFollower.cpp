@@ -142,9 +142,9 @@ void ZLRecorderFollower::takeConnection(ZLRecorderConnection connection, const Q
     Q_EMIT stateDidChange();
 }
 
-void ZLRecorderFollower::takeFile(const QString& path)
+void ZLRecorderFollower::takeFile(const QString& path, double begin)
 {
-    m_waitingFiles.append(path);
+    m_waitingFiles.append({ path, begin });
     Q_EMIT didHappen(tr("%1 records into %2.").arg(recorderName(), path));
     keepWaitingFiles();
 }
@@ -321,8 +321,8 @@ void ZLRecorderFollower::keepWaitingFiles()
     if (!m_tie.isTied())
         return;
     const auto files = std::exchange(m_waitingFiles, {});
-    for (const QString& path : files) {
-        const double reading = m_tie.recordersReadingAt(m_setup.hostClock->now()).value_or(m_tie.base());
+    for (const auto& [path, begin] : files) {
+        const double reading = m_tie.recordersReadingAt(begin).value_or(m_tie.base());
         const QList<ZLRecorderFile> kept = ZLRecorderFiles::in(m_document.extras().value(ZLRecorderFiles::Key));
         // The first one of a recording begins with it, also where it was joined late.
         const bool isFirst = std::ranges::all_of(

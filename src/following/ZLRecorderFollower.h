@@ -70,7 +70,7 @@ Q_SIGNALS:
 private:
     void takeReport(const ZLRecorderReport& report);
     void takeConnection(ZLRecorderConnection connection, const QString& reason);
-    void takeFile(const QString& path);
+    void takeFile(const QString& path, double begin);
     void takeChange(const ZLDocumentChange& change);
     void takeStartOrStop();
 
@@ -106,7 +106,8 @@ private:
     /// Whether a recording was followed here already.
     bool m_hasTied = false;
     /// Files that were told before the clock was tied.
-    QStringList m_waitingFiles;
+    /// Each with the moment that stands at its beginning.
+    QList<std::pair<QString, double>> m_waitingFiles;
     /// As the clock was when it was looked at last.
     bool m_wasRunning;
     /// When the press came that the recorder was told to record by.

@@ -61,7 +61,8 @@ double zeroThatFits(const std::vector<ZLListeningSpan>& spans)
     const auto longest =
         std::ranges::max_element(spans, {}, [](const ZLListeningSpan& span) { return span.frames.size(); });
     // In its middle, so that a clock that goes wrong is as far off at one end as at the other.
-    const double middle = longest->start + longest->interval * double(longest->frames.size() / 2);
+    const auto framesBefore = longest->frames.size() / 2;
+    const double middle = longest->start + longest->interval * double(framesBefore);
     // Rounding may bring it below by next to nothing.
     return std::max(0.0, std::ceil(middle / step) * step - middle);
 }

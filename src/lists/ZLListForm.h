@@ -14,14 +14,14 @@ struct ZLListForm {
     /// Extension of its files without the dot.
     QLatin1StringView fileType;
     /// How finely it tells times: units of which so many make a second.
-    double unitsPerSecond;
+    double unitsPerSecond = 0.0;
     ZLListLimits limits;
     /// Whether the text is a list of this form; null for a form that is only written. It looks at the content alone.
-    bool (*recognises)(const ZLListSource& source);
+    bool (*recognises)(const ZLListSource& source) = nullptr;
     /// One list for each show that the text holds, at least one. The error says what is wrong with the text.
-    ZLResult<QList<ZLChapterList>> (*read)(const ZLListSource& source);
+    ZLResult<QList<ZLChapterList>> (*read)(const ZLListSource& source) = nullptr;
     /// The bytes of a file; null for a form that is only read, or that is one of the eight exporters.
-    QByteArray (*write)(const ZLListToWrite& list);
+    QByteArray (*write)(const ZLListToWrite& list) = nullptr;
     /// Whether what it is recognised by stands in no list of another form.
     bool isUnmistakable = false;
 

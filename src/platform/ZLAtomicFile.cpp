@@ -165,9 +165,9 @@ ZLStatus checkFreeSpace(const QByteArray& path, qint64 size)
     // By division, for the product can be larger than any number.
     if (quint64(disk.f_bavail) >= (quint64(size) + disk.f_frsize - 1) / std::max<quint64>(disk.f_frsize, 1))
         return ZLDone {};
+    const quint64 free = disk.f_bavail * disk.f_frsize;
     return ZLError { QCoreApplication::translate("ZLAtomicFile", "%1 more are needed on this disk, %2 are free.")
-            .arg(QLocale().formattedDataSize(size),
-                QLocale().formattedDataSize(qint64(disk.f_bavail * disk.f_frsize))) };
+            .arg(QLocale().formattedDataSize(size), QLocale().formattedDataSize(qint64(free))) };
 }
 
 ZLStatus statusOf(int error)

@@ -18,7 +18,7 @@ void ZLLineReader::readAvailable()
 {
     // One read for each notice: a second one could block, since the descriptor may be shared with other programs and
     // so must not be made non-blocking.
-    std::array<char, 4096> buffer;
+    std::array<char, 4096> buffer {};
     const ssize_t size = read(m_descriptor, buffer.data(), buffer.size());
     if (size > 0)
         takeBytes(QByteArrayView(buffer.data(), size));

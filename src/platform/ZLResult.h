@@ -23,15 +23,15 @@ public:
     {
     }
 
-    bool isOk() const { return m_value.has_value(); }
+    [[nodiscard]] bool isOk() const { return m_value.has_value(); }
     explicit operator bool() const { return isOk(); }
 
     /// The value; only to be asked for when isOk().
-    const Value& value() const& { return *m_value; }
-    Value&& value() && { return std::move(*m_value); }
+    [[nodiscard]] const Value& value() const& { return *m_value; }
+    [[nodiscard]] Value&& value() && { return std::move(*m_value); }
 
     /// The reason; only meaningful when not isOk().
-    const ZLError& error() const { return m_error; }
+    [[nodiscard]] const ZLError& error() const { return m_error; }
 
 private:
     std::optional<Value> m_value;

@@ -1,7 +1,8 @@
 #include "platform/ZLSocketPath.h"
 
+#include "platform/ZLRuntimeFolder.h"
+
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 
 #include <sys/stat.h>
@@ -12,19 +13,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype digitsOfSocketName = 32;
-constexpr mode_t everybodyElse = S_IRWXG | S_IRWXO;
 
 bool fitsSocketAddress(const QString& path)
 {
     return QFile::encodeName(path).size() <= ZLSocketPath::LongestPath;
-}
-
-/// Else a program of another user could stand behind the socket.
-bool belongsToUserAlone(const QString& folder)
-{
-    struct stat status {};
-    return lstat(QFile::encodeName(folder).constData(), &status) == 0 && S_ISDIR(status.st_mode)
-        && status.st_uid == geteuid() && (status.st_mode & everybodyElse) == 0;
 }
 
 QString temporaryFolderOfUser()
@@ -43,10 +35,10 @@ QString ZLSocketPath::reachable(const QString& path)
         return path;
     const QByteArray digest = QCryptographicHash::hash(QFile::encodeName(path), QCryptographicHash::Sha256).toHex();
     const QString name = u"/zelta-"_s + QString::fromLatin1(digest.first(digitsOfSocketName));
-    const QString runtimeFolder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (QDir::isAbsolutePath(runtimeFolder) && fitsSocketAddress(runtimeFolder + name)
-        && belongsToUserAlone(runtimeFolder))
+    // Elsewhere a program of another user could stand behind the socket.
+    const QString runtimeFolder = ZLRuntimeFolder::path();
+    if (!runtimeFolder.isEmpty() && fitsSocketAddress(runtimeFolder + name))
         return runtimeFolder + name;
     const QString temporaryFolder = temporaryFolderOfUser();
-    return belongsToUserAlone(temporaryFolder) ? temporaryFolder + name : path;
+    return ZLRuntimeFolder::belongsToUserAlone(temporaryFolder) ? temporaryFolder + name : path;
 }

@@ -38,6 +38,7 @@ Q_SIGNALS:
     void didReport(const ZLRecorderReport& report);
     /// `reason` is a sentence for a person where the connection is none, else empty.
     void connectionDidChange(ZLRecorderConnection connection, const QString& reason);
-    /// It records into this file from here on; a recording that is split tells each of its files.
-    void fileDidChange(const QString& path);
+    /// It records into this file now; a recording that is split tells each of its files. `begin` is the moment that
+    /// stands at the beginning of the file, in seconds of the host's clock; an encoder writes it some time later.
+    void fileDidChange(const QString& path, double begin);
 };

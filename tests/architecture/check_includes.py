@@ -74,7 +74,7 @@ ALLOWED = {
     "export/ui": "platform document document/saving document/ui export export/formats",
     "import": "platform platform/media/file model lists/forms document",
     "delivery": "platform platform/media platform/media/file model document/shared document document/saving",
-    "delivery/ui": "platform platform/media lists document/ui export/ui delivery",
+    "delivery/ui": "platform platform/media lists templates/ui document/ui export/ui delivery",
     "import/ui": "platform model templates/ui document/ui import",
     "delivery/fit": "platform platform/media platform/media/decoding platform/sound alignment listening model"
     " document/shared document",

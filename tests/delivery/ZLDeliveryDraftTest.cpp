@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <future>
 
@@ -129,6 +130,33 @@ TEST_F(ZLDeliveryDraftTest, AFileThatAnotherProgramChangedIsReadAgainInsteadOfWr
     while (target().plan->now.length != 30'000 && m_changes.wait()) { }
     write();
     EXPECT_EQ(target().state, State::Written);
+}
+
+TEST_F(ZLDeliveryDraftTest, AFileThatCameBackIsReadByItself)
+{
+    addChapterAt(1.0, u"Eins"_s);
+    const QString path = m_folder.filePath(u"a.wav"_s);
+    choose({ path });
+    ASSERT_EQ(target().state, State::Unreadable);
+    makeFile(u"a.wav"_s);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return target().state == State::Ready; }, 30'000));
+    EXPECT_TRUE(target().message.isEmpty()) << "the failure is over";
+    EXPECT_EQ(target().plan->toCome.size(), 1);
+    write();
+    EXPECT_EQ(target().state, State::Written);
+}
+
+TEST_F(ZLDeliveryDraftTest, AFileThatWasLostWhileItWasWrittenIsReadWhenItIsBack)
+{
+    addChapterAt(1.0, u"Eins"_s);
+    choose({ makeFile(u"a.wav"_s) });
+    ASSERT_TRUE(QFile::rename(target().path, m_folder.filePath(u"away.wav"_s)));
+    write();
+    while (target().state != State::Unreadable && m_changes.wait()) { }
+    ASSERT_EQ(target().state, State::Unreadable);
+    ASSERT_TRUE(QFile::rename(m_folder.filePath(u"away.wav"_s), target().path));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return target().state == State::Ready; }, 30'000));
+    EXPECT_TRUE(m_draft.canWrite());
 }
 
 TEST_F(ZLDeliveryDraftTest, NothingIsWrittenOverTheFilesOfTheProgram)

@@ -4,9 +4,12 @@
 #include "support/ZLChapterBuilders.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +40,41 @@ TEST_F(ZLDeliveryJobTest, AFailureDoesNotStopTheOthers)
     EXPECT_TRUE(ends.at(1).at(2).toString().startsWith(plans.at(1).audioPath));
     EXPECT_TRUE(ends.at(2).at(1).toBool());
     EXPECT_EQ(job.fraction(), 1.0);
+}
+
+TEST_F(ZLDeliveryJobTest, AFileThatWasChosenByALinkTooIsWrittenOnce)
+{
+    const ZLDeliveryPlan plan = planFor(u"a.wav"_s);
+    const QString link = m_folder.filePath(u"link.wav"_s);
+    ASSERT_TRUE(QFile::link(plan.audioPath, link));
+    ZLDeliveryPlan byLink = plan;
+    byLink.audioPath = link;
+    ZLDeliveryJob job({ byLink, plan });
+    QSignalSpy ends(&job, &ZLDeliveryJob::didEndFile);
+    QSignalSpy finish(&job, &ZLDeliveryJob::didFinish);
+    job.start();
+    ASSERT_TRUE(finish.wait());
+    ASSERT_EQ(ends.size(), 2);
+    EXPECT_TRUE(ends.at(0).at(1).toBool());
+    EXPECT_TRUE(ends.at(1).at(1).toBool()) << qPrintable(ends.at(1).at(2).toString());
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+}
+
+TEST_F(ZLDeliveryJobTest, TwoNamesOfOneFileAreBothWritten)
+{
+    const ZLDeliveryPlan plan = planFor(u"a.wav"_s);
+    const QString other = m_folder.filePath(u"b.wav"_s);
+    ASSERT_EQ(link(QFile::encodeName(plan.audioPath).constData(), QFile::encodeName(other).constData()), 0);
+    ZLDeliveryPlan second = plan;
+    second.audioPath = other;
+    ZLDeliveryJob job({ plan, second });
+    QSignalSpy ends(&job, &ZLDeliveryJob::didEndFile);
+    QSignalSpy finish(&job, &ZLDeliveryJob::didFinish);
+    job.start();
+    ASSERT_TRUE(finish.wait());
+    EXPECT_TRUE(ends.at(0).at(1).toBool());
+    EXPECT_TRUE(ends.at(1).at(1).toBool()) << qPrintable(ends.at(1).at(2).toString());
+    EXPECT_EQ(ZLDeliveryPlan::make({}, other, 0.0).value().now.chapters.size(), 1);
 }
 
 TEST_F(ZLDeliveryJobTest, ACancelledJobLeavesTheFiles)

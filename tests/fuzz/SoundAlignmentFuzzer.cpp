@@ -44,7 +44,8 @@ void requireInOrder(const ZLSoundAlignment& alignment)
     double show = -oneFrame;
     double file = -oneFrame;
     for (const ZLSoundPiece& piece : alignment.pieces) {
-        require(std::isfinite(piece.rate) && piece.length > 0.0);
+        require(std::isfinite(piece.rate) && piece.length > 0.0 && piece.showStart >= 0.0 && piece.fileStart >= 0.0);
+        require(piece.beginDoubt > 0.0 && piece.endDoubt > 0.0 && std::isfinite(piece.beginDoubt + piece.endDoubt));
         require(piece.showStart >= show - oneFrame && piece.fileStart >= file - oneFrame);
         show = piece.showEnd();
         file = piece.fileEnd();

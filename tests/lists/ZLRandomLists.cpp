@@ -6,6 +6,12 @@
 
 using namespace Qt::StringLiterals;
 
+ZLRandomLists::ZLRandomLists(const ZLListForm& form)
+    : m_form(form)
+    , m_random(std::uint32_t(std::max(qEnvironmentVariableIntValue("ZELTA_TEST_SEED"), 1)))
+{
+}
+
 ZLListToWrite ZLRandomLists::next()
 {
     ZLListToWrite list { .fileBaseName = u"Show 12"_s };

@@ -4,13 +4,11 @@
 
 #include <random>
 
-/// Lists that a form can hold, the same in every run: times on its units, texts within its limits.
+/// Lists that a form can hold: times on its units, texts within its limits. They are the same in every run unless
+/// ZELTA_TEST_SEED is set.
 class ZLRandomLists {
 public:
-    explicit ZLRandomLists(const ZLListForm& form)
-        : m_form(form)
-    {
-    }
+    explicit ZLRandomLists(const ZLListForm& form);
 
     [[nodiscard]] ZLListToWrite next();
 
@@ -21,5 +19,5 @@ private:
     [[nodiscard]] bool holds(const QString& text) const;
 
     ZLListForm m_form;
-    std::mt19937 m_random { 20261121 };
+    std::mt19937 m_random;
 };

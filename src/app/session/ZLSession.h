@@ -24,7 +24,7 @@ public:
     /// opened, a sentence each.
     QStringList restore(const Openers& openers);
     /// Opens what was kept, except the files of the recovery folder with these names.
-    QStringList restoreKept(const Openers& openers, const QStringList& fileNamesToLeaveOut = {}) const;
+    [[nodiscard]] QStringList restoreKept(const Openers& openers, const QStringList& fileNamesToLeaveOut = {}) const;
 
     /// Remembers the documents of these savers as open, in order.
     void remember(const QList<const ZLDocumentSaver*>& savers);

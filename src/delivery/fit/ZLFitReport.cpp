@@ -1,5 +1,6 @@
 #include "delivery/fit/ZLFitReport.h"
 
+#include "model/ZLTimeText.h"
 #include "platform/ZLShownText.h"
 
 #include <QCoreApplication>
@@ -8,6 +9,7 @@
 #include <QJsonObject>
 
 #include <cmath>
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -52,6 +54,22 @@ QJsonObject objectOf(const ZLSoundPiece& piece)
         { u"length"_s, rounded(piece.length) } };
 }
 
+QJsonArray arrayOf(const std::vector<ZLSoundPiece>& pieces)
+{
+    QJsonArray array;
+    for (const ZLSoundPiece& piece : pieces)
+        array.append(objectOf(piece));
+    return array;
+}
+
+QString clock(double seconds)
+{
+    return ZLTimeText::hoursMinutesSeconds(ZLTimeText::truncated(std::round(seconds)));
+}
+
+/// Of a file with many parts that were moved, so many are told.
+constexpr int mostMovedTold = 3;
+
 }
 
 QString ZLFitReport::stateText(ZLMomentState state)
@@ -82,7 +100,17 @@ QString ZLFitReport::table(const ZLFit& fit)
             u"%1 %"_s.arg(std::lround(found.place.confidence * 100.0)).rightJustified(5),
             ZLShownText::asOneLine(ZLShownText::shortened(found.mark.chapter->title())));
     }
-    return text;
+    const QString moved = movedText(fit);
+    return moved.isEmpty() ? text : text + moved + u'\n';
+}
+
+QString ZLFitReport::movedText(const ZLFit& fit)
+{
+    QStringList sentences;
+    for (const ZLSoundPiece& piece : fit.alignment.movedPieces | std::views::take(mostMovedTold))
+        sentences.append(FitReportTexts::tr("At %1 the file also has %2 to %3 of the show.")
+                .arg(clock(piece.fileStart), clock(piece.showStart - fit.zero), clock(piece.showEnd() - fit.zero)));
+    return sentences.join(u' ');
 }
 
 QByteArray ZLFitReport::json(const ZLFit& fit)
@@ -90,8 +118,8 @@ QByteArray ZLFitReport::json(const ZLFit& fit)
     QJsonArray chapters;
     for (const ZLFittedChapter& found : fit.chapters)
         chapters.append(objectOf(found));
-    QJsonArray pieces;
-    for (const ZLSoundPiece& piece : fit.alignment.pieces)
-        pieces.append(objectOf(piece));
-    return QJsonDocument(QJsonObject { { u"chapters"_s, chapters }, { u"pieces"_s, pieces } }).toJson();
+    QJsonObject report { { u"chapters"_s, chapters }, { u"pieces"_s, arrayOf(fit.alignment.pieces) } };
+    if (!fit.alignment.movedPieces.empty())
+        report.insert(u"moved"_s, arrayOf(fit.alignment.movedPieces));
+    return QJsonDocument(report).toJson();
 }

@@ -20,7 +20,7 @@ bool saysNothing(const ZLSoundFingerprint& fingerprint)
 }
 
 /// The sound of a file that begins at `reading` of the recording clock, from the clock's zero on.
-ZLListeningSpan spanFrom(double reading, ZLSoundFingerprint&& fingerprint)
+ZLListeningSpan spanFrom(double reading, ZLSoundFingerprint fingerprint)
 {
     ZLListeningSpan span { .start = reading, .frames = std::move(fingerprint.frames) };
     if (reading < 0.0) {

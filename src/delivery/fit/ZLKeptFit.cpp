@@ -23,12 +23,15 @@ const QString lengthKey = QStringLiteral("Length");
 const QString rateKey = QStringLiteral("Rate");
 const QString differingKey = QStringLiteral("Differing");
 const QString elsewhereKey = QStringLiteral("Elsewhere");
+const QString beginDoubtKey = QStringLiteral("BeginDoubt");
+const QString endDoubtKey = QStringLiteral("EndDoubt");
 
 /// A year. Also keeps what is computed of the numbers finite.
 constexpr double mostSeconds = 366.0 * 24.0 * 3600.0;
 constexpr double leastRate = 0.9;
 constexpr double mostRate = 1.1;
-constexpr double byChance = ZLSoundPiece().shareElsewhere;
+constexpr double leastDoubt = 0.001;
+constexpr double mostDoubt = 60.0;
 
 bool isMoment(double seconds)
 {
@@ -41,9 +44,21 @@ QVariantList storedPieces(const std::vector<ZLSoundPiece>& pieces)
     for (const ZLSoundPiece& piece : pieces) {
         stored.append(QVariantMap { { showStartKey, piece.showStart }, { fileStartKey, piece.fileStart },
             { lengthKey, piece.length }, { rateKey, piece.rate }, { differingKey, piece.differingShare },
-            { elsewhereKey, piece.shareElsewhere } });
+            { elsewhereKey, piece.shareElsewhere }, { beginDoubtKey, piece.beginDoubt },
+            { endDoubtKey, piece.endDoubt } });
     }
     return stored;
+}
+
+/// Fits of before do not have all of them.
+double numberIn(const QVariantMap& entries, const QString& key, double otherwise)
+{
+    return entries.contains(key) ? ZLStoredValue::number(entries.value(key)) : otherwise;
+}
+
+bool isDoubt(double seconds)
+{
+    return seconds >= leastDoubt && seconds <= mostDoubt;
 }
 
 std::optional<ZLSoundPiece> pieceIn(const QVariant& stored)
@@ -52,11 +67,13 @@ std::optional<ZLSoundPiece> pieceIn(const QVariant& stored)
     const ZLSoundPiece piece { ZLStoredValue::number(entries.value(showStartKey)),
         ZLStoredValue::number(entries.value(fileStartKey)), ZLStoredValue::number(entries.value(lengthKey)),
         ZLStoredValue::number(entries.value(rateKey)), ZLStoredValue::number(entries.value(differingKey)),
-        // Fits of before have none.
-        entries.contains(elsewhereKey) ? ZLStoredValue::number(entries.value(elsewhereKey)) : byChance };
+        numberIn(entries, elsewhereKey, ZLSoundPiece().shareElsewhere),
+        numberIn(entries, beginDoubtKey, ZLSoundPiece().beginDoubt),
+        numberIn(entries, endDoubtKey, ZLSoundPiece().endDoubt) };
     const bool makesSense = isMoment(piece.showStart) && isMoment(piece.fileStart) && isMoment(piece.length)
         && piece.length > 0.0 && piece.rate >= leastRate && piece.rate <= mostRate && piece.differingShare >= 0.0
-        && piece.differingShare <= 1.0 && piece.shareElsewhere >= 0.0 && piece.shareElsewhere <= 1.0;
+        && piece.differingShare <= 1.0 && piece.shareElsewhere >= 0.0 && piece.shareElsewhere <= 1.0
+        && isDoubt(piece.beginDoubt) && isDoubt(piece.endDoubt);
     return makesSense ? std::optional(piece) : std::nullopt;
 }
 

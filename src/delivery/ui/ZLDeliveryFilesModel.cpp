@@ -1,6 +1,7 @@
 #include "delivery/ui/ZLDeliveryFilesModel.h"
 
 #include "lists/ZLListTime.h"
+#include "platform/ZLShownText.h"
 
 #include <QFileInfo>
 
@@ -34,7 +35,7 @@ QString textOf(const ZLDeliveryTarget& target, int column)
 {
     switch (column) {
     case ZLDeliveryFilesModel::FileColumn:
-        return QFileInfo(target.path).fileName();
+        return ZLShownText::asOneLine(QFileInfo(target.path).fileName());
     case ZLDeliveryFilesModel::FormColumn:
         return target.plan ? target.plan->now.formName : QString();
     case ZLDeliveryFilesModel::LengthColumn:

@@ -2,7 +2,7 @@
 
 #include "delivery/ZLMediaImport.h"
 #include "delivery/ui/ZLDeliveryComparison.h"
-#include "delivery/ui/ZLDeliveryFilesModel.h"
+#include "delivery/ui/ZLDeliveryFileList.h"
 #include "document/ui/ZLMnemonics.h"
 #include "document/ui/ZLSheetParts.h"
 
@@ -10,7 +10,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
@@ -27,15 +26,13 @@ namespace {
 constexpr double longestShift = 24.0 * 3600.0;
 constexpr int progressSteps = 1000;
 constexpr int progressInterval = 100;
-/// Lines of the list of files: its header, two files and the frame.
-constexpr int fileLines = 4;
 
 }
 
 ZLDeliverySheet::ZLDeliverySheet(ZLDeliveryDraft& draft, const QMenuBar& menus, QWidget* parent)
     : QFrame(parent)
     , m_draft(draft)
-    , m_files(makeFileList())
+    , m_files(ZLDeliveryFileList::make(draft, this))
     , m_choose(ZLSheetParts::button(u"chooseFiles"_s, this))
     , m_shiftLabel(new QLabel(this))
     , m_shift(new QDoubleSpinBox(this))
@@ -83,16 +80,6 @@ QWidget* ZLDeliverySheet::makeBody()
     layout->addLayout(upper);
     layout->addWidget(m_comparison, 1);
     return ZLSheetParts::scrolling(body, this);
-}
-
-QTreeView* ZLDeliverySheet::makeFileList()
-{
-    auto* list =
-        ZLSheetParts::list(u"deliveryFiles"_s, tr("Audio files"), new ZLDeliveryFilesModel(m_draft, this), this);
-    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    list->header()->setStretchLastSection(true);
-    list->setFixedHeight(fileLines * (list->fontMetrics().height() + fileLines));
-    return list;
 }
 
 QVBoxLayout* ZLDeliverySheet::makeChoices()

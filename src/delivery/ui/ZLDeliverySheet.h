@@ -39,7 +39,6 @@ protected:
 
 private:
     QWidget* makeBody();
-    QTreeView* makeFileList();
     QVBoxLayout* makeChoices();
     QWidget* makeButtonRow();
     void setTexts(const QMenuBar& menus);

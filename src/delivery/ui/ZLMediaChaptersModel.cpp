@@ -37,7 +37,7 @@ QVariant ZLMediaChaptersModel::data(const QModelIndex& index, int role) const
     const ZLMediaChapter& chapter = m_chapters.at(index.row());
     if (index.column() == TimeColumn)
         return role == Qt::DisplayRole ? ZLListTime::clock(double(chapter.start) / 1000.0) : QVariant();
-    return ZLShownText::shortened(index.column() == TitleColumn ? chapter.title : chapter.link);
+    return ZLShownText::asOneLine(ZLShownText::shortened(index.column() == TitleColumn ? chapter.title : chapter.link));
 }
 
 QVariant ZLMediaChaptersModel::headerData(int section, Qt::Orientation orientation, int role) const

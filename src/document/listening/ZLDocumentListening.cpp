@@ -1,6 +1,7 @@
 #include "document/listening/ZLDocumentListening.h"
 
 #include <cmath>
+#include <ranges>
 #include <utility>
 
 namespace {
@@ -107,8 +108,8 @@ void ZLDocumentListening::followSleeps()
         return;
     ZLListeningData data = storedData();
     // The last one first, so that those before it keep their readings; back in the other order.
-    for (auto sleep = sleeps.crbegin(); sleep != sleeps.crend(); ++sleep)
-        data.insertTime(sleep->reading, sleep->seconds);
+    for (const ZLSleepWhileRecording& sleep : sleeps | std::views::reverse)
+        data.insertTime(sleep.reading, sleep.seconds);
     for (const ZLSleepWhileRecording& sleep : std::as_const(m_sleeps))
         data.removeTime(sleep.reading, sleep.seconds);
     m_document.extras().keep(ZLListeningData::Key, data.stored());

@@ -47,7 +47,8 @@ public:
     /// Keeps `document`, which the document was at `time`, before `successor` took its place; without what was heard of
     /// the show. When there are more than
     /// MostStates, goes the one that leaves the smallest gap in proportion to its age.
-    ZLStateKeeping keep(const QByteArray& document, const QDateTime& time, const QByteArray& successor) const;
+    [[nodiscard]] ZLStateKeeping keep(
+        const QByteArray& document, const QDateTime& time, const QByteArray& successor) const;
 
     /// Gives the document at another place the same states; those that it has there stay.
     void shareWith(const ZLDocumentHistory& other) const;

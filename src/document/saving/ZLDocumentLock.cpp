@@ -36,7 +36,7 @@ QString describeHolder(const QStringList& lines)
 QString lockNameFor(const QString& name)
 {
     constexpr qsizetype longestName = 255;
-    const QString lockName = u".%1.lock"_s.arg(name);
+    QString lockName = u".%1.lock"_s.arg(name);
     if (QFile::encodeName(lockName).size() <= longestName)
         return lockName;
     const QByteArray digest = QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha256).toHex();

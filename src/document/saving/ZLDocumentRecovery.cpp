@@ -1,6 +1,7 @@
 #include "document/saving/ZLDocumentRecovery.h"
 
 #include "document/saving/journal/ZLJournalRecord.h"
+#include "document/saving/journal/ZLJournalTail.h"
 #include "platform/ZLBoundedFile.h"
 
 #include <QFile>
@@ -30,8 +31,9 @@ std::optional<ZLRecoveredDocument> ZLDocumentRecovery::read(std::unique_ptr<ZLRe
     const ZLFoundFile found = ZLBoundedFile::find(file->journalPath(), ZLFileBound::Document, ZLFileLinks::Refuse);
     if (found.finding == ZLFileFinding::Missing || found.finding == ZLFileFinding::Unreadable)
         return std::nullopt;
-    auto journal = found.finding == ZLFileFinding::Read ? ZLJournalReader::read(found.bytes)
-                                                        : ZLResult<ZLJournaledDocument>(found.error);
+    auto journal = found.finding == ZLFileFinding::Read
+        ? ZLJournalReader::read(found.bytes, ZLJournalTail::read(file->journalPath()))
+        : ZLResult<ZLJournaledDocument>(found.error);
     if (!journal) {
         qCWarning(recoveryLog) << file->journalPath() << journal.error().message;
         QFile::rename(file->journalPath(), file->journalPath() + u".unreadable"_s);

@@ -1,6 +1,7 @@
 #include "document/saving/ZLRecoveryFolder.h"
 
 #include "document/ZLDocumentFile.h"
+#include "document/saving/journal/ZLJournalTail.h"
 #include "platform/ZLPrivateFolder.h"
 
 #include <QDateTime>
@@ -45,6 +46,7 @@ void ZLRecoveryFile::remove()
 
 void ZLRecoveryFile::removeJournal()
 {
+    ZLJournalTail::remove(journalPath());
     QFile::remove(journalPath());
     QFile::remove(listeningPath());
 }

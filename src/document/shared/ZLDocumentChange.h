@@ -41,7 +41,7 @@ struct ZLDocumentChange {
     ZLChapterSequence chapters {};
 
     /// Whether it is about at least one of `wanted`.
-    [[nodiscard]] bool concerns(Parts wanted) const { return parts & wanted; }
+    [[nodiscard]] bool concerns(Parts wanted) const { return (parts & wanted) != Parts(); }
     /// Makes both changes one.
     void add(const ZLDocumentChange& other);
 };

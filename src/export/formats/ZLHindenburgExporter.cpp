@@ -163,7 +163,7 @@ ZLResult<QByteArray> withMarkersAdded(const QByteArray& session, const ZLExportI
     const auto section = markersSection(session);
     if (!section)
         return section.error();
-    const auto lines = markerLines(input, highestMarkerId(section.value()));
+    auto lines = markerLines(input, highestMarkerId(section.value()));
     if (!lines)
         return lines;
     auto spaced = replaced(session, "<Markers>", "<Markers>\n");
@@ -175,7 +175,7 @@ ZLResult<QByteArray> withMarkersAdded(const QByteArray& session, const ZLExportI
 /// As a section of their own in front of the end of the session.
 ZLResult<QByteArray> withMarkersSection(const QByteArray& session, const ZLExportInput& input)
 {
-    const auto lines = markerLines(input, 0);
+    auto lines = markerLines(input, 0);
     if (!lines)
         return lines;
     auto spaced = replaced(session, "<Markers>", "<Markers>\n");
@@ -217,7 +217,7 @@ QString ZLHindenburgExporter::reasonNothingIsInserted(const ZLExportInput& input
 QByteArray ZLHindenburgExporter::markerTime(const ZLChapter& chapter)
 {
     constexpr int decimals = 3;
-    std::array<char, 64> buffer;
+    std::array<char, 64> buffer {};
     const double seconds = double(float(chapter.timeStamp()));
     const auto end =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), seconds, std::chars_format::fixed, decimals).ptr;

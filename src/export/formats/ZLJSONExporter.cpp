@@ -54,7 +54,7 @@ void appendJsonString(QString& text, const QString& string)
 
 void appendJsonChapter(QString& text, const ZLChapter& chapter, qsizetype number)
 {
-    std::array<char, 32> buffer;
+    std::array<char, 32> buffer {};
     text += number == 1 ? "{\"chapter\":"_L1 : ",{\"chapter\":"_L1;
     text += QString::number(number);
     text += ",\"start-time\":"_L1;

@@ -8,7 +8,7 @@
 template <typename Integer>
 [[nodiscard]] Integer ZLSaturatedInteger(double value)
 {
-    constexpr double beyondRange = 2.0 * (std::numeric_limits<Integer>::max() / 2 + 1);
+    constexpr double beyondRange = 2.0 * double(std::numeric_limits<Integer>::max() / 2 + 1);
     if (std::isnan(value))
         return 0;
     if (value >= beyondRange)

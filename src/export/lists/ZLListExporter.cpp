@@ -4,12 +4,12 @@
 #include "lists/forms/ZLListForms.h"
 #include "lists/forms/ZLShowNotes.h"
 
-#include <utility>
+#include <array>
 
 namespace {
 
 /// The names as a menu shows them.
-[[maybe_unused]] constexpr const char* shownNames[] {
+[[maybe_unused]] constexpr std::array shownNames {
     QT_TRANSLATE_NOOP("ZLExportFormat", "Podcast Chapters"),
     QT_TRANSLATE_NOOP("ZLExportFormat", "Audacity Labels"),
     QT_TRANSLATE_NOOP("ZLExportFormat", "REAPER Markers"),
@@ -42,7 +42,7 @@ ZLExporterClass classFor(const ZLListForm& form)
 }
 
 ZLListExporter::ZLListExporter(ZLListForm form)
-    : m_form(std::move(form))
+    : m_form(form)
 {
 }
 

@@ -170,7 +170,7 @@ void ZLExportFlow::exportTo(const QString& path)
     if (format.dialogKind == ZLExportDialogKind::Open)
         existing = ZLBoundedFile::read(path, ZLFileBound::Document);
     if (existing)
-        input.existingBytes = std::move(existing).value();
+        input.existingBytes = existing.value();
     if (const auto alert = exporter->alertFor(input)) {
         showAlert(*alert);
         return;

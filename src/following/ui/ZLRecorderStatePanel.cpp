@@ -21,7 +21,7 @@ constexpr double partsPerMillion = 1e6;
 
 QString withSign(double value, int decimals)
 {
-    const QString amount = QLocale().toString(std::abs(value), 'f', decimals);
+    QString amount = QLocale().toString(std::abs(value), 'f', decimals);
     if (amount == QLocale().toString(0.0, 'f', decimals))
         return amount;
     // U+2212 is as wide as the plus.

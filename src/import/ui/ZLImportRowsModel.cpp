@@ -2,6 +2,8 @@
 
 #include "platform/ZLShownText.h"
 
+#include <algorithm>
+
 namespace {
 
 QString shown(const QString& text)
@@ -16,6 +18,11 @@ void ZLImportRowsModel::setChapters(const ZLChapterSequence& chapters)
     beginResetModel();
     m_chapters = chapters;
     endResetModel();
+}
+
+bool ZLImportRowsModel::hasLinks() const
+{
+    return !std::ranges::all_of(m_chapters, [](const ZLChapterPointer& chapter) { return chapter->link().isEmpty(); });
 }
 
 int ZLImportRowsModel::rowCount(const QModelIndex& parent) const

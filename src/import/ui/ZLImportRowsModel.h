@@ -14,6 +14,7 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void setChapters(const ZLChapterSequence& chapters);
+    [[nodiscard]] bool hasLinks() const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

@@ -185,6 +185,7 @@ void ZLImportSheet::update()
 {
     const ZLImportPlan plan = ZLImportPlan::make(m_source, choices());
     m_model->setChapters(plan.chapters);
+    m_rows->setColumnHidden(ZLImportRowsModel::LinkColumn, !m_model->hasLinks());
     m_heading->setText(headingFor(plan));
     m_import->setEnabled(!plan.chapters.isEmpty() || !plan.templates.isEmpty());
     updateRemarks(plan.remarks);

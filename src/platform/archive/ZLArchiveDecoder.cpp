@@ -254,7 +254,7 @@ bool ZLArchiveDecoder::convertArray(const ZLArchivedRecord& record, int depth, N
         Node element;
         if (!convertPlace(m_list.elementAt(elements, position), depth + 1, element) || !addToParent(node, element))
             return false;
-        list.append(std::move(element.value));
+        list.append(element.value);
     }
     node.value = std::move(list);
     return true;

@@ -59,8 +59,8 @@ private:
     /// FieldCount for an object that names no field.
     std::size_t fieldNamedBy(quint64 index);
     bool readClass(const ZLArchivedRecord& record, ZLArchivedClass& which);
-    std::optional<quint64> indexBehind(const ArchivedObject& uid) const;
-    ArchivedObject objectIn(const ZLArchivedRecord& record, Field field) const;
+    [[nodiscard]] std::optional<quint64> indexBehind(const ArchivedObject& uid) const;
+    [[nodiscard]] ArchivedObject objectIn(const ZLArchivedRecord& record, Field field) const;
 
     const ZLBinaryPropertyListReader& m_list;
     ZLDictionaryForm m_form;

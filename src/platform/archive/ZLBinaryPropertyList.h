@@ -57,19 +57,19 @@ struct ZLBinaryPropertyListObject {
     quint64 count = 0;
     const uchar* payload = nullptr;
 
-    bool isText() const { return kind == Kind::Latin1Text || kind == Kind::Utf16Text; }
-    bool isText(QLatin1StringView text) const;
+    [[nodiscard]] bool isText() const { return kind == Kind::Latin1Text || kind == Kind::Utf16Text; }
+    [[nodiscard]] bool isText(QLatin1StringView text) const;
     /// Bytes of a text or data value in the file, 0 for every other kind.
-    quint64 payloadBytes() const;
+    [[nodiscard]] quint64 payloadBytes() const;
     /// The value of a UID, or nothing for another kind.
-    std::optional<quint64> uid() const
+    [[nodiscard]] std::optional<quint64> uid() const
     {
         return kind == Kind::Uid ? std::optional(ZLReadBigEndian(payload, count)) : std::nullopt;
     }
     /// The value of a number (bool, qlonglong, ulonglong above its range, float, double), a date (QDateTime, UTC, or
     /// ZLArchivedDate), data (QByteArray), text (QString) or null (invalid QVariant). Nothing for a collection, a UID
     /// and an integer of more than 64 bits.
-    std::optional<QVariant> scalar() const;
+    [[nodiscard]] std::optional<QVariant> scalar() const;
 };
 
 /// Dates are stored as seconds since the first moment of 2001, UTC. They keep milliseconds within about 31,000 years on

@@ -12,22 +12,23 @@ public:
     /// Fails when the bytes are no binary property list or their table of offsets does not fit into them.
     static ZLResult<ZLBinaryPropertyListReader> open(QByteArrayView file);
 
-    quint64 objectCount() const { return m_objectCount; }
-    quint64 topObject() const { return m_topObject; }
+    [[nodiscard]] quint64 objectCount() const { return m_objectCount; }
+    [[nodiscard]] quint64 topObject() const { return m_topObject; }
     /// Bytes of the whole file, the measure of what reading it may cost.
-    quint64 fileSize() const { return m_fileSize; }
+    [[nodiscard]] quint64 fileSize() const { return m_fileSize; }
     /// Bytes of one reference inside a collection.
-    quint64 referenceSize() const { return m_referenceSize; }
+    [[nodiscard]] quint64 referenceSize() const { return m_referenceSize; }
 
     /// The object of that index; Kind::Invalid when there is none or it is damaged.
-    ZLBinaryPropertyListObject objectAt(quint64 index) const;
+    [[nodiscard]] ZLBinaryPropertyListObject objectAt(quint64 index) const;
 
     /// The index of an element of an array or set, or of a dictionary's key; position < count.
-    quint64 elementAt(const ZLBinaryPropertyListObject& collection, quint64 position) const;
+    [[nodiscard]] quint64 elementAt(const ZLBinaryPropertyListObject& collection, quint64 position) const;
     /// The index of the value that belongs to a dictionary's key; position < count.
-    quint64 valueAt(const ZLBinaryPropertyListObject& dictionary, quint64 position) const;
+    [[nodiscard]] quint64 valueAt(const ZLBinaryPropertyListObject& dictionary, quint64 position) const;
     /// The value under a key of a dictionary; Kind::Invalid when there is none.
-    ZLBinaryPropertyListObject valueFor(const ZLBinaryPropertyListObject& dictionary, QLatin1StringView key) const;
+    [[nodiscard]] ZLBinaryPropertyListObject valueFor(
+        const ZLBinaryPropertyListObject& dictionary, QLatin1StringView key) const;
 
 private:
     using Object = ZLBinaryPropertyListObject;

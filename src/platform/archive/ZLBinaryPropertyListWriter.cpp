@@ -28,7 +28,7 @@ int bytesNeeded(quint64 value)
 // The exponent of the power of two of bytes that holds the value: integers and UIDs have no other sizes.
 int sizeExponent(quint64 value)
 {
-    return std::bit_width(unsigned(bytesNeeded(value) - 1));
+    return int(std::bit_width(unsigned(bytesNeeded(value) - 1)));
 }
 
 void putBigEndian(char* to, quint64 value, int bytes)

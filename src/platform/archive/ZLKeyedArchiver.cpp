@@ -272,8 +272,8 @@ ArchiveEncoder::Reference ArchiveEncoder::keyArray(std::vector<Reference> keys)
 
 ArchiveEncoder::Reference ArchiveEncoder::dictionary(std::initializer_list<std::pair<Reference, Reference>> fields)
 {
-    std::array<Reference, 4> keys;
-    std::array<Reference, 4> values;
+    std::array<Reference, 4> keys {};
+    std::array<Reference, 4> values {};
     std::size_t count = 0;
     for (const auto& [key, value] : fields) {
         keys[count] = key;

@@ -31,7 +31,7 @@ void ZLServiceBrowser::setServices(const Services& services)
         return;
     const Services before = std::exchange(m_services, services);
     // Copies, since a listener may cause the next change.
-    const Services after = services;
+    const Services after = m_services;
     for (auto service = before.cbegin(); service != before.cend(); ++service) {
         const auto now = after.constFind(service.key());
         if (now == after.cend() || *now != *service)

@@ -28,7 +28,7 @@ QString cleaned(const QString& name)
 
 QString fitting(const QString& name)
 {
-    const QString whole = cleaned(name).trimmed();
+    QString whole = cleaned(name).trimmed();
     if (whole.toUtf8().size() <= maximumBytes)
         return whole;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, whole);

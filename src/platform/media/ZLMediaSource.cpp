@@ -1,6 +1,7 @@
 #include "platform/media/ZLMediaSource.h"
 
 #include "platform/ZLFileError.h"
+#include "platform/ZLFileName.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -36,8 +37,11 @@ ZLResult<std::shared_ptr<ZLMediaSource>> ZLMediaSource::open(const QString& path
 {
     // Without waiting, so that a pipe is told apart even while no program writes into it.
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0)
-        return ZLFileError::ofSystem(path, errno);
+    if (descriptor < 0) {
+        const int error = errno;
+        const QString unfitName = ZLFileName::refusal(path);
+        return unfitName.isEmpty() ? ZLFileError::ofSystem(path, error) : ZLFileError::because(path, unfitName);
+    }
     struct stat status {};
     const bool isKnown = fstat(descriptor, &status) == 0;
     std::shared_ptr<ZLMediaSource> source(new ZLMediaSource(path, descriptor, status));

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -13,8 +14,11 @@ struct PieceWriterTexts {
 };
 
 /// As much as is copied between two looks at whether to go on.
-constexpr qint64 stepOfTheKernel = 16 * 1024 * 1024;
-constexpr qint64 stepThroughMemory = 1024 * 1024;
+constexpr qint64 stepOfTheKernel = 8 * 1024 * 1024;
+/// Small enough for the caches of a processor.
+constexpr qint64 stepThroughMemory = 256 * 1024;
+/// As much as is written before the disk begins with it.
+constexpr qint64 stepOfTheDisk = 8 * 1024 * 1024;
 
 ZLError systemFailure(int error)
 {
@@ -70,8 +74,21 @@ ZLStatus ZLPieceWriter::writeBytes(const QByteArray& bytes)
             return systemFailure(errno);
         done += std::max<ssize_t>(count, 0);
     }
-    m_progress.advance(bytes.size());
+    noteWritten(bytes.size());
     return ZLDone {};
+}
+
+/// The disk works while the copy goes on, so that the sync at the end has little left to wait for. It is that sync
+/// which tells of a failure.
+void ZLPieceWriter::noteWritten(qint64 count)
+{
+    m_progress.advance(count);
+    m_written += count;
+    const qint64 waiting = m_written - m_onItsWay;
+    if (waiting < stepOfTheDisk)
+        return;
+    (void)sync_file_range(m_descriptor, m_onItsWay, waiting, SYNC_FILE_RANGE_WRITE);
+    m_onItsWay = m_written;
 }
 
 ZLStatus ZLPieceWriter::copyRange(qint64 offset, qint64 size)
@@ -94,7 +111,7 @@ ZLResult<qint64> ZLPieceWriter::copyStep(qint64 offset, qint64 size)
         const ssize_t count = copy_file_range(
             m_source.descriptor(), &from, m_descriptor, nullptr, size_t(std::min(size, stepOfTheKernel)), 0);
         if (count > 0) {
-            m_progress.advance(count);
+            noteWritten(count);
             return qint64(count);
         }
         if (count < 0 && !isRefusal(errno))

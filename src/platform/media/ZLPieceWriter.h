@@ -20,9 +20,13 @@ private:
     [[nodiscard]] ZLStatus copyRange(qint64 offset, qint64 size);
     [[nodiscard]] ZLResult<qint64> copyStep(qint64 offset, qint64 size);
     [[nodiscard]] ZLStatus checkCancelled() const;
+    void noteWritten(qint64 count);
 
     const ZLMediaSource& m_source;
     int m_descriptor;
     ZLWorkProgress& m_progress;
     Kernel m_kernel = Kernel::Copies;
+    qint64 m_written = 0;
+    /// How much of it was handed to the disk.
+    qint64 m_onItsWay = 0;
 };

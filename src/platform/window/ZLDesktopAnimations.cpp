@@ -24,7 +24,7 @@ const auto settingsInterface = "org.freedesktop.portal.Settings"_L1;
 struct AnimationSetting {
     QLatin1StringView group;
     QLatin1StringView key;
-    double refusal;
+    double refusal = 0.0;
 };
 
 constexpr std::array animationSettings {

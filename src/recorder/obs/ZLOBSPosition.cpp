@@ -48,6 +48,11 @@ void ZLOBSPosition::setEncoderDelay(double seconds, bool isOfThisRecording)
     m_isDelayOfThisRecording = isOfThisRecording;
 }
 
+double ZLOBSPosition::expectedEncoderDelay() const
+{
+    return m_encoderDelay.value_or(usualDelay);
+}
+
 void ZLOBSPosition::began(double starting, double started)
 {
     m_state = ZLRecorderState::Recording;
@@ -119,7 +124,7 @@ void ZLOBSPosition::take(const ZLOBSStatus& status)
         m_frames.take(status.asked, status.answered, double(status.frames));
     if (m_state == ZLRecorderState::Paused) {
         if (!m_framesBeside)
-            m_standsAt = status.duration + m_encoderDelay.value_or(usualDelay);
+            m_standsAt = status.duration + expectedEncoderDelay();
         return;
     }
     if (!m_frames.zero())
@@ -216,7 +221,7 @@ void ZLOBSPosition::settleJoinedSpan(double lag)
     const double longest = m_encoderDelay ? *m_encoderDelay + unevenDelay : longestDelay;
     const bool hasPauses = lag * m_frameSeconds > longest;
     m_isDelayGuessed = hasPauses && !m_encoderDelay;
-    const double delay = hasPauses ? m_encoderDelay.value_or(usualDelay) : lag * m_frameSeconds;
+    const double delay = hasPauses ? expectedEncoderDelay() : lag * m_frameSeconds;
     m_framesBeside = std::max(0.0, std::round(lag - delay / m_frameSeconds));
 }
 

@@ -40,6 +40,8 @@ public:
     /// Seconds from a frame's way into the encoder to its way out; nullopt until it was measured, which needs a
     /// recording that is seen from its start to its first pause. It is known for the recording before it, too.
     [[nodiscard]] std::optional<double> encoderDelay() const { return m_encoderDelay; }
+    /// The same; what is usual until it was measured.
+    [[nodiscard]] double expectedEncoderDelay() const;
     /// Whether it was measured in this recording.
     [[nodiscard]] bool isDelayOfThisRecording() const { return m_isDelayOfThisRecording; }
     /// Whether it is no more than a guess, for a recording that was joined after pauses.

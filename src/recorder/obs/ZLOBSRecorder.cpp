@@ -112,7 +112,7 @@ void ZLOBSRecorder::messageDidArrive(const ZLOBSMessage& message)
         if (type == "RecordStateChanged"_L1)
             recordStateDidChange(event.value("outputState"_L1).toString(), event.value("outputPath"_L1).toString());
         else if (type == "RecordFileChanged"_L1)
-            setFile(event.value("newOutputPath"_L1).toString());
+            setFile(event.value("newOutputPath"_L1).toString(), m_clock.now() - m_position.expectedEncoderDelay());
     }
 }
 
@@ -173,7 +173,7 @@ void ZLOBSRecorder::answerDidArrive(const QString& identifier, const QJsonObject
     } else if (identifier == fileAnswer) {
         const QString path = data.value("outputSettings"_L1).toObject().value("path"_L1).toString();
         if (m_position.state() != ZLRecorderState::Standing)
-            setFile(path);
+            setFile(path, m_clock.now());
     } else if (identifier == otherAnswer) {
         const QJsonObject status = answer.value("requestStatus"_L1).toObject();
         if (!status.value("result"_L1).toBool())
@@ -191,7 +191,7 @@ void ZLOBSRecorder::recordStateDidChange(const QString& state, const QString& pa
     if (state == "OBS_WEBSOCKET_OUTPUT_STARTED"_L1) {
         m_position.began(std::max(m_starting, now - longestStart), now);
         m_file.clear();
-        setFile(path);
+        setFile(path, now);
     } else if (state == "OBS_WEBSOCKET_OUTPUT_PAUSED"_L1) {
         m_position.paused(now);
     } else if (state == "OBS_WEBSOCKET_OUTPUT_RESUMED"_L1) {
@@ -244,12 +244,12 @@ void ZLOBSRecorder::report()
         Q_EMIT didReport(*known);
 }
 
-void ZLOBSRecorder::setFile(const QString& path)
+void ZLOBSRecorder::setFile(const QString& path, double begin)
 {
     if (path.isEmpty() || path.size() > longestPath || path == m_file)
         return;
     m_file = path;
-    Q_EMIT fileDidChange(path);
+    Q_EMIT fileDidChange(path, begin);
 }
 
 void ZLOBSRecorder::request(const QString& type, const QString& identifier, const QJsonObject& data)

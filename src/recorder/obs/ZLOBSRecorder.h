@@ -45,7 +45,7 @@ private:
     void keepDelayNote();
     void askForFile();
     void report();
-    void setFile(const QString& path);
+    void setFile(const QString& path, double begin);
     void request(const QString& type, const QString& identifier, const QJsonObject& data = {});
     [[nodiscard]] std::optional<double> zeroOfFramesSince1970() const;
 

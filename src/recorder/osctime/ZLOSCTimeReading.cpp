@@ -61,7 +61,7 @@ void ZLOSCTimeReading::noteTime(double time, double hostTime)
 void ZLOSCTimeReading::noteRecord(bool isRecording, double hostTime)
 {
     const bool wasKnown = m_record.has_value();
-    if (isRecording && m_record != true && !(m_origin && !wasKnown)) {
+    if (isRecording && m_record != true && (!m_origin || wasKnown)) {
         m_recordedAt = hostTime;
         m_origin.reset();
     } else if (!isRecording) {

@@ -977,6 +977,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>State</source>
         <translation>Stand</translation>
     </message>
+    <message>
+        <source>Audio files</source>
+        <translation>Audiodateien</translation>
+    </message>
 </context>
 <context>
     <name>ZLDeliveryFindings</name>
@@ -1025,10 +1029,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>Write Chapters into Audio File</source>
         <translation>Kapitel in Audiodatei schreiben</translation>
-    </message>
-    <message>
-        <source>Audio files</source>
-        <translation>Audiodateien</translation>
     </message>
     <message>
         <source>Shift in seconds</source>
@@ -1501,6 +1501,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Dismiss</source>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>Write</source>
+        <translation>Schreiben</translation>
+    </message>
 </context>
 <context>
     <name>ZLExportDisplay</name>
@@ -1795,6 +1799,13 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     </message>
 </context>
 <context>
+    <name>ZLFileOpening</name>
+    <message>
+        <source>Opening “%1”…</source>
+        <translation>„%1“ wird geöffnet …</translation>
+    </message>
+</context>
+<context>
     <name>ZLFileWords</name>
     <message>
         <source>Did you mean %1?</source>
@@ -2013,6 +2024,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>not found</source>
         <translation>nicht gefunden</translation>
+    </message>
+    <message>
+        <source>At %1 the file also has %2 to %3 of the show.</source>
+        <translation>Bei %1 hat die Datei außerdem %2 bis %3 der Sendung.</translation>
     </message>
 </context>
 <context>
@@ -4813,6 +4828,10 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>The file ends before that.</source>
         <translation>Die Datei endet vorher.</translation>
+    </message>
+    <message>
+        <source>It claims to have %1 samples a second and %2 channels, which no sound has.</source>
+        <translation>Sie gibt %1 Abtastwerte in der Sekunde und %2 Kanäle an, die es bei keinem Ton gibt.</translation>
     </message>
 </context>
 <context>

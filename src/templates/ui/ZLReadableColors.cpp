@@ -10,6 +10,12 @@ namespace {
 constexpr float shareOfTint = 0.16F;
 constexpr float shareOfWeakSelection = 0.28F;
 constexpr float stepTowardsReadable = 0.04F;
+/// By so much may a style on a dark desktop paint the ground of a button lighter, and a tick darker, than the palette
+/// says.
+/// @{
+constexpr int percentOfShadedButton = 155;
+constexpr int percentOfShadedTick = 130;
+/// @}
 
 double linearComponent(double component)
 {
@@ -40,6 +46,11 @@ QColor movedTowards(const QColor& pole, const QColor& color, const QList<QColor>
     return moved;
 }
 
+bool isDark(const QColor& ground)
+{
+    return ZLReadableColors::contrast(ground, Qt::white) > ZLReadableColors::contrast(ground, Qt::black);
+}
+
 void improveGroup(QPalette& palette, QPalette::ColorGroup group)
 {
     using namespace ZLReadableColors;
@@ -57,6 +68,15 @@ void improveGroup(QPalette& palette, QPalette::ColorGroup group)
     improve(QPalette::Link, { base, window });
     improve(QPalette::LinkVisited, { base, window });
     improve(QPalette::ToolTipText, { palette.color(group, QPalette::ToolTipBase) });
+    if (group != QPalette::Disabled)
+        return;
+    const bool hasDarkWindow = isDark(window);
+    // The less light a button's ground, the less light is a text that can be read on it, and looks disabled.
+    const QColor button = hasDarkWindow ? window.darker(percentOfShadedButton) : window;
+    palette.setColor(group, QPalette::Button, button);
+    improve(QPalette::WindowText, { window });
+    improve(QPalette::Text, { base, hasDarkWindow ? window.lighter(percentOfShadedTick) : window });
+    improve(QPalette::ButtonText, { window, button });
 }
 
 }
@@ -102,7 +122,7 @@ QColor ZLReadableColors::weakSelection(const QPalette& palette)
 QPalette ZLReadableColors::improved(const QPalette& palette)
 {
     QPalette better = palette;
-    for (const QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive })
+    for (const QPalette::ColorGroup group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled })
         improveGroup(better, group);
     return better;
 }

@@ -27,7 +27,8 @@ inline constexpr double LeastForSigns = 3.0;
 /// The selection of a list that has not the keyboard. Plain text can be read on it.
 [[nodiscard]] QColor weakSelection(const QPalette& palette);
 
-/// The palette of the desktop with what cannot be read in it made readable: selected text, hints in fields, links.
+/// The palette of the desktop with what cannot be read in it made readable: selected text, hints in fields, links, and
+/// the texts of what is disabled.
 [[nodiscard]] QPalette improved(const QPalette& palette);
 
 }

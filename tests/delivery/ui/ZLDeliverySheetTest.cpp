@@ -143,6 +143,18 @@ TEST_F(ZLDeliverySheetTest, EachFileHasItsLineAndTheSelectedOneIsCompared)
     EXPECT_FALSE(button(u"importItsChapters"_s)->isEnabled());
 }
 
+TEST_F(ZLDeliverySheetTest, ALongNameLeavesRoomForWhatBecameOfTheFile)
+{
+    choose({ makeFile(u"a.wav"_s) });
+    const auto* files = part<QTreeView>(u"deliveryFiles"_s);
+    const int narrow = files->columnWidth(0);
+    EXPECT_EQ(files->viewport()->height() % files->visualRect(files->model()->index(0, 0)).height(), 0)
+        << "no row is cut in two";
+    choose({ makeFile(QString(100, u'm') + u".wav"_s) });
+    EXPECT_GT(files->columnWidth(0), narrow);
+    EXPECT_LT(files->visualRect(files->model()->index(0, 3)).left(), files->viewport()->width());
+}
+
 TEST_F(ZLDeliverySheetTest, TheKeyboardIsNotLostWhenAButtonGoesOutOfService)
 {
     choose({ makeFile(u"a.wav"_s) });

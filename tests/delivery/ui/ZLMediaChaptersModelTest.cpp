@@ -18,6 +18,13 @@ TEST(ZLMediaChaptersModelTest, ShowsTimesToTheMillisecondTitlesAndLinks)
     EXPECT_EQ(model.headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), u"Time"_s);
 }
 
+TEST(ZLMediaChaptersModelTest, ATitleOfSeveralLinesStandsOnOne)
+{
+    ZLMediaChaptersModel model;
+    model.setChapters({ { 0, 0, u"Two\nlines"_s } });
+    EXPECT_EQ(model.index(0, ZLMediaChaptersModel::TitleColumn).data().toString(), u"Two lines"_s);
+}
+
 TEST(ZLMediaChaptersModelTest, WhatIsTheSameIsNotShownAnew)
 {
     ZLMediaChaptersModel model;

@@ -210,10 +210,16 @@ class AudioSheetTest(SheetTest):
         lever.unlink()
         self.assertEqual((path.stat().st_ino, path.stat().st_mtime_ns), (status.st_ino, status.st_mtime_ns))
         self.assertEqual(os.listdir(disk), [path.name])
+        # The disk is back, and the sheet sees it by itself.
+        self.wait_for_state(0, f"Chapters now: 0, to come: {len(window.titles())}")
+        self.desktop.press("ctrl+shift+e", "Return")
+        self.wait_for_state(0, "Writing…")
+        self.desktop.press("Escape")
+        self.wait_for_state(0, "The writing was cancelled.")
 
-    def drop(self, path):
+    def drop(self, *paths):
         """On the chapters, with the mouse, from the window of another program."""
-        program = self.desktop.start(DRAG_SOURCE, path)
+        program = self.desktop.start(DRAG_SOURCE, *paths)
         self.addCleanup(program.wait, 60)
         self.addCleanup(program.terminate)
         source = wait_until(lambda: subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Drag Source"],
@@ -233,6 +239,23 @@ class AudioSheetTest(SheetTest):
         self.drop(self.audio)
         self.wait_for_state(0, "Chapters now: 0, to come: 3")
         self.assertEqual(self.files()[0][0], self.audio.name)
+
+    def test_two_hundred_files_are_dropped_and_written(self):
+        paths = [self.folder / f"{number:03}.mp3" for number in range(200)]
+        for path in paths:
+            shutil.copy(self.audio, path)
+        paths[100].write_text("no sound")
+        self.open()
+        self.drop(*paths)
+        self.wait_for_state(199, "Chapters now: 0, to come: 3")
+        self.assertIn("this is no audio file", self.files()[100][3])
+        # The window from which they came has the keyboard.
+        self.window.accessible.press(self.node("push button", "Write"))
+        self.wait_for_text("Chapters were written into 199 of 200 files.")
+        self.take("audio-sheet-many.png")
+        for path in paths[0], paths[99], paths[199]:
+            self.assert_written(path)
+        self.assertEqual(paths[100].read_text(), "no sound")
 
     def test_a_list_is_dropped_on_the_chapters(self):
         notes = self.folder / "notes.txt"

@@ -158,9 +158,15 @@ class FitTest(unittest.TestCase):
         numbers = self.folder / "numbers.wav"
         numbers.write_bytes(b"RIFF" + struct.pack("<I", 0xFFFFFFFF) + b"WAVEfmt " + struct.pack(
             "<IHHIIHH4sI", 16, 3, 1, 8000, 32000, 4, 32, b"data", 400000) + struct.pack("<f", math.nan) * 100000)
+        # At one sample a second, these last for more than a day; the second one is for ffmpeg alone.
+        slow = self.folder / "slow.wav"
+        slow.write_bytes(b"RIFF" + struct.pack("<I", 200036) + b"WAVEfmt " + struct.pack(
+            "<IHHIIHH4sI", 16, 1, 1, 1, 2, 2, 16, b"data", 200000) + b"\1\2" * 100000)
+        slow_too = self.folder / "slow.mka"
+        show_simulator.run("ffmpeg", "-v", "error", "-i", slow, "-c", "copy", slow_too)
         empty = self.folder / "empty.wav"
         empty.touch()
-        for sound in (hours, tone, claims, torn, numbers, empty):
+        for sound in (hours, tone, claims, torn, numbers, slow, slow_too, empty):
             for words in ((sound, heard), (heard, sound)):
                 with self.subTest(words=words):
                     _, err = self.zelta("fit", "--finished", words[0], "--heard", words[1], marks, status=1)

@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
 """Lists of other programs come in and go out in a real window, by the keyboard.
 
-With a folder as the second argument, pictures are put there; with "german" or "dark" as the third one, in German or dark.
+With a folder as the second argument, pictures are put there; with "dark" as the third one, in dark.
 """
 
-import os
 import subprocess
 import sys
 from pathlib import Path
@@ -121,14 +120,12 @@ class Lists:
         self.window.wait_for_message("notes.txt", "was changed by another program")
         self.picture("export-again")
         assert notes.read_text() == "edited by hand\n"
-        self.window.press("Write All")
+        self.window.press("Write")
         wait_until(lambda: left in notes.read_text(), "the notes after the answer")
         self.window.wait_for_no_message()
 
 
 def main():
-    if LOOK == "german":
-        os.environ["LANGUAGE"] = "de"
     with Desktop(dark=LOOK == "dark") as desktop:
         lists = Lists(desktop)
         lists.paste_a_list()

@@ -370,9 +370,55 @@ def widen_chunks(moov, distance):
     return rebuilt(moov, change)
 
 
+def mp4_long_headers(folder):
+    """Times of 64 bits in the headers, as other encoders write them."""
+    def change(kind, contents):
+        if kind in (b"mvhd", b"mdhd"):
+            *created, scale, length = struct.unpack(">4I", contents[4:20])
+            return kind, b"\1" + contents[1:4] + struct.pack(">QQIQ", *created, scale, length) + contents[20:]
+        if kind == b"tkhd":
+            *created, track, reserved, length = struct.unpack(">5I", contents[4:24])
+            return kind, b"\1" + contents[1:4] + struct.pack(">QQIIQ", *created, track, reserved, length) + contents[24:]
+        return kind, contents
+
+    content = aac(folder, "short.m4a").read_bytes()
+    moov = content.rindex(b"moov") - 4
+    path = folder / "headers.m4a"
+    path.write_bytes(content[:moov] + rebuilt(content[moov:], change))
+    return path
+
+
+def mp4_unknown_atoms(folder):
+    """Behind the description, the last one empty."""
+    path = aac(folder, "unknown.m4a")
+    path.write_bytes(path.read_bytes() + struct.pack(">I", 24) + b"uuid" + bytes(range(16)) + struct.pack(">I", 8) + b"skip")
+    return path
+
+
+def mp4_quicktime(folder):
+    return aac(folder, "quicktime.mov", "-f", "mov", "-metadata", "title=Show")
+
+
+def mp4_lossless_with_video(folder):
+    path = folder / "video.m4a"
+    run("ffmpeg", "-v", "error", "-y", "-f", "lavfi", "-i", f"testsrc=d={SECONDS}:s=64x48:r=10", "-i", sound(folder), "-c:a", "alac",
+        "-c:v", "mpeg4", "-f", "mov", path)
+    return path
+
+
+def mp4_open_end(folder):
+    """The sound comes last and goes on to the end of the file, whatever its size."""
+    path = aac(folder, "open.m4a", "-movflags", "+faststart")
+    content = bytearray(path.read_bytes())
+    begin = content.rindex(b"mdat") - 4
+    content[begin:begin + 4] = bytes(4)
+    path.write_bytes(content)
+    return path
+
+
 def mp4_fragmented(folder):
     return aac(folder, "fragments.m4a", "-movflags", "frag_keyframe+empty_moov", "-f", "mp4")
 
 
 MP4_FILES = [mp4_plain, mp4_description_first, mp4_description_first_with_room, mp4_book, mp4_with_picture,
-             mp4_with_chapters, mp4_large_offsets]
+             mp4_with_chapters, mp4_large_offsets, mp4_long_headers, mp4_unknown_atoms, mp4_quicktime, mp4_lossless_with_video]

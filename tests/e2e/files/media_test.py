@@ -258,6 +258,13 @@ class MP4Test(MediaTestCase):
         self.assertIn("fragmented", answer.stderr)
         self.assertEqual(path.read_bytes(), content)
 
+    def test_a_file_whose_sound_has_no_size_is_refused_and_stays(self):
+        path = files.mp4_open_end(self.folder)
+        content = path.read_bytes()
+        answer = self.run_zelta("write", self.document(CHAPTERS), path, expected=1)
+        self.assertIn("where the last part of this file ends", answer.stderr)
+        self.assertEqual(path.read_bytes(), content)
+
     def test_the_description_stays_in_front_where_it_fits(self):
         path = files.mp4_description_first_with_room(self.folder)
         self.write(CHAPTERS, path)
@@ -285,6 +292,30 @@ class CommandTest(MediaTestCase):
         self.assertEqual(answer.stdout, "2 of 2 chapters are in out.opus\n")
         self.assertEqual(path.read_bytes(), content)
         self.assert_read("mutagen", readers.by_mutagen_comments(target), [(0, "Later", ""), (17501, "Enough", "")])
+
+    def test_a_name_with_line_breaks_is_told_on_one_line(self):
+        path = files.flac_flac(self.folder).rename(self.folder / "two\nlines\x1b[31m.flac")
+        self.assertEqual(self.run_zelta("write", self.document(FEWER), path).stdout, "2 of 2 chapters are in two lines [31m.flac\n")
+        self.assert_read("mutagen", readers.by_mutagen_comments(path), rows(FEWER))
+
+    def test_a_name_that_is_no_utf8_is_told(self):
+        path = os.fsencode(self.folder) + b"/\xff.flac"
+        os.rename(files.flac_flac(self.folder), path)
+        answer = subprocess.run([PROGRAM, "write", self.document(FEWER), path], capture_output=True, check=False, timeout=60,
+                                env={**os.environ, "LC_ALL": "C.UTF-8", "LANGUAGE": ""})
+        self.assertEqual((answer.returncode, answer.stdout), (1, b""))
+        self.assertIn(b"The name is not UTF-8 text", answer.stderr)
+
+    def test_a_file_by_several_names_gets_its_chapters_under_each(self):
+        path = files.flac_flac(self.folder)
+        hard, soft = self.folder / "hard.flac", self.folder / "soft.flac"
+        hard.hardlink_to(path)
+        soft.symlink_to(path)
+        answer = self.run_zelta("write", self.document(FEWER), path, hard, soft, path)
+        self.assertEqual(len(answer.stdout.splitlines()), 4)
+        self.assertTrue(soft.is_symlink())
+        for each in path, hard, soft:
+            self.assert_read("mutagen", readers.by_mutagen_comments(each), rows(FEWER))
 
     def test_wrong_usage(self):
         document = self.document(FEWER)

@@ -19,10 +19,10 @@ class HeadlessProgram:
     EDITS_A_PRESS = 0.03
     CAN_UNDO = False
 
-    def __init__(self, program, home):
+    def __init__(self, program, home, runtime):
         self.program = program
-        self.environment = {**os.environ, **{name: str(home) for name in (
-            "HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR")}, "TZ": "UTC", "LC_ALL": "C.UTF-8"}
+        self.environment = {**os.environ, **{name: str(home) for name in ("HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME")},
+                            "XDG_RUNTIME_DIR": str(runtime), "TZ": "UTC", "LC_ALL": "C.UTF-8"}
         self.reader = None
 
     def start(self, file, surface):

@@ -15,6 +15,7 @@ import threading
 import time
 from pathlib import Path
 
+import session_memory
 from crash_programs import HeadlessProgram, WindowProgram
 from desktop import Desktop, wait_until
 from show import Clock, Hands, Show, State, name_of
@@ -41,6 +42,12 @@ def titles_of(chapters):
 
 def differences(titles, others):
     return [(place, title) for place, title in enumerate(titles) if title not in others]
+
+
+def places_in_another_order(titles, others):
+    """Those that both have, where they stand in one list and in the other one."""
+    common, as_sent = ([title for title in one if title in two] for one, two in ((titles, others), (others, titles)))
+    return [pair for pair in zip(common, as_sent) if pair[0] != pair[1]][:4]
 
 
 class Rounds:
@@ -152,7 +159,8 @@ class Rounds:
                 f"the clock was {'' if self.was_recording else 'not '}said to have been running, acknowledged was "
                 f"{first.is_recording}, sent {last.is_recording}; chapters that were acknowledged and are not there: "
                 f"{differences(first.titles, recovered)}, chapters that are there and were not sent: "
-                f"{differences(recovered, last.titles)}")
+                f"{differences(recovered, last.titles)}; first places in another order than sent: "
+                f"{places_in_another_order(recovered, last.titles)}")
         return indices
 
     def check_stamps(self, chapters):
@@ -183,8 +191,8 @@ class Rounds:
 
 
 def run_headless(rounds, chance):
-    with tempfile.TemporaryDirectory(prefix="zelta-crash-") as folder:
-        run = Rounds(HeadlessProgram([PROGRAM], folder), Path(folder), chance)
+    with tempfile.TemporaryDirectory(prefix="zelta-crash-") as folder, session_memory.runtime_folder(folder) as runtime:
+        run = Rounds(HeadlessProgram([PROGRAM], folder, runtime), Path(folder), chance)
         run.run(rounds)
     report("without a window", rounds, run)
 

@@ -8,9 +8,11 @@ import subprocess
 import sys
 import time
 import unittest
+from pathlib import Path
 
 LIBRARY = sys.argv.pop(2)
 
+import session_memory
 from desktop import wait_until
 from osc_recorder import PROGRAM, OSCTestCase, Recorder
 from surface import Surface, document_with_templates
@@ -33,16 +35,16 @@ class HangingDiskTest(OSCTestCase):
         self.recovery = self.home / "zelta" / "recovery"
         self.switch = self.home / "hang"
 
-    def start(self, hanging_folder):
+    def start(self, hanging_folder, **environment):
         recorder = Recorder(self.home, "--osc-port", "0", "--osc-send", f"127.0.0.1:{self.surface.port}", self.file,
                             LD_PRELOAD=LIBRARY, ZELTA_TEST_HANG_PATH=str(hanging_folder),
-                            ZELTA_TEST_HANG_SWITCH=str(self.switch))
+                            ZELTA_TEST_HANG_SWITCH=str(self.switch), **environment)
         self.addCleanup(recorder.reader.stop)
         return recorder
 
-    def mark_during_a_hang(self, hanging_folder):
+    def mark_during_a_hang(self, hanging_folder, **environment):
         """Half of the marks before it and half of them while it hangs, each acknowledged."""
-        recorder = self.start(hanging_folder)
+        recorder = self.start(hanging_folder, **environment)
         self.surface.send(recorder.port, "toggleRecording")
         self.surface.wait_for(lambda told: told.is_recording, "the clock to run")
         for number, title in enumerate(self.titles):
@@ -105,6 +107,21 @@ class HangingDiskTest(OSCTestCase):
         self.wait_until_told(recorder, "paused at")
         self.assertEqual(self.end(recorder), 0)
         self.assert_marks(self.titles_in_file())
+
+    def test_a_disk_that_hangs_with_everything_on_it(self):
+        """The session's memory has the marks."""
+        if not session_memory.is_there():
+            self.skipTest("there is no file system in memory")
+        with session_memory.runtime_folder(self.home) as runtime:
+            recorder = self.mark_during_a_hang(self.home, XDG_RUNTIME_DIR=runtime)
+            self.kill(recorder)
+            self.assertNotIn(self.titles[-1], self.titles_in_file(), "the disk did not hang")
+            recorder = self.start(self.home, XDG_RUNTIME_DIR=runtime)
+            recorder.write("keep")
+            self.wait_until_told(recorder, "paused at")
+            self.assertEqual(self.end(recorder), 0)
+            self.assert_marks(self.titles_in_file())
+            self.assertEqual([file.name for file in Path(runtime).iterdir() if file.suffix == ".journal"], [])
 
     def test_a_file_that_answers_again(self):
         recorder = self.mark_during_a_hang(self.show)

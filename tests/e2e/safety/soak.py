@@ -13,6 +13,7 @@ import tempfile
 import time
 from pathlib import Path
 
+import session_memory
 from crash_programs import HeadlessProgram, WindowProgram
 from desktop import Desktop
 from surface import Surface, document_with_templates
@@ -108,8 +109,8 @@ class Soak:
 def main():
     assert Path(FAKE_CLOCK).exists(), "the package faketime is not installed"
     program = ["env", f"LD_PRELOAD={FAKE_CLOCK}", f"FAKETIME=+0 x{SPEED:g}", PROGRAM]
-    with tempfile.TemporaryDirectory(prefix="zelta-soak-") as home:
-        Soak(HeadlessProgram(program, home), Path(home)).judge("without a window")
+    with tempfile.TemporaryDirectory(prefix="zelta-soak-") as home, session_memory.runtime_folder(home) as runtime:
+        Soak(HeadlessProgram(program, home, runtime), Path(home)).judge("without a window")
     with Desktop() as desktop:
         Soak(WindowProgram(program, desktop), desktop.home).judge("in a window")
 

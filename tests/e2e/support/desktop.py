@@ -12,6 +12,8 @@ import tempfile
 import time
 from pathlib import Path
 
+import session_memory
+
 BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
@@ -27,6 +29,16 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 """
 
 
+# A dark colour scheme, as the settings of a desktop write it: grounds and texts.
+DARK_COLOURS = {
+    "Window": ("49,54,59", "239,240,241"),
+    "View": ("35,38,41", "239,240,241"),
+    "Button": ("64,69,74", "239,240,241"),
+    "Selection": ("61,174,233", "252,252,252"),
+    "Tooltip": ("49,54,59", "239,240,241"),
+}
+
+
 def wait_until(condition, what, seconds=60.0):
     """Asks again and again until the condition gives something true, and returns that."""
     deadline = time.monotonic() + seconds
@@ -40,13 +52,14 @@ def wait_until(condition, what, seconds=60.0):
 
 
 class Desktop:
-    """Use as a context manager. `size` is the screen's, in pixels."""
+    """Use as a context manager. `size` is the screen's, in pixels; a `dark` one has a dark colour scheme."""
 
     def __init__(self, size="1280x800", scale=1, dark=False):
         self.size = size
         self.scale = scale
         self.dark = dark
         self.home = Path(tempfile.mkdtemp(prefix="zelta-e2e-"))
+        self.runtime = session_memory.runtime_folder(self.home)
         self.processes = []
 
     def __enter__(self):
@@ -67,6 +80,7 @@ class Desktop:
             except subprocess.TimeoutExpired:
                 process.kill()
                 process.wait()
+        self.runtime.cleanup()
         shutil.rmtree(self.home, ignore_errors=True)
 
     def start(self, *command, **options):
@@ -75,11 +89,10 @@ class Desktop:
         return process
 
     def _start(self):
-        runtime = self.home / "runtime"
-        runtime.mkdir(mode=0o700)
+        runtime = self.runtime.name
         os.environ.update(
             HOME=str(self.home),
-            XDG_RUNTIME_DIR=str(runtime),
+            XDG_RUNTIME_DIR=runtime,
             XDG_CONFIG_HOME=str(self.home / "config"),
             XDG_STATE_HOME=str(self.home / "state"),
             XDG_DATA_HOME=str(self.home / "data"),
@@ -93,11 +106,22 @@ class Desktop:
             # Nothing shall be announced on the network.
             DBUS_SYSTEM_BUS_ADDRESS=f"unix:path={runtime}/no-system-bus",
         )
-        for name in ("LANGUAGE", "WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
+        for name in ("LANGUAGE", "WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER", "XDG_CURRENT_DESKTOP",
+                     "KDE_FULL_SESSION", "KDE_SESSION_VERSION"):
             os.environ.pop(name, None)
+        if self.dark:
+            self._choose_dark_colours()
         self._start_display()
         self._start_buses()
         self._start_window_manager()
+
+    def _choose_dark_colours(self):
+        settings = self.home / "config" / "kdeglobals"
+        settings.parent.mkdir(exist_ok=True)
+        settings.write_text("[General]\nwidgetStyle=Fusion\n[KDE]\nwidgetStyle=Fusion\n" + "".join(
+            f"[Colors:{part}]\nBackgroundNormal={ground}\nForegroundNormal={text}\nBackgroundAlternate={ground}\n"
+            "ForegroundInactive=161,169,177\n" for part, (ground, text) in DARK_COLOURS.items()))
+        os.environ.update(XDG_CURRENT_DESKTOP="KDE", KDE_FULL_SESSION="true", KDE_SESSION_VERSION="5")
 
     def _start_display(self):
         reader, writer = os.pipe()

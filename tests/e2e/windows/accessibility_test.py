@@ -114,6 +114,37 @@ class AccessibilityTest(DesktopTest):
         self.assertEqual([self.way_to(item) for item in items if not item.name], [])
         self.assertGreaterEqual(len(items), 45)
 
+    def test_each_window_has_its_menus_also_when_another_one_has_closed(self):
+        self.press_item("New")
+        second = wait_until(lambda: next((frame for frame in self.document_frames() if frame != self.frame), None),
+                            "the second window")
+        items = self.items_of_menu_bar(second)
+        self.assertEqual(items, self.items_of_menu_bar(self.frame))
+        self.press_item("Close")
+        wait_until(lambda: self.document_frames() == [second], "the first window to be gone")
+        self.assertEqual(self.items_of_menu_bar(second), items)
+        self.accessible.press(self.accessible.find(second, "menu item", "JSON…"))
+        self.window_titled("Export to JSON")
+
+    def document_frames(self):
+        return [frame for frame in self.accessible.find_all(self.application, "frame")
+                if frame.parent == self.application and self.accessible.find_all(frame, "menu bar")]
+
+    def items_of_menu_bar(self, frame):
+        """The way to each item, as it is found from the window down and from the item up. The documents that are open stand
+        in the menu Window when it was shown, so they do not count."""
+        items = [node for node in self.everything(self.accessible.find(frame, "menu bar"))
+                 if self.accessible.role_of(node).endswith("menu item")]
+        for item in items:
+            self.assertEqual(self.frame_above(item), frame, self.way_to(item))
+        ways = [self.way_to(item).removesuffix(self.way_to(frame)) for item in items]
+        return [way for way in ways if "in menu item 'Window' in" not in way]
+
+    def frame_above(self, node):
+        while node is not None and self.accessible.role_of(node) != "frame":
+            node = node.parent
+        return node
+
     def test_the_panes_of_the_preferences(self):
         self.press_item("Preferences…")
         window = self.window_titled("General")

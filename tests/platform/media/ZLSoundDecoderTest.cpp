@@ -1,11 +1,13 @@
 #include "platform/media/decoding/ZLSoundDecoder.h"
 
+#include <QDataStream>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <vector>
 
@@ -31,6 +33,23 @@ protected:
             m_samples.insert(m_samples.end(), samples.begin(), samples.end());
             return true;
         });
+    }
+    /// 50,000 samples, of which the header says that so many are a second, in so many channels.
+    void makeClaiming(const QString& name, quint32 samplesPerSecond, quint16 channels) const
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        QDataStream stream(&file);
+        stream.setByteOrder(QDataStream::LittleEndian);
+        constexpr quint32 bytes = 100000;
+        file.write("RIFF");
+        stream << bytes + 36;
+        file.write("WAVEfmt ");
+        stream << quint32(16) << quint16(1) << channels << samplesPerSecond << samplesPerSecond * channels * 2U
+               << quint16(channels * 2U) << quint16(16);
+        file.write("data");
+        stream << bytes;
+        file.write(QByteArray(bytes, '\x10'));
     }
     /// Seconds until it is loud.
     [[nodiscard]] double beginOfTone() const
@@ -102,4 +121,33 @@ TEST_F(ZLSoundDecoderTest, WhatIsNoSoundIsRefusedInALineThatNamesIt)
         EXPECT_TRUE(status.error().message.startsWith(path(name))) << qPrintable(status.error().message);
         EXPECT_FALSE(status.error().message.contains(u'\n'));
     }
+}
+
+TEST_F(ZLSoundDecoderTest, ASoundThatNobodyCanHearIsRefusedInALineThatSaysWhy)
+{
+    const QList<std::tuple<QString, quint32, quint16>> claims { { u"slow.wav"_s, 1, 1 },
+        { u"fast.wav"_s, 2000000000, 1 }, { u"wide.wav"_s, 8000, 1000 } };
+    for (const auto& [name, rate, channels] : claims) {
+        makeClaiming(name, rate, channels);
+        const ZLStatus status = decode(name);
+        ASSERT_FALSE(status) << qPrintable(name);
+        EXPECT_TRUE(status.error().message.contains(
+            u"It claims to have %1 samples a second and %2 channels"_s.arg(rate).arg(channels)))
+            << qPrintable(status.error().message);
+        EXPECT_TRUE(m_samples.empty());
+    }
+}
+
+TEST_F(ZLSoundDecoderTest, TheProgramBesideItTakesNoMoreMemoryThanItMay)
+{
+    makeClaiming(u"slow.wav"_s, 1, 1);
+    ASSERT_EQ(QProcess::execute(u"ffmpeg"_s,
+                  { u"-v"_s, u"error"_s, u"-i"_s, path(u"slow.wav"_s), u"-c"_s, u"copy"_s, path(u"slow.mka"_s) }),
+        0);
+    const ZLStatus status = decode(u"slow.mka"_s);
+    ASSERT_FALSE(status);
+    EXPECT_TRUE(status.error().message.startsWith(path(u"slow.mka"_s)));
+    rusage usage {};
+    ASSERT_EQ(getrusage(RUSAGE_CHILDREN, &usage), 0);
+    EXPECT_LT(usage.ru_maxrss, 250 * 1024);
 }

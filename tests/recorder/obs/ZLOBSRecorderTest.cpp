@@ -51,8 +51,11 @@ protected:
                 connections.append(connection);
                 reasons.append(reason);
             });
-        QObject::connect(recorder.get(), &ZLRecorder::fileDidChange, recorder.get(),
-            [this](const QString& path) { files.append(path); });
+        QObject::connect(
+            recorder.get(), &ZLRecorder::fileDidChange, recorder.get(), [this](const QString& path, double begin) {
+                files.append(path);
+                heldBack.append(clock.now() - begin);
+            });
         recorder->open();
     }
     void followStandIn(const QString& password = {})
@@ -95,6 +98,8 @@ protected:
     QList<ZLRecorderConnection> connections;
     QStringList reasons;
     QStringList files;
+    /// By how long each file's beginning was before it was told, in seconds.
+    QList<double> heldBack;
 };
 
 const QString refusedPassword =
@@ -117,6 +122,8 @@ TEST_F(ZLOBSRecorderTest, FollowsARecordingWithAPauseAndItsFiles)
     obs.splitTo(u"/show/2.mkv"_s);
     ASSERT_TRUE(waitFor([this] { return files.size() == 2; }, obsPatience));
     EXPECT_NEAR(error(), 0.0, 0.01);
+    // What is written into the second file went into the encoder before.
+    EXPECT_GE(heldBack.last(), 0.3);
     obs.stopRecording();
     ASSERT_TRUE(comesTo(ZLRecorderState::Standing));
     EXPECT_THAT(files, ElementsAre(u"/show/1.mkv"_s, u"/show/2.mkv"_s));

@@ -17,6 +17,7 @@ constexpr QRgb missingRed = 0xffc01c28;
 /// For screens of any density.
 constexpr qreal sharpness = 3.0;
 constexpr qreal lampSize = 9.0;
+constexpr qreal firstBar = 15.5;
 constexpr qreal barWidth = 2.5;
 constexpr qreal barStep = 4.0;
 
@@ -51,7 +52,8 @@ void drawBars(QPainter& painter, int litCount, const QColor& lit, const QColor& 
     for (int bar = 0; bar < ZLListeningLamp::BarCount; ++bar) {
         const qreal height = 3.0 + 1.5 * bar;
         painter.setBrush(bar < litCount ? lit : unlit);
-        painter.drawRect(QRectF(13.0 + barStep * bar, ZLListeningLamp::Size.height() - 1.5 - height, barWidth, height));
+        painter.drawRect(
+            QRectF(firstBar + barStep * bar, ZLListeningLamp::Size.height() - 1.5 - height, barWidth, height));
     }
 }
 

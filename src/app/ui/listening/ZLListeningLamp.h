@@ -10,7 +10,7 @@ class QPalette;
 /// The sign that says whether listening along hears anything, and how loud: a lamp and a row of bars.
 namespace ZLListeningLamp {
 
-inline constexpr QSize Size { 36, 14 };
+inline constexpr QSize Size { 41, 14 };
 inline constexpr int BarCount = 6;
 
 /// How many of the bars are lit at this level, from 0 to 1. Any sound at all lights one.

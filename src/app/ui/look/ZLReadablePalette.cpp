@@ -11,7 +11,7 @@ namespace {
 QPalette differences(const QPalette& palette, const QPalette& original)
 {
     QPalette result;
-    for (const auto group : { QPalette::Active, QPalette::Inactive }) {
+    for (const auto group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled }) {
         for (int role = 0; role < QPalette::NColorRoles; ++role) {
             const auto which = QPalette::ColorRole(role);
             if (palette.color(group, which) != original.color(group, which))

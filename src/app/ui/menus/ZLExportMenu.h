@@ -1,50 +1,20 @@
 #pragma once
 
-#include "app/ZLDocumentController.h"
-#include "app/ZLExportMemory.h"
-#include "export/ZLExportFolders.h"
-
 #include <QMenu>
 
-#include <memory>
+class ZLExports;
 
-class ZLExportFlow;
-
-/// A menu of exports, made once: one item an exporter, in its order, the item's tag being its position. All windows
-/// share it.
+/// A window's menu of exports: one item an exporter, in its order, the item's tag being its position. Each window has
+/// its own, for a menu that stands in several windows is lost to screen readers when the first of them closes.
 class ZLExportMenu : public QMenu {
     Q_OBJECT
 
 public:
-    /// The exporters of the registry. `controller` and `memory` have to outlive the menu.
-    ZLExportMenu(ZLDocumentController& controller, const ZLExportMemory& memory);
+    /// The exporters of the registry. `exports` carries them out and has to outlive the menu.
+    ZLExportMenu(ZLExports& exports, QWidget* parent);
     /// The further formats.
-    [[nodiscard]] static std::unique_ptr<ZLExportMenu> ofFurtherFormats(
-        ZLDocumentController& controller, const ZLExportMemory& memory);
-    /// Ends the exports whose dialogs stand.
-    ~ZLExportMenu() override;
-
-    /// Whether a dialog or an alert of an export stands, which may outlive the window that it was asked for in.
-    [[nodiscard]] bool isExporting() const;
-
-Q_SIGNALS:
-    /// `document` is null when there was none, or when it was closed meanwhile.
-    void exportDidFinish(ZLChapterDocument* document, const QString& format, const QString& path);
-    void exportDidInsertNothing(
-        ZLChapterDocument* document, const QString& format, const QString& path, const QString& reason);
-    void exportDidFail(ZLChapterDocument* document, const QString& format, const QString& message);
-    /// Comes last, also after an export that was cancelled.
-    void exportDidEnd();
+    [[nodiscard]] static ZLExportMenu* ofFurtherFormats(ZLExports& exports, QWidget* parent);
 
 private:
-    ZLExportMenu(ZLDocumentController& controller, const ZLExportMemory& memory, const QString& title,
-        QList<ZLExporterClass> exporterClasses);
-    void exportItemClicked(qsizetype tag);
-    void rememberTarget(
-        const ZLExportFlow& flow, const QString& name, const QString& format, const QString& path) const;
-
-    ZLDocumentController& m_controller;
-    const ZLExportMemory& m_memory;
-    const QList<ZLExporterClass> m_exporterClasses;
-    const ZLExportFolders m_folders { ZLStateFolder::path() };
+    ZLExportMenu(ZLExports& exports, const QString& title, QWidget* parent);
 };

@@ -71,7 +71,7 @@ void ZLWindowMenu::requestNeighbour(qsizetype step)
         Q_EMIT windowRequested(documents.at((present + step + documents.size()) % documents.size()));
 }
 
-QString ZLWindowMenu::titleOf(const ZLChapterDocument& document, qsizetype number) const
+QString ZLWindowMenu::titleOf(const ZLChapterDocument& document, qsizetype number)
 {
     QString title = document.displayName();
     title.replace(u'&', "&&"_L1);

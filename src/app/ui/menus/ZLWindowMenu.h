@@ -26,7 +26,7 @@ private:
     /// The documents may have been opened, closed, renamed or started since the menu was last seen.
     void listDocuments();
     void requestNeighbour(qsizetype step);
-    [[nodiscard]] QString titleOf(const ZLChapterDocument& document, qsizetype number) const;
+    [[nodiscard]] static QString titleOf(const ZLChapterDocument& document, qsizetype number);
 
     ZLDocumentController& m_controller;
     ZLChapterDocumentWindow& m_window;

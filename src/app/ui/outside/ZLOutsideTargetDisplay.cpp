@@ -77,7 +77,7 @@ QString ZLOutsideTargetDisplay::reason() const
     const QString who = tr("OSC, zelta send and global shortcuts act on this document.");
     if (m_application.outsideCommands().pinnedDocument())
         return who + u' ' + tr("They stay with it until it is closed. Click to let them follow the window in front.");
-    ZLDocumentController& controller = m_application.documentController();
+    const ZLDocumentController& controller = m_application.documentController();
     const ZLChapterDocument* behind = controller.firstDocument();
     if (behind && behind != controller.currentOrLastDocument())
         return who + u' '

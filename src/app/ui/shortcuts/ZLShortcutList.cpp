@@ -42,7 +42,7 @@ QString systemKeysOf(const ZLRemoteAction& action, const ZLKeyboardLayout& layou
     const auto stored = ZLSettingsManager::keyComboForKey(action.settingsKey);
     if (!stored)
         return translated(QT_TRANSLATE_NOOP("ZLShortcutList", "none"));
-    const QString keys = layout.textForKeyCombo(ZLKeyCombo::fromShortcutDictionary(*stored));
+    QString keys = layout.textForKeyCombo(ZLKeyCombo::fromShortcutDictionary(*stored));
     if (hotKey && hotKey->state == ZLHotKey::State::Refused)
         return translated(QT_TRANSLATE_NOOP("ZLShortcutList", "%1 (refused)")).arg(keys);
     return keys;

@@ -1,6 +1,7 @@
 #include "app/ui/windows/ZLDocumentWindows.h"
 
 #include "app/ui/menus/ZLCopyAsMenu.h"
+#include "app/ui/menus/ZLExportMenu.h"
 #include "app/ui/menus/ZLFileMenu.h"
 #include "app/ui/menus/ZLHelpMenu.h"
 #include "app/ui/menus/ZLWindowMenu.h"
@@ -19,6 +20,7 @@
 #include "document/ui/ZLStatusLine.h"
 #include "document/ui/menus/ZLEditMenu.h"
 #include "document/ui/menus/ZLViewMenu.h"
+#include "export/lists/ZLListExporter.h"
 #include "platform/window/ZLWindowInFront.h"
 #include "platform/window/ZLWindowPlace.h"
 
@@ -45,17 +47,17 @@ ZLDocumentWindows::ZLDocumentWindows(ZLDocumentController& controller, ZLSoundEx
     : m_controller(controller)
     , m_soundMaker(std::move(soundMaker))
     , m_exportMemory(controller)
-    , m_exportMenu(controller, m_exportMemory)
-    , m_exportDisplay(m_exportMenu, *this)
-    , m_exportOtherMenu(ZLExportMenu::ofFurtherFormats(controller, m_exportMemory))
-    , m_exportOtherDisplay(*m_exportOtherMenu, *this)
+    , m_exports(controller, m_exportMemory, ZLExporter::allExporters())
+    , m_exportDisplay(m_exports, *this)
+    , m_furtherExports(controller, m_exportMemory, ZLListExporter::allForms())
+    , m_furtherExportDisplay(m_furtherExports, *this)
 {
     connect(&controller, &ZLDocumentController::didOpenDocument, this, &ZLDocumentWindows::addWindow);
     connect(&controller, &ZLDocumentController::willCloseDocument, this, &ZLDocumentWindows::removeWindow);
     // The manager waits for the answer, which has to be given before this returns.
     connect(qApp, &QGuiApplication::commitDataRequest, this, &ZLDocumentWindows::answerLogOut, Qt::DirectConnection);
-    for (const ZLExportMenu* menu : { &m_exportMenu, m_exportOtherMenu.get() })
-        connect(menu, &ZLExportMenu::exportDidEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen,
+    for (const ZLExports* exports : { &m_exports, &m_furtherExports })
+        connect(exports, &ZLExports::exportDidEnd, this, &ZLDocumentWindows::quitUnlessWindowsAreOpen,
             Qt::QueuedConnection);
     connect(&m_opening, &ZLFileOpening::didOpen, this, &ZLDocumentWindows::showOpened);
     connect(
@@ -207,7 +209,9 @@ void ZLDocumentWindows::addWindow(ZLChapterDocument* document)
 
 ZLFileMenu* ZLDocumentWindows::addFileMenu(ZLChapterDocumentWindow& window, ZLSavePanel& savePanel)
 {
-    auto* menu = new ZLFileMenu(m_controller, savePanel, { &m_exportMenu, m_exportOtherMenu.get() }, window);
+    const QList<ZLExportMenu*> exportMenus { new ZLExportMenu(m_exports, &window),
+        ZLExportMenu::ofFurtherFormats(m_furtherExports, &window) };
+    auto* menu = new ZLFileMenu(m_controller, savePanel, exportMenus, window);
     connect(menu, &ZLFileMenu::newDocumentRequested, &m_controller, &ZLDocumentController::newDocument);
     connect(menu, &ZLFileMenu::openRequested, this, &ZLDocumentWindows::open);
     connect(menu, &ZLFileMenu::quitRequested, this, &ZLDocumentWindows::quit);
@@ -255,7 +259,7 @@ void ZLDocumentWindows::quitUnlessWindowsAreOpen()
 {
     // A document that takes the place of the last one opens its window in the meantime, or will when it is read. An
     // export goes on alone.
-    const bool isExporting = m_exportMenu.isExporting() || m_exportOtherMenu->isExporting();
+    const bool isExporting = m_exports.isExporting() || m_furtherExports.isExporting();
     if (m_windows.isEmpty() && !isExporting && !isOpening())
         quitAtOnce();
 }

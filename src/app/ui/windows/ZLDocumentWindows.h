@@ -2,7 +2,7 @@
 
 #include "app/ZLDocumentController.h"
 #include "app/ZLRunningInstance.h"
-#include "app/ui/menus/ZLExportMenu.h"
+#include "app/ui/menus/ZLExports.h"
 #include "app/ui/windows/ZLExportDisplay.h"
 #include "app/ui/windows/ZLFileOpening.h"
 #include "delivery/fit/ZLSoundExcerpt.h"
@@ -83,10 +83,10 @@ private:
     ZLDocumentController& m_controller;
     const ZLSoundExcerpt::SoundMaker m_soundMaker;
     const ZLExportMemory m_exportMemory;
-    ZLExportMenu m_exportMenu;
+    ZLExports m_exports;
     ZLExportDisplay m_exportDisplay;
-    const std::unique_ptr<ZLExportMenu> m_exportOtherMenu;
-    ZLExportDisplay m_exportOtherDisplay;
+    ZLExports m_furtherExports;
+    ZLExportDisplay m_furtherExportDisplay;
     QHash<ZLChapterDocument*, ZLChapterDocumentWindow*> m_windows;
     ZLFileOpening m_opening { m_controller, *this };
 };

@@ -79,7 +79,8 @@ void ZLExportAgainDisplay::exportAgain()
 
 void ZLExportAgainDisplay::ask(const ZLExportAgain& again, const QList<ZLExportTarget>& safe, const QStringList& doubts)
 {
-    QList<ZLMessageBar::Button> buttons { { tr("Write All"), [this, again] { write(again, again.targets()); } } };
+    const QString all = again.targets().size() == 1 ? tr("Write") : tr("Write All");
+    QList<ZLMessageBar::Button> buttons { { all, [this, again] { write(again, again.targets()); } } };
     if (!safe.isEmpty())
         buttons.append({ tr("Write the Others"), [this, again, safe] { write(again, safe); } });
     buttons.append({ tr("Cancel"), [] { } });

@@ -1,6 +1,6 @@
 #include "app/ui/windows/ZLExportDisplay.h"
 
-#include "app/ui/menus/ZLExportMenu.h"
+#include "app/ui/menus/ZLExports.h"
 #include "app/ui/windows/ZLDocumentWindows.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
@@ -27,12 +27,12 @@ QString failureNameFor(const QString& format)
 
 }
 
-ZLExportDisplay::ZLExportDisplay(ZLExportMenu& menu, ZLDocumentWindows& windows)
+ZLExportDisplay::ZLExportDisplay(ZLExports& exports, ZLDocumentWindows& windows)
     : m_windows(windows)
 {
-    connect(&menu, &ZLExportMenu::exportDidFinish, this, &ZLExportDisplay::showFile);
-    connect(&menu, &ZLExportMenu::exportDidInsertNothing, this, &ZLExportDisplay::showThatNothingWasInserted);
-    connect(&menu, &ZLExportMenu::exportDidFail, this, &ZLExportDisplay::showFailure);
+    connect(&exports, &ZLExports::exportDidFinish, this, &ZLExportDisplay::showFile);
+    connect(&exports, &ZLExports::exportDidInsertNothing, this, &ZLExportDisplay::showThatNothingWasInserted);
+    connect(&exports, &ZLExports::exportDidFail, this, &ZLExportDisplay::showFailure);
 }
 
 void ZLExportDisplay::showFile(ZLChapterDocument* document, const QString& format, const QString& path)
@@ -60,7 +60,7 @@ void ZLExportDisplay::showThatNothingWasInserted(
 
 void ZLExportDisplay::warn(ZLChapterDocument* document, const QString& format, const QString& sentence)
 {
-    ZLChapterDocumentWindow& window = m_windows.windowToWarnIn(document);
+    const ZLChapterDocumentWindow& window = m_windows.windowToWarnIn(document);
     if (window.statusLine().passingMessage() == m_successes.value(format))
         window.statusLine().hidePassingMessage();
     window.messageBar().showMessage(

@@ -5,7 +5,7 @@
 
 class ZLChapterDocument;
 class ZLDocumentWindows;
-class ZLExportMenu;
+class ZLExports;
 
 /// Tells in a document's window how its exports went: for a while where the file is, or in a bar why there is none. The
 /// newer one of both takes the older one of the same format away.
@@ -14,7 +14,7 @@ class ZLExportDisplay : public QObject {
 
 public:
     /// Both have to outlive the object.
-    ZLExportDisplay(ZLExportMenu& menu, ZLDocumentWindows& windows);
+    ZLExportDisplay(ZLExports& exports, ZLDocumentWindows& windows);
 
 private:
     void showFile(ZLChapterDocument* document, const QString& format, const QString& path);

@@ -155,7 +155,7 @@ void ZLImportDisplay::carryOut()
 
 QString ZLImportDisplay::textFor(const ZLDocumentImport::Outcome& outcome)
 {
-    const QString chapters =
+    QString chapters =
         outcome.chapters == 1 ? tr("1 chapter imported") : tr("%1 chapters imported").arg(outcome.chapters);
     const QString templates =
         outcome.templates == 1 ? tr("1 template imported") : tr("%1 templates imported").arg(outcome.templates);

@@ -1,5 +1,6 @@
 #include "delivery/fit/ui/ZLFitSheet.h"
 
+#include "delivery/fit/ZLFitReport.h"
 #include "delivery/fit/ui/ZLFitChoices.h"
 #include "delivery/fit/ui/ZLFitMarksModel.h"
 #include "delivery/fit/ui/ZLFitPicture.h"
@@ -262,7 +263,12 @@ QString ZLFitSheet::outcome() const
                                .arg(fit.count(ZLMomentState::Seam))
                                .arg(fit.count(ZLMomentState::Cut))
                                .arg(fit.count(ZLMomentState::NotFound));
-    return m_draft.isApplied() ? tr("The chapters of this document follow this file.") + u' ' + counts : counts;
+    QStringList sentences { counts };
+    if (m_draft.isApplied())
+        sentences.prepend(tr("The chapters of this document follow this file."));
+    if (const QString moved = ZLFitReport::movedText(fit); !moved.isEmpty())
+        sentences.append(moved);
+    return sentences.join(u' ');
 }
 
 void ZLFitSheet::dismiss()

@@ -1,10 +1,14 @@
 #include "document/saving/journal/ZLDocumentJournal.h"
 
+#include <QRandomGenerator>
+
+#include <limits>
 #include <utility>
 
 ZLDocumentJournal::ZLDocumentJournal(ZLChapterDocument& document, ZLJournalDisk disk)
     : m_document(document)
     , m_disk(std::move(disk))
+    , m_number(QRandomGenerator::system()->bounded(1, std::numeric_limits<qint64>::max() / 2))
     , m_chapters(document.chapterManager())
     , m_templates(document.templateViewController().chapterManager())
 {
@@ -28,6 +32,7 @@ void ZLDocumentJournal::setBase(const QByteArray& bytes)
 void ZLDocumentJournal::begin(const QString& journalPath, const QString& filePath, const ZLKnownVersions& versions)
 {
     m_file = std::make_shared<ZLJournalFile>(journalPath, m_disk);
+    m_tail.emplace(journalPath);
     m_filePath = filePath;
     const bool isLong = beginFile(versions);
     if (!isLong)
@@ -44,6 +49,7 @@ void ZLDocumentJournal::tidy(const ZLKnownVersions& versions)
 
 bool ZLDocumentJournal::end(QDeadlineTimer deadline)
 {
+    m_tail.reset();
     return !m_file || ZLJournalFile::leave(std::exchange(m_file, nullptr), deadline);
 }
 
@@ -66,6 +72,7 @@ void ZLDocumentJournal::note()
     auto change = takeDifference();
     if (!change)
         return;
+    change->number = ++m_number;
     if (change->isLong()) {
         const auto makeRecord = [made = std::move(*change)] {
             return ZLJournalRecord { ZLJournalRecord::Kind::Change, made.encoded() };
@@ -73,7 +80,7 @@ void ZLDocumentJournal::note()
         m_file->append(makeRecord, ZLJournalFile::Sync::AtOnce);
         return;
     }
-    m_file->append({ ZLJournalRecord::Kind::Change, change->encoded() }, ZLJournalFile::Sync::AtOnce);
+    append(*change, ZLJournalFile::Sync::AtOnce);
     m_file->waitUntilHandedOver(m_disk.longestHandOver);
 }
 
@@ -113,8 +120,16 @@ void ZLDocumentJournal::noteReading()
     if (!m_file || !m_document.isRecording())
         return;
     const bool isSyncDue = ++m_ticks % TicksPerSync == 0;
-    m_file->append({ ZLJournalRecord::Kind::Change, readingNow().encoded() },
-        isSyncDue ? ZLJournalFile::Sync::AtOnce : ZLJournalFile::Sync::WithTheNext);
+    ZLJournalDifference change = readingNow();
+    change.number = ++m_number;
+    append(change, isSyncDue ? ZLJournalFile::Sync::AtOnce : ZLJournalFile::Sync::WithTheNext);
+}
+
+void ZLDocumentJournal::append(const ZLJournalDifference& change, ZLJournalFile::Sync sync)
+{
+    const ZLJournalRecord record { ZLJournalRecord::Kind::Change, change.encoded() };
+    m_tail->append(record, m_file->hasEverything());
+    m_file->append(record, sync);
 }
 
 void ZLDocumentJournal::rememberDocument()
@@ -141,7 +156,8 @@ bool ZLDocumentJournal::beginFile(const ZLKnownVersions& versions)
         records.append({ Kind::KnownFile, digest });
     const auto base = std::exchange(m_base, std::nullopt);
     const auto changeSinceBase = std::exchange(m_changeSinceBase, std::nullopt);
-    const ZLJournalDifference change = base && changeSinceBase ? *changeSinceBase : readingNow();
+    ZLJournalDifference change = base && changeSinceBase ? *changeSinceBase : readingNow();
+    change.number = m_number;
     const auto addAll = [records, change](const ZLJournalRecord& state) {
         QList<ZLJournalRecord> all = records;
         all.insert(1, state);

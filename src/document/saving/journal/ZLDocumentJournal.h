@@ -5,6 +5,7 @@
 #include "document/saving/journal/ZLJournalBase.h"
 #include "document/saving/journal/ZLJournalChange.h"
 #include "document/saving/journal/ZLJournalFile.h"
+#include "document/saving/journal/ZLJournalTail.h"
 #include "document/saving/journal/ZLKnownVersions.h"
 
 #include <QObject>
@@ -68,6 +69,8 @@ private:
     void followClock();
     void rememberDocument();
     [[nodiscard]] ZLJournalDifference readingNow() const;
+    /// Hands the record to the file, and to the memory that outlives the process.
+    void append(const ZLJournalDifference& change, ZLJournalFile::Sync sync);
     /// What differs from the last call; absent for nothing.
     [[nodiscard]] std::optional<ZLJournalDifference> takeDifference();
     /// Returns whether it begins with a change that is not waited for.
@@ -76,6 +79,9 @@ private:
     ZLChapterDocument& m_document;
     const ZLJournalDisk m_disk;
     std::shared_ptr<ZLJournalFile> m_file;
+    std::optional<ZLJournalTail> m_tail;
+    /// That of the newest change. It begins at random, so that no other journal has the same ones.
+    qint64 m_number;
     QString m_filePath;
     ZLChapterListShadow m_chapters;
     ZLChapterListShadow m_templates;

@@ -57,7 +57,7 @@ std::optional<ZLJournalSplice> unarchivedSplice(const QVariant& value)
 
 QByteArray ZLJournalChange::encoded() const
 {
-    QVariantMap map { { u"Reading"_s, reading } };
+    QVariantMap map { { u"Reading"_s, reading }, { u"Number"_s, qlonglong(number) } };
     if (chapters)
         map.insert(u"Chapters"_s, archivedSplice(*chapters));
     if (templates)
@@ -80,7 +80,8 @@ ZLResult<ZLJournalChange> ZLJournalChange::decoded(QByteArrayView bytes)
     ZLJournalChange change { .chapters = unarchivedSplice(map.value(u"Chapters"_s)),
         .templates = unarchivedSplice(map.value(u"Templates"_s)),
         .extras = unarchivedExtras(map.value(u"Extras"_s)),
-        .reading = map.value(u"Reading"_s).toDouble() };
+        .reading = map.value(u"Reading"_s).toDouble(),
+        .number = map.value(u"Number"_s).toLongLong() };
     if (map.contains(u"RunningAt"_s))
         change.running = ZLInterruptedRecording { .reading = map.value(u"RunningFrom"_s).toDouble(),
             .lastSeen = ZLUtcTime::fromMilliseconds(map.value(u"RunningAt"_s).toLongLong()) };

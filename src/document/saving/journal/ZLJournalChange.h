@@ -24,6 +24,8 @@ struct ZLJournalChange {
     std::optional<ZLExtrasDifference> extras {};
     /// Seconds of recorded time at that moment.
     double reading = 0.0;
+    /// One more than that of the change before, in a journal that is begun anew too. 0 in journals of older versions.
+    qint64 number = 0;
     /// Present while the clock runs, and while an interruption waits for a decision.
     std::optional<ZLInterruptedRecording> running {};
 

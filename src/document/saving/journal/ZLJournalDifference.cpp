@@ -36,6 +36,7 @@ QByteArray ZLJournalDifference::encoded() const
         .templates = spliceOf(templates),
         .extras = extras,
         .reading = reading,
+        .number = number,
         .running = running,
     }
         .encoded();

@@ -20,6 +20,7 @@ struct ZLJournalDifference {
     std::optional<ZLExtrasDifference> extras {};
     /// See ZLJournalChange.
     double reading = 0.0;
+    qint64 number = 0;
     std::optional<ZLInterruptedRecording> running {};
 
     /// Whether so many chapters differ at once that a command does not wait for the bytes.

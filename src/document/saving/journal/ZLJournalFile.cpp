@@ -189,6 +189,12 @@ bool ZLJournalFile::isLagging() const
     return m_missedHandOver && m_writtenCount < *m_missedHandOver;
 }
 
+bool ZLJournalFile::hasEverything() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_error == 0 && m_writtenCount == m_postedCount;
+}
+
 ZLProgress ZLJournalFile::progress() const
 {
     const std::lock_guard lock(m_mutex);
@@ -324,7 +330,7 @@ ZLJournalFile::DescriptorPointer ZLJournalFile::makeSuccessor(const QList<ZLJour
         noteFailure(errno);
         return nullptr;
     }
-    const auto successor = std::make_shared<Descriptor>(number);
+    auto successor = std::make_shared<Descriptor>(number);
     int error = fchmod(number, 0600) == 0 ? successor->append(m_disk, ZLJournalRecords::Signature) : errno;
     for (const ZLJournalRecord& record : records)
         error = error == 0 ? successor->append(m_disk, record) : error;

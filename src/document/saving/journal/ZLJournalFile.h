@@ -58,6 +58,8 @@ public:
     bool waitUntilSynced(std::chrono::milliseconds limit);
     /// Whether something is not handed over although a wait for it ran out.
     [[nodiscard]] bool isLagging() const;
+    /// Whether the kernel has taken everything that was appended.
+    [[nodiscard]] bool hasEverything() const;
     /// How far the syncing has come that was asked for.
     [[nodiscard]] ZLProgress progress() const;
 

@@ -33,13 +33,16 @@ void performSplice(const std::optional<ZLJournalSplice>& splice, QVariantList& l
     }
 }
 
-/// False for a record that does not fit what came before it.
-bool applyChange(const ZLJournalRecord& record, ZLJournaledDocument& document)
+/// A state and the number of the change that it came with.
+struct Reading {
+    ZLJournaledDocument document {};
+    qint64 number = 0;
+};
+
+/// False for a change that does not fit what came before it.
+bool applyChange(const ZLJournalChange& change, Reading& reading)
 {
-    const auto decoded = ZLJournalChange::decoded(record.payload);
-    if (!decoded)
-        return false;
-    const ZLJournalChange& change = decoded.value();
+    ZLJournaledDocument& document = reading.document;
     if (!fits(change.chapters, document.contents.chapters) || !fits(change.templates, document.contents.templates))
         return false;
     performSplice(change.chapters, document.contents.chapters);
@@ -48,11 +51,19 @@ bool applyChange(const ZLJournalRecord& record, ZLJournaledDocument& document)
         change.extras->applyTo(document.contents.extras);
     document.contents.duration = change.reading;
     document.interruption = change.running;
+    reading.number = change.number;
     return true;
 }
 
-bool applyRecord(const ZLJournalRecord& record, ZLJournaledDocument& document)
+bool applyChangeRecord(const ZLJournalRecord& record, Reading& reading)
 {
+    const auto change = ZLJournalChange::decoded(record.payload);
+    return change && applyChange(change.value(), reading);
+}
+
+bool applyRecord(const ZLJournalRecord& record, Reading& reading)
+{
+    ZLJournaledDocument& document = reading.document;
     switch (record.kind) {
     case ZLJournalRecord::Kind::Origin:
         document.filePath = QString::fromUtf8(record.payload);
@@ -61,16 +72,41 @@ bool applyRecord(const ZLJournalRecord& record, ZLJournaledDocument& document)
         document.fileDigests.append(record.payload);
         return true;
     case ZLJournalRecord::Kind::Change:
-        return applyChange(record, document);
+        return applyChangeRecord(record, reading);
     case ZLJournalRecord::Kind::Heard:
         return false;
     case ZLJournalRecord::Kind::Snapshot:
         break;
     }
     auto contents = ZLDocumentFile::decode(record.payload);
-    if (contents)
-        document.contents = std::move(contents).value();
-    return contents.isOk();
+    if (!contents)
+        return false;
+    document.contents = std::move(contents).value();
+    return true;
+}
+
+/// Whether all records make sense.
+bool applyRecords(const QList<ZLJournalRecord>& records, Reading& reading)
+{
+    return std::all_of(records.cbegin(), records.cend(),
+        [&reading](const ZLJournalRecord& record) { return applyRecord(record, reading); });
+}
+
+/// The tail begins somewhere before the end of the journal, or right behind it. Returns whether it brought anything.
+bool applyTail(QByteArrayView bytes, Reading& reading)
+{
+    const qint64 numberBefore = reading.number;
+    const auto records = ZLJournalRecords::decoded(bytes).records;
+    for (const ZLJournalRecord& record : records) {
+        const auto change = ZLJournalChange::decoded(record.payload);
+        if (!change || record.kind != ZLJournalRecord::Kind::Change)
+            break;
+        if (change.value().number <= reading.number)
+            continue;
+        if (change.value().number != reading.number + 1 || !applyChange(change.value(), reading))
+            break;
+    }
+    return reading.number != numberBefore;
 }
 
 /// A version is noted before it is written, by another thread than changes are, so its place among them says nothing.
@@ -95,22 +131,18 @@ bool ZLJournaledDocument::isWhollyIn(QByteArrayView fileBytes) const
         && fileDigests.last() == ZLJournalRecords::digestOf(fileBytes);
 }
 
-ZLResult<ZLJournaledDocument> ZLJournalReader::read(QByteArrayView bytes)
+ZLResult<ZLJournaledDocument> ZLJournalReader::read(QByteArrayView bytes, QByteArrayView tail)
 {
     using Kind = ZLJournalRecord::Kind;
     const auto decoded = ZLJournalRecords::decoded(bytes);
     const auto& records = decoded.records;
-    ZLJournaledDocument document;
+    Reading reading;
     if (records.size() < 2 || records.at(0).kind != Kind::Origin || records.at(1).kind != Kind::Snapshot
-        || !applyRecord(records.at(0), document) || !applyRecord(records.at(1), document))
+        || !applyRecords(records.first(2), reading))
         return ZLError { QCoreApplication::translate("ZLJournalReader", "This is not a journal of a document.") };
-    document.isTorn = decoded.isTorn;
-    for (auto record = records.cbegin() + 2; record != records.cend(); ++record) {
-        if (!applyRecord(*record, document)) {
-            document.isTorn = true;
-            break;
-        }
-    }
-    document.hasChangesSinceFile = isNewerThanFile(document);
-    return document;
+    const bool isWhole = applyRecords(records.sliced(2), reading) && !decoded.isTorn;
+    const bool hasTail = reading.number != 0 && applyTail(tail, reading);
+    reading.document.isTorn = !isWhole && !hasTail;
+    reading.document.hasChangesSinceFile = isNewerThanFile(reading.document);
+    return std::move(reading.document);
 }

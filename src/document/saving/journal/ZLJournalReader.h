@@ -30,7 +30,8 @@ struct ZLJournaledDocument {
 namespace ZLJournalReader {
 
 /// Fails for bytes that do not begin with the path and the snapshot of a document. A torn end, and whatever follows a
-/// record that makes no sense, is left out.
-[[nodiscard]] ZLResult<ZLJournaledDocument> read(QByteArrayView bytes);
+/// record that makes no sense, is left out. `tail` is what ZLJournalTail holds of the same journal: the changes that
+/// follow the last one of `bytes` are taken from there.
+[[nodiscard]] ZLResult<ZLJournaledDocument> read(QByteArrayView bytes, QByteArrayView tail = {});
 
 }

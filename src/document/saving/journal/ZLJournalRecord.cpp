@@ -3,6 +3,8 @@
 #include <QCryptographicHash>
 #include <QtEndian>
 
+#include <array>
+
 namespace {
 
 constexpr qsizetype recordHeadSize = 4 + 4 + 1;
@@ -18,9 +20,9 @@ QByteArray shortDigestOf(QByteArrayView head, QByteArrayView payload)
 
 void appendNumber(QByteArray& bytes, quint32 number)
 {
-    char raw[4];
-    qToBigEndian(number, raw);
-    bytes.append(raw, sizeof raw);
+    std::array<char, sizeof number> raw {};
+    qToBigEndian(number, raw.data());
+    bytes.append(raw.data(), raw.size());
 }
 
 bool isKnownKind(quint8 kind)

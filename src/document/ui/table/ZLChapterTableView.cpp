@@ -167,7 +167,7 @@ QUrl ZLChapterTableView::addressOfLink(const QString& text)
 {
     const QString trimmed = text.trimmed();
     const bool hasScheme = trimmed.contains("://"_L1) || trimmed.startsWith("mailto:"_L1, Qt::CaseInsensitive);
-    const QUrl address(hasScheme ? trimmed : "https://"_L1 + trimmed);
+    QUrl address(hasScheme ? trimmed : "https://"_L1 + trimmed);
     static const QStringList openableSchemes { u"http"_s, u"https"_s, u"mailto"_s };
     const bool isMail = address.scheme() == "mailto"_L1;
     // A document may come from anywhere: its links must not start programs or open local files.

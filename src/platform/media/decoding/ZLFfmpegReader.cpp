@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <sys/resource.h>
+
 #include <cstring>
 #include <vector>
 
@@ -21,6 +23,9 @@ constexpr int mostSilentWaits = 150;
 constexpr qsizetype mostMessage = 300;
 /// A file whose length is not told within it has none that is worth waiting for.
 constexpr int patienceForLength = 5000;
+/// Of a program, in bytes. For files that people have it takes a third of it. One that claims a sample a second would
+/// have it make thousands of times as many in one go.
+constexpr rlim_t mostMemory = 160U * 1024U * 1024U;
 
 QStringList arguments(const QString& path, int samplesPerSecond, double start)
 {
@@ -34,6 +39,15 @@ QStringList questionOfLength(const QString& path)
 {
     return { u"-v"_s, u"error"_s, u"-protocol_whitelist"_s, u"file,pipe"_s, u"-show_entries"_s, u"format=duration"_s,
         u"-of"_s, u"default=noprint_wrappers=1:nokey=1"_s, u"file:"_s + path };
+}
+
+void startWithinBound(QProcess& process, const QString& program, const QStringList& arguments)
+{
+    process.setChildProcessModifier([] {
+        const rlimit limit { mostMemory, mostMemory };
+        setrlimit(RLIMIT_DATA, &limit);
+    });
+    process.start(program, arguments, QIODevice::ReadOnly);
 }
 
 /// The last line that the program has to say.
@@ -56,7 +70,7 @@ public:
         const auto count = size_t(m_bytes.size()) / sizeof(float);
         m_samples.resize(count);
         std::memcpy(m_samples.data(), m_bytes.constData(), count * sizeof(float));
-        m_bytes.remove(0, qsizetype(count * sizeof(float)));
+        m_bytes.remove(0, qsizetype(count) * qsizetype(sizeof(float)));
         m_count += double(count);
         return m_sink(m_samples);
     }
@@ -78,7 +92,7 @@ ZLStatus ZLFfmpegReader::decode(
     if (program.isEmpty())
         return ZLError { FfmpegTexts::tr("This form can be read when the program ffmpeg is installed.") };
     QProcess process;
-    process.start(program, arguments(path, samplesPerSecond, start), QIODevice::ReadOnly);
+    startWithinBound(process, program, arguments(path, samplesPerSecond, start));
     Samples samples(sink);
     int silentWaits = 0;
     bool isWanted = true;
@@ -109,7 +123,7 @@ std::optional<double> ZLFfmpegReader::claimedSeconds(const QString& path)
     if (program.isEmpty())
         return std::nullopt;
     QProcess process;
-    process.start(program, questionOfLength(path), QIODevice::ReadOnly);
+    startWithinBound(process, program, questionOfLength(path));
     if (!process.waitForFinished(patienceForLength)) {
         process.kill();
         process.waitForFinished();

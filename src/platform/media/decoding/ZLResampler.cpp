@@ -11,7 +11,6 @@ constexpr size_t spareSamples = 8192;
 
 ZLResampler::ZLResampler(double fromRate, double toRate)
     : m_ratio(toRate / fromRate)
-    , m_soxr(nullptr)
 {
     const soxr_io_spec_t format = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
     const soxr_quality_spec_t quality = soxr_quality_spec(SOXR_LQ, 0);

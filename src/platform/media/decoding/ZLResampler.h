@@ -24,6 +24,6 @@ private:
     [[nodiscard]] std::span<const float> process(const float* samples, size_t count);
 
     double m_ratio;
-    soxr* m_soxr;
+    soxr* m_soxr = nullptr;
     std::vector<float> m_output {};
 };

@@ -29,15 +29,19 @@ struct CloseSound {
 
 using OpenSound = std::unique_ptr<SNDFILE, CloseSound>;
 
-/// Null when the library does not know the file's form, or what it says of it makes no sense.
+/// Null when the library does not know the file's form.
 OpenSound open(const ZLMediaSource& source, SF_INFO& info)
 {
     if (lseek(source.descriptor(), 0, SEEK_SET) != 0)
         return nullptr;
-    OpenSound file(sf_open_fd(source.descriptor(), SFM_READ, &info, SF_FALSE));
-    const bool makesSense = info.channels >= 1 && info.channels <= mostChannels && info.samplerate >= leastRate
+    return OpenSound(sf_open_fd(source.descriptor(), SFM_READ, &info, SF_FALSE));
+}
+
+/// A sound that claims anything else is a trap: at one sample a second, a minute of it fills a day.
+bool makesSense(const SF_INFO& info)
+{
+    return info.channels >= 1 && info.channels <= mostChannels && info.samplerate >= leastRate
         && info.samplerate <= mostRate;
-    return makesSense ? std::move(file) : nullptr;
 }
 
 /// The mean of the channels of each frame.
@@ -60,6 +64,11 @@ std::optional<ZLStatus> ZLSndfileReader::decode(
     const OpenSound file = open(source, info);
     if (!file)
         return std::nullopt;
+    if (!makesSense(info))
+        return ZLStatus(
+            ZLError { SndfileTexts::tr("It claims to have %1 samples a second and %2 channels, which no sound has.")
+                    .arg(info.samplerate)
+                    .arg(info.channels) });
     if (start > 0.0 && sf_seek(file.get(), sf_count_t(start * info.samplerate), SEEK_SET) < 0)
         return ZLStatus(ZLError { SndfileTexts::tr("The file ends before that.") });
     ZLResampler resampler(info.samplerate, samplesPerSecond);
@@ -87,7 +96,7 @@ std::optional<double> ZLSndfileReader::claimedSeconds(const ZLMediaSource& sourc
 {
     SF_INFO info {};
     const OpenSound file = open(source, info);
-    if (!file || info.frames <= 0)
+    if (!file || !makesSense(info) || info.frames <= 0)
         return std::nullopt;
     return double(info.frames) / info.samplerate;
 }

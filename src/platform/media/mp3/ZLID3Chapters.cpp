@@ -91,12 +91,11 @@ std::optional<QByteArray> harmlessFrame(const ZLID3Frame& frame, int version, qs
 
 ChapterFrame decoded(const QByteArray& frame, const TagLib::ID3v2::Header& header)
 {
-    auto* made = TagLib::ID3v2::FrameFactory::instance()->createFrame(toTagLib(frame), &header);
-    std::unique_ptr<TagLib::ID3v2::Frame> owner(made);
-    auto* chapter = dynamic_cast<TagLib::ID3v2::ChapterFrame*>(made);
-    if (chapter)
-        (void)owner.release();
-    return ChapterFrame(chapter);
+    TagLib::ID3v2::Frame* made = TagLib::ID3v2::FrameFactory::instance()->createFrame(toTagLib(frame), &header);
+    ChapterFrame chapter(dynamic_cast<TagLib::ID3v2::ChapterFrame*>(made));
+    if (!chapter)
+        delete made;
+    return chapter;
 }
 
 std::vector<ChapterFrame> chapterFrames(const ZLID3Tag& tag)

@@ -100,7 +100,7 @@ QByteArray ZLID3Tag::synchsafe(qint64 size)
 qint64 ZLID3Tag::sizeAt(const ZLMediaSource& source, qint64 offset)
 {
     const QByteArray header = source.read(offset, tagHeader);
-    const int version = header.size() == tagHeader ? header.at(3) : 0;
+    const int version = header.size() == tagHeader ? quint8(header.at(3)) : 0;
     const auto size = ZLBytes::big<quint32>(header, 6);
     if (!header.startsWith("ID3") || version < 2 || version > 4 || !isSynchsafe(size))
         return 0;
@@ -117,10 +117,10 @@ ZLResult<ZLID3Tag> ZLID3Tag::readAt(const ZLMediaSource& source, qint64 offset)
     if (tag.m_formerSize > ZLMediaSource::largestReading)
         return ZLError { TagTexts::tr("The tag at the beginning is larger than %1 MiB.")
                 .arg(ZLMediaSource::largestReading / 1024 / 1024) };
-    QByteArray bytes = source.read(offset, tag.m_formerSize);
+    const QByteArray bytes = source.read(offset, tag.m_formerSize);
     if (bytes.size() < tag.m_formerSize)
         return ZLError { TagTexts::tr("The file ends inside the tag at its beginning.") };
-    tag.m_formerVersion = bytes.at(3);
+    tag.m_formerVersion = quint8(bytes.at(3));
     tag.m_version = std::max(tag.m_formerVersion, 3);
     const uchar flags = uchar(bytes.at(5));
     tag.m_flags = char(flags & Experimental);

@@ -18,7 +18,8 @@ constexpr qsizetype mostSegments = 255;
 constexpr qsizetype largestPage = fixedHeaderSize + mostSegments + mostSegments * 255;
 constexpr qsizetype placeOfNumber = 18;
 constexpr qsizetype placeOfChecksum = 22;
-constexpr qint64 pageReading = 1024 * 1024;
+/// Small enough for the caches of a processor.
+constexpr qint64 pageReading = 256 * 1024;
 constexpr qint64 lookBackLength = 256 * 1024;
 constexpr int mostTries = 1'000;
 /// Of the description at the beginning. Far less than that is enough for the largest one.

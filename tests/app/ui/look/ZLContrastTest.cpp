@@ -6,14 +6,22 @@
 #include "templates/ui/ZLTemplatesTableView.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDockWidget>
+#include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <ostream>
 
 using namespace Qt::StringLiterals;
@@ -21,7 +29,7 @@ using namespace Qt::StringLiterals;
 /// A desktop's colours, as settings name them.
 struct ZLContrastLook {
     const char* name;
-    QRgb window, base, button, text, highlight, highlightedText;
+    QRgb window, base, button, text, disabledText, highlight, highlightedText;
 };
 
 inline std::ostream& operator<<(std::ostream& stream, const ZLContrastLook& look)
@@ -32,10 +40,10 @@ inline std::ostream& operator<<(std::ostream& stream, const ZLContrastLook& look
 namespace {
 
 constexpr ZLContrastLook looks[] {
-    { "Light", 0xffefefef, 0xffffffff, 0xffefefef, 0xff000000, 0xff308cc6, 0xffffffff },
-    { "LightWithPaleSelection", 0xffeff0f1, 0xfffcfcfc, 0xfffcfcfc, 0xff232629, 0xff3daee9, 0xfffcfcfc },
-    { "Dark", 0xff31363b, 0xff232629, 0xff40454a, 0xffeff0f1, 0xff3daee9, 0xfffcfcfc },
-    { "DarkGrey", 0xff353535, 0xff2d2d2d, 0xff353535, 0xffffffff, 0xff15539e, 0xffffffff },
+    { "Light", 0xffefefef, 0xffffffff, 0xffefefef, 0xff000000, 0xffbebebe, 0xff308cc6, 0xffffffff },
+    { "LightWithPaleSelection", 0xffeff0f1, 0xfffcfcfc, 0xfffcfcfc, 0xff232629, 0xffa0a2a3, 0xff3daee9, 0xfffcfcfc },
+    { "Dark", 0xff31363b, 0xff232629, 0xff40454a, 0xffeff0f1, 0xff6e7175, 0xff3daee9, 0xfffcfcfc },
+    { "DarkGrey", 0xff353535, 0xff2d2d2d, 0xff353535, 0xffffffff, 0xff828282, 0xff15539e, 0xffffffff },
 };
 
 QPalette paletteOfDesktop(const ZLContrastLook& look)
@@ -44,43 +52,57 @@ QPalette paletteOfDesktop(const ZLContrastLook& look)
     const auto set = [&palette](QPalette::ColorRole role, QRgb color) { palette.setColor(role, QColor(color)); };
     set(QPalette::Base, look.base);
     set(QPalette::AlternateBase, look.window);
-    for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText })
+    for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText }) {
         set(role, look.text);
+        palette.setColor(QPalette::Disabled, role, QColor(look.disabledText));
+    }
     set(QPalette::Highlight, look.highlight);
     set(QPalette::HighlightedText, look.highlightedText);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x919191));
     QColor placeholder(look.text);
     placeholder.setAlphaF(0.4F);
     palette.setColor(QPalette::PlaceholderText, placeholder);
     return palette;
 }
 
+using ColorCounts = QHash<QRgb, int>;
+
+ColorCounts countsIn(const QImage& picture)
+{
+    ColorCounts counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y)];
+    }
+    return counts;
+}
+
 /// The colour that most of the picture has.
 QColor groundOf(const QImage& picture)
 {
-    QHash<QRgb, int> counts;
-    QRgb most = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const QRgb color = picture.pixel(x, y);
-            if (++counts[color] > counts.value(most))
-                most = color;
-        }
-    }
-    return QColor(most);
+    const ColorCounts counts = countsIn(picture);
+    const auto isRarer = [&](QRgb first, QRgb second) { return counts.value(first) < counts.value(second); };
+    const QList<QRgb> colors = counts.keys();
+    return colors.isEmpty() ? QColor() : QColor(*std::ranges::max_element(colors, isRarer));
 }
 
 /// How much the strokes stand out from this ground. Their edges are soft, so that a few pixels of each stroke have its
 /// full colour.
+double contrastIn(const ColorCounts& counts, const QColor& ground)
+{
+    QMap<double, int> countsByContrast;
+    for (const auto [color, count] : counts.asKeyValueRange())
+        countsByContrast[ZLReadableColors::contrast(QColor(color), ground)] += count;
+    // Three pixels may be anything.
+    int further = 3;
+    while (!countsByContrast.isEmpty() && countsByContrast.last() <= further)
+        further -= countsByContrast.take(countsByContrast.lastKey());
+    return countsByContrast.isEmpty() ? 0.0 : countsByContrast.lastKey();
+}
+
 double contrastIn(const QImage& picture, const QColor& ground)
 {
-    QList<double> contrasts;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x)
-            contrasts += ZLReadableColors::contrast(picture.pixelColor(x, y), ground);
-    }
-    std::sort(contrasts.begin(), contrasts.end(), std::greater<>());
-    // One pixel may be anything.
-    return contrasts.value(3);
+    return contrastIn(countsIn(picture), ground);
 }
 
 double contrastIn(const QImage& picture)
@@ -92,13 +114,118 @@ double contrastIn(const QImage& picture)
 /// picture has nothing but ground.
 double contrastOnShades(const QImage& picture)
 {
+    const ColorCounts counts = countsIn(picture);
     double least = 21.0;
     for (int y = 0; y < picture.height(); ++y)
-        least = std::min(least, contrastIn(picture, picture.pixelColor(picture.width() - 1, y)));
+        least = std::min(least, contrastIn(counts, picture.pixelColor(picture.width() - 1, y)));
     return least;
 }
 
 }
+
+/// A control of each kind in a window of its own. The letters are large, for the thin strokes of small ones may have no
+/// pixel of their full colour.
+class ZLControlSamples {
+public:
+    struct Sample {
+        QString name;
+        QWidget* control;
+        /// The part of the control in which the text stands, and nothing but its ground at the right.
+        std::function<QRect()> textArea;
+    };
+
+    ZLControlSamples()
+        : m_layout(new QVBoxLayout(&m_window))
+    {
+        QFont large = m_window.font();
+        large.setPointSizeF(large.pointSizeF() * 2.0);
+        m_window.setFont(large);
+        addButtons();
+        addFields();
+        addRows();
+        // Nothing is selected because the keyboard came to it.
+        m_window.setFocusPolicy(Qt::StrongFocus);
+        m_window.setFocus();
+        m_window.resize(300, 900);
+        m_window.show();
+        QCoreApplication::processEvents();
+    }
+
+    [[nodiscard]] const QList<Sample>& all() const { return m_samples; }
+    [[nodiscard]] QImage picture(const Sample& sample)
+    {
+        QCoreApplication::processEvents();
+        const QRect area = sample.textArea();
+        return m_window.grab().toImage().copy(QRect(sample.control->mapTo(&m_window, area.topLeft()), area.size()));
+    }
+
+private:
+    void addButtons()
+    {
+        auto* button = new QPushButton(word);
+        add(u"push button"_s, button, [button] { return button->rect().adjusted(6, 5, -6, -5); });
+        auto* toolButton = new QToolButton;
+        toolButton->setText(word);
+        toolButton->setAutoRaise(true);
+        add(u"tool button"_s, toolButton, [toolButton] { return toolButton->rect().adjusted(4, 4, -1, -4); });
+        for (QAbstractButton* box :
+            std::initializer_list<QAbstractButton*> { new QCheckBox(word), new QRadioButton(word) })
+            add(QString::fromLatin1(box->metaObject()->className()), box,
+                [box] { return box->rect().adjusted(24, 0, 0, 0); });
+        auto* label = new QLabel(word);
+        add(u"label"_s, label, [label] { return label->rect(); });
+        auto* group = new QGroupBox(word);
+        add(u"title of a group"_s, group,
+            [group] { return QRect(0, 0, group->width(), group->fontMetrics().height()); });
+    }
+    void addFields()
+    {
+        auto* field = new QLineEdit(word);
+        add(u"field"_s, field, [field] { return field->rect().adjusted(4, 4, -4, -4); });
+        auto* combo = new QComboBox;
+        combo->addItem(word);
+        add(u"combo box"_s, combo, [combo] { return combo->rect().adjusted(5, 5, -30, -5); });
+        auto* editable = new QComboBox;
+        editable->addItem(word);
+        editable->setEditable(true);
+        add(u"combo box for typing"_s, editable, [editable] { return editable->lineEdit()->geometry(); });
+        auto* spin = new QSpinBox;
+        spin->setPrefix(word);
+        add(u"spin box"_s, spin, [spin] { return spin->rect().adjusted(5, 4, -30, -4); });
+        auto* text = new QPlainTextEdit(word);
+        add(u"text"_s, text, [text] { return text->rect().adjusted(4, 4, -4, -4); });
+    }
+    void addRows()
+    {
+        auto* list = new QTableWidget(2, 1);
+        list->setHorizontalHeaderLabels({ word });
+        list->horizontalHeader()->setStretchLastSection(true);
+        for (const int row : { 0, 1 })
+            list->setItem(row, 0, new QTableWidgetItem(word));
+        list->selectRow(0);
+        for (const int row : { 0, 1 })
+            add(u"row %1"_s.arg(row), list, [list, row] {
+                return list->visualRect(list->model()->index(row, 0))
+                    .adjusted(3, 2, -3, -2)
+                    .translated(list->viewport()->pos());
+            });
+        add(u"heading"_s, list, [list] {
+            const QHeaderView* header = list->horizontalHeader();
+            return header->geometry().adjusted(3, 3, -3, -3);
+        });
+    }
+    void add(const QString& name, QWidget* control, std::function<QRect()> textArea)
+    {
+        if (m_layout->indexOf(control) < 0)
+            m_layout->addWidget(control);
+        m_samples.append({ name, control, std::move(textArea) });
+    }
+
+    static inline const QString word = u"Mail"_s;
+    QWidget m_window;
+    QVBoxLayout* m_layout;
+    QList<Sample> m_samples;
+};
 
 /// Document windows as they are painted in each of the looks.
 class ZLContrastTest : public ZLWindowFixture, public testing::WithParamInterface<ZLContrastLook> {
@@ -292,6 +419,60 @@ TEST_P(ZLContrastTest, BarsCanBeReadAndAreTinted)
         EXPECT_FALSE(grounds.contains(groundOf(sentence))) << qPrintable(name);
         grounds.append(groundOf(sentence));
     }
+}
+
+TEST_P(ZLContrastTest, DisabledControlsCanBeReadAndLookDisabled)
+{
+    ZLControlSamples samples;
+    for (const ZLControlSamples::Sample& sample : samples.all()) {
+        const double enabled = contrastOnShades(samples.picture(sample));
+        sample.control->setEnabled(false);
+        const double disabled = contrastOnShades(samples.picture(sample));
+        EXPECT_GE(disabled, ZLReadableColors::LeastForText) << qPrintable(sample.name);
+        // Selected text has little more contrast than it needs in any state.
+        EXPECT_LE(disabled, std::max(0.7 * enabled, 1.5 * ZLReadableColors::LeastForText)) << qPrintable(sample.name);
+        sample.control->setEnabled(true);
+    }
+}
+
+TEST_P(ZLContrastTest, DisabledBoxesCanBeSeenTickedOrNot)
+{
+    for (const bool isTicked : { false, true }) {
+        QCheckBox box;
+        QRadioButton button;
+        for (QAbstractButton* each : std::initializer_list<QAbstractButton*> { &box, &button }) {
+            each->setChecked(isTicked);
+            each->setEnabled(false);
+            const QImage whole = each->grab().toImage();
+            EXPECT_GE(contrastIn(whole), ZLReadableColors::LeastForSigns) << isTicked;
+            const QImage inside = whole.copy(whole.rect().adjusted(4, 4, -4, -4));
+            if (isTicked) {
+                EXPECT_GE(contrastIn(inside), ZLReadableColors::LeastForSigns);
+            }
+        }
+    }
+}
+
+TEST_P(ZLContrastTest, DisabledItemsOfMenusCanBeReadAlsoWhenTheyAreChosen)
+{
+    QMenu menu;
+    QFont large = menu.font();
+    large.setPointSizeF(large.pointSizeF() * 2.0);
+    menu.setFont(large);
+    QAction* item = menu.addAction(u"Mail and more"_s);
+    const auto contrast = [&](QAction* chosen) {
+        menu.popup({});
+        menu.setActiveAction(chosen);
+        QCoreApplication::processEvents();
+        const QImage image = menu.grab().toImage().copy(menu.actionGeometry(item).adjusted(12, 3, -3, -3));
+        menu.hide();
+        return contrastOnShades(image);
+    };
+    const double enabled = contrast(nullptr);
+    item->setEnabled(false);
+    EXPECT_GE(contrast(nullptr), ZLReadableColors::LeastForText);
+    EXPECT_LE(contrast(nullptr), 0.7 * enabled);
+    EXPECT_GE(contrast(item), ZLReadableColors::LeastForText);
 }
 
 TEST_P(ZLContrastTest, WhatAFitFoundCanBeSeen)

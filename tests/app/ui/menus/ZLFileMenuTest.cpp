@@ -3,6 +3,7 @@
 #include "app/ui/ZLDesktopFixture.h"
 
 #include <QDropEvent>
+#include <QMenu>
 #include <QMimeData>
 
 using namespace Qt::StringLiterals;

@@ -80,6 +80,16 @@ TEST_F(ZLExportAgainDisplayTest, AsksInOneBarAboutWhatWasChangedOrIsGone)
     EXPECT_EQ(barText(m_document), QString()) << "what was written is known again";
 }
 
+TEST_F(ZLExportAgainDisplayTest, ASingleFileIsAskedAboutByItself)
+{
+    exportTo(u"YouTube"_s, u"a.txt"_s);
+    ASSERT_TRUE(ZLAtomicFile::write(filePath(u"a.txt"_s), "edited").isOk());
+    trigger(m_document, u"exportAgain"_s);
+    EXPECT_EQ(barButtons(m_document), (QStringList { u"Write"_s, u"Cancel"_s }));
+    pressInBar(m_document, u"Write"_s);
+    EXPECT_EQ(contents(u"a.txt"_s), "00:00 Stored\n");
+}
+
 TEST_F(ZLExportAgainDisplayTest, SessionsAreLeftOutWithALine)
 {
     ASSERT_TRUE(ZLAtomicFile::write(filePath(u"show.nhsx"_s), "<Session>\n</Session>\n").isOk());

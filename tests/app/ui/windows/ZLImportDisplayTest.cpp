@@ -88,6 +88,7 @@ TEST_F(ZLImportDisplayTest, AFileIsShownAndThenImportedByTheKeyboard)
     ASSERT_TRUE(sheetComes());
     EXPECT_EQ(rows(), (QStringList { u"00:00:10.000|Welcome|"_s, u"00:01:00.000|News|https://a.example/"_s }));
     EXPECT_EQ(remarks(), QStringList { u"Line 2: “odd” was not understood."_s });
+    EXPECT_FALSE(part<QTreeView>(u"importRows"_s).isColumnHidden(2));
     EXPECT_EQ(part<QLabel>(u"importHeading"_s).text(), u"2 chapters from list.txt, read as Simple List"_s);
     EXPECT_EQ(titles(m_document), QStringList { u"Mine"_s }) << "nothing has come yet";
 
@@ -114,6 +115,7 @@ TEST_F(ZLImportDisplayTest, ThePreviewFollowsTheChoices)
     paste(u"0:10 Welcome\nMail bag\n"_s);
     part<QDoubleSpinBox>(u"importShift"_s).setValue(-15.5);
     EXPECT_EQ(rows(), QStringList { u"-00:00:05.500|Welcome|"_s });
+    EXPECT_TRUE(part<QTreeView>(u"importRows"_s).isColumnHidden(2)) << "no chapter has a link";
     EXPECT_EQ(remarks().size(), 1);
     part<QCheckBox>(u"importTemplates"_s).setChecked(true);
     EXPECT_TRUE(remarks().isEmpty());

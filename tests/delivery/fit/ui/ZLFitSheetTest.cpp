@@ -88,6 +88,19 @@ TEST_F(ZLFitSheetTest, ShowsEachMarkWithItsTimesItsStateAndHowSureThatIs)
     EXPECT_EQ(part<QComboBox>(u"finishedFiles"_s)->currentText(), u"finished.wav, 1:25, fitted"_s);
 }
 
+TEST_F(ZLFitSheetTest, ATeaserIsNamed)
+{
+    addMarks();
+    ZLSoundAlignment alignment = cutShow();
+    alignment.movedPieces = { { 72.0, 0.4, 4.0, 1.0, 0.1 } };
+    const ZLKeptFit kept = ZLKeptFits::keep(
+        m_document.extras(), { .identifier = u"id"_s, .fileName = u"finished.wav"_s, .alignment = alignment });
+    m_draft.setKnownPaths({ m_folder.filePath(u"finished.wav"_s) });
+    m_draft.showKeptFit(kept.identifier);
+    EXPECT_TRUE(outcome().endsWith(u"At 00:00:00 the file also has 00:01:12 to 00:01:16 of the show."_s))
+        << qPrintable(outcome());
+}
+
 TEST_F(ZLFitSheetTest, PictureAndListHaveTheSameMarkSelected)
 {
     addMarks();

@@ -1,4 +1,5 @@
 #include "document/saving/SavingFixture.h"
+#include "support/ZLRuntimeFolderInMemory.h"
 
 #include <QScopeGuard>
 
@@ -88,6 +89,37 @@ TEST_F(ZLDocumentJournalTest, ADiskThatHangsDelaysAMarkOnceAndBriefly)
     document.undoManager().undo();
     saver.reset();
     EXPECT_EQ(journaledTitles().size(), 100);
+}
+
+TEST_F(ZLDocumentJournalTest, AKillWhileTheDiskHangsLosesNoMark)
+{
+    const ZLRuntimeFolderInMemory memory;
+    if (!ZLRuntimeFolderInMemory::isInMemory())
+        GTEST_SKIP() << "this system has no file system in memory";
+    std::binary_semaphore disk(0);
+    std::atomic<bool> isHanging = false;
+    machinery.journalDisk.longestHandOver = std::chrono::milliseconds(1);
+    machinery.journalDisk.write = [&](int descriptor, const void* bytes, size_t count) {
+        if (isHanging.exchange(false))
+            disk.acquire();
+        return ::write(descriptor, bytes, count);
+    };
+    auto saver = titledSaver(filePath("show.zelta"));
+    addChapter("One");
+    EXPECT_TRUE(saver->saveNow()) << "which ends when the journal has everything";
+    isHanging = true;
+    for (int mark = 0; mark < 100; ++mark)
+        addChapter("More");
+    document.updateChapterToTitle(document.chapterManager().chapterAtIndex(0), u"First"_s);
+    document.undoManager().undo();
+    document.undoManager().undo();
+    const QByteArray journal = ZLBoundedFile::read(journalPath(), ZLFileBound::Document).value();
+    EXPECT_EQ(ZLJournalReader::read(journal).value().contents.chapters.size(), 1);
+    const auto read = ZLJournalReader::read(journal, ZLJournalTail::read(journalPath()));
+    EXPECT_EQ(read.value().contents.chapters.size(), 100);
+    EXPECT_EQ(read.value().contents.chapters.first().toMap().value(ZLChapterKey::Title).toString(), u"One"_s);
+    EXPECT_TRUE(read.value().hasChangesSinceFile);
+    disk.release();
 }
 
 TEST_F(ZLDocumentJournalTest, ASyncThatHangsDelaysNoMarkAtAll)

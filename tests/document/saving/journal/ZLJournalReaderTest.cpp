@@ -42,6 +42,33 @@ protected:
             ZLJournalChange { .chapters = ZLJournalSplice { first, removed, chapters(inserted) } }.encoded() });
     }
 
+    /// The record of a chapter at the end.
+    static ZLJournalRecord addition(qsizetype count, const QString& title, qint64 number)
+    {
+        return { Kind::Change,
+            ZLJournalChange {
+                .chapters = ZLJournalSplice { count, 0, chapters({ title }) },
+                .number = number,
+            }
+                .encoded() };
+    }
+
+    /// What another part of memory holds of the same journal.
+    static QByteArray tailOf(const QList<ZLJournalRecord>& records)
+    {
+        QByteArray tail = ZLJournalRecords::Signature;
+        for (qsizetype index = 0; index < records.size(); ++index)
+            tail += ZLJournalRecords::encoded(quint32(index), records.at(index));
+        return tail;
+    }
+
+    QStringList titlesWith(const QByteArray& tail) const
+    {
+        const auto read = ZLJournalReader::read(bytes, tail);
+        EXPECT_TRUE(read);
+        return read ? titles(read.value().contents.chapters) : QStringList();
+    }
+
     QStringList readTitles() const
     {
         const auto read = ZLJournalReader::read(bytes);
@@ -207,4 +234,44 @@ TEST_F(ZLJournalReaderTest, ATemplateWithTheIdentifierOfAChapterIsBackToo)
     ASSERT_TRUE(read);
     EXPECT_EQ(titles(read.value().contents.chapters), (QStringList { u"A"_s, u"B"_s, u"T"_s }));
     EXPECT_EQ(titles(read.value().contents.templates), (QStringList { u"T"_s, u"U"_s }));
+}
+
+TEST_F(ZLJournalReaderTest, TheTailBringsWhatFollowsTheLastChange)
+{
+    add(addition(2, u"C"_s, 100));
+    const auto mark = [](qint64 number) { return addition(number - 98, QString::number(number), number); };
+    const QStringList all { u"A"_s, u"B"_s, u"C"_s, u"101"_s, u"102"_s };
+    EXPECT_EQ(titlesWith(tailOf({ addition(2, u"C"_s, 100), mark(101), mark(102) })), all);
+    EXPECT_EQ(titlesWith(tailOf({ mark(101), mark(102) })), all);
+    EXPECT_EQ(titlesWith(tailOf({ mark(101), mark(102) }) + "torn"), all);
+    EXPECT_EQ(titlesWith(tailOf({ mark(101), mark(103) })), all.first(4)) << "a change between them is missing";
+    for (const QByteArray& useless :
+        { QByteArray(), QByteArray("x"), tailOf({ mark(102) }), tailOf({ mark(99) }), tailOf({}) })
+        EXPECT_EQ(titlesWith(useless), all.first(3));
+}
+
+TEST_F(ZLJournalReaderTest, AJournalThatIsTornEndsWithWhatItsTailHolds)
+{
+    add(addition(2, u"C"_s, 100));
+    const qsizetype whole = bytes.size();
+    add(addition(3, u"D"_s, 101));
+    bytes.truncate(whole + 10);
+    EXPECT_EQ(titlesWith({}), (QStringList { u"A"_s, u"B"_s, u"C"_s }));
+    EXPECT_EQ(titlesWith(tailOf({ addition(3, u"D"_s, 101) })), (QStringList { u"A"_s, u"B"_s, u"C"_s, u"D"_s }));
+    EXPECT_FALSE(ZLJournalReader::read(bytes, tailOf({ addition(3, u"D"_s, 101) })).value().isTorn);
+}
+
+TEST_F(ZLJournalReaderTest, ATailThatDoesNotFitIsLeftOut)
+{
+    add(addition(2, u"C"_s, 100));
+    const QStringList journaled { u"A"_s, u"B"_s, u"C"_s };
+    EXPECT_EQ(titlesWith(tailOf({ addition(17, u"D"_s, 101) })), journaled);
+    EXPECT_EQ(titlesWith(tailOf({ { Kind::Change, "no change" } })), journaled);
+    EXPECT_EQ(titlesWith(tailOf({ { Kind::Snapshot, addition(3, u"D"_s, 101).payload } })), journaled);
+}
+
+TEST_F(ZLJournalReaderTest, AJournalWithoutNumbersTakesNoTail)
+{
+    splice(2, 0, { u"C"_s });
+    EXPECT_EQ(titlesWith(tailOf({ addition(3, u"D"_s, 1) })), (QStringList { u"A"_s, u"B"_s, u"C"_s }));
 }

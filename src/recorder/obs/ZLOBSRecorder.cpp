@@ -76,8 +76,13 @@ void ZLOBSRecorder::stopRecording()
 
 void ZLOBSRecorder::markChapter(const QString& title)
 {
-    if (m_canMarkChapters)
-        request(u"CreateRecordChapter"_s, otherAnswer, { { u"chapterName"_s, title.left(longestTitle) } });
+    if (!m_canMarkChapters)
+        return;
+    // OBS refuses an empty name, but finds one where there is none.
+    QJsonObject data;
+    if (!title.isEmpty())
+        data.insert(u"chapterName"_s, title.left(longestTitle));
+    request(u"CreateRecordChapter"_s, otherAnswer, data);
 }
 
 void ZLOBSRecorder::connectionStateDidChange(ZLRecorderConnection state, const QString& reason)

@@ -86,6 +86,8 @@ TEST_F(ZLDesktopTest, LeavingTheProgramWithAltHeldTurnsTheAddButtonBack)
 {
     run({}, { [&] {
         addTemplate(windows().first());
+        // It cannot be left before it has the keyboard.
+        ASSERT_TRUE(QTest::qWaitForWindowActive(windows().first()));
         QTest::keyPress(windows().first(), Qt::Key_Alt);
         EXPECT_EQ(titlesOfAddButtons(), QStringList { u"Add"_s });
         windows().first()->hide();

@@ -172,7 +172,7 @@ class StandInOBS:
             "GetOutputSettings": {"outputSettings": {"path": self.path}},
         }
         if request == "CreateRecordChapter":
-            self.chapters.append(data["chapterName"])
+            self.chapters.append(data.get("chapterName", "Unnamed"))
         return answers.get(request, {})
 
     def _tell_state(self, state, path=None):

@@ -51,6 +51,18 @@ FPSCommon={frames}
 SampleRate=48000
 """
 
+# One that can split its recording on demand and can hold chapters, from version 30.2 on.
+SPLITTING_PROFILE = PROFILE + """[Output]
+Mode=Advanced
+[AdvOut]
+RecType=Standard
+RecFilePath={folder}
+RecFormat2=hybrid_mp4
+RecEncoder=obs_x264
+RecSplitFile=true
+RecSplitFileType=Manual
+"""
+
 
 def free_port():
     with socket.socket() as taken:
@@ -69,16 +81,16 @@ def start_sound(desktop):
 
 
 class OBSStudio:
-    def __init__(self, desktop, frames=30):
+    def __init__(self, desktop, frames=30, profile=PROFILE):
         self.desktop = desktop
         self.port = free_port()
         self.folder = desktop.home / "recordings"
         self.folder.mkdir()
         configuration = Path(os.environ["XDG_CONFIG_HOME"]) / "obs-studio"
-        profile = configuration / "basic/profiles/Untitled"
-        profile.mkdir(parents=True)
+        profiles = configuration / "basic/profiles/Untitled"
+        profiles.mkdir(parents=True)
         (configuration / "global.ini").write_text(GLOBAL.format(port=self.port, password=PASSWORD))
-        (profile / "basic.ini").write_text(PROFILE.format(folder=self.folder, frames=frames))
+        (profiles / "basic.ini").write_text(profile.format(folder=self.folder, frames=frames))
         self.process = None
 
     def start(self):

@@ -76,13 +76,14 @@ class Zelta:
     """The whole program with a document and settings of its own, which follows a recorder. Each press is noted; a start
     makes no chapter, so there is one chapter for each press."""
 
-    def __init__(self, desktop, name, kind, port=0, starts_recorder=False):
+    def __init__(self, desktop, name, kind, port=0, starts_recorder=False, marks_chapters=False):
         self.desktop = desktop
         self.kind = kind
         self.home = desktop.home / name
         (self.home / "zelta").mkdir(parents=True)
         settings = {"ZLNewChapterOnStartSetting": "false", "ZLRecorderKindSetting": kind, "ZLOBSPortSetting": str(port),
                     "ZLOBSHostSetting": "127.0.0.1", "ZLRecorderStartsWithZeltaSetting": str(starts_recorder).lower(),
+                    "ZLRecorderMarksChaptersSetting": str(marks_chapters).lower(),
                     "ZLToggleRecordingKeyCombo": f'"{stored_shortcut(CODE_OF_F6, 0)}"',
                     "ZLNewChapterKeyCombo": f'"{stored_shortcut(CODE_OF_F7, 0)}"'}
         lines = ["[General]", *(f"{key}={value}" for key, value in settings.items())]

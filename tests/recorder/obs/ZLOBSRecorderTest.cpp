@@ -176,6 +176,10 @@ TEST_F(ZLOBSRecorderTest, SendsStartStopAndChapters)
     recorder->markChapter(u"Gäste"_s);
     ASSERT_TRUE(waitFor([this] { return obs.received().contains(u"CreateRecordChapter"_s); }, obsPatience));
     EXPECT_EQ(obs.lastData().value(u"chapterName"_s).toString(), u"Gäste"_s);
+    // OBS would refuse an empty name.
+    recorder->markChapter({});
+    ASSERT_TRUE(waitFor([this] { return obs.received().count(u"CreateRecordChapter"_s) == 2; }, obsPatience));
+    EXPECT_FALSE(obs.lastData().contains(u"chapterName"_s));
     recorder->stopRecording();
     ASSERT_TRUE(waitFor([this] { return obs.received().contains(u"StopRecord"_s); }, obsPatience));
     EXPECT_TRUE(obs.received().contains(u"StartRecord"_s));

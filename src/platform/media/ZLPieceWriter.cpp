@@ -17,6 +17,8 @@ struct PieceWriterTexts {
 constexpr qint64 stepOfTheKernel = 8 * 1024 * 1024;
 /// Small enough for the caches of a processor.
 constexpr qint64 stepThroughMemory = 256 * 1024;
+/// Bytes of a block that a file system shares between files, or of several.
+constexpr qint64 block = 4096;
 /// As much as is written before the disk begins with it.
 constexpr qint64 stepOfTheDisk = 8 * 1024 * 1024;
 
@@ -104,22 +106,31 @@ ZLStatus ZLPieceWriter::copyRange(qint64 offset, qint64 size)
     return ZLDone {};
 }
 
+/// Blocks can be shared only where both files have them as a whole. Elsewhere the kernel copies no faster than this.
 ZLResult<qint64> ZLPieceWriter::copyStep(qint64 offset, qint64 size)
 {
-    if (m_kernel == Kernel::Copies) {
-        loff_t from = offset;
-        const ssize_t count = copy_file_range(
-            m_source.descriptor(), &from, m_descriptor, nullptr, size_t(std::min(size, stepOfTheKernel)), 0);
-        if (count > 0) {
-            noteWritten(count);
-            return qint64(count);
-        }
-        if (count < 0 && !isRefusal(errno))
-            return systemFailure(errno);
-        // Some file systems answer 0 where they cannot copy, so the last word is that of an ordinary reading.
-        m_kernel = Kernel::CannotCopy;
+    const qint64 placeInBlock = offset % block;
+    if (m_kernel == Kernel::CannotCopy || placeInBlock != m_written % block)
+        return copyThroughMemory(offset, std::min(size, stepThroughMemory));
+    if (placeInBlock != 0)
+        return copyThroughMemory(offset, std::min(size, block - placeInBlock));
+    loff_t from = offset;
+    const ssize_t count = copy_file_range(
+        m_source.descriptor(), &from, m_descriptor, nullptr, size_t(std::min(size, stepOfTheKernel)), 0);
+    if (count > 0) {
+        noteWritten(count);
+        return qint64(count);
     }
-    const QByteArray bytes = m_source.read(offset, std::min(size, stepThroughMemory));
+    if (count < 0 && !isRefusal(errno))
+        return systemFailure(errno);
+    // Some file systems answer 0 where they cannot copy, so the last word is that of an ordinary reading.
+    m_kernel = Kernel::CannotCopy;
+    return copyThroughMemory(offset, std::min(size, stepThroughMemory));
+}
+
+ZLResult<qint64> ZLPieceWriter::copyThroughMemory(qint64 offset, qint64 size)
+{
+    const QByteArray bytes = m_source.read(offset, size);
     if (bytes.isEmpty())
         return ZLError { PieceWriterTexts::tr("The file ends early or cannot be read.") };
     const ZLStatus written = writeBytes(bytes);

@@ -4,8 +4,8 @@
 #include "platform/media/ZLFilePieces.h"
 #include "platform/media/ZLMediaSource.h"
 
-/// Writes the pieces of a new file. Stretches of the source are copied by the kernel where it can, and share their
-/// blocks where the file system can; otherwise they pass through one small buffer.
+/// Writes the pieces of a new file, from its beginning. Whole blocks of the source that stay whole blocks are copied by
+/// the kernel where it can, and shared where the file system can; everything else passes through one small buffer.
 class ZLPieceWriter {
 public:
     ZLPieceWriter(const ZLMediaSource& source, int descriptor, ZLWorkProgress& progress);
@@ -19,6 +19,7 @@ private:
     [[nodiscard]] ZLStatus writeBytes(const QByteArray& bytes);
     [[nodiscard]] ZLStatus copyRange(qint64 offset, qint64 size);
     [[nodiscard]] ZLResult<qint64> copyStep(qint64 offset, qint64 size);
+    [[nodiscard]] ZLResult<qint64> copyThroughMemory(qint64 offset, qint64 size);
     [[nodiscard]] ZLStatus checkCancelled() const;
     void noteWritten(qint64 count);
 

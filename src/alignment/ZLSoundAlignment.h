@@ -18,8 +18,8 @@ struct ZLSoundPiece {
     /// The least such share at other places near by: how sure the place is. By chance it is about a half.
     double shareElsewhere = 0.5;
     /// By how many seconds the beginning and the end may be off, at two thirds of all seams.
-    double beginDoubt = 0.08;
-    double endDoubt = 0.08;
+    double beginDoubt = 0.1;
+    double endDoubt = 0.1;
 
     [[nodiscard]] double showEnd() const { return showStart + length; }
     [[nodiscard]] double fileEnd() const { return fileStart + length * rate; }

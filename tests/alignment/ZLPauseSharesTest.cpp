@@ -103,8 +103,8 @@ TEST(ZLPauseSharesTest, AShortenedPauseIsDividedAndSaysHowSureItIs)
     ASSERT_EQ(alignment.pieces.size(), 2U);
     EXPECT_NEAR(alignment.pieces[0].showEnd(), 59.3, 0.15);
     EXPECT_NEAR(alignment.pieces[1].showStart, 59.7, 0.15);
-    EXPECT_GT(alignment.pieces[0].endDoubt, 0.12);
-    EXPECT_LT(alignment.pieces[0].beginDoubt, 0.1);
+    EXPECT_GT(alignment.pieces[0].endDoubt, 0.13);
+    EXPECT_LT(alignment.pieces[0].beginDoubt, 0.12);
 }
 
 TEST(ZLPauseSharesTest, AnEndBesideAnInsertionIsNoSureMark)

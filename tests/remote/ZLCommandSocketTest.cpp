@@ -23,9 +23,9 @@ protected:
     [[nodiscard]] std::unique_ptr<ZLCommandSocket> makeSocket(const QString& answer = u"done"_s)
     {
         return std::make_unique<ZLCommandSocket>(
-            [this, text = answer](const ZLOSCMessage& message, const ZLPressStamp&, const auto& answer) {
+            [this, text = answer](const ZLOSCMessage& message, const ZLPressStamp&, const auto& tell) {
                 m_messages.append(message);
-                answer(text);
+                tell(text);
             },
             m_path);
     }

@@ -16,8 +16,6 @@ constexpr std::int64_t framesAround = 7;
 constexpr double leastShareOfPause = 0.43;
 constexpr std::int64_t leastFramesOfPauses = 60;
 constexpr std::int64_t leastFramesOfSpeech = 300;
-/// The windows of neighbouring frames overlap, so each says less than if it stood alone.
-constexpr double shareOfEvidence = 0.4;
 constexpr double mostOfOneFrame = 2.0;
 
 /// What can be told of a frame without another sound: how many bits changed since the frame before, and from each band
@@ -119,7 +117,7 @@ std::vector<double> sumsOf(const Kind& pause, const Kind& speech, Frames frames)
     std::vector<double> sums { 0.0 };
     for (size_t frame = 0; frame < frames.size(); ++frame) {
         const Change change = changeAt(frames, frame);
-        const double worth = shareOfEvidence * (pause.logarithmOf(change) - speech.logarithmOf(change));
+        const double worth = ZLPauseEvidence::ShareOfFrame * (pause.logarithmOf(change) - speech.logarithmOf(change));
         sums.push_back(sums.back() + std::clamp(worth, -mostOfOneFrame, mostOfOneFrame));
     }
     return sums;

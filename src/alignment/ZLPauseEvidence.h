@@ -13,6 +13,9 @@
 /// although they lie within a piece, there is a pause.
 class ZLPauseEvidence {
 public:
+    /// So much of what a frame says counts: the windows of neighbouring frames overlap.
+    static constexpr double ShareOfFrame = 0.4;
+
     ZLPauseEvidence(
         const std::vector<ZLSoundPiece>& pieces, ZLFrameAlignment::Frames show, ZLFrameAlignment::Frames file);
 

@@ -23,10 +23,8 @@ constexpr double costOfCut = 1.0;
 constexpr double costOfDrowned = 0.1;
 /// ... of which so many bits differ, hardly fewer than by chance.
 constexpr double shareOfDrowned = 0.43;
-/// The windows of neighbouring frames overlap, so each says less than if it stood alone.
-constexpr double shareOfEvidence = 0.4;
 /// On each side of a frame in the file that is asked whether it is a pause.
-constexpr std::int64_t framesAround = 5;
+constexpr std::int64_t framesBeside = 5;
 constexpr double bitsCompared = 32.0;
 /// Where the pauses of the speech are not known, a gap in the file as short as this is one. In frames.
 constexpr std::int64_t mostOfUnknownPause = 75;
@@ -124,7 +122,7 @@ private:
         const double pause = m_evidence.ofShow(showFrame, showFrame + 1) + m_evidence.ofFile(fileFrame, fileFrame + 1);
         const double drowned = drownedAt(m_show[size_t(showFrame)], m_file[size_t(fileFrame)]);
         const double isPause =
-            1.0 / (1.0 + std::exp(-m_evidence.ofFile(fileFrame - framesAround, fileFrame + framesAround + 1)));
+            1.0 / (1.0 + std::exp(-m_evidence.ofFile(fileFrame - framesBeside, fileFrame + framesBeside + 1)));
         fits.asPause.push_back(fits.asPause.back() + pause);
         fits.asAnything.push_back(fits.asAnything.back() + isPause * pause + (1.0 - isPause) * drowned);
     }
@@ -133,7 +131,7 @@ private:
         const double differing = std::popcount(show ^ file);
         const double likelihood = (bitsCompared - differing) * std::log((1.0 - shareOfDrowned) / 0.5)
             + differing * std::log(shareOfDrowned / 0.5);
-        return shareOfEvidence * likelihood - costOfDrowned;
+        return ZLPauseEvidence::ShareOfFrame * likelihood - costOfDrowned;
     }
     [[nodiscard]] double fitOf(size_t ofFormer, size_t ofNext) const
     {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "alignment/ZLSoundAlignment.h"
 #include "alignment/ZLSoundFingerprint.h"
 
 #include <bit>
@@ -52,6 +53,12 @@ inline Frames part(const Frames& frames, double begin, double end)
 inline void append(Frames& frames, const Frames& more)
 {
     frames.insert(frames.end(), more.begin(), more.end());
+}
+
+inline ZLSoundAlignment aligned(const Frames& show, const Frames& file)
+{
+    ZLWorkProgress progress;
+    return ZLSoundAlignment::of({ show }, { file }, progress);
 }
 
 }

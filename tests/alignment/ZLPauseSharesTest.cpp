@@ -42,12 +42,6 @@ Spoken spoken(int sentences)
     return both;
 }
 
-ZLSoundAlignment aligned(const Frames& show, const Frames& file)
-{
-    ZLWorkProgress progress;
-    return ZLSoundAlignment::of({ show }, { file }, progress);
-}
-
 }
 
 TEST(ZLPauseSharesTest, APauseBehindACutBelongsToWhatFollowsIt)

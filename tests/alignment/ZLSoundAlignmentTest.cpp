@@ -10,12 +10,6 @@ using namespace ZLTestFingerprints;
 
 namespace {
 
-ZLSoundAlignment aligned(const Frames& showFrames, const Frames& fileFrames)
-{
-    ZLWorkProgress progress;
-    return ZLSoundAlignment::of({ showFrames }, { fileFrames }, progress);
-}
-
 double covered(const ZLSoundAlignment& alignment)
 {
     return std::accumulate(alignment.pieces.begin(), alignment.pieces.end(), 0.0,

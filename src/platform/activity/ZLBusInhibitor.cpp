@@ -73,7 +73,8 @@ void ZLBusInhibitor::receiveAnswer(QDBusPendingCallWatcher* watcher)
         giveBack();
         return;
     }
-    setState(isGranted ? State::Held : State::Unavailable);
+    // It may have gone after it granted it, and the news of that may be the first to arrive.
+    setState(isGranted && !m_isServiceGone ? State::Held : State::Unavailable);
     // The one that was asked went away before it answered, and its successor is there already.
     if (!isGranted && m_isServiceNew)
         ask();
@@ -81,7 +82,8 @@ void ZLBusInhibitor::receiveAnswer(QDBusPendingCallWatcher* watcher)
 
 void ZLBusInhibitor::noteOwner(const QString& newOwner)
 {
-    if (newOwner.isEmpty()) {
+    m_isServiceGone = newOwner.isEmpty();
+    if (m_isServiceGone) {
         if (m_state == State::Held)
             setState(State::Unavailable);
         return;

@@ -53,4 +53,5 @@ private:
     State m_state = State::Released;
     bool m_isAnswerDue = false;
     bool m_isServiceNew = false;
+    bool m_isServiceGone = false;
 };

@@ -44,8 +44,8 @@ public:
         return pixmap;
     }
 
-    QIconEngine* clone() const override { return new SymbolIconEngine(*this); }
-    QString key() const override { return u"ZLSymbolIcon"_s; }
+    [[nodiscard]] QIconEngine* clone() const override { return new SymbolIconEngine(*this); }
+    [[nodiscard]] QString key() const override { return u"ZLSymbolIcon"_s; }
     QString iconName() override { return m_drawing.isEmpty() ? QString() : m_name; }
     bool isNull() override { return m_drawing.isEmpty(); }
 

@@ -25,8 +25,8 @@ private:
     void removeSelectedAddresses();
 
     QButtonGroup* m_choices;
-    QWidget* m_addressArea;
-    QListWidget* m_addresses;
-    ZLOSCEntryEditor* m_editor;
-    QLabel* m_emptyNote;
+    QWidget* m_addressArea = nullptr;
+    QListWidget* m_addresses = nullptr;
+    ZLOSCEntryEditor* m_editor = nullptr;
+    QLabel* m_emptyNote = nullptr;
 };

@@ -118,7 +118,7 @@ QSize ZLShortcutField::sizeHint() const
 {
     QStyleOptionButton option;
     initStyleOption(&option);
-    QSize text = option.fontMetrics.size(0, u"Super+Ctrl+Alt+Shift+F12"_s);
+    const QSize text = option.fontMetrics.size(0, u"Super+Ctrl+Alt+Shift+F12"_s);
     return style()->sizeFromContents(QStyle::CT_PushButton, &option, text, this);
 }
 

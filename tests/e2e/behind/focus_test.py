@@ -52,6 +52,7 @@ class FocusTest(DesktopTest):
         self.window = wait_until(lambda: self.windows_named("Zelta"), "the document window")[0]
         self.wait_for_keyboard(self.window)
         self.other = OtherProgram()
+        wait_until(lambda: not accessible.is_active(self.frame), "Zelta to know that another program is in front")
         oscsend(self.port, "/zl/toggleRecording", "f", 1)
         self.mark_from_outside(1)
 

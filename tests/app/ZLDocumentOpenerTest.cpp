@@ -2,24 +2,11 @@
 
 #include "app/ZLDocumentControllerFixture.h"
 #include "platform/ZLAbandonedWork.h"
+#include "support/ZLProcessorTime.h"
 
 #include <QTest>
 
-#include <ctime>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Seconds for which this thread had the processor: a busy machine makes them no more.
-double processorSeconds()
-{
-    timespec time {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) + double(time.tv_nsec) / 1e9;
-}
-
-}
 
 class ZLDocumentOpenerTest : public ZLDocumentControllerFixture {
 protected:
@@ -73,15 +60,15 @@ TEST_F(ZLDocumentOpenerTest, AFileIsOpenWhenItIsRead)
 TEST_F(ZLDocumentOpenerTest, ALongFileIsDecodedBesideTheMainThread)
 {
     const QString path = longFile("long.zelta");
-    double before = processorSeconds();
+    double before = ZLProcessorTime::seconds();
     ASSERT_TRUE(ZLReadDocument::read(path));
-    const double costOfReading = processorSeconds() - before;
-    before = processorSeconds();
+    const double costOfReading = ZLProcessorTime::seconds() - before;
+    before = ZLProcessorTime::seconds();
     opener->open(path, remember());
     waitUntilRead();
     ASSERT_TRUE(told.front());
     EXPECT_EQ(told.front().value()->chapterManager().count(), 20'000);
-    EXPECT_LT(processorSeconds() - before, 0.25 * costOfReading);
+    EXPECT_LT(ZLProcessorTime::seconds() - before, 0.25 * costOfReading);
 }
 
 TEST_F(ZLDocumentOpenerTest, AFileThatIsAskedForTwiceIsOneDocument)

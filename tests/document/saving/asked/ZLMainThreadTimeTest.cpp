@@ -1,22 +1,9 @@
 #include "document/saving/SavingFixture.h"
+#include "support/ZLProcessorTime.h"
 
 #include <QEventLoop>
 
-#include <ctime>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Seconds for which this thread had the processor: a busy machine makes them no more.
-double processorSeconds()
-{
-    timespec time {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) + double(time.tv_nsec) / 1e9;
-}
-
-}
 
 /// What saving a long document costs the thread of the event loop, beside what its bytes cost.
 class ZLMainThreadTimeTest : public SavingFixture {
@@ -36,9 +23,9 @@ protected:
     void SetUp() override
     {
         saver = titledSaver(filePath("show.zelta"));
-        const double before = processorSeconds();
+        const double before = ZLProcessorTime::seconds();
         (void)document.dataOfType();
-        costOfBytes = processorSeconds() - before;
+        costOfBytes = ZLProcessorTime::seconds() - before;
         addChapter("New");
     }
 
@@ -46,10 +33,10 @@ protected:
     double costOf(const std::function<void(const std::function<void()>& end)>& begin)
     {
         QEventLoop loop;
-        const double before = processorSeconds();
+        const double before = ZLProcessorTime::seconds();
         begin([&loop] { QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection); });
         loop.exec();
-        return processorSeconds() - before;
+        return ZLProcessorTime::seconds() - before;
     }
 
     double costOfAsking(const std::function<void(const ZLWhenDone&)>& ask)
@@ -92,9 +79,9 @@ TEST_F(ZLMainThreadTimeTest, ASaveThatAPersonAsksForMakesNoBytesThere)
 
 TEST_F(ZLMainThreadTimeTest, LookingWhetherThereIsAnythingToRevertMakesNoBytes)
 {
-    const double before = processorSeconds();
+    const double before = ZLProcessorTime::seconds();
     EXPECT_TRUE(saver->canRevert());
     document.undoManager().undo();
     EXPECT_FALSE(saver->canRevert());
-    EXPECT_LT(processorSeconds() - before, LargestShare * costOfBytes);
+    EXPECT_LT(ZLProcessorTime::seconds() - before, LargestShare * costOfBytes);
 }

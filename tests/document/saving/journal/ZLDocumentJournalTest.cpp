@@ -18,7 +18,26 @@ protected:
         return status.st_mode & 07777;
     }
 
+    /// A document whose first chapter is in the journal. The next record hangs until `disk` is released.
+    std::unique_ptr<ZLDocumentSaver> saverWithJournalThatHangs(std::chrono::milliseconds longestHandOver)
+    {
+        machinery.journalDisk.longestHandOver = longestHandOver;
+        machinery.journalDisk.write = [this](int descriptor, const void* bytes, size_t count) {
+            if (isHanging.exchange(false))
+                disk.acquire();
+            return ::write(descriptor, bytes, count);
+        };
+        auto saver = titledSaver(filePath("show.zelta"));
+        addChapter("One");
+        EXPECT_TRUE(saver->saveNow()) << "which ends when the journal has everything";
+        isHanging = true;
+        return saver;
+    }
+
     QString journalPath() const { return recoveryFolder.journaledFiles().value(0) + ZLRecoveryFile::JournalSuffix; }
+
+    std::binary_semaphore disk { 0 };
+    std::atomic<bool> isHanging = false;
 };
 
 TEST_F(ZLDocumentJournalTest, EveryChangeIsInTheJournalWhenItsCommandReturns)
@@ -69,18 +88,7 @@ TEST_F(ZLDocumentJournalTest, NobodyIsToldOfAMarkThatAKillCouldLose)
 
 TEST_F(ZLDocumentJournalTest, ADiskThatHangsDelaysAMarkOnceAndBriefly)
 {
-    std::binary_semaphore disk(0);
-    std::atomic<bool> isHanging = false;
-    machinery.journalDisk.longestHandOver = ZLJournalDisk().longestHandOver;
-    machinery.journalDisk.write = [&](int descriptor, const void* bytes, size_t count) {
-        if (isHanging.exchange(false))
-            disk.acquire();
-        return ::write(descriptor, bytes, count);
-    };
-    auto saver = titledSaver(filePath("show.zelta"));
-    addChapter("One");
-    EXPECT_TRUE(saver->saveNow()) << "which ends when the journal has everything";
-    isHanging = true;
+    auto saver = saverWithJournalThatHangs(ZLJournalDisk().longestHandOver);
     // Were one of these marks to wait for the disk, the test would stand here for ever.
     for (int mark = 0; mark < 100; ++mark)
         addChapter("More");
@@ -96,18 +104,7 @@ TEST_F(ZLDocumentJournalTest, AKillWhileTheDiskHangsLosesNoMark)
     const ZLRuntimeFolderInMemory memory;
     if (!ZLRuntimeFolderInMemory::isInMemory())
         GTEST_SKIP() << "this system has no file system in memory";
-    std::binary_semaphore disk(0);
-    std::atomic<bool> isHanging = false;
-    machinery.journalDisk.longestHandOver = std::chrono::milliseconds(1);
-    machinery.journalDisk.write = [&](int descriptor, const void* bytes, size_t count) {
-        if (isHanging.exchange(false))
-            disk.acquire();
-        return ::write(descriptor, bytes, count);
-    };
-    auto saver = titledSaver(filePath("show.zelta"));
-    addChapter("One");
-    EXPECT_TRUE(saver->saveNow()) << "which ends when the journal has everything";
-    isHanging = true;
+    const auto saver = saverWithJournalThatHangs(std::chrono::milliseconds(1));
     for (int mark = 0; mark < 100; ++mark)
         addChapter("More");
     document.updateChapterToTitle(document.chapterManager().chapterAtIndex(0), u"First"_s);
@@ -124,7 +121,6 @@ TEST_F(ZLDocumentJournalTest, AKillWhileTheDiskHangsLosesNoMark)
 
 TEST_F(ZLDocumentJournalTest, ASyncThatHangsDelaysNoMarkAtAll)
 {
-    std::binary_semaphore disk(0);
     std::atomic<int> syncs = 0;
     machinery.journalDisk.sync = [&](int descriptor) {
         // Not even the first mark, with which the journal begins, waits for it.
@@ -133,7 +129,7 @@ TEST_F(ZLDocumentJournalTest, ASyncThatHangsDelaysNoMarkAtAll)
         return ::fdatasync(descriptor);
     };
     const auto saver = titledSaver(filePath("show.zelta"));
-    const auto letItGo = qScopeGuard([&disk] { disk.release(); });
+    const auto letItGo = qScopeGuard([this] { disk.release(); });
     for (int mark = 1; mark <= 50; ++mark) {
         addChapter("More");
         ASSERT_EQ(journaledTitles().size(), mark) << "the kernel has it although nothing is synced";

@@ -78,12 +78,13 @@ void ZLDesktop::updateAddButtons()
 
 void ZLDesktop::equipWindow(ZLChapterDocumentWindow* window)
 {
+    // The Edit menu ends with the preferences.
+    m_listeningDisplay.addWindow(*window);
     m_preferences.addWindow(*window);
     m_menuShortcuts.addWindow(*window);
     m_keyEquivalents.addWindow(*window);
     m_remoteStatus.addStatusLine(window->statusLine());
     m_oscConnections.addWindow(*window);
     m_following.addWindow(*window);
-    m_listeningDisplay.addWindow(*window);
     m_outsideTarget.addWindow(*window);
 }

@@ -5,6 +5,7 @@ audio_sheet_test.py PROGRAM DRAG_SOURCE LEAVING_DISK [FOLDER]; with a folder, pi
 """
 
 import os
+import select
 import shutil
 import struct
 import subprocess
@@ -219,7 +220,8 @@ class AudioSheetTest(SheetTest):
 
     def drop(self, *paths):
         """On the chapters, with the mouse, from the window of another program."""
-        program = self.desktop.start(DRAG_SOURCE, *paths)
+        program = self.desktop.start(DRAG_SOURCE, *paths, stdout=subprocess.PIPE)
+        self.addCleanup(program.stdout.close)
         self.addCleanup(program.wait, 60)
         self.addCleanup(program.terminate)
         source = wait_until(lambda: subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Drag Source"],
@@ -229,10 +231,15 @@ class AudioSheetTest(SheetTest):
         x, y = map(int, self.window.accessible.center(table))
         xdotool = self.desktop.xdotool
         xdotool("windowmove", "--sync", source, 0, 680)
-        xdotool("mousemove", "--window", source, 40, 40, "mousedown", 1)
-        for step in range(21):
-            xdotool("mousemove", x - 20 + step, y)
-        xdotool("mouseup", 1)
+        # A window that has not answered when the button is let go gets nothing.
+        for _ in range(10):
+            xdotool("mousemove", "--window", source, 40, 40, "mousedown", 1)
+            for step in range(21):
+                xdotool("mousemove", x - 20 + step, y)
+            xdotool("mouseup", 1)
+            if select.select([program.stdout], [], [], 6)[0] and program.stdout.readline() == b"taken\n":
+                return
+        self.fail("the window took none of the files")
 
     def test_an_audio_file_is_dropped_on_the_window(self):
         self.open()

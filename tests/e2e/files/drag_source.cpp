@@ -1,9 +1,12 @@
 // A window from which files are dragged, as from a file manager: drag_source FILE…
+// After each drag it says on standard output whether they were taken.
 #include <QApplication>
 #include <QDrag>
 #include <QMimeData>
 #include <QUrl>
 #include <QWidget>
+
+#include <cstdio>
 
 namespace {
 
@@ -19,7 +22,9 @@ protected:
         dragged->setUrls(addresses);
         auto* drag = new QDrag(this);
         drag->setMimeData(dragged);
-        drag->exec(Qt::CopyAction);
+        const bool taken = drag->exec(Qt::CopyAction) != Qt::IgnoreAction;
+        std::puts(taken ? "taken" : "refused");
+        std::fflush(stdout);
     }
 };
 

@@ -81,6 +81,15 @@ class Exports:
         self.enter_path(self.document)
         wait_until(self.document.exists, "the document to be written")
 
+    def choose_in_menu(self, name):
+        """Opens the item in the export menu by the keyboard. A key that comes before the menu shows goes to the menu around it."""
+        self.desktop.press("alt+f", "e")
+        item = self.accessible.find(self.frame, "menu item", f"{name}…")
+        items = [node for node in item.parent if self.accessible.role_of(node) == "menu item"]
+        for target in items[:items.index(item) + 1]:
+            wait_until(lambda target=target: self.accessible.is_focused(target), f"{target.name} to be reached in the menu")
+            self.desktop.press("Return" if target == item else "Down")
+
     def export(self, position, name, extension):
         path = self.desktop.home / f"menu {position}.{extension}"
         by_command_line = self.desktop.home / "command line" / path.name
@@ -88,11 +97,7 @@ class Exports:
         if extension == "nhsx":
             path.write_text(SESSION)
             by_command_line.write_text(SESSION)
-        self.desktop.press("alt+f", "e")
-        # A key that comes before the menu shows goes to the menu around it.
-        item = self.accessible.find(self.frame, "menu item", f"{name}…")
-        wait_until(lambda: self.accessible.is_showing(item), f"the menu with {name}")
-        self.desktop.press(*["Down"] * position, "Return")
+        self.choose_in_menu(name)
         self.enter_path(path, f"export-{position}.png")
         message = f"Exported {path.name}."
         wait_until(lambda: self.accessible.find_all(self.frame, name=message), f"the message {message}")

@@ -87,6 +87,10 @@ def is_active(node):
     return node.getState().contains(pyatspi.STATE_ACTIVE)
 
 
+def is_focused(node):
+    return node.getState().contains(pyatspi.STATE_FOCUSED)
+
+
 def is_enabled(node):
     return node.getState().contains(pyatspi.STATE_ENABLED)
 

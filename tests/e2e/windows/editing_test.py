@@ -45,8 +45,7 @@ class EditingTest(DesktopTest):
         wait_until(lambda: self.has_focus_within(drawer), "the drawer to have the keyboard")
 
     def has_focus_within(self, node):
-        focused = self.window.accessible.pyatspi.STATE_FOCUSED
-        return any(part.getState().contains(focused) for part in self.window.accessible.everything_below(node))
+        return any(map(self.window.accessible.is_focused, self.window.accessible.everything_below(node)))
 
     def record_three_chapters(self):
         self.press("ctrl+r")

@@ -146,9 +146,9 @@ TEST_F(ZLSoundDecoderTest, TheProgramBesideItTakesNoMoreMemoryThanItMay)
     ASSERT_EQ(QProcess::execute(u"ffmpeg"_s,
                   { u"-v"_s, u"error"_s, u"-i"_s, path(u"slow.wav"_s), u"-c"_s, u"copy"_s, path(u"slow.mka"_s) }),
         0);
+    // A newer ffmpeg brings such a sound to another rate within this memory; an older one cannot.
     const ZLStatus status = decode(u"slow.mka"_s);
-    ASSERT_FALSE(status);
-    EXPECT_TRUE(status.error().message.startsWith(path(u"slow.mka"_s)));
+    EXPECT_TRUE(status || status.error().message.startsWith(path(u"slow.mka"_s)));
     rusage usage {};
     ASSERT_EQ(getrusage(RUSAGE_CHILDREN, &usage), 0);
     EXPECT_LT(usage.ru_maxrss, 250 * 1024);

@@ -104,5 +104,5 @@ ZLResult<ZLDocumentContents> ZLDocumentFile::decode(QByteArrayView bytes, ZLDict
         return contentsIn(*entries);
     if (root.value().typeId() == QMetaType::QVariantMap)
         return contentsIn(root.value().toMap());
-    return ZLError { QCoreApplication::translate("ZLDocumentFile", "This is not a chapter document.") };
+    return ZLError { QCoreApplication::translate("ZLDocumentFile", "This is not a Zelta document.") };
 }

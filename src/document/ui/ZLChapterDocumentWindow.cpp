@@ -32,6 +32,11 @@ namespace {
 
 const QString invalidTimestampAlertName = QStringLiteral("invalidTimestampAlert");
 
+QString reasonToStayOpen()
+{
+    return ZLChapterDocumentWindow::tr("Pause the recording before closing this window.");
+}
+
 QStringList localFilesIn(const QMimeData& data)
 {
     QStringList paths;
@@ -137,7 +142,7 @@ void ZLChapterDocumentWindow::closeEvent(QCloseEvent* event)
     if (m_document.isRecording()) {
         // The desktop's list of windows closes one that is minimized, too.
         ZLWindowInFront::bring(*windowHandle());
-        m_ui->statusLine->showPassingMessage(tr("Pause the recording before closing this window."));
+        m_ui->statusLine->showPassingMessage(reasonToStayOpen());
         return;
     }
     commitTypedText();
@@ -291,10 +296,11 @@ void ZLChapterDocumentWindow::updateRecordingState()
 {
     const QString waitingText = tr("The recording starts after the beep.");
     const bool isRecording = m_document.isRecording();
+    const QString shownText = m_ui->statusLine->passingMessage();
     toolbar().setRecordFace(isRecording ? ZLDocumentToolbar::RecordFace::Pause : ZLDocumentToolbar::RecordFace::Start);
     if (m_document.isWaitingForBeep())
         m_ui->statusLine->showPassingMessage(waitingText);
-    else if (m_ui->statusLine->passingMessage() == waitingText)
+    else if (shownText == waitingText || (!isRecording && shownText == reasonToStayOpen()))
         m_ui->statusLine->hidePassingMessage();
     validate();
     updateToolTips();

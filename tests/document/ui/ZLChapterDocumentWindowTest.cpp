@@ -132,6 +132,7 @@ TEST_F(ZLChapterDocumentWindowTest, ClosingIsRefusedWhileRecordingAndSaysWhy)
     EXPECT_TRUE(m_window->isVisible());
     EXPECT_EQ(m_window->statusLine().passingMessage(), u"Pause the recording before closing this window."_s);
     m_document.recordButtonPressed();
+    EXPECT_EQ(m_window->statusLine().passingMessage(), QString()) << "it is paused now";
     EXPECT_TRUE(m_window->close());
     EXPECT_TRUE(wasAsked);
 }

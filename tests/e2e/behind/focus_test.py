@@ -155,11 +155,22 @@ class FocusTest(DesktopTest):
     def test_the_preferences(self):
         self.close_in_front_of_other_program(self.open_from_document("ctrl+comma", "^General$"), "Escape")
 
-    def test_the_osc_connections(self):
+    def open_from_menu(self, item, name):
         self.wait_for_keyboard(self.window)
-        self.accessible.press(self.accessible.find(self.frame, "menu item", "OSC Connections…"))
-        window = wait_until(lambda: self.windows_named("^OSC Connections$"), "the window")[0]
-        self.close_in_front_of_other_program(window, "Escape")
+        self.accessible.press(self.accessible.find(self.frame, "menu item", item))
+        return wait_until(lambda: self.windows_named(name), f"a window {name}")[0]
+
+    def test_the_osc_connections(self):
+        self.close_in_front_of_other_program(self.open_from_menu("OSC Connections…", "^OSC Connections$"), "Escape")
+
+    def test_the_recorder(self):
+        self.close_in_front_of_other_program(self.open_from_menu("Recorder…", "^Recorder$"), "Escape")
+
+    def test_the_list_of_keys(self):
+        self.close_in_front_of_other_program(self.open_from_menu("Keyboard Shortcuts", "^Keyboard Shortcuts$"), "Escape")
+
+    def test_an_export(self):
+        self.close_in_front_of_other_program(self.open_from_menu("YouTube…", "^Export to YouTube"), "Escape")
 
     def test_a_second_document(self):
         self.close_in_front_of_other_program(self.open_from_document("ctrl+n", "Zelta$"), "ctrl+w")

@@ -62,6 +62,19 @@ class KeyEquivalentsTest(DesktopTest):
         self.desktop.press("F6")
         wait_until(lambda: not self.window.is_recording(), "the clock to stand")
 
+    def test_with_a_dialog_of_the_document_in_front(self):
+        self.start(works_everywhere=False)
+        self.desktop.press("F6")
+        wait_until(self.window.is_recording, "the clock to run")
+        for count, (keys, name) in enumerate((("ctrl+i", "Insert Chapter"), ("ctrl+shift+s", "Save Chapters As")), 1):
+            self.desktop.press(keys)
+            self.wait_for_window_in_front(name)
+            self.press_until([""] * count)
+            self.wait_for_window_in_front(name)
+            self.desktop.press("Escape")
+            self.wait_for_window_in_front("Zelta")
+            self.window.wait_for_keyboard()
+
     def test_keys_that_contain_alt_add_a_blank_chapter_in_front(self):
         self.start(works_everywhere=False, templates=["One", "Two"])
         self.desktop.press("F6")

@@ -179,6 +179,19 @@ class LaunchTest(unittest.TestCase):
         self.assertIn("sub/other: ", reasons[1])
         self.assertIsNone(process.poll())
 
+    def test_a_huge_file_is_refused_while_the_show_goes_on(self):
+        huge = self.desktop.home / "huge.zelta"
+        with open(huge, "wb") as file:
+            file.truncate(10**12)
+        process = self.start()
+        self.desktop.press("ctrl+r")
+        wait_until(lambda: titles_of(process) == ["Recording: Untitled* — Zelta"], "the clock to run")
+        ended = self.run_and_end(huge.name)
+        self.assertEqual(ended.returncode, 1, ended)
+        self.assertIn("huge.zelta: The file is larger than 512 MiB.", ended.stderr)
+        self.assertEqual(self.run_and_end("send", "newChapter").stdout, "newChapter: added a chapter\n")
+        self.assertEqual(titles_of(process), ["Recording: Untitled* — Zelta"])
+
     def test_a_word_that_is_no_file_makes_none(self):
         for arguments in (["list"], ["--headless", "list"]):
             for display in (True, False):

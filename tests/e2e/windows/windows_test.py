@@ -196,7 +196,7 @@ class WindowsTest(DesktopTest):
     def check_all_windows_fit(self):
         self.check_fits(self.window)
         known = {self.window}
-        for keys in ("ctrl+comma", "ctrl+o", "ctrl+shift+s"):
+        for keys in ("ctrl+comma", "ctrl+o", "ctrl+shift+s", "ctrl+i"):
             self.activate(self.window)
             self.desktop.press(keys)
             window = self.new_window(known)
@@ -207,8 +207,8 @@ class WindowsTest(DesktopTest):
                     self.check_fits(window)
             self.desktop.press("Escape")
             wait_until(lambda: not [w for w in self.windows(".", "--onlyvisible") if w not in known], "it to close")
-        for beginnings in (("OSC Connections", "OSC-Verbindungen"), ("Keyboard Shortcuts", "Tastenkürzel"),
-                           ("Podlove Simple Chapters",)):
+        for beginnings in (("OSC Connections", "OSC-Verbindungen"), ("Recorder", "Rekorder"),
+                           ("Keyboard Shortcuts", "Tastenkürzel"), ("Podlove Simple Chapters",)):
             item = wait_until(lambda beginnings=beginnings: self.menu_item(beginnings), f"an item {beginnings}")
             self.activate(self.window)
             self.accessible.press(item)

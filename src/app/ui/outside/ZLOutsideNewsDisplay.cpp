@@ -12,6 +12,12 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QString commandElsewhereName = QStringLiteral("outsideCommandElsewhere");
+
+}
+
 ZLOutsideNewsDisplay::ZLOutsideNewsDisplay(ZLOutsideCommands& commands, ZLDocumentWindows& windows, QObject* parent)
     : QObject(parent)
     , m_commands(commands)
@@ -19,6 +25,8 @@ ZLOutsideNewsDisplay::ZLOutsideNewsDisplay(ZLOutsideCommands& commands, ZLDocume
 {
     connect(&commands, &ZLOutsideCommands::didAddChapter, this, &ZLOutsideNewsDisplay::tellOfChapter);
     connect(&commands, &ZLOutsideCommands::didNothing, this, &ZLOutsideNewsDisplay::tellOfNothing);
+    connect(
+        &commands, &ZLOutsideCommands::pinDidChange, this, [this] { forgetElsewhere(m_commands.pinnedDocument()); });
 }
 
 void ZLOutsideNewsDisplay::tellOfChapter(ZLChapterDocument* document, const ZLRemoteSource& source) const
@@ -28,6 +36,7 @@ void ZLOutsideNewsDisplay::tellOfChapter(ZLChapterDocument* document, const ZLRe
     ZLChapterDocumentWindow* window = m_windows.windowOf(document);
     if (!chapter || !window)
         return;
+    forgetElsewhere(document);
     // Cut to whole seconds: 00:12:31 of 00:12:31.480.
     const QString time = chapter->timeString().section(u'.', 0, 0);
     window->statusLine().showPassingMessage(
@@ -43,7 +52,13 @@ void ZLOutsideNewsDisplay::tellOfNothing(
     for (ZLChapterDocument* beside : recording) {
         const auto comeHere = [this, wanted = QPointer(beside)] { m_commands.pinTo(wanted); };
         if (ZLChapterDocumentWindow* window = m_windows.windowOf(beside))
-            window->messageBar().showMessage(u"outsideCommandElsewhere"_s, text,
+            window->messageBar().showMessage(commandElsewhereName, text,
                 { { ZLOutsideTargetDisplay::itemTitle(), comeHere }, { tr("Dismiss"), [] { } } });
     }
+}
+
+void ZLOutsideNewsDisplay::forgetElsewhere(ZLChapterDocument* document) const
+{
+    if (ZLChapterDocumentWindow* window = m_windows.windowOf(document))
+        window->messageBar().hideMessage(commandElsewhereName);
 }

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QMessageBox>
 #include <QScopedValueRollback>
 #include <QShortcutEvent>
 
@@ -16,7 +17,8 @@ namespace {
 bool belongsToAnAlert()
 {
     const QWidget* active = QApplication::activeWindow();
-    return active && QApplication::activeModalWidget() && !qobject_cast<const ZLChapterDocumentWindow*>(active);
+    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) && active
+        && !qobject_cast<const ZLChapterDocumentWindow*>(active);
 }
 
 bool containsOptionKey(const QKeySequence& keys)
@@ -33,6 +35,8 @@ ZLKeyEquivalents::ZLKeyEquivalents(ZLDocumentController& controller, ZLCommandKe
 {
     connect(&controller, &ZLDocumentController::currentDocumentDidChange, this, &ZLKeyEquivalents::update);
     connect(&controller, &ZLDocumentController::didCloseDocument, this, &ZLKeyEquivalents::update);
+    connect(qApp, &QApplication::focusChanged, this,
+        [this](const QWidget*, const QWidget* focused) { followFocus(focused); });
 }
 
 void ZLKeyEquivalents::addWindow(ZLChapterDocumentWindow& window)
@@ -56,6 +60,30 @@ bool ZLKeyEquivalents::eventFilter(QObject* watched, QEvent* event)
     return watched->event(event);
 }
 
+void ZLKeyEquivalents::followFocus(const QWidget* focused)
+{
+    QWidget* window = focused ? focused->window() : nullptr;
+    if (qobject_cast<ZLChapterDocumentWindow*>(window) || qobject_cast<QMessageBox*>(window))
+        window = nullptr;
+    if (window == m_otherWindow)
+        return;
+    leaveOtherWindow();
+    m_otherWindow = window;
+    update();
+}
+
+void ZLKeyEquivalents::leaveOtherWindow()
+{
+    if (!m_otherWindow)
+        return;
+    m_windows.removeAll(nullptr);
+    for (const auto& window : std::as_const(m_windows)) {
+        const auto commands = commandsOf(*window);
+        for (QAction* command : commands)
+            m_otherWindow->removeAction(command);
+    }
+}
+
 void ZLKeyEquivalents::update()
 {
     m_windows.removeAll(nullptr);
@@ -64,8 +92,14 @@ void ZLKeyEquivalents::update()
         // With the keys of more than one window in force they would be ambiguous.
         const bool isTarget = &window->document() == target;
         const auto commands = commandsOf(*window);
-        for (QAction* command : commands)
+        for (QAction* command : commands) {
             command->setShortcutContext(isTarget ? Qt::ApplicationShortcut : Qt::WindowShortcut);
+            // A dialog shuts its document's window off, and then the keys with it unless they are its own as well.
+            if (m_otherWindow && isTarget)
+                m_otherWindow->addAction(command);
+            else if (m_otherWindow)
+                m_otherWindow->removeAction(command);
+        }
     }
 }
 

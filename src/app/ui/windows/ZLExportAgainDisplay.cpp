@@ -1,6 +1,7 @@
 #include "app/ui/windows/ZLExportAgainDisplay.h"
 
 #include "app/ZLExportMemory.h"
+#include "app/ui/windows/ZLExportDisplay.h"
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/ZLMessageBar.h"
 #include "document/ui/ZLStatusLine.h"
@@ -99,8 +100,10 @@ void ZLExportAgainDisplay::write(const ZLExportAgain& again, const QList<ZLExpor
 void ZLExportAgainDisplay::tell(const ZLExportAgain& again, const ZLExportAgain::Outcome& outcome)
 {
     QStringList names;
-    for (const ZLExportTarget& target : outcome.written)
+    for (const ZLExportTarget& target : outcome.written) {
         names.append(fileNameOf(target));
+        m_window.messageBar().hideMessage(ZLExportDisplay::failureNameFor(target.formatName));
+    }
     QStringList told;
     if (!names.isEmpty())
         told.append(tr("Exported again: %1.").arg(names.join(u", "_s)));

@@ -20,11 +20,6 @@ void openFolder(const QString& folder)
     QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
 }
 
-QString failureNameFor(const QString& format)
-{
-    return u"exportFailure "_s + format;
-}
-
 }
 
 ZLExportDisplay::ZLExportDisplay(ZLExports& exports, ZLDocumentWindows& windows)
@@ -33,6 +28,11 @@ ZLExportDisplay::ZLExportDisplay(ZLExports& exports, ZLDocumentWindows& windows)
     connect(&exports, &ZLExports::exportDidFinish, this, &ZLExportDisplay::showFile);
     connect(&exports, &ZLExports::exportDidInsertNothing, this, &ZLExportDisplay::showThatNothingWasInserted);
     connect(&exports, &ZLExports::exportDidFail, this, &ZLExportDisplay::showFailure);
+}
+
+QString ZLExportDisplay::failureNameFor(const QString& format)
+{
+    return u"exportFailure "_s + format;
 }
 
 void ZLExportDisplay::showFile(ZLChapterDocument* document, const QString& format, const QString& path)

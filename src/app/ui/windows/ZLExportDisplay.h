@@ -16,6 +16,9 @@ public:
     /// Both have to outlive the object.
     ZLExportDisplay(ZLExports& exports, ZLDocumentWindows& windows);
 
+    /// The message that tells why there is no file of the format.
+    [[nodiscard]] static QString failureNameFor(const QString& format);
+
 private:
     void showFile(ZLChapterDocument* document, const QString& format, const QString& path);
     void showThatNothingWasInserted(

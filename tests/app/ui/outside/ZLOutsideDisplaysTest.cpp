@@ -138,3 +138,21 @@ TEST_F(ZLOutsideDisplaysTest, ACommandThatWentElsewhereInVainIsToldInTheRecordin
     EXPECT_EQ(send(u"newChapter"_s), u"added a chapter"_s);
     EXPECT_EQ(m_second->chapterManager().count(), 1);
 }
+
+TEST_F(ZLOutsideDisplaysTest, TheBarGoesWhenCommandsReachTheRecordingDocument)
+{
+    openSecond();
+    m_second->recordButtonPressed();
+    send(u"newChapter"_s);
+    EXPECT_NE(barOf(m_second), QString());
+    item(m_second)->trigger();
+    EXPECT_EQ(barOf(m_second), QString()) << "they were pinned to it by the menu";
+
+    item(m_second)->trigger();
+    send(u"newChapter"_s);
+    EXPECT_NE(barOf(m_second), QString());
+    controller().setCurrentDocument(m_second);
+    EXPECT_NE(barOf(m_second), QString()) << "nothing has come here yet";
+    send(u"newChapter"_s);
+    EXPECT_EQ(barOf(m_second), QString()) << "a mark came here";
+}

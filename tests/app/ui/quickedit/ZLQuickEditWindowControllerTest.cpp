@@ -82,6 +82,18 @@ TEST_F(ZLQuickEditWindowControllerTest, ItFloatsAboveAllWithoutTakingTheKeyboard
     EXPECT_FALSE(window.isModal());
 }
 
+TEST_F(ZLQuickEditWindowControllerTest, ItHasABorder)
+{
+    show();
+    const QImage picture = m_controller.window().grab().toImage();
+    const QPoint middle = picture.rect().center();
+    const QColor inside = picture.pixelColor(4, 4);
+    for (const QPoint edge : { QPoint(0, middle.y()), QPoint(picture.width() - 1, middle.y()), QPoint(middle.x(), 0),
+             QPoint(middle.x(), picture.height() - 1) })
+        EXPECT_GT(std::abs(inside.lightness() - picture.pixelColor(edge).lightness()), 60)
+            << edge.x() << ' ' << edge.y();
+}
+
 TEST_F(ZLQuickEditWindowControllerTest, ItFadesInWithinATenthOfASecond)
 {
     m_controller.show();

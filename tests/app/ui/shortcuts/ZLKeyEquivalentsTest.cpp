@@ -4,6 +4,8 @@
 #include "document/ui/menus/ZLRecordingMenu.h"
 #include "settings/ui/ZLShortcutField.h"
 
+#include <QDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QVBoxLayout>
 
@@ -89,6 +91,28 @@ TEST_F(ZLKeyEquivalentsTest, AShortcutFieldThatListensTakesThem)
     EXPECT_FALSE(m_first->isRecording());
     pressStart();
     EXPECT_TRUE(m_first->isRecording()) << "once it listens no longer";
+}
+
+TEST_F(ZLKeyEquivalentsTest, InADialogOfADocumentThatShutsItsWindowOff)
+{
+    for (ZLChapterDocument* target : { m_first, m_second }) {
+        QDialog dialog(&windowOf(m_first));
+        QLineEdit field(&dialog);
+        dialog.open();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        field.setFocus();
+        m_controller.setCurrentDocument(target);
+        pressStart();
+        EXPECT_TRUE(target->isRecording());
+        pressStart();
+        EXPECT_FALSE(target->isRecording()) << "each press counts once";
+        QMessageBox alert(QMessageBox::Warning, u"Zelta"_s, u"Alert"_s, QMessageBox::Ok, &dialog);
+        alert.open();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&alert));
+        pressStart();
+        EXPECT_FALSE(target->isRecording()) << "an alert of the dialog has its keys to itself";
+    }
+    EXPECT_FALSE(m_first->isRecording() || m_second->isRecording());
 }
 
 TEST_F(ZLKeyEquivalentsTest, NotWhileAnAlertStands)

@@ -19,7 +19,7 @@ protected:
         m_document = openFile(storedFile(u"show.zelta"_s));
     }
 
-    void exportTo(const QString& format, const QString& name)
+    void askFor(const QString& format)
     {
         makeCurrent(m_document);
         const auto menus = QApplication::allWidgets();
@@ -31,6 +31,10 @@ protected:
                 break;
             }
         }
+    }
+    void exportTo(const QString& format, const QString& name)
+    {
+        askFor(format);
         choose(exportDialog(), filePath(name));
     }
     QByteArray contents(const QString& name) const
@@ -126,4 +130,17 @@ TEST_F(ZLExportAgainDisplayTest, AnUntitledDocumentHasItsTargetsAndKeepsThemWhen
     addChapter(other, u"Other"_s);
     trigger(other, u"exportAgain"_s);
     EXPECT_EQ(passingMessage(other), u"This document has not been exported to a file yet."_s);
+}
+
+TEST_F(ZLExportAgainDisplayTest, AFileThatIsWrittenAgainTakesTheFailureOfItsFormatAway)
+{
+    exportTo(u"YouTube"_s, u"a.txt"_s);
+    askFor(u"YouTube"_s);
+    exportDialog()->selectFile(filePath(u"show.zelta"_s));
+    Q_EMIT exportDialog()->finished(QDialog::Accepted);
+    flush();
+    EXPECT_TRUE(barText(m_document).startsWith("The export failed. "_L1)) << qPrintable(barText(m_document));
+    trigger(m_document, u"exportAgain"_s);
+    EXPECT_EQ(passingMessage(m_document), u"Exported again: a.txt."_s);
+    EXPECT_EQ(barText(m_document), QString());
 }

@@ -44,7 +44,7 @@ private:
     struct Command {
         ZLCommandListener::Connection connection = 0;
         QList<ZLOSCMessage> messages;
-        ZLPressStamp press;
+        ZLPressStamp press { 0.0 };
         QStringList answers {};
     };
     /// Each message when the one before is answered.

@@ -140,19 +140,44 @@ void openWindows(benchmark::State& state, const MakeWindow& makeWindow)
     }
 }
 
-void openWindow(benchmark::State& state)
+/// Where a window keeps that it was left with its drawer open or closed.
+ZLWindowStateStore stateWithDrawer(ZLChapterDocument& document, const QTemporaryDir& folder, bool isOpen)
+{
+    ZLWindowStateStore store(folder.filePath(u"window.ini"_s));
+    ZLChapterDocumentWindow former(document, nullptr, store);
+    if (former.isDrawerOpen() != isOpen)
+        former.toggleDrawer();
+    former.saveWindowState();
+    return store;
+}
+
+void openWindowWithDrawer(benchmark::State& state, bool isOpen)
 {
     ZLChapterDocument document({});
     document.readFromData(BenchDocument::bytes(int(state.range(0))));
-    openWindows(state, [&document] { return std::make_unique<ZLChapterDocumentWindow>(document); });
+    const QTemporaryDir folder;
+    const ZLWindowStateStore store = stateWithDrawer(document, folder, isOpen);
+    openWindows(state, [&] { return std::make_unique<ZLChapterDocumentWindow>(document, nullptr, store); });
 }
 
-/// The yardstick: as many menus, items and buttons, and a table of the same chapters, by Qt's own classes alone.
+void openWindow(benchmark::State& state)
+{
+    openWindowWithDrawer(state, false);
+}
+
+void openWindowWithOpenDrawer(benchmark::State& state)
+{
+    openWindowWithDrawer(state, true);
+}
+
+/// The yardstick: as many menus, items and buttons as a window with a closed drawer has, and a table of the same
+/// chapters, by Qt's own classes alone.
 void openBareWindow(benchmark::State& state)
 {
     ZLChapterDocument document({});
     document.readFromData(BenchDocument::bytes(int(state.range(0))));
-    const ZLChapterDocumentWindow model(document);
+    const QTemporaryDir folder;
+    const ZLChapterDocumentWindow model(document, nullptr, stateWithDrawer(document, folder, false));
     openWindows(state, [&] {
         auto window = std::make_unique<QMainWindow>();
         for (const QAction* menu : model.menuBar()->actions()) {
@@ -220,6 +245,7 @@ ZELTA_BENCH(editTime);
 ZELTA_BENCH(repaintVisibleRows);
 ZELTA_BENCH(updateClockDisplay);
 ZELTA_BENCH(openWindow);
+ZELTA_BENCH(openWindowWithOpenDrawer);
 ZELTA_BENCH(openBareWindow);
 ZELTA_BENCH(openFile);
 ZELTA_BENCH(saveFile);

@@ -42,8 +42,8 @@ class ZLDocumentController : public QObject {
 
 public:
     explicit ZLDocumentController(ZLDocumentControllerSetup setup, QObject* parent = nullptr);
-    /// Writes nothing any more: saveAllNow() comes before. Both together wait for disks that do not answer no longer
-    /// than ZLSilentDisk::EndPatience.
+    /// Writes nothing any more: saveAllNow() comes before. Both together wait no longer than
+    /// ZLSilentDisk::EndPatience for disks that do not answer.
     ~ZLDocumentController() override;
 
     [[nodiscard]] QList<ZLChapterDocument*> documents() const;

@@ -9,11 +9,11 @@ namespace ZLFileWords {
 /// Whether `name` is meant as a file, there or not: it has a folder, or the extension of a document.
 [[nodiscard]] bool isNameOfFile(const QString& name);
 
-/// Fails for a word that is neither a file nor a command, with the commands that come near. Only what opens windows or
-/// records without one has such words.
+/// Fails for a word that is neither a file nor a command, and names the commands that are like it. Other words than
+/// commands come only where windows are opened or a recorder without a window is started.
 [[nodiscard]] ZLStatus check(const ZLCommandLine& commandLine);
 
-/// Only who asks for a recorder without a window, and gives the whole name of a document, gets a new one.
+/// A missing file is made for a recorder without a window whose argument is the whole name of a document, else never.
 [[nodiscard]] ZLMissingFile missingFile(const ZLCommandLine& commandLine);
 
 }

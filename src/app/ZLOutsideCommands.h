@@ -34,7 +34,7 @@ public:
     [[nodiscard]] const std::optional<ZLPressStamp>& pressUnderWay() const { return m_pressUnderWay; }
 
 Q_SIGNALS:
-    /// The target may be another one, or may be it for another reason.
+    /// The target may have changed, or the reason why it is the target.
     void targetDidChange();
     /// They were pinned, or let go.
     void pinDidChange();

@@ -15,7 +15,7 @@ public:
     }
 
     /// Carries out a command line of ZLCommand::SendAction; returns a ZLExitStatus. Without a port the recorder of this
-    /// user answers what became of it; whether a program listens on a port, cannot be told.
+    /// user answers what became of it; whether a program listens on a port cannot be told.
     [[nodiscard]] int run(const ZLCommandLine& commandLine);
 
 private:

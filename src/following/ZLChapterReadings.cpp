@@ -29,7 +29,7 @@ struct TakenTime {
     QVariant taken;
 };
 
-/// The step outlives whoever asked for it, so it needs the document alone.
+/// The step outlives the object that asked for it, so it needs the document alone.
 void exchange(ZLChapterDocument& document, const QList<TakenTime>& times, const QString& actionName)
 {
     const ZLUndoGroup group(document.undoManager());

@@ -159,7 +159,7 @@ void ZLRecorderFollower::takeChange(const ZLDocumentChange& change)
         noteMarks();
 }
 
-/// By somebody else: what is done here is noted in m_wasRunning before.
+/// By a person or another program: what is done here is noted in m_wasRunning before.
 void ZLRecorderFollower::takeStartOrStop()
 {
     const bool isFromHistory = m_document.recording().isAsHistoryLeftIt();
@@ -211,7 +211,7 @@ void ZLRecorderFollower::recorderIsBack(const ZLRecorderReport& report)
     const double silence = report.hostTime - m_lostAt;
     m_lostSince = {};
     if (report.state != ZLRecorderState::Recording) {
-        // It may have been killed, and the show goes on: no stop that nobody gave.
+        // It may have been killed while the show goes on, so this is no reason to stop the clock.
         m_tie.untie();
         m_tie.lock().begin();
         m_baseOfRecording.reset();

@@ -50,7 +50,7 @@ private:
     const Deliver m_deliver;
     const ZLSteadyHostClock m_clock {};
     std::atomic<bool> m_isListening = false;
-    /// Before the server, which leaves its place while the lock is still held.
+    /// Declared before the server, which has to go while the lock is still held.
     std::unique_ptr<ZLFileLock> m_lock;
     std::unique_ptr<QLocalServer> m_server;
     QTimer m_retryTimer { this };

@@ -9,9 +9,9 @@
 #include <functional>
 
 /// Takes commands from this user's other programs, apart from the network's rules: a socket in the user's own state
-/// folder, on which an OSC message comes and a sentence goes back. Where several recorders run, the first one has it,
-/// and when that ends another. Where the path is too long for a socket, ZLSocketPath tells where it is instead; the
-/// lock is always beside the path.
+/// folder, on which an OSC message comes and a sentence goes back. Where several recorders run, the first one has it;
+/// when that one ends, another takes it. Where the path is too long for a socket, ZLSocketPath tells where it is
+/// instead. The lock is always beside the path.
 class ZLCommandSocket : public QObject {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ public:
     using Answer = std::function<void(const QString& text)>;
     /// Carries out a message that came at `press`, on the main thread.
     using Handler = std::function<void(const ZLOSCMessage& message, const ZLPressStamp& press, const Answer& answer)>;
-    /// Before a message stands its size, so that it may come in pieces.
+    /// The size of a message stands before it, so that the message may come in pieces.
     using CommandSize = quint32;
 
     /// Milliseconds to wait for the other side.
@@ -42,9 +42,9 @@ public:
 private:
     /// What came on a connection that waits for the answer.
     struct Command {
-        ZLCommandListener::Connection connection;
+        ZLCommandListener::Connection connection = 0;
         QList<ZLOSCMessage> messages;
-        ZLPressStamp press;
+        ZLPressStamp press { 0.0 };
         QStringList answers {};
     };
     /// Each message when the one before is answered.

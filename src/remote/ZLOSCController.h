@@ -23,8 +23,8 @@ struct ZLOSCControllerSetup {
     std::function<ZLChapterDocument*()> recordingBeside {};
     /// Measures how long an answered sender has been silent.
     std::shared_ptr<const ZLHostClock> hostClock = std::make_shared<ZLSteadyHostClock>();
-    /// For this run, instead of the stored settings, until the user changes the setting. Port 0 lets the system choose;
-    /// another one is taken or none.
+    /// For this run, instead of the stored settings, until the user changes the setting. Port 0 lets the system choose.
+    /// Where any other port is not free, there is none.
     std::optional<quint16> inputPort {};
     std::optional<QList<ZLOSCDestination>> outputs {};
 };

@@ -29,7 +29,7 @@ public:
     [[nodiscard]] ZLRemoteControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(ZLRemoteControllerDelegate* delegate) { m_delegate = delegate; }
 
-    /// Of the action that is being delivered.
+    /// Where the action that is being delivered came from.
     [[nodiscard]] const ZLRemoteSource& source() const { return m_source; }
 
 protected:

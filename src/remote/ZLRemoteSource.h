@@ -14,7 +14,7 @@ struct ZLRemoteSource {
     ZLRemoteOrigin origin = ZLRemoteOrigin::OSC;
     /// Whether Alt is among the keys that gave the command; absent when no keys gave it.
     std::optional<bool> hasOptionKey {};
-    /// When the press reached the computer; absent when only its being carried out tells.
+    /// When the press reached the computer; absent when it is not known.
     std::optional<ZLPressStamp> press {};
 
     /// "OSC", "zelta send" or "a global shortcut"

@@ -30,7 +30,7 @@ TEST_F(ZLDeliveryJobTest, AFailureDoesNotStopTheOthers)
     const QList<ZLDeliveryPlan> plans { planFor(u"a.wav"_s), planFor(u"b.wav"_s), planFor(u"c.wav"_s) };
     ASSERT_TRUE(QFile::remove(plans.at(1).audioPath));
     ZLDeliveryJob job(plans);
-    QSignalSpy ends(&job, &ZLDeliveryJob::didEndFile);
+    const QSignalSpy ends(&job, &ZLDeliveryJob::didEndFile);
     QSignalSpy finish(&job, &ZLDeliveryJob::didFinish);
     job.start();
     ASSERT_TRUE(finish.wait());
@@ -50,7 +50,7 @@ TEST_F(ZLDeliveryJobTest, AFileThatWasChosenByALinkTooIsWrittenOnce)
     ZLDeliveryPlan byLink = plan;
     byLink.audioPath = link;
     ZLDeliveryJob job({ byLink, plan });
-    QSignalSpy ends(&job, &ZLDeliveryJob::didEndFile);
+    const QSignalSpy ends(&job, &ZLDeliveryJob::didEndFile);
     QSignalSpy finish(&job, &ZLDeliveryJob::didFinish);
     job.start();
     ASSERT_TRUE(finish.wait());
@@ -68,7 +68,7 @@ TEST_F(ZLDeliveryJobTest, TwoNamesOfOneFileAreBothWritten)
     ZLDeliveryPlan second = plan;
     second.audioPath = other;
     ZLDeliveryJob job({ plan, second });
-    QSignalSpy ends(&job, &ZLDeliveryJob::didEndFile);
+    const QSignalSpy ends(&job, &ZLDeliveryJob::didEndFile);
     QSignalSpy finish(&job, &ZLDeliveryJob::didFinish);
     job.start();
     ASSERT_TRUE(finish.wait());

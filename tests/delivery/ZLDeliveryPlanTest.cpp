@@ -67,7 +67,7 @@ TEST_F(ZLDeliveryPlanTest, TimesBeyondAllFilesAreLeftOut)
 
 TEST_F(ZLDeliveryPlanTest, TooManyChaptersAreCutAtTheEnd)
 {
-    ZLMediaContents file { .formName = u"MP3"_s, .length = 10'000, .mostChapters = 3 };
+    const ZLMediaContents file { .formName = u"MP3"_s, .length = 10'000, .mostChapters = 3 };
     ZLMediaChapters chapters { { 0, 0, u"a"_s }, { 1, 0, u"b"_s }, { 2, 0, u"c"_s }, { 3, 0, u"d"_s } };
     const QStringList findings = ZLDeliveryFindings::applied(file, chapters);
     EXPECT_EQ(chapters.size(), 3);

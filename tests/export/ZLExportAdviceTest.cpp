@@ -271,7 +271,7 @@ TEST(ZLExportAdvice, ChangesNoByteAndStandsEveryTime)
     const ZLChapterSequence hostile { chapterAt(-infinity, {}), chapterAt(std::nan(""), u"\0"_s),
         chapterAt(infinity, {}), chapterAt(1e300, u"a"_s) };
     for (const QString& format : formatNames()) {
-        ZLExportInput input { .chapters = hostile, .duration = infinity, .existingBytes = "<S></Session>" };
+        const ZLExportInput input { .chapters = hostile, .duration = infinity, .existingBytes = "<S></Session>" };
         const QByteArray before = ZLExportCase::exported(format, input);
         EXPECT_FALSE(linesOf(format, input).join(u'\n').contains("%1"_L1));
         EXPECT_EQ(ZLExportCase::exported(format, input), before);

@@ -18,7 +18,7 @@ struct ZLGoldenCase {
     [[nodiscard]] QString path() const { return QStringLiteral(ZELTA_TEST_DATA "/export/") + format + u'/' + name; }
 };
 
-inline void PrintTo(const ZLGoldenCase& goldenCase, std::ostream* stream)
+static void PrintTo(const ZLGoldenCase& goldenCase, std::ostream* stream)
 {
     *stream << qPrintable(goldenCase.path());
 }

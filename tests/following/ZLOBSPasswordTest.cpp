@@ -51,7 +51,7 @@ TEST_F(ZLOBSPasswordTest, TheKeyringKeepsIt)
 {
     ZLOBSPassword(keyring()).setText(u"secret"_s);
     ZLOBSPassword password(keyring());
-    QSignalSpy loaded(&password, &ZLOBSPassword::didLoad);
+    const QSignalSpy loaded(&password, &ZLOBSPassword::didLoad);
     EXPECT_EQ(password.text(), QString());
     password.load();
     password.load();
@@ -63,7 +63,7 @@ TEST_F(ZLOBSPasswordTest, WithoutAKeyringItIsKeptForTheRun)
 {
     m_store.isThere = false;
     ZLOBSPassword password(keyring());
-    QSignalSpy problem(&password, &ZLOBSPassword::problemDidChange);
+    const QSignalSpy problem(&password, &ZLOBSPassword::problemDidChange);
     password.setText(u"secret"_s);
     EXPECT_EQ(password.text(), u"secret");
     EXPECT_TRUE(password.problem().endsWith(u"No keyring."));

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 class ZLListeningTest : public testing::Test {
 protected:
     /// A tenth of a second at this height.
@@ -12,7 +14,7 @@ protected:
     }
     void hear(float height, double seconds)
     {
-        for (int count = 0; count < int(seconds * 10.0 + 0.5); ++count)
+        for (int count = 0; count < std::lround(seconds * 10.0); ++count)
             m_input->hear(block(height));
     }
 

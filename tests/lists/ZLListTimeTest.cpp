@@ -55,7 +55,7 @@ TEST(ZLListTime, EveryMillisecondComesBackAsItself)
 
 TEST(ZLListTime, TimesThatNoNumberHoldsAreBounded)
 {
-    EXPECT_EQ(ZLListTime::units(-1.0, 1000.0), 0u);
-    EXPECT_EQ(ZLListTime::units(std::numeric_limits<double>::quiet_NaN(), 1000.0), 0u);
-    EXPECT_EQ(ZLListTime::units(std::numeric_limits<double>::infinity(), 1000.0), 9007199254740992u);
+    EXPECT_EQ(ZLListTime::units(-1.0, 1000.0), 0U);
+    EXPECT_EQ(ZLListTime::units(std::numeric_limits<double>::quiet_NaN(), 1000.0), 0U);
+    EXPECT_EQ(ZLListTime::units(std::numeric_limits<double>::infinity(), 1000.0), 9007199254740992U);
 }

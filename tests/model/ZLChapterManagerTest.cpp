@@ -240,7 +240,7 @@ TEST_F(ZLChapterManagerTest, OneChangedTimeMovesOneChapterAndSeveralReorderTheLi
 {
     add({ 10.0, 20.0, 30.0, 40.0 });
     QSignalSpy moves(&m_list, &ZLChapterManager::didMoveChapter);
-    QSignalSpy reorders(&m_list, &ZLChapterManager::didReorderChapters);
+    const QSignalSpy reorders(&m_list, &ZLChapterManager::didReorderChapters);
     const auto chapter = m_list.chapterAtIndex(0);
     chapter->setTimeStamp(50.0);
     chapter->setTimeStamp(35.0);

@@ -60,7 +60,7 @@ TEST_F(ZLHotkeyControllerTest, WithoutARecordedShortcutNothingIsRegistered)
 TEST_F(ZLHotkeyControllerTest, AllSixAreRegisteredAtOnceInTheirOrderAndFire)
 {
     recordAll();
-    ZLHotkeyController controller(&m_delegate, m_center);
+    const ZLHotkeyController controller(&m_delegate, m_center);
     QStringList identifiers;
     int keyCode = 0;
     for (const ZLRemoteAction& action : ZLRemoteActions::all()) {

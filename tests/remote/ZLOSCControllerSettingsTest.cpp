@@ -31,7 +31,7 @@ using ZLOSCControllerSettingsTest = ZLOSCControllerFixture;
 
 TEST_F(ZLOSCControllerSettingsTest, TheInputIsTheFirstFreePortFromTheStoredOne)
 {
-    TakenPort taken;
+    const TakenPort taken;
     ASSERT_NE(taken.number(), 0);
     ZLSettingsManager::setOSCInputPort(taken.number());
     ZLOSCControllerSetup fromSettings = setup();

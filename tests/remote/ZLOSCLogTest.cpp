@@ -47,7 +47,7 @@ TEST(ZLOSCLog, EntriesAppearTogetherAndAreShownInWords)
 {
     ZLOSCLog log;
     const QAbstractItemModelTester tester(&log, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    QSignalSpy inserted(&log, &QAbstractItemModel::rowsInserted);
+    const QSignalSpy inserted(&log, &QAbstractItemModel::rowsInserted);
     log.append(logEntry(Direction::In, u"/zl/newChapter"_s));
     log.append(logEntry(Direction::Out, u"/zl/isRecording"_s, u"true"_s));
     EXPECT_EQ(log.rowCount(), 0);
@@ -129,7 +129,7 @@ TEST(ZLOSCLog, AFullLogForgetsTheOldestAndNeitherDirectionDrivesTheOtherOut)
 TEST(ZLOSCLog, AFloodIsNoFloodOfSignals)
 {
     ZLOSCLog log;
-    QSignalSpy inserted(&log, &QAbstractItemModel::rowsInserted);
+    const QSignalSpy inserted(&log, &QAbstractItemModel::rowsInserted);
     for (int number = 0; number < 20000; ++number)
         log.append(logEntry(Direction::In, u"/zl/newChapter"_s));
     EXPECT_EQ(inserted.size(), 0);
@@ -181,7 +181,7 @@ TEST(ZLOSCLogTexts, EachReasonForDroppingIsTold)
 
 TEST(ZLOSCLogTexts, AMessageThatWasNotSentSaysWhy)
 {
-    ZLOSCOutPort resolving(u"desk"_s, u"desk.example"_s, 9000, nullptr,
+    const ZLOSCOutPort resolving(u"desk"_s, u"desk.example"_s, 9000, nullptr,
         [](const QString&, QObject*, const std::function<void(const QHostInfo&)>&) { });
     EXPECT_EQ(ZLOSCLogTexts::outcomeOfSending(false, resolving), u"not sent: the host is being looked up"_s);
     const ZLOSCOutPort failed(u"desk"_s, {}, 9000);

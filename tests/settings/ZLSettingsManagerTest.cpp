@@ -112,7 +112,7 @@ TEST_F(ZLSettingsManagerTest, AnEmptyOutputDeviceIsStoredAndNotAbsent)
 TEST_F(ZLSettingsManagerTest, AnObserverReadsTheNewValueBeforeTheSetterReturns)
 {
     QList<float> seen;
-    QObject context;
+    const QObject context;
     QObject::connect(&m_notifications, &ZLSettingsNotifications::ZLFontSizeSettingDidChange, &context,
         [&seen] { seen.append(Manager::fontSize()); });
     Manager::setFontSize(13.0F);

@@ -11,14 +11,14 @@
 struct ZLFoundJournal {
     std::unique_ptr<ZLRecoveryFile> holder;
     ZLReadJournal read;
-    /// Whether the file no longer is what the journal goes on from, or holds all of it.
+    /// Whether the file is another one than the journal goes on from, or holds all of the journal.
     bool isSuperseded = false;
 };
 
 /// What there is of the document in a file of the user's.
 struct ZLFoundDocument {
     QString path {};
-    /// Comes before the file, which then is in it.
+    /// Where there is one, what the file holds stands in it and not in `file`.
     std::optional<ZLFoundJournal> journal {};
     ZLResult<ZLReadDocument> file = ZLReadDocument {};
 };

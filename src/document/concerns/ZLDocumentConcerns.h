@@ -28,7 +28,7 @@ public:
     void choose(const ZLConcern& concern, ZLConcernAction action, const ZLWhenDone& whenDone);
 
 Q_SIGNALS:
-    /// Something is or reads otherwise, or may do so.
+    /// A concern came, went or reads differently, or may have.
     void didChange();
 
 private:

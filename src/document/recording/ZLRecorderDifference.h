@@ -9,8 +9,8 @@
 
 class ZLRecordingClock;
 
-/// By how much a recorder that the clock follows went away from it at once: somebody sought, frames were lost, the
-/// computer slept. The clock never jumps by itself, so one of both commands decides it.
+/// By how much a recorder that the clock follows left the clock at once: a person sought another place, frames were
+/// lost, or the computer slept. The clock never jumps by itself, so one of the two commands decides it.
 class ZLRecorderDifference {
 public:
     /// What waits for a decision.
@@ -27,14 +27,14 @@ public:
     ZLRecorderDifference(ZLDocumentBasis& basis, ZLRecordingClock& clock);
 
     [[nodiscard]] const std::optional<Undecided>& undecided() const { return m_state.undecided; }
-    /// Is called by whoever follows the recorder.
+    /// To be called by what follows the recorder.
     void setUndecided(const std::optional<Undecided>& undecided);
     /// Seconds by which the recorder is ahead since a person decided for Zelta's clock.
     [[nodiscard]] double kept() const { return m_state.kept; }
     /// The recorder begins a recording: what was decided for the one before is over.
     void forget();
 
-    /// Sets the clock to the recorder's time, and the chapters along that were marked since it differs.
+    /// Sets the clock to the recorder's time, and moves the chapters along that were marked since both differ.
     void takeRecorders();
     void keepZeltas();
 

@@ -8,8 +8,8 @@
 class ZLRecordingClock;
 class ZLSleepWatcher;
 
-/// A recording that was cut off when the program ended. Until one of both commands decides it, the clock stands at the
-/// last reading. A start of the clock decides it too.
+/// A recording that was cut off when the program ended. Until one of the two commands decides it, the clock stands at
+/// the last reading. A start of the clock decides it too.
 class ZLRecordingInterruption {
 public:
     /// All three have to outlive it.

@@ -10,8 +10,8 @@
 class ZLRecordingClock;
 class ZLSleepWatcher;
 
-/// What happens when the computer sleeps during a recording. The clock stands meanwhile. Until one of both commands
-/// decides it, the time can be added.
+/// What happens when the computer sleeps during a recording. The clock stands meanwhile. The time can be added until
+/// one of the two commands decides it.
 class ZLSleptTime {
 public:
     /// All three have to outlive it.

@@ -44,9 +44,9 @@ public:
     [[nodiscard]] QList<ZLDocumentState> states() const;
     [[nodiscard]] static ZLResult<ZLDocumentContents> contentsOf(const ZLDocumentState& state);
 
-    /// Keeps `document`, which the document was at `time`, before `successor` took its place; without what was heard of
-    /// the show. When there are more than
-    /// MostStates, goes the one that leaves the smallest gap in proportion to its age.
+    /// Keeps `document`, the state since `time`, before `successor` takes its place. What was heard of the show is left
+    /// out. When there are more than MostStates, the one goes that leaves the smallest gap in proportion to its age.
+    /// Tells what became of the wish.
     [[nodiscard]] ZLStateKeeping keep(
         const QByteArray& document, const QDateTime& time, const QByteArray& successor) const;
 

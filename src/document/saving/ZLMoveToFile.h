@@ -19,7 +19,7 @@ class ZLMoveToFile : public QObject {
     Q_OBJECT
 
 public:
-    /// What the file holds to which the document moves.
+    /// The file to which the document moves, and what it holds.
     struct Destination {
         QString path;
         QByteArray bytes;
@@ -33,7 +33,7 @@ public:
     ZLMoveToFile(ZLChapterDocument& document, const ZLDocumentPlace& place, const ZLWriteSchedule& schedule,
         ZLFileUpdating& updating, ZLFileWriter writer, Move move);
 
-    /// Begins, when the write to the present file is over that is under way. `path` may be written over.
+    /// Begins as soon as no write to the present file is under way. `path` may be written over.
     void start(const QString& path, ZLWhenDone whenDone);
     [[nodiscard]] bool isUnderWay() const { return m_whenDone != nullptr; }
     /// Waits for the end; one that does not come before `deadline` is a failure.

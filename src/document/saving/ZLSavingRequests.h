@@ -10,8 +10,8 @@
 #include <optional>
 #include <vector>
 
-/// The writes that somebody asked for and waits for, beside the event loop. Each is served by the first write that
-/// begins after it was asked for, however that comes about.
+/// The writes that callers asked for and wait for, beside the event loop. Each request is served by the first write
+/// that begins after it, whatever made that write begin.
 class ZLSavingRequests : public QObject {
     Q_OBJECT
 

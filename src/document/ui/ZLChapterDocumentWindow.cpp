@@ -21,6 +21,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QDockWidget>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -48,6 +49,21 @@ QStringList localFilesIn(const QMimeData& data)
     return paths;
 }
 
+/// What is in the drawer. It is made when it is first asked for, since a closed drawer would cost a window as much as
+/// any.
+ZLTemplatesDrawer& contentsOf(QDockWidget& drawer, ZLChapterDocument& document, ZLEditMenu& editMenu)
+{
+    if (auto* contents = qobject_cast<ZLTemplatesDrawer*>(drawer.widget()))
+        return *contents;
+    auto* contents = new ZLTemplatesDrawer(document.templateViewController(), &drawer);
+    drawer.setWidget(contents);
+    editMenu.setPasteList(*contents);
+    QObject::connect(&editMenu, &ZLEditMenu::listPasteRequested, contents, &ZLTemplatesDrawer::importFromClipboard);
+    // The heading belongs to the drawer too.
+    QObject::connect(new ZLTextDrop(drawer), &ZLTextDrop::textDropped, contents, &ZLTemplatesDrawer::importText);
+    return *contents;
+}
+
 }
 
 ZLChapterDocumentWindow::ZLChapterDocumentWindow(
@@ -70,6 +86,8 @@ ZLChapterDocumentWindow::ZLChapterDocumentWindow(
     connectMenus();
     connectStatusLine();
     restoreWindowState();
+    if (isDrawerOpen())
+        contentsOf(*m_ui->templateDrawer, document, *m_editMenu);
     updateTitle();
     updateRecordingState();
     updateAddButton();
@@ -170,19 +188,15 @@ void ZLChapterDocumentWindow::dropEvent(QDropEvent* event)
 
 void ZLChapterDocumentWindow::buildDrawer()
 {
-    auto* drawer = new ZLTemplatesDrawer(m_document.templateViewController(), m_ui->templateDrawer);
-    m_ui->templateDrawer->setWidget(drawer);
     m_drawerSlide = new ZLDrawerSlide(*this, *m_ui->templateDrawer);
-    connect(m_editMenu, &ZLEditMenu::importTemplatesRequested, this, [this, drawer] {
+    connect(m_drawerSlide, &ZLDrawerSlide::willOpen, this,
+        [this] { contentsOf(*m_ui->templateDrawer, m_document, *m_editMenu); });
+    connect(m_editMenu, &ZLEditMenu::importTemplatesRequested, this, [this] {
         // What was imported should be seen.
         if (!isDrawerOpen())
             toggleDrawer();
-        drawer->importFromClipboard();
+        contentsOf(*m_ui->templateDrawer, m_document, *m_editMenu).importFromClipboard();
     });
-    m_editMenu->setPasteList(*drawer);
-    connect(m_editMenu, &ZLEditMenu::listPasteRequested, drawer, &ZLTemplatesDrawer::importFromClipboard);
-    // The heading belongs to the drawer too.
-    connect(new ZLTextDrop(*m_ui->templateDrawer), &ZLTextDrop::textDropped, drawer, &ZLTemplatesDrawer::importText);
     connect(m_drawerSlide, &ZLDrawerSlide::didToggle, this, &ZLChapterDocumentWindow::drawerDidToggle);
 }
 

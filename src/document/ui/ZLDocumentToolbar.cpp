@@ -12,6 +12,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -26,17 +27,17 @@ constexpr int nextTitleCharacters = 26;
 const QString clockSample = QStringLiteral("00:00:00.0");
 
 /// Width in which `characters` never jump, whatever digits they are.
-int steadyWidth(const QFontMetrics& metrics, const QString& characters)
+int steadyWidth(const QFontMetrics& metrics, QString characters)
 {
-    int width = 0;
-    for (char16_t digit = u'0'; digit <= u'9'; ++digit) {
-        QString text = characters;
-        for (QChar& character : text)
-            character = character.isDigit() ? QChar(digit) : character;
-        width = std::max(width, metrics.horizontalAdvance(text));
-    }
+    const auto isNarrower = [&metrics](char16_t one, char16_t other) {
+        return metrics.horizontalAdvance(QChar(one)) < metrics.horizontalAdvance(QChar(other));
+    };
+    constexpr std::u16string_view digits = u"0123456789";
+    const QChar widest = *std::max_element(digits.begin(), digits.end(), isNarrower);
+    for (QChar& character : characters)
+        character = character.isDigit() ? widest : character;
     // Digits side by side may take a fraction more than equal ones.
-    return width + 2;
+    return metrics.horizontalAdvance(characters) + 2;
 }
 
 }
@@ -64,7 +65,6 @@ ZLDocumentToolbar::ZLDocumentToolbar(QWidget* parent)
     setMovable(false);
     setFloatable(false);
     build();
-    styleClock();
     updateRecordColors();
 }
 
@@ -164,6 +164,8 @@ QToolButton* ZLDocumentToolbar::createButton(
 
 void ZLDocumentToolbar::setRecordFace(RecordFace face)
 {
+    if (face == m_recordFace)
+        return;
     m_recordFace = face;
     m_recordButton->setText(face == RecordFace::Pause ? tr("Pause") : tr("Start"));
     updateRecordColors();

@@ -47,6 +47,7 @@ void ZLDrawerSlide::open()
         return;
     const bool comesBack = m_isClosing;
     m_isClosing = false;
+    Q_EMIT willOpen();
     m_drawer.show();
     if (!comesBack) {
         // Only the layout knows the width that was remembered.

@@ -30,6 +30,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
+    /// Before the drawer is shown, so that it may be filled.
+    void willOpen();
     void didToggle();
 
 private:

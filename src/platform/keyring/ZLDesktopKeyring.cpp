@@ -10,7 +10,7 @@ namespace {
 
 const QString serviceName = QStringLiteral("zelta");
 
-/// Never into a file of its own that anybody could read.
+/// Never into a file of its own that other users could read.
 void prepare(QKeychain::Job& job, const QString& name)
 {
     job.setAutoDelete(true);

@@ -59,7 +59,7 @@ protected:
 TEST_F(ZLDesktopApplicationTest, ModifierKeysAreDispatchedAndThenAnnounced)
 {
     QStringList order;
-    QObject context;
+    const QObject context;
     QObject::connect(&application(), &ZLDesktopApplication::modifiersDidChange, &context,
         [&] { order.append(u"announced after %1"_s.arg(m_widget.noted.size())); });
     EXPECT_TRUE(sendKey(QEvent::KeyPress, Qt::Key_Alt, Qt::NoModifier));

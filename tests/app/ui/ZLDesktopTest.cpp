@@ -91,7 +91,7 @@ TEST_F(ZLDesktopTest, LeavingTheProgramWithAltHeldTurnsTheAddButtonBack)
         QTest::keyPress(windows().first(), Qt::Key_Alt);
         EXPECT_EQ(titlesOfAddButtons(), QStringList { u"Add"_s });
         windows().first()->hide();
-        EXPECT_TRUE(QTest::qWaitFor([this] { return titlesOfAddButtons() == QStringList { u"Next"_s }; }));
+        EXPECT_TRUE(QTest::qWaitFor([] { return titlesOfAddButtons() == QStringList { u"Next"_s }; }));
     } });
 }
 

@@ -53,7 +53,7 @@ TEST_F(ZLClockStartTest, IsFoundByAPartThatWasHeardAlong)
 {
     // Heard from the clock's 20 s on, of which 3 s are the recording's beginning before the clock.
     const auto heard = ZLShowSounds::part(m_show, 23.0, 50.0);
-    ZLHeardShow sound { ZLFingerprinter::of(heard), -20.0 };
+    const ZLHeardShow sound { ZLFingerprinter::of(heard), -20.0 };
     const auto start = ZLClockStart::byHeard(makeFile(u"raw.wav"_s, m_show), sound, m_progress);
     ASSERT_TRUE(start);
     EXPECT_NEAR(start.value(), 3.0, 0.05);

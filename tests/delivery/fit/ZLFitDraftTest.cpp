@@ -183,7 +183,7 @@ TEST_F(ZLFitDraftTest, OutlivesItsDocumentWhileItWorks)
     ZLFitDraft draft(*document);
     draft.setRecordingPath(makeFile(u"raw.wav"_s, m_show));
     draft.setFinishedPath(finishedFile());
-    QSignalSpy changes(&draft, &ZLFitDraft::didChange);
+    const QSignalSpy changes(&draft, &ZLFitDraft::didChange);
     draft.start();
     document.reset();
     EXPECT_FALSE(draft.canStart());

@@ -100,7 +100,7 @@ TEST_F(ZLDeliverySheetTest, ReturnWritesAndTellsWhatIsInTheFile)
 {
     choose({ makeFile(u"a.wav"_s) });
     m_sheet->takeKeyboard();
-    QSignalSpy news(m_sheet, &ZLDeliverySheet::hasNews);
+    const QSignalSpy news(m_sheet, &ZLDeliverySheet::hasNews);
     press(Qt::Key_Return);
     waitForEnd();
     EXPECT_EQ(outcome(), u"2 of 2 chapters are in a.wav"_s);
@@ -130,7 +130,7 @@ TEST_F(ZLDeliverySheetTest, EachFileHasItsLineAndTheSelectedOneIsCompared)
     const QString other = m_folder.filePath(u"b.txt"_s);
     ASSERT_TRUE(ZLAtomicFile::write(other, "no audio"));
     choose({ makeFile(u"a.wav"_s), other });
-    QSignalSpy news(m_sheet, &ZLDeliverySheet::hasNews);
+    const QSignalSpy news(m_sheet, &ZLDeliverySheet::hasNews);
     button(u"writeChapters"_s)->click();
     waitForEnd();
     EXPECT_EQ(news.at(0).at(0).toString(), u"Chapters were written into 1 of 2 files."_s);
@@ -170,7 +170,7 @@ TEST_F(ZLDeliverySheetTest, TheKeyboardIsNotLostWhenAButtonGoesOutOfService)
 
 TEST_F(ZLDeliverySheetTest, EscapeClosesIt)
 {
-    QSignalSpy closing(m_sheet, &ZLDeliverySheet::wantsToClose);
+    const QSignalSpy closing(m_sheet, &ZLDeliverySheet::wantsToClose);
     press(Qt::Key_Escape);
     EXPECT_EQ(closing.count(), 1);
     button(u"closeSheet"_s)->click();
@@ -184,7 +184,7 @@ TEST_F(ZLDeliverySheetTest, TheChaptersOfAFileComeIntoTheDocument)
     waitForEnd();
     EXPECT_TRUE(QTest::qWaitFor([&] { return button(u"importItsChapters"_s)->isEnabled(); }));
     m_document.deleteLastChapter();
-    QSignalSpy news(m_sheet, &ZLDeliverySheet::hasNews);
+    const QSignalSpy news(m_sheet, &ZLDeliverySheet::hasNews);
     button(u"importItsChapters"_s)->click();
     EXPECT_EQ(titles(), (QStringList { u"Eins"_s, u"Eins"_s, u"Zwei"_s }));
     EXPECT_EQ(news.at(0).at(0).toString(), u"Imported chapters: 2"_s);

@@ -30,7 +30,7 @@ TEST(ZLMediaChaptersModelTest, WhatIsTheSameIsNotShownAnew)
     ZLMediaChaptersModel model;
     const ZLMediaChapters chapters { { 0, 0, u"Eins"_s } };
     model.setChapters(chapters);
-    QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+    const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
     model.setChapters(chapters);
     EXPECT_EQ(resets.count(), 0) << "the selection stays";
     model.setChapters({});

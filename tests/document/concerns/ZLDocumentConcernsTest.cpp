@@ -81,7 +81,7 @@ TEST_F(ZLDocumentConcernsTest, ARecorderThatDiffersIsToldWithItsSize)
 {
     const auto saver = titledSaver(path);
     ZLDocumentConcerns concerns(document, *saver, ZLConcernReader::Window);
-    QSignalSpy changed(&concerns, &ZLDocumentConcerns::didChange);
+    const QSignalSpy changed(&concerns, &ZLDocumentConcerns::didChange);
     ZLRecorderDifference& difference = document.recording().recorderDifference();
     difference.setUndecided(ZLRecorderDifference::Undecided { .seconds = -2.34, .reading = 0.0 });
     EXPECT_GT(changed.size(), 0);
@@ -100,7 +100,7 @@ TEST_F(ZLDocumentConcernsTest, AFailureStaysUntilTheDocumentIsWritten)
     ASSERT_TRUE(QDir().mkpath(filePath("stick")));
     const auto saver = titledSaver(filePath("stick/show.zelta"));
     ZLDocumentConcerns concerns(document, *saver, ZLConcernReader::Window);
-    QSignalSpy changes(&concerns, &ZLDocumentConcerns::didChange);
+    const QSignalSpy changes(&concerns, &ZLDocumentConcerns::didChange);
     ASSERT_TRUE(QDir(filePath("stick")).removeRecursively());
     addChapter("One");
     writeAndSettle(*saver);

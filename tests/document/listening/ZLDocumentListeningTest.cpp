@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -37,7 +38,7 @@ protected:
     /// Lets time pass in which the input hears something.
     void hear(double seconds)
     {
-        for (int count = 0; count < int(seconds * 10.0 + 0.5); ++count) {
+        for (int count = 0; count < std::lround(seconds * 10.0); ++count) {
             ZLHeardBlock block { m_hostClock->now(), {} };
             for (std::size_t index = 0; index < blockSamples; ++index)
                 block.samples.push_back(m_noise(m_chance));
@@ -140,7 +141,7 @@ TEST_F(ZLDocumentListeningTest, AKillLosesASecondAtMost)
     hear(7.5);
     m_along.reset();
     EXPECT_NEAR(afterKill().spans().at(0).end(), 7.5, 0.1);
-    QFile file(m_saver->listeningPath());
+    const QFile file(m_saver->listeningPath());
     EXPECT_EQ(
         QFileInfo(file).permissions() & ~(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser),
         0);

@@ -69,7 +69,7 @@ protected:
     {
         const auto chapter = std::make_shared<ZLChapter>();
         chapter->setTitle(QString::fromLatin1(title));
-        chapter->setTimeStamp(document.chapterManager().count() + 1.0);
+        chapter->setTimeStamp(double(document.chapterManager().count()) + 1.0);
         document.addChapter(chapter);
     }
 

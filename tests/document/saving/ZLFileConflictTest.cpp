@@ -132,7 +132,7 @@ TEST_F(ZLFileConflictTest, AFileThatIsOpenTwiceIsTold)
     auto first = titledSaver(path);
     EXPECT_EQ(first->otherHolder(), QString());
     ZLChapterDocument again(environment());
-    ZLDocumentSaver second(again, recoveryFolder, machinery, path, asRead());
+    const ZLDocumentSaver second(again, recoveryFolder, machinery, path, asRead());
     EXPECT_TRUE(second.otherHolder().startsWith(QSysInfo::machineHostName())) << qPrintable(second.otherHolder());
     EXPECT_TRUE(second.otherHolder().contains(QString::number(QCoreApplication::applicationPid())));
     first.reset();

@@ -28,6 +28,14 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
         EXPECT_TRUE(QTest::qWaitFor([this] { return field() != nullptr; }));
     }
+    /// The window once more, as it comes back when it was left with its drawer closed.
+    void comeBackWithClosedDrawer()
+    {
+        m_window->toggleDrawer();
+        EXPECT_TRUE(m_window->close());
+        ZLWindowFixture::SetUp();
+        ASSERT_FALSE(m_window->isDrawerOpen());
+    }
     [[nodiscard]] QDialog* moveDialog() { return m_window->findChild<QDialog*>(u"moveChaptersDialog"_s); }
 };
 
@@ -200,6 +208,38 @@ TEST_F(ZLChapterDocumentWindowTest, TheKeyOfTheDrawerMovesTheKeyboardIntoIt)
     press(Qt::Key_F9);
     ASSERT_TRUE(dock->isVisible());
     EXPECT_TRUE(dock->isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(ZLChapterDocumentWindowTest, ADrawerThatWasLeftClosedIsFilledWhenItIsOpened)
+{
+    addTemplate(u"first"_s);
+    comeBackWithClosedDrawer();
+    const auto* dock = m_window->findChild<QDockWidget*>();
+    EXPECT_FALSE(dock->widget()) << "it would cost the window as much as its table";
+    EXPECT_EQ(bar().findChild<QLabel*>(u"nextTitle"_s)->text(), u"first"_s);
+    press(Qt::Key_F9);
+    const QWidget* contents = dock->widget();
+    ASSERT_TRUE(contents);
+    EXPECT_TRUE(m_window->findChild<ZLTemplatesTableView*>()->hasFocus());
+    QGuiApplication::clipboard()->setText(u"- second"_s);
+    action(u"paste"_s)->trigger();
+    EXPECT_EQ(templates().count(), 2);
+    press(Qt::Key_F2);
+    ASSERT_TRUE(field());
+    EXPECT_EQ(field()->text(), u"first"_s);
+    press(Qt::Key_Escape);
+    press(Qt::Key_F9);
+    press(Qt::Key_F9);
+    EXPECT_EQ(dock->widget(), contents) << "once is enough";
+}
+
+TEST_F(ZLChapterDocumentWindowTest, ImportingFillsADrawerThatWasLeftClosed)
+{
+    comeBackWithClosedDrawer();
+    QGuiApplication::clipboard()->setText(u"- One\n- Two\n"_s);
+    action(u"importTemplates"_s)->trigger();
+    EXPECT_TRUE(m_window->findChild<ZLTemplatesTableView*>()->isVisible());
+    EXPECT_EQ(templates().count(), 2);
 }
 
 TEST_F(ZLChapterDocumentWindowTest, F2ReturnAndDeleteActOnTheListThatHasTheKeyboard)

@@ -261,8 +261,8 @@ TEST(ZLKeyedUnarchiver, RefusesObjectsThatOverlap)
     expectValue(data, QVariantList(10'000, QVariant(true)));
 
     const qsizetype textAt = data.indexOf(text.toLatin1()) - 4;
-    const qsizetype table = qFromBigEndian<quint64>(data.constData() + data.size() - 8);
-    const int offsetSize = data.at(data.size() - 26);
+    const auto table = qsizetype(qFromBigEndian<quint64>(data.constData() + data.size() - 8));
+    const int offsetSize = quint8(data.at(data.size() - 26));
     ASSERT_EQ(offsetSize, 3);
     // The truth values and the places that lead to them follow each other.
     for (qsizetype object = first + 1; object < qsizetype(first) + 1 + 10'000; ++object) {

@@ -2,6 +2,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <vector>
@@ -117,9 +118,8 @@ void ZLXPeer::moveModifier(int from, int to)
     const int width = mapping->keycodes_per_modifier;
     const xcb_keycode_t* old = xcb_get_modifier_mapping_keycodes(mapping.get());
     std::vector<xcb_keycode_t> keycodes(old, old + 8 * width);
-    for (int index = 0; index < width; ++index)
-        std::swap(
-            keycodes[static_cast<size_t>(from * width + index)], keycodes[static_cast<size_t>(to * width + index)]);
+    std::swap_ranges(
+        keycodes.begin() + from * width, keycodes.begin() + (from + 1) * width, keycodes.begin() + to * width);
     const PeerReply<xcb_set_modifier_mapping_reply_t> done(xcb_set_modifier_mapping_reply(
         m_connection, xcb_set_modifier_mapping(m_connection, static_cast<quint8>(width), keycodes.data()), nullptr));
 }

@@ -110,13 +110,13 @@ protected:
 
     [[nodiscard]] bool waitForPresses(qsizetype count) const
     {
-        return QTest::qWaitFor([=, this] { return pressed.size() >= count; }, keyDeadlineMilliseconds);
+        return QTest::qWaitFor([this, count] { return pressed.size() >= count; }, keyDeadlineMilliseconds);
     }
 
     [[nodiscard]] bool peerReceives(quint8 keycode)
     {
         return QTest::qWaitFor(
-            [=, this] { return peer.receivedKeycodes().contains(keycode); }, keyDeadlineMilliseconds);
+            [this, keycode] { return peer.receivedKeycodes().contains(keycode); }, keyDeadlineMilliseconds);
     }
 
     ZLXPeer peer;

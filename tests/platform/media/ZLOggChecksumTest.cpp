@@ -11,7 +11,7 @@ TEST(ZLOggChecksumTest, KnownSum)
 
 TEST(ZLOggChecksumTest, AChangeIsTheDifferenceOfTheSums)
 {
-    QByteArray page(60'000, 'x');
+    const QByteArray page(60'000, 'x');
     const quint32 before = ZLOggChecksum::of(page);
     const QByteArray change("\x12\x00\xFF\x80", 4);
     for (const qsizetype at : { 0, 18, 59'996 }) {

@@ -174,7 +174,7 @@ TEST_F(ZLBusNotificationCenterTest, AProgramThatIsNotTheServerIsNotListenedTo)
 {
     ASSERT_TRUE(startServer(withReplyFields));
     ASSERT_TRUE(deliverAndSee(u"a"_s, 1));
-    QDBusConnection stranger = bus.connection();
+    const QDBusConnection stranger = bus.connection();
     QDBusMessage forged = QDBusMessage::createSignal(
         u"/org/freedesktop/Notifications"_s, u"org.freedesktop.Notifications"_s, u"NotificationReplied"_s);
     forged.setArguments({ 1U, u"Forged"_s });

@@ -39,7 +39,7 @@ TEST_F(ZLNotificationServerPresenceTest, AServerThatComesAndGoesIsNoticed)
 TEST_F(ZLNotificationServerPresenceTest, AServerThatTheBusCanStartIsThereWithoutBeingStarted)
 {
     bus.offerService(u"org.freedesktop.Notifications"_s, QStringLiteral(ZELTA_NOTIFICATION_MOCK));
-    QDBusConnection connection = bus.connection();
+    const QDBusConnection connection = bus.connection();
     const ZLNotificationServerPresence presence(connection);
     // It asks twice. The bus answers in order, so each time its answer is there before this one.
     for (int questions = 0; questions < 3; ++questions) {

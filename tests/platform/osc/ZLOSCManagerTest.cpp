@@ -116,7 +116,7 @@ TEST(ZLOSCManager, everyOutputIsSentToInOrder)
 
 TEST(ZLOSCManager, IPv6OutputsAreSentToWhereTheComputerHasIt)
 {
-    ZLOSCOutPort output(u"six"_s, u"[::1]"_s, 9);
+    const ZLOSCOutPort output(u"six"_s, u"[::1]"_s, 9);
     EXPECT_EQ(output.address(), QHostAddress(QHostAddress::LocalHostIPv6));
     LoopbackPeer peer { QHostAddress(QHostAddress::LocalHostIPv6) };
     ZLOSCOutPort toPeer(u"six"_s, u"::1"_s, peer.port());

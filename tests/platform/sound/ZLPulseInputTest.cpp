@@ -29,7 +29,7 @@ public:
         std::vector<float> samples(60 * 8000);
         for (std::size_t index = 0; index < samples.size(); ++index)
             samples[index] = 0.3F * std::sin(float(index) * 0.5F);
-        m_process.write(reinterpret_cast<const char*>(samples.data()), qint64(samples.size() * sizeof(float)));
+        m_process.write(reinterpret_cast<const char*>(samples.data()), qint64(samples.size()) * qint64(sizeof(float)));
     }
     ~TonePlayer()
     {

@@ -7,6 +7,7 @@
 #include <QTcpSocket>
 #include <QWebSocket>
 
+#include <cmath>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -127,7 +128,8 @@ void ZLStandInOBS::answerBatch(QWebSocket& client, const QJsonObject& batch)
 {
     ++m_looks;
     QJsonArray results;
-    for (const QJsonValue& request : batch.value("requests"_L1).toArray()) {
+    const QJsonArray asked = batch.value("requests"_L1).toArray();
+    for (const QJsonValueConstRef request : asked) {
         const QString type = request.toObject().value("requestType"_L1).toString();
         results.append(QJsonObject { { u"requestType"_s, type }, { u"responseData"_s, dataFor(type, {}) } });
     }
@@ -141,7 +143,7 @@ QJsonObject ZLStandInOBS::dataFor(const QString& type, const QJsonObject& data)
         return { { u"availableRequests"_s, QJsonArray::fromStringList(requests) } };
     if (type == "GetRecordStatus"_L1)
         return { { u"outputActive"_s, status.isActive }, { u"outputPaused"_s, status.isPaused },
-            { u"outputDuration"_s, qint64(status.duration * 1000 + 0.5) } };
+            { u"outputDuration"_s, qint64(std::llround(status.duration * 1000)) } };
     if (type == "GetStats"_L1)
         return { { u"outputTotalFrames"_s, status.frames } };
     if (type == "GetVideoSettings"_L1)

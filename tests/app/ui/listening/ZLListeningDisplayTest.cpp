@@ -7,6 +7,8 @@
 
 #include <QMenu>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 class ZLListeningDisplayTest : public ZLDesktopFixture {
@@ -46,7 +48,7 @@ protected:
     /// A tenth of a second of sound or silence, for some time.
     void hear(float height, double seconds)
     {
-        for (int count = 0; count < int(seconds * 10.0 + 0.5); ++count) {
+        for (int count = 0; count < std::lround(seconds * 10.0); ++count) {
             m_clock->advance(0.1);
             m_input->hear({ m_clock->now() - 0.1, std::vector<float>(ZLSoundInput::SamplesPerSecond / 10, height) });
         }

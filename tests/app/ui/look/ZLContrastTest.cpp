@@ -32,7 +32,7 @@ struct ZLContrastLook {
     QRgb window, base, button, text, disabledText, highlight, highlightedText;
 };
 
-inline std::ostream& operator<<(std::ostream& stream, const ZLContrastLook& look)
+static std::ostream& operator<<(std::ostream& stream, const ZLContrastLook& look)
 {
     return stream << look.name;
 }

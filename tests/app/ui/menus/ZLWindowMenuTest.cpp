@@ -76,7 +76,7 @@ TEST_F(ZLWindowMenuTest, AnItemBringsItsWindowToTheFront)
 
 TEST_F(ZLWindowMenuTest, NextAndPreviousGoRound)
 {
-    QList<ZLChapterDocument*> documents { newDocument(), newDocument(), newDocument() };
+    const QList<ZLChapterDocument*> documents { newDocument(), newDocument(), newDocument() };
     makeCurrent(documents.at(1));
     trigger(documents.at(1), u"nextWindow"_s);
     EXPECT_TRUE(isInFront(documents.at(2)));

@@ -108,7 +108,7 @@ TEST_F(ZLQuickEditWindowControllerTest, ItFadesInWithinATenthOfASecond)
 
 TEST_F(ZLQuickEditWindowControllerTest, LeftAloneItFadesOutAfterFiveSeconds)
 {
-    QSignalSpy closed(&m_controller, &ZLQuickEditWindowController::didClose);
+    const QSignalSpy closed(&m_controller, &ZLQuickEditWindowController::didClose);
     show();
     m_timers.advance(4999ms);
     EXPECT_FALSE(isFadingTo(0.0));
@@ -225,7 +225,7 @@ TEST_F(ZLQuickEditWindowControllerTest, CloseAndEscapeSaveNothing)
 
 TEST_F(ZLQuickEditWindowControllerTest, TheTimerOfAPanelThatWasSavedFindsItClosed)
 {
-    QSignalSpy closed(&m_controller, &ZLQuickEditWindowController::didClose);
+    const QSignalSpy closed(&m_controller, &ZLQuickEditWindowController::didClose);
     show();
     m_controller.saveButtonPressed();
     finishFading();
@@ -276,7 +276,7 @@ TEST_F(ZLQuickEditWindowControllerTest, ForAChapterThatWasDeletedItOnlyCloses)
 
 TEST_F(ZLQuickEditWindowControllerTest, ItDoesNotHoldTheProgramBackFromEnding)
 {
-    QSignalSpy closed(&m_controller, &ZLQuickEditWindowController::didClose);
+    const QSignalSpy closed(&m_controller, &ZLQuickEditWindowController::didClose);
     show();
     EXPECT_TRUE(m_controller.window().close());
     QCoreApplication::sendPostedEvents();

@@ -3,6 +3,8 @@
 #include "app/ui/ZLDesktopFixture.h"
 #include "document/ui/menus/ZLViewMenu.h"
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 class ZLDocumentWindowsTest : public ZLDesktopFixture {
@@ -10,6 +12,15 @@ protected:
     int quit()
     {
         return ZLProgramRun::run({ [this] { m_windows->quit(); } });
+    }
+    /// A run of the program that is quit while one document with a file and one without are open.
+    void quitWithTwoDocuments(const ZLDocumentControllerSetup& setup)
+    {
+        ZLDocumentController controller(setup);
+        ZLDocumentWindows windows(controller);
+        ASSERT_TRUE(controller.openDocument(storedFile(u"show.zelta"_s, u"Titled"_s)));
+        addChapter(controller.newDocument(), u"Untitled"_s);
+        EXPECT_EQ(ZLProgramRun::run({ std::bind_front(&ZLDocumentWindows::quit, &windows) }), 0);
     }
 };
 
@@ -162,13 +173,7 @@ TEST_F(ZLDocumentWindowsTest, WhatWasOpenIsBackAtTheNextStart)
 {
     ZLDocumentControllerSetup other = setup();
     other.stateFolder = filePath(u"other"_s);
-    {
-        ZLDocumentController life(other);
-        ZLDocumentWindows windows(life);
-        ASSERT_TRUE(life.openDocument(storedFile(u"show.zelta"_s, u"Titled"_s)));
-        addChapter(life.newDocument(), u"Untitled"_s);
-        EXPECT_EQ(ZLProgramRun::run({ [&] { windows.quit(); } }), 0);
-    }
+    quitWithTwoDocuments(other);
     QStringList all;
     ZLDocumentController next(other);
     ZLDocumentWindows windows(next);

@@ -160,8 +160,8 @@ TEST_F(ZLFitDisplayTest, TheStartOfTheClockIsFoundByItsBeepInTheRecording)
         }));
     // As loud as those who speak over it.
     ZLShowSounds::Samples recording = ZLShowSounds::show(5, 30.0);
-    for (std::size_t at = 0; at < recording.size(); ++at)
-        recording[at] *= 0.2F;
+    for (float& sample : recording)
+        sample *= 0.2F;
     constexpr double start = 7.25;
     for (std::size_t at = 0; at < beep.size(); ++at)
         recording[std::size_t(start * ZLShowSounds::SamplesPerSecond) - beep.size() + at] += 0.6F * beep[at];

@@ -51,7 +51,7 @@ TEST_F(ZLFitPictureTest, TheMarkNextToThePointerIsHit)
 TEST_F(ZLFitPictureTest, AClickTakesAMarkAndPlaysIt)
 {
     QSignalSpy selected(&m_picture, &ZLFitPicture::markSelected);
-    QSignalSpy played(&m_picture, &ZLFitPicture::playRequested);
+    const QSignalSpy played(&m_picture, &ZLFitPicture::playRequested);
     QTest::mouseClick(&m_picture, Qt::LeftButton, {}, m_picture.pointOf(3));
     ASSERT_EQ(selected.count(), 1);
     EXPECT_EQ(selected.first().first().toInt(), 3);
@@ -62,7 +62,7 @@ TEST_F(ZLFitPictureTest, AClickTakesAMarkAndPlaysIt)
 
 TEST_F(ZLFitPictureTest, TheKeysGoFromMarkToMark)
 {
-    QSignalSpy played(&m_picture, &ZLFitPicture::playRequested);
+    const QSignalSpy played(&m_picture, &ZLFitPicture::playRequested);
     QTest::keyClick(&m_picture, Qt::Key_Right);
     EXPECT_EQ(m_picture.selectedMark(), 0);
     QTest::keyClick(&m_picture, Qt::Key_Left);

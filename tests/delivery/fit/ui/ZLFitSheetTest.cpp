@@ -169,7 +169,7 @@ TEST_F(ZLFitSheetTest, ShowsHowFarItIsAndEscapeCancelsThenCloses)
     ASSERT_TRUE(ZLShowSounds::write(m_folder.filePath(u"finished.wav"_s), ZLShowSounds::show(1, 60.0)));
     m_draft.setRecordingPath(m_folder.filePath(u"raw.wav"_s));
     m_draft.setFinishedPath(m_folder.filePath(u"finished.wav"_s));
-    QSignalSpy closes(m_sheet, &ZLFitSheet::wantsToClose);
+    const QSignalSpy closes(m_sheet, &ZLFitSheet::wantsToClose);
     m_sheet->takeKeyboard();
     press(Qt::Key_Return);
     EXPECT_TRUE(part<QProgressBar>(u"fitProgress"_s)->isVisible());

@@ -159,7 +159,7 @@ TEST_F(ZLJournalReaderTest, WhatIsNoJournalIsRefusedInOneLine)
 TEST_F(ZLJournalReaderTest, TheLastWordOnTheClockCounts)
 {
     const QDateTime moment = QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, QTimeZone::utc());
-    ZLJournalChange running { .reading = 9.0, .running = ZLInterruptedRecording { 9.0, moment } };
+    const ZLJournalChange running { .reading = 9.0, .running = ZLInterruptedRecording { 9.0, moment } };
     add({ Kind::Change, running.encoded() });
     auto read = ZLJournalReader::read(bytes);
     ASSERT_TRUE(read && read.value().interruption);

@@ -111,6 +111,8 @@ public:
     {
         m_reverting.revertTo(state, std::move(whenDone));
     }
+    /// Makes the call when a kill cannot take back any more what the document is now: at once, or behind a long list.
+    void whenHandedOver(std::function<void()> call) { m_journaling.whenHandedOver(std::move(call)); }
     /// @name What to do about a Conflict
     /// @{
     /// Writes over what the other program wrote.

@@ -103,10 +103,10 @@ public:
     /// Goes back, undoably, to the last save() or the opening; does nothing where it is so already. Refused while the
     /// clock runs.
     ZLStatus revert() { return m_reverting.revert(); }
-    /// Former states of the document, newest first. One is kept when changes take its place, a minute after the one
-    /// before at the earliest.
-    [[nodiscard]] QList<ZLDocumentState> formerStates() const { return m_place.formerStates(); }
-    /// Goes back, undoably, to one of formerStates(). Refused while the clock runs.
+    /// Former states of the document; absent for an untitled one that was never kept. One is kept when changes take its
+    /// place, a minute after the one before at the earliest.
+    [[nodiscard]] const std::optional<ZLDocumentHistory>& history() const { return m_place.history(); }
+    /// Goes back, undoably, to one of the history()'s states. Refused while the clock runs.
     void revertTo(const ZLDocumentState& state, ZLWhenDone whenDone)
     {
         m_reverting.revertTo(state, std::move(whenDone));

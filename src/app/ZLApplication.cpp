@@ -1,6 +1,7 @@
 #include "app/ZLApplication.h"
 
 #include "app/ZLRecorderKinds.h"
+#include "app/ZLSafeTelling.h"
 #include "export/formats/ZLRegisterExporters.h"
 #include "settings/ZLSettingsManager.h"
 
@@ -31,7 +32,9 @@ ZLApplication::ZLApplication(ZLDocumentControllerSetup setup, float systemFontSi
     beginActivity(std::move(remote.activity));
     m_commandSocket = std::make_unique<ZLCommandSocket>(
         [this](const ZLOSCMessage& message, const ZLPressStamp& press, const ZLCommandSocket::Answer& answer) {
-            answer(m_oscController->performMessage(message, commandSocketPeer, press));
+            const QString outcome = m_oscController->performMessage(message, commandSocketPeer, press);
+            ZLSafeTelling::tell(
+                m_documentController, m_outsideCommands.target(), this, [answer, outcome] { answer(outcome); });
         });
     connect(&ZLSettingsManager::notifications(), &ZLSettingsNotifications::ZLGlobalHotkeysDidChange, this,
         &ZLApplication::globalHotkeysDidChange);
@@ -149,6 +152,12 @@ void ZLApplication::documentDidChange(const ZLDocumentChange& change)
         updateActivity();
     if (change.concerns(ZLDocumentChange::concerningControllers))
         informControllersOfDocumentChange();
+}
+
+void ZLApplication::informControllersOfDocumentChange()
+{
+    ZLSafeTelling::tell(m_documentController, m_outsideCommands.target(), m_oscController.get(),
+        [this] { m_oscController->sendUpdatesStatusInformation(); });
 }
 
 void ZLApplication::updateActivity()

@@ -68,7 +68,7 @@ public:
     /// Carries the action out on the document that commands from outside reach.
     void remoteControllerReceivedAction(ZLRemoteController& controller, const QString& action) override;
     /// Lets the OSC controller send the new state.
-    void informControllersOfDocumentChange() { m_oscController->sendUpdatesStatusInformation(); }
+    void informControllersOfDocumentChange();
 
     /// Where the documents' notifications go, and what the user does with them comes from.
     [[nodiscard]] ZLUserNotificationCenter& userNotificationCenter() const { return *m_notificationCenter; }

@@ -6,13 +6,13 @@
 ZLDocumentImport::Outcome ZLDocumentImport::carryOut(
     ZLChapterDocument& document, const ZLImportSource& source, const ZLImportChoices& choices)
 {
-    const ZLImportPlan plan = ZLImportPlan::make(source, choices);
+    const QStringList templates = ZLImportPlan::templatesOf(source, choices);
     const auto way = choices.replacesChapters ? ZLChapterImport::Way::Replace : ZLChapterImport::Way::Add;
     const ZLUndoGroup group(document.undoManager());
     Outcome outcome;
-    if (!plan.templates.isEmpty()) {
+    if (!templates.isEmpty()) {
         const qsizetype before = document.templateViewController().chapterManager().count();
-        document.templateViewController().importTopicLines({ plan.templates.join(u'\n') });
+        document.templateViewController().importTopicLines({ templates.join(u'\n') });
         outcome.templates = document.templateViewController().chapterManager().count() - before;
     }
     // Last, so that the step is named after the chapters.

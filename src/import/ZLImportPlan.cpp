@@ -21,11 +21,16 @@ ZLImportPlan ZLImportPlan::make(const ZLImportSource& source, const ZLImportChoi
     plan.chapters = ZLChapterImport::chaptersFrom(list.chapters, choices.shift);
     std::ranges::stable_sort(plan.chapters, {}, &ZLChapter::timeStamp);
     plan.remarks = source.found.remarks + list.remarks;
-    if (!choices.makesTemplates || source.textsWithoutTime.isEmpty())
+    plan.templates = templatesOf(source, choices);
+    if (plan.templates.isEmpty())
         return plan;
-    plan.templates = source.textsWithoutTime;
     plan.remarks.removeIf([](const ZLListRemark& remark) { return remark.line > 0; });
     return plan;
+}
+
+QStringList ZLImportPlan::templatesOf(const ZLImportSource& source, const ZLImportChoices& choices)
+{
+    return choices.makesTemplates ? source.textsWithoutTime : QStringList();
 }
 
 QString ZLImportPlan::remarkText(const ZLListRemark& remark)

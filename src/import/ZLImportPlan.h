@@ -25,6 +25,9 @@ struct ZLImportPlan {
     /// `choices.item` has to be one of the source's lists.
     [[nodiscard]] static ZLImportPlan make(const ZLImportSource& source, const ZLImportChoices& choices);
 
+    /// The templates of such a plan alone.
+    [[nodiscard]] static QStringList templatesOf(const ZLImportSource& source, const ZLImportChoices& choices);
+
     /// "Line 3: “Mail bag” was not understood."
     [[nodiscard]] static QString remarkText(const ZLListRemark& remark);
 };

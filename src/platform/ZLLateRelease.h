@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QThreadPool>
 
@@ -9,8 +10,9 @@
 /// What is given up must belong to no thread.
 namespace ZLLateRelease {
 
-/// A list of fewer entries goes at once.
+/// A list of fewer entries goes at once, and so do fewer bytes.
 inline constexpr qsizetype ShortList = 1000;
+inline constexpr qsizetype FewBytes = 100'000;
 
 template <typename Value>
 void of(Value value)
@@ -23,6 +25,12 @@ void of(QList<Entry> list)
 {
     if (list.size() >= ShortList)
         QThreadPool::globalInstance()->start([released = std::move(list)] { });
+}
+
+inline void of(QByteArray bytes)
+{
+    if (bytes.size() >= FewBytes)
+        QThreadPool::globalInstance()->start([released = std::move(bytes)] { });
 }
 
 }

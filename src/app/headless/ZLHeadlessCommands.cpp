@@ -46,15 +46,17 @@ void ZLHeadlessCommands::performAction(const ZLRemoteAction& action)
     (void)m_report.takeHasPrinted();
     (m_document.*ZLRemoteActions::operationForAction(action.identifier))();
     m_report.printChanges();
-    if (!m_report.takeHasPrinted())
-        m_report.print(tr("did nothing: %1").arg(action.obstacle()));
+    m_report.whenSafe([this, &action] {
+        if (!m_report.takeHasPrinted())
+            m_report.print(tr("did nothing: %1").arg(action.obstacle()));
+    });
 }
 
 void ZLHeadlessCommands::performChoice(const ZLConcernChoice& choice)
 {
     const auto tell = [commands = QPointer(this), action = choice.action] {
         if (commands)
-            commands->printOutcome(action);
+            commands->m_report.whenSafe([commands, action] { commands->printOutcome(action); });
     };
     if (!m_concerns.choose(choice.action, tell))
         m_report.print(choice.obstacle());
@@ -95,7 +97,7 @@ void ZLHeadlessCommands::setTitle(const QString& title)
         return;
     }
     m_document.updateChapterToTitle(chapter, title);
-    m_report.printSelectedChapter(u"%1"_s);
+    m_report.whenSafe([this] { m_report.printSelectedChapter(u"%1"_s); });
 }
 
 void ZLHeadlessCommands::printStatus(const QString&)

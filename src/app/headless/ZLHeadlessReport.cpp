@@ -1,5 +1,6 @@
 #include "app/headless/ZLHeadlessReport.h"
 
+#include "app/ZLSafeTelling.h"
 #include "app/headless/ZLHeadlessTexts.h"
 #include "remote/ZLOSCController.h"
 
@@ -45,9 +46,19 @@ void ZLHeadlessReport::printChangesSoon()
     QMetaObject::invokeMethod(this, &ZLHeadlessReport::printChanges, Qt::QueuedConnection);
 }
 
+void ZLHeadlessReport::whenSafe(std::function<void()> call)
+{
+    ZLSafeTelling::tell(m_controller, &m_document, this, std::move(call));
+}
+
 void ZLHeadlessReport::printChanges()
 {
     m_isReportDue = false;
+    whenSafe([this] { printSafeChanges(); });
+}
+
+void ZLHeadlessReport::printSafeChanges()
+{
     const Snapshot now = takeSnapshot();
     if (now.isRecording != m_reported.isRecording)
         printClock(now.isRecording ? tr("recording from %1") : tr("paused at %1"));

@@ -6,6 +6,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class ZLOSCController;
 
 /// Says in lines what becomes of one document: whatever changes in it, by whatever way, and on demand how it stands.
@@ -23,6 +25,8 @@ public:
     void print(const QString& line);
     /// Whether something was printed since the last call.
     [[nodiscard]] bool takeHasPrinted();
+    /// Makes the call when a kill cannot take back any more what it is to tell: at once, or behind a long list.
+    void whenSafe(std::function<void()> call);
     /// Prints what has changed since the last report.
     void printChanges();
     /// Each with what it is about in the place of "%1".
@@ -42,6 +46,7 @@ private:
 
     [[nodiscard]] Snapshot takeSnapshot() const;
     void printChangesSoon();
+    void printSafeChanges();
     void printChangedChapters();
     void printOtherDocuments();
     void printPort();

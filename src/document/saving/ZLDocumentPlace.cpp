@@ -28,11 +28,6 @@ QString ZLDocumentPlace::listeningPath() const
     return m_recoveryFile ? m_recoveryFile->listeningPath() : QString();
 }
 
-QList<ZLDocumentState> ZLDocumentPlace::formerStates() const
-{
-    return m_history ? m_history->states() : QList<ZLDocumentState>();
-}
-
 QDateTime ZLDocumentPlace::timeOfFile(const QDateTime& now) const
 {
     const QDateTime written = QFileInfo(isUntitled() ? recoveryPath() : m_path).lastModified();
@@ -70,6 +65,7 @@ void ZLDocumentPlace::removeJournal()
 
 void ZLDocumentPlace::forgetUntitledHistory()
 {
+    settle(QDeadlineTimer(ZLSilentDisk::CommandPatience));
     if (isUntitled() && m_history)
         m_history->remove();
 }
@@ -94,11 +90,18 @@ void ZLDocumentPlace::followLocation()
         return;
     const ZLDocumentHistory history = isUntitled() ? ZLDocumentHistory::ofRecoveryFile(m_folder, m_recoveryFile->path())
                                                    : ZLDocumentHistory::ofFile(m_folder, m_path);
-    if (m_history && *m_history != history) {
-        m_history->shareWith(history);
-        // A file of the user's that is left stays, and so do its states.
-        if (m_history->isOfRecoveryFile())
-            m_history->remove();
-    }
+    if (m_history && *m_history != history)
+        moveHistory(*m_history, history);
     m_history = history;
+}
+
+void ZLDocumentPlace::moveHistory(const ZLDocumentHistory& from, const ZLDocumentHistory& to)
+{
+    settle(QDeadlineTimer(ZLSilentDisk::CommandPatience));
+    m_historyMove.start([from, to](const ZLDiskWork::Teller& /*tell*/) {
+        from.shareWith(to);
+        // A file of the user's that is left stays, and so do its states.
+        if (from.isOfRecoveryFile())
+            from.remove();
+    });
 }

@@ -3,6 +3,8 @@
 #include "document/saving/ZLDocumentHistory.h"
 #include "document/saving/ZLDocumentLock.h"
 #include "document/saving/ZLRecoveryFolder.h"
+#include "document/saving/ZLSilentDisk.h"
+#include "platform/ZLDiskWork.h"
 
 #include <QDateTime>
 #include <QObject>
@@ -49,13 +51,13 @@ public:
 
     /// The former states; absent for an untitled document that was never kept.
     [[nodiscard]] const std::optional<ZLDocumentHistory>& history() const { return m_history; }
-    /// The same as a list, newest first; empty where history() is absent.
-    [[nodiscard]] QList<ZLDocumentState> formerStates() const;
     /// Forgets the former states of an untitled document; those of a file stay.
     void forgetUntitledHistory();
 
-    /// Makes `path` the user's file. The former states go along.
+    /// Makes `path` the user's file. The former states go along, beside the main thread.
     void moveTo(const QString& path);
+    /// Waits until `deadline` for the former states to be there.
+    void settle(QDeadlineTimer deadline) { m_historyMove.settle(deadline); }
 
     /// The absolute form of `path`, with ".zelta" at the end unless it ends so, in capitals or not.
     [[nodiscard]] static QString pathWithExtension(const QString& path);
@@ -66,10 +68,12 @@ Q_SIGNALS:
 
 private:
     void followLocation();
+    void moveHistory(const ZLDocumentHistory& from, const ZLDocumentHistory& to);
 
     const ZLRecoveryFolder& m_folder;
     QString m_path;
     std::unique_ptr<ZLRecoveryFile> m_recoveryFile;
     std::unique_ptr<ZLDocumentLock> m_lock;
     std::optional<ZLDocumentHistory> m_history;
+    ZLDiskWork m_historyMove { std::chrono::milliseconds(ZLSilentDisk::CommandPatience) };
 };

@@ -169,6 +169,7 @@ void ZLDocumentSaver::settle(QDeadlineTimer deadline)
     m_reverting.settle(deadline);
     m_move.settle(deadline);
     m_updating.settleRequests(deadline);
+    m_place.settle(deadline);
 }
 
 void ZLDocumentSaver::save(ZLWhenDone whenDone)

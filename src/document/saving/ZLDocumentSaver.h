@@ -103,14 +103,16 @@ public:
     /// Goes back, undoably, to the last save() or the opening; does nothing where it is so already. Refused while the
     /// clock runs.
     ZLStatus revert() { return m_reverting.revert(); }
-    /// Former states of the document, newest first. One is kept when changes take its place, a minute after the one
-    /// before at the earliest.
-    [[nodiscard]] QList<ZLDocumentState> formerStates() const { return m_place.formerStates(); }
-    /// Goes back, undoably, to one of formerStates(). Refused while the clock runs.
+    /// Former states of the document; absent for an untitled one that was never kept. One is kept when changes take its
+    /// place, a minute after the one before at the earliest.
+    [[nodiscard]] const std::optional<ZLDocumentHistory>& history() const { return m_place.history(); }
+    /// Goes back, undoably, to one of the history()'s states. Refused while the clock runs.
     void revertTo(const ZLDocumentState& state, ZLWhenDone whenDone)
     {
         m_reverting.revertTo(state, std::move(whenDone));
     }
+    /// Makes the call when a kill cannot take back any more what the document is now: at once, or behind a long list.
+    void whenHandedOver(std::function<void()> call) { m_journaling.whenHandedOver(std::move(call)); }
     /// @name What to do about a Conflict
     /// @{
     /// Writes over what the other program wrote.

@@ -33,6 +33,8 @@ public:
     void setBase(const QByteArray& bytes) { m_journal.setBase(bytes); }
     /// Journals what changed, and waits until the kernel has it. An untitled document without content has no journal.
     void note();
+    /// Makes the call when a kill cannot take back any more what was noted: at once, or behind a long list.
+    void whenHandedOver(std::function<void()> call) { m_journal.whenHandedOver(std::move(call)); }
     /// Begins a journal from the document as it is now.
     void begin();
     /// note() for a folder that failed, and a new beginning for a journal that grew too long.

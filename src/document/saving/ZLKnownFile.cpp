@@ -1,5 +1,9 @@
 #include "document/saving/ZLKnownFile.h"
 
+#include "platform/ZLLateRelease.h"
+
+#include <utility>
+
 ZLKnownFile::ZLKnownFile(const ZLReadDocument& read, const QDateTime& time)
     : m_bytes(read.bytes)
     , m_readBytes(read.fileBytes)
@@ -16,11 +20,17 @@ ZLKnownFile::ZLKnownFile(const QByteArray& bytes, const QByteArray& version, con
 {
 }
 
+ZLKnownFile::~ZLKnownFile()
+{
+    ZLLateRelease::of(std::move(m_readBytes));
+    ZLLateRelease::of(std::move(m_bytes));
+}
+
 void ZLKnownFile::noteWritten(const QByteArray& bytes, const QByteArray& version, const QDateTime& now)
 {
     if (m_bytes != bytes)
         m_timeOfBytes = now;
-    m_readBytes.clear();
-    m_bytes = bytes;
+    ZLLateRelease::of(std::exchange(m_readBytes, {}));
+    ZLLateRelease::of(std::exchange(m_bytes, bytes));
     m_versions = QList<QByteArray> { version };
 }

@@ -21,6 +21,11 @@ public:
         : m_versions(versions)
     {
     }
+    ~ZLKnownFile();
+    ZLKnownFile(const ZLKnownFile&) = default;
+    ZLKnownFile(ZLKnownFile&&) = default;
+    ZLKnownFile& operator=(const ZLKnownFile&) = default;
+    ZLKnownFile& operator=(ZLKnownFile&&) = default;
 
     /// The document as it is in the file; empty when it is to be written whatever it is.
     [[nodiscard]] const QByteArray& bytes() const { return m_bytes; }

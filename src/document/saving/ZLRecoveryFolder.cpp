@@ -2,6 +2,7 @@
 
 #include "document/ZLDocumentFile.h"
 #include "document/saving/journal/ZLJournalTail.h"
+#include "platform/ZLFileRemoval.h"
 #include "platform/ZLPrivateFolder.h"
 
 #include <QDateTime>
@@ -47,7 +48,7 @@ void ZLRecoveryFile::remove()
 void ZLRecoveryFile::removeJournal()
 {
     ZLJournalTail::remove(journalPath());
-    QFile::remove(journalPath());
+    ZLFileRemoval::remove(journalPath());
     QFile::remove(listeningPath());
 }
 

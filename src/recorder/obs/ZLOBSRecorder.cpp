@@ -49,7 +49,9 @@ ZLOBSRecorder::ZLOBSRecorder(
     , m_clock(clock)
     , m_startTimer(std::move(startTimer))
     , m_connection(address, clock, m_startTimer)
+    , m_lateChapters(clock, m_startTimer)
 {
+    connect(&m_lateChapters, &ZLOBSLateChapters::isDue, this, &ZLOBSRecorder::sendChapter);
     connect(&m_connection, &ZLOBSConnection::stateDidChange, this, &ZLOBSRecorder::connectionStateDidChange);
     connect(&m_connection, &ZLOBSConnection::messageDidArrive, this, &ZLOBSRecorder::messageDidArrive);
 }
@@ -71,6 +73,8 @@ void ZLOBSRecorder::startRecording()
 
 void ZLOBSRecorder::stopRecording()
 {
+    // Behind the end they would find no file.
+    m_lateChapters.finish();
     request(u"StopRecord"_s, otherAnswer);
 }
 
@@ -78,6 +82,12 @@ void ZLOBSRecorder::markChapter(const QString& title)
 {
     if (!m_canMarkChapters)
         return;
+    const bool isStanding = m_position.state() == ZLRecorderState::Standing;
+    m_lateChapters.add(title, isStanding ? 0.0 : m_position.expectedEncoderDelay());
+}
+
+void ZLOBSRecorder::sendChapter(const QString& title)
+{
     // OBS refuses an empty name, but finds one where there is none.
     QJsonObject data;
     if (!title.isEmpty())
@@ -88,6 +98,8 @@ void ZLOBSRecorder::markChapter(const QString& title)
 void ZLOBSRecorder::connectionStateDidChange(ZLRecorderConnection state, const QString& reason)
 {
     m_lookTimer.reset();
+    // Until a look tells that OBS still records.
+    m_lateChapters.setReachable(false);
     m_position = ZLOBSPosition();
     m_delayNote.reset();
     m_canMarkChapters = false;
@@ -163,6 +175,7 @@ void ZLOBSRecorder::lookDidArrive(const QJsonArray& answers)
             askForFile();
         useDelayNote();
         keepDelayNote();
+        updateLateChapters();
         report();
     }
     lookSoon();
@@ -207,6 +220,7 @@ void ZLOBSRecorder::recordStateDidChange(const QString& state, const QString& pa
     } else {
         return;
     }
+    updateLateChapters();
     report();
     if (m_lookTimer)
         look();
@@ -234,6 +248,14 @@ void ZLOBSRecorder::keepDelayNote()
     request(u"SetPersistentData"_s, otherAnswer,
         { { u"realm"_s, profileRealm }, { u"slotName"_s, QLatin1StringView(ZLOBSDelayNote::Slot) },
             { u"slotValue"_s, m_delayNote->value() } });
+}
+
+void ZLOBSRecorder::updateLateChapters()
+{
+    if (m_position.state() == ZLRecorderState::Standing)
+        m_lateChapters.finish();
+    m_lateChapters.setRecording(m_position.state() != ZLRecorderState::Paused);
+    m_lateChapters.setReachable(true);
 }
 
 void ZLOBSRecorder::askForFile()

@@ -5,6 +5,7 @@
 #include "recorder/ZLRecorder.h"
 #include "recorder/obs/ZLOBSConnection.h"
 #include "recorder/obs/ZLOBSDelayNote.h"
+#include "recorder/obs/ZLOBSLateChapters.h"
 #include "recorder/obs/ZLOBSPosition.h"
 
 #include <QJsonArray>
@@ -43,6 +44,8 @@ private:
     void recordStateDidChange(const QString& state, const QString& path);
     void useDelayNote();
     void keepDelayNote();
+    void sendChapter(const QString& title);
+    void updateLateChapters();
     void askForFile();
     void report();
     void setFile(const QString& path, double begin);
@@ -53,6 +56,7 @@ private:
     const ZLOneShotTimerStarter m_startTimer;
     ZLOBSConnection m_connection;
     ZLOBSPosition m_position;
+    ZLOBSLateChapters m_lateChapters;
     std::unique_ptr<ZLOneShotTimer> m_lookTimer;
     /// The number of the look that is under way, and when it was asked.
     int m_look = 0;

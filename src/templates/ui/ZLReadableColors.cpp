@@ -4,12 +4,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace {
 
 constexpr float shareOfTint = 0.16F;
 constexpr float shareOfWeakSelection = 0.28F;
 constexpr float stepTowardsReadable = 0.04F;
+constexpr std::size_t mostKeptColors = 200;
 /// By so much may a style on a dark desktop paint the ground of a button lighter, and a tick darker, than the palette
 /// says.
 /// @{
@@ -44,6 +49,20 @@ QColor movedTowards(const QColor& pole, const QColor& color, const QList<QColor>
         share += stepTowardsReadable)
         moved = ZLReadableColors::mixed(pole, color, share);
     return moved;
+}
+
+/// The darker or lighter colour that can be read on all the grounds.
+QColor foundOnGrounds(const QColor& color, const QList<QColor>& grounds, double least)
+{
+    const QColor darker = movedTowards(Qt::black, color, grounds, least);
+    const QColor lighter = movedTowards(Qt::white, color, grounds, least);
+    const double darkerContrast = leastContrast(darker, grounds);
+    const double lighterContrast = leastContrast(lighter, grounds);
+    // Where both will do, the one that had to move less.
+    if (std::min(darkerContrast, lighterContrast) >= least)
+        return ZLReadableColors::contrast(darker, color) <= ZLReadableColors::contrast(lighter, color) ? darker
+                                                                                                       : lighter;
+    return darkerContrast >= lighterContrast ? darker : lighter;
 }
 
 bool isDark(const QColor& ground)
@@ -102,14 +121,19 @@ QColor ZLReadableColors::tinted(const QColor& ground, const QColor& tint)
 
 QColor ZLReadableColors::onGrounds(const QColor& color, const QList<QColor>& grounds, double least)
 {
-    const QColor darker = movedTowards(Qt::black, color, grounds, least);
-    const QColor lighter = movedTowards(Qt::white, color, grounds, least);
-    const double darkerContrast = leastContrast(darker, grounds);
-    const double lighterContrast = leastContrast(lighter, grounds);
-    // Where both will do, the one that had to move less.
-    if (std::min(darkerContrast, lighterContrast) >= least)
-        return contrast(darker, color) <= contrast(lighter, color) ? darker : lighter;
-    return darkerContrast >= lighterContrast ? darker : lighter;
+    // A table asks again for each of its cells, and a palette has few colours.
+    using Question = std::tuple<quint64, std::vector<quint64>, double>;
+    thread_local std::map<Question, QColor> found;
+    Question question { color.rgba64(), {}, least };
+    for (const QColor& ground : grounds)
+        std::get<1>(question).push_back(ground.rgba64());
+    if (const auto known = found.find(question); known != found.end())
+        return known->second;
+    if (found.size() >= mostKeptColors)
+        found.clear();
+    const QColor answer = foundOnGrounds(color, grounds, least);
+    found.emplace(std::move(question), answer);
+    return answer;
 }
 
 QColor ZLReadableColors::weakSelection(const QPalette& palette)

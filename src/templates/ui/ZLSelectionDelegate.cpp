@@ -18,6 +18,8 @@ bool hasKeyboard(const QWidget& list)
 void ZLSelectionDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    if (!option->state.testFlag(QStyle::State_Selected))
+        return;
     const bool isStrong = !option->widget || hasKeyboard(*option->widget);
     const QPalette colors = option->palette;
     const QColor ground =

@@ -73,7 +73,7 @@ TEST_F(ZLConflictDecisionsTest, TakingTheirsIsOneStepAndKeepsMineAsAState)
     EXPECT_EQ(document.chapterManager().lastChapter()->title(), u"Theirs"_s);
     EXPECT_EQ(parts->report.state(), ZLSavingState::Waiting);
     EXPECT_FALSE(parts->reverting.canRevert()) << "theirs is what the document goes back to now";
-    const auto states = parts->place.formerStates();
+    const auto states = parts->place.history()->states();
     ASSERT_EQ(states.size(), 1);
     EXPECT_EQ(titlesIn(states.first().path), QStringList { u"Mine"_s });
     document.undoManager().undo();
@@ -89,7 +89,7 @@ TEST_F(ZLConflictDecisionsTest, WhatIsNoDocumentIsNotTakenAndTheConflictStays)
     EXPECT_TRUE(taken.error().message.startsWith(path)) << qPrintable(taken.error().message);
     EXPECT_TRUE(parts->report.isConflict());
     EXPECT_EQ(document.dataOfType(), mine);
-    EXPECT_TRUE(parts->place.formerStates().isEmpty());
+    EXPECT_TRUE(parts->place.history()->states().isEmpty());
 }
 
 TEST_F(ZLConflictDecisionsTest, BothMeansAFreeNameBesideTheFile)

@@ -227,9 +227,9 @@ TEST_F(ZLDocumentHistoryTest, GoingBackIsOneUndoableStepAndLosesNothing)
     addChapter("Two");
     writeAndSettle(*saver);
     document.undoManager().removeAllActions();
-    ASSERT_EQ(saver->formerStates().size(), 1);
+    ASSERT_EQ(saver->history()->states().size(), 1);
 
-    ASSERT_TRUE(revertedTo(*saver, saver->formerStates().first()));
+    ASSERT_TRUE(revertedTo(*saver, saver->history()->states().first()));
     writeAndSettle(*saver);
     EXPECT_EQ(titlesIn(filePath("show.zelta")), QStringList { u"One"_s });
     EXPECT_EQ(countsOfStates(), (QList<qsizetype> { 2, 1 })) << "what was left, within the minute too";
@@ -247,9 +247,9 @@ TEST_F(ZLDocumentHistoryTest, GoingToWhereItIsLeavesNoStep)
     auto saver = titledSaver(filePath("show.zelta"));
     addChapter("Two");
     writeAndSettle(*saver);
-    ASSERT_TRUE(revertedTo(*saver, saver->formerStates().first()));
+    ASSERT_TRUE(revertedTo(*saver, saver->history()->states().first()));
     document.undoManager().removeAllActions();
-    ASSERT_TRUE(revertedTo(*saver, saver->formerStates().first()));
+    ASSERT_TRUE(revertedTo(*saver, saver->history()->states().first()));
     EXPECT_FALSE(document.undoManager().canUndo());
 }
 
@@ -259,7 +259,7 @@ TEST_F(ZLDocumentHistoryTest, NobodyGoesBackWhileTheClockRunsOrToWhatIsGone)
     auto saver = titledSaver(filePath("show.zelta"));
     addChapter("Two");
     writeAndSettle(*saver);
-    const ZLDocumentState state = saver->formerStates().value(0);
+    const ZLDocumentState state = saver->history()->states().value(0);
     document.startRecordingWithTime(clock->seconds);
     EXPECT_FALSE(revertedTo(*saver, state));
     document.recordButtonPressed();
@@ -289,15 +289,17 @@ TEST_F(ZLDocumentHistoryTest, AnUntitledDocumentTakesItsStatesAlong)
     writeAndSettle(*saver);
     addChapter("Two");
     writeAndSettle(*saver);
-    ASSERT_EQ(saver->formerStates().size(), 1);
+    ASSERT_EQ(saver->history()->states().size(), 1);
     document.deleteLastChapter();
     document.deleteLastChapter();
     writeAndSettle(*saver);
     EXPECT_EQ(saver->recoveryPath(), QString()) << "empty: nothing is kept";
     addChapter("Three");
     writeAndSettle(*saver);
-    EXPECT_EQ(saver->formerStates().size(), 1) << "beside the new recovery file";
+    saver->settle(QDeadlineTimer(QDeadlineTimer::Forever));
+    EXPECT_EQ(saver->history()->states().size(), 1) << "beside the new recovery file";
     ASSERT_TRUE(savedAs(*saver, filePath("show.zelta")));
+    saver->settle(QDeadlineTimer(QDeadlineTimer::Forever));
     EXPECT_EQ(countsOfStates(), QList<qsizetype> { 1 });
     EXPECT_EQ(QDir(recoveryFolder.path() + u"/states"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
 }

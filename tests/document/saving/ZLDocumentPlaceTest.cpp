@@ -66,6 +66,7 @@ TEST_F(ZLDocumentPlaceTest, ADocumentThatGetsAFileTakesItsStatesAlong)
     ASSERT_TRUE(ZLAtomicFile::write(path, bytes));
     place.moveTo(path);
     EXPECT_FALSE(place.isUntitled());
+    place.settle(QDeadlineTimer(QDeadlineTimer::Forever));
     EXPECT_EQ(place.history()->states().size(), 1);
     EXPECT_TRUE(former.states().isEmpty()) << "nothing is left of the untitled one";
 }

@@ -23,7 +23,7 @@ protected:
     ZLDocumentState keptState()
     {
         EXPECT_EQ(parts->place.history()->keep(point, QDateTime::currentDateTimeUtc(), {}), ZLStateKeeping::Kept);
-        return parts->place.formerStates().value(0);
+        return parts->place.history()->states().value(0);
     }
 
     [[nodiscard]] bool isStateDue() const

@@ -25,13 +25,15 @@ from show_in_sound import Clicks, HeadlessZelta, Presses, misses
 
 CLICKS = Path(sys.argv.pop(1))
 
-# In seconds. OBS tells of a second file when it has finished the first one, and gives a chapter the time of what leaves the
-# encoder just then.
-TOLERANCE, TOLERANCE_IN_FILE = 0.25, 1.0
+# In seconds. OBS tells of a second file when it has finished the first one. Where the computer is slow, OBS leaves frames
+# out, and takes longer to encode than Zelta knows.
+TOLERANCE = 0.25
 # Right after its start OBS is still busy with itself.
 SETTLING = 6
 # OBS goes on in the next file at the next picture that stands alone, and finishes the former one.
 SPLITTING = 3
+# The pictures of the last mark leave the encoder; at the end of the recording its chapter would not wait for them.
+ENCODING = 1
 
 
 def chapters_in_file(path):
@@ -74,6 +76,7 @@ class SplitShow:
         wait_until(lambda: self.files_told() == 2, "the second file to be told")
         time.sleep(SPLITTING)
         self.press_for(5)
+        time.sleep(ENCODING)
         self.control("StopRecord")
         self.zelta.wait_until_stopped()
         time.sleep(SPLITTING)
@@ -105,7 +108,7 @@ class SplitShow:
         assert len(in_files) == len(chapters), (in_files, chapters)
         behind = in_files - chapters
         print(f"{len(chapters)} chapters in the files, ms behind the document's", numpy.round(behind * 1000).tolist())
-        return max(abs(behind)) < TOLERANCE_IN_FILE
+        return max(abs(behind)) < TOLERANCE
 
 
 def main():

@@ -185,6 +185,66 @@ TEST_F(ZLOBSRecorderTest, SendsStartStopAndChapters)
     EXPECT_TRUE(obs.received().contains(u"StartRecord"_s));
 }
 
+TEST_F(ZLOBSRecorderTest, AChapterIsSentWhenItsPicturesLeaveTheEncoder)
+{
+    obs.recording.heldBack = 40.0;
+    followStandIn();
+    obs.startRecording(u"/show/1.mkv"_s);
+    // How long the encoder holds them is measured now.
+    ASSERT_TRUE(waitFor([this] { return obs.received().contains(u"SetPersistentData"_s); }, obsPatience));
+    const double pressed = clock.now();
+    recorder->markChapter(u"Guests"_s);
+    ASSERT_TRUE(waitFor([this] { return !obs.chapters().isEmpty(); }, obsPatience));
+    // Later only by as much as the machine is late.
+    EXPECT_GE(obs.chapters().first(), obs.recording.positionAt(pressed) - 0.1);
+}
+
+TEST_F(ZLOBSRecorderTest, AChapterWaitsForTheEndOfAPauseAndNotForTheEndOfTheRecording)
+{
+    followStandIn();
+    obs.startRecording(u"/show/1.mkv"_s);
+    ASSERT_TRUE(waitFor([this] { return obs.received().contains(u"SetPersistentData"_s); }, obsPatience));
+    obs.pauseRecording();
+    ASSERT_TRUE(comesTo(ZLRecorderState::Paused));
+    recorder->markChapter(u"in the pause"_s);
+    const int looks = obs.looks();
+    ASSERT_TRUE(waitFor([&] { return obs.looks() > looks + 15; }, obsPatience));
+    EXPECT_TRUE(obs.chapters().isEmpty());
+    obs.resumeRecording();
+    ASSERT_TRUE(waitFor([this] { return obs.chapters().size() == 1; }, obsPatience));
+
+    recorder->markChapter(u"at the end"_s);
+    recorder->stopRecording();
+    ASSERT_TRUE(waitFor([this] { return obs.received().contains(u"StopRecord"_s); }, obsPatience));
+    EXPECT_EQ(
+        obs.received().mid(obs.received().size() - 2), (QStringList { u"CreateRecordChapter"_s, u"StopRecord"_s }));
+}
+
+TEST_F(ZLOBSRecorderTest, AChapterThatWaitsWhenTheRecordingEndsIsSentAtOnce)
+{
+    followStandIn();
+    obs.startRecording(u"/show/1.mkv"_s);
+    ASSERT_TRUE(comesTo(ZLRecorderState::Recording));
+    ASSERT_TRUE(waitFor([this] { return recorder->canMarkChapters(); }, obsPatience));
+    recorder->markChapter(u"one"_s);
+    obs.stopRecording();
+    ASSERT_TRUE(waitFor([this] { return obs.chapters().size() == 1; }, obsPatience));
+}
+
+TEST_F(ZLOBSRecorderTest, AChapterThatWaitsWhenTheConnectionIsLostComesWhenItIsBack)
+{
+    followStandIn();
+    obs.startRecording(u"/show/1.mkv"_s);
+    ASSERT_TRUE(comesTo(ZLRecorderState::Recording));
+    ASSERT_TRUE(waitFor([this] { return recorder->canMarkChapters(); }, obsPatience));
+    recorder->markChapter(u"one"_s);
+    obs.kill();
+    ASSERT_TRUE(comesTo(ZLRecorderConnection::Connecting));
+    EXPECT_TRUE(obs.chapters().isEmpty());
+    obs.listen();
+    EXPECT_TRUE(waitFor([this] { return obs.chapters().size() == 1; }, obsPatience));
+}
+
 TEST_F(ZLOBSRecorderTest, AnOlderOBSGetsNoChapters)
 {
     obs.requests.removeAll(u"CreateRecordChapter"_s);

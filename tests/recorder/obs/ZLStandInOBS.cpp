@@ -118,6 +118,8 @@ void ZLStandInOBS::answerRequest(QWebSocket& client, const QJsonObject& request)
     const QString type = request.value("requestType"_L1).toString();
     m_received.append(type);
     m_lastData = request.value("requestData"_L1).toObject();
+    if (type == "CreateRecordChapter"_L1)
+        m_chapters.append(recording.status(m_clock.now(), m_clock.now()).duration);
     send(client, 7,
         { { u"requestType"_s, type }, { u"requestId"_s, request.value("requestId"_L1) },
             { u"requestStatus"_s, QJsonObject { { u"result"_s, true }, { u"code"_s, 100 } } },

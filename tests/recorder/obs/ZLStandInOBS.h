@@ -49,6 +49,8 @@ public:
     /// Types of the requests that came, without the questions for the state.
     [[nodiscard]] const QStringList& received() const { return m_received; }
     [[nodiscard]] const QJsonObject& lastData() const { return m_lastData; }
+    /// Where in its file the chapters are that came: where what left the encoder was.
+    [[nodiscard]] const QList<double>& chapters() const { return m_chapters; }
     [[nodiscard]] const QString& allText() const { return m_allText; }
     [[nodiscard]] int identified() const { return m_identified; }
     [[nodiscard]] int looks() const { return m_looks; }
@@ -73,6 +75,7 @@ private:
     QList<QWebSocket*> m_clients;
     QStringList m_received;
     QJsonObject m_lastData;
+    QList<double> m_chapters;
     QString m_allText;
     int m_identified = 0;
     int m_looks = 0;

@@ -50,11 +50,12 @@ void ZLBoxStyle::drawPrimitive(
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const bool isRound = element == PE_IndicatorRadioButton;
-    if (!isRound && element != PE_IndicatorCheckBox && element != PE_IndicatorItemViewItemCheck)
+    const bool isInSelection = element == PE_IndicatorItemViewItemCheck && option->state.testFlag(State_Selected);
+    // The style draws the box of a cell as any other box, so that it has its outline already.
+    if (!isRound && element != PE_IndicatorCheckBox && !isInSelection)
         return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    const bool isInSelection = element == PE_IndicatorItemViewItemCheck && option->state.testFlag(State_Selected);
     const double width = isRound ? widthOfRoundLine : 1.0;
     const QColor color = isInSelection ? option->palette.color(QPalette::HighlightedText) : outlineOf(option->palette);
     painter->setPen(QPen(color, width));

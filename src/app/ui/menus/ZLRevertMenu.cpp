@@ -36,9 +36,24 @@ QString ZLRevertMenu::textFor(const ZLDocumentState& state, const QDateTime& now
 
 void ZLRevertMenu::fill()
 {
-    clear();
+    if (m_look.isUnderWay())
+        return;
     const ZLDocumentSaver* saver = m_controller.saverOf(&m_window.document());
-    const auto states = saver ? saver->formerStates() : QList<ZLDocumentState>();
+    const auto history = saver ? saver->history() : std::nullopt;
+    if (!history) {
+        listStates({});
+        return;
+    }
+    clear();
+    addLine(tr("Looking for Earlier States…"), u"lookingForFormerStates"_s);
+    m_look.start([this, history](const ZLDiskWork::Teller& tell) {
+        tell([this, states = history->states()] { listStates(states); });
+    });
+}
+
+void ZLRevertMenu::listStates(const QList<ZLDocumentState>& states)
+{
+    clear();
     for (qsizetype index = 0; index < states.size(); ++index)
         addState(states.at(index), index + 1);
     if (states.isEmpty())
@@ -47,9 +62,14 @@ void ZLRevertMenu::fill()
 
 void ZLRevertMenu::addNothing()
 {
-    QAction* none = addAction(tr("No Earlier States Yet"));
-    none->setObjectName(u"noFormerState"_s);
-    none->setEnabled(false);
+    addLine(tr("No Earlier States Yet"), u"noFormerState"_s);
+}
+
+void ZLRevertMenu::addLine(const QString& text, const QString& name)
+{
+    QAction* line = addAction(text);
+    line->setObjectName(name);
+    line->setEnabled(false);
 }
 
 void ZLRevertMenu::addState(const ZLDocumentState& state, qsizetype number)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ZLDocumentController.h"
+#include "platform/ZLDiskWork.h"
 
 #include <QMenu>
 
@@ -20,11 +21,15 @@ public:
 
 private:
     void fill();
+    void listStates(const QList<ZLDocumentState>& states);
     void addNothing();
+    void addLine(const QString& text, const QString& name);
     void addState(const ZLDocumentState& state, qsizetype number);
     void revertTo(const ZLDocumentState& state);
     void showOutcome(const ZLStatus& reverted);
 
     ZLDocumentController& m_controller;
     ZLChapterDocumentWindow& m_window;
+    /// Whether the states are whole is to be read in all of them, which takes its time.
+    ZLDiskWork m_look;
 };

@@ -34,9 +34,7 @@ void ZLDocumentJournal::begin(const QString& journalPath, const QString& filePat
     m_file = std::make_shared<ZLJournalFile>(journalPath, m_disk);
     m_tail.emplace(journalPath);
     m_filePath = filePath;
-    const bool isLong = beginFile(versions);
-    if (!isLong)
-        m_file->waitUntilHandedOver(m_disk.longestHandOver);
+    waitForHandOver(beginFile(versions));
 }
 
 void ZLDocumentJournal::tidy(const ZLKnownVersions& versions)
@@ -50,7 +48,9 @@ void ZLDocumentJournal::tidy(const ZLKnownVersions& versions)
 bool ZLDocumentJournal::end(QDeadlineTimer deadline)
 {
     m_tail.reset();
-    return !m_file || ZLJournalFile::leave(std::exchange(m_file, nullptr), deadline);
+    const bool hasEnded = !m_file || ZLJournalFile::leave(std::exchange(m_file, nullptr), deadline);
+    m_longHandOver.end();
+    return hasEnded;
 }
 
 bool ZLDocumentJournal::noticeChange()
@@ -78,10 +78,20 @@ void ZLDocumentJournal::note()
             return ZLJournalRecord { ZLJournalRecord::Kind::Change, made.encoded() };
         };
         m_file->append(makeRecord, ZLJournalFile::Sync::AtOnce);
-        return;
+        waitForHandOver(Length::Long);
+    } else {
+        append(*change, ZLJournalFile::Sync::AtOnce);
+        waitForHandOver(Length::Short);
     }
-    append(*change, ZLJournalFile::Sync::AtOnce);
-    m_file->waitUntilHandedOver(m_disk.longestHandOver);
+}
+
+void ZLDocumentJournal::waitForHandOver(Length length)
+{
+    // What stands behind a long one comes when that one has come.
+    if (length == Length::Long || m_longHandOver.isUnderWay())
+        m_longHandOver.follow(m_file);
+    else
+        m_file->waitUntilHandedOver(m_disk.longestHandOver);
 }
 
 std::optional<ZLJournalDifference> ZLDocumentJournal::takeDifference()
@@ -146,7 +156,7 @@ ZLJournalDifference ZLDocumentJournal::readingNow() const
     return change;
 }
 
-bool ZLDocumentJournal::beginFile(const ZLKnownVersions& versions)
+ZLDocumentJournal::Length ZLDocumentJournal::beginFile(const ZLKnownVersions& versions)
 {
     using Kind = ZLJournalRecord::Kind;
     rememberDocument();
@@ -169,5 +179,5 @@ bool ZLDocumentJournal::beginFile(const ZLKnownVersions& versions)
     else
         m_file->begin(
             [addAll, snapshot = m_document.snapshot()] { return addAll({ Kind::Snapshot, snapshot.encoded() }); });
-    return change.isLong();
+    return change.isLong() ? Length::Long : Length::Short;
 }

@@ -7,6 +7,7 @@
 #include "document/saving/journal/ZLJournalFile.h"
 #include "document/saving/journal/ZLJournalTail.h"
 #include "document/saving/journal/ZLKnownVersions.h"
+#include "document/saving/journal/ZLLongHandOver.h"
 
 #include <QObject>
 #include <QTimer>
@@ -52,10 +53,13 @@ public:
     [[nodiscard]] bool noticeChange();
     /// Journals what differs from the last record, and waits until the kernel has it, unless that is a long list.
     void note();
+    /// Makes the call when the kernel has everything: at once, or as soon as a long list is handed over.
+    void whenHandedOver(std::function<void()> call) { m_longHandOver.whenOver(std::move(call)); }
     /// Journals the reading of a running clock; without waiting.
     void noteReading();
 
 private:
+    enum class Length { Short, Long };
     struct ClockState {
         bool isRunning = false;
         double startTime = 0.0;
@@ -73,8 +77,10 @@ private:
     void append(const ZLJournalDifference& change, ZLJournalFile::Sync sync);
     /// What differs from the last call; absent for nothing.
     [[nodiscard]] std::optional<ZLJournalDifference> takeDifference();
-    /// Returns whether it begins with a change that is not waited for.
-    [[nodiscard]] bool beginFile(const ZLKnownVersions& versions);
+    /// Returns how long the change is with which it begins.
+    [[nodiscard]] Length beginFile(const ZLKnownVersions& versions);
+    /// For a record of that length: on the spot, or beside for one that takes its time.
+    void waitForHandOver(Length length);
 
     ZLChapterDocument& m_document;
     const ZLJournalDisk m_disk;
@@ -89,6 +95,7 @@ private:
     /// Absent when the document has become different in more than one step since.
     std::optional<ZLJournalBase> m_base;
     std::optional<ZLJournalDifference> m_changeSinceBase;
+    ZLLongHandOver m_longHandOver;
     QTimer m_tickTimer { this };
     int m_ticks = 0;
 };

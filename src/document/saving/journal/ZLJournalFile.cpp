@@ -195,6 +195,18 @@ bool ZLJournalFile::hasEverything() const
     return m_error == 0 && m_writtenCount == m_postedCount;
 }
 
+quint64 ZLJournalFile::postedCount() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_postedCount;
+}
+
+bool ZLJournalFile::hasHandedOver(quint64 count) const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_writtenCount >= count;
+}
+
 ZLProgress ZLJournalFile::progress() const
 {
     const std::lock_guard lock(m_mutex);

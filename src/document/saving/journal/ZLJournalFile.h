@@ -60,6 +60,9 @@ public:
     [[nodiscard]] bool isLagging() const;
     /// Whether the kernel has taken everything that was appended.
     [[nodiscard]] bool hasEverything() const;
+    /// How much was appended until now, for hasHandedOver().
+    [[nodiscard]] quint64 postedCount() const;
+    [[nodiscard]] bool hasHandedOver(quint64 count) const;
     /// How far the syncing has come that was asked for.
     [[nodiscard]] ZLProgress progress() const;
 

@@ -2,6 +2,7 @@
 
 #include "app/ui/ZLDesktopFixture.h"
 
+#include <QDeadlineTimer>
 #include <QLocale>
 #include <QMenu>
 
@@ -21,6 +22,10 @@ protected:
         auto* menu = windowOf(m_document).findChild<QMenu*>(u"revertMenu"_s);
         EXPECT_NE(menu, nullptr);
         Q_EMIT menu->aboutToShow();
+        EXPECT_NE(menu->findChild<QAction*>(u"lookingForFormerStates"_s), nullptr);
+        const QDeadlineTimer patience(std::chrono::minutes(1));
+        while (menu->findChild<QAction*>(u"lookingForFormerStates"_s) && !patience.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         return menu->actions();
     }
     void changeAndWrite(const QString& title)
@@ -82,7 +87,7 @@ TEST_F(ZLRevertMenuTest, AStateThatWentMeanwhileIsSaidInTheBar)
 {
     changeAndWrite(u"Two"_s);
     const auto states = items();
-    ASSERT_TRUE(QFile::remove(m_controller.saverOf(m_document)->formerStates().value(0).path));
+    ASSERT_TRUE(QFile::remove(m_controller.saverOf(m_document)->history()->states().value(0).path));
     states.first()->trigger();
     settle();
     EXPECT_FALSE(barText(m_document).isEmpty());

@@ -1,6 +1,8 @@
+#include "document/ZLChapterImport.h"
 #include "document/saving/SavingFixture.h"
 #include "support/ZLRuntimeFolderInMemory.h"
 
+#include <QDeadlineTimer>
 #include <QScopeGuard>
 
 #include <atomic>
@@ -117,6 +119,44 @@ TEST_F(ZLDocumentJournalTest, AKillWhileTheDiskHangsLosesNoMark)
     EXPECT_EQ(read.value().contents.chapters.first().toMap().value(ZLChapterKey::Title).toString(), u"One"_s);
     EXPECT_TRUE(read.value().hasChangesSinceFile);
     disk.release();
+}
+
+TEST_F(ZLDocumentJournalTest, ALongChangeHoldsNobodyUpAndIsToldWhenAKillCannotTakeItBack)
+{
+    const auto saver = saverWithJournalThatHangs(std::chrono::minutes(1));
+    QStringList told;
+    const auto tellLater = [&](const char* what) {
+        saver->whenHandedOver([&told, what, this] {
+            told.append(QLatin1StringView(what));
+            EXPECT_EQ(journaledTitles().size(), 502) << what << "can be lost";
+        });
+    };
+    // Were one of both to wait for the disk, the test would stand here for a minute.
+    ZLChapterImport::importChapters(document, QList<ZLListedChapter>(500), ZLChapterImport::Way::Add);
+    tellLater("the import");
+    addChapter("Mark");
+    tellLater("the mark behind it");
+    EXPECT_EQ(journaledTitles().size(), 1);
+    EXPECT_TRUE(told.isEmpty());
+    disk.release();
+    QDeadlineTimer patience(std::chrono::minutes(1));
+    while (told.size() < 2 && !patience.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(told, (QStringList { u"the import"_s, u"the mark behind it"_s }));
+    addChapter("Later");
+    saver->whenHandedOver([&told] { told.append(u"at once"_s); });
+    EXPECT_EQ(told.size(), 3);
+}
+
+TEST_F(ZLDocumentJournalTest, ADocumentThatClosesTellsWhatWaitsBehindALongChange)
+{
+    auto saver = saverWithJournalThatHangs(std::chrono::minutes(1));
+    ZLChapterImport::importChapters(document, QList<ZLListedChapter>(500), ZLChapterImport::Way::Add);
+    int told = 0;
+    saver->whenHandedOver([&told] { ++told; });
+    disk.release();
+    saver.reset();
+    EXPECT_EQ(told, 1);
 }
 
 TEST_F(ZLDocumentJournalTest, ASyncThatHangsDelaysNoMarkAtAll)

@@ -2,9 +2,10 @@
 """Makes shows that are spoken, heard, cut and delivered, and says where each moment of them went.
 
 A show has several voices, also at once, music beds, and jingles, with speech over them or by themselves. It is heard
-through a room: echo, noise, a dull microphone, a clock of another speed, which may change. Hearing begins before the show and ends after it. The show is cut, shortened and
-lengthened by speech and music; what it begins with may come from its middle. It is compressed, equalised, brought to a
-loudness and delivered in a lossy form. All of it comes from a seed, so that the same show can be made again.
+through a room: echo, noise, a dull microphone, a clock of another speed, which may change. Hearing begins before the show
+and ends after it. The show is cut, shortened and lengthened by speech and music; what it begins with may come from its
+middle. It is compressed, equalised, brought to a loudness and delivered in a lossy form. All of it comes from a seed, so
+that the same show can be made again.
 
     show_simulator.py FOLDER --seed 1 --minutes 10 --noise 10 --cuts 12 --shorten-pauses --form mp3
 
@@ -16,11 +17,13 @@ was kept, what was moved, and where a jingle is, as [moment by the clock of hear
 import argparse
 import array
 import bisect
+import functools
 import json
 import math
 import random
 import subprocess
 import sys
+import tempfile
 from dataclasses import dataclass, field
 from pathlib import Path
 
@@ -79,42 +82,50 @@ class Speaker:
         return read_samples(path, *edge, *edge)
 
 
-def plucked(chance, folder, count):
-    """So many notes, one after the other."""
+@functools.lru_cache(maxsize=None)
+def plucked_strings(notes, length, gain):
+    """Several at once; each note is its distance from a low A, in semitones."""
+    words = [word for note in notes for word in ("pluck", f"{110.0 * 2.0 ** (note / 12.0):.2f}")]
+    mixed = ["remix", "-"] if len(notes) > 1 else []
     samples = array.array("h")
-    path = folder / "notes.wav"
-    for _ in range(count):
-        note = 110.0 * 2.0 ** (chance.randint(0, 36) / 12.0)
-        run("sox", "-R", "-n", "-r", RATE, "-b", 16, path, "synth", 0.4, "pluck", f"{note:.2f}", "gain", "-6")
-        samples.extend(read_samples(path))
+    samples.frombytes(run("sox", "-R", "-n", "-r", RATE, "-c", len(notes), "-b", 16, "-e", "signed", "-t", "raw", "-",
+                          "synth", length, *words, *mixed, "gain", gain))
     return samples
 
 
-def jingle(seed, folder, length):
-    """Music of a band that is the same whenever it is made from this seed: a bass, chords, a melody and a beat."""
+def plucked(chance, count):
+    """So many notes, one after the other."""
+    samples = array.array("h")
+    for _ in range(count):
+        samples.extend(plucked_strings((chance.randint(0, 36),), 0.4, "-6"))
+    return samples
+
+
+@functools.lru_cache(maxsize=None)
+def band(seed, length):
+    """Music that is the same whenever it is made from this seed: a bass, chords, a melody and a beat."""
     chance = random.Random(seed)
     beat = chance.uniform(0.28, 0.42)
-    layers = [folder / f"layer{number}.wav" for number in range(4)]
-    pluck = ["sox", "-R", "-n", "-r", RATE, "-b", 16]
-    path = folder / "note.wav"
+    scale = (0, 2, 4, 5, 7, 9, 11)
 
-    def play(layer, step, notes_of):
+    def play(step, notes_of):
         samples = array.array("h")
         while seconds(len(samples)) < length:
-            words = [word for note in notes_of() for word in ("pluck", f"{110.0 * 2.0 ** (note / 12.0):.2f}")]
-            run(*pluck, "-c", len(words) // 2, path, "synth", step, *words, "remix", "-", "gain", "-3")
-            samples.extend(read_samples(path))
-        write_samples(samples, layer)
-    scale = (0, 2, 4, 5, 7, 9, 11)
-    play(layers[0], beat * 2, lambda: [chance.choice(scale) - 12])
-    play(layers[1], beat * 4, lambda: [12 + chance.choice(scale) for _ in range(3)])
-    play(layers[2], beat, lambda: [24 + chance.choice(scale) + 12 * chance.randint(0, 1)])
-    run("sox", "-R", "-n", "-r", RATE, "-b", 16, layers[3], "synth", beat, "whitenoise", "fade", "l", 0, 0.08, 0.07,
-        "pad", 0, beat - 0.08, "repeat", int(length / beat) + 1, "trim", 0, length)
-    mix = [word for layer, level in zip(layers, (0.5, 0.5, 0.5, 0.15)) for word in ("-v", level, layer)]
-    band = folder / "band.wav"
-    run("sox", "-m", *mix, band, "trim", 0, length, "gain", "-n", "-9", "fade", "l", 0, length, 1.0)
-    return read_samples(band)
+            samples.extend(plucked_strings(tuple(notes_of()), step, "-3"))
+        return samples
+    layers = [play(beat * 2, lambda: [chance.choice(scale) - 12]),
+              play(beat * 4, lambda: [12 + chance.choice(scale) for _ in range(3)]),
+              play(beat, lambda: [24 + chance.choice(scale) + 12 * chance.randint(0, 1)])]
+    with tempfile.TemporaryDirectory() as name:
+        paths = [Path(name) / f"layer{number}.wav" for number in range(4)]
+        for layer, path in zip(layers, paths):
+            write_samples(layer, path)
+        run("sox", "-R", "-n", "-r", RATE, "-b", 16, paths[3], "synth", beat, "whitenoise", "fade", "l", 0, 0.08, 0.07,
+            "pad", 0, beat - 0.08, "repeat", int(length / beat) + 1, "trim", 0, length)
+        mix = [word for path, level in zip(paths, (0.5, 0.5, 0.5, 0.15)) for word in ("-v", level, path)]
+        mixed = Path(name) / "band.wav"
+        run("sox", "-m", *mix, mixed, "trim", 0, length, "gain", "-n", "-9", "fade", "l", 0, length, 1.0)
+        return read_samples(mixed)
 
 
 class Show:
@@ -179,13 +190,13 @@ class Show:
         track = Track()
         while seconds(len(track.samples)) < length:
             track.silence(self.chance.uniform(20.0, 90.0))
-            self.add_beside_jingles(track, plucked(self.chance, self.folder, self.chance.randint(8, 30)))
+            self.add_beside_jingles(track, plucked(self.chance, self.chance.randint(8, 30)))
         return track
 
     def jingles_alone(self, options, length):
         """The same music at the beginning and between the parts of the show. A voice comes in over its last seconds."""
         track = Track()
-        sound = jingle(options.jingle, self.folder, options.jingle_alone)
+        sound = band(options.jingle, options.jingle_alone)
         for share in (0.0, 0.35, 0.7):
             begin = length * share + self.chance.uniform(2.0, 20.0)
             track.silence(begin - seconds(len(track.samples)))
@@ -197,7 +208,7 @@ class Show:
     def jingle_under_speech(self, seed, length):
         """The same twenty seconds in every show with this seed: early in it, and late."""
         track = Track()
-        sound = plucked(random.Random(seed), self.folder, 50)
+        sound = plucked(random.Random(seed), 50)
         for share in (0.1, 0.7):
             track.silence(length * share - seconds(len(track.samples)))
             track.add(sound)
@@ -274,7 +285,7 @@ def choose_cuts(chance, show, options, speaker):
             cuts.append(Cut(begin, begin + size))
     for number, cut in enumerate(chance.sample(cuts, min(options.insertions, len(cuts)))):
         if number % 3 == 2:
-            cut.insertion.extend(plucked(chance, show.folder, chance.randint(10, 30)))
+            cut.insertion.extend(plucked(chance, chance.randint(10, 30)))
         else:
             for _ in range(chance.randint(2, 8)):
                 cut.insertion.extend(speaker.say("en-gb"))

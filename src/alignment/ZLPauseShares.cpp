@@ -33,6 +33,9 @@ constexpr std::int64_t mostOfUnknownPause = 75;
 constexpr double blurOfEnd = 0.05;
 /// In seconds. Where the file has more between two pieces, something came in.
 constexpr double leastThatCameIn = 0.3;
+/// What came in may begin and end with pauses too, or with music that is taken for one. So all that a piece takes
+/// beside it is in doubt.
+constexpr double doubtOfShare = 2.0;
 /// In seconds. A window and what it is compared with are as long: an end is never surer.
 constexpr double leastDoubt = ZLSoundPiece().endDoubt;
 
@@ -213,14 +216,16 @@ void ZLPauseShares::settle(std::vector<ZLSoundPiece>& pieces, Frames show, Frame
             evidence.isKnown() ? Sharing(gap, evidence, show, file).shares() : halvesOf(gap);
         const double fits = shareThatFits(former, next, ofFormer.seconds + ofNext.seconds, show, file);
         const double shared = fits * (ofFormer.seconds + ofNext.seconds);
-        const double blur = double(gap.inFile()) * secondsPerFrame - shared >= leastThatCameIn ? blurOfEnd : 0.0;
+        const bool cameIn = double(gap.inFile()) * secondsPerFrame - shared >= leastThatCameIn;
+        const double blur = cameIn ? blurOfEnd : 0.0;
+        const double doubt = cameIn ? fits * doubtOfShare : 0.0;
         if (former) {
             grow(pieces[index - 1], 0.0, fits * ofFormer.seconds - blur);
-            pieces[index - 1].endDoubt = ofFormer.doubt;
+            pieces[index - 1].endDoubt = std::max(ofFormer.doubt, doubt * ofFormer.seconds);
         }
         if (next) {
             grow(pieces[index], fits * ofNext.seconds - blur, 0.0);
-            pieces[index].beginDoubt = ofNext.doubt;
+            pieces[index].beginDoubt = std::max(ofNext.doubt, doubt * ofNext.seconds);
         }
     }
 }

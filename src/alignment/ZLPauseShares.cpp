@@ -64,6 +64,13 @@ struct Gap {
     [[nodiscard]] std::int64_t least() const { return std::max<std::int64_t>(std::min(inShow(), inFile()), 0); }
 };
 
+Gap gapBetween(const ZLSoundPiece* former, const ZLSoundPiece* next, Frames show, Frames file)
+{
+    return { former ? frameAt(former->showEnd()) : 0, next ? frameAt(next->showStart) : std::int64_t(show.size()),
+        former ? frameAt(former->fileEnd()) : 0, next ? frameAt(next->fileStart) : std::int64_t(file.size()),
+        former != nullptr, next != nullptr };
+}
+
 /// The mean of a number of frames, and how far it is off.
 class Distribution {
 public:
@@ -209,9 +216,7 @@ void ZLPauseShares::settle(std::vector<ZLSoundPiece>& pieces, Frames show, Frame
     for (size_t index = 0; index <= pieces.size() && !pieces.empty(); ++index) {
         const ZLSoundPiece* former = index == 0 ? nullptr : &recognised[index - 1];
         const ZLSoundPiece* next = index == pieces.size() ? nullptr : &recognised[index];
-        const Gap gap { former ? frameAt(former->showEnd()) : 0,
-            next ? frameAt(next->showStart) : std::int64_t(show.size()), former ? frameAt(former->fileEnd()) : 0,
-            next ? frameAt(next->fileStart) : std::int64_t(file.size()), former != nullptr, next != nullptr };
+        const Gap gap = gapBetween(former, next, show, file);
         const auto [ofFormer, ofNext] =
             evidence.isKnown() ? Sharing(gap, evidence, show, file).shares() : halvesOf(gap);
         const double fits = shareThatFits(former, next, ofFormer.seconds + ofNext.seconds, show, file);

@@ -17,6 +17,8 @@ constexpr double leastShareOfPause = 0.43;
 constexpr std::int64_t leastFramesOfPauses = 60;
 constexpr std::int64_t leastFramesOfSpeech = 300;
 constexpr double mostOfOneFrame = 2.0;
+/// Of the shorter sound. Where two shows have a jingle in common, what cannot be recognised in it is speech.
+constexpr double leastCoverOfExamples = 0.25;
 
 /// What can be told of a frame without another sound: how many bits changed since the frame before, and from each band
 /// to the next one.
@@ -134,10 +136,21 @@ std::vector<double> learned(const Examples& examples, Frames frames, size_t Fram
     return sumsOf(pause, speech, frames);
 }
 
+bool coverEnough(const std::vector<ZLSoundPiece>& pieces, Frames show, Frames file)
+{
+    double covered = 0.0;
+    for (const ZLSoundPiece& piece : pieces)
+        covered += piece.length;
+    return covered
+        >= leastCoverOfExamples * double(std::min(show.size(), file.size())) * ZLSoundFingerprint::SecondsPerFrame;
+}
+
 }
 
 ZLPauseEvidence::ZLPauseEvidence(const std::vector<ZLSoundPiece>& pieces, Frames show, Frames file)
 {
+    if (!coverEnough(pieces, show, file))
+        return;
     const Examples examples = examplesIn(pieces, show, file);
     if (std::int64_t(examples.pauses.size()) < leastFramesOfPauses
         || std::int64_t(examples.speech.size()) < leastFramesOfSpeech)

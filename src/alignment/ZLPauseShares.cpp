@@ -28,6 +28,14 @@ constexpr std::int64_t framesBeside = 5;
 constexpr double bitsCompared = 32.0;
 /// Where the pauses of the speech are not known, a gap in the file as short as this is one. In frames.
 constexpr std::int64_t mostOfUnknownPause = 75;
+/// Of a frame's window half reaches over an end, and so does half of the time to the frame that it is compared with. So
+/// sound is recognised a little into what came in. In seconds.
+constexpr double blurOfEnd = 0.05;
+/// In seconds. Where the file has more between two pieces, something came in.
+constexpr double leastThatCameIn = 0.3;
+/// What came in may begin and end with pauses too, or with music that is taken for one. So all that a piece takes
+/// beside it is in doubt.
+constexpr double doubtOfShare = 2.0;
 /// In seconds. A window and what it is compared with are as long: an end is never surer.
 constexpr double leastDoubt = ZLSoundPiece().endDoubt;
 
@@ -55,6 +63,13 @@ struct Gap {
     [[nodiscard]] std::int64_t inFile() const { return fileEnd - fileBegin; }
     [[nodiscard]] std::int64_t least() const { return std::max<std::int64_t>(std::min(inShow(), inFile()), 0); }
 };
+
+Gap gapBetween(const ZLSoundPiece* former, const ZLSoundPiece* next, Frames show, Frames file)
+{
+    return { former ? frameAt(former->showEnd()) : 0, next ? frameAt(next->showStart) : std::int64_t(show.size()),
+        former ? frameAt(former->fileEnd()) : 0, next ? frameAt(next->fileStart) : std::int64_t(file.size()),
+        former != nullptr, next != nullptr };
+}
 
 /// The mean of a number of frames, and how far it is off.
 class Distribution {
@@ -180,12 +195,13 @@ double shareThatFits(const ZLSoundPiece* former, const ZLSoundPiece* next, doubl
     return seconds > 0.0 ? std::clamp(std::min(inShow, inFile / rate) / seconds, 0.0, 1.0) : 0.0;
 }
 
+/// A piece that shrinks is as sure as it was.
 void grow(ZLSoundPiece& piece, double before, double behind)
 {
     const double length = piece.length + before + behind;
     // What was added says nothing, neither for the piece nor against it.
     const double worthless = ZLPieceEvidence::worthlessShare(piece.shareElsewhere);
-    piece.differingShare += (worthless - piece.differingShare) * (before + behind) / length;
+    piece.differingShare += (worthless - piece.differingShare) * std::max(before + behind, 0.0) / length;
     piece.showStart = std::max(piece.showStart - before, 0.0);
     piece.fileStart = std::max(piece.fileStart - before * piece.rate, 0.0);
     piece.length = length;
@@ -200,19 +216,21 @@ void ZLPauseShares::settle(std::vector<ZLSoundPiece>& pieces, Frames show, Frame
     for (size_t index = 0; index <= pieces.size() && !pieces.empty(); ++index) {
         const ZLSoundPiece* former = index == 0 ? nullptr : &recognised[index - 1];
         const ZLSoundPiece* next = index == pieces.size() ? nullptr : &recognised[index];
-        const Gap gap { former ? frameAt(former->showEnd()) : 0,
-            next ? frameAt(next->showStart) : std::int64_t(show.size()), former ? frameAt(former->fileEnd()) : 0,
-            next ? frameAt(next->fileStart) : std::int64_t(file.size()), former != nullptr, next != nullptr };
+        const Gap gap = gapBetween(former, next, show, file);
         const auto [ofFormer, ofNext] =
             evidence.isKnown() ? Sharing(gap, evidence, show, file).shares() : halvesOf(gap);
         const double fits = shareThatFits(former, next, ofFormer.seconds + ofNext.seconds, show, file);
+        const double shared = fits * (ofFormer.seconds + ofNext.seconds);
+        const bool cameIn = double(gap.inFile()) * secondsPerFrame - shared >= leastThatCameIn;
+        const double blur = cameIn ? blurOfEnd : 0.0;
+        const double doubt = cameIn ? fits * doubtOfShare : 0.0;
         if (former) {
-            grow(pieces[index - 1], 0.0, fits * ofFormer.seconds);
-            pieces[index - 1].endDoubt = ofFormer.doubt;
+            grow(pieces[index - 1], 0.0, fits * ofFormer.seconds - blur);
+            pieces[index - 1].endDoubt = std::max(ofFormer.doubt, doubt * ofFormer.seconds);
         }
         if (next) {
-            grow(pieces[index], fits * ofNext.seconds, 0.0);
-            pieces[index].beginDoubt = ofNext.doubt;
+            grow(pieces[index], fits * ofNext.seconds - blur, 0.0);
+            pieces[index].beginDoubt = std::max(ofNext.doubt, doubt * ofNext.seconds);
         }
     }
 }

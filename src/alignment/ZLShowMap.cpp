@@ -19,6 +19,8 @@ constexpr double agreementOfSureness = 20.0;
 constexpr double doubt = 0.5;
 /// In seconds.
 constexpr double leastInsertion = 0.5;
+/// In seconds. A moment as near to something that came in may lie on its other side, which is far off.
+constexpr double doubtBesideInsertion = 0.3;
 /// In seconds. A seam that is found as near is found.
 constexpr double nearSeam = 0.4;
 
@@ -35,6 +37,12 @@ double confidenceIn(const ZLSoundPiece& piece)
 double surenessBeside(double distance, double endDoubt)
 {
     return 0.5 * std::erfc(-distance / (std::numbers::sqrt2 * endDoubt));
+}
+
+/// How far an end beside so many seconds that came in may be off.
+double doubtBeside(double insertion, double endDoubt)
+{
+    return insertion >= leastInsertion ? std::max(endDoubt, doubtBesideInsertion) : endDoubt;
 }
 
 /// How likely it is that an end lies within `distance` on both sides.
@@ -65,11 +73,23 @@ ZLMappedMoment ZLShowMap::place(double showTime, double spanEnd) const
     const ZLSoundPiece* next = after == pieces.end() ? nullptr : &*after;
     if (former && showTime < former->showEnd())
         return { ZLMomentState::Kept, former->fileTimeOf(showTime),
-            confidenceIn(*former) * surenessBeside(showTime - former->showStart, former->beginDoubt)
-                * surenessBeside(former->showEnd() - showTime, former->endDoubt) };
+            confidenceIn(*former) * surenessOf(*former, showTime) };
     if (!next && showTime > m_alignment.showLength)
         return {};
     return placeBetween(former, next, showTime, spanEnd);
+}
+
+/// How likely it is that the moment is one of the piece that has it.
+double ZLShowMap::surenessOf(const ZLSoundPiece& piece, double showTime) const
+{
+    const auto& pieces = m_alignment.pieces;
+    const auto index = &piece - pieces.data();
+    const double before = piece.fileStart - (index == 0 ? 0.0 : pieces[size_t(index - 1)].fileEnd());
+    const double behind =
+        (size_t(index + 1) == pieces.size() ? m_alignment.fileLength : pieces[size_t(index + 1)].fileStart)
+        - piece.fileEnd();
+    return surenessBeside(showTime - piece.showStart, doubtBeside(before, piece.beginDoubt))
+        * surenessBeside(piece.showEnd() - showTime, doubtBeside(behind, piece.endDoubt));
 }
 
 ZLMappedMoment ZLShowMap::placeBetween(
@@ -80,12 +100,13 @@ ZLMappedMoment ZLShowMap::placeBetween(
         return { ZLMomentState::Kept, former->fileTimeOf(showTime), confidence * doubt };
     const double fileBegin = former ? former->fileEnd() : 0.0;
     const double fileEnd = next ? next->fileStart : m_alignment.fileLength;
-    if (fileEnd - fileBegin >= leastInsertion)
+    const double insertion = fileEnd - fileBegin;
+    if (insertion >= leastInsertion)
         confidence *= doubt;
     if (former)
-        confidence *= surenessBeside(showTime - former->showEnd(), former->endDoubt);
+        confidence *= surenessBeside(showTime - former->showEnd(), doubtBeside(insertion, former->endDoubt));
     if (next)
-        confidence *= surenessBeside(next->showStart - showTime, next->beginDoubt);
+        confidence *= surenessBeside(next->showStart - showTime, doubtBeside(insertion, next->beginDoubt));
     const ZLMomentState state = isPartOfSpanKept(showTime, spanEnd) ? ZLMomentState::Seam : ZLMomentState::Cut;
     return { state, next ? fileEnd : fileBegin,
         confidence * surenessWithin(nearSeam, next ? next->beginDoubt : former->endDoubt) };

@@ -32,6 +32,7 @@ public:
 private:
     [[nodiscard]] ZLMappedMoment placeBetween(
         const ZLSoundPiece* former, const ZLSoundPiece* next, double showTime, double spanEnd) const;
+    [[nodiscard]] double surenessOf(const ZLSoundPiece& piece, double showTime) const;
     [[nodiscard]] bool isPartOfSpanKept(double showTime, double spanEnd) const;
 
     ZLSoundAlignment m_alignment;

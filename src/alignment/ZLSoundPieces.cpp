@@ -22,10 +22,14 @@ constexpr std::int64_t mostStep = 2;
 /// Between two runs of a piece.
 constexpr std::int64_t mostSkipped = 3;
 constexpr double leastAgreementOfPiece = 5.0;
+/// Less of it as evidence is chance ...
+constexpr double leastEvidenceOfPiece = 2.0;
+/// ... but where a piece agrees as much, which chance never reaches: it is like other places as well.
+constexpr double agreementOfRepetition = 20.0;
 /// Half a minute, in the show and in the file.
 constexpr std::int64_t mostBetweenNeighbours = 1500;
-/// Together. Unrelated shows reach half of it.
-constexpr double leastAgreementOfNeighbours = 20.0;
+/// Together. Unrelated shows reach a quarter of it.
+constexpr double leastEvidenceOfNeighbours = 12.0;
 
 /// What is surely in both, from seeds at one distance that lie close together.
 ZLFrameRun coreOf(const ZLAlignmentSeed& first, const ZLAlignmentSeed& last)
@@ -143,6 +147,14 @@ double evidenceOf(const ZLDriftingRuns& piece, Frames show, Frames file)
     return ZLPieceEvidence::agreement(double(frames), share, ZLPieceEvidence::shareElsewhere(piece, show, file));
 }
 
+/// A small piece that shows have in common by chance is found beside pieces that are right, too.
+bool mayBeChance(const ZLDriftingRuns& piece, Frames show, Frames file)
+{
+    const double agreement = agreementOf(piece, show, file);
+    return agreement < leastAgreementOfPiece
+        || (agreement < agreementOfRepetition && evidenceOf(piece, show, file) < leastEvidenceOfPiece);
+}
+
 bool areNeighbours(const ZLDriftingRuns& former, const ZLDriftingRuns& next)
 {
     return next.front().showFrame - former.back().showEnd() < mostBetweenNeighbours
@@ -153,15 +165,14 @@ bool areNeighbours(const ZLDriftingRuns& former, const ZLDriftingRuns& next)
 /// few places are left for it. A bar that repeats says nothing by itself, and has its place in the order among others.
 void keepConvincing(std::vector<ZLDriftingRuns>& pieces, Frames show, Frames file)
 {
-    std::erase_if(
-        pieces, [&](const ZLDriftingRuns& piece) { return agreementOf(piece, show, file) < leastAgreementOfPiece; });
+    std::erase_if(pieces, [&](const ZLDriftingRuns& piece) { return mayBeChance(piece, show, file); });
     std::vector<ZLDriftingRuns> kept;
     for (size_t begin = 0; begin < pieces.size();) {
         size_t end = begin + 1;
-        double agreement = evidenceOf(pieces[begin], show, file);
+        double evidence = evidenceOf(pieces[begin], show, file);
         for (; end < pieces.size() && areNeighbours(pieces[end - 1], pieces[end]); ++end)
-            agreement += evidenceOf(pieces[end], show, file);
-        if (agreement >= leastAgreementOfNeighbours)
+            evidence += evidenceOf(pieces[end], show, file);
+        if (evidence >= leastEvidenceOfNeighbours)
             kept.insert(kept.end(), pieces.begin() + std::ptrdiff_t(begin), pieces.begin() + std::ptrdiff_t(end));
         begin = end;
     }

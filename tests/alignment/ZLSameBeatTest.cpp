@@ -1,27 +1,12 @@
-#include "alignment/ZLFingerprinter.h"
+#include "ZLSoundBuilders.h"
+
 #include "alignment/ZLShowMap.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <numbers>
-#include <random>
+using namespace ZLTestSounds;
 
 namespace {
-
-using Sound = std::vector<float>;
-
-constexpr double samplesInSecond = ZLSoundFingerprint::SamplesPerSecond;
-
-float toneAt(double frequency, std::size_t sample)
-{
-    return float(0.2 * std::sin(2.0 * std::numbers::pi * frequency * double(sample) / samplesInSecond));
-}
-
-Sound silence(double seconds)
-{
-    return Sound(std::size_t(seconds * samplesInSecond));
-}
 
 /// Clicks of a metronome, with noise that is never the same.
 Sound metronome(double seconds, double beatsPerSecond, double frequency, unsigned seed)
@@ -34,42 +19,6 @@ Sound metronome(double seconds, double beatsPerSecond, double frequency, unsigne
         samples[sample] = noise(chance) + toneAt(frequency, sample) * float(std::exp(-100.0 * sinceBeat));
     }
     return samples;
-}
-
-/// Several tones at once that change on a beat.
-Sound chords(double seconds, double beat, unsigned seed)
-{
-    std::mt19937 chance(seed);
-    std::uniform_real_distribution<double> frequencies(300.0, 3400.0);
-    Sound samples;
-    while (double(samples.size()) < seconds * samplesInSecond) {
-        const double notes[] { frequencies(chance), frequencies(chance), frequencies(chance), frequencies(chance) };
-        for (std::size_t sample = 0; sample < std::size_t(beat * samplesInSecond); ++sample)
-            samples.push_back(toneAt(notes[0], sample) + toneAt(notes[1], sample) + toneAt(notes[2], sample)
-                + toneAt(notes[3], sample));
-    }
-    return samples;
-}
-
-Sound repeated(const Sound& bar, int count)
-{
-    Sound samples;
-    for (int index = 0; index < count; ++index)
-        samples.insert(samples.end(), bar.begin(), bar.end());
-    return samples;
-}
-
-Sound joined(Sound samples, const Sound& second, const Sound& third)
-{
-    samples.insert(samples.end(), second.begin(), second.end());
-    samples.insert(samples.end(), third.begin(), third.end());
-    return samples;
-}
-
-ZLSoundAlignment alignedSounds(const Sound& show, const Sound& file)
-{
-    ZLWorkProgress progress;
-    return ZLSoundAlignment::of(ZLFingerprinter::of(show), ZLFingerprinter::of(file), progress);
 }
 
 }

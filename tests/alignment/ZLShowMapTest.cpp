@@ -72,6 +72,16 @@ TEST(ZLShowMapTest, WhatMayBeInAnInsertionIsNotSurelyCut)
     EXPECT_LT(ZLShowMap(alignment).place(120.0, 180.0).confidence, 0.6 * sure);
 }
 
+TEST(ZLShowMapTest, WhatLiesCloseToAnInsertionIsNotSure)
+{
+    // The advertisement came in at 200 s of the show.
+    EXPECT_LT(map().place(199.9, 250.0).confidence, 0.7);
+    EXPECT_LT(map().place(200.1, 250.0).confidence, 0.7);
+    EXPECT_GT(map().place(199.0, 250.0).confidence, 0.95);
+    // Beside a mere cut a mark that is on the wrong side is not far off.
+    EXPECT_GT(map().place(99.9, 250.0).confidence, 0.7);
+}
+
 TEST(ZLShowMapTest, WhatIsElsewhereAsWellIsLessSure)
 {
     ZLSoundAlignment alignment;

@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Makes shows that are spoken, heard, cut and delivered, and says where each moment of them went.
 
-A show has several voices, also at once, and music beds. It is heard through a room: echo, noise, a dull microphone, a
-clock of another speed, which may change. Hearing begins before the show and ends after it. The show is cut, shortened and
-lengthened by speech and music; what it begins with may come from its middle. It is compressed, equalised, brought to a
-loudness and delivered in a lossy form. All of it comes from a seed, so that the same show can be made again.
+A show has several voices, also at once, music beds, and jingles, with speech over them or by themselves. It is heard
+through a room: echo, noise, a dull microphone, a clock of another speed, which may change. Hearing begins before the show
+and ends after it. The show is cut, shortened and lengthened by speech and music; what it begins with may come from its
+middle. It is compressed, equalised, brought to a loudness and delivered in a lossy form. All of it comes from a seed, so
+that the same show can be made again.
 
     show_simulator.py FOLDER --seed 1 --minutes 10 --noise 10 --cuts 12 --shorten-pauses --form mp3
 
@@ -16,11 +17,13 @@ was kept, what was moved, and where a jingle is, as [moment by the clock of hear
 import argparse
 import array
 import bisect
+import functools
 import json
 import math
 import random
 import subprocess
 import sys
+import tempfile
 from dataclasses import dataclass, field
 from pathlib import Path
 
@@ -79,15 +82,50 @@ class Speaker:
         return read_samples(path, *edge, *edge)
 
 
-def plucked(chance, folder, count):
+@functools.lru_cache(maxsize=None)
+def plucked_strings(notes, length, gain):
+    """Several at once; each note is its distance from a low A, in semitones."""
+    words = [word for note in notes for word in ("pluck", f"{110.0 * 2.0 ** (note / 12.0):.2f}")]
+    mixed = ["remix", "-"] if len(notes) > 1 else []
+    samples = array.array("h")
+    samples.frombytes(run("sox", "-R", "-n", "-r", RATE, "-c", len(notes), "-b", 16, "-e", "signed", "-t", "raw", "-",
+                          "synth", length, *words, *mixed, "gain", gain))
+    return samples
+
+
+def plucked(chance, count):
     """So many notes, one after the other."""
     samples = array.array("h")
-    path = folder / "notes.wav"
     for _ in range(count):
-        note = 110.0 * 2.0 ** (chance.randint(0, 36) / 12.0)
-        run("sox", "-R", "-n", "-r", RATE, "-b", 16, path, "synth", 0.4, "pluck", f"{note:.2f}", "gain", "-6")
-        samples.extend(read_samples(path))
+        samples.extend(plucked_strings((chance.randint(0, 36),), 0.4, "-6"))
     return samples
+
+
+@functools.lru_cache(maxsize=None)
+def band(seed, length):
+    """Music that is the same whenever it is made from this seed: a bass, chords, a melody and a beat."""
+    chance = random.Random(seed)
+    beat = chance.uniform(0.28, 0.42)
+    scale = (0, 2, 4, 5, 7, 9, 11)
+
+    def play(step, notes_of):
+        samples = array.array("h")
+        while seconds(len(samples)) < length:
+            samples.extend(plucked_strings(tuple(notes_of()), step, "-3"))
+        return samples
+    layers = [play(beat * 2, lambda: [chance.choice(scale) - 12]),
+              play(beat * 4, lambda: [12 + chance.choice(scale) for _ in range(3)]),
+              play(beat, lambda: [24 + chance.choice(scale) + 12 * chance.randint(0, 1)])]
+    with tempfile.TemporaryDirectory() as name:
+        paths = [Path(name) / f"layer{number}.wav" for number in range(4)]
+        for layer, path in zip(layers, paths):
+            write_samples(layer, path)
+        run("sox", "-R", "-n", "-r", RATE, "-b", 16, paths[3], "synth", beat, "whitenoise", "fade", "l", 0, 0.08, 0.07,
+            "pad", 0, beat - 0.08, "repeat", int(length / beat) + 1, "trim", 0, length)
+        mix = [word for path, level in zip(paths, (0.5, 0.5, 0.5, 0.15)) for word in ("-v", level, path)]
+        mixed = Path(name) / "band.wav"
+        run("sox", "-m", *mix, mixed, "trim", 0, length, "gain", "-n", "-9", "fade", "l", 0, length, 1.0)
+        return read_samples(mixed)
 
 
 class Show:
@@ -98,6 +136,9 @@ class Show:
         self.folder = folder
         self.jingles = []  # (begin, end), in samples
         length = options.minutes * 60.0
+        # Where nothing else is to be heard than a jingle, in seconds.
+        self.alone = []
+        jingles = self.jingles_alone(options, length) if options.jingle_alone else None
         speaker = Speaker(chance, folder)
         self.voices = [self.voice_track(speaker, voices[:2], length, (0.2, 1.4)),
                        self.voice_track(speaker, voices[2:], length, (0.3, 3.0) if options.at_once else (6.0, 25.0))]
@@ -109,8 +150,8 @@ class Show:
             levels.append(0.25)
             sides.append(0.0)
         if options.jingle:
-            tracks.append(self.jingle(options.jingle, length))
-            levels.append(0.8)
+            tracks.append(jingles or self.jingle_under_speech(options.jingle, length))
+            levels.append(1.0 if jingles else 0.8)
             sides.append(0.0)
         paths = [folder / f"track{number}.wav" for number in range(len(tracks))]
         for track, path in zip(tracks, paths):
@@ -130,26 +171,44 @@ class Show:
         run("sox", "-m", *mix, target, "trim", 0, length)
         return read_samples(target)
 
-    @staticmethod
-    def voice_track(speaker, voices, length, pauses):
+    def voice_track(self, speaker, voices, length, pauses):
         track = Track()
         while seconds(len(track.samples)) < length:
             track.silence(speaker.chance.uniform(*pauses))
-            track.add(speaker.say(speaker.chance.choice(voices)))
+            self.add_beside_jingles(track, speaker.say(speaker.chance.choice(voices)))
         return track
+
+    def add_beside_jingles(self, track, samples):
+        """Behind a jingle that would be spoken or played into."""
+        for begin, end in self.alone:
+            if begin < seconds(len(track.samples) + len(samples)) and seconds(len(track.samples)) < end:
+                track.silence(end - seconds(len(track.samples)))
+        track.add(samples)
 
     def music(self, length):
         """A bed now and then: plucked strings whose notes come from the seed."""
         track = Track()
         while seconds(len(track.samples)) < length:
             track.silence(self.chance.uniform(20.0, 90.0))
-            track.add(plucked(self.chance, self.folder, self.chance.randint(8, 30)))
+            self.add_beside_jingles(track, plucked(self.chance, self.chance.randint(8, 30)))
         return track
 
-    def jingle(self, seed, length):
+    def jingles_alone(self, options, length):
+        """The same music at the beginning and between the parts of the show. A voice comes in over its last seconds."""
+        track = Track()
+        sound = band(options.jingle, options.jingle_alone)
+        for share in (0.0, 0.35, 0.7):
+            begin = length * share + self.chance.uniform(2.0, 20.0)
+            track.silence(begin - seconds(len(track.samples)))
+            self.alone.append((begin, begin + options.jingle_alone - self.chance.uniform(1.0, 3.0)))
+            track.add(sound)
+        self.jingles = track.spoken
+        return track
+
+    def jingle_under_speech(self, seed, length):
         """The same twenty seconds in every show with this seed: early in it, and late."""
         track = Track()
-        sound = plucked(random.Random(seed), self.folder, 50)
+        sound = plucked(random.Random(seed), 50)
         for share in (0.1, 0.7):
             track.silence(length * share - seconds(len(track.samples)))
             track.add(sound)
@@ -226,7 +285,7 @@ def choose_cuts(chance, show, options, speaker):
             cuts.append(Cut(begin, begin + size))
     for number, cut in enumerate(chance.sample(cuts, min(options.insertions, len(cuts)))):
         if number % 3 == 2:
-            cut.insertion.extend(plucked(chance, show.folder, chance.randint(10, 30)))
+            cut.insertion.extend(plucked(chance, chance.randint(10, 30)))
         else:
             for _ in range(chance.randint(2, 8)):
                 cut.insertion.extend(speaker.say("en-gb"))
@@ -338,6 +397,9 @@ def arguments(words):
     parser.add_argument("--at-once", action="store_true", help="two voices speak most of the time")
     parser.add_argument("--people", type=int, default=0, help="a seed: shows that share it have the same voices")
     parser.add_argument("--jingle", type=int, default=0, help="a seed: shows that share it have the same jingle, twice")
+    parser.add_argument("--jingle-alone", type=float, default=0.0,
+                        help="the jingle is the music of a band that lasts so many seconds and has no speech over it but "
+                             "at its end; it comes three times")
     parser.add_argument("--cuts", type=int, default=8)
     parser.add_argument("--longest-cut", type=float, default=0.0, help="in seconds; 0: a twentieth of the show")
     parser.add_argument("--insertions", type=int, default=1)

@@ -1152,8 +1152,8 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 <context>
     <name>ZLDocumentFile</name>
     <message>
-        <source>This is not a chapter document.</source>
-        <translation>Das ist kein Kapiteldokument.</translation>
+        <source>This is not a Zelta document.</source>
+        <translation>Das ist kein Zelta-Dokument.</translation>
     </message>
 </context>
 <context>
@@ -4561,6 +4561,10 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>Dismiss</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Looking for Earlier States…</source>
+        <translation>Suche frühere Stände …</translation>
     </message>
 </context>
 <context>

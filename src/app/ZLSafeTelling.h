@@ -6,7 +6,7 @@ class QObject;
 class ZLChapterDocument;
 class ZLDocumentController;
 
-/// What is told outside the program of a document: not before a kill could take it back no more.
+/// What is told outside the program of a document, which waits until a kill cannot take it back any more.
 namespace ZLSafeTelling {
 
 /// Makes the call at once, or when the journal has a long list that `document` was given; not when `context` has gone

@@ -11,7 +11,7 @@
 #include <memory>
 
 /// Waits until a journal's file has a record that takes its time, and all behind it, without holding the caller up.
-/// Whatever must not be told before a kill could take it back no more is told then.
+/// What may be told only when a kill cannot take it back any more is told then.
 class ZLLongHandOver : public QObject {
     Q_OBJECT
 

@@ -5,7 +5,6 @@
 #include "document/ui/ZLChapterDocumentWindow.h"
 #include "document/ui/menus/ZLRecordingMenu.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QMessageBox>
 #include <QScopedValueRollback>
@@ -41,10 +40,13 @@ ZLKeyEquivalents::ZLKeyEquivalents(ZLDocumentController& controller, ZLCommandKe
 
 void ZLKeyEquivalents::addWindow(ZLChapterDocumentWindow& window)
 {
-    m_windows.append(&window);
-    const auto commands = commandsOf(window);
-    for (QAction* command : commands)
+    Commands commands { .document = &window.document() };
+    for (const ZLRemoteAction& action : ZLRemoteActions::all()) {
+        QAction* command = window.recordingMenu().actionWithTag(action.menuTag());
         command->installEventFilter(this);
+        commands.items.append(command);
+    }
+    m_commands.append(commands);
     update();
 }
 
@@ -74,25 +76,22 @@ void ZLKeyEquivalents::followFocus(const QWidget* focused)
 
 void ZLKeyEquivalents::leaveOtherWindow()
 {
-    if (!m_otherWindow)
-        return;
-    m_windows.removeAll(nullptr);
-    for (const auto& window : std::as_const(m_windows)) {
-        const auto commands = commandsOf(*window);
-        for (QAction* command : commands)
-            m_otherWindow->removeAction(command);
+    for (const Commands& commands : std::as_const(m_commands)) {
+        for (QAction* command : commands.items) {
+            if (command && m_otherWindow)
+                m_otherWindow->removeAction(command);
+        }
     }
 }
 
 void ZLKeyEquivalents::update()
 {
-    m_windows.removeAll(nullptr);
+    m_commands.removeIf([](const Commands& commands) { return commands.items.contains(nullptr); });
     const ZLChapterDocument* target = m_controller.currentOrLastDocument();
-    for (const auto& window : std::as_const(m_windows)) {
+    for (const Commands& commands : std::as_const(m_commands)) {
         // With the keys of more than one window in force they would be ambiguous.
-        const bool isTarget = &window->document() == target;
-        const auto commands = commandsOf(*window);
-        for (QAction* command : commands) {
+        const bool isTarget = commands.document == target;
+        for (QAction* command : commands.items) {
             command->setShortcutContext(isTarget ? Qt::ApplicationShortcut : Qt::WindowShortcut);
             // A dialog shuts its document's window off, and then the keys with it unless they are its own as well.
             if (m_otherWindow && isTarget)
@@ -101,12 +100,4 @@ void ZLKeyEquivalents::update()
                 m_otherWindow->removeAction(command);
         }
     }
-}
-
-QList<QAction*> ZLKeyEquivalents::commandsOf(const ZLChapterDocumentWindow& window)
-{
-    QList<QAction*> commands;
-    for (const ZLRemoteAction& action : ZLRemoteActions::all())
-        commands.append(window.recordingMenu().actionWithTag(action.menuTag()));
-    return commands;
 }

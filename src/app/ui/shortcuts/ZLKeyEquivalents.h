@@ -2,12 +2,13 @@
 
 #include "app/ZLCommandKeys.h"
 
+#include <QAction>
 #include <QList>
 #include <QObject>
 #include <QPointer>
 
-class QAction;
 class QWidget;
+class ZLChapterDocument;
 class ZLChapterDocumentWindow;
 class ZLDocumentController;
 
@@ -26,16 +27,22 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    struct Commands {
+        /// Only to be compared.
+        const ZLChapterDocument* document = nullptr;
+        QList<QPointer<QAction>> items {};
+    };
+
     /// The keyboard is in `focused` now, which may be null.
     void followFocus(const QWidget* focused);
     void leaveOtherWindow();
     /// The keys may have another document to act on.
     void update();
-    [[nodiscard]] static QList<QAction*> commandsOf(const ZLChapterDocumentWindow& window);
 
     ZLDocumentController& m_controller;
     ZLCommandKeys& m_keys;
-    QList<QPointer<ZLChapterDocumentWindow>> m_windows;
+    /// One for each window. They are held one by one, since the keyboard also moves while a window goes.
+    QList<Commands> m_commands;
     /// The window with the keyboard, when it is neither a document's nor an alert.
     QPointer<QWidget> m_otherWindow;
 };

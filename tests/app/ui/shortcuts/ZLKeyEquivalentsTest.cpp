@@ -115,6 +115,21 @@ TEST_F(ZLKeyEquivalentsTest, InADialogOfADocumentThatShutsItsWindowOff)
     EXPECT_FALSE(m_first->isRecording() || m_second->isRecording());
 }
 
+TEST_F(ZLKeyEquivalentsTest, ADialogMayGoWithItsWindow)
+{
+    makeCurrent(m_first);
+    auto* dialog = new QDialog(&windowOf(m_first));
+    auto* field = new QLineEdit(dialog);
+    dialog->open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+    field->setFocus();
+    ASSERT_TRUE(m_controller.closeDocument(m_first, ZLClosing::Discard));
+    flush();
+    bringOtherWindowToFront();
+    pressStart();
+    EXPECT_TRUE(m_second->isRecording());
+}
+
 TEST_F(ZLKeyEquivalentsTest, NotWhileAnAlertStands)
 {
     for (ZLChapterDocument* alerted : { m_first, m_second }) {

@@ -82,8 +82,8 @@ TEST_F(ZLTemplatesTableModelTest, EveryCellCanBeEditedSelectedAndDraggedButNoneT
 TEST_F(ZLTemplatesTableModelTest, EditingStoresTheTextAndAnnouncesIt)
 {
     addTemplates({ u"a"_s, u"b"_s });
-    QSignalSpy edited(&model, &ZLTemplatesTableModel::didEditCell);
-    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    const QSignalSpy edited(&model, &ZLTemplatesTableModel::didEditCell);
+    const QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
     EXPECT_TRUE(model.setData(model.index(1, 0), u"News"_s));
     EXPECT_TRUE(model.setData(model.index(1, 1), u"not a link"_s));
     EXPECT_EQ(controller.chapterManager().chapterAtIndex(1)->title(), u"News"_s);
@@ -96,7 +96,7 @@ TEST_F(ZLTemplatesTableModelTest, EditingStoresTheTextAndAnnouncesIt)
 TEST_F(ZLTemplatesTableModelTest, AnEditThatChangesNothingIsAnnouncedToNobody)
 {
     addTemplates({ u"a"_s });
-    QSignalSpy edited(&model, &ZLTemplatesTableModel::didEditCell);
+    const QSignalSpy edited(&model, &ZLTemplatesTableModel::didEditCell);
     EXPECT_TRUE(model.setData(model.index(0, 0), u"a"_s));
     EXPECT_FALSE(model.setData(model.index(0, 0), u"b"_s, Qt::DisplayRole));
     EXPECT_FALSE(model.setData({}, u"b"_s));
@@ -118,7 +118,7 @@ TEST_F(ZLTemplatesTableModelTest, AnEmptiedTextIsStoredAsEmptyAndNotAsAbsent)
 TEST_F(ZLTemplatesTableModelTest, ADragCarriesThePrivateTypeOnlyAndGoesToAGap)
 {
     addTemplates({ u"a"_s, u"b"_s, u"c"_s, u"d"_s });
-    QSignalSpy dropped(&model, &ZLTemplatesTableModel::didDropRow);
+    const QSignalSpy dropped(&model, &ZLTemplatesTableModel::didDropRow);
     const auto data = drag({ 0 });
     ASSERT_TRUE(data);
     EXPECT_EQ(data->formats(), QStringList(templatesDragType));

@@ -18,7 +18,7 @@ TEST_F(ZLTemplatesViewControllerTest, AddingWithTheThirdRowSelectedInsertsTheFou
 {
     addTemplates({ u"a"_s, u"b"_s, u"c"_s, u"d"_s });
     select(2);
-    QSignalSpy editing(&controller, &ZLTemplatesViewController::wantsEditing);
+    const QSignalSpy editing(&controller, &ZLTemplatesViewController::wantsEditing);
     controller.addChapterButtonPressed();
     EXPECT_EQ(titles(), (QStringList { u"a"_s, u"b"_s, u"c"_s, u""_s, u"d"_s }));
     EXPECT_EQ(controller.selectedRow(), 3);
@@ -69,7 +69,7 @@ TEST_F(ZLTemplatesViewControllerTest, RemovingWithNothingSelectedTellsNobody)
 TEST_F(ZLTemplatesViewControllerTest, EditingACellDoesNotCountAsAnUpdate)
 {
     addTemplates({ u"a"_s });
-    QSignalSpy changed(&controller, &ZLTemplatesViewController::templateDidChangeInPlace);
+    const QSignalSpy changed(&controller, &ZLTemplatesViewController::templateDidChangeInPlace);
     model.setData(model.index(0, 0), u"News"_s);
     model.setData(model.index(0, 1), u"example.com"_s);
     EXPECT_EQ(delegate.updateCount, 0);
@@ -181,7 +181,7 @@ TEST_F(ZLTemplatesViewControllerTest, ARowStaysSelectedWhenTheDocumentTakesAndRe
 
 TEST_F(ZLTemplatesViewControllerTest, EveryInsertionAndRemovalIsReportedByTheList)
 {
-    QSignalSpy changed(&controller.chapterManager(), &ZLChapterManager::chaptersDidChange);
+    const QSignalSpy changed(&controller.chapterManager(), &ZLChapterManager::chaptersDidChange);
     controller.addChapterButtonPressed();
     EXPECT_EQ(changed.count(), 1);
     controller.importFromPasteboard({ u"- Intro\n- News"_s });

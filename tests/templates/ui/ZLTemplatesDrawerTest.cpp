@@ -370,7 +370,7 @@ TEST_F(ZLTemplatesDrawerTest, TheTablesKeysGoBeforeTheSameKeysOfTheWindow)
 {
     addTemplates({ u"a"_s, u"b"_s });
     const QShortcut shortcut(QKeySequence(Qt::Key_Delete), &drawer);
-    QSignalSpy activated(&shortcut, &QShortcut::activated);
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
     press(Qt::Key_Delete);
     EXPECT_EQ(titles(), QStringList(u"b"_s));
     EXPECT_EQ(activated.count(), 0);

@@ -3,8 +3,6 @@
 #include "app/ui/ZLDesktopFixture.h"
 #include "document/ui/menus/ZLViewMenu.h"
 
-#include <functional>
-
 using namespace Qt::StringLiterals;
 
 class ZLDocumentWindowsTest : public ZLDesktopFixture {
@@ -18,9 +16,11 @@ protected:
     {
         ZLDocumentController controller(setup);
         ZLDocumentWindows windows(controller);
-        ASSERT_TRUE(controller.openDocument(storedFile(u"show.zelta"_s, u"Titled"_s)));
+        const auto opened = controller.openDocument(storedFile(u"show.zelta"_s, u"Titled"_s));
         addChapter(controller.newDocument(), u"Untitled"_s);
-        EXPECT_EQ(ZLProgramRun::run({ std::bind_front(&ZLDocumentWindows::quit, &windows) }), 0);
+        const int status = ZLProgramRun::run({ [&windows] { windows.quit(); } });
+        EXPECT_TRUE(opened);
+        EXPECT_EQ(status, 0);
     }
 };
 

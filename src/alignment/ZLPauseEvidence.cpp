@@ -18,7 +18,7 @@ constexpr std::int64_t leastFramesOfPauses = 60;
 constexpr std::int64_t leastFramesOfSpeech = 300;
 constexpr double mostOfOneFrame = 2.0;
 /// Of the shorter sound. Where two shows have a jingle in common, what cannot be recognised in it is speech.
-constexpr double leastCoverOfExamples = 0.25;
+constexpr double leastCoverOfExamples = 0.4;
 
 /// What can be told of a frame without another sound: how many bits changed since the frame before, and from each band
 /// to the next one.

@@ -1,4 +1,5 @@
-// How long each thing that a person may do holds the main thread: `zelta_hold_bench CHAPTERS`, in a window.
+// How long each thing that a person may do holds the main thread: `zelta_hold_bench CHAPTERS`, in a window. With `bare`
+// behind it, a window that has nothing of Zelta is opened first.
 //
 // A beat comes every millisecond from the event loop. Printed is the longest time between two beats after each thing,
 // with the saves that it causes: by the clock, and in processor time of the main thread alone, which a busy machine
@@ -15,10 +16,15 @@
 #include <QAction>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QStatusBar>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolBar>
 
 #include <algorithm>
 #include <cstdio>
@@ -100,12 +106,21 @@ public:
 
     void trigger(const QString& name) { window().findChild<QAction*>(name)->trigger(); }
     void openMenu(const QString& name) { Q_EMIT window().findChild<QMenu*>(name)->aboutToShow(); }
-    void saveAs(const QString& name)
+    void chooseInDialog(const QString& name)
     {
-        trigger(u"saveAs"_s);
         auto* dialog = window().findChild<QFileDialog*>(u"savePanel"_s);
-        dialog->selectFile(filePath(name));
+        dialog->findChild<QLineEdit*>()->setText(filePath(name));
         static_cast<QDialog*>(dialog)->accept();
+    }
+    /// The dialog of Qt and nothing else, as a yardstick.
+    void openBareDialog()
+    {
+        auto* dialog = new QFileDialog(&window());
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->setAcceptMode(QFileDialog::AcceptSave);
+        dialog->selectFile(filePath(u"bare.zelta"_s));
+        dialog->open();
+        QTimer::singleShot(shortestTimeForEffects / 2, dialog, &QDialog::reject);
     }
     /// Another program writes the file.
     void changeFile(const QString& name)
@@ -127,21 +142,46 @@ public:
         }
         std::printf("There is no button %s.\n", qPrintable(text));
     }
-    void importChapters(int count)
+    void readListOf(int count)
     {
-        QList<ZLListedChapter> listed;
         for (int number = 0; number < count; ++number)
-            listed.append({ .start = number * 2.5, .title = QStringLiteral("Imported %1").arg(number) });
-        ZLChapterImport::importChapters(document(), listed, ZLChapterImport::Way::Add);
+            m_listed.append({ .start = number * 2.5, .title = QStringLiteral("Imported %1").arg(number) });
     }
+    void importList() { ZLChapterImport::importChapters(document(), m_listed, ZLChapterImport::Way::Add); }
     void close() { window().close(); }
     [[nodiscard]] bool isOpening() const { return m_windows.isOpening(); }
 
 private:
     QString m_folder;
+    QList<ZLListedChapter> m_listed;
     ZLDocumentController m_controller { ZLDocumentControllerSetup { .stateFolder = m_folder + u"/state"_s } };
     ZLDocumentWindows m_windows { m_controller };
 };
+
+/// What Qt alone needs for the first window of a program: fonts, style, menus, buttons and a table.
+void openBareWindow()
+{
+    constexpr int menuCount = 6;
+    constexpr int itemCount = 10;
+    auto* window = new QMainWindow;
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    auto* buttons = window->addToolBar(u"Buttons"_s);
+    for (int number = 0; number < menuCount; ++number) {
+        QMenu* menu = window->menuBar()->addMenu(u"Menu %1"_s.arg(number));
+        for (int item = 0; item < itemCount; ++item)
+            menu->addAction(u"Item %1"_s.arg(item));
+        buttons->addAction(u"Button %1"_s.arg(number));
+    }
+    auto* table = new QTableWidget(itemCount * 2, 4, window);
+    for (int row = 0; row < table->rowCount(); ++row) {
+        for (int column = 0; column < table->columnCount(); ++column)
+            table->setItem(row, column, new QTableWidgetItem(u"Cell %1"_s.arg(row)));
+    }
+    window->setCentralWidget(table);
+    window->statusBar()->showMessage(u"Bare"_s);
+    window->resize(1000, 620);
+    window->show();
+}
 
 /// Something that a person does. Preparations have no name and are not printed.
 struct Step {
@@ -164,7 +204,8 @@ std::vector<Step> recordingSteps(Desk& desk)
         { "its undo", [&] { desk.document().undoManager().undo(); } },
         { "opening the File menu", [&] { desk.openMenu(u"fileMenu"_s); } },
         { "Save while recording", [&] { desk.trigger(u"save"_s); } },
-        { "Save As while recording", [&] { desk.saveAs(u"other.zelta"_s); } },
+        { "the dialog of Save As, the first one", [&] { desk.trigger(u"saveAs"_s); } },
+        { "Save As while recording", [&] { desk.chooseInDialog(u"other.zelta"_s); } },
         { "the pause", [&] { desk.document().recordButtonPressed(); } },
     };
 }
@@ -175,7 +216,10 @@ std::vector<Step> pausedSteps(Desk& desk)
         { "opening the File menu, paused", [&] { desk.openMenu(u"fileMenu"_s); } },
         { "Save", [&] { desk.trigger(u"save"_s); } },
         { nullptr, [&] { desk.document().updateChapterToTitle(desk.middleChapter(), u"T"_s); } },
-        { "Save As", [&] { desk.saveAs(u"third.zelta"_s); } },
+        { "the dialog of Save As, a later one", [&] { desk.trigger(u"saveAs"_s); } },
+        { "Save As", [&] { desk.chooseInDialog(u"third.zelta"_s); } },
+        { "yardstick: a bare file dialog of Qt", [&] { desk.openBareDialog(); } },
+        { "opening the Revert To menu", [&] { desk.openMenu(u"revertMenu"_s); } },
         { nullptr, [&] { desk.document().updateChapterToTitle(desk.middleChapter(), u"U"_s); } },
         { "Revert to Last Saved", [&] { desk.trigger(u"revert"_s); } },
         { "its undo", [&] { desk.document().undoManager().undo(); } },
@@ -187,7 +231,8 @@ std::vector<Step> pausedSteps(Desk& desk)
         { "Keep Both", [&] { desk.pressInBar(u"Keep Both"_s); } },
         { "Move Chapters", [&] { desk.document().moveChaptersByMilliseconds(500.0F); } },
         { "its undo", [&] { desk.document().undoManager().undo(); } },
-        { "an import of 10,000 chapters", [&] { desk.importChapters(10'000); } },
+        { nullptr, [&] { desk.readListOf(10'000); } },
+        { "an import of 10,000 chapters", [&] { desk.importList(); } },
         { "its undo", [&] { desk.document().undoManager().undo(); } },
         { nullptr, [&] { desk.document().recordButtonPressed(); } },
         { "opening another document meanwhile", [&] { desk.open(u"second.zelta"_s); } },
@@ -251,7 +296,11 @@ int main(int argc, char** argv)
     for (const QString& name : { u"show.zelta"_s, u"second.zelta"_s })
         (void)ZLAtomicFile::write(home.filePath(name), BenchDocument::bytes(count));
     Desk desk(home.path());
-    std::vector<Step> steps = recordingSteps(desk);
+    std::vector<Step> steps;
+    if (argc > 2)
+        steps.push_back({ "yardstick: a bare window of Qt, first", openBareWindow });
+    for (Step& step : recordingSteps(desk))
+        steps.push_back(std::move(step));
     for (Step& step : pausedSteps(desk))
         steps.push_back(std::move(step));
     std::printf("%-42s %10s %10s\n", "milliseconds at most", "clock", "processor");

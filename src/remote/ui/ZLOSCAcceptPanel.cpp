@@ -26,7 +26,7 @@ ZLOSCAcceptPanel::ZLOSCAcceptPanel(QWidget* parent)
     new QVBoxLayout(this);
     addChoice(ZLOSCAccept::ThisComputerOnly, u"acceptThisComputer"_s, tr("&This computer only"));
     addChoice(ZLOSCAccept::DirectlyConnectedNetworks, u"acceptConnected"_s, tr("&Directly connected networks"));
-    addChoice(ZLOSCAccept::OnlyTheseAddresses, u"acceptAddresses"_s, tr("&Only these addresses"));
+    addChoice(ZLOSCAccept::OnlyTheseAddresses, u"acceptAddresses"_s, tr("Only these &addresses"));
     buildAddresses();
     connect(m_choices, &QButtonGroup::idClicked, this,
         [](int id) { ZLSettingsManager::setOSCAccept(static_cast<ZLOSCAccept>(id)); });

@@ -3217,10 +3217,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
 <context>
     <name>ZLListeningMenu</name>
     <message>
-        <source>&amp;Listen Along</source>
-        <translation>&amp;Mithören</translation>
-    </message>
-    <message>
         <source>&amp;Listen Along to the Show</source>
         <translation>Sendung &amp;mithören</translation>
     </message>
@@ -3239,6 +3235,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>%1 (missing)</source>
         <translation>%1 (fehlt)</translation>
+    </message>
+    <message>
+        <source>Listen &amp;Along</source>
+        <translation>&amp;Mithören</translation>
     </message>
 </context>
 <context>
@@ -3487,10 +3487,6 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <translation>&amp;Direkt verbundene Netzwerke</translation>
     </message>
     <message>
-        <source>&amp;Only these addresses</source>
-        <translation>Nur diese &amp;Adressen</translation>
-    </message>
-    <message>
         <source>192.168.1.20 or 192.168.1.0/24</source>
         <translation>192.168.1.20 oder 192.168.1.0/24</translation>
     </message>
@@ -3517,6 +3513,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
     <message>
         <source>“%1” is not an address. Enter an address such as 192.168.1.20, or a network such as 192.168.1.0/24.</source>
         <translation>„%1“ ist keine Adresse. Richtig ist eine Adresse wie 192.168.1.20 oder ein Netzwerk wie 192.168.1.0/24.</translation>
+    </message>
+    <message>
+        <source>Only these &amp;addresses</source>
+        <translation>Nur diese &amp;Adressen</translation>
     </message>
 </context>
 <context>
@@ -4042,6 +4042,10 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
     <message>
         <source>While another window of Zelta is in front they go to that. Click to keep them here.</source>
         <translation>Solange ein anderes Fenster von Zelta vorn ist, gehen sie dorthin. Ein Klick behält sie hier.</translation>
+    </message>
+    <message>
+        <source>Commands From &amp;Outside Come Here</source>
+        <translation>Befehle von &amp;außen hierher</translation>
     </message>
 </context>
 <context>

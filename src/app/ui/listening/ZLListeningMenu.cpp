@@ -10,7 +10,7 @@
 using namespace Qt::StringLiterals;
 
 ZLListeningMenu::ZLListeningMenu(ZLListening& listening, QWidget* parent)
-    : QMenu(tr("&Listen Along"), parent)
+    : QMenu(tr("Listen &Along"), parent)
     , m_listening(listening)
     , m_switch(addAction(tr("&Listen Along to the Show")))
     , m_inputs(new QActionGroup(this))

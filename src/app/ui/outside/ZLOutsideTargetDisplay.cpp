@@ -28,7 +28,8 @@ void ZLOutsideTargetDisplay::addWindow(ZLChapterDocumentWindow& window)
 {
     QMenu* menu = window.recordingMenu().menu();
     menu->addSeparator();
-    QAction* item = ZLActionHelp::addAction(*menu, u"outsideCommandsComeHere"_s, itemTitle());
+    QAction* item =
+        ZLActionHelp::addAction(*menu, u"outsideCommandsComeHere"_s, tr("Commands From &Outside Come Here"));
     item->setCheckable(true);
     connect(item, &QAction::triggered, this, [this, &window](bool isWanted) { setPinned(window, isWanted); });
     connect(&window.statusLine(), &ZLStatusLine::partClicked, this, [this, &window](const QString& name) {

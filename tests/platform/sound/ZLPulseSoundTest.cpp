@@ -104,11 +104,11 @@ TEST_F(ZLPulseSoundTest, WhatBeginsAtTheReportedEndIsHeardAfterTheBeep)
     beep->play();
     ASSERT_TRUE(waitForEnd(markerEnds));
     ASSERT_TRUE(right.goesOnFor(0.3));
-    // Two beeps that overlapped would be one longer stretch.
-    const auto stretches = right.stretches();
-    ASSERT_EQ(stretches.size(), 2);
-    expectBeep(stretches.first());
-    expectBeep(stretches.last());
+    // Two beeps that overlapped would sound for less time than both take. They may follow each other without a pause.
+    double heard = 0.0;
+    for (const ZLOutputRecording::Stretch& stretch : right.stretches())
+        heard += double(stretch.length) / ZLOutputRecording::Rate;
+    EXPECT_NEAR(heard, 2.0 * beepSeconds, 2.0 * beepTolerance);
 }
 
 TEST_F(ZLPulseSoundTest, ASecondPlayWhileItPlaysStartsNothing)

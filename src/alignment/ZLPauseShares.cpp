@@ -15,7 +15,7 @@ using ZLFrameAlignment::Frames;
 
 constexpr double secondsPerFrame = ZLSoundFingerprint::SecondsPerFrame;
 /// In frames: of a longer pause a piece takes no more.
-constexpr std::int64_t mostShare = 150;
+constexpr std::int64_t mostFramesTaken = 150;
 /// Logarithms of how rare it is, at a seam, that something came in, and that nothing was cut.
 constexpr double costOfInsertion = 4.0;
 constexpr double costOfCut = 1.0;
@@ -25,7 +25,6 @@ constexpr double costOfDrowned = 0.1;
 constexpr double shareOfDrowned = 0.43;
 /// On each side of a frame in the file that is asked whether it is a pause.
 constexpr std::int64_t framesBeside = 5;
-constexpr double bitsCompared = 32.0;
 /// Where the pauses of the speech are not known, a gap in the file as short as this is one. In frames.
 constexpr std::int64_t mostOfUnknownPause = 75;
 /// Of a frame's window half reaches over an end, and so does half of the time to the frame that it is compared with. So
@@ -38,11 +37,6 @@ constexpr double leastThatCameIn = 0.3;
 constexpr double doubtOfShare = 2.0;
 /// In seconds. A window and what it is compared with are as long: an end is never surer.
 constexpr double leastDoubt = ZLSoundPiece().endDoubt;
-
-std::int64_t frameAt(double seconds)
-{
-    return std::llround(seconds / secondsPerFrame);
-}
 
 /// What a piece takes of the frames beside one of its ends, in seconds.
 struct Share {
@@ -66,9 +60,11 @@ struct Gap {
 
 Gap gapBetween(const ZLSoundPiece* former, const ZLSoundPiece* next, Frames show, Frames file)
 {
-    return { former ? frameAt(former->showEnd()) : 0, next ? frameAt(next->showStart) : std::int64_t(show.size()),
-        former ? frameAt(former->fileEnd()) : 0, next ? frameAt(next->fileStart) : std::int64_t(file.size()),
-        former != nullptr, next != nullptr };
+    return { former ? ZLSoundFingerprint::frameAt(former->showEnd()) : 0,
+        next ? ZLSoundFingerprint::frameAt(next->showStart) : std::int64_t(show.size()),
+        former ? ZLSoundFingerprint::frameAt(former->fileEnd()) : 0,
+        next ? ZLSoundFingerprint::frameAt(next->fileStart) : std::int64_t(file.size()), former != nullptr,
+        next != nullptr };
 }
 
 /// The mean of a number of frames, and how far it is off.
@@ -110,7 +106,7 @@ public:
         , m_show(show)
         , m_file(file)
     {
-        const std::int64_t most = std::min(gap.least(), mostShare);
+        const std::int64_t most = std::min(gap.least(), mostFramesTaken);
         for (std::int64_t frame = 0; gap.hasFormer && frame < most; ++frame)
             add(m_former, gap.showBegin + frame, gap.fileBegin + frame);
         for (std::int64_t frame = 1; gap.hasNext && frame <= most; ++frame)
@@ -144,7 +140,8 @@ private:
     [[nodiscard]] static double drownedAt(std::uint32_t show, std::uint32_t file)
     {
         const double differing = std::popcount(show ^ file);
-        const double likelihood = (bitsCompared - differing) * std::log((1.0 - shareOfDrowned) / 0.5)
+        const double likelihood =
+            (double(ZLSoundFingerprint::BitsPerFrame) - differing) * std::log((1.0 - shareOfDrowned) / 0.5)
             + differing * std::log(shareOfDrowned / 0.5);
         return ZLPauseEvidence::ShareOfFrame * likelihood - costOfDrowned;
     }

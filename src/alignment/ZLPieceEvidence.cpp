@@ -1,5 +1,7 @@
 #include "alignment/ZLPieceEvidence.h"
 
+#include "alignment/ZLSoundFingerprint.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
@@ -18,7 +20,6 @@ constexpr std::int64_t mostSamples = 300;
 constexpr std::int64_t leastSamples = 12;
 /// Of many places that are alike, the best one is better than the next by less, and was chosen for that.
 constexpr double leastAdvantage = 0.06;
-constexpr double bitsCompared = 32.0;
 
 struct FramePair {
     std::int64_t show;
@@ -57,7 +58,7 @@ double shareWhenMoved(
         }
     }
     const bool isEnough = count >= leastSamples && 2 * count >= std::int64_t(samples.size());
-    return isEnough ? differing / (bitsCompared * double(count)) : 0.5;
+    return isEnough ? differing / (double(ZLSoundFingerprint::BitsPerFrame) * double(count)) : 0.5;
 }
 
 }

@@ -25,11 +25,6 @@ constexpr std::int64_t leastMoved = 100;
 constexpr double longestPause = 2.0;
 constexpr double sameDistance = 0.03;
 
-std::int64_t frameAt(double seconds)
-{
-    return std::llround(seconds / ZLSoundFingerprint::SecondsPerFrame);
-}
-
 /// What of the file no piece has.
 std::vector<ZLFrameRun> stretchesBetween(const std::vector<ZLSoundPiece>& pieces, std::int64_t fileFrames)
 {
@@ -40,8 +35,8 @@ std::vector<ZLFrameRun> stretchesBetween(const std::vector<ZLSoundPiece>& pieces
             stretches.push_back({ 0, begin, end - begin });
     };
     for (const ZLSoundPiece& piece : pieces) {
-        addUpTo(frameAt(piece.fileStart));
-        begin = frameAt(piece.fileEnd());
+        addUpTo(ZLSoundFingerprint::frameAt(piece.fileStart));
+        begin = ZLSoundFingerprint::frameAt(piece.fileEnd());
     }
     addUpTo(fileFrames);
     return stretches;

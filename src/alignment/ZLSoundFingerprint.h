@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -12,8 +13,11 @@ struct ZLSoundFingerprint {
     static constexpr int SamplesPerSecond = 8000;
     static constexpr int SamplesPerFrame = 160;
     static constexpr double SecondsPerFrame = double(SamplesPerFrame) / SamplesPerSecond;
+    static constexpr int BitsPerFrame = 32;
     /// Of a frame in which nothing was to be heard, or nothing changed. It is like no other frame.
     static constexpr std::uint32_t Nothing = 0;
+
+    [[nodiscard]] static std::int64_t frameAt(double seconds) { return std::llround(seconds / SecondsPerFrame); }
 
     /// Frame n is about the sound around n times SecondsPerFrame.
     std::vector<std::uint32_t> frames {};

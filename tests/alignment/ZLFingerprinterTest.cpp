@@ -14,7 +14,7 @@ namespace {
 constexpr int rate = ZLSoundFingerprint::SamplesPerSecond;
 
 /// Noise whose loudness and colour change, as speech does.
-std::vector<float> speech(unsigned seed, int seconds)
+std::vector<float> noiseLikeSpeech(unsigned seed, int seconds)
 {
     std::mt19937 chance(seed);
     std::normal_distribution<float> sample(0.0F, 0.1F);
@@ -48,13 +48,13 @@ bool saysNothing(const ZLSoundFingerprint& fingerprint)
 
 TEST(ZLFingerprinterTest, ASecondHasFiftyFrames)
 {
-    EXPECT_NEAR(ZLFingerprinter::of(speech(1, 10)).seconds(), 10.0, ZLSoundFingerprint::SecondsPerFrame);
+    EXPECT_NEAR(ZLFingerprinter::of(noiseLikeSpeech(1, 10)).seconds(), 10.0, ZLSoundFingerprint::SecondsPerFrame);
     EXPECT_TRUE(ZLFingerprinter::of({}).seconds() <= ZLSoundFingerprint::SecondsPerFrame);
 }
 
 TEST(ZLFingerprinterTest, ItDoesNotMatterInWhichPartsTheSoundArrives)
 {
-    const auto samples = speech(2, 4);
+    const auto samples = noiseLikeSpeech(2, 4);
     const ZLSoundFingerprint whole = ZLFingerprinter::of(samples);
     ZLFingerprinter fingerprinter;
     std::vector<std::uint32_t> frames;
@@ -72,7 +72,7 @@ TEST(ZLFingerprinterTest, ItDoesNotMatterInWhichPartsTheSoundArrives)
 
 TEST(ZLFingerprinterTest, LoudnessChangesNothingAndNoiseLittle)
 {
-    const auto samples = speech(3, 20);
+    const auto samples = noiseLikeSpeech(3, 20);
     const ZLSoundFingerprint original = ZLFingerprinter::of(samples);
     auto quiet = samples;
     for (float& sample : quiet)
@@ -84,7 +84,7 @@ TEST(ZLFingerprinterTest, LoudnessChangesNothingAndNoiseLittle)
     for (float& sample : noisy)
         sample += noise(chance);
     EXPECT_LT(differingShare(original, ZLFingerprinter::of(noisy)), 0.3);
-    EXPECT_GT(differingShare(original, ZLFingerprinter::of(speech(5, 20))), 0.45);
+    EXPECT_GT(differingShare(original, ZLFingerprinter::of(noiseLikeSpeech(5, 20))), 0.45);
 }
 
 TEST(ZLFingerprinterTest, SilenceAndASteadyToneSayNothing)

@@ -69,7 +69,9 @@ public:
         m_bytes += bytes;
         const auto count = size_t(m_bytes.size()) / sizeof(float);
         m_samples.resize(count);
-        std::memcpy(m_samples.data(), m_bytes.constData(), count * sizeof(float));
+        // Where nothing is whole yet, there is no place to copy to.
+        if (count > 0)
+            std::memcpy(m_samples.data(), m_bytes.constData(), count * sizeof(float));
         m_bytes.remove(0, qsizetype(count) * qsizetype(sizeof(float)));
         m_count += double(count);
         return m_sink(m_samples);

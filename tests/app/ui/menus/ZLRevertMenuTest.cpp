@@ -19,14 +19,18 @@ protected:
     /// The items as the user sees them.
     [[nodiscard]] QList<QAction*> items()
     {
-        auto* menu = windowOf(m_document).findChild<QMenu*>(u"revertMenu"_s);
-        EXPECT_NE(menu, nullptr);
-        Q_EMIT menu->aboutToShow();
-        EXPECT_NE(menu->findChild<QAction*>(u"lookingForFormerStates"_s), nullptr);
+        open();
         const QDeadlineTimer patience(std::chrono::minutes(1));
-        while (menu->findChild<QAction*>(u"lookingForFormerStates"_s) && !patience.hasExpired())
+        while (isLooking() && !patience.hasExpired())
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        return menu->actions();
+        return menu()->actions();
+    }
+    [[nodiscard]] QMenu* menu() { return windowOf(m_document).findChild<QMenu*>(u"revertMenu"_s); }
+    [[nodiscard]] bool isLooking() { return menu()->findChild<QAction*>(u"lookingForFormerStates"_s) != nullptr; }
+    void open()
+    {
+        ASSERT_NE(menu(), nullptr);
+        Q_EMIT menu()->aboutToShow();
     }
     void changeAndWrite(const QString& title)
     {
@@ -43,6 +47,13 @@ TEST_F(ZLRevertMenuTest, WithoutStatesItSaysSo)
     ASSERT_EQ(items().size(), 1);
     EXPECT_FALSE(items().first()->text().isEmpty());
     EXPECT_FALSE(items().first()->isEnabled());
+}
+
+TEST_F(ZLRevertMenuTest, ItSaysThatItLooks)
+{
+    changeAndWrite(u"Two"_s);
+    open();
+    EXPECT_TRUE(isLooking());
 }
 
 TEST_F(ZLRevertMenuTest, ItListsTheStatesNewestFirst)

@@ -145,7 +145,7 @@ QString ZLChapter::durationToNextChapter(const ZLChapter& next) const
 QString ZLChapter::generateUUID()
 {
     // The numbers of the processor itself take their time when thousands of chapters come at once.
-    thread_local QRandomGenerator64 random = QRandomGenerator64::securelySeeded();
+    static thread_local QRandomGenerator64 random = QRandomGenerator64::securelySeeded();
     auto bytes = std::bit_cast<std::array<quint8, 16>>(std::array<quint64, 2> { random(), random() });
     // Version 4, which is random, in the usual variant.
     bytes[6] = (bytes[6] & 0x0FU) | 0x40U;

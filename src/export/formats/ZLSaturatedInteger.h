@@ -2,13 +2,14 @@
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 /// `value` truncated toward zero. A value beyond the range of `Integer` is taken as the nearest one inside, and one
 /// that is not a number as 0, so that hostile times cannot lead to undefined behaviour.
 template <typename Integer>
 [[nodiscard]] Integer ZLSaturatedInteger(double value)
 {
-    constexpr double beyondRange = 2.0 * double(std::numeric_limits<Integer>::max() / 2 + 1);
+    constexpr double beyondRange = double(std::make_unsigned_t<Integer>(std::numeric_limits<Integer>::max()) + 1U);
     if (std::isnan(value))
         return 0;
     if (value >= beyondRange)

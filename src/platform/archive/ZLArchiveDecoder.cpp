@@ -256,7 +256,7 @@ bool ZLArchiveDecoder::convertArray(const ZLArchivedRecord& record, int depth, N
             return false;
         list.append(element.value);
     }
-    node.value = std::move(list);
+    node.value = list;
     return true;
 }
 

@@ -10,8 +10,8 @@ void ZLFileRemoval::remove(const QString& path)
 {
     // The blocks go with the last one who has the file.
     const int descriptor = open(QFile::encodeName(path).constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
     QFile::remove(path);
-    QThreadPool::globalInstance()->start([descriptor] { close(descriptor); });
+    // Without one, because none is free, the blocks are freed here.
+    if (descriptor >= 0)
+        QThreadPool::globalInstance()->start([descriptor] { close(descriptor); });
 }

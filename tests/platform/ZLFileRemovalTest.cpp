@@ -1,5 +1,7 @@
 #include "platform/ZLFileRemoval.h"
 
+#include "support/ZLNoMoreDescriptors.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -49,5 +51,14 @@ TEST_F(ZLFileRemovalTest, APipeAndAFileThatCannotBeReadGoWithoutWaiting)
     ASSERT_TRUE(QFile::setPermissions(m_path, {}));
     ZLFileRemoval::remove(pipe);
     ZLFileRemoval::remove(m_path);
+    EXPECT_TRUE(names().isEmpty());
+}
+
+TEST_F(ZLFileRemovalTest, AFileGoesAlsoWhereNoDescriptorIsFree)
+{
+    {
+        const ZLNoMoreDescriptors none;
+        ZLFileRemoval::remove(m_path);
+    }
     EXPECT_TRUE(names().isEmpty());
 }

@@ -27,13 +27,13 @@ constexpr double shareOfDrowned = 0.43;
 constexpr std::int64_t framesBeside = 5;
 /// Where the pauses of the speech are not known, a gap in the file as short as this is one. In frames.
 constexpr std::int64_t mostOfUnknownPause = 75;
-/// Of a frame's window half reaches over an end, and so does half of the time to the frame that it is compared with. So
-/// sound is recognised a little into what came in. In seconds.
+/// In seconds. The window of a frame reaches over an end by half, and so does the time to the frame that it is compared
+/// with. So sound is recognised a little way into what came in.
 constexpr double blurOfEnd = 0.05;
 /// In seconds. Where the file has more between two pieces, something came in.
 constexpr double leastThatCameIn = 0.3;
-/// What came in may begin and end with pauses too, or with music that is taken for one. So all that a piece takes
-/// beside it is in doubt.
+/// What came in may begin and end with pauses too, or with music that is taken for one. So the doubt about an end
+/// beside it is so many times what the piece takes there.
 constexpr double doubtOfShare = 2.0;
 /// In seconds. A window and what it is compared with are as long: an end is never surer.
 constexpr double leastDoubt = ZLSoundPiece().endDoubt;

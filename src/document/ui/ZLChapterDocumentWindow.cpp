@@ -49,8 +49,8 @@ QStringList localFilesIn(const QMimeData& data)
     return paths;
 }
 
-/// What is in the drawer. It is made when it is first asked for, since a closed drawer would cost a window as much as
-/// any.
+/// What is in the drawer. It is made when it is first asked for: contents that are not seen would make opening a window
+/// slower.
 ZLTemplatesDrawer& contentsOf(QDockWidget& drawer, ZLChapterDocument& document, ZLEditMenu& editMenu)
 {
     if (auto* contents = qobject_cast<ZLTemplatesDrawer*>(drawer.widget()))

@@ -123,7 +123,7 @@ QColor ZLReadableColors::onGrounds(const QColor& color, const QList<QColor>& gro
 {
     // A table asks again for each of its cells, and a palette has few colours.
     using Question = std::tuple<quint64, std::vector<quint64>, double>;
-    thread_local std::map<Question, QColor> found;
+    static thread_local std::map<Question, QColor> found;
     Question question { color.rgba64(), {}, least };
     for (const QColor& ground : grounds)
         std::get<1>(question).push_back(ground.rgba64());

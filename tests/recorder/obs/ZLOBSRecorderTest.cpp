@@ -66,6 +66,16 @@ protected:
         ASSERT_TRUE(waitFor([this] { return !reports.isEmpty(); }, obsPatience));
     }
 
+    /// A chapter that waits in a recording.
+    void markInStandIn()
+    {
+        followStandIn();
+        obs.startRecording(u"/show/1.mkv"_s);
+        ASSERT_TRUE(comesTo(ZLRecorderState::Recording));
+        ASSERT_TRUE(waitFor([this] { return recorder->canMarkChapters(); }, obsPatience));
+        recorder->markChapter(u"one"_s);
+    }
+
     [[nodiscard]] bool comesTo(ZLRecorderConnection connection)
     {
         return waitFor([&] { return !connections.isEmpty() && connections.last() == connection; }, obsPatience);
@@ -222,22 +232,14 @@ TEST_F(ZLOBSRecorderTest, AChapterWaitsForTheEndOfAPauseAndNotForTheEndOfTheReco
 
 TEST_F(ZLOBSRecorderTest, AChapterThatWaitsWhenTheRecordingEndsIsSentAtOnce)
 {
-    followStandIn();
-    obs.startRecording(u"/show/1.mkv"_s);
-    ASSERT_TRUE(comesTo(ZLRecorderState::Recording));
-    ASSERT_TRUE(waitFor([this] { return recorder->canMarkChapters(); }, obsPatience));
-    recorder->markChapter(u"one"_s);
+    markInStandIn();
     obs.stopRecording();
     ASSERT_TRUE(waitFor([this] { return obs.chapters().size() == 1; }, obsPatience));
 }
 
 TEST_F(ZLOBSRecorderTest, AChapterThatWaitsWhenTheConnectionIsLostComesWhenItIsBack)
 {
-    followStandIn();
-    obs.startRecording(u"/show/1.mkv"_s);
-    ASSERT_TRUE(comesTo(ZLRecorderState::Recording));
-    ASSERT_TRUE(waitFor([this] { return recorder->canMarkChapters(); }, obsPatience));
-    recorder->markChapter(u"one"_s);
+    markInStandIn();
     obs.kill();
     ASSERT_TRUE(comesTo(ZLRecorderConnection::Connecting));
     EXPECT_TRUE(obs.chapters().isEmpty());

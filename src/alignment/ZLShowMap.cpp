@@ -15,7 +15,8 @@ constexpr double mostChangeOfDistance = 0.1;
 constexpr double leastPart = 0.2;
 constexpr double mostSecondsOfEvidence = 10.0;
 constexpr double agreementOfSureness = 20.0;
-/// Nothing tells whether this was cut out, or something else came in, which may be a short part of the show.
+/// Nothing tells which of two it was: whether this was cut out or something else came in, which may be a short part of
+/// the show; or which of two parts that sound the same was kept.
 constexpr double doubt = 0.5;
 /// In seconds.
 constexpr double leastInsertion = 0.5;
@@ -49,6 +50,12 @@ double doubtBeside(double insertion, double endDoubt)
 double surenessWithin(double distance, double endDoubt)
 {
     return std::erf(distance / (std::numbers::sqrt2 * endDoubt));
+}
+
+/// Whether the show has this moment of the piece once more, in a cut beside it.
+bool isRepeated(const ZLSoundPiece& piece, double showTime)
+{
+    return showTime < piece.showStart + piece.beginRepeats || showTime >= piece.showEnd() - piece.endRepeats;
 }
 
 bool lieAtOneDistance(const ZLSoundPiece& former, const ZLSoundPiece& next)
@@ -88,7 +95,8 @@ double ZLShowMap::surenessOf(const ZLSoundPiece& piece, double showTime) const
     const double behind =
         (size_t(index + 1) == pieces.size() ? m_alignment.fileLength : pieces[size_t(index + 1)].fileStart)
         - piece.fileEnd();
-    return surenessBeside(showTime - piece.showStart, doubtBeside(before, piece.beginDoubt))
+    return (isRepeated(piece, showTime) ? doubt : 1.0)
+        * surenessBeside(showTime - piece.showStart, doubtBeside(before, piece.beginDoubt))
         * surenessBeside(piece.showEnd() - showTime, doubtBeside(behind, piece.endDoubt));
 }
 
@@ -101,7 +109,8 @@ ZLMappedMoment ZLShowMap::placeBetween(
     const double fileBegin = former ? former->fileEnd() : 0.0;
     const double fileEnd = next ? next->fileStart : m_alignment.fileLength;
     const double insertion = fileEnd - fileBegin;
-    if (insertion >= leastInsertion)
+    const bool repeats = (former && former->endRepeats > 0.0) || (next && next->beginRepeats > 0.0);
+    if (insertion >= leastInsertion || repeats)
         confidence *= doubt;
     if (former)
         confidence *= surenessBeside(showTime - former->showEnd(), doubtBeside(insertion, former->endDoubt));

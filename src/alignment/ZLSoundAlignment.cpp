@@ -5,6 +5,7 @@
 #include "alignment/ZLClockFit.h"
 #include "alignment/ZLFingerprintNoise.h"
 #include "alignment/ZLPauseShares.h"
+#include "alignment/ZLRepeatedEnds.h"
 #include "alignment/ZLSeedChain.h"
 #include "alignment/ZLSoundPieces.h"
 
@@ -125,6 +126,7 @@ ZLSoundAlignment ZLSoundAlignment::of(
     alignment.pieces = joinedOverPauses(ZLClockFit::timesOf(
         ZLSoundPieces::of(ZLSeedChain::best(seeds), showFrames, fileFrames), showFrames, fileFrames));
     ZLPauseShares::settle(alignment.pieces, showFrames, fileFrames);
+    ZLRepeatedEnds::find(alignment.pieces, showFrames, fileFrames);
     alignment.movedPieces = piecesOutOfOrder(alignment.pieces, showFrames, fileFrames, progress);
     return alignment;
 }

@@ -20,6 +20,9 @@ struct ZLSoundPiece {
     /// By how many seconds the beginning and the end may be off, at two thirds of all seams.
     double beginDoubt = 0.1;
     double endDoubt = 0.1;
+    /// How many seconds of its beginning and its end the show has once more at the other end of the cut beside them.
+    double beginRepeats = 0.0;
+    double endRepeats = 0.0;
 
     [[nodiscard]] double showEnd() const { return showStart + length; }
     [[nodiscard]] double fileEnd() const { return fileStart + length * rate; }

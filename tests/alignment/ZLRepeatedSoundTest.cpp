@@ -90,3 +90,21 @@ TEST(ZLRepeatedSoundTest, WhenOneOfTwoWasCutWithWhatIsBetweenThemTheMarksStayInO
     EXPECT_LE(first.fileTime, second.fileTime);
     EXPECT_NEAR(map.place(190.0, 200.0).fileTime, 90.0, 0.05);
 }
+
+TEST(ZLRepeatedSoundTest, WhichOfTwoThatAreTheSameWasCutIsNotSure)
+{
+    const Frames all = inOrder({ welcome, advertisement, talk, advertisement, farewell });
+    const ZLShowMap map(aligned(heard(all), inOrder({ welcome, advertisement, farewell })));
+    for (const double time : { 61.0, 70.0, 79.0, 120.0, 161.0, 170.0, 179.0 })
+        EXPECT_LT(map.place(time, time + 1.0).confidence, 0.6) << time;
+    for (const double time : { 30.0, 58.0, 182.0, 200.0 })
+        EXPECT_GT(map.place(time, time + 1.0).confidence, 0.9) << time;
+}
+
+TEST(ZLRepeatedSoundTest, ACutBesideOtherSoundIsSure)
+{
+    const Frames all = inOrder({ welcome, advertisement, talk, farewell });
+    const ZLShowMap map(aligned(heard(all), inOrder({ welcome, advertisement, farewell })));
+    for (const double time : { 30.0, 70.0, 79.0, 120.0, 170.0 })
+        EXPECT_GT(map.place(time, time + 1.0).confidence, 0.9) << time;
+}

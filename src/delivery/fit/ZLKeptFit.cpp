@@ -25,6 +25,8 @@ const QString differingKey = QStringLiteral("Differing");
 const QString elsewhereKey = QStringLiteral("Elsewhere");
 const QString beginDoubtKey = QStringLiteral("BeginDoubt");
 const QString endDoubtKey = QStringLiteral("EndDoubt");
+const QString beginRepeatsKey = QStringLiteral("BeginRepeats");
+const QString endRepeatsKey = QStringLiteral("EndRepeats");
 
 /// A year. Also keeps what is computed of the numbers finite.
 constexpr double mostSeconds = 366.0 * 24.0 * 3600.0;
@@ -45,7 +47,8 @@ QVariantList storedPieces(const std::vector<ZLSoundPiece>& pieces)
         stored.append(QVariantMap { { showStartKey, piece.showStart }, { fileStartKey, piece.fileStart },
             { lengthKey, piece.length }, { rateKey, piece.rate }, { differingKey, piece.differingShare },
             { elsewhereKey, piece.shareElsewhere }, { beginDoubtKey, piece.beginDoubt },
-            { endDoubtKey, piece.endDoubt } });
+            { endDoubtKey, piece.endDoubt }, { beginRepeatsKey, piece.beginRepeats },
+            { endRepeatsKey, piece.endRepeats } });
     }
     return stored;
 }
@@ -69,11 +72,13 @@ std::optional<ZLSoundPiece> pieceIn(const QVariant& stored)
         ZLStoredValue::number(entries.value(rateKey)), ZLStoredValue::number(entries.value(differingKey)),
         numberIn(entries, elsewhereKey, ZLSoundPiece().shareElsewhere),
         numberIn(entries, beginDoubtKey, ZLSoundPiece().beginDoubt),
-        numberIn(entries, endDoubtKey, ZLSoundPiece().endDoubt) };
+        numberIn(entries, endDoubtKey, ZLSoundPiece().endDoubt), numberIn(entries, beginRepeatsKey, 0.0),
+        numberIn(entries, endRepeatsKey, 0.0) };
     const bool makesSense = isMoment(piece.showStart) && isMoment(piece.fileStart) && isMoment(piece.length)
         && piece.length > 0.0 && piece.rate >= leastRate && piece.rate <= mostRate && piece.differingShare >= 0.0
         && piece.differingShare <= 1.0 && piece.shareElsewhere >= 0.0 && piece.shareElsewhere <= 1.0
-        && isDoubt(piece.beginDoubt) && isDoubt(piece.endDoubt);
+        && isDoubt(piece.beginDoubt) && isDoubt(piece.endDoubt) && isMoment(piece.beginRepeats)
+        && isMoment(piece.endRepeats);
     return makesSense ? std::optional(piece) : std::nullopt;
 }
 

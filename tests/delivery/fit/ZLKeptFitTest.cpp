@@ -57,7 +57,7 @@ TEST_F(ZLKeptFitTest, WhatMakesNoSenseIsNotRead)
         for (const QString& key : { u"Zero"_s, u"ShowLength"_s, u"FileLength"_s })
             EXPECT_FALSE(isReadWith(key, wrong)) << qPrintable(key) << wrong;
         for (const QString& key : { u"ShowStart"_s, u"FileStart"_s, u"Length"_s, u"Rate"_s, u"Differing"_s,
-                 u"Elsewhere"_s, u"BeginDoubt"_s, u"EndDoubt"_s })
+                 u"Elsewhere"_s, u"BeginDoubt"_s, u"EndDoubt"_s, u"BeginRepeats"_s, u"EndRepeats"_s })
             EXPECT_FALSE(isReadWithPiece(key, wrong)) << qPrintable(key) << wrong;
     }
     EXPECT_FALSE(isReadWith(u"Id"_s, QString()));
@@ -68,6 +68,7 @@ TEST_F(ZLKeptFitTest, WhatMakesNoSenseIsNotRead)
     EXPECT_FALSE(isReadWithPiece(u"FileStart"_s, 1.0)) << "before the first piece";
     EXPECT_FALSE(isReadWithPiece(u"Rate"_s, 0.0));
     EXPECT_FALSE(isReadWithPiece(u"EndDoubt"_s, 0.0));
+    EXPECT_FALSE(isReadWithPiece(u"EndRepeats"_s, -1.0));
     EXPECT_FALSE(ZLKeptFit::of(QVariant()));
     EXPECT_FALSE(ZLKeptFit::of(QVariantList { 1, 2 }));
 }

@@ -25,6 +25,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Where the toolkit would find no display it ends the process, so it has to be asked before.
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
 /// What is wrong with the arguments, if anything.
 ZLResult<ZLCommandLine> readCommandLine(const QStringList& arguments)
 {
@@ -33,6 +40,9 @@ ZLResult<ZLCommandLine> readCommandLine(const QStringList& arguments)
         return commandLine;
     if (const ZLStatus words = ZLFileWords::check(commandLine.value()); !words)
         return words.error();
+    if (commandLine.value().command == ZLCommand::OpenWindows && commandLine.value().files.size() > 1 && !hasDisplay())
+        return ZLError { QCoreApplication::translate(
+            "main", "No X or Wayland display was found, and without a window Zelta records one file at most.") };
     return commandLine;
 }
 
@@ -124,13 +134,6 @@ int runWithWindows(int& argc, char** argv, const ZLCommandLine& commandLine)
     QObject::connect(&events, &QCoreApplication::aboutToQuit, &ZLAbandonedWork::endProcessSoon);
     ZLDesktop desktop(events, commandLine);
     return desktop.run(request);
-}
-
-/// Where the toolkit would find no display it ends the process, so it has to be asked before.
-bool hasDisplay()
-{
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
-        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
 }

@@ -5138,5 +5138,9 @@ Nichts erscheint? Dann kommt sie nicht an: Adresse, Port und Netzwerk vergleiche
         <translation>zelta: Es wurde kein X- oder Wayland-Display gefunden. Die Aufnahme läuft ohne Fenster.
 </translation>
     </message>
+    <message>
+        <source>No X or Wayland display was found, and without a window Zelta records one file at most.</source>
+        <translation>Es wurde kein Display von X oder Wayland gefunden, und ohne Fenster nimmt Zelta höchstens eine Datei auf.</translation>
+    </message>
 </context>
 </TS>

@@ -166,7 +166,7 @@ class LaunchTest(unittest.TestCase):
     def test_a_missing_file_ends_the_start_with_the_reason(self):
         for display in (True, False):
             with self.subTest(display=display):
-                ended = self.run_and_end("missing.zelta", "sub/other", display=display)
+                ended = self.run_and_end("missing.zelta", display=display)
                 self.assertEqual(ended.returncode, 1, ended)
                 self.assertIn("missing.zelta: ", ended.stderr)
         self.assertFalse((self.desktop.home / "missing.zelta").exists())
@@ -200,6 +200,11 @@ class LaunchTest(unittest.TestCase):
                     self.assertEqual(ended.returncode, 2, ended)
                     self.assertIn('"list"', ended.stderr)
         self.assertEqual(list(self.desktop.home.glob("list*")), [])
+
+    def test_without_a_display_a_second_file_is_refused(self):
+        ended = self.run_and_end("a.zelta", "b.zelta", display=False)
+        self.assertEqual(ended.returncode, 2, ended)
+        self.assertIn("records one file at most", ended.stderr)
 
     def test_a_killed_program_stands_in_nobodys_way(self):
         process = self.start()

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <ranges>
 #include <utility>
 
 ZLUndoManager::ZLUndoManager(QObject* parent)
@@ -114,8 +115,8 @@ void ZLUndoManager::performLastGroupOf(History& history, Activity activity)
         const ZLUndoGroup opposite(*this);
         // Steps that set no name leave the opposite group with the name of the one they came from.
         setActionName(group.actionName);
-        for (auto step = group.steps.rbegin(); step != group.steps.rend(); ++step)
-            (*step)();
+        for (const Step& step : group.steps | std::views::reverse)
+            step();
     }
     m_activity = Activity::None;
     Q_EMIT historyDidChange();

@@ -40,7 +40,7 @@ class NotificationTest(BehindTest):
         """What is typed still goes to the other program."""
         panel = wait_until(self.panel_windows, "the panel")[0]
         self.desktop.type("abc")
-        wait_until(lambda: self.other.has_got("abc" * attempt), f"the keys: {self.other.reader.lines}")
+        wait_until(lambda: self.other.has_got("abc" * attempt), lambda: f"the keys: {self.other.reader.lines}")
         self.assertEqual(focused_window(), self.other.window)
         return panel
 
@@ -86,7 +86,7 @@ class NotificationTest(BehindTest):
         self.check_that_it_floats(panel)
         self.type_title("Interview")
         self.desktop.type("def")
-        wait_until(lambda: self.other.has_got("abc" * attempts + "def"), f"the keys: {self.other.reader.lines}")
+        wait_until(lambda: self.other.has_got("abc" * attempts + "def"), lambda: f"the keys: {self.other.reader.lines}")
         self.assertEqual(self.titles(), [""] * (attempts - 1) + ["Interview"])
         self.shown_notice("There is no notification server: a small panel asks instead.")
 
@@ -97,7 +97,7 @@ class NotificationTest(BehindTest):
         self.add_chapter(1)
         wait_until(lambda: dunst("count", "displayed") == "1", "the notification")
         self.desktop.type("abc")
-        wait_until(lambda: self.other.has_got("abc"), f"the keys: {self.other.reader.lines}")
+        wait_until(lambda: self.other.has_got("abc"), lambda: f"the keys: {self.other.reader.lines}")
         self.assertEqual(self.panel_windows(), [])
         dunst("action", "0")
         panel = wait_until(self.panel_windows, "the panel")[0]
@@ -105,7 +105,7 @@ class NotificationTest(BehindTest):
         self.check_that_it_floats(panel)
         self.type_title("Interview")
         self.desktop.type("def")
-        wait_until(lambda: self.other.has_got("abcdef"), f"the keys: {self.other.reader.lines}")
+        wait_until(lambda: self.other.has_got("abcdef"), lambda: f"the keys: {self.other.reader.lines}")
 
     def check_that_it_floats(self, panel):
         properties = subprocess.run(["xprop", "-id", panel, "_NET_WM_STATE", "_NET_WM_DESKTOP", "_NET_WM_WINDOW_TYPE"],

@@ -38,7 +38,7 @@ class OSCTimeTest(OSCTestCase):
         return player
 
     def wait_for(self, text):
-        wait_until(lambda: self.recorder.has_said(text), f"“{text}”, not {self.recorder.reader.lines}")
+        wait_until(lambda: self.recorder.has_said(text), lambda: f"“{text}”, not {self.recorder.reader.lines}")
 
     def mark(self, position_at):
         """A press, and where the recording was then."""

@@ -36,7 +36,7 @@ def main():
 
         assert focused_window() == other.window, "the press has taken the keyboard from the other program"
         desktop.type("abc")
-        wait_until(lambda: other.has_got("abc"), f"the keys at the other program: {other.reader.lines}")
+        wait_until(lambda: other.has_got("abc"), lambda: f"the keys at the other program: {other.reader.lines}")
         assert [row[4] for row in rows()] == ["", ""], f"the keys went to the recorder: {rows()}"
 
         oscsend(port, "/zl/removeLastChapter", "f", 1)

@@ -45,7 +45,7 @@ class OBSLostTest(OSCTestCase):
         self.wait_for("Started with OBS Studio at 00:00:00.")
 
     def wait_for(self, text):
-        wait_until(lambda: self.recorder.has_said(text), f"“{text}”, not {self.recorder.reader.lines}")
+        wait_until(lambda: self.recorder.has_said(text), lambda: f"“{text}”, not {self.recorder.reader.lines}")
 
     def mark_often(self, count=5):
         for _ in range(count):

@@ -55,7 +55,7 @@ class ActivityTest(unittest.TestCase):
             bus.close()
 
     def wait_for_held(self, *lines):
-        wait_until(lambda: self.held() == sorted(lines), f"{sorted(lines)}, not {self.held()}")
+        wait_until(lambda: self.held() == sorted(lines), lambda: f"{sorted(lines)}, not {self.held()}")
 
     def press_record(self):
         subprocess.run([PROGRAM, "send", "toggleRecording"], check=True, timeout=60, stdout=subprocess.DEVNULL)

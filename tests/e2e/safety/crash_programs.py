@@ -53,11 +53,11 @@ class HeadlessProgram:
 
     def continue_clock(self):
         self.write("continue")
-        wait_until(lambda: self.has_said("recording from"), f"the clock to go on, not {self.reader.lines}")
+        wait_until(lambda: self.has_said("recording from"), lambda: f"the clock to go on, not {self.reader.lines}")
 
     def keep_clock_paused(self):
         self.write("keep")
-        wait_until(lambda: self.has_said("paused at"), f"the answer, not {self.reader.lines}")
+        wait_until(lambda: self.has_said("paused at"), lambda: f"the answer, not {self.reader.lines}")
 
     def edit_title(self, title):
         self.write(f"title {title}")

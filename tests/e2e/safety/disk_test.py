@@ -39,12 +39,12 @@ class DiskTest(OSCTestCase):
         wait_until(lambda: self.titles_in(file) == ["", "before"], "the file")
         take_away()
         self.mark(recorder, "meanwhile")
-        wait_until(lambda: recorder.has_said("Cannot save: "), f"the failure to be told, not {recorder.reader.lines}")
+        wait_until(lambda: recorder.has_said("Cannot save: "), lambda: f"the failure to be told, not {recorder.reader.lines}")
         self.kill(recorder)
         recorder = self.start_on(file)
         wait_until(lambda: recorder.has_said("Cannot save: "), "the failure to be told again")
         recorder.write("status")
-        wait_until(lambda: recorder.has_said("chapters: 3"), f"what was kept, not {recorder.reader.lines}")
+        wait_until(lambda: recorder.has_said("chapters: 3"), lambda: f"what was kept, not {recorder.reader.lines}")
         give_back()
         wait_until(lambda: recorder.has_said("Saved again:"), "the success to be told")
         self.assertEqual(self.titles_in(file), ["", "before", "meanwhile"])
@@ -121,7 +121,7 @@ class DiskTest(OSCTestCase):
     def test_a_document_that_is_opened_twice_is_told_of(self):
         first = self.start_on(self.file)
         second = self.start_on(self.file)
-        wait_until(lambda: second.has_said(f"{self.file} is also open elsewhere"), f"it, not {second.reader.lines}")
+        wait_until(lambda: second.has_said(f"{self.file} is also open elsewhere"), lambda: f"it, not {second.reader.lines}")
         wait_until(lambda: second.has_said(f"process {first.reader.process.pid}"), "who has it")
         self.assertFalse(first.has_said("elsewhere"))
 

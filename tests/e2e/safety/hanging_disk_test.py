@@ -77,7 +77,7 @@ class HangingDiskTest(OSCTestCase):
         return status
 
     def wait_until_told(self, recorder, text):
-        wait_until(lambda: recorder.has_said(text), f"“{text}”, not {recorder.reader.lines}")
+        wait_until(lambda: recorder.has_said(text), lambda: f"“{text}”, not {recorder.reader.lines}")
 
     def test_a_recovery_folder_that_hangs(self):
         recorder = self.mark_during_a_hang(self.recovery)

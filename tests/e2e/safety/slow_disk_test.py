@@ -65,7 +65,7 @@ class SlowDiskTest(OSCTestCase):
     def chapters_after_restart(self):
         recorder = self.start_on(self.file)
         recorder.write("keep")
-        wait_until(lambda: recorder.has_said("paused at"), f"the decision, not {recorder.reader.lines}")
+        wait_until(lambda: recorder.has_said("paused at"), lambda: f"the decision, not {recorder.reader.lines}")
         recorder.reader.process.send_signal(signal.SIGTERM)
         recorder.reader.process.wait()
         shown = subprocess.run([PROGRAM, "show", "--json", self.file], capture_output=True, text=True, timeout=60,

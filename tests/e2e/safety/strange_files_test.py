@@ -51,7 +51,7 @@ class StrangeFilesTest(OSCTestCase):
         self.file.unlink()
         replace()
         self.press_until_chapter(recorder)
-        wait_until(lambda: recorder.has_said(f"{self.file}: {line}"), f"the line, not {recorder.reader.lines}")
+        wait_until(lambda: recorder.has_said(f"{self.file}: {line}"), lambda: f"the line, not {recorder.reader.lines}")
         self.press_until_chapter(recorder)
         self.file.unlink()
         wait_until(lambda: self.titles_in(self.file) == ["", "", ""], "the file to be back")
@@ -103,7 +103,7 @@ class StrangeFilesTest(OSCTestCase):
         recorder = Recorder(self.home, "--osc-port", "0")
         self.addCleanup(recorder.reader.stop)
         recorder.write("status")
-        wait_until(lambda: recorder.has_said("chapters: 2"), f"the marks, not {recorder.reader.lines}")
+        wait_until(lambda: recorder.has_said("chapters: 2"), lambda: f"the marks, not {recorder.reader.lines}")
         self.assertEqual(self.file.stat().st_size, HUGE)
 
     def test_opening_what_is_no_document(self):

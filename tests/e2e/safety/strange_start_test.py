@@ -65,7 +65,7 @@ class StrangeStartTest(OSCTestCase):
         recorder.press("toggleRecording")
         wait_until(lambda: recorder.has_said("recording from"), "the clock to start")
         recorder.write("status")
-        wait_until(lambda: recorder.has_said("chapters: 0"), f"no first chapter, not {recorder.reader.lines}")
+        wait_until(lambda: recorder.has_said("chapters: 0"), lambda: f"no first chapter, not {recorder.reader.lines}")
 
     # Documents.
 
@@ -88,7 +88,7 @@ class StrangeStartTest(OSCTestCase):
             self.stored(duration)
             recorder = self.record()
             recorder.press("toggleRecording")
-            wait_until(lambda: recorder.has_said("recording from 00:00:0"), f"the clock, not {recorder.reader.lines}")
+            wait_until(lambda: recorder.has_said("recording from 00:00:0"), lambda: f"the clock, not {recorder.reader.lines}")
             recorder.press("toggleRecording")
             wait_until(lambda: recorder.has_said("paused at"), "the clock to stand")
             self.quit(recorder)
@@ -103,7 +103,7 @@ class StrangeStartTest(OSCTestCase):
             recorder.start_clock()
             wait_until(lambda: file.stat().st_size > 600, "the chapter in the file")
             second = self.record(file)
-            wait_until(lambda: second.has_said("also open elsewhere"), f"the lock, not {second.reader.lines}")
+            wait_until(lambda: second.has_said("also open elsewhere"), lambda: f"the lock, not {second.reader.lines}")
             recorder.reader.stop()
             second.reader.stop()
 
@@ -134,7 +134,8 @@ class StrangeStartTest(OSCTestCase):
         self.file.unlink()
         self.file.mkdir()
         recorder.press("newChapter")
-        wait_until(lambda: recorder.has_said("This is a folder, not a file. Trying again"), f"it, not {recorder.reader.lines}")
+        wait_until(lambda: recorder.has_said("This is a folder, not a file. Trying again"),
+                   lambda: f"it, not {recorder.reader.lines}")
 
     def test_what_is_remembered_is_for_its_user_alone(self):
         (self.home / "zelta").chmod(0o755)

@@ -40,14 +40,17 @@ DARK_COLOURS = {
 
 
 def wait_until(condition, what, seconds=60.0):
-    """Asks again and again until the condition gives something true, and returns that."""
+    """Asks again and again until the condition gives something true, and returns that.
+
+    `what` is a text, or a function that gives it when the time is over.
+    """
     deadline = time.monotonic() + seconds
     while True:
         found = condition()
         if found:
             return found
         if time.monotonic() > deadline:
-            raise AssertionError(f"waited {seconds:.0f} s in vain: {what}")
+            raise AssertionError(f"waited {seconds:.0f} s in vain: {what() if callable(what) else what}")
         time.sleep(0.05)
 
 

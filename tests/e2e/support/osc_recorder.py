@@ -64,7 +64,7 @@ class Recorder:
         self.wait_for_chapters(1)  # The start of a show is one.
 
     def wait_for_chapters(self, count):
-        wait_until(lambda: self.count("chapter ") >= count, f"{count} chapters, not {self.reader.lines}")
+        wait_until(lambda: self.count("chapter ") >= count, lambda: f"{count} chapters, not {self.reader.lines}")
 
     def send(self, *arguments):
         return subprocess.run([PROGRAM, "send", *map(str, arguments)], env=self.environment, capture_output=True,
@@ -105,4 +105,4 @@ class OSCTestCase(unittest.TestCase):
         self.assertEqual(recorder.count("chapter "), before + 1)
 
     def wait_for_message(self, dump, *message):
-        wait_until(lambda: message in dump.messages(), f"{message}, not {dump.messages()}")
+        wait_until(lambda: message in dump.messages(), lambda: f"{message}, not {dump.messages()}")

@@ -124,7 +124,7 @@ class HeadlessZelta(Zelta):
                     return True
             return False
 
-        wait_until(is_said, f"“{text}”, not {self.program.reader.lines}")
+        wait_until(is_said, lambda: f"“{text}”, not {self.program.reader.lines}")
 
     def wait_until_ready(self):
         self.wait_for(" answers.")

@@ -69,11 +69,11 @@ class Window:
                    f"a message with {parts}, not {self.messages()}")
 
     def wait_for_no_message(self):
-        wait_until(lambda: not self.messages(), f"the messages to go, not {self.messages()}")
+        wait_until(lambda: not self.messages(), lambda: f"the messages to go, not {self.messages()}")
 
     def press(self, name):
         """Presses the button of a message."""
-        self.accessible.press(wait_until(lambda: self.button(name), f"the button {name}, not {self.messages()}"))
+        self.accessible.press(wait_until(lambda: self.button(name), lambda: f"the button {name}, not {self.messages()}"))
 
     def offers_to_continue(self):
         return self.button(CONTINUE) is not None and self.button(KEEP) is not None

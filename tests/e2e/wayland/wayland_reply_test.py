@@ -135,7 +135,7 @@ class WaylandReplyTest(BehindTest):
         self.press_reply()
         wait_until(lambda: PANEL in windows()[0], "the panel")
         press_keys("abc")
-        wait_until(lambda: self.other.keys() == 3, f"the keys, not {self.other.reader.lines}")
+        wait_until(lambda: self.other.keys() == 3, lambda: f"the keys, not {self.other.reader.lines}")
         self.assertEqual(windows()[1], OTHER)
         wait_until(lambda: PANEL not in windows()[0], "the panel to go by itself")
 

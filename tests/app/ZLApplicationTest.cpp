@@ -182,7 +182,7 @@ TEST_F(ZLApplicationTest, AHotKeyDrivesTheDocumentOnlyWhileGlobalHotKeysAreOn)
     const ZLKeyCombo combo { 9, ZLHotKeyModifier::command };
     EXPECT_EQ(application.hotkeyController(), nullptr);
     EXPECT_EQ(application.hotKeyForSettingsKey(ZLKeyComboKey::ToggleRecording), std::nullopt);
-    QSignalSpy changes(&application, &ZLApplication::hotKeysDidChange);
+    const QSignalSpy changes(&application, &ZLApplication::hotKeysDidChange);
     ZLSettingsManager::setGlobalHotkeys(true);
     EXPECT_EQ(changes.size(), 1);
     const ZLHotkeyController* controller = application.hotkeyController();

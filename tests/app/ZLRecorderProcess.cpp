@@ -12,7 +12,7 @@ int main(int argc, char** argv)
     ZLSettingsManager::registerDefaults(10.0F);
     ZLSettingsManager::setCreateNewChapterOnStart(true);
     ZLSettingsManager::setPlaySoundBeforeRecording(false);
-    QStringList arguments = application.arguments().sliced(1);
+    QStringList arguments = QCoreApplication::arguments().sliced(1);
     const bool isRecording = arguments.removeAll(u"--record"_s) > 0;
     const auto file = arguments.isEmpty() ? std::nullopt : std::optional(arguments.first());
 

@@ -100,7 +100,7 @@ TEST_F(ZLShowCommandTest, ShowsAllFieldsAsJson)
 TEST_F(ZLShowCommandTest, JsonIsValidWhateverTheDocumentHolds)
 {
     const double infinity = std::numeric_limits<double>::infinity();
-    QVariantMap hostile = storedChapter(1e308, u"a\u0001\u000b\u2028\"\\"_s + QChar(0xD800) + QChar(0));
+    const QVariantMap hostile = storedChapter(1e308, u"a\u0001\u000b\u2028\"\\"_s + QChar(0xD800) + QChar(0));
     store({ storedChapter(std::numeric_limits<double>::quiet_NaN(), u"nan"_s), storedChapter(infinity, u"inf"_s),
               storedChapter(-infinity, u"-inf"_s), hostile, u"no dictionary"_s, QVariantMap() },
         infinity);
@@ -113,7 +113,7 @@ TEST_F(ZLShowCommandTest, JsonIsValidWhateverTheDocumentHolds)
     ASSERT_EQ(chapters.size(), 6);
     int nulls = 0;
     int absentTitles = 0;
-    for (const QJsonValue& chapter : chapters) {
+    for (const auto& chapter : chapters) {
         nulls += chapter["timeStamp"_L1].isNull();
         absentTitles += chapter["title"_L1].isNull();
     }

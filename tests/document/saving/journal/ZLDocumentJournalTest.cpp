@@ -139,7 +139,7 @@ TEST_F(ZLDocumentJournalTest, ALongChangeHoldsNobodyUpAndIsToldWhenAKillCannotTa
     EXPECT_EQ(journaledTitles().size(), 1);
     EXPECT_TRUE(told.isEmpty());
     disk.release();
-    QDeadlineTimer patience(std::chrono::minutes(1));
+    const QDeadlineTimer patience(std::chrono::minutes(1));
     while (told.size() < 2 && !patience.hasExpired())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     EXPECT_EQ(told, (QStringList { u"the import"_s, u"the mark behind it"_s }));

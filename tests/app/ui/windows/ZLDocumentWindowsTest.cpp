@@ -14,11 +14,11 @@ protected:
     /// A run of the program that is quit while one document with a file and one without are open.
     void quitWithTwoDocuments(const ZLDocumentControllerSetup& setup)
     {
-        ZLDocumentController controller(setup);
-        ZLDocumentWindows windows(controller);
-        const auto opened = controller.openDocument(storedFile(u"show.zelta"_s, u"Titled"_s));
-        addChapter(controller.newDocument(), u"Untitled"_s);
-        const int status = ZLProgramRun::run({ [&windows] { windows.quit(); } });
+        const auto controller = std::make_unique<ZLDocumentController>(setup);
+        const auto windows = std::make_unique<ZLDocumentWindows>(*controller);
+        const auto opened = controller->openDocument(storedFile(u"show.zelta"_s, u"Titled"_s));
+        addChapter(controller->newDocument(), u"Untitled"_s);
+        const int status = ZLProgramRun::run({ [&windows] { windows->quit(); } });
         EXPECT_TRUE(opened);
         EXPECT_EQ(status, 0);
     }

@@ -49,8 +49,11 @@ private:
                 line.hasValue = true;
                 continue;
             }
-            if (text.at(i) == u'\\' && ++i == text.size())
-                return true;
+            if (text.at(i) == u'\\') {
+                ++i;
+                if (i == text.size())
+                    return true;
+            }
             (line.hasValue ? line.value : line.key) += text.at(i);
         }
         return false;

@@ -14,7 +14,7 @@ namespace {
 QString titleIn(const QJsonArray& titles)
 {
     const QString language = QLocale().name().section(u'_', 0, 0);
-    for (const QJsonValue& title : titles) {
+    for (const auto& title : titles) {
         if (title.toObject().value("language"_L1).toString().section(u'-', 0, 0) == language)
             return title.toObject().value("title"_L1).toString();
     }

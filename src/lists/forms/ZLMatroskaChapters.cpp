@@ -76,10 +76,16 @@ private:
             chapter.start = ZLListTime::fromClock(ZLXmlChapters::textOfElement(m_reader).trimmed()).value_or(-1.0);
         else if (name == "ChapterString"_L1 && chapter.title.isEmpty() && !std::exchange(m_isNamed, true))
             chapter.title = ZLXmlChapters::textOfElement(m_reader);
-        else if (name == "ChapterFlagHidden"_L1 && ZLXmlChapters::textOfElement(m_reader).trimmed() == "1"_L1)
+        else if (isSwitchedOffBy(name))
             chapter.isEnabled = false;
-        else if (name == "ChapterFlagEnabled"_L1 && ZLXmlChapters::textOfElement(m_reader).trimmed() == "0"_L1)
-            chapter.isEnabled = false;
+    }
+
+    /// Whether the element with this name, in which the reader stands, hides its chapter or switches it off.
+    bool isSwitchedOffBy(const QString& name)
+    {
+        if (name == "ChapterFlagHidden"_L1)
+            return ZLXmlChapters::textOfElement(m_reader).trimmed() == "1"_L1;
+        return name == "ChapterFlagEnabled"_L1 && ZLXmlChapters::textOfElement(m_reader).trimmed() == "0"_L1;
     }
 
     static void leaveOutUntimed(ZLChapterList& edition)

@@ -8,9 +8,9 @@ namespace {
 
 using ZLFrameAlignment::Frames;
 
-/// In frames: so far may the ends of the pieces be off.
+/// In frames: the end of a piece may be so far off.
 constexpr std::int64_t mostOff = 25;
-/// In seconds. Less than it is a word, or a beat.
+/// In seconds. What is shorter is a word or a beat.
 constexpr double leastRepeated = 1.0;
 /// As ZLFrameAlignment::agreement() counts it. Chance alone does not reach it.
 constexpr double leastAgreement = 12.0;
@@ -22,6 +22,11 @@ Frames stretch(Frames frames, std::int64_t begin, std::int64_t end)
     const std::int64_t first = std::clamp<std::int64_t>(begin, 0, size);
     return frames.subspan(
         size_t(first), size_t(std::max(std::clamp<std::int64_t>(end, 0, size) - first, std::int64_t(0))));
+}
+
+Frames soundOf(const ZLSoundPiece& piece, Frames file)
+{
+    return stretch(file, ZLSoundFingerprint::frameAt(piece.fileStart), ZLSoundFingerprint::frameAt(piece.fileEnd()));
 }
 
 /// In seconds; 0 where the sound says too little.
@@ -58,16 +63,11 @@ void ZLRepeatedEnds::find(std::vector<ZLSoundPiece>& pieces, Frames show, Frames
         ZLSoundPiece& next = pieces[index];
         const std::int64_t cutBegin = ZLSoundFingerprint::frameAt(former.showEnd());
         const std::int64_t cutEnd = ZLSoundFingerprint::frameAt(next.showStart);
-        const Frames keptBefore =
-            stretch(file, ZLSoundFingerprint::frameAt(former.fileStart), ZLSoundFingerprint::frameAt(former.fileEnd()));
-        const Frames keptBehind =
-            stretch(file, ZLSoundFingerprint::frameAt(next.fileStart), ZLSoundFingerprint::frameAt(next.fileEnd()));
-        former.endRepeats = next.beginRepeats = 0.0;
         for (std::int64_t off = -mostOff; off <= mostOff; ++off) {
             former.endRepeats = std::max(former.endRepeats,
-                repeatedAtEnd(stretch(show, cutBegin, cutEnd + off), keptBefore, former.shareElsewhere));
+                repeatedAtEnd(stretch(show, cutBegin, cutEnd + off), soundOf(former, file), former.shareElsewhere));
             next.beginRepeats = std::max(next.beginRepeats,
-                repeatedAtBeginning(stretch(show, cutBegin + off, cutEnd), keptBehind, next.shareElsewhere));
+                repeatedAtBeginning(stretch(show, cutBegin + off, cutEnd), soundOf(next, file), next.shareElsewhere));
         }
     }
 }

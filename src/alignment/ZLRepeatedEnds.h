@@ -5,11 +5,11 @@
 
 #include <vector>
 
-/// Finds at each cut the sound that the show has twice: right beside the cut in what was kept, and at the other end of
-/// what was cut out. An advertisement that is played twice is one. Either of both may be the one that was kept.
+/// Finds sound that the show has twice: once in what was kept, right beside a cut, and once at the far end of what was
+/// cut out there. An advertisement that is played twice is such sound. Nothing tells which of the two was kept.
 namespace ZLRepeatedEnds {
 
-/// Sets `beginRepeats` and `endRepeats` of all pieces, which are in order.
+/// Sets `beginRepeats` and `endRepeats` where there is such sound. The pieces are in order.
 void find(std::vector<ZLSoundPiece>& pieces, ZLFrameAlignment::Frames show, ZLFrameAlignment::Frames file);
 
 }

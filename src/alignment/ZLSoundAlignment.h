@@ -20,7 +20,8 @@ struct ZLSoundPiece {
     /// By how many seconds the beginning and the end may be off, at two thirds of all seams.
     double beginDoubt = 0.1;
     double endDoubt = 0.1;
-    /// How many seconds of its beginning and its end the show has once more at the other end of the cut beside them.
+    /// So many seconds at its beginning and at its end are in the show once more, at the far end of the cut beside
+    /// them.
     double beginRepeats = 0.0;
     double endRepeats = 0.0;
 

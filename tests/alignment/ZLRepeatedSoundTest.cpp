@@ -1,5 +1,6 @@
 #include "ZLFingerprintBuilders.h"
 
+#include "alignment/ZLRepeatedEnds.h"
 #include "alignment/ZLShowMap.h"
 
 #include <gtest/gtest.h>
@@ -25,6 +26,21 @@ Frames inOrder(const std::vector<Frames>& parts)
 Frames heard(const Frames& all)
 {
     return heardWrongly(all, 99, 0.25);
+}
+
+/// The two ways to understand a file in which one of two advertisements is left.
+ZLSoundAlignment firstIsKept()
+{
+    return { .pieces = { { 0.0, 0.0, 80.0, 1.0, 0.25 }, { 180.0, 80.0, 60.0, 1.0, 0.25 } },
+        .showLength = 240.0,
+        .fileLength = 140.0 };
+}
+
+ZLSoundAlignment secondIsKept()
+{
+    return { .pieces = { { 0.0, 0.0, 60.0, 1.0, 0.25 }, { 160.0, 60.0, 80.0, 1.0, 0.25 } },
+        .showLength = 240.0,
+        .fileLength = 140.0 };
 }
 
 const Frames welcome = show(1, 60.0);
@@ -99,6 +115,35 @@ TEST(ZLRepeatedSoundTest, WhichOfTwoThatAreTheSameWasCutIsNotSure)
         EXPECT_LT(map.place(time, time + 1.0).confidence, 0.6) << time;
     for (const double time : { 30.0, 58.0, 182.0, 200.0 })
         EXPECT_GT(map.place(time, time + 1.0).confidence, 0.9) << time;
+}
+
+TEST(ZLRepeatedSoundTest, WhicheverOfThemIsTakenTheOtherOneIsFound)
+{
+    const Frames show = heard(inOrder({ welcome, advertisement, talk, advertisement, farewell }));
+    const Frames file = inOrder({ welcome, advertisement, farewell });
+    ZLSoundAlignment first = firstIsKept();
+    ZLRepeatedEnds::find(first.pieces, show, file);
+    EXPECT_NEAR(first.pieces.front().endRepeats, 20.0, 0.5);
+    EXPECT_EQ(first.pieces.front().beginRepeats, 0.0);
+    EXPECT_EQ(first.pieces.back().beginRepeats, 0.0);
+    ZLSoundAlignment second = secondIsKept();
+    ZLRepeatedEnds::find(second.pieces, show, file);
+    EXPECT_NEAR(second.pieces.back().beginRepeats, 20.0, 0.5);
+    EXPECT_EQ(second.pieces.back().endRepeats, 0.0);
+    EXPECT_EQ(second.pieces.front().endRepeats, 0.0);
+}
+
+TEST(ZLRepeatedSoundTest, WhatIsRepeatedAtABeginningIsAsUnsureAsAtAnEnd)
+{
+    ZLSoundAlignment second = secondIsKept();
+    const auto confidenceAt = [&second](double time) { return ZLShowMap(second).place(time, time + 1.0).confidence; };
+    for (const double time : { 120.0, 170.0, 190.0 })
+        EXPECT_GT(confidenceAt(time), 0.9) << time;
+    second.pieces.back().beginRepeats = 20.0;
+    for (const double time : { 70.0, 120.0, 161.0, 170.0, 179.0 })
+        EXPECT_LT(confidenceAt(time), 0.6) << time;
+    for (const double time : { 30.0, 58.0, 182.0 })
+        EXPECT_GT(confidenceAt(time), 0.9) << time;
 }
 
 TEST(ZLRepeatedSoundTest, ACutBesideOtherSoundIsSure)

@@ -2,14 +2,13 @@
 
 #include <cmath>
 #include <limits>
-#include <type_traits>
 
 /// `value` truncated toward zero. A value beyond the range of `Integer` is taken as the nearest one inside, and one
 /// that is not a number as 0, so that hostile times cannot lead to undefined behaviour.
 template <typename Integer>
 [[nodiscard]] Integer ZLSaturatedInteger(double value)
 {
-    constexpr double beyondRange = double(std::make_unsigned_t<Integer>(std::numeric_limits<Integer>::max()) + 1U);
+    const double beyondRange = std::ldexp(1.0, std::numeric_limits<Integer>::digits);
     if (std::isnan(value))
         return 0;
     if (value >= beyondRange)

@@ -38,9 +38,13 @@ protected:
 
 TEST_F(ZLKeptFitTest, ComesBackAsItWasKept)
 {
-    const ZLKeptFit fit = fitNamed(u"a.mp3"_s);
+    ZLKeptFit fit = fitNamed(u"a.mp3"_s);
+    fit.alignment.pieces.front().endRepeats = 12.0;
+    fit.alignment.pieces.back().beginRepeats = 3.0;
     const auto again = ZLKeptFit::of(fit.stored());
     ASSERT_TRUE(again);
+    EXPECT_EQ(again->alignment.pieces.front().endRepeats, 12.0);
+    EXPECT_EQ(again->alignment.pieces.back().beginRepeats, 3.0);
     EXPECT_EQ(again->stored(), fit.stored());
     EXPECT_EQ(again->alignment.pieces.size(), 2U);
     EXPECT_EQ(again->alignment.movedPieces.size(), 1U);

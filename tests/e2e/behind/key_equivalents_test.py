@@ -46,7 +46,7 @@ class KeyEquivalentsTest(DesktopTest):
 
     def press_until(self, titles, keys="ctrl+alt+m"):
         self.desktop.xdotool("key", keys)
-        wait_until(lambda: self.window.titles() == titles, f"{titles}, not {self.window.titles()}")
+        wait_until(lambda: self.window.titles() == titles, lambda: f"{titles}, not {self.window.titles()}")
 
     def test_with_another_window_of_the_program_in_front(self):
         self.start(works_everywhere=False)

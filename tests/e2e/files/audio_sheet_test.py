@@ -54,7 +54,8 @@ class AudioSheetTest(SheetTest):
         return self.rows_of("Audio files")
 
     def wait_for_state(self, row, text):
-        wait_until(lambda: len(self.files()) > row and text in self.files()[row][3], f"{text} in row {row}, not {self.files()}")
+        wait_until(lambda: len(self.files()) > row and text in self.files()[row][3],
+                   lambda: f"{text} in row {row}, not {self.files()}")
 
     def rows(self, path):
         return [(round(start), title) for start, title, _ in readers.by_ffprobe(path)]

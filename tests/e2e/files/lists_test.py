@@ -39,7 +39,7 @@ class Lists:
         wait_until(lambda: not self.shown("push button", "Import"), "the sheet to go")
 
     def wait_for_titles(self, *titles):
-        wait_until(lambda: self.window.titles() == list(titles), f"{titles}, not {self.window.titles()}")
+        wait_until(lambda: self.window.titles() == list(titles), lambda: f"{titles}, not {self.window.titles()}")
 
     def enter_path(self, path):
         wait_until(lambda: focused_window() != self.main_window and self.window.has_keyboard(), "the file dialog")

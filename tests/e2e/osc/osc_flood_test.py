@@ -90,7 +90,7 @@ def main():
             def shown():
                 return [row[4] for row in accessible.table_texts(table)]
 
-            wait_until(lambda: shown() == list(titles), f"the titles {titles}, not {shown()}")
+            wait_until(lambda: shown() == list(titles), lambda: f"the titles {titles}, not {shown()}")
 
         oscsend(port, "/zl/toggleRecording", "f", 1)
         wait_for_titles("")

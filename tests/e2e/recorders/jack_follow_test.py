@@ -65,7 +65,7 @@ class JackFollowTest(OSCTestCase):
 
     def wait_for(self, text, count=1):
         wait_until(lambda: sum(text in line for line in list(self.recorder.reader.lines)) >= count,
-                   f"“{text}”, not {self.recorder.reader.lines}")
+                   lambda: f"“{text}”, not {self.recorder.reader.lines}")
 
     def mark_often(self, marks, count=6):
         for _ in range(count):

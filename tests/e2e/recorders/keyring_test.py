@@ -36,7 +36,7 @@ def show_lamp(window, text):
     def lamps():
         return [node.name for node in accessible.find_all(status, "push button") if accessible.is_showing(node)]
 
-    wait_until(lambda: text in lamps(), f"the lamp “{text}”, not {lamps()}")
+    wait_until(lambda: text in lamps(), lambda: f"the lamp “{text}”, not {lamps()}")
 
 
 def assert_nowhere_to_read(home):

@@ -46,19 +46,19 @@ class OBSWindow:
         return next((name for name in names if name.startswith("OBS Studio:")), "")
 
     def wait_for_lamp(self, text):
-        wait_until(lambda: self.lamp().startswith(text), f"the lamp “{text}”, not {self.lamp()}")
+        wait_until(lambda: self.lamp().startswith(text), lambda: f"the lamp “{text}”, not {self.lamp()}")
 
     def wait_for_state(self, text):
         def labels():
             return [node.name for node in self.accessible.find_all(self.frame, "label")]
 
-        wait_until(lambda: any(text in label for label in labels()), f"“{text}” in {labels()}")
+        wait_until(lambda: any(text in label for label in labels()), lambda: f"“{text}” in {labels()}")
 
     def wait_in_log(self, text):
         def rows():
             return self.accessible.table_texts(self.accessible.find(self.frame, "table", "What happened"))
 
-        wait_until(lambda: any(text in row[-1] for row in rows()), f"“{text}” in {rows()}")
+        wait_until(lambda: any(text in row[-1] for row in rows()), lambda: f"“{text}” in {rows()}")
 
 
 def main():

@@ -63,7 +63,7 @@ class ListeningWindowTest(unittest.TestCase):
         return next((button.name for button in buttons if button.name in ("Listening", "Silence", "No input")), None)
 
     def wait_for_part(self, text, seconds=60.0):
-        wait_until(lambda: self.part() == text, f"the status line to read {text}, not {self.part()}", seconds=seconds)
+        wait_until(lambda: self.part() == text, lambda: f"the status line to read {text}, not {self.part()}", seconds=seconds)
 
     def messages(self):
         return [label.name for label in self.accessible.find_all(self.frame, "label")]

@@ -48,7 +48,7 @@ class Show:
         return [row[0] for row in self.accessible.table_texts(self.templates)]
 
     def wait_for_titles(self, *titles):
-        wait_until(lambda: self.titles() == list(titles), f"the titles {titles}, not {self.titles()}")
+        wait_until(lambda: self.titles() == list(titles), lambda: f"the titles {titles}, not {self.titles()}")
 
     def wait_for_clock(self, seconds):
         clock = self.accessible.find_described(self.frame, "Recorded time")
@@ -134,7 +134,7 @@ def undo_and_redo_everything(desktop, show):
     assert show.is_item_enabled("Undo Import Templates"), "the show is undone, so what was prepared before is next"
     for _ in range(COMMANDS_OF_THE_SHOW):
         desktop.press("ctrl+shift+z")
-    wait_until(lambda: show.rows() == before, f"all chapters to be back: {before}, not {show.rows()}")
+    wait_until(lambda: show.rows() == before, lambda: f"all chapters to be back: {before}, not {show.rows()}")
     assert not show.is_item_enabled("Redo"), "everything is done again, yet there is more to redo"
 
 
@@ -154,7 +154,7 @@ def save_and_lose_the_process(desktop, show, path):
     before = show.rows()
     kill_at_once(show.process)
     show.start()
-    wait_until(lambda: show.rows() == before, f"the chapters after the restart: {before}, not {show.rows()}")
+    wait_until(lambda: show.rows() == before, lambda: f"the chapters after the restart: {before}, not {show.rows()}")
 
 
 def export_and_compare(desktop, show, path, document):

@@ -71,7 +71,7 @@ class StampTest(unittest.TestCase):
         finally:
             os.kill(self.window.process.pid, signal.SIGCONT)
         # The next stop may come when this press is carried out.
-        wait_until(lambda: len(self.times()) == len(self.presses), f"chapter {len(self.presses)}")
+        wait_until(lambda: len(self.times()) == len(self.presses), lambda: f"chapter {len(self.presses)}")
 
     def times(self):
         return [chapter["TimeStamp"] for chapter in chapters_in(self.path)]

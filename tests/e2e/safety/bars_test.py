@@ -61,7 +61,7 @@ class BarsTest(DesktopTest):
     def mark(self, window, count):
         """Makes the count-th chapter of the show."""
         self.surface.send(window.osc_port, "newChapter")
-        wait_until(lambda: window.titles() == MINE[:count], f"{count} chapters, not {window.titles()}")
+        wait_until(lambda: window.titles() == MINE[:count], lambda: f"{count} chapters, not {window.titles()}")
 
     def wait_for_file(self, titles, file=None):
         wait_until(lambda: titles_in(file or self.file) == titles, f"{titles} in the file")
@@ -115,7 +115,7 @@ class BarsTest(DesktopTest):
         window = Window(self.desktop, [PROGRAM], osc_send=self.surface.port)  # What was open comes back.
         self.addCleanup(window.stop)
         window.wait_until_shown()
-        wait_until(lambda: window.titles() == MINE[:2], f"what was kept, not {window.titles()}")
+        wait_until(lambda: window.titles() == MINE[:2], lambda: f"what was kept, not {window.titles()}")
         window.wait_for_message(NOT_SAVED)
         window.wait_for_message("The recording was interrupted")
         away.rename(self.folder)
@@ -153,7 +153,7 @@ class BarsTest(DesktopTest):
     def test_take_theirs(self):
         window = self.change_meanwhile()
         window.press("Take Theirs")
-        wait_until(lambda: window.titles() == [], f"their chapters, not {window.titles()}")
+        wait_until(lambda: window.titles() == [], lambda: f"their chapters, not {window.titles()}")
         window.wait_for_no_message()
         self.assertTrue(window.is_recording())
         # The next mark takes their first template; mine are not lost but a step back.

@@ -48,7 +48,7 @@ class HangingWindowTest(DesktopTest):
 
     def press(self, window, action, count):
         self.surface.send(window.osc_port, action)
-        wait_until(lambda: window.titles() == TITLES[:count], f"{count} chapters, not {window.titles()}")
+        wait_until(lambda: window.titles() == TITLES[:count], lambda: f"{count} chapters, not {window.titles()}")
 
     def hang(self, window):
         self.switch.touch()
@@ -87,7 +87,7 @@ class HangingWindowTest(DesktopTest):
         self.assertLess(time.monotonic() - begin, LONGEST_END + SLACK)
         self.switch.unlink()
         window = self.start(self.show)
-        wait_until(lambda: window.titles() == TITLES[:3], f"what was kept, not {window.titles()}")
+        wait_until(lambda: window.titles() == TITLES[:3], lambda: f"what was kept, not {window.titles()}")
 
 
 if __name__ == "__main__":

@@ -124,7 +124,7 @@ class StrangeStartTest(OSCTestCase):
         lock.write_text("studio\x1b]0;owned\x07\n77\x9b31m\n")
         recorder = self.record(file)
         wait_until(lambda: recorder.has_said("also open elsewhere (studio ]0;owned , process 77 31m)"),
-                   f"who has it, not {recorder.reader.lines}")
+                   lambda: f"who has it, not {recorder.reader.lines}")
         said = "".join(recorder.reader.lines)
         self.assertEqual([character for character in said if not character.isprintable() and character != "\n"], [])
 

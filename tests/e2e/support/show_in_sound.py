@@ -175,10 +175,10 @@ class WindowZelta(Zelta):
         return next((text for text in texts if ": " in text), "")
 
     def wait_until_ready(self):
-        wait_until(lambda: self.lamp().endswith(": ready"), f"the lamp, not {self.lamp()}")
+        wait_until(lambda: self.lamp().endswith(": ready"), lambda: f"the lamp, not {self.lamp()}")
 
     def wait_until_following(self):
-        wait_until(lambda: self.lamp().endswith(": following"), f"the lamp, not {self.lamp()}")
+        wait_until(lambda: self.lamp().endswith(": following"), lambda: f"the lamp, not {self.lamp()}")
 
     def wait_until_stopped(self):
         wait_until(lambda: not self.window.is_recording(), "the clock to stop")

@@ -66,7 +66,7 @@ class Window:
     def wait_for_message(self, *parts):
         """One message that has all these parts."""
         wait_until(lambda: any(all(part in text for part in parts) for text in self.messages()),
-                   f"a message with {parts}, not {self.messages()}")
+                   lambda: f"a message with {parts}, not {self.messages()}")
 
     def wait_for_no_message(self):
         wait_until(lambda: not self.messages(), lambda: f"the messages to go, not {self.messages()}")

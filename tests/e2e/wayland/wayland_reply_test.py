@@ -141,7 +141,7 @@ class WaylandReplyTest(BehindTest):
 
         command_compositor("focus_on_window_activation", "focus")
         self.press_reply()
-        wait_until(lambda: windows()[1] == PANEL, f"the panel to have the keyboard, not {windows()}")
+        wait_until(lambda: windows()[1] == PANEL, lambda: f"the panel to have the keyboard, not {windows()}")
         press_keys("Interview")
         field = self.accessible.find(self.program, "text", "Chapter title")
         wait_until(lambda: field.queryText().getText(0, -1) == "Interview", "the title in the panel")

@@ -265,7 +265,7 @@ class AccessibilityTest(DesktopTest):
         wait_until(lambda: len(self.titles()) == number and not self.is_focused(self.table), f"chapter {number}")
         self.desktop.type(title)
         self.desktop.press("Return")
-        wait_until(lambda: self.titles()[number - 1] == title, f"the title {title}, not {self.titles()}")
+        wait_until(lambda: self.titles()[number - 1] == title, lambda: f"the title {title}, not {self.titles()}")
 
     def test_the_first_minute(self):
         press, find = self.accessible.press, self.accessible.find

@@ -31,10 +31,10 @@ class EditingTest(DesktopTest):
         return [row[0] for row in self.window.accessible.table_texts(self.list_named("Templates"))]
 
     def wait_for_templates(self, *titles):
-        wait_until(lambda: self.templates() == list(titles), f"{titles}, not {self.templates()}")
+        wait_until(lambda: self.templates() == list(titles), lambda: f"{titles}, not {self.templates()}")
 
     def wait_for_titles(self, *titles):
-        wait_until(lambda: self.window.titles() == list(titles), f"{titles}, not {self.window.titles()}")
+        wait_until(lambda: self.window.titles() == list(titles), lambda: f"{titles}, not {self.window.titles()}")
 
     def press(self, *keys):
         self.desktop.press(*keys)
@@ -139,7 +139,7 @@ class EditingTest(DesktopTest):
         return [row[2] for row in self.window.accessible.table_texts(table)]
 
     def wait_for_time(self, row, text):
-        wait_until(lambda: self.times()[row] == text, f"{text} in row {row}, not {self.times()}")
+        wait_until(lambda: self.times()[row] == text, lambda: f"{text} in row {row}, not {self.times()}")
 
     def test_a_chapter_is_set_later_and_moved(self):
         self.start()

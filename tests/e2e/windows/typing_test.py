@@ -105,7 +105,7 @@ class TypingTest(DesktopTest):
         self.desktop.press("Delete")
         self.type("and more")
         self.desktop.press("Return")
-        wait_until(lambda: self.window.titles() == ["One", "Intro and more"], f"the title, not {self.window.titles()}")
+        wait_until(lambda: self.window.titles() == ["One", "Intro and more"], lambda: f"the title, not {self.window.titles()}")
 
 
 if __name__ == "__main__":

@@ -129,7 +129,7 @@ class WindowsTest(DesktopTest):
             left, top, right, bottom = frame_of(window)
             return left >= 0 and top >= 0 and right <= WIDTH and bottom <= HEIGHT
 
-        wait_until(fits, f"the window to be on the screen, not at {frame_of(window)}", 10)
+        wait_until(fits, lambda: f"the window to be on the screen, not at {frame_of(window)}", 10)
 
     def menu_item(self, beginnings):
         for node in self.accessible.find_all(self.tree, "menu item"):

@@ -1,5 +1,6 @@
 #include "app/ZLDocumentController.h"
 
+#include "platform/ZLDescriptors.h"
 #include "platform/ZLFileIdentity.h"
 
 #include <QDir>
@@ -112,8 +113,18 @@ ZLResult<ZLChapterDocument*> ZLDocumentController::openDocument(const QString& p
     return openMade(absolutePath, make(std::move(found)));
 }
 
+ZLStatus ZLDocumentController::roomForOneMore()
+{
+    if (ZLDescriptors::areScarce())
+        return ZLError { tr(
+            "Too many documents are open at once, so not every one was opened. Close some, then try again.") };
+    return ZLDone {};
+}
+
 ZLRevivedDocument ZLDocumentController::make(ZLFoundDocument found) const
 {
+    if (const ZLStatus room = roomForOneMore(); !room)
+        return { .document = room.error() };
     if (found.journal)
         return m_revival.revive(std::move(*found.journal));
     if (!found.file)
@@ -225,6 +236,8 @@ bool ZLDocumentController::canTerminate() const
 
 ZLStatus ZLDocumentController::openRecoveryFile(const QString& path)
 {
+    if (const ZLStatus room = roomForOneMore(); !room)
+        return room;
     const auto isFileOpen = [this](const QString& file) { return documentAtPath(file) != nullptr; };
     const auto opened = adoptRevived(m_revival.reviveRecoveryFile(path, isFileOpen));
     return opened ? ZLStatus(ZLDone {}) : ZLStatus(opened.error());

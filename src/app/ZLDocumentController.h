@@ -109,6 +109,8 @@ private:
     void noteAskedFor(ZLChapterDocument* document);
     [[nodiscard]] ZLSession::Openers openers();
     ZLStatus openRecoveryFile(const QString& path);
+    /// Another document needs files and threads of its own, which the system bounds.
+    [[nodiscard]] static ZLStatus roomForOneMore();
     ZLResult<ZLChapterDocument*> adoptRevived(ZLRevivedDocument revived);
     ZLResult<ZLChapterDocument*> adoptOpened(ZLResult<ZLSavedDocument> opened);
     ZLChapterDocument* adopt(ZLSavedDocument made);

@@ -13,6 +13,7 @@
 #include "export/formats/ZLRegisterExporters.h"
 #include "export/lists/ZLListExporter.h"
 #include "platform/ZLAbandonedWork.h"
+#include "platform/ZLDescriptors.h"
 #include "platform/activity/ZLBootClock.h"
 #include "platform/dnssd/ZLAvahiServicePublisher.h"
 #include "resources/translations/ZLTranslation.h"
@@ -150,6 +151,7 @@ int main(int argc, char** argv)
         return runFileCommand(argc, argv, arguments);
     if (commandLine.value().command == ZLCommand::SendAction)
         return runSendCommand(argc, argv, commandLine.value());
+    ZLDescriptors::raiseBound();
     const bool hasWindows = commandLine.value().command != ZLCommand::RecordHeadless && hasDisplay();
     return ZLAbandonedWork::exitStatus(
         hasWindows ? runWithWindows(argc, argv, commandLine.value()) : runHeadless(argc, argv, commandLine.value()));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QThreadPool>
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -11,6 +11,8 @@ class ZLNoMoreDescriptors {
 public:
     ZLNoMoreDescriptors()
     {
+        // A thread that is about to start needs one, and the toolkit ends the process where it finds none.
+        QThreadPool::globalInstance()->waitForDone();
         getrlimit(RLIMIT_NOFILE, &m_formerLimit);
         const int firstFree = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0);
         close(firstFree);

@@ -74,8 +74,10 @@ ZLResult<ZLChapterDocument*> ZLHeadlessRecorder::openDocument(
 
 ZLChapterDocument* ZLHeadlessRecorder::restoreSession()
 {
-    const QStringList failures = m_controller.restoreSession();
-    for (const QString& failure : failures)
+    QStringList failures = m_controller.restoreSession();
+    // All documents that found no room have one sentence.
+    failures.removeDuplicates();
+    for (const QString& failure : std::as_const(failures))
         m_streams.complain(failure);
     return m_controller.currentOrLastDocument();
 }

@@ -1148,6 +1148,10 @@ Endstatus: 0 erledigt, 1 gescheitert, 2 falscher Aufruf. Eine Datei, die wie ein
         <source>Untitled %1</source>
         <translation>Ohne Titel %1</translation>
     </message>
+    <message>
+        <source>Too many documents are open at once, so not every one was opened. Close some, then try again.</source>
+        <translation>Zu viele Dokumente sind gleichzeitig offen, darum wurden nicht alle geöffnet. Schließen Sie einige und versuchen Sie es dann noch einmal.</translation>
+    </message>
 </context>
 <context>
     <name>ZLDocumentFile</name>

@@ -1,4 +1,5 @@
 #include "app/ZLDocumentControllerFixture.h"
+#include "support/ZLScarceDescriptors.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +43,24 @@ TEST_F(ZLDocumentSessionTest, WithNothingToRestoreThereIsANewDocument)
     EXPECT_EQ(openDocuments(), QStringList { u"Untitled:"_s });
     start();
     EXPECT_EQ(recoveryFiles(), QStringList()) << "an empty document leaves nothing";
+}
+
+TEST_F(ZLDocumentSessionTest, WhereDescriptorsAreScarceDocumentsWaitUntouched)
+{
+    const QString path = storedFile("show.zelta");
+    ZLChapterDocument* untitled = controller->newDocument();
+    addChapter(*untitled, "News");
+    write(untitled);
+    controller.reset();
+    {
+        const ZLScarceDescriptors scarce;
+        EXPECT_EQ(start().restoreSession().size(), 1);
+        EXPECT_FALSE(controller->openDocument(path));
+        EXPECT_EQ(openDocuments(), QStringList { u"Untitled:"_s }) << "a show can be recorded all the same";
+        controller.reset();
+    }
+    EXPECT_EQ(start().restoreSession(), QStringList());
+    EXPECT_EQ(openDocuments(), QStringList { u"Untitled:News"_s });
 }
 
 TEST_F(ZLDocumentSessionTest, AMissingFileIsSkippedWithAMessage)

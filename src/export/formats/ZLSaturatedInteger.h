@@ -13,7 +13,7 @@ template <typename Integer>
         return 0;
     if (value >= beyondRange)
         return std::numeric_limits<Integer>::max();
-    if (value <= -beyondRange)
+    if (value <= static_cast<double>(std::numeric_limits<Integer>::min()))
         return std::numeric_limits<Integer>::min();
     return static_cast<Integer>(value);
 }

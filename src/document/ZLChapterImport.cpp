@@ -119,15 +119,25 @@ void ZLChapterImport::makeUnique(const ZLChapterSequence& added, const ZLChapter
     }
 }
 
+bool ZLChapterImport::haveUuids(const QList<ZLListedChapter>& listed)
+{
+    return std::ranges::any_of(listed, [](const ZLListedChapter& one) { return !one.uuid.isEmpty(); });
+}
+
 qsizetype ZLChapterImport::importChapters(
     ZLChapterDocument& document, const QList<ZLListedChapter>& chapters, Way way, double shift)
 {
-    const ZLChapterSequence added = chaptersFrom(chapters, shift);
+    return importMade(document, chaptersFrom(chapters, shift), haveUuids(chapters), way);
+}
+
+qsizetype ZLChapterImport::importMade(
+    ZLChapterDocument& document, const ZLChapterSequence& added, bool haveUuids, Way way)
+{
     if (added.isEmpty())
         return 0;
     // Chapters whose list knows no UUIDs have new ones. Also where they take the place of the others: those come back
     // with Undo.
-    if (std::ranges::any_of(chapters, [](const ZLListedChapter& listed) { return !listed.uuid.isEmpty(); }))
+    if (haveUuids)
         makeUnique(added, document.chapterManager().allChapters());
     if (way == Way::Add)
         takeIn(document, added);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/ZLChapterImport.h"
 #include "import/ZLImportPlan.h"
 
 class ZLChapterDocument;
@@ -13,6 +14,6 @@ struct Outcome {
 };
 
 /// Everything is one undoable step. The clock is not touched, whether it runs or stands.
-Outcome carryOut(ZLChapterDocument& document, const ZLImportSource& source, const ZLImportChoices& choices);
+Outcome carryOut(ZLChapterDocument& document, const ZLImportPlan& plan, ZLChapterImport::Way way);
 
 }

@@ -19,18 +19,15 @@ ZLImportPlan ZLImportPlan::make(const ZLImportSource& source, const ZLImportChoi
     const ZLChapterList& list = source.found.lists.at(choices.item);
     ZLImportPlan plan;
     plan.chapters = ZLChapterImport::chaptersFrom(list.chapters, choices.shift);
+    plan.haveUuids = ZLChapterImport::haveUuids(list.chapters);
     std::ranges::stable_sort(plan.chapters, {}, &ZLChapter::timeStamp);
     plan.remarks = source.found.remarks + list.remarks;
-    plan.templates = templatesOf(source, choices);
+    if (choices.makesTemplates)
+        plan.templates = source.textsWithoutTime;
     if (plan.templates.isEmpty())
         return plan;
     plan.remarks.removeIf([](const ZLListRemark& remark) { return remark.line > 0; });
     return plan;
-}
-
-QStringList ZLImportPlan::templatesOf(const ZLImportSource& source, const ZLImportChoices& choices)
-{
-    return choices.makesTemplates ? source.textsWithoutTime : QStringList();
 }
 
 QString ZLImportPlan::remarkText(const ZLListRemark& remark)

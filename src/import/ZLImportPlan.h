@@ -9,24 +9,23 @@ struct ZLImportChoices {
     qsizetype item = 0;
     /// Seconds by which all chapters come later.
     double shift = 0.0;
-    bool replacesChapters = false;
     bool makesTemplates = false;
 };
 
 /// What an import brings, after the choices. Nothing has been changed yet.
 struct ZLImportPlan {
-    /// In ascending order of time. Those before the start are disabled.
+    /// In ascending order of time. Those before the start are disabled. They can come into one document, once.
     ZLChapterSequence chapters {};
+    /// Whether they come with UUIDs, which others may have too.
+    bool haveUuids = false;
     /// Texts without a time that become prepared chapters.
     QStringList templates {};
     /// What was not understood, or has to be known, of the text and of the chosen show.
     QList<ZLListRemark> remarks {};
 
-    /// `choices.item` has to be one of the source's lists.
+    /// `choices.item` has to be one of the source's lists. May be called on any thread, and takes its time for a long
+    /// list.
     [[nodiscard]] static ZLImportPlan make(const ZLImportSource& source, const ZLImportChoices& choices);
-
-    /// The templates of such a plan alone.
-    [[nodiscard]] static QStringList templatesOf(const ZLImportSource& source, const ZLImportChoices& choices);
 
     /// "Line 3: “Mail bag” was not understood."
     [[nodiscard]] static QString remarkText(const ZLListRemark& remark);

@@ -14,6 +14,12 @@ ZLImportSource notes()
     return ZLImportSource::fromText(u"0:10 Welcome\nMail bag\n1:00 News\n"_s).value();
 }
 
+ZLDocumentImport::Outcome importNotes(
+    ZLChapterDocument& document, const ZLImportChoices& choices, ZLChapterImport::Way way = ZLChapterImport::Way::Add)
+{
+    return ZLDocumentImport::carryOut(document, ZLImportPlan::make(notes(), choices), way);
+}
+
 QStringList chapterTitles(ZLChapterDocument& document)
 {
     return ZLTestChapters::titles(document.chapterManager().allChapters());
@@ -30,7 +36,7 @@ TEST(ZLDocumentImport, ChaptersAndTemplatesComeAndGoInOneStep)
 {
     ZLChapterDocument document { {} };
     document.addChapter(ZLTestChapters::chapterAt(30, u"Mine"_s));
-    const auto outcome = ZLDocumentImport::carryOut(document, notes(), { .makesTemplates = true });
+    const auto outcome = importNotes(document, { .makesTemplates = true });
     EXPECT_EQ(outcome.chapters, 2);
     EXPECT_EQ(outcome.templates, 1);
     EXPECT_EQ(chapterTitles(document), (QStringList { u"Welcome"_s, u"Mine"_s, u"News"_s }));
@@ -49,7 +55,7 @@ TEST(ZLDocumentImport, LinesWithoutATimeAreLeftWhereTheyAreNotWanted)
 {
     ZLChapterDocument document { {} };
     document.addChapter(ZLTestChapters::chapterAt(30, u"Mine"_s));
-    ZLDocumentImport::carryOut(document, notes(), { .shift = 5.0, .replacesChapters = true });
+    importNotes(document, { .shift = 5.0 }, ZLChapterImport::Way::Replace);
     EXPECT_EQ(ZLTestChapters::times(document.chapterManager().allChapters()), (QList<double> { 15.0, 65.0 }));
     EXPECT_EQ(templateTitles(document), QStringList());
 }
@@ -59,7 +65,7 @@ TEST(ZLDocumentImport, ARunningClockGoesOn)
     ZLChapterDocument document { {} };
     document.startRecordingWithTime(0.0);
     const double start = document.startTime();
-    ZLDocumentImport::carryOut(document, notes(), {});
+    importNotes(document, {});
     EXPECT_TRUE(document.isRecording());
     EXPECT_EQ(document.startTime(), start);
     document.undoManager().undo();

@@ -3,6 +3,7 @@
 #include "document/ui/ZLMnemonics.h"
 #include "document/ui/ZLSheetParts.h"
 #include "import/ui/ZLImportRowsModel.h"
+#include "platform/ZLLateRelease.h"
 #include "platform/ZLShownText.h"
 #include "templates/ui/ZLSelectionDelegate.h"
 
@@ -18,6 +19,8 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTreeView>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -65,25 +68,35 @@ ZLImportSheet::ZLImportSheet(const QMenuBar& menus, QWidget* parent)
     nameTheParts(menus);
 }
 
-void ZLImportSheet::setSource(const ZLImportSource& source, const QString& name)
+void ZLImportSheet::setSource(const ZLImportSource& source, const ZLImportPlan& plan, const QString& name)
 {
+    m_planning.reset();
     m_source = source;
     m_name = name;
     m_add->setChecked(true);
-    m_templates->setChecked(false);
+    {
+        const QSignalBlocker quietShift(m_shift);
+        const QSignalBlocker quietTemplates(m_templates);
+        m_shift->setValue(0.0);
+        m_templates->setChecked(false);
+    }
     m_templates->setVisible(!source.textsWithoutTime.isEmpty());
-    const QSignalBlocker quiet(m_shift);
-    m_shift->setValue(0.0);
     fillItems();
-    update();
+    showPlan(plan);
 }
 
-ZLImportChoices ZLImportSheet::choices() const
+ZLImportPlan ZLImportSheet::takePlan()
 {
-    return { .item = std::max(0, m_items->currentIndex()),
-        .shift = m_shift->value(),
-        .replacesChapters = m_replace->isChecked(),
-        .makesTemplates = m_templates->isChecked() };
+    if (m_planning)
+        m_planning->settle(QDeadlineTimer(QDeadlineTimer::Forever));
+    ZLImportPlan plan = std::exchange(m_plan, {});
+    m_model->setChapters({});
+    return plan;
+}
+
+ZLChapterImport::Way ZLImportSheet::way() const
+{
+    return m_replace->isChecked() ? ZLChapterImport::Way::Replace : ZLChapterImport::Way::Add;
 }
 
 void ZLImportSheet::takeKeyboard()
@@ -181,19 +194,35 @@ void ZLImportSheet::fillItems()
     m_itemRow->setVisible(m_source.found.lists.size() > 1);
 }
 
+ZLImportChoices ZLImportSheet::choices() const
+{
+    return { .item = std::max(0, m_items->currentIndex()),
+        .shift = m_shift->value(),
+        .makesTemplates = m_templates->isChecked() };
+}
+
 void ZLImportSheet::update()
 {
-    const ZLImportPlan plan = ZLImportPlan::make(m_source, choices());
+    m_planning = std::make_unique<ZLDiskWork>();
+    m_planning->start([this, source = m_source, chosen = choices()](const ZLDiskWork::Teller& tell) {
+        tell([this, plan = ZLImportPlan::make(source, chosen)] { showPlan(plan); });
+    });
+}
+
+void ZLImportSheet::showPlan(const ZLImportPlan& plan)
+{
+    ZLLateRelease::of(std::exchange(m_plan, plan).chapters);
     m_model->setChapters(plan.chapters);
     m_rows->setColumnHidden(ZLImportRowsModel::LinkColumn, !m_model->hasLinks());
-    m_heading->setText(headingFor(plan));
+    m_heading->setText(heading());
     m_import->setEnabled(!plan.chapters.isEmpty() || !plan.templates.isEmpty());
     updateRemarks(plan.remarks);
 }
 
-QString ZLImportSheet::headingFor(const ZLImportPlan& plan) const
+QString ZLImportSheet::heading() const
 {
-    const QString count = plan.chapters.size() == 1 ? tr("1 chapter") : tr("%1 chapters").arg(plan.chapters.size());
+    const qsizetype chapters = m_plan.chapters.size();
+    const QString count = chapters == 1 ? tr("1 chapter") : tr("%1 chapters").arg(chapters);
     return tr("%1 from %2, read as %3").arg(count, ZLShownText::asOneLine(m_name), m_source.found.formName);
 }
 

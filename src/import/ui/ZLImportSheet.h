@@ -1,8 +1,12 @@
 #pragma once
 
+#include "document/ZLChapterImport.h"
 #include "import/ZLImportPlan.h"
+#include "platform/ZLDiskWork.h"
 
 #include <QFrame>
+
+#include <memory>
 
 class QBoxLayout;
 class QCheckBox;
@@ -25,10 +29,11 @@ public:
     /// Its buttons take no mnemonic that `menus` have.
     explicit ZLImportSheet(const QMenuBar& menus, QWidget* parent = nullptr);
 
-    /// Shows another import with the usual choices; `name` is where it comes from.
-    void setSource(const ZLImportSource& source, const QString& name);
-    [[nodiscard]] const ZLImportSource& source() const { return m_source; }
-    [[nodiscard]] ZLImportChoices choices() const;
+    /// Shows another import with the usual choices, of which `plan` is made; `name` is where it comes from.
+    void setSource(const ZLImportSource& source, const ZLImportPlan& plan, const QString& name);
+    /// What was chosen, after which the sheet shows nothing.
+    [[nodiscard]] ZLImportPlan takePlan();
+    [[nodiscard]] ZLChapterImport::Way way() const;
     void takeKeyboard();
 
 Q_SIGNALS:
@@ -45,12 +50,17 @@ private:
     void addButtonRow(QBoxLayout& layout);
     void nameTheParts(const QMenuBar& menus);
     void fillItems();
+    [[nodiscard]] ZLImportChoices choices() const;
     void update();
+    void showPlan(const ZLImportPlan& plan);
     void updateRemarks(const QList<ZLListRemark>& remarks);
-    [[nodiscard]] QString headingFor(const ZLImportPlan& plan) const;
+    [[nodiscard]] QString heading() const;
 
     ZLImportSource m_source;
+    ZLImportPlan m_plan;
     QString m_name;
+    /// Another plan is made beside the main thread.
+    std::unique_ptr<ZLDiskWork> m_planning;
     ZLImportRowsModel* m_model;
     QLabel* m_heading;
     QWidget* m_itemRow;

@@ -53,11 +53,35 @@ void ZLImportDisplay::chooseFile()
 
 void ZLImportDisplay::importFile(const QString& path)
 {
+    readSource(
+        QFileInfo(path).fileName(), [path] { return ZLImportSource::fromFile(path); },
+        [this](const QString& reason) {
+            m_window.messageBar().showMessage(
+                importFailureName, reason, { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
+        });
+}
+
+void ZLImportDisplay::importText(const QString& text)
+{
+    readSource(
+        tr("the text"), [text] { return ZLImportSource::fromText(text); },
+        [this](const QString& reason) { m_window.statusLine().showPassingMessage(reason); });
+}
+
+void ZLImportDisplay::readSource(const QString& name, const std::function<ZLResult<ZLImportSource>()>& find,
+    const std::function<void(const QString& reason)>& sayWhyThereIsNone)
+{
     read(
-        [this, path](const ZLDiskWork::Teller& tell) {
-            tell([this, path, source = ZLImportSource::fromFile(path)] { takeSource(path, source); });
+        [this, name, find, sayWhyThereIsNone](const ZLDiskWork::Teller& tell) {
+            const auto found = find();
+            if (!found)
+                tell([sayWhyThereIsNone, reason = found.error().message] { sayWhyThereIsNone(reason); });
+            else
+                tell([this, name, source = found.value(), plan = ZLImportPlan::make(found.value(), {})] {
+                    takeSource(source, plan, name);
+                });
         },
-        QFileInfo(path).fileName());
+        name);
 }
 
 void ZLImportDisplay::read(ZLDiskWork::Work work, const QString& name)
@@ -69,25 +93,6 @@ void ZLImportDisplay::read(ZLDiskWork::Work work, const QString& name)
     m_reading = std::make_unique<ZLDiskWork>();
     connect(m_reading.get(), &ZLDiskWork::didEnd, &m_slowReading, &QTimer::stop);
     m_reading->start(std::move(work));
-}
-
-void ZLImportDisplay::takeSource(const QString& path, const ZLResult<ZLImportSource>& source)
-{
-    if (!source) {
-        m_window.messageBar().showMessage(
-            importFailureName, source.error().message, { { tr("Dismiss"), [] { } } }, {}, ZLMessageBar::Kind::Error);
-        return;
-    }
-    show(source.value(), QFileInfo(path).fileName());
-}
-
-void ZLImportDisplay::importText(const QString& text)
-{
-    const auto source = ZLImportSource::fromText(text);
-    if (source)
-        show(source.value(), tr("the text"));
-    else
-        m_window.statusLine().showPassingMessage(source.error().message);
 }
 
 void ZLImportDisplay::importFromClipboard()
@@ -123,12 +128,12 @@ void ZLImportDisplay::takeSortedFiles(const QStringList& documents, const QStrin
     importFile(lists.constFirst());
 }
 
-void ZLImportDisplay::show(const ZLImportSource& source, const QString& name)
+void ZLImportDisplay::takeSource(const ZLImportSource& source, const ZLImportPlan& plan, const QString& name)
 {
     m_window.commitTypedText();
     m_window.messageBar().hideMessage(importFailureName);
     makeSheet();
-    m_sheet->setSource(source, name);
+    m_sheet->setSource(source, plan, name);
     m_sheet->show();
     m_sheet->takeKeyboard();
 }
@@ -148,7 +153,7 @@ void ZLImportDisplay::makeSheet()
 
 void ZLImportDisplay::carryOut()
 {
-    const auto outcome = ZLDocumentImport::carryOut(m_window.document(), m_sheet->source(), m_sheet->choices());
+    const auto outcome = ZLDocumentImport::carryOut(m_window.document(), m_sheet->takePlan(), m_sheet->way());
     close();
     m_window.statusLine().showPassingMessage(textFor(outcome));
 }

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 class ZLChapterDocumentWindow;
@@ -23,8 +24,9 @@ public:
     /// Asks for a file.
     void chooseFile();
     /// Shows what is in the file at `path`, or says why there is nothing. The file is read beside the main thread,
-    /// since its disk may not answer; a file that is named later takes its place.
+    /// since its disk may not answer and it may be long; what is named later takes its place.
     void importFile(const QString& path);
+    /// The same for a text.
     void importText(const QString& text);
     void importFromClipboard();
     /// The first list among them is imported; documents are asked to be opened.
@@ -34,10 +36,11 @@ Q_SIGNALS:
     void openRequested(const QStringList& paths);
 
 private:
+    void readSource(const QString& name, const std::function<ZLResult<ZLImportSource>()>& find,
+        const std::function<void(const QString& reason)>& sayWhyThereIsNone);
     void read(ZLDiskWork::Work work, const QString& name);
     void takeSortedFiles(const QStringList& documents, const QStringList& lists);
-    void takeSource(const QString& path, const ZLResult<ZLImportSource>& source);
-    void show(const ZLImportSource& source, const QString& name);
+    void takeSource(const ZLImportSource& source, const ZLImportPlan& plan, const QString& name);
     void makeSheet();
     void carryOut();
     [[nodiscard]] static QString textFor(const ZLDocumentImport::Outcome& outcome);

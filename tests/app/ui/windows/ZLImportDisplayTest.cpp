@@ -45,10 +45,15 @@ protected:
         const auto* sheet = windowOf(m_document).findChild<QWidget*>(u"importSheet"_s);
         return sheet && sheet->isVisible();
     }
-    /// A file is read beside the main thread.
+    /// Files and texts are read beside the main thread.
     bool sheetComes()
     {
         return QTest::qWaitFor([this] { return isSheetShown(); }, readingDeadlineMilliseconds);
+    }
+    /// A preview is made there as well.
+    bool rowsBecome(const QStringList& expected)
+    {
+        return QTest::qWaitFor([&] { return rows() == expected; }, readingDeadlineMilliseconds);
     }
     QStringList rows()
     {
@@ -71,8 +76,11 @@ protected:
     {
         makeCurrent(m_document);
         windowOf(m_document).tableView().setFocus();
+        windowOf(m_document).statusLine().hidePassingMessage();
         QApplication::clipboard()->setText(text);
         trigger(m_document, u"paste"_s);
+        EXPECT_TRUE(QTest::qWaitFor(
+            [this] { return isSheetShown() || !passingMessage(m_document).isEmpty(); }, readingDeadlineMilliseconds));
     }
 
     static constexpr int readingDeadlineMilliseconds = 30'000;
@@ -114,16 +122,25 @@ TEST_F(ZLImportDisplayTest, ThePreviewFollowsTheChoices)
     addChapter(m_document, u"Mine"_s);
     paste(u"0:10 Welcome\nMail bag\n"_s);
     part<QDoubleSpinBox>(u"importShift"_s).setValue(-15.5);
-    EXPECT_EQ(rows(), QStringList { u"-00:00:05.500|Welcome|"_s });
+    EXPECT_TRUE(rowsBecome({ u"-00:00:05.500|Welcome|"_s }));
     EXPECT_TRUE(part<QTreeView>(u"importRows"_s).isColumnHidden(2)) << "no chapter has a link";
     EXPECT_EQ(remarks().size(), 1);
     part<QCheckBox>(u"importTemplates"_s).setChecked(true);
-    EXPECT_TRUE(remarks().isEmpty());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return remarks().isEmpty(); }, readingDeadlineMilliseconds));
     part<QRadioButton>(u"importReplace"_s).setChecked(true);
     part<QPushButton>(u"importNow"_s).click();
     EXPECT_EQ(titles(m_document), QStringList { u"Welcome"_s });
     EXPECT_FALSE(m_document->chapterManager().chapterAtIndex(0)->isEnabled());
     EXPECT_EQ(m_document->templateViewController().chapterManager().count(), 1);
+}
+
+TEST_F(ZLImportDisplayTest, WhatIsChosenRightBeforeTheImportCounts)
+{
+    paste(u"0:10 Welcome\n0:20 News\n"_s);
+    part<QDoubleSpinBox>(u"importShift"_s).setValue(5.0);
+    part<QPushButton>(u"importNow"_s).click();
+    EXPECT_EQ(m_document->chapterManager().chapterAtIndex(0)->timeStamp(), 15.0);
+    EXPECT_EQ(m_document->chapterManager().count(), 2);
 }
 
 TEST_F(ZLImportDisplayTest, OneShowOfAFeedIsChosen)
@@ -136,7 +153,7 @@ TEST_F(ZLImportDisplayTest, OneShowOfAFeedIsChosen)
     EXPECT_TRUE(items.isVisible());
     EXPECT_EQ(items.itemText(1), u"Two"_s);
     items.setCurrentIndex(1);
-    EXPECT_EQ(rows(), QStringList { u"00:00:02.000|b|"_s });
+    EXPECT_TRUE(rowsBecome({ u"00:00:02.000|b|"_s }));
     part<QPushButton>(u"importNow"_s).click();
     EXPECT_EQ(titles(m_document), QStringList { u"b"_s });
 

@@ -94,9 +94,9 @@ ZLImportPlan ZLImportSheet::takePlan()
     return plan;
 }
 
-ZLChapterImport::Way ZLImportSheet::way() const
+bool ZLImportSheet::replacesChapters() const
 {
-    return m_replace->isChecked() ? ZLChapterImport::Way::Replace : ZLChapterImport::Way::Add;
+    return m_replace->isChecked();
 }
 
 void ZLImportSheet::takeKeyboard()

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "document/ZLChapterImport.h"
 #include "import/ZLImportPlan.h"
 #include "platform/ZLDiskWork.h"
 
@@ -33,7 +32,7 @@ public:
     void setSource(const ZLImportSource& source, const ZLImportPlan& plan, const QString& name);
     /// What was chosen, after which the sheet shows nothing.
     [[nodiscard]] ZLImportPlan takePlan();
-    [[nodiscard]] ZLChapterImport::Way way() const;
+    [[nodiscard]] bool replacesChapters() const;
     void takeKeyboard();
 
 Q_SIGNALS:

@@ -153,7 +153,8 @@ void ZLImportDisplay::makeSheet()
 
 void ZLImportDisplay::carryOut()
 {
-    const auto outcome = ZLDocumentImport::carryOut(m_window.document(), m_sheet->takePlan(), m_sheet->way());
+    const auto way = m_sheet->replacesChapters() ? ZLChapterImport::Way::Replace : ZLChapterImport::Way::Add;
+    const auto outcome = ZLDocumentImport::carryOut(m_window.document(), m_sheet->takePlan(), way);
     close();
     m_window.statusLine().showPassingMessage(textFor(outcome));
 }

@@ -108,6 +108,19 @@ void ZLListeningData::add(ZLListeningSpan span)
     m_spans.push_back(std::move(span));
 }
 
+bool ZLListeningData::has(const ZLListeningSpan& span) const
+{
+    // The place of a span becomes known better while it goes on.
+    constexpr double samePlace = 0.5;
+    const auto isSame = [](std::uint32_t wanted, std::uint32_t own) {
+        return wanted == own || wanted == ZLSoundFingerprint::Nothing;
+    };
+    return std::ranges::any_of(m_spans, [&](const ZLListeningSpan& own) {
+        return std::abs(own.start - span.start) <= samePlace && own.frames.size() >= span.frames.size()
+            && std::equal(span.frames.begin(), span.frames.end(), own.frames.begin(), isSame);
+    });
+}
+
 void ZLListeningData::forgetFrom(double reading)
 {
     while (!m_spans.empty() && m_spans.back().end() > reading) {

@@ -45,6 +45,8 @@ public:
     /// Adds what was heard last. What earlier ones have at its start and later goes: the clock was set back since, or
     /// it is the same span once more. One that makes no sense is left out.
     void add(ZLListeningSpan span);
+    /// Whether all that was heard in `span` is here, at its place. A frame of it that says nothing may be any other.
+    [[nodiscard]] bool has(const ZLListeningSpan& span) const;
     /// The clock was put forward by `seconds`, as of `reading`: what was heard there and later was heard so much later.
     void insertTime(double reading, double seconds);
     /// Takes insertTime() back: what was heard `seconds` after `reading` and later was heard so much earlier.

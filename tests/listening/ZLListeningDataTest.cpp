@@ -41,6 +41,19 @@ QVariantMap storedSpan(const QVariant& start, const QVariant& interval, const QV
 
 }
 
+TEST(ZLListeningDataTest, HasWhatWasHeardThereAndNothingElse)
+{
+    const ZLListeningData data = dataOf({ countingSpan(0.0, 100), countingSpan(10.0, 100, 1000) });
+    EXPECT_TRUE(data.has(countingSpan(10.0, 100, 1000)));
+    EXPECT_TRUE(data.has(countingSpan(10.1, 40, 1000))) << "the beginning, whose place was not known well";
+    EXPECT_FALSE(data.has(countingSpan(10.0, 101, 1000))) << "more";
+    EXPECT_FALSE(data.has(countingSpan(11.0, 40, 1000))) << "elsewhere";
+    EXPECT_FALSE(data.has(countingSpan(10.0, 40, 1001))) << "something else";
+    ZLListeningSpan hole = countingSpan(10.0, 100, 1000);
+    hole.frames[7] = ZLSoundFingerprint::Nothing;
+    EXPECT_TRUE(data.has(hole));
+}
+
 TEST(ZLListeningDataTest, NothingThatWasHeardIsNothingStored)
 {
     EXPECT_FALSE(ZLListeningData().stored().isValid());

@@ -144,6 +144,12 @@ void ZLListeningJournal::addTo(ZLListeningData& data, const QString& path)
         if (!take(record, spans, formerFrames))
             break;
     }
+    ZLListeningData heard;
     for (ZLListeningSpan& span : spans)
-        data.add(std::move(span));
+        heard.add(std::move(span));
+    // A disk that was behind left less here than the document has.
+    for (const ZLListeningSpan& span : heard.spans()) {
+        if (!data.has(span))
+            data.add(span);
+    }
 }

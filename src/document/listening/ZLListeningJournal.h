@@ -28,8 +28,8 @@ public:
     /// Deletes the file at `path`, also what is still on its way there. The next note begins a new one.
     void remove(const QString& path);
 
-    /// Adds what is at `path` to `data`; nothing where there is no such file. A torn end, or whatever is no span, ends
-    /// it.
+    /// Adds what is at `path` to `data`, where that has not as much already; nothing where there is no such file. A
+    /// torn end, or whatever is no span, ends it.
     static void addTo(ZLListeningData& data, const QString& path);
 
 private:

@@ -51,10 +51,19 @@ protected:
     {
         return ZLListeningData::fromStored(m_document.extras().value(ZLListeningData::Key));
     }
-    [[nodiscard]] QByteArray fileBytes() const
+    [[nodiscard]] static QByteArray bytesOf(const QString& path)
     {
-        QFile file(m_path);
+        QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    [[nodiscard]] QByteArray fileBytes() const { return bytesOf(m_path); }
+    /// The path of a file with these bytes.
+    [[nodiscard]] QString written(const QByteArray& bytes) const
+    {
+        QFile file(m_folder.filePath(u"torn"_s));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(bytes);
+        return file.fileName();
     }
     /// What the next start finds when this process is killed now.
     [[nodiscard]] ZLListeningData afterKill() const
@@ -149,23 +158,33 @@ TEST_F(ZLDocumentListeningTest, AKillLosesASecondAtMost)
     EXPECT_LT(file.size(), 9 * (50 * 4 + 41) + 50);
 }
 
+TEST_F(ZLDocumentListeningTest, AJournalThatIsBehindTakesNothingFromTheDocument)
+{
+    for (int run = 0; run < 2; ++run) {
+        m_document.recordButtonPressed();
+        hear(3.0);
+        m_document.recordButtonPressed();
+    }
+    m_along.reset();
+    const QByteArray whole = bytesOf(m_saver->listeningPath());
+    ASSERT_GT(whole.size(), 6 * 50 * 4);
+    for (qsizetype size = 0; size <= whole.size(); ++size) {
+        ZLListeningData data = kept();
+        ZLListeningJournal::addTo(data, written(whole.first(size)));
+        ASSERT_EQ(data, kept()) << size;
+    }
+}
+
 TEST_F(ZLDocumentListeningTest, ATornEndCostsItsSecondAndNothingElse)
 {
     m_document.recordButtonPressed();
     hear(5.0);
     m_along.reset();
-    QFile file(m_saver->listeningPath());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray whole = file.readAll();
-    const QString torn = m_folder.filePath(u"torn"_s);
+    const QByteArray whole = bytesOf(m_saver->listeningPath());
     double former = 0.0;
     for (qsizetype size = 0; size <= whole.size(); ++size) {
-        QFile part(torn);
-        ASSERT_TRUE(part.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        part.write(whole.first(size));
-        part.close();
         ZLListeningData data;
-        ZLListeningJournal::addTo(data, torn);
+        ZLListeningJournal::addTo(data, written(whole.first(size)));
         const double end = data.isEmpty() ? 0.0 : data.spans().back().end();
         EXPECT_GE(end, former);
         former = end;

@@ -40,7 +40,7 @@ public:
 
 private:
     void receivePendingDatagrams();
-    [[nodiscard]] ZLPressStamp stampOfNextDatagram() const;
+    [[nodiscard]] ZLPressStamp stampOfNextDatagram();
     void handleDatagram(QByteArrayView datagram, const ZLOSCPeer& peer, ZLPressStamp stamp);
     void handleMessage(const ZLOSCReceivedMessage& received, qsizetype weight);
     /// Returns whether the message is one of those that are taken beside the queue.
@@ -53,6 +53,8 @@ private:
     std::function<void()> m_wake;
     ZLOSCConnectedNetworks m_networks;
     std::shared_ptr<const ZLHostClock> m_clock;
+    /// Of the datagram before, in seconds of the clock.
+    double m_lastPress = 0.0;
     Filter m_filter;
     Filter m_newestOnly;
     ZLOSCAccessPolicy m_policy;

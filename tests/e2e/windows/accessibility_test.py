@@ -232,6 +232,7 @@ class AccessibilityTest(DesktopTest):
             "While another program is in front, ask for the title in a notification"))
         self.press_item("Start Recording")
         OtherProgram()
+        wait_until(lambda: not self.accessible.is_active(self.frame), "the window to know that another one is in front")
         subprocess.run([PROGRAM, "send", "newChapter"], check=True, capture_output=True)
         wait_until(self.press_reply, "the notification")
         panel = self.window_titled("Chapter Title")

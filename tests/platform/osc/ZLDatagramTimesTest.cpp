@@ -3,7 +3,11 @@
 #include "LoopbackPeer.h"
 #include "ZLRecordedInput.h"
 
+#include <algorithm>
 #include <atomic>
+#include <memory>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +22,44 @@ struct SendingTime {
     double begin = 0.0;
     double end = 0.0;
 };
+
+/// Of a thread that is held up for seconds between some of its looks at the clock.
+class HeldUpClock final : public ZLHostClock {
+public:
+    explicit HeldUpClock(std::vector<double> readings)
+        : m_readings(std::move(readings))
+    {
+    }
+    double now() const override { return m_readings.at(std::min(m_next++, m_readings.size() - 1)); }
+
+private:
+    const std::vector<double> m_readings;
+    mutable std::atomic<std::size_t> m_next = 0;
+};
+
+/// The times of messages that all wait when the input begins to look.
+std::vector<double> timesByClock(std::vector<double> readings, int count)
+{
+    ZLOSCInPort port(u"Input"_s, nullptr, &ZLOSCConnectedNetworks::ofThisComputer,
+        std::make_shared<HeldUpClock>(std::move(readings)));
+    EXPECT_TRUE(port.bind(ZLOSCPortRange::exactly(0)).isOk());
+    std::atomic<bool> mayGoOn = false;
+    port.setFilter([&](const ZLOSCMessage& message) {
+        return message.address() != "/hold"_L1 || waitWithoutEvents([&] { return mayGoOn.load(); });
+    });
+    std::vector<double> times;
+    QObject::connect(&port, &ZLOSCInPort::messageReceived, &port, [&](const ZLOSCReceivedMessage& received) {
+        if (received.message.address() != "/hold"_L1)
+            times.push_back(received.stamp->hostTime());
+    });
+    LoopbackPeer peer;
+    EXPECT_TRUE(peer.send(encoded(u"/hold"_s, { 1.0F }), port.port()));
+    for (int number = 0; number < count; ++number)
+        EXPECT_TRUE(peer.send(encoded(u"/zl/newChapter"_s, { 1.0F }), port.port()));
+    mayGoOn = true;
+    EXPECT_TRUE(waitUntil([&] { return times.size() == std::size_t(count); }));
+    return times;
+}
 
 SendingTime sendTimed(LoopbackPeer& peer, const QByteArray& datagram, quint16 port)
 {
@@ -86,6 +128,21 @@ TEST(ZLDatagramTimes, AllMessagesOfABundleHaveTheTimeOfTheirDatagramAndNotThatOf
     ASSERT_TRUE(waitUntil([&] { return input.messages.size() == 2; }));
     expectStamp(input.messages.at(0), sent);
     EXPECT_EQ(input.messages.at(0).stamp, input.messages.at(1).stamp);
+}
+
+TEST(ZLDatagramTimes, WhoIsHeldUpWhileTheClocksAreReadReadsThemOnceMore)
+{
+    // The first datagram is one that the others wait behind.
+    const auto times = timesByClock({ 100.0, 100.0, 101.0, 102.0, 102.0 }, 1);
+    EXPECT_LE(times.at(0), 102.0);
+    EXPECT_GT(times.at(0), 101.5) << "the age was measured when the clock was read last";
+}
+
+TEST(ZLDatagramTimes, DatagramsKeepTheirOrderWhereClocksDifferALittle)
+{
+    const auto times = timesByClock({ 100.0, 100.0, 101.0, 101.0, 100.9997, 100.9997 }, 2);
+    EXPECT_GE(times.at(1), times.at(0));
+    EXPECT_NEAR(times.at(1), times.at(0), 0.1);
 }
 
 TEST(ZLDatagramTimes, WithoutADatagramThereIsNoTime)

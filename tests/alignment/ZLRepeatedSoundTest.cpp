@@ -133,6 +133,15 @@ TEST(ZLRepeatedSoundTest, WhicheverOfThemIsTakenTheOtherOneIsFound)
     EXPECT_EQ(second.pieces.front().endRepeats, 0.0);
 }
 
+TEST(ZLRepeatedSoundTest, AWordThatIsSaidTwiceRaisesNoDoubt)
+{
+    const Frames word = show(5, 0.6);
+    std::vector<ZLSoundPiece> pieces { { 0.0, 0.0, 60.6, 1.0, 0.25 }, { 141.2, 60.6, 60.0, 1.0, 0.25 } };
+    ZLRepeatedEnds::find(
+        pieces, inOrder({ welcome, word, talk, word, farewell }), inOrder({ welcome, word, farewell }));
+    EXPECT_EQ(pieces.front().endRepeats, 0.0);
+}
+
 TEST(ZLRepeatedSoundTest, WhatIsRepeatedAtABeginningIsAsUnsureAsAtAnEnd)
 {
     ZLSoundAlignment second = secondIsKept();

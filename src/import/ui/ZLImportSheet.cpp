@@ -211,8 +211,8 @@ void ZLImportSheet::update()
 
 void ZLImportSheet::showPlan(const ZLImportPlan& plan)
 {
-    ZLLateRelease::of(std::exchange(m_plan, plan).chapters);
     m_model->setChapters(plan.chapters);
+    ZLLateRelease::of(std::exchange(m_plan, plan).chapters);
     m_rows->setColumnHidden(ZLImportRowsModel::LinkColumn, !m_model->hasLinks());
     m_heading->setText(heading());
     m_import->setEnabled(!plan.chapters.isEmpty() || !plan.templates.isEmpty());

@@ -30,7 +30,7 @@ public:
 
     /// Shows another import with the usual choices, of which `plan` is made; `name` is where it comes from.
     void setSource(const ZLImportSource& source, const ZLImportPlan& plan, const QString& name);
-    /// What was chosen, after which the sheet shows nothing.
+    /// What was chosen last. Its chapters go to a document, so the sheet shows none afterwards.
     [[nodiscard]] ZLImportPlan takePlan();
     [[nodiscard]] bool replacesChapters() const;
     void takeKeyboard();

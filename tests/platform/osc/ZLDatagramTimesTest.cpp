@@ -50,10 +50,10 @@ private:
 std::vector<double> timesByClock(std::vector<double> readings, int count)
 {
     const auto clock = std::make_shared<HeldUpClock>(std::move(readings));
-    ZLOSCInPort port(u"Input"_s, nullptr, &ZLOSCConnectedNetworks::ofThisComputer, clock);
-    EXPECT_TRUE(port.bind(ZLOSCPortRange::exactly(0)).isOk());
     std::atomic<bool> isHeld = false;
     std::atomic<bool> mayGoOn = false;
+    ZLOSCInPort port(u"Input"_s, nullptr, &ZLOSCConnectedNetworks::ofThisComputer, clock);
+    EXPECT_TRUE(port.bind(ZLOSCPortRange::exactly(0)).isOk());
     port.setFilter([&](const ZLOSCMessage& message) {
         isHeld = true;
         return message.address() != "/hold"_L1 || waitWithoutEvents([&] { return mayGoOn.load(); });

@@ -37,6 +37,11 @@ def run(*command, **options):
     return subprocess.run([str(part) for part in command], check=True, capture_output=True, **options).stdout
 
 
+def sox(*words, **options):
+    """The same each time: by itself SoX rounds by chance."""
+    return run("sox", "-R", *words, **options)
+
+
 def seconds(samples):
     return samples / RATE
 
@@ -58,12 +63,12 @@ class Track:
 
 def read_samples(path, *effects):
     data = array.array("h")
-    data.frombytes(run("sox", path, "-t", "raw", "-r", RATE, "-c", 1, "-e", "signed", "-b", 16, "-", *effects))
+    data.frombytes(sox(path, "-t", "raw", "-r", RATE, "-c", 1, "-e", "signed", "-b", 16, "-", *effects))
     return data
 
 
 def write_samples(samples, path):
-    run("sox", "-t", "raw", "-r", RATE, "-c", 1, "-e", "signed", "-b", 16, "-", path, input=samples.tobytes())
+    sox("-t", "raw", "-r", RATE, "-c", 1, "-e", "signed", "-b", 16, "-", path, input=samples.tobytes())
 
 
 class Speaker:
@@ -88,7 +93,7 @@ def plucked_strings(notes, length, gain):
     words = [word for note in notes for word in ("pluck", f"{110.0 * 2.0 ** (note / 12.0):.2f}")]
     mixed = ["remix", "-"] if len(notes) > 1 else []
     samples = array.array("h")
-    samples.frombytes(run("sox", "-R", "-n", "-r", RATE, "-c", len(notes), "-b", 16, "-e", "signed", "-t", "raw", "-",
+    samples.frombytes(sox("-n", "-r", RATE, "-c", len(notes), "-b", 16, "-e", "signed", "-t", "raw", "-",
                           "synth", length, *words, *mixed, "gain", gain))
     return samples
 
@@ -120,11 +125,11 @@ def band(seed, length):
         paths = [Path(name) / f"layer{number}.wav" for number in range(4)]
         for layer, path in zip(layers, paths):
             write_samples(layer, path)
-        run("sox", "-R", "-n", "-r", RATE, "-b", 16, paths[3], "synth", beat, "whitenoise", "fade", "l", 0, 0.08, 0.07,
+        sox("-n", "-r", RATE, "-b", 16, paths[3], "synth", beat, "whitenoise", "fade", "l", 0, 0.08, 0.07,
             "pad", 0, beat - 0.08, "repeat", int(length / beat) + 1, "trim", 0, length)
         mix = [word for path, level in zip(paths, (0.5, 0.5, 0.5, 0.15)) for word in ("-v", level, path)]
         mixed = Path(name) / "band.wav"
-        run("sox", "-m", *mix, mixed, "trim", 0, length, "gain", "-n", "-9", "fade", "l", 0, length, 1.0)
+        sox("-m", *mix, mixed, "trim", 0, length, "gain", "-n", "-9", "fade", "l", 0, length, 1.0)
         return read_samples(mixed)
 
 
@@ -168,7 +173,7 @@ class Show:
         mix = []
         for level, path in zip(levels, paths):
             mix += ["-v", f"{level:.3f}", path]
-        run("sox", "-m", *mix, target, "trim", 0, length)
+        sox("-m", *mix, target, "trim", 0, length)
         return read_samples(target)
 
     def voice_track(self, speaker, voices, length, pauses):
@@ -270,7 +275,7 @@ class Edit:
                 return "kept", place + sample - begin
         if index + 1 < len(self.kept):
             return "cut", self.kept[index + 1][1]
-        return "cut", len(self.finished)
+        return "cut", len(self.channels[0])
 
 
 def choose_cuts(chance, show, options, speaker):
@@ -309,19 +314,19 @@ def hear(show, options, folder):
     effects = ["pad", options.lead, options.lag]
     if options.echo:
         effects += ["reverb", options.echo]
-    run("sox", show.path, "-r", 44100, room, *effects, "lowpass", options.lowpass)
+    sox(show.path, "-r", 44100, room, *effects, "lowpass", options.lowpass)
     # The clock changes its speed in the middle.
     middle = float(run("soxi", "-D", room)) / 2.0
     speeds = [1.0 + options.drift * 1e-6, 1.0 + (options.drift + options.drift_jump) * 1e-6]
     halves = [folder / "before.wav", folder / "after.wav"]
     for speed, half, part in zip(speeds, halves, (["0", f"{middle:.6f}"], [f"{middle:.6f}"])):
-        run("sox", room, half, "trim", *part, "speed", f"{speed:.9f}", "rate")
+        sox(room, half, "trim", *part, "speed", f"{speed:.9f}", "rate")
     clock = folder / "clock.wav"
-    run("sox", *halves, clock)
+    sox(*halves, clock)
     noise = folder / "noise.wav"
-    run("sox", "-R", "-n", "-r", 44100, "-c", 1, noise, "synth", float(run("soxi", "-D", clock)), "pinknoise", "vol", 0.5)
+    sox("-n", "-r", 44100, "-c", 1, noise, "synth", float(run("soxi", "-D", clock)), "pinknoise", "vol", 0.5)
     wanted = level_of(clock) / 10.0 ** (options.noise / 20.0)
-    run("sox", "-m", "-v", 1, clock, "-v", f"{wanted / level_of(noise):.6f}", noise, folder / "heard.wav")
+    sox("-m", "-v", 1, clock, "-v", f"{wanted / level_of(noise):.6f}", noise, folder / "heard.wav")
 
     def place_of(sample):
         place = seconds(sample) + options.lead
@@ -335,7 +340,7 @@ def deliver(edit, options, folder):
     for channel, path in zip(edit.channels, sides):
         write_samples(channel, path)
     mixed = folder / "mixed.wav"
-    run("sox", *(["-M"] if len(sides) > 1 else []), *sides, "-r", 44100, mixed, "compand", "0.05,0.3", "6:-70,-60,-20",
+    sox(*(["-M"] if len(sides) > 1 else []), *sides, "-r", 44100, mixed, "compand", "0.05,0.3", "6:-70,-60,-20",
         "-4", "-90", "0.1", "equalizer", 150, "1q", -5, "equalizer", 2500, "0.8q", 5, "treble", "+3", "gain", "-n", "-1")
     finished = folder / f"finished.{options.form}"
     bits = f"{options.kilobits}k"

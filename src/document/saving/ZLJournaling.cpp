@@ -29,13 +29,15 @@ void ZLJournaling::note()
 {
     if (!isWanted() || !isDue())
         return;
-    // A disk that does not answer is not asked anything else either.
-    const bool isHeld = m_place.recoveryFile() && (m_journal.isLagging() || m_place.recoveryFile()->isStillHeld());
+    // A disk that does not answer, or has not yet, is not asked anything else either.
+    const bool isBusy = m_journal.isLagging() || m_journal.isHandingOver();
+    const bool isHeld = m_place.recoveryFile() && (isBusy || m_place.recoveryFile()->isStillHeld());
     if (!m_journal.isBegun() || !isHeld)
         begin();
     else
         m_journal.note();
-    followDiskWatch();
+    // Whether a long list could be written is known when it is.
+    m_journal.whenHandedOver([this] { followDiskWatch(); });
     m_diskWatch.begin();
 }
 

@@ -31,7 +31,8 @@ public:
 
     /// The document as it is now, in bytes that are there already. To be called while no journal is begun.
     void setBase(const QByteArray& bytes) { m_journal.setBase(bytes); }
-    /// Journals what changed, and waits until the kernel has it. An untitled document without content has no journal.
+    /// Journals what changed, and waits until the kernel has it, unless that is a long list. An untitled document
+    /// without content has no journal.
     void note();
     /// Makes the call when a kill cannot take back any more what was noted: at once, or behind a long list.
     void whenHandedOver(std::function<void()> call) { m_journal.whenHandedOver(std::move(call)); }

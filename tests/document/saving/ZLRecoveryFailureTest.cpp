@@ -1,7 +1,9 @@
 #include "SavingFixture.h"
 
+#include "document/ZLChapterImport.h"
 #include "support/ZLFullDisk.h"
 
+#include <QDeadlineTimer>
 #include <QThread>
 
 using namespace Qt::StringLiterals;
@@ -60,6 +62,23 @@ TEST_F(ZLRecoveryFailureTest, AFolderThatIsFullFromTheStartIsTold)
     retryUntilItWorks(*saver);
     EXPECT_EQ(saver->recoveryFailureText(), QString());
     EXPECT_EQ(journaledTitles(), QStringList { u"One"_s });
+}
+
+TEST_F(ZLRecoveryFailureTest, AFolderThatIsFullIsToldOfALongDocumentToo)
+{
+    ZLChapterImport::importChapters(document, QList<ZLListedChapter>(500), ZLChapterImport::Way::Add);
+    const auto saver = titledSaver(filePath("show.zelta"));
+    {
+        const ZLFullDisk disk(100);
+        addChapter("One");
+        const QDeadlineTimer patience(std::chrono::minutes(1));
+        while (saver->recoveryFailureText().isEmpty() && !patience.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        EXPECT_EQ(saver->recoveryFailureText(), recoveryFolder.path() + u": File too large"_s);
+    }
+    retryUntilItWorks(*saver);
+    EXPECT_EQ(saver->recoveryFailureText(), QString());
+    EXPECT_EQ(journaledTitles().size(), 501);
 }
 
 TEST_F(ZLRecoveryFailureTest, AFolderThatIsGoneAndCannotBeMadeIsToldUntilItCan)

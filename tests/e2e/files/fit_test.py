@@ -137,6 +137,15 @@ class FitTest(unittest.TestCase):
             self.assertEqual(chapter["state"], unmoved["state"])
             self.assertAlmostEqual(chapter["newTime"], unmoved["newTime"], delta=0.002)
 
+    def test_a_seed_makes_the_same_show_each_time(self):
+        made = []
+        for name in ("once", "again"):
+            _, heard, finished, truth = self.simulate(
+                name, "--minutes", 0.3, "--seed", 3, "--cuts", 2, "--intro", 0, "--echo", 80, "--jingle", 4,
+                "--jingle-alone", 2, "--channels", 2)
+            made.append((heard.read_bytes(), finished.read_bytes(), truth))
+        self.assertTrue(made[0] == made[1])
+
     def test_the_zero_of_the_clock_may_lie_within_the_recording(self):
         marks, heard, finished, truth = self.shows["cuts"]
         later = self.folder / "later.zelta"
@@ -150,10 +159,10 @@ class FitTest(unittest.TestCase):
         marks, heard, _, _ = self.shows["cuts"]
         hours = self.wave("ten_hours.wav", 10 * 3600 * 8000)
         tone = self.folder / "tone.wav"
-        show_simulator.run("sox", "-n", "-r", 8000, tone, "synth", 600, "sine", 1000)
+        show_simulator.sox("-n", "-r", 8000, tone, "synth", 600, "sine", 1000)
         claims = self.wave("claims.wav", 0xFFFFFFF0 // 2, b"\1\2" * 8000, cut=True)
         torn = self.folder / "torn.flac"
-        show_simulator.run("sox", heard, torn)
+        show_simulator.sox(heard, torn)
         torn.write_bytes(torn.read_bytes()[:3000])
         numbers = self.folder / "numbers.wav"
         numbers.write_bytes(b"RIFF" + struct.pack("<I", 0xFFFFFFFF) + b"WAVEfmt " + struct.pack(

@@ -179,5 +179,7 @@ ZLDocumentJournal::Length ZLDocumentJournal::beginFile(const ZLKnownVersions& ve
     else
         m_file->begin(
             [addAll, snapshot = m_document.snapshot()] { return addAll({ Kind::Snapshot, snapshot.encoded() }); });
-    return change.isLong() ? Length::Long : Length::Short;
+    const qsizetype count =
+        m_document.chapterManager().count() + m_document.templateViewController().chapterManager().count();
+    return change.isLong() || count > ZLJournalDifference::MostChaptersWaitedFor ? Length::Long : Length::Short;
 }

@@ -35,12 +35,14 @@ public:
     [[nodiscard]] QString failureText() const { return m_file ? m_file->failureText() : QString(); }
     /// Whether a wait for the hand-over of changes has run out, and they are not handed over yet.
     [[nodiscard]] bool isLagging() const { return m_file && m_file->isLagging(); }
+    /// Whether a record is being handed over that takes its time.
+    [[nodiscard]] bool isHandingOver() const { return m_longHandOver.isUnderWay(); }
     [[nodiscard]] ZLProgress progress() const { return m_file ? m_file->progress() : ZLProgress(); }
     /// The document as it is now, in bytes that are there already: a journal that is begun after the next change starts
     /// from them. To be called while no file is begun.
     void setBase(const QByteArray& bytes);
     /// Begins the journal at `journalPath`. `filePath` is the user's file, empty for none, and `versions` what that may
-    /// hold.
+    /// hold. Waits until the kernel has it, unless the document is long.
     void begin(const QString& journalPath, const QString& filePath, const ZLKnownVersions& versions);
     /// Begins it anew, from a new snapshot, when it is broken or has outgrown the last one several times.
     void tidy(const ZLKnownVersions& versions);
@@ -77,7 +79,7 @@ private:
     void append(const ZLJournalDifference& change, ZLJournalFile::Sync sync);
     /// What differs from the last call; absent for nothing.
     [[nodiscard]] std::optional<ZLJournalDifference> takeDifference();
-    /// Returns how long the change is with which it begins.
+    /// Returns how long that is with which it begins.
     [[nodiscard]] Length beginFile(const ZLKnownVersions& versions);
     /// For a record of that length: on the spot, or beside for one that takes its time.
     void waitForHandOver(Length length);

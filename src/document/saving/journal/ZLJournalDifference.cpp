@@ -2,8 +2,6 @@
 
 namespace {
 
-constexpr qsizetype mostChaptersOfShortDifference = 200;
-
 qsizetype countIn(const std::optional<ZLChapterListDifference>& difference)
 {
     return difference ? difference->inserted.size() : 0;
@@ -26,7 +24,7 @@ ZLJournalSplice ZLChapterListDifference::asSplice() const
 bool ZLJournalDifference::isLong() const
 {
     const qsizetype notes = extras ? extras->notesOfChapters.size() : 0;
-    return countIn(chapters) + countIn(templates) + notes > mostChaptersOfShortDifference;
+    return countIn(chapters) + countIn(templates) + notes > MostChaptersWaitedFor;
 }
 
 QByteArray ZLJournalDifference::encoded() const

@@ -23,6 +23,9 @@ struct ZLJournalDifference {
     qint64 number = 0;
     std::optional<ZLInterruptedRecording> running {};
 
+    /// A command does not wait for the bytes of more chapters.
+    static constexpr qsizetype MostChaptersWaitedFor = 200;
+
     /// Whether so many chapters differ at once that a command does not wait for the bytes.
     [[nodiscard]] bool isLong() const;
     /// The record that says it.

@@ -20,15 +20,23 @@ protected:
         return status.st_mode & 07777;
     }
 
-    /// A document whose first chapter is in the journal. The next record hangs until `disk` is released.
-    std::unique_ptr<ZLDocumentSaver> saverWithJournalThatHangs(std::chrono::milliseconds longestHandOver)
+    /// To be called before a saver is made. The next record hangs until `disk` is released.
+    void hangAtNextRecord(std::chrono::milliseconds longestHandOver)
     {
+        isHanging = true;
         machinery.journalDisk.longestHandOver = longestHandOver;
         machinery.journalDisk.write = [this](int descriptor, const void* bytes, size_t count) {
             if (isHanging.exchange(false))
                 disk.acquire();
             return ::write(descriptor, bytes, count);
         };
+    }
+
+    /// A document whose first chapter is in the journal. The next record hangs until `disk` is released.
+    std::unique_ptr<ZLDocumentSaver> saverWithJournalThatHangs(std::chrono::milliseconds longestHandOver)
+    {
+        hangAtNextRecord(longestHandOver);
+        isHanging = false;
         auto saver = titledSaver(filePath("show.zelta"));
         addChapter("One");
         EXPECT_TRUE(saver->saveNow()) << "which ends when the journal has everything";
@@ -146,6 +154,27 @@ TEST_F(ZLDocumentJournalTest, ALongChangeHoldsNobodyUpAndIsToldWhenAKillCannotTa
     addChapter("Later");
     saver->whenHandedOver([&told] { told.append(u"at once"_s); });
     EXPECT_EQ(told.size(), 3);
+}
+
+TEST_F(ZLDocumentJournalTest, TheJournalOfALongDocumentBeginsWithoutHoldingAnybodyUp)
+{
+    hangAtNextRecord(std::chrono::minutes(1));
+    ZLChapterImport::importChapters(document, QList<ZLListedChapter>(500), ZLChapterImport::Way::Add);
+    const auto saver = titledSaver(filePath("show.zelta"));
+    bool isTold = false;
+    // Were one of these to wait for the disk, the test would stand here for a minute.
+    addChapter("First");
+    addChapter("Second");
+    saver->whenHandedOver([&] {
+        isTold = true;
+        EXPECT_EQ(journaledTitles().size(), 502);
+    });
+    EXPECT_FALSE(isTold);
+    disk.release();
+    const QDeadlineTimer patience(std::chrono::minutes(1));
+    while (!isTold && !patience.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_TRUE(isTold);
 }
 
 TEST_F(ZLDocumentJournalTest, ADocumentThatClosesTellsWhatWaitsBehindALongChange)

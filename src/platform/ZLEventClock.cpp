@@ -7,14 +7,16 @@ namespace {
 
 constexpr double roundOfEventTimes = 4294967296.0;
 
+/// In milliseconds: times are cut to whole ones.
+constexpr double resolution = 1.0;
+
 /// The shortest way from one time to another on a clock that begins anew.
 double differenceOfEventTimes(double later, double earlier)
 {
     return std::remainder(later - earlier, roundOfEventTimes);
 }
 
-/// Whether an event of the host clock may have this lag, in milliseconds. Times are cut to whole milliseconds, which
-/// makes no lag negative.
+/// Whether an event of the host clock may have this lag, in milliseconds. Times are cut, which makes no lag negative.
 bool isLagOnHostClock(double lag)
 {
     return lag >= 0.0 && lag <= ZLPressStamp::LongestAge * 1000.0;
@@ -28,12 +30,12 @@ ZLPressStamp ZLEventClock::stampOf(quint32 milliseconds, double arrival)
     noteLag(lag, arrival);
     const double smallest = *m_firstLag + std::min(m_smallestLag, m_formerSmallestLag);
     const double delay = isLagOnHostClock(smallest) ? lag : differenceOfEventTimes(lag, smallest);
-    return { arrival - delay / 1000.0, arrival };
+    return { arrival - std::max(delay - resolution, 0.0) / 1000.0, arrival };
 }
 
 ZLPressStamp ZLEventClock::stampOnHostClock(quint64 milliseconds, double arrival)
 {
-    return { double(milliseconds) / 1000.0, arrival };
+    return { std::min((double(milliseconds) + resolution) / 1000.0, arrival), arrival };
 }
 
 void ZLEventClock::noteLag(double lag, double arrival)

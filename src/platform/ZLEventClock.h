@@ -10,7 +10,8 @@
 /// Finds out when an event happened that comes with the time of a clock elsewhere, in milliseconds that begin anew
 /// after 2^32: so an X server and a compositor stamp what a person presses. On the same computer that clock is, as a
 /// rule, the one that the host clock is made of. Otherwise the event that came through fastest tells how far both lie
-/// apart.
+/// apart. Such a time is cut to whole milliseconds. An event that arrives within its millisecond counts as its arrival,
+/// and every other one as the end of its millisecond.
 class ZLEventClock {
 public:
     /// Seconds for which the fastest event is believed, at least: two clocks drift apart.

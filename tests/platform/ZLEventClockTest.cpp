@@ -4,7 +4,8 @@
 
 namespace {
 
-constexpr double wholeMilliseconds = 0.001;
+/// In seconds, and a little more than one, since an event may count as the end of its millisecond.
+constexpr double aMillisecond = 0.00101;
 
 /// What a clock elsewhere that is `ahead` seconds ahead of the host clock reads.
 quint32 readingElsewhere(double hostTime, double ahead = 0.0)
@@ -17,25 +18,39 @@ quint32 readingElsewhere(double hostTime, double ahead = 0.0)
 TEST(ZLEventClock, OnTheSameClockEvenTheFirstEventIsStampedByItsOwnTime)
 {
     ZLEventClock clock;
-    EXPECT_NEAR(clock.stampOf(readingElsewhere(5000.0), 5000.4).hostTime(), 5000.0, wholeMilliseconds);
-    EXPECT_NEAR(clock.stampOf(readingElsewhere(5001.0), 5001.0005).hostTime(), 5001.0, wholeMilliseconds);
-    EXPECT_NEAR(clock.stampOf(readingElsewhere(5002.0), 5003.5).hostTime(), 5002.0, wholeMilliseconds);
+    EXPECT_NEAR(clock.stampOf(readingElsewhere(5000.0), 5000.4).hostTime(), 5000.0, aMillisecond);
+    EXPECT_NEAR(clock.stampOf(readingElsewhere(5001.0), 5001.0005).hostTime(), 5001.0, aMillisecond);
+    EXPECT_NEAR(clock.stampOf(readingElsewhere(5002.0), 5003.5).hostTime(), 5002.0, aMillisecond);
+}
+
+TEST(ZLEventClock, WithinItsMillisecondTheArrivalTellsMore)
+{
+    constexpr double tiny = 1e-6;
+    for (const double ahead : { 0.0, 777777.0 }) {
+        ZLEventClock clock;
+        EXPECT_NEAR(clock.stampOf(readingElsewhere(5000.0, ahead), 5000.0).hostTime(), 5000.0, tiny);
+        EXPECT_NEAR(clock.stampOf(readingElsewhere(5001.0007, ahead), 5001.0009).hostTime(), 5001.0009, tiny);
+        EXPECT_NEAR(clock.stampOf(readingElsewhere(5002.0007, ahead), 5002.0042).hostTime(), 5002.001, tiny)
+            << "it was read late";
+    }
+    EXPECT_NEAR(ZLEventClock::stampOnHostClock(5000250, 5000.2504).hostTime(), 5000.2504, tiny);
+    EXPECT_NEAR(ZLEventClock::stampOnHostClock(5000250, 5000.3).hostTime(), 5000.251, tiny);
 }
 
 TEST(ZLEventClock, ATimeOfTheSameClockThatLiesTooFarBackCountsAsItsArrival)
 {
     ZLEventClock clock;
     EXPECT_EQ(clock.stampOf(readingElsewhere(5000.0), 5002.5).hostTime(), 5002.5);
-    EXPECT_NEAR(clock.stampOf(readingElsewhere(5003.0), 5003.2).hostTime(), 5003.0, wholeMilliseconds);
+    EXPECT_NEAR(clock.stampOf(readingElsewhere(5003.0), 5003.2).hostTime(), 5003.0, aMillisecond);
 }
 
 TEST(ZLEventClock, OnAnotherClockTheFastestEventTellsTheDistance)
 {
     ZLEventClock clock;
-    EXPECT_NEAR(clock.stampOf(readingElsewhere(100.0, 777777.0), 100.5).hostTime(), 100.5, wholeMilliseconds)
+    EXPECT_NEAR(clock.stampOf(readingElsewhere(100.0, 777777.0), 100.5).hostTime(), 100.5, aMillisecond)
         << "nothing is known yet";
-    EXPECT_NEAR(clock.stampOf(readingElsewhere(101.0, 777777.0), 101.002).hostTime(), 101.002, wholeMilliseconds);
-    EXPECT_NEAR(clock.stampOf(readingElsewhere(102.0, 777777.0), 102.3).hostTime(), 102.002, wholeMilliseconds)
+    EXPECT_NEAR(clock.stampOf(readingElsewhere(101.0, 777777.0), 101.002).hostTime(), 101.002, aMillisecond);
+    EXPECT_NEAR(clock.stampOf(readingElsewhere(102.0, 777777.0), 102.3).hostTime(), 102.002, aMillisecond)
         << "the fastest needed 2 ms";
 }
 
@@ -43,11 +58,11 @@ TEST(ZLEventClock, BothClocksMayBeginAnew)
 {
     constexpr double round = 4294967.296;
     ZLEventClock clock;
-    EXPECT_NEAR(clock.stampOf(readingElsewhere(round - 1.0), round - 0.9).hostTime(), round - 1.0, wholeMilliseconds);
-    EXPECT_NEAR(clock.stampOf(readingElsewhere(round + 1.0), round + 1.1).hostTime(), round + 1.0, wholeMilliseconds);
+    EXPECT_NEAR(clock.stampOf(readingElsewhere(round - 1.0), round - 0.9).hostTime(), round - 1.0, aMillisecond);
+    EXPECT_NEAR(clock.stampOf(readingElsewhere(round + 1.0), round + 1.1).hostTime(), round + 1.0, aMillisecond);
     ZLEventClock other;
-    EXPECT_NEAR(other.stampOf(quint32(-1000), 100.0).hostTime(), 100.0, wholeMilliseconds);
-    EXPECT_NEAR(other.stampOf(quint32(1000), 102.7).hostTime(), 102.0, wholeMilliseconds);
+    EXPECT_NEAR(other.stampOf(quint32(-1000), 100.0).hostTime(), 100.0, aMillisecond);
+    EXPECT_NEAR(other.stampOf(quint32(1000), 102.7).hostTime(), 102.0, aMillisecond);
 }
 
 TEST(ZLEventClock, AClockThatFallsBehindIsFollowedAfterAWhile)
@@ -68,7 +83,7 @@ TEST(ZLEventClock, AClockThatFallsBehindIsFollowedAfterAWhile)
 
 TEST(ZLEventClock, ATimeOfAnyClockIsBelievedOnlyWhenItIsThatOfTheHostClock)
 {
-    EXPECT_NEAR(ZLEventClock::stampOnHostClock(5000250, 5000.5).hostTime(), 5000.25, wholeMilliseconds);
+    EXPECT_NEAR(ZLEventClock::stampOnHostClock(5000250, 5000.5).hostTime(), 5000.25, aMillisecond);
     EXPECT_EQ(ZLEventClock::stampOnHostClock(5000, 5000.5).hostTime(), 5000.5) << "seconds";
     EXPECT_EQ(ZLEventClock::stampOnHostClock(1'700'000'000'000, 5000.5).hostTime(), 5000.5) << "a wall clock";
     EXPECT_EQ(ZLEventClock::stampOnHostClock(0, 5000.5).hostTime(), 5000.5) << "none";

@@ -69,7 +69,7 @@ class Ecasound(OurRecorder):
                                      f"-o:{self.path}", "-c", stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
                                      stderr=subprocess.DEVNULL, text=True)
         self.tell("cs-connect", "engine-launch")
-        wait_until(lambda: "recorder:in" in ports(), "the recorder")
+        wait_until(lambda: "recorder:in_1" in ports(), "the recorder")
 
     def tell(self, *commands):
         self.process.stdin.write("".join(f"{command}\n" for command in commands))

@@ -19,6 +19,8 @@ class Keyboard:
     """Keys and buttons of an X server, pressed in this process, so that the moment is known well."""
 
     def __init__(self):
+        # Seconds until the server answered the last key: it had stamped that by then.
+        self.answer_time = 0.0
         self.x11 = ctypes.CDLL(ctypes.util.find_library("X11"))
         self.xtst = ctypes.CDLL(ctypes.util.find_library("Xtst"))
         self.x11.XOpenDisplay.restype = ctypes.c_void_p
@@ -46,6 +48,7 @@ class Keyboard:
         self.xtst.XTestFakeKeyEvent(self.display, code, 0, 0)
         # A press in the millisecond of the last release would count as the repeat of a held key.
         self.x11.XSync(self.display, 0)
+        self.answer_time = now() - moment
         return moment
 
     def click(self, held=0.0):

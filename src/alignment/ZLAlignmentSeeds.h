@@ -12,6 +12,8 @@ struct ZLAlignmentSeed {
     std::int64_t fileFrame = 0;
     float differingShare = 1.0F;
 
+    bool operator==(const ZLAlignmentSeed&) const = default;
+
     /// How far the file is behind the show there.
     [[nodiscard]] std::int64_t shift() const { return fileFrame - showFrame; }
 };

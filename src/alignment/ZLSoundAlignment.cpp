@@ -86,6 +86,8 @@ std::vector<ZLSoundPiece> piecesOutOfOrder(
 {
     const auto runs = ZLAnchors::anywhere(stretchesBetween(pieces, std::int64_t(file.size())), show, file, progress);
     auto seeds = ZLAlignmentSeeds::in(runs, show, file);
+    // A run beside a piece goes on in that piece.
+    std::erase_if(seeds, [&](const ZLAlignmentSeed& seed) { return liesIn(seed, pieces); });
     std::vector<ZLSoundPiece> moved;
     for (int count = 0; count < mostMovedPieces && !progress.isCancelled(); ++count) {
         const ZLSeedChain chain = ZLSeedChain::best(seeds);
@@ -95,12 +97,14 @@ std::vector<ZLSoundPiece> piecesOutOfOrder(
         std::erase_if(found, [&](const ZLSoundPiece& each) {
             return std::ranges::any_of(pieces, [&](const ZLSoundPiece& piece) { return shareSound(each, piece); });
         });
-        if (found.empty())
-            break;
         moved.insert(moved.end(), found.begin(), found.end());
-        std::erase_if(seeds, [&](const ZLAlignmentSeed& seed) { return liesIn(seed, moved); });
+        // Also those of which no piece was made: what is behind them may be one.
+        std::erase_if(seeds, [&](const ZLAlignmentSeed& seed) {
+            return liesIn(seed, moved) || std::ranges::find(chain.seeds, seed) != chain.seeds.end();
+        });
     }
-    return moved;
+    std::ranges::sort(moved, {}, &ZLSoundPiece::fileStart);
+    return joinedOverPauses(moved);
 }
 
 }

@@ -98,6 +98,24 @@ TEST(ZLSoundAlignmentTest, ATeaserInFrontIsNamedAndLeavesTheOrderAlone)
     EXPECT_NEAR(alignment.movedPieces[0].fileTimeOf(150.0), 0.0, 0.02);
 }
 
+TEST(ZLSoundAlignmentTest, ATeaserIsNamedAlsoWhereAPieceEndsInNoise)
+{
+    // Half recognised, the end of the first piece is looked for again with what no piece has.
+    for (unsigned seed = 1; seed <= 10; ++seed) {
+        const Frames all = show(seed, 240.0);
+        Frames file = part(all, 150.0, 165.0);
+        append(file, part(all, 0.0, 100.0));
+        append(file, show(seed + 100, 30.0));
+        append(file, part(all, 130.0, 240.0));
+        Frames heard = heardWrongly(part(all, 0.0, 98.0), seed, 0.2);
+        append(heard, heardWrongly(part(all, 98.0, 100.0), seed + 200, 0.42));
+        append(heard, heardWrongly(part(all, 100.0, 240.0), seed + 300, 0.2));
+        const auto alignment = aligned(heard, file);
+        ASSERT_EQ(alignment.movedPieces.size(), 1U) << seed;
+        EXPECT_NEAR(alignment.movedPieces[0].fileTimeOf(150.0), 0.0, 0.02) << seed;
+    }
+}
+
 TEST(ZLSoundAlignmentTest, NothingIsFoundInSilenceOrInNoSound)
 {
     const Frames silence(std::size_t(600) * FramesPerSecond, ZLSoundFingerprint::Nothing);

@@ -23,6 +23,11 @@ constexpr double costOfCut = 1.0;
 constexpr double costOfDrowned = 0.1;
 /// ... of which so many bits differ, hardly fewer than by chance.
 constexpr double shareOfDrowned = 0.43;
+/// No piece is heard better than with so many differing bits.
+constexpr double leastShareOfSound = 0.2;
+/// Of the same kind: so rare is it that a piece goes on behind a pause, within what may be taken of it. Chance does not
+/// reach it.
+constexpr double costOfGoingOn = 6.0;
 /// On each side of a frame in the file that is asked whether it is a pause.
 constexpr std::int64_t framesBeside = 5;
 /// Where the pauses of the speech are not known, a gap in the file as short as this is one. In frames.
@@ -91,8 +96,13 @@ private:
 
 /// How well frames beside a piece fit as a part of it: sums from the piece on.
 struct Fits {
-    /// Where a pause alone can be a part of it.
+    /// Where a pause can be a part of it, and sound behind that pause which is the same in both.
     std::vector<double> asPause { 0.0 };
+    /// The best of these sums that end in a pause, and in sound.
+    /// @{
+    double inPause = 0.0;
+    double inSound = -std::numeric_limits<double>::infinity();
+    /// @}
     /// Where nothing came in, so that what is no pause may be drowned sound.
     std::vector<double> asAnything { 0.0 };
 };
@@ -100,17 +110,18 @@ struct Fits {
 /// Weighs all ways in which both pieces may share a gap.
 class Sharing {
 public:
-    Sharing(const Gap& gap, const ZLPauseEvidence& evidence, Frames show, Frames file)
-        : m_gap(gap)
+    Sharing(
+        const ZLSoundPiece* former, const ZLSoundPiece* next, const ZLPauseEvidence& evidence, Frames show, Frames file)
+        : m_gap(gapBetween(former, next, show, file))
         , m_evidence(evidence)
         , m_show(show)
         , m_file(file)
     {
-        const std::int64_t most = std::min(gap.least(), mostFramesTaken);
-        for (std::int64_t frame = 0; gap.hasFormer && frame < most; ++frame)
-            add(m_former, gap.showBegin + frame, gap.fileBegin + frame);
-        for (std::int64_t frame = 1; gap.hasNext && frame <= most; ++frame)
-            add(m_next, gap.showEnd - frame, gap.fileEnd - frame);
+        const std::int64_t most = std::min(m_gap.least(), mostFramesTaken);
+        for (std::int64_t frame = 0; former && frame < most; ++frame)
+            add(m_former, former->differingShare, m_gap.showBegin + frame, m_gap.fileBegin + frame);
+        for (std::int64_t frame = 1; next && frame <= most; ++frame)
+            add(m_next, next->differingShare, m_gap.showEnd - frame, m_gap.fileEnd - frame);
     }
 
     [[nodiscard]] std::pair<Share, Share> shares() const
@@ -128,22 +139,27 @@ public:
     }
 
 private:
-    void add(Fits& fits, std::int64_t showFrame, std::int64_t fileFrame) const
+    void add(Fits& fits, double shareOfPiece, std::int64_t showFrame, std::int64_t fileFrame) const
     {
         const double pause = m_evidence.ofShow(showFrame, showFrame + 1) + m_evidence.ofFile(fileFrame, fileFrame + 1);
-        const double drowned = drownedAt(m_show[size_t(showFrame)], m_file[size_t(fileFrame)]);
+        const int differing = std::popcount(m_show[size_t(showFrame)] ^ m_file[size_t(fileFrame)]);
+        const double drowned = evidenceOf(differing, shareOfDrowned) - costOfDrowned;
+        const double sound = evidenceOf(differing, std::clamp(shareOfPiece, leastShareOfSound, shareOfDrowned));
+        const double formerPause = fits.inPause;
+        fits.inPause = pause + std::max(formerPause, fits.inSound - costOfGoingOn);
+        fits.inSound = sound + std::max(fits.inSound, formerPause - costOfGoingOn);
         const double isPause =
             1.0 / (1.0 + std::exp(-m_evidence.ofFile(fileFrame - framesBeside, fileFrame + framesBeside + 1)));
-        fits.asPause.push_back(fits.asPause.back() + pause);
+        fits.asPause.push_back(std::max(fits.inPause, fits.inSound));
         fits.asAnything.push_back(fits.asAnything.back() + isPause * pause + (1.0 - isPause) * drowned);
     }
-    [[nodiscard]] static double drownedAt(std::uint32_t show, std::uint32_t file)
+    /// The logarithm of how many times as likely so many bits differ in a frame of sound that is in both, of which the
+    /// share differs as a rule, as by chance.
+    [[nodiscard]] static double evidenceOf(int differing, double share)
     {
-        const double differing = std::popcount(show ^ file);
-        const double likelihood =
-            (double(ZLSoundFingerprint::BitsPerFrame) - differing) * std::log((1.0 - shareOfDrowned) / 0.5)
-            + differing * std::log(shareOfDrowned / 0.5);
-        return ZLPauseEvidence::ShareOfFrame * likelihood - costOfDrowned;
+        const double likelihood = double(ZLSoundFingerprint::BitsPerFrame - differing) * std::log((1.0 - share) / 0.5)
+            + double(differing) * std::log(share / 0.5);
+        return ZLPauseEvidence::ShareOfFrame * likelihood;
     }
     [[nodiscard]] double fitOf(size_t ofFormer, size_t ofNext) const
     {
@@ -215,7 +231,7 @@ void ZLPauseShares::settle(std::vector<ZLSoundPiece>& pieces, Frames show, Frame
         const ZLSoundPiece* next = index == pieces.size() ? nullptr : &recognised[index];
         const Gap gap = gapBetween(former, next, show, file);
         const auto [ofFormer, ofNext] =
-            evidence.isKnown() ? Sharing(gap, evidence, show, file).shares() : halvesOf(gap);
+            evidence.isKnown() ? Sharing(former, next, evidence, show, file).shares() : halvesOf(gap);
         const double fits = shareThatFits(former, next, ofFormer.seconds + ofNext.seconds, show, file);
         const double shared = fits * (ofFormer.seconds + ofNext.seconds);
         const bool cameIn = double(gap.inFile()) * secondsPerFrame - shared >= leastThatCameIn;

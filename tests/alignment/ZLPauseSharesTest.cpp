@@ -90,6 +90,20 @@ TEST(ZLPauseSharesTest, APauseIsKeptUpToWhatCameInBehindIt)
     EXPECT_NEAR(ZLShowMap(alignment).place(50.0, 100.0).fileTime, 45.6, 0.15);
 }
 
+TEST(ZLPauseSharesTest, APieceHasTheWordOnTheFarSideOfAPauseToo)
+{
+    const Spoken all = spoken(20);
+    // A word before the pause from 65 to 66 s, and one behind the pause from 35 to 36 s.
+    Frames file = part(all.recorded, 0.0, 36.4);
+    append(file, show(1, 10.0));
+    append(file, part(all.recorded, 64.6, 120.0));
+    const ZLSoundAlignment alignment = aligned(all.heard, file);
+    ASSERT_EQ(alignment.pieces.size(), 2U);
+    EXPECT_NEAR(alignment.pieces[0].showEnd(), 36.4, 0.15);
+    EXPECT_NEAR(alignment.pieces[1].showStart, 64.6, 0.15);
+    EXPECT_NEAR(ZLShowMap(alignment).place(50.0, 100.0).fileTime, 46.4, 0.15);
+}
+
 TEST(ZLPauseSharesTest, AShortenedPauseIsDividedAndSaysHowSureItIs)
 {
     const Spoken all = spoken(20);

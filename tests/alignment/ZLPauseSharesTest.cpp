@@ -99,6 +99,7 @@ TEST(ZLPauseSharesTest, APieceHasTheWordOnTheFarSideOfAPauseToo)
     append(file, part(all.recorded, 64.6, 120.0));
     const ZLSoundAlignment alignment = aligned(all.heard, file);
     ASSERT_EQ(alignment.pieces.size(), 2U);
+    EXPECT_EQ(ZLShowMap(alignment).place(36.2, 60.0).state, ZLMomentState::Kept);
     EXPECT_NEAR(alignment.pieces[0].showEnd(), 36.4, 0.15);
     EXPECT_NEAR(alignment.pieces[1].showStart, 64.6, 0.15);
     EXPECT_NEAR(ZLShowMap(alignment).place(50.0, 100.0).fileTime, 46.4, 0.15);

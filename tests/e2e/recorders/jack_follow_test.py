@@ -24,6 +24,9 @@ from osc_recorder import PRESS, PROGRAM, OSCTestCase, Recorder
 RATE = 48000
 # A busy machine may hold up the press for a moment.
 SELDOM, USUAL = 0.15, 0.03
+# In seconds. A server that is held up loses time, which Zelta's clock follows within two seconds: marks meanwhile do not count.
+LOST, AFTER_LOSS = 0.03, 2.5
+ATTEMPTS = 5
 IS_PIPEWIRE = "--pipewire" in sys.argv and not sys.argv.remove("--pipewire")
 SKIPPED = 77
 
@@ -67,14 +70,35 @@ class JackFollowTest(OSCTestCase):
         wait_until(lambda: sum(text in line for line in list(self.recorder.reader.lines)) >= count,
                    lambda: f"“{text}”, not {self.recorder.reader.lines}")
 
+    def position(self):
+        """Of the transport, in seconds, and when it was at its zero, had it rolled all the time."""
+        position = self.transport.ask("frame") / RATE
+        return position, time.monotonic() - position
+
+    def mark(self):
+        time.sleep(random.uniform(0.1, 0.3))
+        before = self.recorder.count("chapter ")
+        with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as surface:
+            position, zero = self.position()
+            surface.sendto(PRESS, ("127.0.0.1", self.recorder.port))
+        wait_until(lambda: self.recorder.count("chapter ") > before, "the mark")
+        return position, zero
+
     def mark_often(self, marks, count=6):
-        for _ in range(count):
-            time.sleep(random.uniform(0.1, 0.3))
-            before = self.recorder.count("chapter ")
-            with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as surface:
-                marks.append(self.transport.ask("frame") / RATE)
-                surface.sendto(PRESS, ("127.0.0.1", self.recorder.port))
-            wait_until(lambda: self.recorder.count("chapter ") > before, "the mark")
+        """Until so many marks count. Notes of each of them its position, or None where it does not count."""
+        for _ in range(ATTEMPTS):
+            zeros = [self.position()[1]]
+            positions = []
+            for _ in range(count):
+                position, zero = self.mark()
+                positions.append(position)
+                zeros.append(zero)
+            keeps_up = max(zeros) - min(zeros) < LOST
+            marks.extend(positions if keeps_up else [None] * count)
+            if keeps_up:
+                return
+            time.sleep(AFTER_LOSS)
+        self.skipTest("the JACK server could not keep up on this machine")
 
     def assert_marks_are_right(self, marks):
         self.recorder.write("quit")
@@ -82,7 +106,7 @@ class JackFollowTest(OSCTestCase):
         shown = subprocess.run([PROGRAM, "show", "--json", self.file], capture_output=True, text=True, timeout=60,
                                check=True)
         times = [chapter["timeStamp"] for chapter in json.loads(shown.stdout)["chapters"]][-len(marks):]
-        errors = [abs(time - mark) for time, mark in zip(times, marks)]
+        errors = [abs(time - mark) for time, mark in zip(times, marks) if mark is not None]
         self.assertLess(max(errors), SELDOM, errors)
         self.assertLess(statistics.median(errors), USUAL, errors)
 

@@ -42,6 +42,15 @@ Spoken spoken(int sentences)
     return both;
 }
 
+/// What was recorded up to `end`, ten seconds of something else, and what was recorded from `begin` on.
+Frames withInsertion(const Spoken& all, double end, double begin)
+{
+    Frames file = part(all.recorded, 0.0, end);
+    append(file, show(1, 10.0));
+    append(file, part(all.recorded, begin, 120.0));
+    return file;
+}
+
 }
 
 TEST(ZLPauseSharesTest, APauseBehindACutBelongsToWhatFollowsIt)
@@ -75,10 +84,7 @@ TEST(ZLPauseSharesTest, APauseBeforeACutBelongsToWhatIsBeforeIt)
 TEST(ZLPauseSharesTest, APauseIsKeptUpToWhatCameInBehindIt)
 {
     const Spoken all = spoken(20);
-    Frames file = part(all.recorded, 0.0, 35.6);
-    append(file, show(1, 10.0));
-    append(file, part(all.recorded, 63.0, 120.0));
-    const ZLSoundAlignment alignment = aligned(all.heard, file);
+    const ZLSoundAlignment alignment = aligned(all.heard, withInsertion(all, 35.6, 63.0));
     ASSERT_EQ(alignment.pieces.size(), 2U);
     EXPECT_NEAR(alignment.pieces[0].showEnd(), 35.6, 0.2);
     const ZLMappedMoment inPause = ZLShowMap(alignment).place(35.3, 60.0);
@@ -94,10 +100,7 @@ TEST(ZLPauseSharesTest, APieceHasTheWordOnTheFarSideOfAPauseToo)
 {
     const Spoken all = spoken(20);
     // A word before the pause from 65 to 66 s, and one behind the pause from 35 to 36 s.
-    Frames file = part(all.recorded, 0.0, 36.4);
-    append(file, show(1, 10.0));
-    append(file, part(all.recorded, 64.6, 120.0));
-    const ZLSoundAlignment alignment = aligned(all.heard, file);
+    const ZLSoundAlignment alignment = aligned(all.heard, withInsertion(all, 36.4, 64.6));
     ASSERT_EQ(alignment.pieces.size(), 2U);
     EXPECT_EQ(ZLShowMap(alignment).place(36.2, 60.0).state, ZLMomentState::Kept);
     EXPECT_NEAR(alignment.pieces[0].showEnd(), 36.4, 0.15);

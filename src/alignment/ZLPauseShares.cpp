@@ -49,14 +49,14 @@ struct Share {
     double doubt = leastDoubt;
 };
 
-/// What lies between two pieces, or beside one of them, in frames.
+/// What lies between two pieces, or beside one of them, in frames. A piece that is not there is null.
 struct Gap {
+    const ZLSoundPiece* former;
+    const ZLSoundPiece* next;
     std::int64_t showBegin;
     std::int64_t showEnd;
     std::int64_t fileBegin;
     std::int64_t fileEnd;
-    bool hasFormer;
-    bool hasNext;
 
     [[nodiscard]] std::int64_t inShow() const { return showEnd - showBegin; }
     [[nodiscard]] std::int64_t inFile() const { return fileEnd - fileBegin; }
@@ -65,11 +65,10 @@ struct Gap {
 
 Gap gapBetween(const ZLSoundPiece* former, const ZLSoundPiece* next, Frames show, Frames file)
 {
-    return { former ? ZLSoundFingerprint::frameAt(former->showEnd()) : 0,
+    return { former, next, former ? ZLSoundFingerprint::frameAt(former->showEnd()) : 0,
         next ? ZLSoundFingerprint::frameAt(next->showStart) : std::int64_t(show.size()),
         former ? ZLSoundFingerprint::frameAt(former->fileEnd()) : 0,
-        next ? ZLSoundFingerprint::frameAt(next->fileStart) : std::int64_t(file.size()), former != nullptr,
-        next != nullptr };
+        next ? ZLSoundFingerprint::frameAt(next->fileStart) : std::int64_t(file.size()) };
 }
 
 /// The mean of a number of frames, and how far it is off.
@@ -110,18 +109,17 @@ struct Fits {
 /// Weighs all ways in which both pieces may share a gap.
 class Sharing {
 public:
-    Sharing(
-        const ZLSoundPiece* former, const ZLSoundPiece* next, const ZLPauseEvidence& evidence, Frames show, Frames file)
-        : m_gap(gapBetween(former, next, show, file))
+    Sharing(const Gap& gap, const ZLPauseEvidence& evidence, Frames show, Frames file)
+        : m_gap(gap)
         , m_evidence(evidence)
         , m_show(show)
         , m_file(file)
     {
-        const std::int64_t most = std::min(m_gap.least(), mostFramesTaken);
-        for (std::int64_t frame = 0; former && frame < most; ++frame)
-            add(m_former, former->differingShare, m_gap.showBegin + frame, m_gap.fileBegin + frame);
-        for (std::int64_t frame = 1; next && frame <= most; ++frame)
-            add(m_next, next->differingShare, m_gap.showEnd - frame, m_gap.fileEnd - frame);
+        const std::int64_t most = std::min(gap.least(), mostFramesTaken);
+        for (std::int64_t frame = 0; gap.former && frame < most; ++frame)
+            add(m_former, gap.former->differingShare, gap.showBegin + frame, gap.fileBegin + frame);
+        for (std::int64_t frame = 1; gap.next && frame <= most; ++frame)
+            add(m_next, gap.next->differingShare, gap.showEnd - frame, gap.fileEnd - frame);
     }
 
     [[nodiscard]] std::pair<Share, Share> shares() const
@@ -190,7 +188,7 @@ private:
 /// Where nothing is known of pauses: a short gap is divided.
 std::pair<Share, Share> halvesOf(const Gap& gap)
 {
-    if (!gap.hasFormer || !gap.hasNext || gap.inFile() > mostOfUnknownPause)
+    if (!gap.former || !gap.next || gap.inFile() > mostOfUnknownPause)
         return {};
     const double seconds = double(gap.least()) * secondsPerFrame;
     const Share half { seconds / 2.0, std::hypot(seconds / std::sqrt(12.0), leastDoubt) };
@@ -231,7 +229,7 @@ void ZLPauseShares::settle(std::vector<ZLSoundPiece>& pieces, Frames show, Frame
         const ZLSoundPiece* next = index == pieces.size() ? nullptr : &recognised[index];
         const Gap gap = gapBetween(former, next, show, file);
         const auto [ofFormer, ofNext] =
-            evidence.isKnown() ? Sharing(former, next, evidence, show, file).shares() : halvesOf(gap);
+            evidence.isKnown() ? Sharing(gap, evidence, show, file).shares() : halvesOf(gap);
         const double fits = shareThatFits(former, next, ofFormer.seconds + ofNext.seconds, show, file);
         const double shared = fits * (ofFormer.seconds + ofNext.seconds);
         const bool cameIn = double(gap.inFile()) * secondsPerFrame - shared >= leastThatCameIn;

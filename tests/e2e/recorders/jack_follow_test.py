@@ -24,7 +24,8 @@ from osc_recorder import PRESS, PROGRAM, OSCTestCase, Recorder
 RATE = 48000
 # A busy machine may hold up the press for a moment.
 SELDOM, USUAL = 0.15, 0.03
-# In seconds. A server that is held up loses time, which Zelta's clock follows within two seconds: marks meanwhile do not count.
+# In seconds. A server that is held up loses time, which Zelta's clock follows within two seconds. Marks in that time do not
+# count.
 LOST, AFTER_LOSS = 0.03, 2.5
 ATTEMPTS = 5
 IS_PIPEWIRE = "--pipewire" in sys.argv and not sys.argv.remove("--pipewire")
@@ -85,7 +86,7 @@ class JackFollowTest(OSCTestCase):
         return position, zero
 
     def mark_often(self, marks, count=6):
-        """Until so many marks count. Notes of each of them its position, or None where it does not count."""
+        """Until so many marks in a row count. Notes the position of each, or None for one that does not count."""
         for _ in range(ATTEMPTS):
             zeros = [self.position()[1]]
             positions = []

@@ -36,8 +36,7 @@ void ZLJournaling::note()
         begin();
     else
         m_journal.note();
-    // Whether a long list could be written is known when it is.
-    m_journal.whenHandedOver([this] { followDiskWatch(); });
+    followDiskWatch();
     m_diskWatch.begin();
 }
 
